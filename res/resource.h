@@ -1,0 +1,210 @@
+// String table ids: the message keys of the program.
+#ifndef QUILLMOOR_RESOURCE_H
+#define QUILLMOOR_RESOURCE_H
+
+// Application identity and web pages.
+#define IDS_COMPANY_NAME             130
+#define IDS_PRODUCT_NAME             131
+#define IDS_HOME_PAGE_URL            134
+#define IDS_USAGE_PAGE_URL           135
+#define IDS_DISPLAY_NAME             136
+
+// Command texts; the number is also the command's id.
+#define IDS_CMD_ADD_FILE             150
+#define IDS_CMD_RUN_POWER_OFF        153
+#define IDS_CMD_POWER_OFF            154
+
+// Run states; the number is also the state's code.
+#define IDS_STATE_NOT_RUN            371
+#define IDS_STATE_RUNNING            372
+#define IDS_STATE_STOPPING           373
+#define IDS_STATE_STOPPED            374
+#define IDS_STATE_ENDED              375
+
+// Zip password types (first id + PasswordType) and their explanations.
+#define IDS_PASSWORD_TYPE_EXEC       376
+#define IDS_PASSWORD_TYPE_EXEC_ONCE  377
+#define IDS_PASSWORD_TYPE_SAVE       378
+#define IDS_PASSWORD_DESC_EXEC       379
+#define IDS_PASSWORD_DESC_EXEC_ONCE  380
+#define IDS_PASSWORD_DESC_SAVE       381
+
+// Target list.
+#define IDS_FILTER_NO_MATCH          434
+
+// Phases of a result row.
+#define IDS_PHASE_LISTING            435
+#define IDS_PHASE_LISTED             436
+#define IDS_PHASE_COPYING            437
+#define IDS_PHASE_ARCHIVING          438
+#define IDS_PHASE_CREATED            439
+#define IDS_PHASE_SKIPPED            440
+
+// Errors of the phases: phase + 6, keep the two groups contiguous.
+#define IDS_ERR_LISTING              441
+#define IDS_ERR_TARGET_PATH          442
+#define IDS_ERR_COPYING              443
+#define IDS_ERR_ARCHIVING            444
+
+// Questions during and before a run, and the lists of the windows.
+#define IDS_ASK_STOP_AND_QUIT        445
+#define IDS_ASK_PASSWORD_DIFFERS     446
+#define IDS_NO_ITEM_SELECTED         447
+
+// Document rules.
+#define IDS_ID_EMPTY                 449
+#define IDS_ID_BAD_CHARACTER         450
+#define IDS_ID_DUPLICATE             451
+#define IDS_PATTERN_EMPTY            452
+#define IDS_DST_DUPLICATE            453
+
+// Filter lines.
+#define IDS_FILTER_BAD_SIGN          454
+#define IDS_FILTER_BAD_FORM          455
+
+// Conditions of a run, of its jobs and of the commands.
+#define IDS_ALREADY_RUNNING          456
+#define IDS_NOT_RUNNING              457
+#define IDS_ALREADY_STOPPING         458
+#define IDS_NO_TASKS                 459
+#define IDS_FILTER_HAS_ERRORS        460
+#define IDS_DST_NOT_COMMON           461
+#define IDS_TARGET_IS_FILE           462
+#define IDS_TARGET_IS_FOLDER         463
+#define IDS_REFUSED_DURING_RUN       464
+#define IDS_NO_FILES                 465
+#define IDS_PASSWORD_EMPTY           466
+#define IDS_PROCESS_EXIT_CODE        467
+#define IDS_NO_DESTINATION           468
+#define IDS_ID_NUMBERS_EXHAUSTED     469
+#define IDS_REFUSED_DURING_REPLACE   470
+
+// Further checks of the engine, the readers and the command line.
+#define IDS_ARCHIVE_INCOMPLETE       480
+#define IDS_DOCTYPE_REFUSED          481
+#define IDS_READ_BACK_FAILED         482
+#define IDS_FOLDERS_NOT_LISTED       483
+#define IDS_READ_FILE_FAILED         484
+#define IDS_DELETE_FAILED            485
+#define IDS_COPY_INCOMPLETE          486
+#define IDS_TASK_NOT_FOUND           487
+#define IDS_PASSWORD_NEEDED          488
+#define IDS_FILE_TOO_LARGE           489
+#define IDS_SETTINGS_LOCATION_FAILED 490
+#define IDS_RUN_SUMMARY              491
+#define IDS_COUNTS                   492
+#define IDS_WARNING                  493
+
+// Command text of the replace tool; the number is also the command's id.
+#define IDS_CMD_REPLACE              57641
+
+// Message box captions.
+#define IDS_CAPTION_ERROR            58368
+#define IDS_CAPTION_CONFIRM          58369
+
+// Power-off: system message, types and explanations (first id + PowerOffType).
+#define IDS_POWER_OFF_MESSAGE        58460
+#define IDS_POWER_OFF_TYPE_LOGOFF    58461
+#define IDS_POWER_OFF_TYPE_SLEEP     58462
+#define IDS_POWER_OFF_TYPE_HIBERNATE 58463
+#define IDS_POWER_OFF_TYPE_POWEROFF  58464
+#define IDS_POWER_OFF_DESC_LOGOFF    58465
+#define IDS_POWER_OFF_DESC_SLEEP     58466
+#define IDS_POWER_OFF_DESC_HIBERNATE 58467
+#define IDS_POWER_OFF_DESC_POWEROFF  58468
+
+// File dialogs.
+#define IDS_XML_FILE_KIND            58509
+
+// Questions about unsaved changes, the settings file and missing files.
+#define IDS_ASK_DISCARD              58539
+#define IDS_ASK_SETTINGS_ERROR       58543
+#define IDS_ASK_SETTINGS_FILE_ERROR  58544
+#define IDS_ASK_SETTINGS_NEWER       58545
+#define IDS_ASK_OPEN_NEAREST_FOLDER  58546
+
+// General errors.
+#define IDS_INTERNAL_ERROR           58554
+#define IDS_STD_ERROR                58555
+#define IDS_ATL_ERROR                58556
+#define IDS_STOPPED                  58558
+
+// Processes and threads.
+#define IDS_CREATE_PROCESS_FAILED    58563
+#define IDS_EXIT_CODE_FAILED         58564
+#define IDS_START_THREAD_FAILED      58580
+
+// Temporary paths, copying and moving.
+#define IDS_TEMP_PATH_FAILED         58581
+#define IDS_COPY_FILE_FAILED         58588
+#define IDS_MOVE_FILE_FAILED         58589
+
+// Power-off errors: first id + PowerOffType.
+#define IDS_LOGOFF_FAILED            58590
+#define IDS_SLEEP_FAILED             58591
+#define IDS_HIBERNATE_FAILED         58592
+#define IDS_POWEROFF_FAILED          58593
+
+// Paths and the file manager.
+#define IDS_PATH_NO_FILE_NAME        58614
+#define IDS_PATH_EMPTY               58615
+#define IDS_ID_LIST_EMPTY            58633
+#define IDS_ID_LIST_TO_PATH_FAILED   58637
+#define IDS_SHELL_OPEN_FAILED        58657
+
+// Privileges.
+#define IDS_OPEN_TOKEN_FAILED        58682
+#define IDS_ADJUST_PRIVILEGE_FAILED  58683
+#define IDS_PRIVILEGE_NOT_FOUND      58684
+
+// Password hash.
+#define IDS_CRYPT_INIT_FAILED        58685
+#define IDS_HASH_INIT_FAILED         58686
+#define IDS_HASH_DATA_FAILED         58687
+#define IDS_HASH_SIZE_FAILED         58688
+#define IDS_HASH_VALUE_FAILED        58689
+
+// Command line.
+#define IDS_TOO_MANY_ARGUMENTS       58720
+
+// Files and folders.
+#define IDS_CREATE_FILE_FAILED       58765
+#define IDS_OPEN_FILE_FAILED         58767
+#define IDS_WRITE_FILE_FAILED        58774
+#define IDS_CREATE_FOLDER_FAILED     58776
+
+// Names of enumerations.
+#define IDS_UNKNOWN_NAME             58792
+
+// XML layer: the DOM.
+#define IDS_XML_CREATE_FAILED        58897
+#define IDS_XML_ROOT_FAILED          58898
+#define IDS_XML_SAVE_FAILED          58899
+#define IDS_XML_SELECT_NODE_FAILED   58900
+#define IDS_XML_CREATE_NODE_FAILED   58901
+#define IDS_XML_APPEND_NODE_FAILED   58902
+#define IDS_XML_SET_TEXT_FAILED      58904
+#define IDS_XML_LOAD_FAILED          58905
+#define IDS_XML_GET_TEXT_FAILED      58907
+#define IDS_XML_BAD_BOOL             58908
+#define IDS_XML_SELECT_NODES_FAILED  58909
+#define IDS_XML_NODE_NOT_FOUND       58912
+#define IDS_XML_NODES_NOT_FOUND      58913
+
+// XML layer: values.
+#define IDS_XML_UNKNOWN_ENUM         58914
+#define IDS_XML_UNKNOWN_FLAG         58916
+#define IDS_XML_BAD_INT              58919
+#define IDS_XML_BAD_ENUM             58921
+#define IDS_XML_BAD_COLOR            58922
+#define IDS_XML_BAD_DWORD            58923
+#define IDS_XML_BAD_VERSION          58925
+#define IDS_XML_BAD_BYTES            58926
+
+// Regular expressions.
+#define IDS_REGEX_ERROR              59096
+#define IDS_REGEX_EMPTY              59097
+#define IDS_REGEX_TOO_COMPLEX        59109
+#define IDS_REGEX_INVALID            59111
+
+#endif

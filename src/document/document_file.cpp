@@ -1,0 +1,126 @@
+#include "document/document_file.h"
+
+#include <algorithm>
+#include <boost/smart_ptr/make_shared.hpp>
+
+#include "document/document.h"
+#include "platform/xml_layer.h"
+#include "resource.h"
+#include "support/exception.h"
+
+namespace qlm {
+namespace {
+
+const std::wstring kRoot = L"QuillmoorDoc";
+
+CDstPtr ReadDst(const my::CXmlElement& element) {
+  auto dst = boost::make_shared<CDst>();
+  dst->folder = element.Child(L"Folder").Text();
+  const std::wstring typeName = element.Child(L"Type").Text();
+  const auto type = my::EnumValue(kDstTypeNames, typeName);
+  if (!type) throw my::CException(IDS_UNKNOWN_NAME, {std::wstring(kDstTypeNames.enumName), typeName});
+  dst->type = static_cast<DstType>(*type);
+  dst->pattern = element.Child(L"Pattern").Text();
+  return dst;
+}
+
+CTaskPtr ReadTask(const my::CXmlElement& element, const CDsts& dsts) {
+  auto task = boost::make_shared<CTask>();
+  task->id = element.Child(L"Id").Text();
+  task->path = element.Child(L"Path").Text();
+  for (const my::CXmlElement& reference : element.Child(L"Dsts").Children(L"Dst")) {
+    const uint32_t index = reference.Dword();
+    if (index >= dsts.size()) throw my::CException(IDS_DST_NOT_COMMON);
+    task->dsts.push_back(dsts[index]);
+  }
+  task->filterPath = element.Child(L"FilterPath").Text();
+  return task;
+}
+
+CDocument ReadDocument(const my::CXmlElement& root) {
+  CDocument document;
+  root.Child(L"Version").Version();  // any well-formed version is accepted
+  for (const my::CXmlElement& element : root.Child(L"Dsts").Children(L"Dst")) {
+    document.Dsts().Insert(-1, ReadDst(element));
+  }
+  for (const my::CXmlElement& element : root.Child(L"Tasks").Children(L"Task")) {
+    document.Tasks().Insert(-1, ReadTask(element, document.Dsts()));
+  }
+  return document;
+}
+
+void WriteDst(my::IXmlNode& parent, const CDst& dst) {
+  const auto element = parent.Append(L"Dst");
+  my::AppendText(*element, L"Folder", dst.folder);
+  my::AppendText(*element, L"Type",
+                 std::wstring(*my::EnumName(kDstTypeNames, static_cast<uint32_t>(dst.type))));
+  my::AppendText(*element, L"Pattern", dst.pattern);
+}
+
+void WriteTask(my::IXmlNode& parent, const CTask& task, const CDsts& dsts) {
+  const auto element = parent.Append(L"Task");
+  my::AppendText(*element, L"Id", task.id);
+  my::AppendText(*element, L"Path", task.path);
+  const auto references = element->Append(L"Dsts");
+  for (const CDstPtr& dst : task.dsts) {
+    const std::ptrdiff_t index = dsts.IndexOf(dst);
+    if (index < 0) throw my::CException(IDS_DST_NOT_COMMON);
+    my::AppendText(*references, L"Dst", std::to_wstring(index));
+  }
+  my::AppendText(*element, L"FilterPath", task.filterPath);
+}
+
+bool SameContent(const CDocument& a, const CDocument& b) {
+  const auto same = [](const auto& x, const auto& y) { return *x == *y; };
+  return std::equal(a.Dsts().begin(), a.Dsts().end(), b.Dsts().begin(), b.Dsts().end(), same) &&
+         std::equal(a.Tasks().begin(), a.Tasks().end(), b.Tasks().begin(), b.Tasks().end(), same);
+}
+
+// A file that could not be opened again must not take the place of one that can.
+void CheckReadsBack(my::IXmlDom& dom, const CDocument& document, std::string_view bytes,
+                    const std::wstring& path) {
+  if (SameContent(document, ReadDocument(my::LoadXmlBytes(dom, bytes, path, kRoot).root))) return;
+  throw my::CException(IDS_XML_SAVE_FAILED, {my::CTextId{IDS_READ_BACK_FAILED}});
+}
+
+std::string DocumentBytes(my::IXmlDom& dom, const CDocument& document) {
+  my::CXmlBuilder builder(dom, kRoot);
+  my::AppendText(builder.Root(), L"Version", my::VersionText(CDocument::kVersion));
+  const auto dsts = builder.Root().Append(L"Dsts");
+  for (const CDstPtr& dst : document.Dsts()) WriteDst(*dsts, *dst);
+  const auto tasks = builder.Root().Append(L"Tasks");
+  for (const CTaskPtr& task : document.Tasks()) WriteTask(*tasks, *task, document.Dsts());
+  return builder.Bytes();
+}
+
+// Runs the work and lets its failure name the file.
+template <class Work>
+auto NamingFile(const std::wstring& path, Work work) {
+  try {
+    return work();
+  } catch (my::CException& failure) {
+    failure.SetWhere(path);
+    throw;
+  }
+}
+
+}  // namespace
+
+CDocument LoadDocument(my::IFileSystem& files, my::IXmlDom& dom, const std::wstring& path) {
+  return NamingFile(path, [&] {
+    CDocument document = ReadDocument(my::LoadXmlFile(files, dom, path, kRoot).root);
+    document.SetPath(path);
+    return document;
+  });
+}
+
+void SaveDocument(my::IFileSystem& files, my::IXmlDom& dom, const CDocument& document,
+                  const std::wstring& path) {
+  NamingFile(path, [&] {
+    const std::string bytes = DocumentBytes(dom, document);
+    CheckReadsBack(dom, document, bytes, path);
+    my::SaveXmlFile(files, path, bytes);
+  });
+}
+
+}  // namespace qlm

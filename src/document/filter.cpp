@@ -1,0 +1,107 @@
+#include "document/filter.h"
+
+#include <algorithm>
+#include <boost/smart_ptr/make_shared.hpp>
+#include <stdexcept>
+
+#include "document/text_file.h"
+#include "platform/message_texts.h"
+#include "resource.h"
+#include "support/strings.h"
+
+namespace qlm {
+namespace {
+
+constexpr std::wstring_view kFormatNames[] = {L"FLT", L"TXT"};
+constexpr std::wstring_view kFlagNames[] = {L"EXCLUDE"};
+
+bool IsSkipped(const std::wstring& line) {
+  static const my::CRegex blank(L"^[ \\t]*$");
+  static const my::CRegex comment(L"^#");
+  return blank.Found(line) || comment.Found(line);
+}
+
+// The expression behind the sign: in double quotes, or up to the end of the line with its trailing blanks.
+std::wstring_view RulePart(const std::wstring& line) {
+  static const my::CRegex quoted(L"[^ \\t][ \\t]+\"(.*)\"[ \\t]*$");
+  static const my::CRegex plain(L"[^ \\t][ \\t]+([^ \\t].*)[ \\t]*$");
+  my::CRegexMatch match;
+  if (!quoted.Search(line, match) && !plain.Search(line, match)) throw my::CException(IDS_FILTER_BAD_FORM);
+  return match.Group(1);
+}
+
+// "/" stands for the separator of paths, which the expression must escape.
+std::wstring WithBackslashes(std::wstring_view rule) {
+  std::wstring expression;
+  for (const wchar_t c : rule) {
+    if (c == L'/') {
+      expression += L"\\\\";
+    } else {
+      expression += c;
+    }
+  }
+  return expression;
+}
+
+my::CRegex Compile(const std::wstring& expression) {
+  try {
+    return my::CRegex(expression);
+  } catch (const std::runtime_error& failure) {
+    throw my::CException(IDS_REGEX_ERROR, {my::WideFromUtf8(failure.what())});
+  }
+}
+
+// Fills the item from its line and answers the text of its expression.
+std::wstring ParseRule(CFilterItem& item) {
+  const wchar_t sign = item.line.front();
+  if (sign != L'+' && sign != L'-') throw my::CException(IDS_FILTER_BAD_SIGN, {std::wstring(1, sign)});
+  std::wstring expression = WithBackslashes(RulePart(item.line));
+  item.exclude = sign == L'-';
+  item.expression = Compile(expression);
+  return expression;
+}
+
+}  // namespace
+
+const my::CEnumTable kFilterFormatNames{L"FilterFormat", kFormatNames};
+const my::CEnumTable kFilterFlagNames{L"FilterFlags", kFlagNames};
+
+void CFilter::Load(my::IFileSystem& files, const my::IAnsiCodec& ansi, const my::IMessageTexts& texts,
+                   const std::wstring& path) {
+  Parse(ReadTextLines(files, ansi, path), texts);
+}
+
+void CFilter::Parse(const std::vector<std::wstring>& lines, const my::IMessageTexts& texts) {
+  m_items.clear();
+  m_tests.clear();
+  for (size_t index = 0; index < lines.size(); ++index) {
+    if (IsSkipped(lines[index])) continue;
+    auto item = boost::make_shared<CFilterItem>();
+    item->lineIndex = static_cast<uint32_t>(index);
+    item->line = lines[index];
+    std::wstring expression;
+    item->error = my::TrapError(texts, [&] { expression = ParseRule(*item); });
+    m_tests.emplace_back(expression);
+    m_items.push_back(std::move(item));
+  }
+}
+
+const CFilterItem* CFilter::FirstError() const {
+  const auto found = std::find_if(m_items.begin(), m_items.end(),
+                                  [](const CFilterItemPtr& item) { return static_cast<bool>(item->error); });
+  return found == m_items.end() ? nullptr : found->get();
+}
+
+const CFilterItem* CFilter::Find(std::wstring_view relativePath, my::CRegexMatch& scratch) const {
+  const CTestedPath path(relativePath);
+  for (size_t i = 0; i < m_items.size(); ++i) {
+    const CLiteralTest::Answer answer = m_tests[i].Ask(path);
+    if (answer == CLiteralTest::Answer::NO) continue;
+    const CFilterItem& item = *m_items[i];
+    if (!item.expression) continue;
+    if (answer == CLiteralTest::Answer::YES || item.expression->Search(relativePath, scratch)) return &item;
+  }
+  return nullptr;
+}
+
+}  // namespace qlm

@@ -1,0 +1,48 @@
+// A quick look at a path before a regular expression is run over it. Most lines of a filter hold letters that
+// every match must contain; most paths lack them, and then the expression, which is slow, need not run.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace qlm {
+
+// A path as the tests look at it.
+class CTestedPath {
+ public:
+  explicit CTestedPath(std::wstring_view path);
+
+  std::wstring_view Text() const { return m_path; }
+
+  // A bit for every character that occurs; characters share bits.
+  uint64_t Characters() const { return m_characters; }
+
+  // Whether "^" and "$" may match inside the path, at a character that the expressions take for a line end.
+  bool HasLineEnds() const { return m_lineEnds; }
+
+ private:
+  std::wstring_view m_path;
+  uint64_t m_characters = 0;
+  bool m_lineEnds = false;
+};
+
+class CLiteralTest {
+ public:
+  enum class Answer { NO, YES, RUN_EXPRESSION };
+
+  // Learns what it can from the expression; what it does not understand makes it answer RUN_EXPRESSION.
+  explicit CLiteralTest(std::wstring_view expression);
+
+  // Whether the expression is found in the path.
+  Answer Ask(const CTestedPath& path) const;
+
+ private:
+  uint64_t m_characters = 0;  // that every match contains
+  std::wstring m_prefix;      // that a matching path starts with
+  std::wstring m_suffix;      // that a matching path ends with
+  std::wstring m_part;        // that a matching path contains
+  bool m_complete = false;    // the expression asks for nothing beyond these
+};
+
+}  // namespace qlm

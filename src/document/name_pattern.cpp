@@ -1,0 +1,91 @@
+#include "document/name_pattern.h"
+
+#include <array>
+
+#include "platform/clock.h"
+#include "support/regex.h"
+
+namespace qlm {
+namespace {
+
+constexpr size_t kTokens = 13;
+
+// In the order in which they are replaced.
+const std::array<my::CRegex, kTokens>& TokenExpressions() {
+  static const std::array<my::CRegex, kTokens> expressions = {
+      my::CRegex(L"<[iI][dD]>"), my::CRegex(L"<Y2>"), my::CRegex(L"<Y4{0,1}>"), my::CRegex(L"<M1>"),
+      my::CRegex(L"<M2{0,1}>"),  my::CRegex(L"<D1>"), my::CRegex(L"<D2{0,1}>"), my::CRegex(L"<h1>"),
+      my::CRegex(L"<h2{0,1}>"),  my::CRegex(L"<m1>"), my::CRegex(L"<m2{0,1}>"), my::CRegex(L"<s1>"),
+      my::CRegex(L"<s2{0,1}>")};
+  return expressions;
+}
+
+std::wstring Padded(int number, size_t width) {
+  std::wstring digits = std::to_wstring(number);
+  if (digits.size() < width) digits.insert(0, width - digits.size(), L'0');
+  return digits;
+}
+
+// The text as a replacement that stands for itself.
+std::wstring AsFormat(const std::wstring& text) {
+  std::wstring format;
+  for (const wchar_t c : text) {
+    if (c == L'\\' || c == L'$') format += L'\\';
+    format += c;
+  }
+  return format;
+}
+
+struct CExtensionSpan {
+  size_t dot = std::wstring::npos;  // npos: the name has no extension
+  std::wstring_view text;
+};
+
+CExtensionSpan FindExtension(const std::wstring& name) {
+  const size_t dot = name.rfind(L'.');
+  if (dot == name.npos || name.find_first_of(L"/\\", dot) != name.npos) return {};
+  return {dot, std::wstring_view(name).substr(dot + 1)};
+}
+
+bool IsZipExtension(std::wstring_view text) {
+  return text.size() == 3 && (text[0] | 0x20) == L'z' && (text[1] | 0x20) == L'i' && (text[2] | 0x20) == L'p';
+}
+
+}  // namespace
+
+std::wstring ExpandName(const CDst& dst, const std::wstring& taskId, my::CFileTime time,
+                        const my::IClock& clock) {
+  const my::CCalendar at = clock.LocalCalendar(time);
+  const std::array<std::wstring, kTokens> formats = {AsFormat(taskId),
+                                                     Padded(at.year % 100, 2),
+                                                     Padded(at.year, 4),
+                                                     Padded(at.month, 1),
+                                                     Padded(at.month, 2),
+                                                     Padded(at.day, 1),
+                                                     Padded(at.day, 2),
+                                                     Padded(at.hour, 1),
+                                                     Padded(at.hour, 2),
+                                                     Padded(at.minute, 1),
+                                                     Padded(at.minute, 2),
+                                                     Padded(at.second, 1),
+                                                     Padded(at.second, 2)};
+  std::wstring name = dst.pattern;
+  for (size_t i = 0; i < kTokens; ++i) name = TokenExpressions()[i].Replace(name, formats[i]);
+  return name;
+}
+
+bool AdjustExtension(DstType type, std::wstring& name) {
+  if (HasFittingExtension(type, name)) return false;
+  const size_t dot = FindExtension(name).dot;
+  if (dot != name.npos) name.erase(dot);
+  if (IsZip(type)) name += L".zip";
+  return true;
+}
+
+bool HasFittingExtension(DstType type, const std::wstring& name) {
+  const CExtensionSpan extension = FindExtension(name);
+  if (IsZip(type)) return IsZipExtension(extension.text);
+  return extension.dot == name.npos;
+}
+
+}  // namespace qlm

@@ -1,0 +1,27 @@
+#include "document/task.h"
+
+#include <algorithm>
+
+#include "resource.h"
+#include "support/exception.h"
+
+namespace qlm {
+
+bool operator==(const CTask& a, const CTask& b) {
+  const auto sameDst = [](const CDstPtr& x, const CDstPtr& y) { return x == y || *x == *y; };
+  return a.id == b.id && a.path == b.path && a.filterPath == b.filterPath &&
+         a.replaceRule == b.replaceRule &&
+         std::equal(a.dsts.begin(), a.dsts.end(), b.dsts.begin(), b.dsts.end(), sameDst);
+}
+
+void CheckId(std::wstring_view id) {
+  if (id.empty()) throw my::CException(IDS_ID_EMPTY);
+  if (id.find_first_of(L"/?:*\"><|") != id.npos) throw my::CException(IDS_ID_BAD_CHARACTER);
+}
+
+void CheckTask(const CTask& task) {
+  if (task.path.empty()) throw my::CException(IDS_PATH_EMPTY);
+  CheckId(task.id);
+}
+
+}  // namespace qlm

@@ -1,0 +1,116 @@
+#include "engine/archive_writer.h"
+
+#include <memory>
+#include <vector>
+
+#include "engine/auto_delete_file.h"
+#include "engine/targets.h"
+#include "engine/task_base.h"
+#include "engine/zip_end_record.h"
+#include "platform/file_system.h"
+#include "platform/known_folders.h"
+#include "platform/process.h"
+#include "resource.h"
+#include "support/exception.h"
+#include "support/paths.h"
+#include "support/strings.h"
+
+namespace qlm {
+namespace {
+
+struct CNewListFile {
+  std::wstring path;
+  std::unique_ptr<my::INewFile> file;
+};
+
+// Another run may take the same free name at the same moment; then the next one is tried.
+CNewListFile CreateListFile(my::IFileSystem& files) {
+  constexpr uint32_t kTaken = static_cast<uint32_t>(my::CSystemError::FromWin32(my::kErrorFileExists).hresult);
+  const auto exists = [&files](const std::wstring& path) { return files.Kind(path) != my::PathKind::NONE; };
+  const std::wstring folder = files.TemporaryFolder();
+  for (;;) {
+    std::wstring path = my::FreeNumberedPath(folder, L"qlm", L".txt", exists);
+    try {
+      auto file = files.CreateNewFile(path);
+      return {std::move(path), std::move(file)};
+    } catch (const my::CException& failure) {
+      if (failure.Detail() != kTaken) throw;
+    }
+  }
+}
+
+// Writes a line for every counted file; answers how many there are.
+uint64_t WriteList(my::INewFile& file, const CArchivePorts& ports, const CTargets& targets) {
+  constexpr size_t kPortion = 256 * 1024;  // bytes that go out in one write
+  std::string lines;
+  uint64_t count = 0;
+  for (const CTarget& target : targets) {
+    my::CheckStop(ports.stop);
+    if (!target.IsCountedFile()) continue;
+    lines += my::Utf8FromWide(target.RelativePath());
+    lines += '\n';
+    ++count;
+    if (lines.size() < kPortion) continue;
+    file.Write(lines);
+    lines.clear();
+  }
+  file.Write(lines);
+  return count;
+}
+
+void RunArchiver(const CArchivePorts& ports, const CArchiveJob& job, const std::wstring& listPath) {
+  my::CProcessStart start;
+  start.program = job.archiverPath;
+  // Neither path is quoted: a path with a blank reaches the archiver as two arguments.
+  start.arguments = ArchiverOptions(job.type, job.password) + L" " + job.archivePath + L" @" + listPath;
+  start.workingFolder = job.source;  // the list's relative paths begin there
+  const uint32_t exitCode = ports.process.Run(start);
+  if (exitCode != 0) throw my::CException(IDS_PROCESS_EXIT_CODE, {std::to_wstring(exitCode)});
+}
+
+// An archiver that was killed can report success. So the archive must be there and count as many entries as
+// it was told to hold.
+void CheckArchive(my::IFileSystem& files, const std::wstring& path, uint64_t wanted) {
+  const bool exists = files.Kind(path) == my::PathKind::FILE;
+  const uint64_t found = exists ? CountZipEntries(files, path).value_or(0) : 0;
+  if (found == wanted) return;
+  throw my::CException(IDS_ARCHIVE_INCOMPLETE, {std::to_wstring(wanted), std::to_wstring(found), path});
+}
+
+}  // namespace
+
+std::wstring ArchiverOptions(DstType type, const std::wstring& password) {
+  switch (type) {
+    case DstType::ZIP: return L"a -ssw";
+    case DstType::PASSWORD_ZIP: return L"a -ssw -p" + password;
+    case DstType::AES_256_ZIP: return L"a -mem=AES256 -ssw -p" + password;
+    case DstType::FOLDER: break;
+  }
+  throw my::CException(IDS_INTERNAL_ERROR, {L"Unknown DstType: " + std::to_wstring(static_cast<int>(type))});
+}
+
+void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job) {
+  CNewListFile list = CreateListFile(ports.files);
+  // Declared before the file is handed on, so that the file is closed before it is deleted.
+  const CAutoDeleteFile deleteList(ports.files, list.path);
+  const std::unique_ptr<my::INewFile> file = std::move(list.file);
+  const uint64_t count = WriteList(*file, ports, job.targets);
+  file->Close();
+  RunArchiver(ports, job, list.path);
+  CheckArchive(ports.files, job.archivePath, count);
+}
+
+std::wstring FindArchiver(my::IFileSystem& files, const my::IKnownFolders& folders) {
+  std::vector<std::wstring> candidates = {L"C:\\Program Files\\7-Zip\\7z.exe"};
+  if (const auto programs = folders.ProgramFiles()) {
+    // A 32-bit program is told the folder of 32-bit programs; beside it stands the other one.
+    candidates = {my::JoinPath(my::ParentPath(*programs), L"Program Files\\7-Zip\\7z.exe"),
+                  my::JoinPath(*programs, L"7-Zip\\7z.exe")};
+  }
+  for (const std::wstring& candidate : candidates) {
+    if (files.Kind(candidate) != my::PathKind::NONE) return candidate;
+  }
+  return {};
+}
+
+}  // namespace qlm

@@ -1,0 +1,49 @@
+// Archives are made by the external archiver 7z.exe, which is handed a list of the files to add.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "document/dst.h"
+
+namespace my {
+class IFileSystem;
+class IKnownFolders;
+class IProcess;
+class IStopQuery;
+}  // namespace my
+
+namespace qlm {
+
+class CTargets;
+
+struct CArchivePorts {
+  my::IFileSystem& files;
+  my::IProcess& process;
+  const my::IStopQuery* stop;
+};
+
+struct CArchiveJob {
+  const std::wstring& archiverPath;
+  const std::wstring& password;
+  const std::wstring& source;
+  const CTargets& targets;
+  const std::wstring& archivePath;  // does not exist yet; its parent folder does
+  DstType type;
+};
+
+// Archives every counted file of the list and looks at the archive before it believes the archiver. A stop is
+// noticed while the list is written; once the archiver runs, it is waited for.
+// Throws IDS_STOPPED, IDS_TEMP_PATH_FAILED, IDS_CREATE_FILE_FAILED, IDS_WRITE_FILE_FAILED,
+// IDS_CREATE_PROCESS_FAILED, IDS_PROCESS_EXIT_CODE, IDS_ARCHIVE_INCOMPLETE.
+void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job);
+
+// What stands before the archive's path on the archiver's command line. Throws IDS_INTERNAL_ERROR for a type
+// that is no archive.
+std::wstring ArchiverOptions(DstType type, const std::wstring& password);
+
+// The first path at which an installed archiver exists, empty when there is none.
+std::wstring FindArchiver(my::IFileSystem& files, const my::IKnownFolders& folders);
+
+}  // namespace qlm

@@ -1,0 +1,154 @@
+#include "engine/backup_task.h"
+
+#include "document/name_pattern.h"
+#include "engine/archive_writer.h"
+#include "engine/folder_copy.h"
+#include "engine/source_listing.h"
+#include "platform/file_system.h"
+#include "platform/message_texts.h"
+#include "resource.h"
+#include "support/paths.h"
+#include "support/strings.h"
+
+namespace qlm {
+
+void CBackupTask::SetTask(const qlm::CTask& task) {
+  m_task = task;
+  m_rows.clear();
+  AddRow();
+  const std::lock_guard lock(m_publishedLock);
+  m_published = {boost::make_shared<CResult>(LastRow())};
+}
+
+void CBackupTask::Run() {
+  m_error = my::TrapError(m_ports.texts, [this] { MainRun(); });
+  if (m_error) LastRow().error = m_error;
+  Publish();
+  OnEnd();
+}
+
+void CBackupTask::MainRun() {
+  Notify();
+  LoadFilter();
+  ListTargets();
+  if (m_listOnly) return FillRow(m_task.dsts.empty() ? CTaskDsts() : CTaskDsts{m_task.dsts.front()});
+  for (size_t i = 0; i < m_task.dsts.size(); ++i) {
+    if (i > 0) AddRow();
+    FillRow({m_task.dsts[i]});
+    Notify();
+    BackUpTo(*m_task.dsts[i]);
+  }
+}
+
+void CBackupTask::LoadFilter() {
+  if (!m_task.filterPath.empty()) {
+    auto filter = boost::make_shared<CFilter>();
+    filter->Load(m_ports.files, m_ports.ansi, m_ports.texts, m_task.filterPath);
+    m_filter = std::move(filter);
+  }
+  const CFilterItem* const bad = m_filter->FirstError();
+  if (!bad) return;
+  my::CException failure(IDS_FILTER_HAS_ERRORS);
+  failure.SetWhere(m_task.filterPath + L" (" + std::to_wstring(bad->lineIndex + 1) + L"): " +
+                   bad->error.message);
+  throw failure;
+}
+
+void CBackupTask::ListTargets() {
+  auto targets = boost::make_shared<CTargets>(m_filter);
+  m_targets = targets;
+  ListSource(m_ports.files, *m_filter, m_stop, m_task.path, *targets);
+  m_newest = NewestWriteTime(*m_targets);
+  if (!m_newest) throw my::CException(IDS_NO_FILES);
+}
+
+// Makes the last row that of the given destination, with all that is known from the listing.
+void CBackupTask::FillRow(const CTaskDsts& dsts) {
+  CResult& row = LastRow();
+  auto task = boost::make_shared<qlm::CTask>(m_task);
+  task->dsts = dsts;
+  row.task = std::move(task);
+  row.message = IDS_PHASE_LISTED;
+  row.targets = m_targets;
+  row.newestWriteTime = m_newest;
+  row.destinationPath = DestinationPath(row);
+}
+
+std::wstring CBackupTask::DestinationPath(const CResult& row) const {
+  const CDst* const dst = row.Dst();
+  if (!dst) return {};
+  const std::wstring expanded = ExpandName(*dst, m_task.id, row.newestWriteTime, m_ports.clock);
+  const std::wstring_view name = my::Trim(my::Trim(expanded, my::kBlanks), L"/\\");
+  const std::wstring_view folder = my::TrimEnd(my::Trim(dst->folder, my::kBlanks), L"/\\");
+  return std::wstring(folder).append(1, my::kSeparator).append(name);
+}
+
+void CBackupTask::BackUpTo(const CDst& dst) {
+  const std::wstring path = LastRow().destinationPath;
+  // Without a name of its own the path is the destination folder, which exists and would pass for a backup.
+  if (my::LastComponent(path).empty()) throw my::CException(IDS_PATH_NO_FILE_NAME, {path});
+  if (IsUpToDate(dst)) return SetPhase(IDS_PHASE_SKIPPED);
+  const auto exists = [this](const std::wstring& candidate) {
+    return m_ports.files.Kind(candidate) != my::PathKind::NONE;
+  };
+  // A half-written backup must never bear the final name: the next run would take it for a finished one.
+  const std::wstring temporary = my::FreeTemporaryPath(path, exists);
+  m_ports.files.CreateFolders(IsZip(dst.type) ? std::wstring(my::ParentPath(temporary)) : temporary);
+  Transfer(dst, temporary);
+  m_ports.files.Move(temporary, path);
+  LastRow().message = IDS_PHASE_CREATED;
+}
+
+// The name carries the newest write time of the source, so an unchanged source finds its backup there.
+bool CBackupTask::IsUpToDate(const CDst& dst) const {
+  const std::wstring& path = m_rows.back().destinationPath;
+  const my::PathKind kind = m_ports.files.Kind(path);
+  if (kind == my::PathKind::NONE) return false;
+  const my::PathKind wanted = IsZip(dst.type) ? my::PathKind::FILE : my::PathKind::FOLDER;
+  if (kind == wanted) return true;
+  throw my::CException(IsZip(dst.type) ? IDS_TARGET_IS_FOLDER : IDS_TARGET_IS_FILE, {path});
+}
+
+void CBackupTask::Transfer(const CDst& dst, const std::wstring& temporaryPath) {
+  if (!IsZip(dst.type)) {
+    SetPhase(IDS_PHASE_COPYING);
+    return CopyToFolder(m_ports.files, m_stop, m_task.path, *m_targets, temporaryPath);
+  }
+  SetPhase(IDS_PHASE_ARCHIVING);
+  WriteArchive({m_ports.files, m_ports.process, m_stop},
+               {m_archiverPath, m_password, m_task.path, *m_targets, temporaryPath, dst.type});
+}
+
+void CBackupTask::AddRow() {
+  CResult row;
+  row.message = IDS_PHASE_LISTING;
+  row.task = boost::make_shared<qlm::CTask>(m_task);
+  m_rows.push_back(std::move(row));
+}
+
+void CBackupTask::SetPhase(uint32_t message) {
+  LastRow().message = message;
+  Notify();
+}
+
+CResults CBackupTask::Results() const {
+  const std::lock_guard lock(m_publishedLock);
+  return m_published;
+}
+
+// Rows are handed out as copies that do not change, so that nobody reads a row while it is being written.
+void CBackupTask::Publish() {
+  const std::lock_guard lock(m_publishedLock);
+  // The row that was last before may have changed since; those in front of it have not.
+  if (!m_published.empty()) m_published.pop_back();
+  while (m_published.size() < m_rows.size()) {
+    m_published.push_back(boost::make_shared<CResult>(m_rows[m_published.size()]));
+  }
+}
+
+void CBackupTask::Notify() {
+  Publish();
+  if (m_client) m_client->OnProgress(shared_from_this());
+}
+
+}  // namespace qlm

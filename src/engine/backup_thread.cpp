@@ -1,0 +1,146 @@
+#include "engine/backup_thread.h"
+
+#include <algorithm>
+
+#include "platform/clock.h"
+#include "platform/message_texts.h"
+#include "resource.h"
+
+namespace qlm {
+namespace {
+
+std::wstring TwoDigits(uint64_t number) {
+  std::wstring text = std::to_wstring(number);
+  return text.size() < 2 ? L"0" + text : text;
+}
+
+}  // namespace
+
+CBackupThread::CBackupThread(my::IThreads& threads, const my::IClock& clock, const my::IMessageTexts& texts,
+                             IRunObserver& observer)
+    : m_clock(clock), m_texts(texts), m_observer(observer), m_state(IDS_STATE_NOT_RUN), m_pool(threads) {}
+
+void CBackupThread::Add(const CBackupTaskPtr& job) {
+  job->SetClient(this);
+  m_pool.Add(job);
+}
+
+void CBackupThread::ResetResults() {
+  m_shown.clear();
+  m_rowCount = 0;
+}
+
+void CBackupThread::Start(bool listOnly, bool powerOff) {
+  if (IsActive()) throw my::CException(IDS_ALREADY_RUNNING);
+  m_powerOff = false;
+  m_startTick = m_currentTick = m_clock.TickCount();
+  m_total = 0;
+  m_pool.ForEachQueued([&](CBackupTask& job) {
+    job.SetListOnly(listOnly);
+    m_total += listOnly ? 1 : job.Task().dsts.size();
+  });
+  SetState(IDS_STATE_RUNNING);
+  my::CSystemError error;
+  if (!m_pool.Start(error)) {
+    m_pool.Stop(true);
+    SetState(IDS_STATE_STOPPED);
+    throw my::CException(IDS_START_THREAD_FAILED, {error});
+  }
+  m_powerOff = powerOff;
+}
+
+void CBackupThread::Stop() {
+  if (m_state == IDS_STATE_STOPPING) throw my::CException(IDS_ALREADY_STOPPING);
+  if (m_state != IDS_STATE_RUNNING) throw my::CException(IDS_NOT_RUNNING);
+  SetState(IDS_STATE_STOPPING);
+  m_pool.Stop(true);
+}
+
+void CBackupThread::StopAndWait() {
+  if (!IsActive()) return;
+  if (m_state == IDS_STATE_RUNNING) Stop();
+  m_pool.WaitAll(my::kNoTimeOut);
+  Finish();
+}
+
+void CBackupThread::Tick() {
+  if (!IsActive()) return;
+  m_currentTick = m_clock.TickCount();
+  Collect();
+  m_observer.OnStatus();
+  if (!m_pool.IsBusy()) Finish();
+}
+
+bool CBackupThread::IsActive() const {
+  return m_state == IDS_STATE_RUNNING || m_state == IDS_STATE_STOPPING;
+}
+
+bool CBackupThread::HasErrors() const {
+  const auto failed = [](const CResultPtr& row) { return static_cast<bool>(row->error); };
+  return std::any_of(m_shown.begin(), m_shown.end(), [&failed](const CShownJob& shown) {
+    return std::any_of(shown.rows.begin(), shown.rows.end(), failed);
+  });
+}
+
+void CBackupThread::NoteChanged(const CBackupTaskPtr& job) {
+  const std::lock_guard lock(m_changedLock);
+  if (std::find(m_changed.begin(), m_changed.end(), job) == m_changed.end()) m_changed.push_back(job);
+}
+
+void CBackupThread::Collect() {
+  std::vector<CBackupTaskPtr> changed;
+  {
+    const std::lock_guard lock(m_changedLock);
+    changed.swap(m_changed);
+  }
+  for (const CBackupTaskPtr& job : changed) Show(job);
+}
+
+void CBackupThread::Show(const CBackupTaskPtr& job) {
+  // Jobs run one after the other, so only the last one shown can still grow.
+  if (m_shown.empty() || m_shown.back().job != job) m_shown.push_back({job, m_rowCount, {}});
+  CShownJob& shown = m_shown.back();
+  shown.rows = job->Results();
+  m_rowCount = shown.firstRow + shown.rows.size();
+  m_observer.OnResults(shown.firstRow, shown.rows);
+}
+
+void CBackupThread::SetState(uint32_t state) {
+  m_state = state;
+  m_observer.OnStateChanged();
+}
+
+void CBackupThread::Finish() {
+  m_pool.Stop(true);
+  m_pool.WaitAll(my::kNoTimeOut);
+  m_pool.ClearRemoved();
+  Collect();  // what changed between the last look and the end
+  m_state = m_state == IDS_STATE_STOPPING ? IDS_STATE_STOPPED : IDS_STATE_ENDED;
+  m_observer.OnStatus();
+  m_observer.OnStateChanged();
+  if (m_state == IDS_STATE_ENDED && m_powerOff && !HasErrors()) m_observer.OnPowerOff();
+}
+
+std::wstring CBackupThread::StatusText() const {
+  if (m_state == IDS_STATE_NOT_RUN) return {};
+  std::wstring text;
+  if (m_total != 0) text = std::to_wstring(m_rowCount) + L" / " + std::to_wstring(m_total) + L"  ";
+  text.append(m_texts.Text(m_state)).append(L"  ").append(ElapsedText(ElapsedMs())).append(L"  ");
+  if (IsActive()) text.append(ElapsedMs() / 200 % 10 + 1, L'.');
+  return text;
+}
+
+CRunProgress CBackupThread::Progress() const {
+  const bool lastCounts = m_state == IDS_STATE_ENDED || m_rowCount == 0;
+  return {m_rowCount - (lastCounts ? 0 : 1), std::max<size_t>(m_total, 1)};
+}
+
+std::wstring ElapsedText(uint64_t elapsedMs) {
+  const uint64_t seconds = elapsedMs / 1000;
+  const uint64_t minutes = seconds / 60;
+  const std::wstring tail = L":" + TwoDigits(seconds % 60);
+  if (minutes < 60) return std::to_wstring(minutes) + tail;
+  return std::to_wstring(minutes / 60) + L":" + TwoDigits(minutes % 60) + tail;
+}
+
+}  // namespace qlm

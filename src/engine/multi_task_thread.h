@@ -1,0 +1,143 @@
+// A pool of worker threads that take jobs from one queue, first in, first out.
+#pragma once
+
+#include <boost/smart_ptr/make_shared.hpp>
+#include <boost/smart_ptr/shared_ptr.hpp>
+#include <algorithm>
+#include <list>
+#include <mutex>
+#include <vector>
+
+#include "engine/thread.h"
+
+namespace my {
+
+// The jobs that wait. Callable from any thread.
+template <class TJob>
+class CJobQueue {
+ public:
+  using Ptr = boost::shared_ptr<TJob>;
+
+  void Push(Ptr job) {
+    const std::lock_guard lock(m_lock);
+    m_jobs.push_back(std::move(job));
+  }
+
+  // Empty when no job waits.
+  Ptr Pop() {
+    const std::lock_guard lock(m_lock);
+    if (m_jobs.empty()) return {};
+    Ptr job = std::move(m_jobs.front());
+    m_jobs.pop_front();
+    return job;
+  }
+
+  std::list<Ptr> TakeAll() {
+    const std::lock_guard lock(m_lock);
+    return std::exchange(m_jobs, {});
+  }
+
+  template <class Visit>
+  void ForEach(Visit visit) {
+    const std::lock_guard lock(m_lock);
+    for (const Ptr& job : m_jobs) visit(*job);
+  }
+
+ private:
+  std::mutex m_lock;
+  std::list<Ptr> m_jobs;
+};
+
+// A worker: runs one job after the other until the queue is empty or it is asked to stop.
+template <class TJob>
+class CMultiTaskThread : public CThreadImpl<CMultiTaskThread<TJob>> {
+ public:
+  CMultiTaskThread(IThreads& threads, CJobQueue<TJob>& queue)
+      : CThreadImpl<CMultiTaskThread<TJob>>(threads), m_queue(queue) {}
+
+  void Body() override {
+    while (!this->IsStopRequested()) {
+      m_current = m_queue.Pop();
+      if (!m_current) return;
+      m_current->SetStopQuery(this);
+      m_current->Run();
+      m_current.reset();
+    }
+  }
+
+ private:
+  CJobQueue<TJob>& m_queue;
+  boost::shared_ptr<TJob> m_current;  // touched by the worker only
+};
+
+template <class TJob, class TThread>
+class CMultiTaskThreadPool {
+ public:
+  using Ptr = boost::shared_ptr<TJob>;
+
+  explicit CMultiTaskThreadPool(IThreads& threads) : m_threads(threads) { SetThreadCount(1); }
+
+  // Stops and waits for what still runs.
+  ~CMultiTaskThreadPool() {
+    Stop(true);
+    WaitAll(kNoTimeOut);
+  }
+  CMultiTaskThreadPool(const CMultiTaskThreadPool&) = delete;
+  CMultiTaskThreadPool& operator=(const CMultiTaskThreadPool&) = delete;
+
+  // Not to be called while a worker is active.
+  void SetThreadCount(size_t count) {
+    if (count < m_workers.size()) m_workers.resize(count);
+    while (m_workers.size() < count) {
+      m_workers.push_back(boost::make_shared<TThread>(m_threads, m_queue));
+      // Backups give way to whatever the user does meanwhile.
+      m_workers.back()->SetPriority(IThreads::kIdlePriority);
+    }
+  }
+
+  void Add(Ptr job) { m_queue.Push(std::move(job)); }
+
+  template <class Visit>
+  void ForEachQueued(Visit visit) {
+    m_queue.ForEach(visit);
+  }
+
+  // Starts every worker; answers whether all have started. `error` tells why one has not.
+  bool Start(CSystemError& error) {
+    bool all = true;
+    for (const auto& worker : m_workers) {
+      if (worker->Start()) continue;
+      error = worker->StartError();
+      all = false;
+    }
+    return all;
+  }
+
+  // Takes the waiting jobs out of the queue and sets every worker's stop flag.
+  void Stop(bool stop) {
+    m_removed.splice(m_removed.end(), m_queue.TakeAll());
+    for (const auto& worker : m_workers) worker->SetStop(stop);
+  }
+
+  bool WaitAll(uint32_t timeOutMs) {
+    return std::all_of(m_workers.begin(), m_workers.end(),
+                       [timeOutMs](const auto& worker) { return worker->Wait(timeOutMs); });
+  }
+
+  bool IsBusy() const {
+    return std::any_of(m_workers.begin(), m_workers.end(),
+                       [](const auto& worker) { return worker->IsActive(); });
+  }
+
+  // The jobs that a stop took out of the queue; they never ran.
+  const std::list<Ptr>& Removed() const { return m_removed; }
+  void ClearRemoved() { m_removed.clear(); }
+
+ private:
+  IThreads& m_threads;
+  CJobQueue<TJob> m_queue;
+  std::vector<boost::shared_ptr<TThread>> m_workers;
+  std::list<Ptr> m_removed;
+};
+
+}  // namespace my

@@ -1,0 +1,19 @@
+#include "engine/result.h"
+
+#include "platform/message_texts.h"
+#include "resource.h"
+#include "support/strings.h"
+
+namespace qlm {
+
+// The text of an error stands as far behind the text of its phase as these two.
+static_assert(IDS_ERR_LISTING - IDS_PHASE_LISTING == 6 && IDS_ERR_ARCHIVING - IDS_PHASE_ARCHIVING == 6);
+
+std::wstring ResultText(const my::IMessageTexts& texts, const CResult& result) {
+  if (!result.error) return my::OneLine(texts.Text(result.message));
+  const uint32_t id = result.message + (IDS_ERR_LISTING - IDS_PHASE_LISTING);
+  const my::CMsgArg cause = result.error.message;
+  return my::OneLine(my::MakeText(texts, id, {&cause, 1}));
+}
+
+}  // namespace qlm

@@ -1,0 +1,47 @@
+#include "engine/targets.h"
+
+#include <algorithm>
+
+#include "document/filter.h"
+
+namespace qlm {
+
+bool CTarget::IsExcluded() const { return m_item && m_item->exclude; }
+
+const CTarget& CTargets::Add(std::wstring_view relativePath, const my::CFindData& found,
+                             const CFilterItem* item) {
+  return m_targets.emplace_back(Store(relativePath), found, item);
+}
+
+std::wstring_view CTargets::Store(std::wstring_view text) {
+  constexpr size_t kBlock = 32 * 1024;
+  if (text.size() > m_blockLeft) {
+    m_blockLeft = std::max(kBlock, text.size());
+    m_blocks.emplace_back(new wchar_t[m_blockLeft]);
+    m_blockNext = m_blocks.back().get();
+  }
+  wchar_t* const stored = m_blockNext;
+  std::copy(text.begin(), text.end(), stored);
+  m_blockNext += text.size();
+  m_blockLeft -= text.size();
+  return {stored, text.size()};
+}
+
+CTargetCounts CountTargets(const CTargets& targets) {
+  CTargetCounts counts;
+  for (const CTarget& target : targets) {
+    if (target.IsCountedFile()) ++counts.counted;
+    if (target.IsExcluded()) ++counts.excluded;
+  }
+  return counts;
+}
+
+my::CFileTime NewestWriteTime(const CTargets& targets) {
+  my::CFileTime newest;
+  for (const CTarget& target : targets) {
+    if (target.IsCountedFile() && target.LastWriteTime() > newest) newest = target.LastWriteTime();
+  }
+  return newest;
+}
+
+}  // namespace qlm

@@ -1,0 +1,12 @@
+#include "engine/task_base.h"
+
+#include "resource.h"
+#include "support/exception.h"
+
+namespace my {
+
+void CheckStop(const IStopQuery* stop) {
+  if (stop && stop->IsStopRequested()) throw CException(IDS_STOPPED);
+}
+
+}  // namespace my

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace my {
+
+class IKnownFolders {
+ public:
+  virtual ~IKnownFolders() = default;
+
+  // The folder of installed programs; nothing when the system cannot tell.
+  virtual std::optional<std::wstring> ProgramFiles() const = 0;
+
+  // The user's roaming application data. Throws IDS_SETTINGS_LOCATION_FAILED.
+  virtual std::wstring RoamingAppData() const = 0;
+};
+
+}  // namespace my

@@ -1,0 +1,53 @@
+#include "platform/message_texts.h"
+
+#include "resource.h"
+#include "support/strings.h"
+#include "support/value_codecs.h"
+
+namespace my {
+namespace {
+
+std::wstring ArgText(const IMessageTexts& texts, const CMsgArg& arg) {
+  if (const auto* text = std::get_if<std::wstring>(&arg)) return *text;
+  if (const auto* id = std::get_if<CTextId>(&arg)) return texts.Text(id->id);
+  const CSystemError error = std::get<CSystemError>(arg);
+  const std::wstring code = HexText(static_cast<uint32_t>(error.hresult));
+  const std::wstring text = texts.SystemText(error.hresult);
+  return text.empty() ? code : text + L" (" + code + L")";
+}
+
+}  // namespace
+
+std::wstring MakeText(const IMessageTexts& texts, uint32_t id, std::span<const CMsgArg> args) {
+  constexpr std::wstring_view kSlot = L"%s";
+  const std::wstring pattern = id == 0 ? std::wstring(kSlot) : texts.Text(id);
+  std::wstring text;
+  size_t from = 0;
+  for (const CMsgArg& arg : args) {
+    const size_t slot = pattern.find(kSlot, from);
+    if (slot == pattern.npos) break;
+    text.append(pattern, from, slot - from).append(ArgText(texts, arg));
+    from = slot + kSlot.size();
+  }
+  return text.append(pattern, from);
+}
+
+std::wstring MakeErrorText(const IMessageTexts& texts, const CException& failure) {
+  std::wstring text = MakeText(texts, failure.Id(), failure.Args());
+  const std::wstring& where = failure.Where();
+  if (!where.empty() && text.find(where) == text.npos) text.append(L"\n\n").append(where);
+  return text;
+}
+
+CSimpleErr CurrentError(const IMessageTexts& texts) {
+  try {
+    throw;
+  } catch (const CException& failure) {
+    return {failure.Code(), failure.Detail(), MakeErrorText(texts, failure)};
+  } catch (const std::exception& failure) {
+    const CMsgArg what = WideFromUtf8(failure.what());
+    return {IDS_STD_ERROR, 0, MakeText(texts, IDS_STD_ERROR, {&what, 1})};
+  }
+}
+
+}  // namespace my

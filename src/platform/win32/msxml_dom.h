@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/xml_dom.h"
+
+namespace my {
+
+// MSXML 6. COM must be set up on the thread that uses it.
+class CMsxmlDom : public IXmlDom {
+ public:
+  std::unique_ptr<IXmlDocument> Create() override;
+};
+
+}  // namespace my

@@ -1,0 +1,21 @@
+#include "platform/win32/win32_clock.h"
+
+#include <windows.h>
+
+#include "support/exception.h"
+
+namespace my {
+
+uint64_t CWin32Clock::TickCount() const { return ::GetTickCount64(); }
+
+CCalendar CWin32Clock::LocalCalendar(CFileTime time) const {
+  const FILETIME utc{static_cast<DWORD>(time.ticks), static_cast<DWORD>(time.ticks >> 32)};
+  FILETIME local{};
+  SYSTEMTIME fields{};
+  if (!::FileTimeToLocalFileTime(&utc, &local) || !::FileTimeToSystemTime(&local, &fields)) {
+    throw CException(CSystemError::FromWin32(::GetLastError()));
+  }
+  return {fields.wYear, fields.wMonth, fields.wDay, fields.wHour, fields.wMinute, fields.wSecond};
+}
+
+}  // namespace my

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/clock.h"
+
+namespace my {
+
+class CWin32Clock : public IClock {
+ public:
+  uint64_t TickCount() const override;
+  CCalendar LocalCalendar(CFileTime time) const override;
+};
+
+}  // namespace my

@@ -1,0 +1,194 @@
+#include "platform/win32/win32_file_system.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <algorithm>
+
+#include "platform/win32/handle.h"
+#include "resource.h"
+#include "support/exception.h"
+#include "support/paths.h"
+
+namespace my {
+namespace {
+
+CSystemError LastError() { return CSystemError::FromWin32(::GetLastError()); }
+
+constexpr CFileTime ToFileTime(const FILETIME& time) {
+  return {static_cast<uint64_t>(time.dwHighDateTime) << 32 | time.dwLowDateTime};
+}
+
+constexpr uint64_t Join(DWORD high, DWORD low) { return static_cast<uint64_t>(high) << 32 | low; }
+
+class CFindFiles : public IFindFiles {
+ public:
+  explicit CFindFiles(const std::wstring& pattern)
+      // Neither short names nor small portions: both only cost time here.
+      : m_find(::FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &m_data, FindExSearchNameMatch, nullptr,
+                                  FIND_FIRST_EX_LARGE_FETCH)) {}
+
+  bool Started() const { return static_cast<bool>(m_find); }
+
+  Result Next(CFindData& entry) override {
+    if (!m_first && !::FindNextFileW(m_find.Get(), &m_data)) {
+      return ::GetLastError() == ERROR_NO_MORE_FILES ? Result::END : Result::FAILED;
+    }
+    m_first = false;
+    entry.name = m_data.cFileName;
+    entry.lastWriteTime = ToFileTime(m_data.ftLastWriteTime);
+    entry.size = Join(m_data.nFileSizeHigh, m_data.nFileSizeLow);
+    entry.attributes = m_data.dwFileAttributes;
+    return Result::ENTRY;
+  }
+
+ private:
+  WIN32_FIND_DATAW m_data{};
+  CFindHandle m_find;
+  bool m_first = true;
+};
+
+class CNewFile : public INewFile {
+ public:
+  explicit CNewFile(const std::wstring& path)
+      : m_path(path),
+        m_file(::CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW,
+                             FILE_ATTRIBUTE_NORMAL, nullptr)) {
+    if (!m_file) throw CException(IDS_CREATE_FILE_FAILED, {LastError(), path});
+  }
+
+  void Write(std::string_view bytes) override {
+    while (!bytes.empty()) {
+      const auto portion = static_cast<DWORD>(std::min<size_t>(bytes.size(), 1u << 24));
+      DWORD written = 0;
+      Check(::WriteFile(m_file.Get(), bytes.data(), portion, &written, nullptr));
+      bytes.remove_prefix(written);
+    }
+  }
+
+  void Flush() override { Check(::FlushFileBuffers(m_file.Get())); }
+  void Close() override { Check(m_file.Reset()); }
+
+ private:
+  void Check(BOOL done) const {
+    if (!done) throw CException(IDS_WRITE_FILE_FAILED, {LastError(), m_path});
+  }
+
+  std::wstring m_path;
+  CKernelHandle m_file;
+};
+
+void MovePath(const std::wstring& from, const std::wstring& to, DWORD flags) {
+  if (::MoveFileExW(from.c_str(), to.c_str(), flags | MOVEFILE_WRITE_THROUGH)) return;
+  throw CException(IDS_MOVE_FILE_FAILED, {LastError(), from, to});
+}
+
+}  // namespace
+
+std::unique_ptr<IFindFiles> CWin32FileSystem::Find(const std::wstring& pattern) {
+  auto find = std::make_unique<CFindFiles>(pattern);
+  if (!find->Started()) return nullptr;
+  return find;
+}
+
+PathKind CWin32FileSystem::Kind(const std::wstring& path) {
+  const DWORD attributes = ::GetFileAttributesW(path.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) return PathKind::NONE;
+  return attributes & FILE_ATTRIBUTE_DIRECTORY ? PathKind::FOLDER : PathKind::FILE;
+}
+
+uint64_t CWin32FileSystem::FileSize(const std::wstring& path) {
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  if (!::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data)) {
+    throw CException(IDS_READ_FILE_FAILED, {LastError(), path});
+  }
+  return Join(data.nFileSizeHigh, data.nFileSizeLow);
+}
+
+void CWin32FileSystem::CreateFolders(const std::wstring& path) {
+  if (::CreateDirectoryW(path.c_str(), nullptr)) return;
+  DWORD error = ::GetLastError();
+  if (error == ERROR_PATH_NOT_FOUND) {
+    const std::wstring parent(ParentPath(path));
+    if (!parent.empty() && parent != path && Kind(parent) == PathKind::NONE) {
+      CreateFolders(parent);
+      if (::CreateDirectoryW(path.c_str(), nullptr)) return;
+      error = ::GetLastError();
+    }
+  }
+  // A drive's root answers "access denied", a folder made by somebody else meanwhile "exists".
+  if (Kind(path) == PathKind::FOLDER) return;
+  throw CException(IDS_CREATE_FOLDER_FAILED, {CSystemError::FromWin32(error), path});
+}
+
+void CWin32FileSystem::Copy(const std::wstring& from, const std::wstring& to) {
+  if (::CopyFileW(from.c_str(), to.c_str(), TRUE)) return;
+  throw CException(IDS_COPY_FILE_FAILED, {LastError(), from, to});
+}
+
+void CWin32FileSystem::Move(const std::wstring& from, const std::wstring& to) { MovePath(from, to, 0); }
+
+void CWin32FileSystem::MoveOver(const std::wstring& from, const std::wstring& to) {
+  MovePath(from, to, MOVEFILE_REPLACE_EXISTING);
+}
+
+void CWin32FileSystem::RemoveFile(const std::wstring& path) {
+  if (!::DeleteFileW(path.c_str())) throw CException(IDS_DELETE_FAILED, {LastError(), path});
+}
+
+void CWin32FileSystem::RemoveFolder(const std::wstring& path) {
+  const std::wstring list = path + L'\0';  // the shell takes a list that ends with an empty path
+  SHFILEOPSTRUCTW operation{};
+  operation.wFunc = FO_DELETE;
+  operation.pFrom = list.c_str();
+  operation.fFlags = FOF_NOCONFIRMATION | FOF_NOERRORUI | FOF_SILENT;
+  const int error = ::SHFileOperationW(&operation);
+  if (error != 0) {
+    throw CException(IDS_DELETE_FAILED, {CSystemError::FromWin32(static_cast<uint32_t>(error)), path});
+  }
+}
+
+std::unique_ptr<INewFile> CWin32FileSystem::CreateNewFile(const std::wstring& path) {
+  return std::make_unique<CNewFile>(path);
+}
+
+std::string CWin32FileSystem::ReadFile(const std::wstring& path, uint64_t most, uint64_t offset) {
+  constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const CKernelHandle file(::CreateFileW(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
+                                         FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file) throw CException(IDS_OPEN_FILE_FAILED, {LastError(), path});
+  LARGE_INTEGER start{};
+  start.QuadPart = static_cast<LONGLONG>(offset);
+  if (!::SetFilePointerEx(file.Get(), start, nullptr, FILE_BEGIN)) {
+    throw CException(IDS_READ_FILE_FAILED, {LastError(), path});
+  }
+  constexpr uint64_t kPortion = 1u << 20;
+  std::string bytes;
+  while (bytes.size() < most) {
+    const size_t before = bytes.size();
+    const auto wanted = static_cast<DWORD>(std::min<uint64_t>(most - before, kPortion));
+    bytes.resize(before + wanted);
+    DWORD read = 0;
+    if (!::ReadFile(file.Get(), bytes.data() + before, wanted, &read, nullptr)) {
+      throw CException(IDS_READ_FILE_FAILED, {LastError(), path});
+    }
+    bytes.resize(before + read);
+    if (read == 0) break;
+  }
+  return bytes;
+}
+
+std::wstring CWin32FileSystem::TemporaryFolder() {
+  std::wstring folder(MAX_PATH, L'\0');
+  DWORD length = ::GetTempPathW(static_cast<DWORD>(folder.size()), folder.data());
+  if (length > folder.size()) {
+    folder.resize(length);
+    length = ::GetTempPathW(static_cast<DWORD>(folder.size()), folder.data());
+  }
+  if (length == 0 || length > folder.size()) throw CException(IDS_TEMP_PATH_FAILED);
+  folder.resize(length);
+  return folder;
+}
+
+}  // namespace my

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/file_system.h"
+
+namespace my {
+
+class CWin32FileSystem : public IFileSystem {
+ public:
+  std::unique_ptr<IFindFiles> Find(const std::wstring& pattern) override;
+  PathKind Kind(const std::wstring& path) override;
+  uint64_t FileSize(const std::wstring& path) override;
+  void CreateFolders(const std::wstring& path) override;
+  void Copy(const std::wstring& from, const std::wstring& to) override;
+  void Move(const std::wstring& from, const std::wstring& to) override;
+  void MoveOver(const std::wstring& from, const std::wstring& to) override;
+  void RemoveFile(const std::wstring& path) override;
+  void RemoveFolder(const std::wstring& path) override;
+  std::unique_ptr<INewFile> CreateNewFile(const std::wstring& path) override;
+  std::string ReadFile(const std::wstring& path, uint64_t most, uint64_t offset) override;
+  std::wstring TemporaryFolder() override;
+};
+
+}  // namespace my

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/known_folders.h"
+
+namespace my {
+
+class CWin32KnownFolders : public IKnownFolders {
+ public:
+  std::optional<std::wstring> ProgramFiles() const override;
+  std::wstring RoamingAppData() const override;
+};
+
+}  // namespace my

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/message_texts.h"
+
+namespace my {
+
+// The string table of the running program.
+class CWin32MessageTexts : public IMessageTexts {
+ public:
+  std::wstring Text(uint32_t id) const override;
+  std::wstring SystemText(int32_t hresult) const override;
+};
+
+}  // namespace my

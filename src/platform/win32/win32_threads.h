@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/threads.h"
+
+namespace my {
+
+class CWin32Threads : public IThreads {
+ public:
+  std::unique_ptr<IRunningThread> Start(std::function<void()> body, int priority,
+                                        CSystemError& error) override;
+};
+
+}  // namespace my

@@ -1,0 +1,36 @@
+// QuillmoorRun.exe: runs a backup document without windows.
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/win32/com.h"
+#include "platform/win32/msxml_dom.h"
+#include "platform/win32/win32_ansi_codec.h"
+#include "platform/win32/win32_clock.h"
+#include "platform/win32/win32_console.h"
+#include "platform/win32/win32_file_system.h"
+#include "platform/win32/win32_message_texts.h"
+#include "platform/win32/win32_process.h"
+#include "platform/win32/win32_threads.h"
+#include "run/exit_codes.h"
+#include "run/runner.h"
+
+int wmain(int argc, wchar_t** argv) {
+  my::CWin32Console console;
+  const qlm::CParsedOptions parsed = qlm::ParseOptions(std::vector<std::wstring>(argv + 1, argv + argc));
+  if (parsed.exitCode >= 0) {
+    const bool good = parsed.exitCode == qlm::kExitDone;
+    console.Write(good ? my::IConsole::Stream::OUTPUT : my::IConsole::Stream::ERRORS, parsed.text);
+    return parsed.exitCode;
+  }
+  const my::CComApartment com;
+  my::CMsxmlDom dom;
+  my::CWin32FileSystem files;
+  my::CWin32Clock clock;
+  my::CWin32AnsiCodec ansi;
+  my::CWin32MessageTexts texts;
+  my::CWin32Process process;
+  my::CWin32Threads threads;
+  return qlm::RunDocument({{files, clock, ansi, texts, process}, dom, threads, console}, parsed.options);
+}

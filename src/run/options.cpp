@@ -1,0 +1,73 @@
+#include "run/options.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <sstream>
+
+#include "run/exit_codes.h"
+#include "support/strings.h"
+
+namespace qlm {
+namespace {
+
+constexpr char kVersionText[] = "QuillmoorRun 1.0.0";
+
+// The options as the library leaves them, in UTF-8.
+struct CRawOptions {
+  std::string document;
+  std::vector<std::string> tasks;
+};
+
+void Describe(CLI::App& app, COptions& options, CRawOptions& raw) {
+  app.name("QuillmoorRun");
+  app.set_help_flag("-h,--help", "この説明を表示します");
+  app.set_version_flag("--version", kVersionText, "バージョンを表示します");
+  app.add_option("DOCUMENT", raw.document, "バックアップ文書 (.qlmr)")->required()->option_text("(必須)");
+  app.add_option("--task", raw.tasks, "この ID のタスクだけを実行します（繰り返し指定できます）")
+      ->option_text("ID")
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  app.add_flag("--test", options.listOnly, "一覧と転送先パスの計算だけを行い、何も作成しません");
+  app.add_flag("--json", options.json, "結果を 1 行 1 個の JSON オブジェクトで出力します (UTF-8)");
+  app.add_flag("--quiet", options.quiet, "エラーになった結果だけを表示します");
+  app.footer("\n終了コード:\n"
+             "  0  すべて作成、またはスキップ\n"
+             "  1  エラーになった結果がある\n"
+             "  2  指定の誤り、文書が読めない、または実行するものがない\n"
+             "  3  中断された (Ctrl+C)");
+  app.get_formatter()->label("Usage", "使い方");
+  app.get_formatter()->label("OPTIONS", "[オプション]");
+  app.get_formatter()->label("Options", "オプション");
+  app.get_formatter()->label("Positionals", "引数");
+  app.get_formatter()->column_width(22);
+}
+
+std::vector<std::string> ReversedUtf8(const std::vector<std::wstring>& arguments) {
+  std::vector<std::string> reversed;
+  for (const std::wstring& argument : arguments) reversed.push_back(my::Utf8FromWide(argument));
+  std::reverse(reversed.begin(), reversed.end());
+  return reversed;
+}
+
+}  // namespace
+
+CParsedOptions ParseOptions(const std::vector<std::wstring>& arguments) {
+  CParsedOptions parsed;
+  CRawOptions raw;
+  CLI::App app("Quillmoor のバックアップ文書を実行します");
+  Describe(app, parsed.options, raw);
+  try {
+    app.parse(ReversedUtf8(arguments));
+  } catch (const CLI::ParseError& end) {
+    std::ostringstream text;
+    const int code = app.exit(end, text, text);
+    parsed.text = my::WideFromUtf8(text.str());
+    parsed.exitCode = code == 0 ? kExitDone : kExitUnusable;
+    return parsed;
+  }
+  parsed.options.documentPath = my::WideFromUtf8(raw.document);
+  for (const std::string& id : raw.tasks) parsed.options.taskIds.push_back(my::WideFromUtf8(id));
+  return parsed;
+}
+
+}  // namespace qlm

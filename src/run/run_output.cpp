@@ -1,0 +1,133 @@
+#include "run/run_output.h"
+
+#include <nlohmann/json.hpp>
+
+#include "platform/console.h"
+#include "platform/message_texts.h"
+#include "resource.h"
+#include "support/strings.h"
+
+namespace qlm {
+namespace {
+
+constexpr auto kOutput = my::IConsole::Stream::OUTPUT;
+
+std::wstring CountsText(const my::IMessageTexts& texts, const CTargets& targets) {
+  const CTargetCounts counts = CountTargets(targets);
+  const my::CMsgArg args[] = {std::to_wstring(targets.size()), std::to_wstring(counts.counted),
+                              std::to_wstring(counts.excluded)};
+  return my::MakeText(texts, IDS_COUNTS, args);
+}
+
+class CTextOutput : public IRunOutput {
+ public:
+  CTextOutput(my::IConsole& console, const my::IMessageTexts& texts, bool listOnly, bool quiet)
+      : m_console(console),
+        m_texts(texts),
+        m_listOnly(listOnly),
+        m_quiet(quiet),
+        m_showProgress(!quiet && console.IsTerminal(kOutput)) {}
+
+  void Row(const CResult& row) override {
+    if (m_quiet && !row.error) return;
+    std::wstring line = row.task->id + L" | " + row.destinationPath + L" | " + ResultText(m_texts, row);
+    if (m_listOnly && !row.error) line += L" | " + CountsText(m_texts, *row.targets);
+    ClearProgress();
+    m_console.Write(kOutput, line + L"\n");
+  }
+
+  void Progress(const std::wstring& statusText) override {
+    if (!m_showProgress) return;
+    ClearProgress();
+    m_console.Write(kOutput, statusText);
+    m_progressLength = statusText.size();
+  }
+
+  void End(const CRunSummary& summary) override {
+    ClearProgress();
+    if (m_quiet) return;
+    const my::CMsgArg args[] = {m_texts.Text(summary.state), std::to_wstring(summary.rows),
+                                std::to_wstring(summary.errors)};
+    m_console.Write(kOutput, my::MakeText(m_texts, IDS_RUN_SUMMARY, args) + L"\n");
+  }
+
+ private:
+  // Japanese characters are two columns wide, so twice as many blanks cover any text.
+  void ClearProgress() {
+    if (m_progressLength == 0) return;
+    m_console.Write(kOutput, L"\r" + std::wstring(2 * m_progressLength, L' ') + L"\r");
+    m_progressLength = 0;
+  }
+
+  my::IConsole& m_console;
+  const my::IMessageTexts& m_texts;
+  bool m_listOnly;
+  bool m_quiet;
+  bool m_showProgress;
+  size_t m_progressLength = 0;
+};
+
+std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
+
+nlohmann::ordered_json IsoTime(my::CFileTime time) {
+  constexpr uint64_t kBeyondCalendar = uint64_t{1} << 63;
+  if (!time || time.ticks >= kBeyondCalendar) return nullptr;
+  const my::CCalendar at = my::UtcCalendar(time);
+  return std::to_string(at.year) + "-" + TwoDigits(at.month) + "-" + TwoDigits(at.day) + "T" +
+         TwoDigits(at.hour) + ":" + TwoDigits(at.minute) + ":" + TwoDigits(at.second) + "Z";
+}
+
+class CJsonOutput : public IRunOutput {
+ public:
+  CJsonOutput(my::IConsole& console, const my::IMessageTexts& texts, bool quiet)
+      : m_console(console), m_texts(texts), m_quiet(quiet) {}
+
+  void Row(const CResult& row) override {
+    if (m_quiet && !row.error) return;
+    const CTargetCounts counts = CountTargets(*row.targets);
+    const CDst* const dst = row.Dst();
+    Print({{"event", "row"},
+           {"task", my::Utf8FromWide(row.task->id)},
+           {"destination", my::Utf8FromWide(row.destinationPath)},
+           {"type", dst ? TypeName(*dst) : ""},
+           {"phase", row.message},
+           {"message", my::Utf8FromWide(ResultText(m_texts, row))},
+           {"error", row.error.code},
+           {"newest", IsoTime(row.newestWriteTime)},
+           {"entries", row.targets->size()},
+           {"counted", counts.counted},
+           {"excluded", counts.excluded}});
+  }
+
+  void Progress(const std::wstring&) override {}
+
+  void End(const CRunSummary& summary) override {
+    Print({{"event", "end"}, {"state", summary.state}, {"rows", summary.rows}, {"errors", summary.errors}});
+  }
+
+ private:
+  static std::string TypeName(const CDst& dst) {
+    return my::Utf8FromWide(*my::EnumName(kDstTypeNames, static_cast<uint32_t>(dst.type)));
+  }
+
+  void Print(const nlohmann::ordered_json& object) {
+    m_console.Write(kOutput, my::WideFromUtf8(object.dump()) + L"\n");
+  }
+
+  my::IConsole& m_console;
+  const my::IMessageTexts& m_texts;
+  bool m_quiet;
+};
+
+}  // namespace
+
+std::unique_ptr<IRunOutput> MakeTextOutput(my::IConsole& console, const my::IMessageTexts& texts, bool listOnly,
+                                           bool quiet) {
+  return std::make_unique<CTextOutput>(console, texts, listOnly, quiet);
+}
+
+std::unique_ptr<IRunOutput> MakeJsonOutput(my::IConsole& console, const my::IMessageTexts& texts, bool quiet) {
+  return std::make_unique<CJsonOutput>(console, texts, quiet);
+}
+
+}  // namespace qlm

@@ -1,0 +1,36 @@
+// What the console runner prints of a run: text for people or JSON for programs.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "engine/result.h"
+
+namespace my {
+class IConsole;
+class IMessageTexts;
+}  // namespace my
+
+namespace qlm {
+
+struct CRunSummary {
+  uint32_t state = 0;  // IDS_STATE_STOPPED or IDS_STATE_ENDED
+  size_t rows = 0;
+  size_t errors = 0;
+};
+
+class IRunOutput {
+ public:
+  virtual ~IRunOutput() = default;
+  virtual void Row(const CResult& row) = 0;
+  virtual void Progress(const std::wstring& statusText) = 0;
+  virtual void End(const CRunSummary& summary) = 0;
+};
+
+// `listOnly` adds the counts to each row.
+std::unique_ptr<IRunOutput> MakeTextOutput(my::IConsole& console, const my::IMessageTexts& texts, bool listOnly,
+                                           bool quiet);
+std::unique_ptr<IRunOutput> MakeJsonOutput(my::IConsole& console, const my::IMessageTexts& texts, bool quiet);
+
+}  // namespace qlm

@@ -1,0 +1,120 @@
+#include "run/runner.h"
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+#include "document/document.h"
+#include "document/document_file.h"
+#include "engine/backup_thread.h"
+#include "platform/console.h"
+#include "platform/message_texts.h"
+#include "resource.h"
+#include "run/exit_codes.h"
+#include "run/run_output.h"
+#include "support/paths.h"
+
+namespace qlm {
+namespace {
+
+constexpr uint32_t kTickMs = 100;
+
+// The tasks to run, in the document's order.
+std::vector<CTaskPtr> SelectTasks(const CDocument& document, const COptions& options) {
+  std::vector<CTaskPtr> selected;
+  for (const std::wstring& id : options.taskIds) {
+    if (!document.Tasks().FindId(id)) throw my::CException(IDS_TASK_NOT_FOUND, {id});
+  }
+  for (const CTaskPtr& task : document.Tasks()) {
+    const bool named = std::find(options.taskIds.begin(), options.taskIds.end(), task->id) !=
+                       options.taskIds.end();
+    if (!options.taskIds.empty() && !named) continue;
+    if (options.listOnly || !task->dsts.empty()) selected.push_back(task);
+  }
+  if (selected.empty()) throw my::CException(IDS_NO_TASKS);
+  return selected;
+}
+
+bool IsFinal(const CResult& row, bool listOnly) {
+  return row.error || row.message == IDS_PHASE_CREATED || row.message == IDS_PHASE_SKIPPED ||
+         (listOnly && row.message == IDS_PHASE_LISTED);
+}
+
+// Prints the rows of a run as they come to their end.
+class CRunSession : private IRunObserver {
+ public:
+  CRunSession(const CRunnerPorts& ports, const COptions& options)
+      : m_ports(ports),
+        m_options(options),
+        m_output(options.json ? MakeJsonOutput(ports.console, ports.engine.texts, options.quiet)
+                              : MakeTextOutput(ports.console, ports.engine.texts, options.listOnly, options.quiet)),
+        m_controller(ports.threads, ports.engine.clock, ports.engine.texts, *this) {}
+
+  int Run(const std::vector<CTaskPtr>& tasks) {
+    for (const CTaskPtr& task : tasks) {
+      auto job = boost::make_shared<CBackupTask>(m_ports.engine);
+      job->SetTask(*task);
+      m_controller.Add(job);
+    }
+    m_controller.Start(m_options.listOnly, false);
+    while (m_controller.IsActive()) {
+      m_controller.WaitForJobs(kTickMs);
+      if (m_ports.console.InterruptRequested() && m_controller.State() == IDS_STATE_RUNNING) m_controller.Stop();
+      m_controller.Tick();
+    }
+    m_output->End({m_controller.State(), m_printed, m_errors});
+    if (m_controller.State() == IDS_STATE_STOPPED) return kExitStopped;
+    return m_errors == 0 ? kExitDone : kExitErrors;
+  }
+
+ private:
+  void OnResults(size_t firstRow, const CResults& rows) override {
+    while (m_printed < firstRow + rows.size() && IsFinal(*rows[m_printed - firstRow], m_options.listOnly)) {
+      Print(*rows[m_printed - firstRow]);
+      ++m_printed;
+    }
+  }
+
+  void OnStatus() override { m_output->Progress(m_controller.StatusText()); }
+  void OnStateChanged() override {}
+  void OnPowerOff() override {}
+
+  void Print(const CResult& row) {
+    if (row.error) ++m_errors;
+    if (row.targets != m_lastTargets) WarnOfUnlisted(row);
+    m_lastTargets = row.targets;
+    m_output->Row(row);
+  }
+
+  // A folder that could not be read is missing in the backup, and nobody else would tell.
+  void WarnOfUnlisted(const CResult& row) {
+    for (const std::wstring& folder : row.targets->Unlisted()) {
+      const my::CMsgArg path = my::JoinPath(row.task->path, folder);
+      const my::CMsgArg text = my::MakeText(m_ports.engine.texts, IDS_FOLDERS_NOT_LISTED, {&path, 1});
+      m_ports.console.Write(my::IConsole::Stream::ERRORS,
+                            my::MakeText(m_ports.engine.texts, IDS_WARNING, {&text, 1}) + L"\n");
+    }
+  }
+
+  const CRunnerPorts& m_ports;
+  const COptions& m_options;
+  std::unique_ptr<IRunOutput> m_output;
+  size_t m_printed = 0;
+  size_t m_errors = 0;
+  CTargetsPtr m_lastTargets;
+  CBackupThread m_controller;
+};
+
+}  // namespace
+
+int RunDocument(const CRunnerPorts& ports, const COptions& options) {
+  int exitCode = kExitUnusable;
+  const my::CSimpleErr error = my::TrapError(ports.engine.texts, [&] {
+    const CDocument document = LoadDocument(ports.engine.files, ports.dom, options.documentPath);
+    exitCode = CRunSession(ports, options).Run(SelectTasks(document, options));
+  });
+  if (error) ports.console.Write(my::IConsole::Stream::ERRORS, error.message + L"\n");
+  return exitCode;
+}
+
+}  // namespace qlm

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "engine/backup_task.h"
+#include "run/options.h"
+
+namespace my {
+class IConsole;
+class IThreads;
+class IXmlDom;
+}  // namespace my
+
+namespace qlm {
+
+struct CRunnerPorts {
+  CEnginePorts engine;
+  my::IXmlDom& dom;
+  my::IThreads& threads;
+  my::IConsole& console;
+};
+
+// Runs a document as the options ask and answers the exit code (exit_codes.h). What keeps the run from
+// starting goes to the error stream.
+int RunDocument(const CRunnerPorts& ports, const COptions& options);
+
+}  // namespace qlm

@@ -1,0 +1,42 @@
+// Paths as text: "\" separates, nothing is looked up on a disk.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace my {
+
+inline constexpr wchar_t kSeparator = L'\\';
+
+constexpr bool IsSeparator(wchar_t c) { return c == L'\\' || c == L'/'; }
+
+// `folder` and `name` with exactly one separator between them; an empty folder yields the name alone.
+std::wstring JoinPath(std::wstring_view folder, std::wstring_view name);
+
+// The path without its last component and the separator before that ("C:\a" of "C:\a\b"); the root of a
+// drive keeps its separator ("C:\" of "C:\a"); empty when there is no parent.
+std::wstring_view ParentPath(std::wstring_view path);
+
+// What follows the last separator; empty when the path ends in one.
+std::wstring_view LastComponent(std::wstring_view path);
+
+struct CStemAndExtension {
+  std::wstring_view stem;
+  std::wstring_view extension;  // without its ".", empty when the name has none
+};
+
+// Splits a name at its last ".".
+CStemAndExtension SplitExtension(std::wstring_view name);
+
+// The first free path beside `path` to write under until the work is complete: "_tmp_S.E", "_tmp1_S.E",
+// "_tmp2_S.E" and so on for a last component "S.E". `exists` tells whether a path is taken.
+// Throws IDS_PATH_NO_FILE_NAME when the path has no last component, IDS_TEMP_PATH_FAILED when no name is free.
+std::wstring FreeTemporaryPath(std::wstring_view path, const std::function<bool(const std::wstring&)>& exists);
+
+// The first of "<folder>\<prefix>0<suffix>", "<folder>\<prefix>1<suffix>" and so on that is not taken.
+// Throws IDS_TEMP_PATH_FAILED when no name is free.
+std::wstring FreeNumberedPath(std::wstring_view folder, std::wstring_view prefix, std::wstring_view suffix,
+                              const std::function<bool(const std::wstring&)>& exists);
+
+}  // namespace my

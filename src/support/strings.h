@@ -1,0 +1,38 @@
+// Text helpers over the program's wide strings (UTF-16 on Windows, UTF-32 in the host build).
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace my {
+
+// Blanks that a user's paths and names are trimmed of.
+inline constexpr std::wstring_view kBlanks = L" \t\r\n";
+
+// What stands for a byte or code unit that is no text.
+inline constexpr char32_t kReplacementChar = 0xFFFD;
+
+// A surrogate without its partner becomes U+FFFD.
+std::string Utf8FromWide(std::wstring_view text);
+
+// Every byte that belongs to no well-formed sequence becomes U+FFFD.
+std::wstring WideFromUtf8(std::string_view bytes);
+
+void AppendCodePoint(std::wstring& text, char32_t codePoint);
+
+// Reads the code point at `at` and moves `at` behind it; a lone surrogate is returned as it is.
+char32_t NextCodePoint(std::wstring_view text, size_t& at);
+
+constexpr bool IsSurrogate(char32_t codePoint) { return codePoint >= 0xD800 && codePoint <= 0xDFFF; }
+
+std::wstring_view TrimStart(std::wstring_view text, std::wstring_view chars);
+std::wstring_view TrimEnd(std::wstring_view text, std::wstring_view chars);
+std::wstring_view Trim(std::wstring_view text, std::wstring_view chars);
+
+// Compares two paths without regard to the case of ASCII letters; other letters compare exactly.
+bool EqualNoCase(std::wstring_view a, std::wstring_view b);
+
+// The text on one line: every run of line breaks becomes one blank.
+std::wstring OneLine(std::wstring_view text);
+
+}  // namespace my

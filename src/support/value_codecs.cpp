@@ -1,0 +1,102 @@
+#include "support/value_codecs.h"
+
+#include <charconv>
+
+namespace my {
+namespace {
+
+// A whole text as one number; nothing when a character is left over or the number does not fit.
+template <class T>
+std::optional<T> ParseNumber(std::wstring_view text, int base) {
+  constexpr size_t kLongest = 11;  // "-2147483648"
+  char digits[kLongest];
+  if (text.empty() || text.size() > kLongest) return {};
+  for (size_t i = 0; i < text.size(); ++i) {
+    if (text[i] > 0x7E) return {};
+    digits[i] = static_cast<char>(text[i]);
+  }
+  T value{};
+  const auto [end, error] = std::from_chars(digits, digits + text.size(), value, base);
+  if (error != std::errc() || end != digits + text.size()) return {};
+  return value;
+}
+
+constexpr wchar_t kHexDigits[] = L"0123456789ABCDEF";
+
+}  // namespace
+
+std::wstring BoolText(bool value) { return value ? L"true" : L"false"; }
+
+std::optional<bool> ParseBool(std::wstring_view text) {
+  if (text == L"true") return true;
+  if (text == L"false") return false;
+  return {};
+}
+
+std::optional<int32_t> ParseInt(std::wstring_view text) { return ParseNumber<int32_t>(text, 10); }
+
+std::optional<uint32_t> ParseDword(std::wstring_view text) { return ParseNumber<uint32_t>(text, 10); }
+
+std::wstring VersionText(const CVersion& version) {
+  std::wstring text;
+  for (const uint32_t number : version) {
+    if (!text.empty()) text += L'.';
+    text += std::to_wstring(number);
+  }
+  return text;
+}
+
+std::optional<CVersion> ParseVersion(std::wstring_view text) {
+  CVersion version{};
+  for (size_t i = 0; i < version.size(); ++i) {
+    const bool last = i + 1 == version.size();
+    const size_t dot = text.find(L'.');
+    if (last != (dot == text.npos)) return {};
+    const auto number = ParseDword(text.substr(0, dot));
+    if (!number) return {};
+    version[i] = *number;
+    if (!last) text.remove_prefix(dot + 1);
+  }
+  return version;
+}
+
+std::wstring ColorText(CColor color) {
+  std::wstring text;
+  for (const uint8_t channel : {color.red, color.green, color.blue}) {
+    text += kHexDigits[channel >> 4];
+    text += kHexDigits[channel & 0xF];
+  }
+  return text;
+}
+
+std::optional<CColor> ParseColor(std::wstring_view text) {
+  if (text.find_first_not_of(L"0123456789ABCDEFabcdef") != text.npos) return {};
+  if (text.size() != 1 && text.size() != 2 && text.size() != 6) return {};
+  const uint32_t value = *ParseNumber<uint32_t>(text, 16);
+  const auto channel = [value](int shift) { return static_cast<uint8_t>(value >> shift); };
+  if (text.size() < 6) return CColor{channel(0), channel(0), channel(0)};
+  return CColor{channel(16), channel(8), channel(0)};
+}
+
+std::wstring HexText(uint32_t value) {
+  std::wstring text = L"0x";
+  for (int shift = 28; shift >= 0; shift -= 4) text += kHexDigits[(value >> shift) & 0xF];
+  return text;
+}
+
+std::wstring BytesText(std::string_view bytes) {
+  std::wstring text;
+  for (const char byte : bytes) text += static_cast<wchar_t>(static_cast<unsigned char>(byte));
+  return text;
+}
+
+std::optional<std::string> ParseBytes(std::wstring_view text) {
+  std::string bytes;
+  for (const wchar_t c : text) {
+    if (c > 0xFF) return {};
+    bytes += static_cast<char>(c);
+  }
+  return bytes;
+}
+
+}  // namespace my

@@ -1,0 +1,57 @@
+# Sourced by the end-to-end tests: runs the built console program, and looks at what it left.
+#   source "$(dirname "$0")/lib.sh" NAME    makes the empty folder $work for the test NAME
+# A test stops at the first thing that is not as expected, and ends with `echo PASS`.
+# shellcheck shell=bash
+source "$(dirname "${BASH_SOURCE[0]}")/../../scripts/common.sh"
+
+qlm_run=${QLM_RUN:-$top/build/mingw/bin/QuillmoorRun.exe}
+work=$top/build/e2e/${1:?name of the test}
+out=$work.out # what the last run printed: outside $work, so as not to be backed up with it
+err=$work.err
+code=0
+
+rm -rf "$work" "$out" "$err"
+mkdir -p "$work"
+ensure_wine_prefix
+
+fail() {
+  say "FAIL: $*" >&2
+  local file
+  for file in "$out" "$err"; do
+    [[ -s $file ]] && { say "--- ${file##*/}"; head -c 4000 "$file"; say; } >&2
+  done
+  exit 1
+}
+
+# Ends at the latest after two minutes, then with code 124.
+run_qlm() {
+  code=0
+  # timeout is put in front by hand: it cannot call the function run_wine.
+  LC_ALL=ja_JP.UTF-8 timeout --kill-after=10 120 wine "$qlm_run" "$@" </dev/null >"$out" 2>"$err" || code=$?
+}
+
+expect_code() { [[ $code == "$1" ]] || fail "exit code $code, expected $1"; }
+expect_file() { [[ -f $1 ]] || fail "no file $1"; }
+expect_folder() { [[ -d $1 ]] || fail "no folder $1"; }
+expect_no_file() { [[ ! -e $1 && ! -L $1 ]] || fail "unexpected $1"; }
+expect_same() { cmp -s "$1" "$2" || fail "$1 and $2 differ"; }
+expect_out() { grep -qF -- "$1" "$out" || fail "not printed: $1"; }
+expect_err() { grep -qF -- "$1" "$err" || fail "not on the error output: $1"; }
+
+# Every JSON object that was printed, nested ones too, one a line. The output is either one JSON
+# text, or lines of which some are JSON.
+json_rows() {
+  jq -Rsc '(fromjson? // (split("\n")[] | fromjson?)) | .. | objects' "$out"
+}
+
+# expect_json FIELD=VALUE...: some object has all these fields. A field within a field is A.B;
+# numbers, true, false and null are compared as they are written.
+expect_json() {
+  json_rows | jq -es '
+    def same($wanted):
+      ($wanted | index("=")) as $at
+      | ($wanted[:$at] | split(".")) as $path
+      | (try (getpath($path) | tostring) catch null) == $wanted[$at + 1:];
+    any(.[]; . as $row | all($ARGS.positional[]; . as $wanted | $row | same($wanted)))
+  ' --args "$@" >/dev/null || fail "no row with $*"
+}
