@@ -20,9 +20,10 @@ struct CRawOptions {
 
 void Describe(CLI::App& app, COptions& options, CRawOptions& raw) {
   app.name("QuillmoorRun");
-  app.set_help_flag("-h,--help", "この説明を表示します");
-  app.set_version_flag("--version", kVersionText, "バージョンを表示します");
-  app.add_option("DOCUMENT", raw.document, "バックアップ文書 (.qlmr)")->required()->option_text("(必須)");
+  app.option_defaults()->group("オプション");
+  app.set_help_flag("-h,--help", "この説明を表示します")->group("オプション");
+  app.set_version_flag("--version", kVersionText, "バージョンを表示します")->group("オプション");
+  app.add_option("DOCUMENT", raw.document, "バックアップ文書 (.qlmr)")->required()->option_text(" ");
   app.add_option("--task", raw.tasks, "この ID のタスクだけを実行します（繰り返し指定できます）")
       ->option_text("ID")
       ->expected(1)
@@ -30,14 +31,17 @@ void Describe(CLI::App& app, COptions& options, CRawOptions& raw) {
   app.add_flag("--test", options.listOnly, "一覧と転送先パスの計算だけを行い、何も作成しません");
   app.add_flag("--json", options.json, "結果を 1 行 1 個の JSON オブジェクトで出力します (UTF-8)");
   app.add_flag("--quiet", options.quiet, "エラーになった結果だけを表示します");
-  app.footer("\n終了コード:\n"
+  app.failure_message([](const CLI::App*, const CLI::Error& error) {
+    return std::string("コマンドラインの指定が正しくありません - ") + error.what() +
+           "\n使い方は QuillmoorRun --help で表示されます\n";
+  });
+  app.footer("終了コード:\n"
              "  0  すべて作成、またはスキップ\n"
              "  1  エラーになった結果がある\n"
              "  2  指定の誤り、文書が読めない、または実行するものがない\n"
              "  3  中断された (Ctrl+C)");
   app.get_formatter()->label("Usage", "使い方");
-  app.get_formatter()->label("OPTIONS", "[オプション]");
-  app.get_formatter()->label("Options", "オプション");
+  app.get_formatter()->label("OPTIONS", "オプション");
   app.get_formatter()->label("Positionals", "引数");
   app.get_formatter()->column_width(22);
 }

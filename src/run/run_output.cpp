@@ -30,7 +30,9 @@ class CTextOutput : public IRunOutput {
 
   void Row(const CResult& row) override {
     if (m_quiet && !row.error) return;
-    std::wstring line = row.task->id + L" | " + row.destinationPath + L" | " + ResultText(m_texts, row);
+    // Until the source is listed there is no destination path; then the source is what the row is about.
+    const std::wstring& path = row.destinationPath.empty() ? row.task->path : row.destinationPath;
+    std::wstring line = row.task->id + L" | " + path + L" | " + ResultText(m_texts, row);
     if (m_listOnly && !row.error) line += L" | " + CountsText(m_texts, *row.targets);
     ClearProgress();
     m_console.Write(kOutput, line + L"\n");

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <boost/smart_ptr/make_shared.hpp>
+#include <cstddef>
+#include <string>
+
+#include "engine/backup_task.h"
+#include "platform/win32/win32_ansi_codec.h"
+#include "platform/win32/win32_clock.h"
+#include "platform/win32/win32_message_texts.h"
+#include "platform/win32/win32_process.h"
+
+namespace bench {
+
+// What jobs need besides a file system.
+struct CPorts {
+  my::CWin32Clock clock;
+  my::CWin32AnsiCodec ansi;
+  my::CWin32MessageTexts texts;
+  my::CWin32Process process;
+
+  qlm::CEnginePorts With(my::IFileSystem& files) { return {files, clock, ansi, texts, process}; }
+};
+
+// A job that backs a source up into so many folders.
+inline qlm::CBackupTaskPtr MakeJob(const qlm::CEnginePorts& ports, std::wstring id, std::wstring source,
+                                   const std::wstring& destination, size_t count) {
+  qlm::CTask task;
+  task.id = std::move(id);
+  task.path = std::move(source);
+  for (size_t i = 0; i < count; ++i) {
+    task.dsts.push_back(boost::make_shared<qlm::CDst>());
+    task.dsts.back()->folder = destination;
+  }
+  auto job = boost::make_shared<qlm::CBackupTask>(ports);
+  job->SetTask(task);
+  return job;
+}
+
+}  // namespace bench

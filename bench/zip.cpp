@@ -1,0 +1,90 @@
+#include <windows.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <stdexcept>
+
+#include "bench.h"
+#include "document/filter.h"
+#include "engine/archive_writer.h"
+#include "engine/source_listing.h"
+#include "engine/targets.h"
+#include "harness.h"
+#include "platform/win32/handle.h"
+#include "platform/win32/win32_file_system.h"
+#include "platform/win32/win32_process.h"
+#include "support/paths.h"
+#include "support/strings.h"
+#include "tree.h"
+
+namespace bench {
+namespace {
+
+void WriteListFile(my::CWin32FileSystem& files, const qlm::CTargets& targets, const std::wstring& path) {
+  ::DeleteFileW(path.c_str());
+  std::string lines;
+  for (const qlm::CTarget& target : targets) {
+    if (target.IsCountedFile()) lines += my::Utf8FromWide(target.RelativePath()) + '\n';
+  }
+  const auto file = files.CreateNewFile(path);
+  file->Write(lines);
+  file->Close();
+}
+
+// Runs the archiver as a program would that does nothing else.
+void RunBarely(const std::wstring& archiver, const std::wstring& arguments, const std::wstring& folder) {
+  std::wstring line = L"\"" + archiver + L"\" " + arguments;
+  STARTUPINFOW startup{};
+  startup.cb = sizeof(startup);
+  PROCESS_INFORMATION information{};
+  if (!::CreateProcessW(archiver.c_str(), line.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr,
+                        folder.c_str(), &startup, &information)) {
+    throw std::runtime_error("the archiver (--7z) does not start");
+  }
+  const my::CKernelHandle process(information.hProcess);
+  const my::CKernelHandle thread(information.hThread);
+  ::WaitForSingleObject(process.Get(), INFINITE);
+}
+
+}  // namespace
+
+void MeasureZip(const COptions& options) {
+  const CTreeShape shape{.projects = std::max(1, 5 / options.divisor), .bytes = 512};
+  const std::wstring tree = EnsureTree(options.root, shape);
+  const std::wstring archive = my::JoinPath(options.root, L"bench.zip");
+  const std::wstring list = my::JoinPath(options.root, L"bench.txt");
+  my::CWin32FileSystem files;
+  my::CWin32Process process;
+  const auto listed = [&] {
+    qlm::CTargets targets;
+    qlm::ListSource(files, qlm::CFilter(), nullptr, tree, targets);
+    return targets;
+  };
+  WriteListFile(files, listed(), list);
+
+  const auto timed = [&](const auto& work) {
+    ::DeleteFileW(archive.c_str());
+    return TimeMs(work);
+  };
+  const auto engine = [&] {
+    qlm::WriteArchive({files, process, nullptr},
+                      {options.archiver, L"", tree, listed(), archive, qlm::DstType::ZIP});
+  };
+  const auto bare = [&] { RunBarely(options.archiver, L"a -ssw " + archive + L" @" + list, tree); };
+  const CMeasured measured = Measure(
+      {"", 0, [&] { return timed(bare); }},
+      {{"", 0, [&] { return timed(engine); }}, {"", 0, [&] { return timed(listed); }}}, options.rounds);
+  CTimes over;
+  for (size_t i = 0; i < measured.baseline.size(); ++i) {
+    over.push_back(measured.sides[0][i] - 1.02 * measured.baseline[i] - measured.sides[1][i]);
+  }
+  std::printf("archiving %llu files\n", static_cast<unsigned long long>(FileCount(shape)));
+  PrintFigure("bare archiver", Median(measured.baseline), "ms", 0);
+  PrintFigure("listing", Median(measured.sides[1]), "ms", 0);
+  PrintFigure("listing and archive", Median(measured.sides[0]), "ms", 0);
+  PrintFigure("ratio", MedianRatio(measured.sides[0], measured.baseline), "", 0);
+  PrintFigure("a/a", MedianRatio(measured.baselineAgain, measured.baseline), "", 0);
+  PrintFigure("beyond 1.02 x bare and the listing", Median(over), "ms", 100);
+}
+
+}  // namespace bench

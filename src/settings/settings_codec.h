@@ -1,0 +1,100 @@
+// The two visitors of a group's description (settings_layout.h): one fills the fields from the file's
+// elements, the other makes elements of the fields.
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "platform/xml_layer.h"
+#include "settings/settings.h"
+
+namespace qlm {
+
+// Reads the children of one element. A missing element throws IDS_XML_NODE_NOT_FOUND, a text that is no
+// value of its kind the XML layer's message for that.
+class CSettingsReader {
+ public:
+  // The element must outlive the reader.
+  CSettingsReader(const my::CXmlElement& element, const my::CVersion& fileVersion)
+      : m_element(element), m_fileVersion(fileVersion) {}
+
+  void Text(const std::wstring& name, std::wstring& value) const { value = m_element.Child(name).Text(); }
+  void Bool(const std::wstring& name, bool& value) const { value = m_element.Child(name).Bool(); }
+  void Int(const std::wstring& name, int32_t& value) const { value = m_element.Child(name).Int(); }
+  void Color(const std::wstring& name, my::CColor& value) const { value = m_element.Child(name).Color(); }
+  void Bytes(const std::wstring& name, std::string& value) const { value = m_element.Child(name).Bytes(); }
+  void Ints(const std::wstring& name, const std::wstring& itemName, std::vector<int32_t>& values) const;
+  void Strings(const std::wstring& name, const std::wstring& itemName, my::CMruStrings& values) const;
+  void Flags(const std::wstring& name, const my::CEnumTable& table, uint32_t& value) const;
+
+  template <class Value>
+  void Enum(const std::wstring& name, const my::CEnumTable& table, Value& value) const {
+    value = static_cast<Value>(EnumNumber(name, table));
+  }
+
+  // Takes a group over as a whole or, when it fails, not at all.
+  template <class T>
+  void Group(const std::wstring& name, T& group) const {
+    const my::CXmlElement element = m_element.Child(name);
+    const CSettingsReader reader(element, m_fileVersion);
+    T read = group;
+    Describe(reader, read);
+    group = std::move(read);
+  }
+
+  // A group that files of earlier versions lack.
+  template <class T>
+  void GroupSince(const my::CVersion& version, const std::wstring& name, T& group) const {
+    if (m_fileVersion >= version) Group(name, group);
+  }
+
+ private:
+  uint32_t EnumNumber(const std::wstring& name, const my::CEnumTable& table) const;
+
+  const my::CXmlElement& m_element;
+  my::CVersion m_fileVersion;
+};
+
+// Appends children to one element. Throws IDS_XML_UNKNOWN_ENUM or IDS_XML_UNKNOWN_FLAG for a value that has
+// no name, and the XML layer's messages.
+class CSettingsWriter {
+ public:
+  // The node must outlive the writer.
+  explicit CSettingsWriter(my::IXmlNode& node) : m_node(node) {}
+
+  void Text(const std::wstring& name, const std::wstring& value) const {
+    my::AppendText(m_node, name, value);
+  }
+  void Bool(const std::wstring& name, bool value) const { Text(name, my::BoolText(value)); }
+  void Int(const std::wstring& name, int32_t value) const { Text(name, std::to_wstring(value)); }
+  void Color(const std::wstring& name, my::CColor value) const { Text(name, my::ColorText(value)); }
+  void Bytes(const std::wstring& name, const std::string& value) const { Text(name, my::BytesText(value)); }
+  void Ints(const std::wstring& name, const std::wstring& itemName, const std::vector<int32_t>& values) const;
+  void Strings(const std::wstring& name, const std::wstring& itemName, const my::CMruStrings& values) const;
+  void Flags(const std::wstring& name, const my::CEnumTable& table, uint32_t value) const;
+
+  template <class Value>
+  void Enum(const std::wstring& name, const my::CEnumTable& table, Value value) const {
+    EnumNumber(name, table, static_cast<int32_t>(value));
+  }
+
+  template <class T>
+  void Group(const std::wstring& name, T& group) const {
+    const auto node = m_node.Append(name);
+    const CSettingsWriter writer(*node);
+    Describe(writer, group);
+  }
+
+  // What is written is of the newest version.
+  template <class T>
+  void GroupSince(const my::CVersion&, const std::wstring& name, T& group) const {
+    Group(name, group);
+  }
+
+ private:
+  void EnumNumber(const std::wstring& name, const my::CEnumTable& table, int32_t number) const;
+
+  my::IXmlNode& m_node;
+};
+
+}  // namespace qlm

@@ -1,0 +1,64 @@
+#include "settings/settings_file.h"
+
+#include "platform/file_system.h"
+#include "platform/known_folders.h"
+#include "platform/message_texts.h"
+#include "platform/xml_layer.h"
+#include "resource.h"
+#include "settings/settings.h"
+#include "settings/settings_codec.h"
+#include "settings/settings_layout.h"
+#include "support/exception.h"
+#include "support/paths.h"
+
+namespace qlm {
+namespace {
+
+const std::wstring kRoot = L"QuillmoorSetting";
+const std::wstring kVersion = L"Version";
+
+my::CVersion ReadSettings(const my::CXmlElement& root, CSettings& live) {
+  const my::CVersion version = root.Child(kVersion).Version();
+  Describe(CSettingsReader(root, version), live);
+  return version;
+}
+
+std::string SettingsBytes(my::IXmlDom& dom, CSettings settings) {
+  if (settings.archive.passwordType != PasswordType::SAVE) settings.archive.password.clear();
+  my::CXmlBuilder builder(dom, kRoot);
+  my::AppendText(builder.Root(), kVersion, my::VersionText(kSettingsVersion));
+  Describe(CSettingsWriter(builder.Root()), settings);
+  return builder.Bytes();
+}
+
+}  // namespace
+
+std::wstring SettingsPath(const my::IKnownFolders& folders, const my::IMessageTexts& texts) {
+  const std::wstring product = texts.Text(IDS_PRODUCT_NAME);
+  const std::wstring companyFolder = my::JoinPath(folders.RoamingAppData(), texts.Text(IDS_COMPANY_NAME));
+  // The name dates from the 32-bit program, whose settings are taken over.
+  return my::JoinPath(my::JoinPath(companyFolder, product), product + L"32.config");
+}
+
+my::CVersion LoadSettings(my::IFileSystem& files, my::IXmlDom& dom, const std::wstring& path,
+                          CSettings& live) {
+  try {
+    return ReadSettings(my::LoadXmlFile(files, dom, path, kRoot).root, live);
+  } catch (my::CException& failure) {
+    failure.SetWhere(path);
+    throw;
+  }
+}
+
+void SaveSettings(my::IFileSystem& files, my::IXmlDom& dom, const std::wstring& path,
+                  const CSettings& settings) {
+  files.CreateFolders(std::wstring(my::ParentPath(path)));
+  try {
+    my::SaveXmlFile(files, path, SettingsBytes(dom, settings));
+  } catch (my::CException& failure) {
+    failure.SetWhere(path);
+    throw;
+  }
+}
+
+}  // namespace qlm

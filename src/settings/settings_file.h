@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+
+#include "support/value_codecs.h"
+
+namespace my {
+class IFileSystem;
+class IKnownFolders;
+class IMessageTexts;
+class IXmlDom;
+}  // namespace my
+
+namespace qlm {
+
+struct CSettings;
+
+// The version of the format that SaveSettings writes.
+inline constexpr my::CVersion kSettingsVersion{1, 0, 1, 0};
+
+// The file of the current user. Throws IDS_SETTINGS_LOCATION_FAILED.
+std::wstring SettingsPath(const my::IKnownFolders& folders, const my::IMessageTexts& texts);
+
+// Reads the file into the live object, group by group, and answers the file's version, which may be newer
+// than kSettingsVersion. It stops at the first failure: the groups before the one that failed then hold the
+// file's values, that one and those behind it are as they were. Throws the XML layer's messages; the
+// failure's text names the file.
+my::CVersion LoadSettings(my::IFileSystem& files, my::IXmlDom& dom, const std::wstring& path,
+                          CSettings& live);
+
+// Writes the file, and makes its folder when there is none (IDS_CREATE_FOLDER_FAILED). The password is left
+// out unless the user wants it stored. A failure (the XML layer's messages) leaves the old file as it was.
+void SaveSettings(my::IFileSystem& files, my::IXmlDom& dom, const std::wstring& path,
+                  const CSettings& settings);
+
+}  // namespace qlm

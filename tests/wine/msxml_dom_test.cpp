@@ -1,0 +1,110 @@
+#include "platform/win32/msxml_dom.h"
+
+#include <gtest/gtest.h>
+
+#include <boost/smart_ptr/make_shared.hpp>
+
+#include "document/document.h"
+#include "document/document_file.h"
+#include "platform/clock.h"
+#include "platform/win32/com.h"
+#include "platform/win32/win32_ansi_codec.h"
+#include "platform/win32/win32_clock.h"
+#include "platform/xml_layer.h"
+#include "resource.h"
+#include "scratch_folder.h"
+#include "support/exception.h"
+
+namespace {
+
+const my::CComApartment com;
+
+class MsxmlDom : public testing::Test {
+ protected:
+  // The message id and the text of what loading the bytes throws; 0 for none.
+  uint32_t LoadFailure(const std::string& bytes) {
+    const std::wstring path = m_scratch.At(L"in.qlmr");
+    if (m_scratch.files.Kind(path) == my::PathKind::FILE) m_scratch.files.RemoveFile(path);
+    m_scratch.Write(L"in.qlmr", bytes);
+    try {
+      qlm::LoadDocument(m_scratch.files, m_dom, path);
+    } catch (const my::CException& failure) {
+      EXPECT_EQ(failure.Where(), path);
+      return failure.Id();
+    }
+    return 0;
+  }
+
+  test::CScratchFolder m_scratch;
+  my::CMsxmlDom m_dom;
+};
+
+TEST_F(MsxmlDom, bad_files_get_their_message) {
+  const std::string good =
+      "<QuillmoorDoc><Version>2.5.0.0</Version><Dsts/><Tasks/><Unknown/></QuillmoorDoc>";
+  EXPECT_EQ(LoadFailure(good), 0u);
+  EXPECT_EQ(LoadFailure(""), IDS_XML_LOAD_FAILED);
+  EXPECT_EQ(LoadFailure("no XML"), IDS_XML_LOAD_FAILED);
+  EXPECT_EQ(LoadFailure(good.substr(0, good.size() - 3)), IDS_XML_LOAD_FAILED);
+  EXPECT_EQ(LoadFailure("<Other/>"), IDS_XML_NODE_NOT_FOUND);
+  EXPECT_EQ(LoadFailure("<!DOCTYPE QuillmoorDoc>" + good), IDS_XML_LOAD_FAILED);
+  EXPECT_EQ(LoadFailure(std::string(50u << 20, 'x')), IDS_XML_LOAD_FAILED);
+  EXPECT_EQ(LoadFailure("<QuillmoorDoc>" + std::string(20u << 20, '<')), IDS_XML_LOAD_FAILED);
+}
+
+TEST_F(MsxmlDom, entities_that_multiply_are_refused_before_they_are_expanded) {
+  std::string bomb = "<!DOCTYPE QuillmoorDoc [<!ENTITY a0 \"aaaaaaaaaa\">";
+  for (int i = 1; i < 12; ++i) {
+    const std::string inner = "&a" + std::to_string(i - 1) + ";";
+    bomb += "<!ENTITY a" + std::to_string(i) + " \"";
+    for (int copy = 0; copy < 10; ++copy) bomb += inner;
+    bomb += "\">";
+  }
+  const uint64_t start = my::CWin32Clock().TickCount();
+  EXPECT_EQ(LoadFailure(bomb + "]><QuillmoorDoc><Version>&a11;</Version></QuillmoorDoc>"),
+            IDS_XML_LOAD_FAILED);
+  EXPECT_LT(my::CWin32Clock().TickCount() - start, 5000u);
+}
+
+TEST_F(MsxmlDom, texts_come_back_as_they_were) {
+  qlm::CDocument document;
+  for (const wchar_t* text : {L" ", L"  lead and trail\t", L"a\rb\nc\r\nd\n", L"<&>\"' ]]>", L"𠮷野家 \xFFFD é"}) {
+    auto dst = boost::make_shared<qlm::CDst>();
+    dst->pattern = text;
+    dst->type = qlm::DstType::AES_256_ZIP;
+    document.Dsts().Insert(-1, dst);
+    auto task = boost::make_shared<qlm::CTask>();
+    task->id = L"t" + std::to_wstring(document.Tasks().size());
+    task->path = text;
+    task->dsts = {dst, document.Dsts()[0]};
+    document.Tasks().Insert(-1, task);
+  }
+  const std::wstring path = m_scratch.At(L"文書.qlmr");
+  qlm::SaveDocument(m_scratch.files, m_dom, document, path);
+  const qlm::CDocument loaded = qlm::LoadDocument(m_scratch.files, m_dom, path);
+  ASSERT_EQ(loaded.Tasks().size(), document.Tasks().size());
+  for (size_t i = 0; i < loaded.Tasks().size(); ++i) {
+    EXPECT_EQ(*loaded.Tasks()[i], *document.Tasks()[i]) << i;
+    EXPECT_EQ(loaded.Tasks()[i]->dsts[1], loaded.Dsts()[0]) << "destinations are shared";
+  }
+  document.Tasks()[0]->path = L"control \x01";
+  EXPECT_THROW(qlm::SaveDocument(m_scratch.files, m_dom, document, path), my::CException);
+  EXPECT_EQ(qlm::LoadDocument(m_scratch.files, m_dom, path).Tasks()[0]->path, L" ");
+}
+
+TEST(Win32AnsiCodec, reads_code_page_932_and_marks_what_is_none) {
+  const my::CWin32AnsiCodec codec;
+  EXPECT_EQ(codec.Decode("\x93\xFA\x96\x7B\x8C\xEA \xB1"), L"日本語 ｱ");
+  EXPECT_EQ(codec.Decode("a\xFF\x93\xFA\x81"), L"a\xFFFD日\xFFFD");
+}
+
+TEST(Win32Clock, converts_to_local_time_and_refuses_what_is_none) {
+  const my::CWin32Clock clock;
+  const my::CFileTime time{131'016'350'490'000'000};  // 2016-03-05 07:04:09 UTC
+  const my::CCalendar local = clock.LocalCalendar(time);
+  EXPECT_EQ(local.second, my::UtcCalendar(time).second);
+  EXPECT_EQ(my::UtcCalendar(time), (my::CCalendar{2016, 3, 5, 7, 4, 9}));
+  EXPECT_THROW(clock.LocalCalendar({~uint64_t{0}}), my::CException);
+}
+
+}  // namespace

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+
+#include "platform/win32/win32_file_system.h"
+#include "support/paths.h"
+
+namespace test {
+
+// An empty folder on the real disk for one test; it goes away with the object.
+class CScratchFolder {
+ public:
+  CScratchFolder() {
+    const auto exists = [this](const std::wstring& candidate) { return files.Kind(candidate) != my::PathKind::NONE; };
+    path = my::FreeNumberedPath(files.TemporaryFolder(), L"qlm_test", L"", exists);
+    files.CreateFolders(path);
+  }
+  ~CScratchFolder() { files.RemoveFolder(path); }
+  CScratchFolder(const CScratchFolder&) = delete;
+  CScratchFolder& operator=(const CScratchFolder&) = delete;
+
+  std::wstring At(const std::wstring& name) const { return my::JoinPath(path, name); }
+
+  void Write(const std::wstring& name, std::string_view bytes) {
+    const auto file = files.CreateNewFile(At(name));
+    file->Write(bytes);
+    file->Close();
+  }
+
+  my::CWin32FileSystem real;
+  my::IFileSystem& files = real;
+  std::wstring path;
+};
+
+}  // namespace test

@@ -1,0 +1,121 @@
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <set>
+
+#include "platform/safe_file.h"
+#include "platform/win32/handle.h"
+#include "platform/win32/win32_message_texts.h"
+#include "resource.h"
+#include "scratch_folder.h"
+#include "support/exception.h"
+
+namespace {
+
+using my::CException;
+using my::PathKind;
+
+// The message id and the system's code of what the work throws.
+template <class Work>
+std::pair<uint32_t, uint32_t> Failure(Work work) {
+  try {
+    work();
+  } catch (const CException& failure) {
+    return {failure.Id(), failure.Detail() & 0xFFFF};
+  }
+  return {0, 0};
+}
+
+using Code = std::pair<uint32_t, uint32_t>;
+
+// Holds a file so that nobody else may open it.
+my::CKernelHandle Lock(const std::wstring& path) {
+  return my::CKernelHandle(
+      ::CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+TEST(Win32FileSystem, failures_carry_their_operation_and_code) {
+  test::CScratchFolder scratch;
+  auto& files = scratch.files;
+  scratch.Write(L"a", "aaa");
+  scratch.Write(L"b", "bbb");
+  files.CreateFolders(scratch.At(L"folder"));
+  const auto a = scratch.At(L"a");
+  const auto b = scratch.At(L"b");
+  const auto none = scratch.At(L"none");
+  const auto deep = scratch.At(L"none\\x");
+  const auto folder = scratch.At(L"folder");
+  EXPECT_EQ(Failure([&] { files.Copy(a, b); }), Code(IDS_COPY_FILE_FAILED, ERROR_FILE_EXISTS));
+  EXPECT_EQ(Failure([&] { files.Copy(none, deep); }), Code(IDS_COPY_FILE_FAILED, ERROR_FILE_NOT_FOUND));
+  EXPECT_EQ(Failure([&] { files.Copy(a, deep); }), Code(IDS_COPY_FILE_FAILED, ERROR_PATH_NOT_FOUND));
+  EXPECT_EQ(Failure([&] { files.Move(a, b); }), Code(IDS_MOVE_FILE_FAILED, ERROR_ALREADY_EXISTS));
+  EXPECT_EQ(Failure([&] { files.CreateNewFile(a); }), Code(IDS_CREATE_FILE_FAILED, ERROR_FILE_EXISTS));
+  EXPECT_EQ(Failure([&] { files.ReadFile(none, 9); }), Code(IDS_OPEN_FILE_FAILED, ERROR_FILE_NOT_FOUND));
+  EXPECT_EQ(Failure([&] { files.FileSize(none); }), Code(IDS_READ_FILE_FAILED, ERROR_FILE_NOT_FOUND));
+  EXPECT_EQ(Failure([&] { files.RemoveFile(none); }), Code(IDS_DELETE_FAILED, ERROR_FILE_NOT_FOUND));
+  EXPECT_EQ(Failure([&] { files.CreateFolders(a); }).first, IDS_CREATE_FOLDER_FAILED);
+  EXPECT_EQ(Failure([&] { files.CreateFolders(scratch.At(L"a\\x")); }).first, IDS_CREATE_FOLDER_FAILED);
+  EXPECT_EQ(Failure([&] { files.CreateFolders(folder); }).first, 0u);
+  EXPECT_EQ(files.ReadFile(b, 2, 1), "bb");
+  EXPECT_EQ(files.Kind(a), PathKind::FILE);
+  EXPECT_EQ(files.Kind(folder), PathKind::FOLDER);
+  EXPECT_EQ(files.Kind(deep), PathKind::NONE);
+}
+
+TEST(Win32FileSystem, file_locked_by_another_is_refused_with_code_32) {
+  test::CScratchFolder scratch;
+  scratch.Write(L"a", "aaa");
+  const auto lock = Lock(scratch.At(L"a"));
+  ASSERT_TRUE(lock);
+  EXPECT_EQ(Failure([&] { scratch.files.Copy(scratch.At(L"a"), scratch.At(L"b")); }),
+            Code(IDS_COPY_FILE_FAILED, ERROR_SHARING_VIOLATION));
+  EXPECT_EQ(Failure([&] { scratch.files.ReadFile(scratch.At(L"a"), 9); }),
+            Code(IDS_OPEN_FILE_FAILED, ERROR_SHARING_VIOLATION));
+}
+
+TEST(Win32FileSystem, save_over_a_locked_file_leaves_it_and_nothing_beside) {
+  test::CScratchFolder scratch;
+  scratch.Write(L"doc", "old");
+  {
+    const auto lock = Lock(scratch.At(L"doc"));
+    EXPECT_EQ(Failure([&] { my::WriteFileSafely(scratch.files, scratch.At(L"doc"), "new"); }).first,
+              IDS_MOVE_FILE_FAILED);
+  }
+  EXPECT_EQ(scratch.files.ReadFile(scratch.At(L"doc"), 9), "old");
+  EXPECT_EQ(scratch.files.Kind(scratch.At(L"_tmp_doc")), PathKind::NONE);
+  my::WriteFileSafely(scratch.files, scratch.At(L"doc"), "new");
+  EXPECT_EQ(scratch.files.ReadFile(scratch.At(L"doc"), 9), "new");
+}
+
+TEST(Win32FileSystem, enumeration_reports_what_a_file_is) {
+  test::CScratchFolder scratch;
+  scratch.Write(L"長い名前の.txt", "12345");
+  scratch.files.CreateFolders(scratch.At(L"sub\\deeper"));
+  std::set<std::wstring> seen;
+  const auto find = scratch.files.Find(scratch.At(L"*.*"));
+  ASSERT_TRUE(find);
+  my::CFindData entry;
+  while (find->Next(entry) == my::IFindFiles::Result::ENTRY) {
+    seen.emplace(entry.name);
+    const bool folder = (entry.attributes & my::kAttributeFolder) != 0;
+    EXPECT_EQ(folder, entry.name != L"長い名前の.txt");
+    if (folder) continue;
+    EXPECT_EQ(entry.size, 5u);
+    EXPECT_GT(entry.lastWriteTime.ticks, 0u);
+  }
+  EXPECT_EQ(seen, (std::set<std::wstring>{L".", L"..", L"sub", L"長い名前の.txt"}));
+  EXPECT_FALSE(scratch.files.Find(scratch.At(L"none\\*.*")));
+}
+
+TEST(Win32MessageTexts, system_and_table_speak_japanese) {
+  const my::CWin32MessageTexts texts;
+  EXPECT_EQ(texts.Text(IDS_PHASE_SKIPPED), L"正常終了 - 更新されていないためスキップされました");
+  const CException failure(IDS_COPY_FILE_FAILED,
+                           {my::CSystemError::FromWin32(ERROR_DISK_FULL), L"C:\\a", L"C:\\b"});
+  const std::wstring text = my::MakeErrorText(texts, failure);
+  EXPECT_NE(text.find(L"ファイルのコピーに失敗しました - "), text.npos);
+  EXPECT_NE(text.find(L" (0x80070070)\n\nC:\\a\n->\nC:\\b"), text.npos) << "code and paths are shown";
+  EXPECT_FALSE(texts.SystemText(my::CSystemError::FromWin32(ERROR_DISK_FULL).hresult).empty());
+}
+
+}  // namespace
