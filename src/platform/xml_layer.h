@@ -16,7 +16,7 @@ namespace my {
 class IFileSystem;
 
 // The largest file that is loaded, in bytes: far above what a user's document comes to.
-inline constexpr uint64_t kLargestXmlFile = 32u << 20;
+inline constexpr uint64_t kLargestXmlFile = 16u << 20;
 
 // An element that is read, and its place in the document for messages.
 class CXmlElement {

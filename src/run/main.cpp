@@ -10,6 +10,7 @@
 #include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_console.h"
 #include "platform/win32/win32_file_system.h"
+#include "platform/win32/win32_known_folders.h"
 #include "platform/win32/win32_message_texts.h"
 #include "platform/win32/win32_process.h"
 #include "platform/win32/win32_threads.h"
@@ -32,5 +33,6 @@ int wmain(int argc, wchar_t** argv) {
   my::CWin32MessageTexts texts;
   my::CWin32Process process;
   my::CWin32Threads threads;
-  return qlm::RunDocument({{files, clock, ansi, texts, process}, dom, threads, console}, parsed.options);
+  const my::CWin32KnownFolders folders;
+  return qlm::RunDocument({{files, clock, ansi, texts, process}, dom, threads, console, folders}, parsed.options);
 }

@@ -16,6 +16,8 @@ constexpr char kVersionText[] = "QuillmoorRun 1.0.0";
 struct CRawOptions {
   std::string document;
   std::vector<std::string> tasks;
+  std::string archiver;
+  std::string settings;
 };
 
 void Describe(CLI::App& app, COptions& options, CRawOptions& raw) {
@@ -31,6 +33,9 @@ void Describe(CLI::App& app, COptions& options, CRawOptions& raw) {
   app.add_flag("--test", options.listOnly, "一覧と転送先パスの計算だけを行い、何も作成しません");
   app.add_flag("--json", options.json, "結果を 1 行 1 個の JSON オブジェクトで出力します (UTF-8)");
   app.add_flag("--quiet", options.quiet, "エラーになった結果だけを表示します");
+  app.add_option("--7z", raw.archiver, "7z.exe のパス（省略時は設定ファイルの値）")->option_text("PATH");
+  app.add_option("--settings", raw.settings, "使用する設定ファイル（省略時はユーザーの設定）")->option_text("FILE");
+  app.add_flag("--password-stdin", options.passwordStdin, "zip パスワードを標準入力の 1 行目から読み込みます");
   app.failure_message([](const CLI::App*, const CLI::Error& error) {
     return std::string("コマンドラインの指定が正しくありません - ") + error.what() +
            "\n使い方は QuillmoorRun --help で表示されます\n";
@@ -70,6 +75,8 @@ CParsedOptions ParseOptions(const std::vector<std::wstring>& arguments) {
     return parsed;
   }
   parsed.options.documentPath = my::WideFromUtf8(raw.document);
+  parsed.options.archiverPath = my::WideFromUtf8(raw.archiver);
+  parsed.options.settingsPath = my::WideFromUtf8(raw.settings);
   for (const std::string& id : raw.tasks) parsed.options.taskIds.push_back(my::WideFromUtf8(id));
   return parsed;
 }

@@ -12,6 +12,9 @@ struct COptions {
   bool listOnly = false;
   bool json = false;
   bool quiet = false;
+  std::wstring archiverPath;   // empty: from the settings
+  std::wstring settingsPath;   // empty: the current user's file
+  bool passwordStdin = false;  // the zip password is the first line of standard input
 };
 
 // A command line that was read: either options, or a text to print and the exit code to end with.

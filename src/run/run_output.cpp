@@ -38,11 +38,11 @@ class CTextOutput : public IRunOutput {
     m_console.Write(kOutput, line + L"\n");
   }
 
-  void Progress(const std::wstring& statusText) override {
+  void Progress(const CRunStatus& status) override {
     if (!m_showProgress) return;
     ClearProgress();
-    m_console.Write(kOutput, statusText);
-    m_progressLength = statusText.size();
+    m_console.Write(kOutput, status.text);
+    m_progressLength = status.text.size();
   }
 
   void End(const CRunSummary& summary) override {
@@ -101,7 +101,17 @@ class CJsonOutput : public IRunOutput {
            {"excluded", counts.excluded}});
   }
 
-  void Progress(const std::wstring&) override {}
+  void Progress(const CRunStatus& status) override {
+    constexpr uint64_t kIntervalMs = 100;  // at most ten a second
+    if (m_quiet || (m_anyProgress && status.elapsedMs < m_lastProgressMs + kIntervalMs)) return;
+    m_anyProgress = true;
+    m_lastProgressMs = status.elapsedMs;
+    Print({{"event", "progress"},
+           {"done", status.done},
+           {"total", status.total},
+           {"elapsed_ms", status.elapsedMs},
+           {"state", status.state}});
+  }
 
   void End(const CRunSummary& summary) override {
     Print({{"event", "end"}, {"state", summary.state}, {"rows", summary.rows}, {"errors", summary.errors}});
@@ -119,6 +129,8 @@ class CJsonOutput : public IRunOutput {
   my::IConsole& m_console;
   const my::IMessageTexts& m_texts;
   bool m_quiet;
+  bool m_anyProgress = false;
+  uint64_t m_lastProgressMs = 0;
 };
 
 }  // namespace

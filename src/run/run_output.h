@@ -14,6 +14,14 @@ class IMessageTexts;
 
 namespace qlm {
 
+struct CRunStatus {
+  std::wstring text;
+  uint32_t state = 0;  // IDS_STATE_...
+  size_t done = 0;     // rows
+  size_t total = 0;    // rows
+  uint64_t elapsedMs = 0;
+};
+
 struct CRunSummary {
   uint32_t state = 0;  // IDS_STATE_STOPPED or IDS_STATE_ENDED
   size_t rows = 0;
@@ -24,7 +32,7 @@ class IRunOutput {
  public:
   virtual ~IRunOutput() = default;
   virtual void Row(const CResult& row) = 0;
-  virtual void Progress(const std::wstring& statusText) = 0;
+  virtual void Progress(const CRunStatus& status) = 0;
   virtual void End(const CRunSummary& summary) = 0;
 };
 

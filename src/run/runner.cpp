@@ -10,6 +10,7 @@
 #include "platform/console.h"
 #include "platform/message_texts.h"
 #include "resource.h"
+#include "run/archive_choice.h"
 #include "run/exit_codes.h"
 #include "run/run_output.h"
 #include "support/paths.h"
@@ -50,10 +51,12 @@ class CRunSession : private IRunObserver {
                               : MakeTextOutput(ports.console, ports.engine.texts, options.listOnly, options.quiet)),
         m_controller(ports.threads, ports.engine.clock, ports.engine.texts, *this) {}
 
-  int Run(const std::vector<CTaskPtr>& tasks) {
+  int Run(const std::vector<CTaskPtr>& tasks, const CArchiveChoice& archive) {
     for (const CTaskPtr& task : tasks) {
       auto job = boost::make_shared<CBackupTask>(m_ports.engine);
       job->SetTask(*task);
+      job->SetArchiverPath(archive.archiverPath);
+      job->SetPassword(archive.password);
       m_controller.Add(job);
     }
     m_controller.Start(m_options.listOnly, false);
@@ -75,7 +78,10 @@ class CRunSession : private IRunObserver {
     }
   }
 
-  void OnStatus() override { m_output->Progress(m_controller.StatusText()); }
+  void OnStatus() override {
+    m_output->Progress({m_controller.StatusText(), m_controller.State(), m_controller.Progress().position,
+                        m_controller.Total(), m_controller.ElapsedMs()});
+  }
   void OnStateChanged() override {}
   void OnPowerOff() override {}
 
@@ -111,7 +117,8 @@ int RunDocument(const CRunnerPorts& ports, const COptions& options) {
   int exitCode = kExitUnusable;
   const my::CSimpleErr error = my::TrapError(ports.engine.texts, [&] {
     const CDocument document = LoadDocument(ports.engine.files, ports.dom, options.documentPath);
-    exitCode = CRunSession(ports, options).Run(SelectTasks(document, options));
+    const std::vector<CTaskPtr> tasks = SelectTasks(document, options);
+    exitCode = CRunSession(ports, options).Run(tasks, ChooseArchive(ports, options, tasks));
   });
   if (error) ports.console.Write(my::IConsole::Stream::ERRORS, error.message + L"\n");
   return exitCode;

@@ -5,6 +5,7 @@
 
 namespace my {
 class IConsole;
+class IKnownFolders;
 class IThreads;
 class IXmlDom;
 }  // namespace my
@@ -16,6 +17,7 @@ struct CRunnerPorts {
   my::IXmlDom& dom;
   my::IThreads& threads;
   my::IConsole& console;
+  const my::IKnownFolders& folders;
 };
 
 // Runs a document as the options ask and answers the exit code (exit_codes.h). What keeps the run from

@@ -1,0 +1,64 @@
+#include "run/archive_choice.h"
+
+#include <algorithm>
+
+#include "engine/archive_writer.h"
+#include "platform/clock.h"
+#include "platform/console.h"
+#include "platform/file_system.h"
+#include "resource.h"
+#include "settings/settings.h"
+#include "settings/settings_file.h"
+
+namespace qlm {
+namespace {
+
+template <class Test>
+bool AnyDst(const std::vector<CTaskPtr>& tasks, Test test) {
+  return std::any_of(tasks.begin(), tasks.end(), [test](const CTaskPtr& task) {
+    return std::any_of(task->dsts.begin(), task->dsts.end(),
+                       [test](const CDstPtr& dst) { return test(dst->type); });
+  });
+}
+
+// The archive settings of the file. Without a file at the user's own place there are the defaults; a file that
+// was named must be there.
+CArchiveSetting ReadArchiveSetting(const CRunnerPorts& ports, const COptions& options) {
+  CSettings settings(ports.engine.clock.TickCount());
+  const bool named = !options.settingsPath.empty();
+  const std::wstring path = named ? options.settingsPath : SettingsPath(ports.folders, ports.engine.texts);
+  if (named || ports.engine.files.Kind(path) != my::PathKind::NONE) {
+    LoadSettings(ports.engine.files, ports.dom, path, settings);
+  }
+  return settings.archive;
+}
+
+std::wstring ReadPassword(const CRunnerPorts& ports, const COptions& options, const CArchiveSetting& setting) {
+  std::wstring password;
+  if (options.passwordStdin) {
+    password = ports.console.ReadLine().value_or(std::wstring());
+  } else if (setting.passwordType == PasswordType::SAVE) {
+    password = setting.password;
+  }
+  if (password.empty()) throw my::CException(IDS_PASSWORD_NEEDED);
+  return password;
+}
+
+}  // namespace
+
+CArchiveChoice ChooseArchive(const CRunnerPorts& ports, const COptions& options,
+                             const std::vector<CTaskPtr>& tasks) {
+  CArchiveChoice choice;
+  if (options.listOnly || !AnyDst(tasks, IsZip)) return choice;
+  const bool needsPassword = AnyDst(tasks, NeedsPassword);
+  CArchiveSetting setting;
+  if (options.archiverPath.empty() || (needsPassword && !options.passwordStdin)) {
+    setting = ReadArchiveSetting(ports, options);
+  }
+  choice.archiverPath = options.archiverPath.empty() ? setting.sevenZipPath : options.archiverPath;
+  if (choice.archiverPath.empty()) choice.archiverPath = FindArchiver(ports.engine.files, ports.folders);
+  if (needsPassword) choice.password = ReadPassword(ports, options, setting);
+  return choice;
+}
+
+}  // namespace qlm
