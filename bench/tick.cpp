@@ -1,6 +1,7 @@
 #include <algorithm>
+#include <condition_variable>
 #include <cstdio>
-#include <semaphore>
+#include <mutex>
 #include <stdexcept>
 
 #include "bench.h"
@@ -22,6 +23,31 @@ class CIdleObserver : public qlm::IRunObserver {
   void OnPowerOff() override {}
 };
 
+// Lets one thread through each time that the other opens it. Not std::binary_semaphore: that of GCC 12 can
+// miss its wake-up.
+class CGate {
+ public:
+  void Open() {
+    const std::lock_guard lock(m_lock);
+    m_open = true;
+    m_opened.notify_one();
+  }
+
+  void Pass() {
+    std::unique_lock lock(m_lock);
+    // Without a limit a job that fails would be waited for without end.
+    if (!m_opened.wait_for(lock, std::chrono::minutes(1), [this] { return m_open; })) {
+      throw std::runtime_error("the run does not go on");
+    }
+    m_open = false;
+  }
+
+ private:
+  std::mutex m_lock;
+  std::condition_variable m_opened;
+  bool m_open = false;
+};
+
 // A run that is held before each of its last rows, so that every tick finds one job changed.
 class CHeldRun {
  public:
@@ -29,8 +55,8 @@ class CHeldRun {
       : m_files(0, 1), m_backups(m_threads, m_ports.clock, m_ports.texts, m_observer) {
     m_files.onKind = [this, first = jobs * rowsInEach - held] {
       if (m_asked++ < first) return;
-      m_reached.release();
-      m_goOn.acquire();
+      m_reached.Open();
+      m_goOn.Pass();
     };
     for (size_t i = 0; i < jobs; ++i) {
       m_backups.Add(MakeJob(m_ports.With(m_files), std::to_wstring(i), std::wstring(m_files.kSource),
@@ -42,10 +68,10 @@ class CHeldRun {
   CTimes TimeTicks(size_t held) {
     CTimes times;
     for (size_t i = 0; i < held; ++i) {
-      m_reached.acquire();
+      m_reached.Pass();
       const double time = TimeMs([this] { m_backups.Tick(); });
       if (i > 0) times.push_back(time);  // the first one has all the rows before it to show
-      m_goOn.release();
+      m_goOn.Open();
     }
     return times;
   }
@@ -65,8 +91,8 @@ class CHeldRun {
   my::CWin32Threads m_threads;
   CIdleObserver m_observer;
   size_t m_asked = 0;
-  std::counting_semaphore<> m_reached{0};
-  std::counting_semaphore<> m_goOn{0};
+  CGate m_reached;
+  CGate m_goOn;
   qlm::CBackupThread m_backups;
 };
 

@@ -11,7 +11,11 @@ CAutoDeleteFile::CAutoDeleteFile(my::IFileSystem& files, std::wstring path, Kind
 
 CAutoDeleteFile::~CAutoDeleteFile() {
   m_onFailure = OnFailure::KEEP_ERROR;
-  Delete();
+  try {
+    Delete();
+  } catch (...) {
+    m_failed = true;  // there is nobody left to tell
+  }
 }
 
 void CAutoDeleteFile::Delete() {

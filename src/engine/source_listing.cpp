@@ -21,11 +21,15 @@ class CListing {
   void ListFolder() {
     const std::wstring pattern = my::JoinPath(my::JoinPath(m_source, m_path), L"*.*");
     const auto find = pattern.size() < kPatternLimit ? m_files.Find(pattern) : nullptr;
-    if (!find) return NoteUnlisted();
+    if (!find) {
+      // A source that cannot be read at all shows by itself: nothing is found in it.
+      if (!m_path.empty()) m_targets.AddUnlisted(m_path);
+      return;
+    }
     for (;;) {
       my::CFindData entry;
       const auto result = find->Next(entry);
-      if (result == my::IFindFiles::Result::FAILED) return NoteUnlisted();
+      if (result == my::IFindFiles::Result::FAILED) return m_targets.AddUnlisted(m_path);
       if (result == my::IFindFiles::Result::END) return;
       my::CheckStop(m_stop);
       AddEntry(entry);
@@ -43,11 +47,6 @@ class CListing {
     const CTarget& target = m_targets.Add(m_path, entry, item);
     if (folder && !target.IsExcluded()) ListFolder();
     m_path.resize(parentLength);
-  }
-
-  // A source that cannot be read at all shows by itself: nothing is found in it.
-  void NoteUnlisted() {
-    if (!m_path.empty()) m_targets.AddUnlisted(m_path);
   }
 
   my::IFileSystem& m_files;

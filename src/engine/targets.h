@@ -67,7 +67,7 @@ class CTargets {
   // Keeps a copy of the path.
   const CTarget& Add(std::wstring_view relativePath, const my::CFindData& found, const CFilterItem* item);
 
-  // The folders below the source that could not be listed, or not to their end.
+  // The folders that could not be listed, or not to their end: relative to the source, which itself is "".
   const std::vector<std::wstring>& Unlisted() const { return m_unlisted; }
   void AddUnlisted(std::wstring_view relativeFolder) { m_unlisted.emplace_back(relativeFolder); }
 

@@ -1,0 +1,136 @@
+#include "engine/archive_writer.h"
+
+#include <gtest/gtest.h>
+
+#include "engine/auto_delete_file.h"
+#include "engine/targets.h"
+#include "engine/zip_end_record.h"
+#include "resource.h"
+#include "support/fake_ports.h"
+#include "support/memory_file_system.h"
+
+namespace {
+
+using qlm::DstType;
+
+std::string EndRecord(unsigned entries) {
+  std::string record = "PK\5\6" + std::string(18, '\0');
+  record[10] = static_cast<char>(entries & 0xFF);
+  record[11] = static_cast<char>(entries >> 8);
+  return record;
+}
+
+class ArchiveWriter : public testing::Test {
+ protected:
+  ArchiveWriter() {
+    files.AddFolder(L"C:\\temp");
+    files.SetTemporaryFolder(L"C:\\temp\\");
+    my::CFindData file{L"", {1}, 1, 0};
+    my::CFindData folder{L"", {1}, 0, my::kAttributeFolder};
+    targets.Add(L"a b.txt", file, nullptr);
+    targets.Add(L"sub\\", folder, nullptr);
+    targets.Add(L"sub\\𠮷.txt", file, nullptr);
+    process.OnRun([this](const my::CProcessStart&) {
+      list = files.Files().at(expectedList);
+      if (!archive.empty()) files.AddFile(L"D:\\d x\\_tmp_a.zip", archive, {1});
+      return exitCode;
+    });
+  }
+
+  // The id of the message that archiving throws, 0 for none.
+  uint32_t Write(DstType type = DstType::ZIP) {
+    try {
+      qlm::WriteArchive({files, process, nullptr}, {L"C:\\7 z.exe", L"p w", L"C:\\src", targets, L"D:\\d x\\_tmp_a.zip", type});
+    } catch (const my::CException& failure) {
+      return failure.Id();
+    }
+    return 0;
+  }
+
+  test::CMemoryFileSystem files;
+  test::CFakeProcess process;
+  qlm::CTargets targets;
+  std::wstring expectedList = L"C:\\temp\\qlm0.txt";
+  std::string list;
+  std::string archive = EndRecord(2);
+  uint32_t exitCode = 0;
+};
+
+TEST_F(ArchiveWriter, command_line_is_passed_unquoted_and_the_list_is_plain_utf8) {
+  EXPECT_EQ(Write(), 0u);
+  const my::CProcessStart& start = process.Starts().back();
+  EXPECT_EQ(start.program, L"C:\\7 z.exe");
+  EXPECT_EQ(start.arguments, L"a -ssw D:\\d x\\_tmp_a.zip @C:\\temp\\qlm0.txt");
+  EXPECT_EQ(start.workingFolder, L"C:\\src");
+  EXPECT_TRUE(start.wait);
+  EXPECT_FALSE(start.console);
+  EXPECT_EQ(list, "a b.txt\nsub\\\xF0\xA0\xAE\xB7.txt\n");
+  EXPECT_FALSE(files.Files().contains(expectedList)) << "the list is deleted";
+
+  EXPECT_EQ(qlm::ArchiverOptions(DstType::PASSWORD_ZIP, L"p w"), L"a -ssw -pp w");
+  EXPECT_EQ(qlm::ArchiverOptions(DstType::AES_256_ZIP, L"p"), L"a -mem=AES256 -ssw -pp");
+  EXPECT_THROW(qlm::ArchiverOptions(DstType::FOLDER, L""), my::CException);
+}
+
+TEST_F(ArchiveWriter, list_of_another_run_is_left_alone) {
+  files.AddFile(L"C:\\temp\\qlm0.txt", "other", {1});
+  expectedList = L"C:\\temp\\qlm1.txt";
+  EXPECT_EQ(Write(), 0u);
+  EXPECT_EQ(files.Files().at(L"C:\\temp\\qlm0.txt"), "other");
+  // Taken by somebody else between the look and the creation.
+  files.FailAt(test::Op::CREATE_FILE, 1, my::kErrorFileExists);
+  EXPECT_EQ(Write(), 0u);
+}
+
+TEST_F(ArchiveWriter, archiver_is_not_believed) {
+  exitCode = 1;  // warnings: a file was left out
+  EXPECT_EQ(Write(), IDS_PROCESS_EXIT_CODE);
+  exitCode = 0;
+  for (const std::string& made : {std::string(), std::string("PK"), EndRecord(1), EndRecord(3), EndRecord(2) + "x"}) {
+    archive = made;
+    if (files.Kind(L"D:\\d x\\_tmp_a.zip") != my::PathKind::NONE) files.Remove(L"D:\\d x\\_tmp_a.zip");
+    EXPECT_EQ(Write(), IDS_ARCHIVE_INCOMPLETE) << made;
+  }
+  EXPECT_FALSE(files.Files().contains(expectedList));
+}
+
+TEST_F(ArchiveWriter, end_record_of_zip64_is_followed) {
+  std::string record(56, '\0');
+  record.replace(0, 4, "PK\6\6");
+  record.replace(32, 3, std::string("\x70\x11\1", 3));  // 70,000 entries
+  std::string locator = "PK\6\7" + std::string(16, '\0');
+  locator[8] = 5;  // behind the five bytes of content
+  files.AddFile(L"C:\\z.zip", "12345" + record + locator + EndRecord(0xFFFF), {1});
+  EXPECT_EQ(qlm::CountZipEntries(files, L"C:\\z.zip"), 70'000u);
+  files.AddFile(L"C:\\y.zip", locator + EndRecord(0xFFFF), {1});
+  EXPECT_EQ(qlm::CountZipEntries(files, L"C:\\y.zip"), std::nullopt);
+}
+
+TEST_F(ArchiveWriter, archiver_is_found_where_it_is_installed) {
+  test::CFakeFolders folders;
+  EXPECT_EQ(qlm::FindArchiver(files, folders), L"");
+  folders.programs = L"E:\\Program Files (x86)";
+  files.AddFile(L"E:\\Program Files (x86)\\7-Zip\\7z.exe", "", {1});
+  EXPECT_EQ(qlm::FindArchiver(files, folders), L"E:\\Program Files (x86)\\7-Zip\\7z.exe");
+  files.AddFile(L"E:\\Program Files\\7-Zip\\7z.exe", "", {1});
+  EXPECT_EQ(qlm::FindArchiver(files, folders), L"E:\\Program Files\\7-Zip\\7z.exe");
+}
+
+TEST_F(ArchiveWriter, owner_of_a_path_deletes_it_once) {
+  files.AddFile(L"C:\\temp\\x", "", {1});
+  {
+    qlm::CAutoDeleteFile file(files, L"C:\\temp\\x", qlm::CAutoDeleteFile::Kind::FILE,
+                              qlm::CAutoDeleteFile::OnFailure::THROW);
+    file.Delete();
+    files.AddFile(L"C:\\temp\\x", "new", {1});
+  }
+  EXPECT_TRUE(files.Files().contains(L"C:\\temp\\x")) << "its path was empty after the first time";
+  qlm::CAutoDeleteFile missing(files, L"C:\\temp\\y", qlm::CAutoDeleteFile::Kind::FILE,
+                               qlm::CAutoDeleteFile::OnFailure::THROW);
+  EXPECT_THROW(missing.Delete(), my::CCtrlException);
+  qlm::CAutoDeleteFile quiet(files, L"C:\\temp\\y");
+  quiet.Delete();
+  EXPECT_TRUE(quiet.Failed());
+}
+
+}  // namespace

@@ -1,0 +1,298 @@
+#include "engine/backup_task.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/message_texts.h"
+#include "resource.h"
+#include "support/fake_ports.h"
+#include "support/memory_file_system.h"
+
+namespace {
+
+using qlm::CBackupTask;
+using qlm::CDst;
+using qlm::DstType;
+using test::CMemoryFileSystem;
+using test::Op;
+
+// 2016-03-05 07:04:09 UTC
+constexpr my::CFileTime kNewest{131'016'350'490'000'000};
+constexpr my::CFileTime kOlder{kNewest.ticks - 1};
+
+// A source with nested folders, and what of it is to be found in a complete copy.
+const std::map<std::wstring, std::string> kSource = {
+    {L"a.txt", "first"}, {L"sub\\b.txt", "second"}, {L"sub\\deep\\c.txt", "third"}, {L"z.txt", "fourth"}};
+
+class CStopAfter : public my::IStopQuery {
+ public:
+  explicit CStopAfter(int questions) : m_left(questions) {}
+  bool IsStopRequested() const override { return m_left-- <= 0; }
+
+ private:
+  mutable int m_left;
+};
+
+class BackupTask : public testing::Test {
+ protected:
+  BackupTask() { AddSource(); }
+
+  void AddSource() {
+    for (const auto& [path, content] : kSource) files.AddFile(L"C:\\src\\" + path, content, kOlder);
+    files.AddFile(L"C:\\src\\sub\\b.txt", "second", kNewest);
+  }
+
+  void AddDst(const std::wstring& pattern, DstType type = DstType::FOLDER) {
+    task.dsts.push_back(boost::make_shared<CDst>(CDst{L" D:\\dst\\ ", type, pattern}));
+  }
+
+  qlm::CResults Run(const my::IStopQuery* stop = nullptr, bool listOnly = false) {
+    const auto job = boost::make_shared<CBackupTask>(qlm::CEnginePorts{files, clock, ansi, texts, process});
+    job->SetTask(task);
+    job->SetArchiverPath(L"C:\\7z.exe");
+    job->SetPassword(L"pw");
+    job->SetStopQuery(stop);
+    job->SetListOnly(listOnly);
+    job->Run();
+    return job->Results();
+  }
+
+  // "phase/error" of every row.
+  std::string Outcome(const qlm::CResults& rows) {
+    std::string outcome;
+    for (const auto& row : rows) {
+      outcome += std::to_string(row->message) + "/" + std::to_string(row->error.code) + " ";
+    }
+    return outcome;
+  }
+
+  // The files below a folder of the memory disk, by their relative path.
+  std::map<std::wstring, std::string> Below(const std::wstring& folder) {
+    std::map<std::wstring, std::string> found;
+    for (const auto& [path, content] : files.Files()) {
+      if (path.starts_with(folder + L"\\")) found[path.substr(folder.size() + 1)] = content;
+    }
+    return found;
+  }
+
+  CMemoryFileSystem files;
+  test::CFakeClock clock;
+  test::CIconvAnsiCodec ansi;
+  test::CRcTexts texts;
+  test::CFakeProcess process;
+  qlm::CTask task{L"書類", L"C:\\src", L"", {}};
+};
+
+TEST_F(BackupTask, second_run_of_an_unchanged_source_skips) {
+  AddDst(L" <ID>_<Y>_<s>\\ ");
+  AddDst(L"other");
+  const auto rows = Run();
+  EXPECT_EQ(Outcome(rows), "439/0 439/0 ");
+  EXPECT_EQ(rows[0]->destinationPath, L"D:\\dst\\書類_2016_09");
+  EXPECT_EQ(rows[0]->newestWriteTime, kNewest);
+  EXPECT_EQ(rows[0]->targets, rows[1]->targets) << "rows share one list";
+  EXPECT_EQ(rows[1]->task->dsts.size(), 1u);
+  EXPECT_EQ(Below(rows[0]->destinationPath), kSource);
+  EXPECT_EQ(Outcome(Run()), "440/0 440/0 ");
+  files.AddFile(L"C:\\src\\z.txt", "changed", {kNewest.ticks + 10'000'000});
+  EXPECT_EQ(Outcome(Run()), "439/0 440/0 ") << "a newer file makes a new name where the pattern shows it";
+}
+
+TEST_F(BackupTask, source_without_a_counted_file_fails_before_any_destination) {
+  AddDst(L"x");
+  task.path = L"C:\\none";
+  EXPECT_EQ(Outcome(Run()), "435/465 ");
+  task.path = L"C:\\src";
+  task.filterPath = L"C:\\all.flt";
+  files.AddFile(task.filterPath, "- [a-z]\\.txt$\n", kOlder);
+  EXPECT_EQ(Outcome(Run()), "435/465 ");
+  EXPECT_EQ(files.Kind(L"D:\\dst"), my::PathKind::NONE);
+}
+
+TEST_F(BackupTask, name_taken_by_the_other_kind_fails_its_row_and_ends_the_job) {
+  AddDst(L"free");
+  AddDst(L"taken");
+  AddDst(L"later");
+  files.AddFile(L"D:\\dst\\taken", "mine", kOlder);
+  EXPECT_EQ(Outcome(Run()), "439/0 436/462 ");
+  EXPECT_EQ(files.Kind(L"D:\\dst\\later"), my::PathKind::NONE);
+  task.dsts.clear();
+  AddDst(L"free", DstType::ZIP);
+  EXPECT_EQ(Outcome(Run()), "436/463 ");
+  task.dsts.clear();
+  AddDst(L" \\ ");
+  EXPECT_EQ(Outcome(Run()), "436/58614 ") << "the destination folder itself is no backup";
+}
+
+TEST_F(BackupTask, leftover_of_a_killed_run_is_neither_reused_nor_removed) {
+  AddDst(L"v1.2");
+  files.AddFile(L"D:\\dst\\_tmp_v1.2\\a.txt", "half", kOlder);
+  EXPECT_EQ(Outcome(Run()), "439/0 ");
+  EXPECT_EQ(Below(L"D:\\dst\\v1.2"), kSource);
+  EXPECT_EQ(Below(L"D:\\dst\\_tmp_v1.2").size(), 1u);
+}
+
+TEST_F(BackupTask, list_only_creates_nothing) {
+  AddDst(L"x");
+  AddDst(L"y");
+  const auto rows = Run(nullptr, true);
+  EXPECT_EQ(Outcome(rows), "436/0 ");
+  EXPECT_EQ(rows[0]->destinationPath, L"D:\\dst\\x");
+  EXPECT_EQ(rows[0]->targets->size(), 6u);
+  EXPECT_EQ(files.Kind(L"D:\\dst"), my::PathKind::NONE);
+}
+
+TEST_F(BackupTask, filter_decides_what_is_listed_counted_and_copied) {
+  AddDst(L"x");
+  task.filterPath = L"C:\\f.flt";
+  files.AddFile(task.filterPath, "# old\n+ ^sub/deep/$\n- ^sub/deep/\n- ^z\n", kOlder);
+  files.AddFolder(L"C:\\src\\zfolder");
+  files.AddFile(L"C:\\src\\zfolder\\in", "x", kNewest);
+  const auto rows = Run();
+  std::wstring listed;
+  for (const auto& target : *rows[0]->targets) listed += std::wstring(target.RelativePath()) + L" ";
+  EXPECT_EQ(listed, L"a.txt sub\\ sub\\b.txt sub\\deep\\ sub\\deep\\c.txt z.txt zfolder\\ ");
+  EXPECT_EQ(Below(L"D:\\dst\\x"), (std::map<std::wstring, std::string>{{L"a.txt", "first"}, {L"sub\\b.txt", "second"}}));
+}
+
+TEST_F(BackupTask, bad_filters_stop_the_job_and_name_the_line) {
+  AddDst(L"x");
+  task.filterPath = L"C:\\f.flt";
+  EXPECT_EQ(Outcome(Run()), "435/58767 ");
+  files.AddFile(task.filterPath, "+ ok\n? no\n", kOlder);
+  const auto rows = Run();
+  EXPECT_EQ(Outcome(rows), "435/460 ");
+  EXPECT_NE(qlm::ResultText(texts, *rows[0]).find(L"C:\\f.flt (2)"), std::wstring::npos);
+  files.AddFile(task.filterPath, "- ^(a+)+[b]\n", kOlder);
+  files.AddFile(L"C:\\src\\" + std::wstring(180, L'a'), "", kOlder);
+  EXPECT_EQ(Outcome(Run()), "435/58555 ") << "an expression that runs away";
+}
+
+TEST_F(BackupTask, folder_beyond_the_pattern_limit_is_left_out_and_noted) {
+  AddDst(L"x");
+  // "C:\src\" + 247 + "\*.*" are 258 characters; one level more is beyond 260.
+  const std::wstring longName(247, L'n');
+  files.AddFile(L"C:\\src\\" + longName + L"\\in", "", kOlder);
+  files.AddFile(L"C:\\src\\" + longName + L"\\m\\beyond", "", kOlder);
+  const auto rows = Run(nullptr, true);
+  EXPECT_EQ(rows[0]->targets->size(), 6u + 3u);
+  EXPECT_EQ(rows[0]->targets->Unlisted(), std::vector<std::wstring>{longName + L"\\m\\"});
+}
+
+TEST_F(BackupTask, stop_ends_the_job_at_its_next_check) {
+  AddDst(L"x");
+  // Nine checks while listing ("." and ".." of three folders are entries, too), then one before each target.
+  for (int checks = 0; checks < 18; ++checks) {
+    const CStopAfter stop(checks);
+    const auto rows = Run(&stop);
+    EXPECT_EQ(rows[0]->error.code, uint32_t{IDS_STOPPED}) << checks;
+    EXPECT_EQ(rows[0]->message, uint32_t(checks < 12 ? IDS_PHASE_LISTING : IDS_PHASE_COPYING)) << checks;
+    EXPECT_EQ(files.Kind(L"D:\\dst\\x"), my::PathKind::NONE);
+  }
+  const CStopAfter never(18);
+  EXPECT_EQ(Outcome(Run(&never)), "439/0 ");
+}
+
+TEST_F(BackupTask, consecutive_files_of_a_folder_make_it_once) {
+  AddDst(L"x");
+  Run();
+  std::vector<std::wstring> made;
+  for (const auto& line : files.Log()) {
+    if (line.starts_with(L"create folders")) made.push_back(line.substr(line.rfind(L'\\') + 1));
+  }
+  EXPECT_EQ(made, (std::vector<std::wstring>{L"_tmp_x", L"_tmp_x", L"sub", L"deep", L"_tmp_x"}));
+}
+
+constexpr Op kAllOps[] = {Op::FIND, Op::NEXT, Op::KIND, Op::SIZE, Op::CREATE_FOLDERS, Op::COPY, Op::MOVE,
+                          Op::REMOVE, Op::CREATE_FILE, Op::WRITE, Op::CLOSE, Op::READ, Op::TEMP_FOLDER};
+
+// What each row's destination must hold if it bears its final name: the counted files that were listed.
+class BackupTaskFaults : public BackupTask {
+ protected:
+  BackupTaskFaults() {
+    AddDst(L"one");
+    AddDst(L"two.zip", DstType::ZIP);
+    AddDst(L"three");
+    process.OnRun([this](const my::CProcessStart& start) { return Archive(start); });
+  }
+
+  // An archiver that copies the list's lines as the entries of an archive that has only an end record.
+  uint32_t Archive(const my::CProcessStart& start) {
+    const size_t at = start.arguments.rfind(L" @");
+    const size_t path = start.arguments.find(L"D:");
+    const std::string list = files.Files().at(start.arguments.substr(at + 2));
+    const auto entries = static_cast<char>(std::count(list.begin(), list.end(), '\n'));
+    std::string record = "PK\5\6" + std::string(18, '\0');
+    record[8] = record[10] = entries;
+    files.AddFile(start.arguments.substr(path, at - path), list + record, kNewest);
+    return 0;
+  }
+
+  void ExpectFinalNamesComplete(const std::string& where) {
+    for (const wchar_t* name : {L"D:\\dst\\one", L"D:\\dst\\three"}) {
+      if (files.Kind(name) != my::PathKind::NONE) EXPECT_EQ(Below(name), kSource) << where;
+    }
+    const auto all = files.Files();
+    const auto zip = all.find(L"D:\\dst\\two.zip");
+    if (zip == all.end()) return;
+    EXPECT_EQ(zip->second.substr(0, 40), "a.txt\nsub\\b.txt\nsub\\deep\\c.txt\nz.txt\nPK\5") << where;
+  }
+};
+
+TEST_F(BackupTaskFaults, every_failing_operation_stands_on_its_row_and_leaves_no_false_backup) {
+  for (const Op op : kAllOps) {
+    for (int n = 1;; ++n) {
+      const std::string where = "operation " + std::to_string(static_cast<int>(op)) + ", the " + std::to_string(n) + ".";
+      files = {};
+      AddSource();
+      files.FailAt(op, n, my::kErrorDiskFull);
+      const auto rows = Run();
+      const bool failed = files.Failed();
+      files.ClearFaults();
+      // A folder that cannot be enumerated is left out by design: then less is listed, and noted.
+      const bool partial = !rows[0]->targets->Unlisted().empty();
+      if (!partial) ExpectFinalNamesComplete(where);
+      for (size_t i = 0; i + 1 < rows.size(); ++i) EXPECT_EQ(rows[i]->error.code, 0u) << where;
+      if (rows.back()->error) {
+        EXPECT_EQ(files.Kind(rows.back()->destinationPath), my::PathKind::NONE) << where;
+        for (size_t i = rows.size(); i < task.dsts.size(); ++i) {
+          EXPECT_EQ(files.Kind(L"D:\\dst\\" + task.dsts[i]->pattern), my::PathKind::NONE) << where;
+        }
+      } else {
+        EXPECT_EQ(rows.size(), 3u) << where;
+      }
+      if (!failed) break;
+      ASSERT_LT(n, 200) << where;
+    }
+  }
+}
+
+TEST_F(BackupTaskFaults, crash_at_any_point_leaves_no_false_backup_and_the_next_run_succeeds) {
+  for (int n = 1;; ++n) {
+    files = {};
+    AddSource();
+    files.CrashAt(n);
+    bool crashed = false;
+    try {
+      Run();
+    } catch (const test::CCrash&) {
+      crashed = true;
+    }
+    files.ClearFaults();
+    const std::string where = "crash at " + std::to_string(n);
+    ExpectFinalNamesComplete(where);
+    const auto rows = Run();
+    EXPECT_EQ(rows.size(), 3u) << where;
+    for (const auto& row : rows) EXPECT_EQ(row->error.code, 0u) << where;
+    ExpectFinalNamesComplete(where);
+    if (!crashed) break;
+    ASSERT_LT(n, 200);
+  }
+}
+
+TEST_F(BackupTaskFaults, copy_that_ended_early_without_an_error_is_noticed) {
+  files.ShortenCopies(true);
+  EXPECT_EQ(Outcome(Run()), "437/486 ");
+  EXPECT_EQ(files.Kind(L"D:\\dst\\one"), my::PathKind::NONE);
+}
+
+}  // namespace

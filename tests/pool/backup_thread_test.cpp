@@ -1,0 +1,193 @@
+#include "engine/backup_thread.h"
+
+#include <gtest/gtest.h>
+
+#include <future>
+#include <thread>
+
+#include "resource.h"
+#include "support/fake_ports.h"
+#include "support/memory_file_system.h"
+
+namespace {
+
+constexpr my::CFileTime kTime{131'016'350'490'000'000};
+
+// Keeps what a window would show.
+class CShown : public qlm::IRunObserver {
+ public:
+  void OnResults(size_t firstRow, const qlm::CResults& changed) override {
+    rows.resize(firstRow);
+    rows.insert(rows.end(), changed.begin(), changed.end());
+  }
+  void OnStatus() override {}
+  void OnStateChanged() override { ++stateChanges; }
+  void OnPowerOff() override { ++powerOffs; }
+
+  qlm::CResults rows;
+  int stateChanges = 0;
+  int powerOffs = 0;
+};
+
+class BackupThread : public testing::Test {
+ protected:
+  BackupThread() { files.AddFile(L"C:\\src\\a", "a", kTime); }
+
+  void AddJob(const std::wstring& id, std::vector<std::wstring> patterns, const std::wstring& path = L"C:\\src") {
+    qlm::CTask task{id, path, L"", {}};
+    for (auto& pattern : patterns) {
+      task.dsts.push_back(boost::make_shared<qlm::CDst>(qlm::CDst{L"D:\\dst", qlm::DstType::ZIP, pattern + L".zip"}));
+    }
+    auto job = boost::make_shared<qlm::CBackupTask>(qlm::CEnginePorts{files, clock, ansi, texts, process});
+    job->SetTask(task);
+    controller.Add(job);
+  }
+
+  void TickToEnd() {
+    while (controller.IsActive()) {
+      controller.WaitForJobs(5);
+      controller.Tick();
+    }
+  }
+
+  // The id of the message that the work throws, 0 for none.
+  template <class Work>
+  uint32_t Refusal(Work work) {
+    try {
+      work();
+    } catch (const my::CException& failure) {
+      return failure.Id();
+    }
+    return 0;
+  }
+
+  // Lets the archiver wait until `release` is set, and succeed.
+  void HoldArchiver(std::promise<void>& entered, std::shared_future<void> release) {
+    process.OnRun([this, &entered, release](const my::CProcessStart& start) {
+      entered.set_value();
+      release.wait();
+      const size_t from = start.arguments.find(L"D:");
+      std::string record = "PK\5\6" + std::string(18, '\0');
+      record[10] = 1;
+      files.AddFile(start.arguments.substr(from, start.arguments.rfind(L" @") - from), record, kTime);
+      return 0;
+    });
+  }
+
+  test::CMemoryFileSystem files;
+  test::CFakeClock clock;
+  test::CIconvAnsiCodec ansi;
+  test::CRcTexts texts;
+  test::CFakeProcess process;
+  test::CStdThreads threads;
+  CShown shown;
+  qlm::CBackupThread controller{threads, clock, texts, shown};
+};
+
+TEST_F(BackupThread, run_counts_its_rows_and_ends_at_the_full_bar) {
+  files.AddFile(L"D:\\dst\\x.zip", "", kTime);  // everything exists: three rows that skip
+  AddJob(L"1", {L"x", L"x"});
+  AddJob(L"2", {L"x"});
+  EXPECT_EQ(controller.StatusText(), L"");
+  controller.Start(false, false);
+  EXPECT_EQ(controller.Total(), 3u);
+  EXPECT_EQ(Refusal([&] { controller.Start(false, false); }), IDS_ALREADY_RUNNING);
+  TickToEnd();
+  EXPECT_EQ(controller.State(), IDS_STATE_ENDED);
+  EXPECT_EQ(shown.rows.size(), 3u);
+  EXPECT_EQ(controller.Progress().position, 3u);
+  EXPECT_EQ(controller.StatusText(), L"3 / 3  正常終了  0:00  ");
+  for (const auto& row : shown.rows) EXPECT_EQ(row->message, uint32_t{IDS_PHASE_SKIPPED});
+  EXPECT_EQ(Refusal([&] { controller.Stop(); }), IDS_NOT_RUNNING);
+
+  controller.ResetResults();
+  AddJob(L"3", {L"x", L"x"});
+  controller.Start(true, false);  // a second run may follow; a listing has one row a job
+  EXPECT_EQ(controller.Total(), 1u);
+  TickToEnd();
+  EXPECT_EQ(controller.RowCount(), 1u);
+}
+
+TEST_F(BackupThread, stop_drops_what_waits_and_ends_what_runs) {
+  std::promise<void> entered;
+  std::promise<void> release;
+  HoldArchiver(entered, release.get_future().share());
+  AddJob(L"1", {L"one", L"two"});
+  AddJob(L"2", {L"three"});
+  controller.Start(false, true);
+  entered.get_future().wait();
+  clock.SetTick(61'400);
+  controller.Tick();
+  EXPECT_EQ(controller.Progress().position, 0u) << "the row that is at work does not count yet";
+  EXPECT_EQ(controller.StatusText(), L"1 / 3  実行中  1:01  ........");
+  controller.Stop();
+  EXPECT_EQ(controller.State(), IDS_STATE_STOPPING);
+  EXPECT_EQ(Refusal([&] { controller.Stop(); }), IDS_ALREADY_STOPPING);
+  EXPECT_EQ(Refusal([&] { controller.Start(false, false); }), IDS_ALREADY_RUNNING);
+  release.set_value();
+  TickToEnd();
+  EXPECT_EQ(controller.State(), IDS_STATE_STOPPED);
+  ASSERT_EQ(shown.rows.size(), 2u) << "the second job never started";
+  EXPECT_EQ(shown.rows[0]->message, uint32_t{IDS_PHASE_CREATED}) << "a running archiver is waited for";
+  EXPECT_EQ(shown.rows[1]->error.code, uint32_t{IDS_STOPPED});
+  EXPECT_EQ(shown.powerOffs, 0);
+}
+
+TEST_F(BackupThread, power_off_follows_only_a_run_without_errors) {
+  files.AddFile(L"D:\\dst\\x.zip", "", kTime);
+  AddJob(L"good", {L"x"});
+  controller.Start(false, true);
+  TickToEnd();
+  EXPECT_EQ(shown.powerOffs, 1);
+  AddJob(L"bad", {L"x"}, L"C:\\none");
+  controller.Start(false, true);
+  TickToEnd();
+  EXPECT_EQ(controller.State(), IDS_STATE_ENDED) << "errors of rows do not stop a run";
+  EXPECT_TRUE(controller.HasErrors());
+  EXPECT_EQ(shown.powerOffs, 1);
+}
+
+TEST_F(BackupThread, missing_thread_ends_the_run_before_it_began) {
+  threads.FailToStart(true);
+  AddJob(L"1", {L"x"});
+  EXPECT_EQ(Refusal([&] { controller.Start(false, true); }), IDS_START_THREAD_FAILED);
+  EXPECT_EQ(controller.State(), IDS_STATE_STOPPED);
+  EXPECT_EQ(shown.stateChanges, 2);
+  threads.FailToStart(false);
+  controller.Start(false, true);
+  TickToEnd();
+  EXPECT_EQ(shown.rows.size(), 0u) << "the jobs of the failed start are not run by the next";
+}
+
+TEST_F(BackupThread, rows_may_be_read_while_the_worker_writes_them) {
+  files.AddFile(L"D:\\dst\\x.zip", "", kTime);
+  for (int job = 0; job < 20; ++job) AddJob(std::to_wstring(job), std::vector<std::wstring>(50, L"x"));
+  controller.Start(false, false);
+  TickToEnd();
+  EXPECT_EQ(shown.rows.size(), 1000u);
+  controller.StopAndWait();
+  EXPECT_EQ(controller.State(), IDS_STATE_ENDED) << "nothing was left to stop";
+}
+
+TEST_F(BackupThread, waiting_for_the_end_leaves_no_worker) {
+  std::promise<void> entered;
+  std::promise<void> release;
+  HoldArchiver(entered, release.get_future().share());
+  AddJob(L"1", {L"one"});
+  AddJob(L"2", {L"two"});
+  controller.Start(false, false);
+  entered.get_future().wait();
+  std::thread later([&release] { release.set_value(); });
+  controller.StopAndWait();
+  later.join();
+  EXPECT_EQ(controller.State(), IDS_STATE_STOPPED);
+  EXPECT_EQ(shown.rows.size(), 1u);
+}
+
+TEST(ElapsedText, shows_hours_only_when_there_are_any) {
+  EXPECT_EQ(qlm::ElapsedText(59'999), L"0:59");
+  EXPECT_EQ(qlm::ElapsedText(3'599'000), L"59:59");
+  EXPECT_EQ(qlm::ElapsedText(3'661'000), L"1:01:01");
+}
+
+}  // namespace

@@ -1,0 +1,98 @@
+// The smaller ports, for the tests.
+#pragma once
+
+#include <atomic>
+#include <deque>
+#include <functional>
+#include <mutex>
+#include <vector>
+
+#include "platform/ansi_codec.h"
+#include "platform/clock.h"
+#include "platform/console.h"
+#include "platform/known_folders.h"
+#include "platform/message_texts.h"
+#include "platform/process.h"
+#include "platform/threads.h"
+
+namespace test {
+
+class CFakeClock : public my::IClock {
+ public:
+  void SetTick(uint64_t tick) { m_tick = tick; }
+  void SetOffsetMinutes(int minutes) { m_offsetMinutes = minutes; }  // of the user's time zone
+
+  uint64_t TickCount() const override { return m_tick; }
+  my::CCalendar LocalCalendar(my::CFileTime time) const override;
+
+ private:
+  std::atomic<uint64_t> m_tick = 0;
+  std::atomic<int> m_offsetMinutes = 0;
+};
+
+// The product's own texts.
+class CRcTexts : public my::IMessageTexts {
+ public:
+  std::wstring Text(uint32_t id) const override;
+  std::wstring SystemText(int32_t) const override { return L"system error"; }
+};
+
+// Code page 932.
+class CIconvAnsiCodec : public my::IAnsiCodec {
+ public:
+  std::wstring Decode(std::string_view bytes) const override;
+};
+
+struct CFakeFolders : my::IKnownFolders {
+  std::optional<std::wstring> ProgramFiles() const override { return programs; }
+  std::wstring RoamingAppData() const override { return roaming; }
+
+  std::optional<std::wstring> programs;
+  std::wstring roaming = L"C:\\Roaming";
+};
+
+class CFakeProcess : public my::IProcess {
+ public:
+  using Program = std::function<uint32_t(const my::CProcessStart&)>;  // may throw what Run throws
+
+  void OnRun(Program program) { m_program = std::move(program); }
+  const std::vector<my::CProcessStart>& Starts() const { return m_starts; }
+
+  uint32_t Run(const my::CProcessStart& start) override;
+
+ private:
+  std::mutex m_lock;
+  std::vector<my::CProcessStart> m_starts;
+  Program m_program;
+};
+
+class CStdThreads : public my::IThreads {
+ public:
+  void FailToStart(bool fail) { m_fail = fail; }
+  std::unique_ptr<my::IRunningThread> Start(std::function<void()> body, int priority,
+                                            my::CSystemError& error) override;
+
+ private:
+  bool m_fail = false;
+};
+
+class CFakeConsole : public my::IConsole {
+ public:
+  void SetTerminal(bool terminal) { m_terminal = terminal; }
+  void AddLine(std::wstring line) { m_lines.push_back(std::move(line)); }
+  void Interrupt() { m_interrupted = true; }
+  const std::wstring& Text(Stream stream) const { return m_texts[static_cast<size_t>(stream)]; }
+
+  bool IsTerminal(Stream) const override { return m_terminal; }
+  void Write(Stream stream, std::wstring_view text) override { m_texts[static_cast<size_t>(stream)] += text; }
+  std::optional<std::wstring> ReadLine() override;
+  bool InterruptRequested() const override { return m_interrupted; }
+
+ private:
+  bool m_terminal = false;
+  std::deque<std::wstring> m_lines;
+  std::wstring m_texts[2];
+  std::atomic<bool> m_interrupted = false;
+};
+
+}  // namespace test

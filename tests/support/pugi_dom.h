@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/xml_dom.h"
+
+namespace test {
+
+// The XML document object model for builds without the platform's own.
+class CPugiDom : public my::IXmlDom {
+ public:
+  std::unique_ptr<my::IXmlDocument> Create() override;
+};
+
+}  // namespace test
