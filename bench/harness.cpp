@@ -20,6 +20,10 @@ double Spread(CTimes values) {
   return (values[values.size() - 1 - quarter] - values[quarter]) / 2;
 }
 
+double Best(const CTimes& times) {
+  return *std::min_element(times.begin(), times.end());
+}
+
 const char* Verdict(double figure, double target) {
   if (target == 0) return "";
   return figure <= target ? "good" : "MISSED";
@@ -55,13 +59,14 @@ double MedianRatio(const CTimes& times, const CTimes& baseline) {
 
 void Compare(const CSide& baseline, const std::vector<CSide>& sides, int rounds) {
   const CMeasured measured = Measure(baseline, sides, rounds);
+  const double bestBaseline = std::min(Best(measured.baseline), Best(measured.baselineAgain));
   const CTimes noise = Ratios(measured.baselineAgain, measured.baseline);
-  std::printf("%-34s %8s %7s %16s %7s\n", "", "ms", "ratio", "a/a", "target");
+  std::printf("%-34s %8s %7s %7s %16s %7s\n", "", "ms", "ratio", "best", "a/a", "target");
   std::printf("%-34s %8.0f\n", baseline.name.c_str(), Median(measured.baseline));
   for (size_t i = 0; i < sides.size(); ++i) {
     const double ratio = MedianRatio(measured.sides[i], measured.baseline);
-    std::printf("%-34s %8.0f %7.3f %7.3f +- %.3f", sides[i].name.c_str(), Median(measured.sides[i]), ratio,
-                Median(noise), Spread(noise));
+    std::printf("%-34s %8.0f %7.3f %7.3f %7.3f +- %.3f", sides[i].name.c_str(), Median(measured.sides[i]),
+                ratio, Best(measured.sides[i]) / bestBaseline, Median(noise), Spread(noise));
     if (sides[i].target != 0) std::printf(" %7.2f  %s", sides[i].target, Verdict(ratio, sides[i].target));
     std::printf("\n");
   }

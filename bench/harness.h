@@ -39,7 +39,8 @@ double Median(CTimes times);
 // The median over the rounds of one side's time divided by the other's in the same round.
 double MedianRatio(const CTimes& times, const CTimes& baseline);
 
-// Measures and prints a line for every side.
+// Measures and prints a line for every side: the median ratio, and that of the fastest rounds, which other
+// programs disturb least.
 void Compare(const CSide& baseline, const std::vector<CSide>& sides, int rounds);
 
 // One line of a table: a figure that is good up to its target; a target of 0 is none.

@@ -144,7 +144,7 @@ check_leftovers() {
   all=$(files . -- -name '*')
   search -wE 'TOD[O]|FIXM[E]' <<<"$all" | report_text 'unfinished'
   search -E '(^|[^A-Za-z0-9_./:-]|Z:)/([w]ork|[r]oot)/' <<<"$all" | report_text 'path of one machine'
-  search -E 'registry[.]npmjs|registry[.]yarnpkg|deb[.]debian|pypi[.]org|crates[.]io' <<<"$all" |
+  search -E 'registry[.]npm[j]s|registry[.]yarnpkg|deb[.]debian|pypi[.]org|crates[.]io' <<<"$all" |
     report_text 'address of a registry'
   grep -E '(^|/)package-lock\.json$' <<<"$all" | search -F '"resolved"' | report 'download address in a lock file'
 }
@@ -227,7 +227,7 @@ break_every_rule() {
   put src/settings/com.cpp <<<'void Use(IXMLDOMNode* node);'
   put src/document/text.cpp <<<'const char* kText = "保存";'
   put src/support/crooked.cpp <<<'int   crooked ( ) ;'
-  put docs/notes.md <<<"TOD""O: see /wor""k/notes, from registry"".npmjs.org"
+  put docs/notes.md <<<"TOD""O: see /wor""k/notes, from registry"".npm""js.org"
   put package-lock.json <<<'{"resolved": "somewhere"}'
   put scripts/broken.sh <<<'if true; then'
   put res/resource.h <<<$'#define IDS_HELLO 1\n#define IDS_MUTE 2'

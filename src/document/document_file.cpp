@@ -93,21 +93,10 @@ std::string DocumentBytes(my::IXmlDom& dom, const CDocument& document) {
   return builder.Bytes();
 }
 
-// Runs the work and lets its failure name the file.
-template <class Work>
-auto NamingFile(const std::wstring& path, Work work) {
-  try {
-    return work();
-  } catch (my::CException& failure) {
-    failure.SetWhere(path);
-    throw;
-  }
-}
-
 }  // namespace
 
 CDocument LoadDocument(my::IFileSystem& files, my::IXmlDom& dom, const std::wstring& path) {
-  return NamingFile(path, [&] {
+  return my::NamingFile(path, [&] {
     CDocument document = ReadDocument(my::LoadXmlFile(files, dom, path, kRoot).root);
     document.SetPath(path);
     return document;
@@ -116,7 +105,7 @@ CDocument LoadDocument(my::IFileSystem& files, my::IXmlDom& dom, const std::wstr
 
 void SaveDocument(my::IFileSystem& files, my::IXmlDom& dom, const CDocument& document,
                   const std::wstring& path) {
-  NamingFile(path, [&] {
+  my::NamingFile(path, [&] {
     const std::string bytes = DocumentBytes(dom, document);
     CheckReadsBack(dom, document, bytes, path);
     my::SaveXmlFile(files, path, bytes);

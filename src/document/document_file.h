@@ -11,9 +11,9 @@ namespace qlm {
 
 class CDocument;
 
-// Reads a document file (.qlmr, UTF-8 XML) and answers it as a document with that path. Throws the XML layer's
-// messages, IDS_UNKNOWN_NAME for a bad type name, IDS_DST_NOT_COMMON for a bad index; the failure's text names
-// the file.
+// Reads a document file (.qlmr, UTF-8 XML) and answers it as a document with that path. Throws the XML
+// layer's messages, IDS_UNKNOWN_NAME for a bad type name, IDS_DST_NOT_COMMON for a bad index; the failure's
+// text names the file.
 CDocument LoadDocument(my::IFileSystem& files, my::IXmlDom& dom, const std::wstring& path);
 
 // Writes the document to the file. A failure (the XML layer's messages, IDS_DST_NOT_COMMON) leaves the old

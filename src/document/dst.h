@@ -14,7 +14,9 @@ enum class DstType { FOLDER, ZIP, PASSWORD_ZIP, AES_256_ZIP };
 // The names by which DstType stands in files.
 extern const my::CEnumTable kDstTypeNames;
 
-constexpr bool IsZip(DstType type) { return type != DstType::FOLDER; }
+constexpr bool IsZip(DstType type) {
+  return type != DstType::FOLDER;
+}
 
 constexpr bool NeedsPassword(DstType type) {
   return type == DstType::PASSWORD_ZIP || type == DstType::AES_256_ZIP;

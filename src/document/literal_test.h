@@ -5,8 +5,11 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qlm {
+
+struct CLiteralRuns;
 
 // A path as the tests look at it.
 class CTestedPath {
@@ -38,11 +41,20 @@ class CLiteralTest {
   Answer Ask(const CTestedPath& path) const;
 
  private:
-  uint64_t m_characters = 0;  // that every match contains
-  std::wstring m_prefix;      // that a matching path starts with
-  std::wstring m_suffix;      // that a matching path ends with
-  std::wstring m_part;        // that a matching path contains
-  bool m_complete = false;    // the expression asks for nothing beyond these
+  // One way to match: "a(b|c)" has the ways "ab" and "ac".
+  struct CWay {
+    explicit CWay(const CLiteralRuns& runs);
+    Answer Ask(const CTestedPath& path) const;
+
+    uint64_t characters = 0;  // that every match contains
+    std::wstring prefix;      // that a matching path starts with
+    std::wstring suffix;      // that a matching path ends with
+    std::wstring part;        // that a matching path contains
+    bool complete = false;    // nothing is asked for beyond these
+  };
+
+  uint64_t m_characters = 0;  // that every match contains, whichever way it goes
+  std::vector<CWay> m_ways;   // empty when nothing was learned
 };
 
 }  // namespace qlm

@@ -56,19 +56,11 @@ bool IsZipExtension(std::wstring_view text) {
 std::wstring ExpandName(const CDst& dst, const std::wstring& taskId, my::CFileTime time,
                         const my::IClock& clock) {
   const my::CCalendar at = clock.LocalCalendar(time);
-  const std::array<std::wstring, kTokens> formats = {AsFormat(taskId),
-                                                     Padded(at.year % 100, 2),
-                                                     Padded(at.year, 4),
-                                                     Padded(at.month, 1),
-                                                     Padded(at.month, 2),
-                                                     Padded(at.day, 1),
-                                                     Padded(at.day, 2),
-                                                     Padded(at.hour, 1),
-                                                     Padded(at.hour, 2),
-                                                     Padded(at.minute, 1),
-                                                     Padded(at.minute, 2),
-                                                     Padded(at.second, 1),
-                                                     Padded(at.second, 2)};
+  const std::array<std::wstring, kTokens> formats = {
+      AsFormat(taskId),    Padded(at.year % 100, 2), Padded(at.year, 4),   Padded(at.month, 1),
+      Padded(at.month, 2), Padded(at.day, 1),        Padded(at.day, 2),    Padded(at.hour, 1),
+      Padded(at.hour, 2),  Padded(at.minute, 1),     Padded(at.minute, 2), Padded(at.second, 1),
+      Padded(at.second, 2)};
   std::wstring name = dst.pattern;
   for (size_t i = 0; i < kTokens; ++i) name = TokenExpressions()[i].Replace(name, formats[i]);
   return name;

@@ -9,8 +9,7 @@ namespace qlm {
 
 bool operator==(const CTask& a, const CTask& b) {
   const auto sameDst = [](const CDstPtr& x, const CDstPtr& y) { return x == y || *x == *y; };
-  return a.id == b.id && a.path == b.path && a.filterPath == b.filterPath &&
-         a.replaceRule == b.replaceRule &&
+  return a.id == b.id && a.path == b.path && a.filterPath == b.filterPath && a.replaceRule == b.replaceRule &&
          std::equal(a.dsts.begin(), a.dsts.end(), b.dsts.begin(), b.dsts.end(), sameDst);
 }
 

@@ -25,7 +25,8 @@ struct CNewListFile {
 
 // Another run may take the same free name at the same moment; then the next one is tried.
 CNewListFile CreateListFile(my::IFileSystem& files) {
-  constexpr uint32_t kTaken = static_cast<uint32_t>(my::CSystemError::FromWin32(my::kErrorFileExists).hresult);
+  constexpr uint32_t kTaken =
+      static_cast<uint32_t>(my::CSystemError::FromWin32(my::kErrorFileExists).hresult);
   const auto exists = [&files](const std::wstring& path) { return files.Kind(path) != my::PathKind::NONE; };
   const std::wstring folder = files.TemporaryFolder();
   for (;;) {

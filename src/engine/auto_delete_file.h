@@ -23,8 +23,8 @@ class CAutoDeleteFile {
   CAutoDeleteFile& operator=(const CAutoDeleteFile&) = delete;
   virtual ~CAutoDeleteFile();  // never throws
 
-  // Deletes now, once: the path is empty afterwards, and an empty path is never deleted. A failure is kept, or
-  // thrown as a my::CCtrlException (IDS_DELETE_FAILED).
+  // Deletes now, once: the path is empty afterwards, and an empty path is never deleted. A failure is kept,
+  // or thrown as a my::CCtrlException (IDS_DELETE_FAILED).
   void Delete();
 
   const std::wstring& Path() const { return m_path; }

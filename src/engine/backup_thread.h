@@ -18,9 +18,9 @@ class IRunObserver {
 
   // A job's rows, all of them, whenever one has changed. `firstRow` is the place of the first among all rows.
   virtual void OnResults(size_t firstRow, const CResults& rows) = 0;
-  virtual void OnStatus() = 0;       // the status text and the progress may have changed
+  virtual void OnStatus() = 0;  // the status text and the progress may have changed
   virtual void OnStateChanged() = 0;
-  virtual void OnPowerOff() = 0;     // the run has ended well and power-off was asked for
+  virtual void OnPowerOff() = 0;  // the run has ended well and power-off was asked for
 };
 
 struct CRunProgress {

@@ -1,9 +1,9 @@
 // A pool of worker threads that take jobs from one queue, first in, first out.
 #pragma once
 
+#include <algorithm>
 #include <boost/smart_ptr/make_shared.hpp>
 #include <boost/smart_ptr/shared_ptr.hpp>
-#include <algorithm>
 #include <list>
 #include <mutex>
 #include <vector>

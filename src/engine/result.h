@@ -19,12 +19,12 @@ namespace qlm {
 
 // One row of a run: one task and one destination.
 struct CResult {
-  my::CSimpleErr error;                    // why the run ended at this row
-  uint32_t message = 0;                    // the phase that the row reached (IDS_PHASE_...)
-  boost::shared_ptr<const CTask> task;     // a copy that holds exactly this row's destination
+  my::CSimpleErr error;                                  // why the run ended at this row
+  uint32_t message = 0;                                  // the phase that the row reached (IDS_PHASE_...)
+  boost::shared_ptr<const CTask> task;                   // a copy that holds exactly this row's destination
   CTargetsPtr targets = boost::make_shared<CTargets>();  // shared with the other rows of the job
-  my::CFileTime newestWriteTime;           // zero until listed
-  std::wstring destinationPath;            // the folder or archive that the row creates; empty until listed
+  my::CFileTime newestWriteTime;                         // zero until listed
+  std::wstring destinationPath;  // the folder or archive that the row creates; empty until listed
 
   // The row's destination, null for a task that has none.
   const CDst* Dst() const { return task->dsts.empty() ? nullptr : task->dsts.front().get(); }

@@ -6,7 +6,9 @@
 
 namespace qlm {
 
-bool CTarget::IsExcluded() const { return m_item && m_item->exclude; }
+bool CTarget::IsExcluded() const {
+  return m_item && m_item->exclude;
+}
 
 const CTarget& CTargets::Add(std::wstring_view relativePath, const my::CFindData& found,
                              const CFilterItem* item) {

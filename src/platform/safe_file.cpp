@@ -8,8 +8,8 @@
 namespace my {
 namespace {
 
-void WriteNew(IFileSystem& files, const std::wstring& path, std::string_view bytes) {
-  const auto file = files.CreateNewFile(path);
+// Takes the file over: it must be closed before anything can be done to its path.
+void WriteNew(std::unique_ptr<INewFile> file, std::string_view bytes) {
   file->Write(bytes);
   file->Flush();
   file->Close();
@@ -36,8 +36,9 @@ void WriteFileSafely(IFileSystem& files, const std::wstring& path, std::string_v
     return files.Kind(candidate) != PathKind::NONE;
   };
   const std::wstring temporary = FreeTemporaryPath(path, exists);
+  auto file = files.CreateNewFile(temporary);  // when this fails, what stands there is somebody else's
   try {
-    WriteNew(files, temporary, bytes);
+    WriteNew(std::move(file), bytes);
     CheckWritten(files, temporary, bytes);
     files.MoveOver(temporary, path);
   } catch (...) {

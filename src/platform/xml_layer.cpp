@@ -15,7 +15,9 @@ std::wstring TemplateHead(const std::wstring& rootName) {
          L" xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\">\n";
 }
 
-std::wstring TemplateTail(const std::wstring& rootName) { return L"</" + rootName + L">\n"; }
+std::wstring TemplateTail(const std::wstring& rootName) {
+  return L"</" + rootName + L">\n";
+}
 
 bool IsXmlChar(char32_t c) {
   if (c < 0x20) return c == U'\t' || c == U'\n' || c == U'\r';
@@ -83,9 +85,13 @@ std::vector<CXmlElement> CXmlElement::Children(const std::wstring& name) const {
   return children;
 }
 
-std::wstring CXmlElement::Text() const { return m_node->Text(); }
+std::wstring CXmlElement::Text() const {
+  return m_node->Text();
+}
 
-std::wstring CXmlElement::Shown() const { return m_node->Text() + L"\n\n" + m_place; }
+std::wstring CXmlElement::Shown() const {
+  return m_node->Text() + L"\n\n" + m_place;
+}
 
 template <class T>
 T CXmlElement::Value(const std::optional<T>& parsed, uint32_t messageId) const {
@@ -93,12 +99,24 @@ T CXmlElement::Value(const std::optional<T>& parsed, uint32_t messageId) const {
   return *parsed;
 }
 
-bool CXmlElement::Bool() const { return Value(ParseBool(Text()), IDS_XML_BAD_BOOL); }
-int32_t CXmlElement::Int() const { return Value(ParseInt(Text()), IDS_XML_BAD_INT); }
-uint32_t CXmlElement::Dword() const { return Value(ParseDword(Text()), IDS_XML_BAD_DWORD); }
-CVersion CXmlElement::Version() const { return Value(ParseVersion(Text()), IDS_XML_BAD_VERSION); }
-CColor CXmlElement::Color() const { return Value(ParseColor(Text()), IDS_XML_BAD_COLOR); }
-std::string CXmlElement::Bytes() const { return Value(ParseBytes(Text()), IDS_XML_BAD_BYTES); }
+bool CXmlElement::Bool() const {
+  return Value(ParseBool(Text()), IDS_XML_BAD_BOOL);
+}
+int32_t CXmlElement::Int() const {
+  return Value(ParseInt(Text()), IDS_XML_BAD_INT);
+}
+uint32_t CXmlElement::Dword() const {
+  return Value(ParseDword(Text()), IDS_XML_BAD_DWORD);
+}
+CVersion CXmlElement::Version() const {
+  return Value(ParseVersion(Text()), IDS_XML_BAD_VERSION);
+}
+CColor CXmlElement::Color() const {
+  return Value(ParseColor(Text()), IDS_XML_BAD_COLOR);
+}
+std::string CXmlElement::Bytes() const {
+  return Value(ParseBytes(Text()), IDS_XML_BAD_BYTES);
+}
 
 CXmlFile LoadXmlFile(IFileSystem& files, IXmlDom& dom, const std::wstring& path,
                      const std::wstring& rootName) {
@@ -136,13 +154,13 @@ void AppendText(IXmlNode& parent, const std::wstring& name, const std::wstring& 
 }
 
 void SaveXmlFile(IFileSystem& files, const std::wstring& path, std::string_view bytes) {
-  try {
-    WriteFileSafely(files, path, bytes);
-  } catch (const CException& failure) {
-    CException wrapped(IDS_XML_SAVE_FAILED, {failure.Cause()});
-    wrapped.SetWhere(path);
-    throw wrapped;
-  }
+  NamingFile(path, [&] {
+    try {
+      WriteFileSafely(files, path, bytes);
+    } catch (const CException& failure) {
+      throw CException(IDS_XML_SAVE_FAILED, {failure.Cause()});
+    }
+  });
 }
 
 }  // namespace my

@@ -9,6 +9,7 @@
 
 #include "platform/xml_dom.h"
 #include "support/enum_names.h"
+#include "support/exception.h"
 #include "support/value_codecs.h"
 
 namespace my {
@@ -27,12 +28,12 @@ class CXmlElement {
   std::vector<CXmlElement> Children(const std::wstring& name) const;
 
   std::wstring Text() const;
-  bool Bool() const;         // throws IDS_XML_BAD_BOOL
-  int32_t Int() const;       // throws IDS_XML_BAD_INT
-  uint32_t Dword() const;    // throws IDS_XML_BAD_DWORD
-  CVersion Version() const;  // throws IDS_XML_BAD_VERSION
-  CColor Color() const;      // throws IDS_XML_BAD_COLOR
-  std::string Bytes() const; // throws IDS_XML_BAD_BYTES
+  bool Bool() const;          // throws IDS_XML_BAD_BOOL
+  int32_t Int() const;        // throws IDS_XML_BAD_INT
+  uint32_t Dword() const;     // throws IDS_XML_BAD_DWORD
+  CVersion Version() const;   // throws IDS_XML_BAD_VERSION
+  CColor Color() const;       // throws IDS_XML_BAD_COLOR
+  std::string Bytes() const;  // throws IDS_XML_BAD_BYTES
 
   // The text and the place, as the messages about a bad value show them.
   std::wstring Shown() const;
@@ -52,7 +53,8 @@ struct CXmlFile {
 };
 
 // Loads a file whose root must have that name. Throws IDS_XML_LOAD_FAILED, IDS_XML_NODE_NOT_FOUND.
-CXmlFile LoadXmlFile(IFileSystem& files, IXmlDom& dom, const std::wstring& path, const std::wstring& rootName);
+CXmlFile LoadXmlFile(IFileSystem& files, IXmlDom& dom, const std::wstring& path,
+                     const std::wstring& rootName);
 
 // The same from bytes; `path` is for messages only.
 CXmlFile LoadXmlBytes(IXmlDom& dom, std::string_view bytes, const std::wstring& path,
@@ -81,5 +83,16 @@ void AppendText(IXmlNode& parent, const std::wstring& name, const std::wstring& 
 
 // Saves the bytes of a document. Throws IDS_XML_SAVE_FAILED; the old file is then as it was.
 void SaveXmlFile(IFileSystem& files, const std::wstring& path, std::string_view bytes);
+
+// Runs the work; its failure then names the file.
+template <class Work>
+auto NamingFile(const std::wstring& path, Work work) {
+  try {
+    return work();
+  } catch (CException& failure) {
+    failure.SetWhere(path);
+    throw;
+  }
+}
 
 }  // namespace my

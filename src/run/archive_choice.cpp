@@ -21,8 +21,8 @@ bool AnyDst(const std::vector<CTaskPtr>& tasks, Test test) {
   });
 }
 
-// The archive settings of the file. Without a file at the user's own place there are the defaults; a file that
-// was named must be there.
+// The archive settings of the file. Without a file at the user's own place there are the defaults; a file
+// that was named must be there.
 CArchiveSetting ReadArchiveSetting(const CRunnerPorts& ports, const COptions& options) {
   CSettings settings(ports.engine.clock.TickCount());
   const bool named = !options.settingsPath.empty();
@@ -33,7 +33,8 @@ CArchiveSetting ReadArchiveSetting(const CRunnerPorts& ports, const COptions& op
   return settings.archive;
 }
 
-std::wstring ReadPassword(const CRunnerPorts& ports, const COptions& options, const CArchiveSetting& setting) {
+std::wstring ReadPassword(const CRunnerPorts& ports, const COptions& options,
+                          const CArchiveSetting& setting) {
   std::wstring password;
   if (options.passwordStdin) {
     password = ports.console.ReadLine().value_or(std::wstring());

@@ -34,5 +34,6 @@ int wmain(int argc, wchar_t** argv) {
   my::CWin32Process process;
   my::CWin32Threads threads;
   const my::CWin32KnownFolders folders;
-  return qlm::RunDocument({{files, clock, ansi, texts, process}, dom, threads, console, folders}, parsed.options);
+  return qlm::RunDocument({{files, clock, ansi, texts, process}, dom, threads, console, folders},
+                          parsed.options);
 }

@@ -34,17 +34,20 @@ void Describe(CLI::App& app, COptions& options, CRawOptions& raw) {
   app.add_flag("--json", options.json, "結果を 1 行 1 個の JSON オブジェクトで出力します (UTF-8)");
   app.add_flag("--quiet", options.quiet, "エラーになった結果だけを表示します");
   app.add_option("--7z", raw.archiver, "7z.exe のパス（省略時は設定ファイルの値）")->option_text("PATH");
-  app.add_option("--settings", raw.settings, "使用する設定ファイル（省略時はユーザーの設定）")->option_text("FILE");
-  app.add_flag("--password-stdin", options.passwordStdin, "zip パスワードを標準入力の 1 行目から読み込みます");
+  app.add_option("--settings", raw.settings, "使用する設定ファイル（省略時はユーザーの設定）")
+      ->option_text("FILE");
+  app.add_flag("--password-stdin", options.passwordStdin,
+               "zip パスワードを標準入力の 1 行目から読み込みます");
   app.failure_message([](const CLI::App*, const CLI::Error& error) {
     return std::string("コマンドラインの指定が正しくありません - ") + error.what() +
            "\n使い方は QuillmoorRun --help で表示されます\n";
   });
-  app.footer("終了コード:\n"
-             "  0  すべて作成、またはスキップ\n"
-             "  1  エラーになった結果がある\n"
-             "  2  指定の誤り、文書が読めない、または実行するものがない\n"
-             "  3  中断された (Ctrl+C)");
+  app.footer(
+      "終了コード:\n"
+      "  0  すべて作成、またはスキップ\n"
+      "  1  エラーになった結果がある\n"
+      "  2  指定の誤り、文書が読めない、または実行するものがない\n"
+      "  3  中断された (Ctrl+C)");
   app.get_formatter()->label("Usage", "使い方");
   app.get_formatter()->label("OPTIONS", "オプション");
   app.get_formatter()->label("Positionals", "引数");

@@ -69,7 +69,9 @@ class CTextOutput : public IRunOutput {
   size_t m_progressLength = 0;
 };
 
-std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
+std::string TwoDigits(int number) {
+  return (number < 10 ? "0" : "") + std::to_string(number);
+}
 
 nlohmann::ordered_json IsoTime(my::CFileTime time) {
   constexpr uint64_t kBeyondCalendar = uint64_t{1} << 63;
@@ -135,12 +137,13 @@ class CJsonOutput : public IRunOutput {
 
 }  // namespace
 
-std::unique_ptr<IRunOutput> MakeTextOutput(my::IConsole& console, const my::IMessageTexts& texts, bool listOnly,
-                                           bool quiet) {
+std::unique_ptr<IRunOutput> MakeTextOutput(my::IConsole& console, const my::IMessageTexts& texts,
+                                           bool listOnly, bool quiet) {
   return std::make_unique<CTextOutput>(console, texts, listOnly, quiet);
 }
 
-std::unique_ptr<IRunOutput> MakeJsonOutput(my::IConsole& console, const my::IMessageTexts& texts, bool quiet) {
+std::unique_ptr<IRunOutput> MakeJsonOutput(my::IConsole& console, const my::IMessageTexts& texts,
+                                           bool quiet) {
   return std::make_unique<CJsonOutput>(console, texts, quiet);
 }
 

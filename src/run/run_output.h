@@ -37,8 +37,8 @@ class IRunOutput {
 };
 
 // `listOnly` adds the counts to each row.
-std::unique_ptr<IRunOutput> MakeTextOutput(my::IConsole& console, const my::IMessageTexts& texts, bool listOnly,
-                                           bool quiet);
+std::unique_ptr<IRunOutput> MakeTextOutput(my::IConsole& console, const my::IMessageTexts& texts,
+                                           bool listOnly, bool quiet);
 std::unique_ptr<IRunOutput> MakeJsonOutput(my::IConsole& console, const my::IMessageTexts& texts, bool quiet);
 
 }  // namespace qlm

@@ -27,8 +27,8 @@ std::vector<CTaskPtr> SelectTasks(const CDocument& document, const COptions& opt
     if (!document.Tasks().FindId(id)) throw my::CException(IDS_TASK_NOT_FOUND, {id});
   }
   for (const CTaskPtr& task : document.Tasks()) {
-    const bool named = std::find(options.taskIds.begin(), options.taskIds.end(), task->id) !=
-                       options.taskIds.end();
+    const bool named =
+        std::find(options.taskIds.begin(), options.taskIds.end(), task->id) != options.taskIds.end();
     if (!options.taskIds.empty() && !named) continue;
     if (options.listOnly || !task->dsts.empty()) selected.push_back(task);
   }
@@ -47,8 +47,9 @@ class CRunSession : private IRunObserver {
   CRunSession(const CRunnerPorts& ports, const COptions& options)
       : m_ports(ports),
         m_options(options),
-        m_output(options.json ? MakeJsonOutput(ports.console, ports.engine.texts, options.quiet)
-                              : MakeTextOutput(ports.console, ports.engine.texts, options.listOnly, options.quiet)),
+        m_output(options.json
+                     ? MakeJsonOutput(ports.console, ports.engine.texts, options.quiet)
+                     : MakeTextOutput(ports.console, ports.engine.texts, options.listOnly, options.quiet)),
         m_controller(ports.threads, ports.engine.clock, ports.engine.texts, *this) {}
 
   int Run(const std::vector<CTaskPtr>& tasks, const CArchiveChoice& archive) {
@@ -62,7 +63,8 @@ class CRunSession : private IRunObserver {
     m_controller.Start(m_options.listOnly, false);
     while (m_controller.IsActive()) {
       m_controller.WaitForJobs(kTickMs);
-      if (m_ports.console.InterruptRequested() && m_controller.State() == IDS_STATE_RUNNING) m_controller.Stop();
+      if (m_ports.console.InterruptRequested() && m_controller.State() == IDS_STATE_RUNNING)
+        m_controller.Stop();
       m_controller.Tick();
     }
     m_output->End({m_controller.State(), m_printed, m_errors});

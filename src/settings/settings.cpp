@@ -4,6 +4,8 @@
 
 namespace qlm {
 
-CDesignSetting::CDesignSetting(uint64_t seed) : random(std::mt19937(static_cast<uint32_t>(seed))()) {}
+CSettings::CSettings(uint64_t seed) {
+  design.random = std::mt19937(static_cast<uint32_t>(seed))();
+}
 
 }  // namespace qlm

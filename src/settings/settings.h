@@ -87,9 +87,6 @@ struct CUISetting {
 };
 
 struct CDesignSetting {
-  // `seed`: anything that differs from one start of the program to the next, such as the tick count.
-  explicit CDesignSetting(uint64_t seed);
-
   my::CColor textColor{0xFF, 0xFF, 0xFF};
   BrushType bkBrushType = BrushType::DEFAULT;
   my::CColor bkBrushColor{0x61, 0x37, 0x2C};  // of BrushType::CUSTOM_COLOR
@@ -101,12 +98,13 @@ struct CDesignSetting {
   bool showDesc = true;
 
   // Picks the image of BkImgType::DEFAULT; the same for the whole run of the program, not in the file.
-  uint32_t random;
+  uint32_t random = 0;
 };
 
 struct CSettings {
-  // `seed` as for CDesignSetting.
-  explicit CSettings(uint64_t seed) : design(seed) {}
+  // Draws the random number of the design; `seed` is anything that differs from one start of the program to
+  // the next, such as the tick count.
+  explicit CSettings(uint64_t seed);
 
   CMainFrameSetting mainFrame;
   CColumnsDlgSetting taskDlg;

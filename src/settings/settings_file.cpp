@@ -42,23 +42,14 @@ std::wstring SettingsPath(const my::IKnownFolders& folders, const my::IMessageTe
 
 my::CVersion LoadSettings(my::IFileSystem& files, my::IXmlDom& dom, const std::wstring& path,
                           CSettings& live) {
-  try {
-    return ReadSettings(my::LoadXmlFile(files, dom, path, kRoot).root, live);
-  } catch (my::CException& failure) {
-    failure.SetWhere(path);
-    throw;
-  }
+  return my::NamingFile(path,
+                        [&] { return ReadSettings(my::LoadXmlFile(files, dom, path, kRoot).root, live); });
 }
 
 void SaveSettings(my::IFileSystem& files, my::IXmlDom& dom, const std::wstring& path,
                   const CSettings& settings) {
   files.CreateFolders(std::wstring(my::ParentPath(path)));
-  try {
-    my::SaveXmlFile(files, path, SettingsBytes(dom, settings));
-  } catch (my::CException& failure) {
-    failure.SetWhere(path);
-    throw;
-  }
+  my::NamingFile(path, [&] { my::SaveXmlFile(files, path, SettingsBytes(dom, settings)); });
 }
 
 }  // namespace qlm

@@ -7,7 +7,9 @@ CException::CException(uint32_t id, std::vector<CMsgArg> args)
 
 CException::CException(CSystemError error) : CException(0, {error}) {}
 
-uint32_t CException::Code() const { return m_id != 0 ? m_id : Detail(); }
+uint32_t CException::Code() const {
+  return m_id != 0 ? m_id : Detail();
+}
 
 uint32_t CException::Detail() const {
   for (const CMsgArg& arg : m_args) {

@@ -34,6 +34,8 @@ inline constexpr uint32_t kErrorAlreadyExists = 183;
 // A text of the string table as an argument of another one.
 struct CTextId {
   uint32_t id = 0;
+
+  friend bool operator==(const CTextId&, const CTextId&) = default;
 };
 
 using CMsgArg = std::variant<std::wstring, CSystemError, CTextId>;

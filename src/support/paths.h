@@ -9,7 +9,9 @@ namespace my {
 
 inline constexpr wchar_t kSeparator = L'\\';
 
-constexpr bool IsSeparator(wchar_t c) { return c == L'\\' || c == L'/'; }
+constexpr bool IsSeparator(wchar_t c) {
+  return c == L'\\' || c == L'/';
+}
 
 // `folder` and `name` with exactly one separator between them; an empty folder yields the name alone.
 std::wstring JoinPath(std::wstring_view folder, std::wstring_view name);
@@ -31,8 +33,10 @@ CStemAndExtension SplitExtension(std::wstring_view name);
 
 // The first free path beside `path` to write under until the work is complete: "_tmp_S.E", "_tmp1_S.E",
 // "_tmp2_S.E" and so on for a last component "S.E". `exists` tells whether a path is taken.
-// Throws IDS_PATH_NO_FILE_NAME when the path has no last component, IDS_TEMP_PATH_FAILED when no name is free.
-std::wstring FreeTemporaryPath(std::wstring_view path, const std::function<bool(const std::wstring&)>& exists);
+// Throws IDS_PATH_NO_FILE_NAME when the path has no last component, IDS_TEMP_PATH_FAILED when no name is
+// free.
+std::wstring FreeTemporaryPath(std::wstring_view path,
+                               const std::function<bool(const std::wstring&)>& exists);
 
 // The first of "<folder>\<prefix>0<suffix>", "<folder>\<prefix>1<suffix>" and so on that is not taken.
 // Throws IDS_TEMP_PATH_FAILED when no name is free.

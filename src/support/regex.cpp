@@ -24,9 +24,8 @@ std::wstring_view CRegexMatch::Group(int index) const {
 }
 
 CRegex::CRegex(std::wstring_view expression)
-    : m_impl(std::make_shared<Impl>(
-          Impl{boost::wregex(expression.data(), expression.data() + expression.size(), boost::regex::perl)})) {
-}
+    : m_impl(std::make_shared<Impl>(Impl{
+          boost::wregex(expression.data(), expression.data() + expression.size(), boost::regex::perl)})) {}
 
 bool CRegex::Search(std::wstring_view text, CRegexMatch& match) const {
   return boost::regex_search(text.data(), text.data() + text.size(), match.m_impl->results,

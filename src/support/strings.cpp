@@ -7,8 +7,12 @@ namespace {
 
 constexpr bool kUtf16 = sizeof(wchar_t) == 2;
 
-constexpr bool IsHigh(char32_t c) { return c >= 0xD800 && c <= 0xDBFF; }
-constexpr bool IsLow(char32_t c) { return c >= 0xDC00 && c <= 0xDFFF; }
+constexpr bool IsHigh(char32_t c) {
+  return c >= 0xD800 && c <= 0xDBFF;
+}
+constexpr bool IsLow(char32_t c) {
+  return c >= 0xDC00 && c <= 0xDFFF;
+}
 
 void AppendUtf8(std::string& out, char32_t c) {
   if (IsSurrogate(c) || c > 0x10FFFF) c = kReplacementChar;
@@ -54,7 +58,9 @@ size_t DecodeUtf8(std::string_view bytes, char32_t& codePoint) {
   return length;
 }
 
-wchar_t LowerAscii(wchar_t c) { return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c + 32) : c; }
+wchar_t LowerAscii(wchar_t c) {
+  return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c + 32) : c;
+}
 
 }  // namespace
 

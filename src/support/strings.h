@@ -23,7 +23,9 @@ void AppendCodePoint(std::wstring& text, char32_t codePoint);
 // Reads the code point at `at` and moves `at` behind it; a lone surrogate is returned as it is.
 char32_t NextCodePoint(std::wstring_view text, size_t& at);
 
-constexpr bool IsSurrogate(char32_t codePoint) { return codePoint >= 0xD800 && codePoint <= 0xDFFF; }
+constexpr bool IsSurrogate(char32_t codePoint) {
+  return codePoint >= 0xD800 && codePoint <= 0xDFFF;
+}
 
 std::wstring_view TrimStart(std::wstring_view text, std::wstring_view chars);
 std::wstring_view TrimEnd(std::wstring_view text, std::wstring_view chars);

@@ -25,7 +25,9 @@ constexpr wchar_t kHexDigits[] = L"0123456789ABCDEF";
 
 }  // namespace
 
-std::wstring BoolText(bool value) { return value ? L"true" : L"false"; }
+std::wstring BoolText(bool value) {
+  return value ? L"true" : L"false";
+}
 
 std::optional<bool> ParseBool(std::wstring_view text) {
   if (text == L"true") return true;
@@ -33,9 +35,13 @@ std::optional<bool> ParseBool(std::wstring_view text) {
   return {};
 }
 
-std::optional<int32_t> ParseInt(std::wstring_view text) { return ParseNumber<int32_t>(text, 10); }
+std::optional<int32_t> ParseInt(std::wstring_view text) {
+  return ParseNumber<int32_t>(text, 10);
+}
 
-std::optional<uint32_t> ParseDword(std::wstring_view text) { return ParseNumber<uint32_t>(text, 10); }
+std::optional<uint32_t> ParseDword(std::wstring_view text) {
+  return ParseNumber<uint32_t>(text, 10);
+}
 
 std::wstring VersionText(const CVersion& version) {
   std::wstring text;

@@ -40,7 +40,8 @@ class ArchiveWriter : public testing::Test {
   // The id of the message that archiving throws, 0 for none.
   uint32_t Write(DstType type = DstType::ZIP) {
     try {
-      qlm::WriteArchive({files, process, nullptr}, {L"C:\\7 z.exe", L"p w", L"C:\\src", targets, L"D:\\d x\\_tmp_a.zip", type});
+      qlm::WriteArchive({files, process, nullptr},
+                        {L"C:\\7 z.exe", L"p w", L"C:\\src", targets, L"D:\\d x\\_tmp_a.zip", type});
     } catch (const my::CException& failure) {
       return failure.Id();
     }
@@ -86,7 +87,8 @@ TEST_F(ArchiveWriter, archiver_is_not_believed) {
   exitCode = 1;  // warnings: a file was left out
   EXPECT_EQ(Write(), IDS_PROCESS_EXIT_CODE);
   exitCode = 0;
-  for (const std::string& made : {std::string(), std::string("PK"), EndRecord(1), EndRecord(3), EndRecord(2) + "x"}) {
+  for (const std::string& made :
+       {std::string(), std::string("PK"), EndRecord(1), EndRecord(3), EndRecord(2) + "x"}) {
     archive = made;
     if (files.Kind(L"D:\\d x\\_tmp_a.zip") != my::PathKind::NONE) files.Remove(L"D:\\d x\\_tmp_a.zip");
     EXPECT_EQ(Write(), IDS_ARCHIVE_INCOMPLETE) << made;

@@ -151,7 +151,8 @@ TEST_F(BackupTask, filter_decides_what_is_listed_counted_and_copied) {
   std::wstring listed;
   for (const auto& target : *rows[0]->targets) listed += std::wstring(target.RelativePath()) + L" ";
   EXPECT_EQ(listed, L"a.txt sub\\ sub\\b.txt sub\\deep\\ sub\\deep\\c.txt z.txt zfolder\\ ");
-  EXPECT_EQ(Below(L"D:\\dst\\x"), (std::map<std::wstring, std::string>{{L"a.txt", "first"}, {L"sub\\b.txt", "second"}}));
+  EXPECT_EQ(Below(L"D:\\dst\\x"),
+            (std::map<std::wstring, std::string>{{L"a.txt", "first"}, {L"sub\\b.txt", "second"}}));
 }
 
 TEST_F(BackupTask, bad_filters_stop_the_job_and_name_the_line) {
@@ -202,8 +203,9 @@ TEST_F(BackupTask, consecutive_files_of_a_folder_make_it_once) {
   EXPECT_EQ(made, (std::vector<std::wstring>{L"_tmp_x", L"_tmp_x", L"sub", L"deep", L"_tmp_x"}));
 }
 
-constexpr Op kAllOps[] = {Op::FIND, Op::NEXT, Op::KIND, Op::SIZE, Op::CREATE_FOLDERS, Op::COPY, Op::MOVE,
-                          Op::REMOVE, Op::CREATE_FILE, Op::WRITE, Op::CLOSE, Op::READ, Op::TEMP_FOLDER};
+constexpr Op kAllOps[] = {Op::FIND,  Op::NEXT, Op::KIND,       Op::SIZE,        Op::CREATE_FOLDERS,
+                          Op::COPY,  Op::MOVE, Op::REMOVE,     Op::CREATE_FILE, Op::WRITE,
+                          Op::CLOSE, Op::READ, Op::TEMP_FOLDER};
 
 // What each row's destination must hold if it bears its final name: the counted files that were listed.
 class BackupTaskFaults : public BackupTask {
@@ -241,7 +243,8 @@ class BackupTaskFaults : public BackupTask {
 TEST_F(BackupTaskFaults, every_failing_operation_stands_on_its_row_and_leaves_no_false_backup) {
   for (const Op op : kAllOps) {
     for (int n = 1;; ++n) {
-      const std::string where = "operation " + std::to_string(static_cast<int>(op)) + ", the " + std::to_string(n) + ".";
+      const std::string where =
+          "operation " + std::to_string(static_cast<int>(op)) + ", the " + std::to_string(n) + ".";
       files = {};
       AddSource();
       files.FailAt(op, n, my::kErrorDiskFull);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <functional>
 #include <limits>
 
 #include "resource.h"
@@ -21,6 +22,13 @@ std::string Golden(const std::string& name) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
+// The file up to "ReplaceDlg" from one, that group from another, the rest from a third.
+std::string Spliced(const std::string& head, const std::string& replace, const std::string& rest) {
+  const size_t from = replace.find("<ReplaceDlg>");
+  return head.substr(0, head.find("<ReplaceDlg>")) + replace.substr(from, replace.find("<Archive>") - from) +
+         rest.substr(rest.find("<Archive>"));
+}
+
 // Settings of which no field has its default, as they stand in settings_full.config.
 CSettings FullSettings() {
   constexpr auto kLimits = std::numeric_limits<int32_t>();
@@ -32,39 +40,27 @@ CSettings FullSettings() {
   s.targetDlg = {{true, {13, 14, 15, 16}}, {14}};
   s.filterDlg = {{true, {17, 18, 19, 20}}, {15, 16, 17}};
   const ReplaceCol col = kReplaceTaskPath | kReplaceDstFolder | kReplaceDstPattern;
-  s.replaceDlg = {{true, {21, 22, 23, 24}},
-                  {ReplaceRow::FOCUSED, col, L"<(\\d+)> & \"x\"", L"[$1]", true, false},
-                  my::CMruStrings(kMruMaximum, {L"newest", L"", L" "}),
-                  my::CMruStrings(kMruMaximum, {L"置換", L"  two  "})};
+  const CReplaceOptions replace{ReplaceRow::FOCUSED, col, L"<(\\d+)> & \"x\"", L"[$1]", true, false};
+  const my::CMruStrings dsts(kMruMaximum, {L"置換", L"  two  "});
+  s.replaceDlg = {
+      {true, {21, 22, 23, 24}}, replace, my::CMruStrings(kMruMaximum, {L"newest", L"", L" "}), dsts};
   s.archive = {L"C:\\Tools\\7z.exe", PasswordType::SAVE, false, L" pä<ß𠮷 ",
                "900150983CD24FB0D6963F7D28E17F72"};
-  s.ui.lastPath = L"D:\\書類\\a.qlmr";
-  s.ui.mruPathes.Assign({L"D:\\書類\\a.qlmr", L"C:\\b.qlmr"});
-  s.ui.powerOffType = PowerOffType::HIBERNATE;
-  s.ui.hybridShutdown = s.ui.installUpdates = s.design.showDesc = false;
-  s.design.textColor = {0x00, 0xA1, 0xFE};
-  s.design.bkBrushType = BrushType::INTERLACE;
-  s.design.bkBrushColor = {0x0F, 0x0F, 0x0F};
-  s.design.bkBrushPath = L"C:\\brush.png";
-  s.design.bkImgType = BkImgType::GETTODAZE;
-  s.design.bkImgPath = L"C:\\画像.png";
-  s.design.bkImgFitType = FitType::AUTO_FILL;
-  s.design.bkImgOrigin = ImgOrigin::RT;
+  const my::CMruStrings paths(kMruMaximum, {L"D:\\書類\\a.qlmr", L"C:\\b.qlmr"});
+  s.ui = {L"D:\\書類\\a.qlmr", paths, PowerOffType::HIBERNATE, false, false};
+  s.design = {{0, 0xA1, 0xFE},    BrushType::INTERLACE, {15, 15, 15},
+              L"C:\\brush.png",   BkImgType::GETTODAZE, L"C:\\画像.png",
+              FitType::AUTO_FILL, ImgOrigin::RT,        false};
   return s;
 }
 
 class SettingsFile : public testing::Test {
  protected:
   // The id of what the work throws, 0 for none; its text is kept.
-  template <class Work>
-  uint32_t Failure(Work work) {
-    try {
-      work();
-    } catch (const my::CException& failure) {
-      text = my::MakeErrorText(texts, failure);
-      return failure.Id();
-    }
-    return 0;
+  uint32_t Failure(const std::function<void()>& work) {
+    const my::CSimpleErr failure = my::TrapError(texts, work);
+    text = failure.message;
+    return failure.code;
   }
   uint32_t Load(const std::string& bytes) {
     files.AddFile(path, bytes, {1});
@@ -101,6 +97,10 @@ TEST_F(SettingsFile, every_field_stands_under_its_name_and_comes_back) {
   EXPECT_EQ(Saved(live), full);
   EXPECT_EQ(live.design.random, drawn);
   EXPECT_EQ(live.ui.stateColors[3], (my::CColor{0xD6, 0x4A, 0x00}));
+  ASSERT_EQ(LoadWith("<FullScreen>true", "<FullScreen>false"), 0u);
+  EXPECT_TRUE(!live.mainFrame.fullScreen && live.mainFrame.maximized) << "not one in place of the other";
+  ASSERT_EQ(LoadWith("<HybridShutdown>false", "<HybridShutdown>true"), 0u);
+  EXPECT_TRUE(live.ui.hybridShutdown && !live.ui.installUpdates) << "not one in place of the other";
   ASSERT_EQ(Load(defaults), 0u);
   EXPECT_EQ(Saved(live), defaults) << "the file's lists replace those of before";
 }
@@ -114,28 +114,21 @@ TEST_F(SettingsFile, bad_values_get_the_message_of_their_kind) {
   EXPECT_EQ(LoadWith("00A1FE", "12345"), IDS_XML_BAD_COLOR);
   EXPECT_EQ(LoadWith("9001", "あ"), IDS_XML_BAD_BYTES);
   EXPECT_EQ(LoadWith("1.0.1.0", "1.0.1"), IDS_XML_BAD_VERSION);
-  EXPECT_EQ(LoadWith("</DstDlg>", ""), IDS_XML_LOAD_FAILED);
   EXPECT_EQ(LoadWith("<bottom>4</bottom>", ""), IDS_XML_NODE_NOT_FOUND);
   EXPECT_TRUE(text.ends_with(L"/QuillmoorSetting/MainFrame/NormalBounds\n\n" + path)) << "place and file";
   EXPECT_EQ(LoadWith("<Version>", "<Later><Version>9</Version></Later><Version>"), 0u) << "ignored";
 }
 
-TEST_F(SettingsFile, groups_after_the_first_failure_keep_what_they_had) {
-  const std::string withReplace = full.substr(0, full.find("<Archive>"));
+TEST_F(SettingsFile, groups_that_fail_or_are_too_new_for_the_file_keep_what_they_had) {
+  const size_t replace = full.find("<ReplaceDlg>");
   ASSERT_EQ(LoadWith("<HidePassword>false</HidePassword>", ""), IDS_XML_NODE_NOT_FOUND);
-  EXPECT_EQ(Saved(live), withReplace + defaults.substr(defaults.find("<Archive>")));
-}
-
-TEST_F(SettingsFile, other_versions_load_by_what_they_have) {
-  const size_t from = full.find("<ReplaceDlg>");
-  std::string old = full.substr(0, from) + full.substr(full.find("<Archive>"));
-  EXPECT_EQ(Load(old), IDS_XML_NODE_NOT_FOUND) << "files of this version have the group";
-  live = CSettings(1);
-  EXPECT_EQ(Load(old.replace(old.find("1.0.1.0"), 7, "1.0.0.9")), 0u);
-  EXPECT_EQ(Saved(live).substr(from, 400), defaults.substr(defaults.find("<ReplaceDlg>"), 400));
-  EXPECT_EQ(LoadWith("1.0.1.0", "2.0.0.0"), 0u);
+  EXPECT_EQ(Saved(live), Spliced(full, full, defaults));
+  ASSERT_EQ(LoadWith(full.substr(replace, full.find("<Archive>") - replace), ""), IDS_XML_NODE_NOT_FOUND);
+  EXPECT_EQ(Saved(live), Spliced(full, defaults, defaults));
+  ASSERT_EQ(LoadWith("1.0.1.0", "1.0.0.9"), 0u);
+  EXPECT_EQ(Saved(live), Spliced(full, defaults, full));
+  ASSERT_EQ(LoadWith("1.0.1.0", "2.0.0.0"), 0u);
   EXPECT_GT(version, kSettingsVersion);
-  EXPECT_EQ(Saved(live), full);
 }
 
 TEST_F(SettingsFile, password_reaches_the_file_only_when_it_is_to_be_stored) {
@@ -147,31 +140,25 @@ TEST_F(SettingsFile, password_reaches_the_file_only_when_it_is_to_be_stored) {
 }
 
 TEST_F(SettingsFile, values_without_a_name_are_not_written) {
-  CSettings settings = FullSettings();
-  settings.replaceDlg.replace.col |= 1u << 5;
-  EXPECT_EQ(Failure([&] { Saved(settings); }), IDS_XML_UNKNOWN_FLAG);
+  live.replaceDlg.replace.col = kReplaceDstFolder | 1u << 5;
+  EXPECT_EQ(Failure([this] { Saved(live); }), IDS_XML_UNKNOWN_FLAG);
   EXPECT_NE(text.find(L"ReplaceCol: 0x00000020"), text.npos) << "only what is left over";
-  settings.mainFrame.fullScreen = false;
-  settings.replaceDlg.replace.row = static_cast<ReplaceRow>(-1);
-  EXPECT_EQ(Failure([&] { Saved(settings); }), IDS_XML_UNKNOWN_ENUM);
+  live.replaceDlg.replace.row = static_cast<ReplaceRow>(-1);
+  EXPECT_EQ(Failure([this] { Saved(live); }), IDS_XML_UNKNOWN_ENUM);
   EXPECT_NE(text.find(L"ReplaceRow: -1"), text.npos);
   EXPECT_TRUE(files.Files().empty());
 }
 
-TEST_F(SettingsFile, failed_or_cut_off_save_leaves_the_old_file) {
+TEST_F(SettingsFile, failed_save_leaves_the_old_file_and_nothing_beside) {
   using test::Op;
+  const std::map<std::wstring, std::string> before{{path, "old"}};
+  files.AddFile(path, "old", {1});
   for (const Op op :
        {Op::CREATE_FOLDERS, Op::CREATE_FILE, Op::WRITE, Op::FLUSH, Op::CLOSE, Op::READ, Op::MOVE_OVER}) {
-    files.AddFile(path, "old", {1});
     files.FailAt(op, 1, my::kErrorDiskFull);
     const uint32_t expected = op == Op::CREATE_FOLDERS ? IDS_CREATE_FOLDER_FAILED : IDS_XML_SAVE_FAILED;
     EXPECT_EQ(Failure([this] { Saved(live); }), expected);
-    EXPECT_EQ(files.Files(), (std::map<std::wstring, std::string>{{path, "old"}})) << "and nothing beside it";
-  }
-  for (int n = 1; files.Files().at(path) == "old"; ++n) {
-    files.ClearFaults();
-    files.CrashAt(n);
-    EXPECT_THROW(Saved(live), test::CCrash) << n;
+    EXPECT_EQ(files.Files(), before);
   }
 }
 

@@ -33,10 +33,12 @@ class BackupThread : public testing::Test {
  protected:
   BackupThread() { files.AddFile(L"C:\\src\\a", "a", kTime); }
 
-  void AddJob(const std::wstring& id, std::vector<std::wstring> patterns, const std::wstring& path = L"C:\\src") {
+  void AddJob(const std::wstring& id, std::vector<std::wstring> patterns,
+              const std::wstring& path = L"C:\\src") {
     qlm::CTask task{id, path, L"", {}};
     for (auto& pattern : patterns) {
-      task.dsts.push_back(boost::make_shared<qlm::CDst>(qlm::CDst{L"D:\\dst", qlm::DstType::ZIP, pattern + L".zip"}));
+      task.dsts.push_back(
+          boost::make_shared<qlm::CDst>(qlm::CDst{L"D:\\dst", qlm::DstType::ZIP, pattern + L".zip"}));
     }
     auto job = boost::make_shared<qlm::CBackupTask>(qlm::CEnginePorts{files, clock, ansi, texts, process});
     job->SetTask(task);

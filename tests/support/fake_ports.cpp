@@ -6,68 +6,43 @@
 #include <future>
 #include <map>
 #include <regex>
-#include <thread>
 
 #include "support/strings.h"
 
 namespace test {
 namespace {
 
-// The text between the quotes of a resource script.
-std::wstring Unquoted(const std::string& quoted) {
-  std::string text;
-  for (size_t at = 0; at < quoted.size(); ++at) {
-    if (quoted[at] == '\\' || quoted[at] == '"') {
-      ++at;
-      text += quoted[at] == 'n' ? '\n' : quoted[at] == 't' ? '\t' : quoted[at];
-    } else {
-      text += quoted[at];
-    }
-  }
-  return my::WideFromUtf8(text);
-}
-
-// Calls `take` with the two groups of every line that fits.
-void ReadLines(const std::string& name, const std::regex& form,
-               const std::function<void(const std::string&, const std::string&)>& take) {
+// The two groups of every line of a resource file that fits the form.
+std::map<std::string, std::string> ReadPairs(const std::string& name, const std::regex& form) {
   std::ifstream file(QLM_SOURCE_DIR "/res/" + name);
-  if (!file) throw std::runtime_error("no file " + name);
+  std::map<std::string, std::string> pairs;
   std::smatch match;
   for (std::string line; std::getline(file, line);) {
-    if (std::regex_match(line, match, form)) take(match[1], match[2]);
+    if (std::regex_match(line, match, form)) pairs[match[1]] = match[2];
   }
+  return pairs;
 }
 
 std::map<uint32_t, std::wstring> ReadTexts() {
-  std::map<std::string, uint32_t> ids;
+  const auto ids = ReadPairs("resource.h", std::regex("#define (IDS_\\w+)\\s+(\\d+)\\s*"));
   std::map<uint32_t, std::wstring> texts;
-  ReadLines("resource.h", std::regex("#define (IDS_\\w+)\\s+(\\d+)\\s*"),
-            [&](const std::string& name, const std::string& id) { ids[name] = std::stoul(id); });
-  ReadLines("strings.rc", std::regex("\\s*(IDS_\\w+) \"(.*)\"\\s*"),
-            [&](const std::string& name, const std::string& text) { texts[ids.at(name)] = Unquoted(text); });
+  for (const auto& [name, quoted] : ReadPairs("strings.rc", std::regex("\\s*(IDS_\\w+) \"(.*)\"\\s*"))) {
+    std::string text = std::regex_replace(quoted, std::regex("\\\\n"), "\n");
+    text = std::regex_replace(text, std::regex("\"\""), "\"");
+    texts[std::stoul(ids.at(name))] = my::WideFromUtf8(text);
+  }
   return texts;
 }
 
-class CStdThread : public my::IRunningThread {
- public:
-  explicit CStdThread(std::function<void()> body) : m_thread([this, work = std::move(body)] {
-    work();
-    m_done.set_value();
-  }) {}
-  ~CStdThread() override { m_thread.join(); }
+struct CStdThread : my::IRunningThread {
+  explicit CStdThread(std::function<void()> body) : ended(std::async(std::launch::async, std::move(body))) {}
 
   bool Wait(uint32_t timeOutMs) override {
-    if (timeOutMs != my::kNoTimeOut) {
-      return m_ended.wait_for(std::chrono::milliseconds(timeOutMs)) == std::future_status::ready;
-    }
-    m_ended.wait();
-    return true;
+    if (timeOutMs == my::kNoTimeOut) return ended.wait(), true;
+    return ended.wait_for(std::chrono::milliseconds(timeOutMs)) == std::future_status::ready;
   }
 
- private:
-  std::promise<void> m_done;
-  std::future<void> m_ended = m_done.get_future();
-  std::thread m_thread;  // the last one: it uses the others
+  std::future<void> ended;
 };
 
 }  // namespace
@@ -87,19 +62,17 @@ std::wstring CRcTexts::Text(uint32_t id) const {
 std::wstring CIconvAnsiCodec::Decode(std::string_view bytes) const {
   const std::unique_ptr<void, int (*)(iconv_t)> codec(::iconv_open("WCHAR_T", "CP932"), ::iconv_close);
   std::string input(bytes);
-  std::wstring text(bytes.size(), L'\0');
+  std::wstring text;
   char* from = input.data();
-  size_t left = input.size();
-  auto* to = reinterpret_cast<char*>(text.data());
-  size_t room = text.size() * sizeof(wchar_t);
-  while (left > 0 && ::iconv(codec.get(), &from, &left, &to, &room) == static_cast<size_t>(-1)) {
-    *reinterpret_cast<wchar_t*>(to) = my::kReplacementChar;
-    to += sizeof(wchar_t);
-    room -= sizeof(wchar_t);
-    ++from;
-    --left;
+  for (size_t left = input.size(); left > 0;) {
+    wchar_t c = L'\0';
+    auto* to = reinterpret_cast<char*>(&c);
+    size_t room = sizeof c;
+    const size_t before = left;
+    ::iconv(codec.get(), &from, &left, &to, &room);
+    if (left == before) ++from, --left;  // a byte that is none of the code page
+    text += room == 0 ? c : static_cast<wchar_t>(my::kReplacementChar);
   }
-  text.resize(text.size() - room / sizeof(wchar_t));
   return text;
 }
 
@@ -111,16 +84,17 @@ uint32_t CFakeProcess::Run(const my::CProcessStart& start) {
   return m_program ? m_program(start) : 0;
 }
 
-std::unique_ptr<my::IRunningThread> CStdThreads::Start(std::function<void()> body, int, my::CSystemError& error) {
+std::unique_ptr<my::IRunningThread> CStdThreads::Start(std::function<void()> body, int,
+                                                       my::CSystemError& error) {
   if (!m_fail) return std::make_unique<CStdThread>(std::move(body));
   error = my::CSystemError::FromWin32(8);
   return nullptr;
 }
 
 std::optional<std::wstring> CFakeConsole::ReadLine() {
-  if (m_lines.empty()) return {};
-  std::wstring line = std::move(m_lines.front());
-  m_lines.pop_front();
+  if (input.empty()) return {};
+  std::wstring line = std::move(input.front());
+  input.pop_front();
   return line;
 }
 

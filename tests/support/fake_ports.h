@@ -76,23 +76,19 @@ class CStdThreads : public my::IThreads {
   bool m_fail = false;
 };
 
-class CFakeConsole : public my::IConsole {
- public:
-  void SetTerminal(bool terminal) { m_terminal = terminal; }
-  void AddLine(std::wstring line) { m_lines.push_back(std::move(line)); }
-  void Interrupt() { m_interrupted = true; }
-  const std::wstring& Text(Stream stream) const { return m_texts[static_cast<size_t>(stream)]; }
-
-  bool IsTerminal(Stream) const override { return m_terminal; }
-  void Write(Stream stream, std::wstring_view text) override { m_texts[static_cast<size_t>(stream)] += text; }
+struct CFakeConsole : my::IConsole {
+  bool IsTerminal(Stream) const override { return terminal; }
+  void Write(Stream stream, std::wstring_view text) override {
+    (stream == Stream::OUTPUT ? output : errors) += text;
+  }
   std::optional<std::wstring> ReadLine() override;
-  bool InterruptRequested() const override { return m_interrupted; }
+  bool InterruptRequested() const override { return interrupted; }
 
- private:
-  bool m_terminal = false;
-  std::deque<std::wstring> m_lines;
-  std::wstring m_texts[2];
-  std::atomic<bool> m_interrupted = false;
+  bool terminal = false;
+  std::deque<std::wstring> input;
+  std::wstring output;
+  std::wstring errors;
+  std::atomic<bool> interrupted = false;
 };
 
 }  // namespace test

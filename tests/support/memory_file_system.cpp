@@ -9,29 +9,32 @@
 namespace test {
 namespace {
 
-struct COpTraits {
-  const wchar_t* name;
-  uint32_t messageId;
-};
+// Both in the order of Op.
+constexpr const wchar_t* kOpNames[] = {
+    L"find",           L"next",  L"kind", L"size",      L"read",   L"temporary folder",
+    L"create folders", L"copy",  L"move", L"move over", L"remove", L"create",
+    L"write",          L"flush", L"close"};
+constexpr uint32_t kMessages[] = {0,
+                                  0,
+                                  0,
+                                  IDS_READ_FILE_FAILED,
+                                  IDS_READ_FILE_FAILED,
+                                  IDS_TEMP_PATH_FAILED,
+                                  IDS_CREATE_FOLDER_FAILED,
+                                  IDS_COPY_FILE_FAILED,
+                                  IDS_MOVE_FILE_FAILED,
+                                  IDS_MOVE_FILE_FAILED,
+                                  IDS_DELETE_FAILED,
+                                  IDS_CREATE_FILE_FAILED,
+                                  IDS_WRITE_FILE_FAILED,
+                                  IDS_WRITE_FILE_FAILED,
+                                  IDS_WRITE_FILE_FAILED};
 
-// In the order of Op.
-constexpr COpTraits kOps[] = {{L"find", 0},
-                              {L"next", 0},
-                              {L"kind", 0},
-                              {L"size", IDS_READ_FILE_FAILED},
-                              {L"read", IDS_READ_FILE_FAILED},
-                              {L"temporary folder", IDS_TEMP_PATH_FAILED},
-                              {L"create folders", IDS_CREATE_FOLDER_FAILED},
-                              {L"copy", IDS_COPY_FILE_FAILED},
-                              {L"move", IDS_MOVE_FILE_FAILED},
-                              {L"move over", IDS_MOVE_FILE_FAILED},
-                              {L"remove", IDS_DELETE_FAILED},
-                              {L"create", IDS_CREATE_FILE_FAILED},
-                              {L"write", IDS_WRITE_FILE_FAILED},
-                              {L"flush", IDS_WRITE_FILE_FAILED},
-                              {L"close", IDS_WRITE_FILE_FAILED}};
+constexpr uint32_t kErrorSharingViolation = 32;
 
-bool IsRoot(std::wstring_view path) { return path.size() <= 3 && path.size() >= 2 && path[1] == L':'; }
+bool IsRoot(std::wstring_view path) {
+  return path.size() <= 3 && path.size() >= 2 && path[1] == L':';
+}
 
 std::wstring Normal(std::wstring path) {
   std::replace(path.begin(), path.end(), L'/', L'\\');
@@ -46,89 +49,90 @@ bool IsWithin(std::wstring_view path, std::wstring_view folder) {
 
 }  // namespace
 
-// An operation at work: holds the disk, and knows how the operation has to fail.
-class CMemoryFileSystem::CStep {
- public:
-  CStep(std::mutex& lock, uint32_t messageId, std::vector<std::wstring> paths)
-      : m_hold(lock), m_messageId(messageId), m_paths(std::move(paths)) {}
+struct CMemoryFileSystem::CEntry {
+  bool IsFolder() const { return (attributes & my::kAttributeFolder) != 0; }
 
-  std::wstring Path(size_t index) const { return Normal(m_paths[index]); }
-  void Break(bool crash, uint32_t win32) { m_crash = crash, m_win32 = win32; }
-  bool Broken() const { return m_crash || m_win32 != 0; }
+  std::wstring path;
+  std::string content;
+  my::CFileTime time;
+  uint32_t attributes = 0;
+  bool unflushed = false;
+  bool open = false;  // for writing: it then can be neither renamed nor removed
+};
+
+// An operation at work: holds the disk, and knows how the operation has to fail.
+struct CMemoryFileSystem::CStep {
+  bool Broken() const { return crash || win32 != 0; }
   size_t Done(size_t whole) const { return Broken() ? whole / 2 : whole; }
 
-  void RefuseIf(bool condition, uint32_t win32, uint32_t messageId = 0) {
+  void RefuseIf(bool condition, uint32_t code) {
     if (!condition) return;
-    if (messageId != 0) m_messageId = messageId;
-    m_win32 = win32;
+    win32 = code;
     End();
   }
 
   // Fails if the operation has to.
   void End() const {
-    if (m_crash) throw CCrash();
-    if (m_win32 == 0) return;
-    std::vector<my::CMsgArg> args;
-    if (!m_paths.empty()) args.emplace_back(my::CSystemError::FromWin32(m_win32));
-    args.insert(args.end(), m_paths.begin(), m_paths.end());
-    throw my::CException(m_messageId, std::move(args));
+    if (crash) throw CCrash();
+    if (win32 == 0) return;
+    std::vector<my::CMsgArg> args(paths.begin(), paths.end());
+    if (!args.empty()) args.insert(args.begin(), my::CSystemError::FromWin32(win32));
+    throw my::CException(messageId, std::move(args));
   }
 
- private:
-  std::unique_lock<std::mutex> m_hold;
-  uint32_t m_messageId;
-  std::vector<std::wstring> m_paths;
-  bool m_crash = false;
-  uint32_t m_win32 = 0;
+  std::unique_lock<std::mutex> hold;
+  std::vector<std::wstring> paths;
+  uint32_t messageId;
+  bool crash = false;
+  uint32_t win32 = 0;
 };
 
-class CMemoryFileSystem::CFindInMemory : public my::IFindFiles {
- public:
-  CFindInMemory(CMemoryFileSystem& disk, std::vector<CEntryPtr> entries)
-      : m_disk(disk), m_entries(std::move(entries)) {}
+struct CMemoryFileSystem::CFindInMemory : my::IFindFiles {
+  CFindInMemory(CMemoryFileSystem& owner, std::vector<CEntryPtr> found)
+      : disk(owner), entries(std::move(found)) {}
 
-  Result Next(my::CFindData& found) override {
-    const CStep step = m_disk.Begin(Op::NEXT, {});
+  Result Next(my::CFindData& data) override {
+    const CStep step = disk.Begin(Op::NEXT, {});
     if (step.Broken()) return Result::FAILED;
-    if (m_next == m_entries.size()) return Result::END;
-    const CEntry& entry = *m_entries[m_next++];
-    m_name = my::LastComponent(entry.path);
-    found = {m_name, entry.time, entry.content.size(), entry.attributes};
+    if (next == entries.size()) return Result::END;
+    const CEntry& entry = *entries[next++];
+    name = my::LastComponent(entry.path);
+    data = {name, entry.time, entry.content.size(), entry.attributes};
     return Result::ENTRY;
   }
 
- private:
-  CMemoryFileSystem& m_disk;
-  std::vector<CEntryPtr> m_entries;
-  size_t m_next = 0;
-  std::wstring m_name;
+  CMemoryFileSystem& disk;
+  std::vector<CEntryPtr> entries;
+  size_t next = 0;
+  std::wstring name;
 };
 
-class CMemoryFileSystem::CNewFileInMemory : public my::INewFile {
- public:
-  CNewFileInMemory(CMemoryFileSystem& disk, CEntryPtr entry) : m_disk(disk), m_entry(std::move(entry)) {}
+struct CMemoryFileSystem::CFileInMemory : my::INewFile {
+  CFileInMemory(CMemoryFileSystem& owner, CEntryPtr created) : disk(owner), entry(std::move(created)) {
+    entry->open = true;
+  }
+  ~CFileInMemory() override { entry->open = false; }
 
   void Write(std::string_view bytes) override {
-    const CStep step = m_disk.Begin(Op::WRITE, {m_entry->path});
-    m_entry->content += bytes.substr(0, step.Done(bytes.size()));
-    m_entry->unflushed = true;
+    const CStep step = disk.Begin(Op::WRITE, {entry->path});
+    entry->content += bytes.substr(0, step.Done(bytes.size()));
+    entry->unflushed = true;
     step.End();
   }
 
   void Flush() override {
-    const CStep step = m_disk.Begin(Op::FLUSH, {m_entry->path});
-    step.End();
-    m_entry->unflushed = false;
+    disk.Begin(Op::FLUSH, {entry->path}).End();
+    entry->unflushed = false;
   }
 
-  void Close() override { m_disk.Begin(Op::CLOSE, {m_entry->path}).End(); }
+  void Close() override {
+    entry->open = false;
+    disk.Begin(Op::CLOSE, {entry->path}).End();
+  }
 
- private:
-  CMemoryFileSystem& m_disk;
-  CEntryPtr m_entry;
+  CMemoryFileSystem& disk;
+  CEntryPtr entry;
 };
-
-CMemoryFileSystem::CMemoryFileSystem() { AddFolder(m_temporaryFolder); }
 
 void CMemoryFileSystem::AddFile(const std::wstring& path, std::string content, my::CFileTime time,
                                 uint32_t attributes) {
@@ -165,45 +169,35 @@ void CMemoryFileSystem::ClearFaults() {
   m_crashed = m_failed = false;
 }
 
-bool CMemoryFileSystem::Failed() const { return m_failed; }
-
-int CMemoryFileSystem::Count(Op op) const {
-  const auto found = m_counts.find(op);
-  return found == m_counts.end() ? 0 : found->second;
-}
-
 std::vector<std::wstring> CMemoryFileSystem::Log() const {
   const std::lock_guard hold(*m_lock);
   return m_log;
 }
 
-CMemoryFileSystem::CStep CMemoryFileSystem::Begin(Op op, std::vector<std::wstring> paths) {
-  const COpTraits& traits = kOps[static_cast<size_t>(op)];
-  std::wstring line = traits.name;
-  for (const std::wstring& path : paths) line += (&path == paths.data() ? L" " : L" -> ") + path;
-  CStep step(*m_lock, traits.messageId, std::move(paths));
+CMemoryFileSystem::CStep CMemoryFileSystem::Begin(Op op, const std::vector<std::wstring>& paths) {
+  const auto index = static_cast<size_t>(op);
+  CStep step{std::unique_lock(*m_lock), paths, kMessages[index]};
   if (m_crashed) throw CCrash();
-  m_log.push_back(std::move(line));
+  m_log.emplace_back(kOpNames[index]);
+  for (const std::wstring& path : paths) m_log.back() += (&path == paths.data() ? L" " : L" -> ") + path;
   ++m_counts[op];
-  if (op >= Op::CREATE_FOLDERS && m_crashIn > 0 && --m_crashIn == 0) {
-    m_crashed = true;
+  if (op >= Op::CREATE_FOLDERS && --m_crashIn == 0) {
+    step.crash = m_crashed = true;
     for (const CEntryPtr& entry : m_entries) {
       if (entry->unflushed) entry->content.resize(entry->content.size() / 2);
     }
-    step.Break(true, 0);
   }
   const auto fault = m_faults.find(op);
   if (fault != m_faults.end() && --fault->second.left == 0) {
     m_failed = true;
-    step.Break(m_crashed, fault->second.win32);
+    step.win32 = fault->second.win32;
   }
   return step;
 }
 
 CMemoryFileSystem::CEntryPtr CMemoryFileSystem::Lookup(const std::wstring& path) const {
-  const auto found = std::find_if(m_entries.begin(), m_entries.end(), [&](const CEntryPtr& entry) {
-    return my::EqualNoCase(entry->path, path);
-  });
+  const auto isIt = [&path](const CEntryPtr& entry) { return my::EqualNoCase(entry->path, path); };
+  const auto found = std::find_if(m_entries.begin(), m_entries.end(), isIt);
   return found == m_entries.end() ? nullptr : *found;
 }
 
@@ -232,34 +226,34 @@ std::unique_ptr<my::IFindFiles> CMemoryFileSystem::Find(const std::wstring& patt
   const CStep step = Begin(Op::FIND, {pattern});
   const std::wstring folder(my::ParentPath(pattern));
   if (step.Broken() || !IsFolder(folder)) return nullptr;
-  std::vector<CEntryPtr> entries;
+  std::vector<CEntryPtr> found;
   for (const wchar_t* name : {L".", L".."}) {
-    entries.push_back(std::make_shared<CEntry>(CEntry{name, {}, m_now, my::kAttributeFolder}));
+    found.push_back(std::make_shared<CEntry>(CEntry{name, {}, m_now, my::kAttributeFolder}));
   }
   for (const CEntryPtr& entry : m_entries) {
-    if (my::EqualNoCase(my::ParentPath(entry->path), folder)) entries.push_back(entry);
+    if (my::EqualNoCase(my::ParentPath(entry->path), folder)) found.push_back(entry);
   }
-  return std::make_unique<CFindInMemory>(*this, std::move(entries));
+  return std::make_unique<CFindInMemory>(*this, std::move(found));
 }
 
 my::PathKind CMemoryFileSystem::Kind(const std::wstring& path) {
   const CStep step = Begin(Op::KIND, {path});
   if (step.Broken()) return my::PathKind::NONE;
-  if (IsFolder(step.Path(0))) return my::PathKind::FOLDER;
-  return Lookup(step.Path(0)) ? my::PathKind::FILE : my::PathKind::NONE;
+  if (IsFolder(Normal(path))) return my::PathKind::FOLDER;
+  return Lookup(Normal(path)) ? my::PathKind::FILE : my::PathKind::NONE;
 }
 
 uint64_t CMemoryFileSystem::FileSize(const std::wstring& path) {
   CStep step = Begin(Op::SIZE, {path});
-  step.End();
-  const CEntryPtr entry = Lookup(step.Path(0));
+  const CEntryPtr entry = Lookup(Normal(path));
   step.RefuseIf(!entry, my::kErrorFileNotFound);
+  step.End();
   return entry->content.size();
 }
 
 void CMemoryFileSystem::CreateFolders(const std::wstring& path) {
   CStep step = Begin(Op::CREATE_FOLDERS, {path});
-  std::vector<std::wstring> missing = MissingFolders(step.Path(0));
+  std::vector<std::wstring> missing = MissingFolders(Normal(path));
   for (const std::wstring& folder : missing) {
     const bool last = folder == missing.back();
     step.RefuseIf(Lookup(folder) != nullptr, last ? my::kErrorAlreadyExists : my::kErrorPathNotFound);
@@ -271,80 +265,66 @@ void CMemoryFileSystem::CreateFolders(const std::wstring& path) {
 
 void CMemoryFileSystem::Copy(const std::wstring& from, const std::wstring& to) {
   CStep step = Begin(Op::COPY, {from, to});
-  const CEntryPtr source = Lookup(step.Path(0));
+  const CEntryPtr source = Lookup(Normal(from));
   step.RefuseIf(!source, my::kErrorFileNotFound);
   step.RefuseIf(source->IsFolder(), my::kErrorAccessDenied);
-  step.RefuseIf(!HasParent(step.Path(1)), my::kErrorPathNotFound);
-  step.RefuseIf(Lookup(step.Path(1)) != nullptr, my::kErrorFileExists);
+  step.RefuseIf(!HasParent(to), my::kErrorPathNotFound);
+  step.RefuseIf(Lookup(Normal(to)) != nullptr, my::kErrorFileExists);
   if (!step.Broken() || m_keepFailedCopies) {
-    const bool half = step.Broken() || m_shortenCopies;
-    const CEntryPtr copy = Insert(step.Path(1), source->attributes);
-    copy->content = source->content.substr(0, half ? source->content.size() / 2 : source->content.npos);
+    const size_t whole = source->content.size();
+    const CEntryPtr copy = Insert(Normal(to), source->attributes);
+    copy->content = source->content.substr(0, m_shortenCopies ? whole / 2 : step.Done(whole));
     copy->time = source->time;
   }
   step.End();
 }
 
-void CMemoryFileSystem::Rename(CStep& step, bool over) {
-  step.End();
-  const std::wstring from = step.Path(0);
-  const std::wstring to = step.Path(1);
-  const CEntryPtr target = Lookup(to);
-  step.RefuseIf(!Lookup(from), my::kErrorFileNotFound);
+void CMemoryFileSystem::Rename(Op op, const std::wstring& from, const std::wstring& to) {
+  CStep step = Begin(op, {from, to});
+  const CEntryPtr target = Lookup(Normal(to));
+  const CEntryPtr source = Lookup(Normal(from));
+  step.RefuseIf(!source, my::kErrorFileNotFound);
+  step.RefuseIf(source->open || (target && target->open), kErrorSharingViolation);
   step.RefuseIf(!HasParent(to), my::kErrorPathNotFound);
-  step.RefuseIf(target && !over, my::kErrorAlreadyExists);
+  step.RefuseIf(target && op == Op::MOVE, my::kErrorAlreadyExists);
   step.RefuseIf(target && target->IsFolder(), my::kErrorAccessDenied);
+  step.End();
   std::erase(m_entries, target);
   for (const CEntryPtr& entry : m_entries) {
-    if (IsWithin(entry->path, from)) entry->path = to + entry->path.substr(from.size());
+    if (IsWithin(entry->path, Normal(from))) entry->path.replace(0, Normal(from).size(), Normal(to));
   }
 }
 
-void CMemoryFileSystem::Move(const std::wstring& from, const std::wstring& to) {
-  CStep step = Begin(Op::MOVE, {from, to});
-  Rename(step, false);
-}
-
-void CMemoryFileSystem::MoveOver(const std::wstring& from, const std::wstring& to) {
-  CStep step = Begin(Op::MOVE_OVER, {from, to});
-  Rename(step, true);
-}
-
-void CMemoryFileSystem::RemoveFile(const std::wstring& path) {
+void CMemoryFileSystem::Delete(const std::wstring& path, bool folder) {
   CStep step = Begin(Op::REMOVE, {path});
-  step.End();
-  const CEntryPtr entry = Lookup(step.Path(0));
+  const CEntryPtr entry = Lookup(Normal(path));
   step.RefuseIf(!entry, my::kErrorFileNotFound);
-  step.RefuseIf(entry->IsFolder(), my::kErrorAccessDenied);
-  std::erase(m_entries, entry);
-}
-
-void CMemoryFileSystem::RemoveFolder(const std::wstring& path) {
-  CStep step = Begin(Op::REMOVE, {path});
-  step.RefuseIf(!Lookup(step.Path(0)), my::kErrorFileNotFound);
+  step.RefuseIf(entry->IsFolder() && !folder, my::kErrorAccessDenied);
+  step.RefuseIf(entry->open, kErrorSharingViolation);
   std::vector<CEntryPtr> doomed;
-  for (const CEntryPtr& entry : m_entries) {
-    if (IsWithin(entry->path, step.Path(0))) doomed.insert(doomed.begin(), entry);  // children first
+  for (const CEntryPtr& other : m_entries) {
+    if (IsWithin(other->path, Normal(path))) doomed.insert(doomed.begin(), other);  // children first
   }
   doomed.resize(step.Done(doomed.size()));
-  for (const CEntryPtr& entry : doomed) std::erase(m_entries, entry);
+  for (const CEntryPtr& other : doomed) std::erase(m_entries, other);
   step.End();
 }
 
 std::unique_ptr<my::INewFile> CMemoryFileSystem::CreateNewFile(const std::wstring& path) {
   CStep step = Begin(Op::CREATE_FILE, {path});
+  step.RefuseIf(!HasParent(path), my::kErrorPathNotFound);
+  step.RefuseIf(Lookup(Normal(path)) != nullptr, my::kErrorFileExists);
   step.End();
-  step.RefuseIf(!HasParent(step.Path(0)), my::kErrorPathNotFound);
-  step.RefuseIf(Lookup(step.Path(0)) != nullptr, my::kErrorFileExists);
-  return std::make_unique<CNewFileInMemory>(*this, Insert(step.Path(0), 0));
+  return std::make_unique<CFileInMemory>(*this, Insert(Normal(path), 0));
 }
 
 std::string CMemoryFileSystem::ReadFile(const std::wstring& path, uint64_t most, uint64_t offset) {
   CStep step = Begin(Op::READ, {path});
   step.End();
-  const CEntryPtr entry = Lookup(step.Path(0));
-  step.RefuseIf(!entry, my::kErrorFileNotFound, IDS_OPEN_FILE_FAILED);
-  step.RefuseIf(entry->IsFolder(), my::kErrorAccessDenied, IDS_OPEN_FILE_FAILED);
+  step.messageId = IDS_OPEN_FILE_FAILED;
+  const CEntryPtr entry = Lookup(Normal(path));
+  step.RefuseIf(!entry, my::kErrorFileNotFound);
+  step.RefuseIf(entry->IsFolder(), my::kErrorAccessDenied);
   return entry->content.substr(std::min<uint64_t>(offset, entry->content.size()), most);
 }
 

@@ -1,5 +1,6 @@
 #include "support/pugi_dom.h"
 
+#include <optional>
 #include <pugixml.hpp>
 #include <regex>
 
@@ -20,22 +21,13 @@ class CNode : public my::IXmlNode {
   std::wstring Name() const override { return WideFromUtf8(m_node.name()); }
 
   std::wstring Text() const override {
-    struct CTexts : pugi::xml_tree_walker {
-      bool for_each(pugi::xml_node& node) override {
-        if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata) all += node.value();
-        return true;
-      }
-      std::string all;
-    } texts;
-    pugi::xml_node node = m_node;
-    node.traverse(texts);
-    return WideFromUtf8(texts.all);
+    static const pugi::xpath_query query("string(.)");
+    return WideFromUtf8(query.evaluate_string(m_node));
   }
 
   void SetText(const std::wstring& text) override {
-    pugi::xml_node node = m_node;
-    node.remove_children();
-    node.append_child(pugi::node_pcdata).set_value(Utf8FromWide(text).c_str());
+    m_node.remove_children();
+    m_node.append_child(pugi::node_pcdata).set_value(Utf8FromWide(text).c_str());
   }
 
   std::unique_ptr<my::IXmlNode> Select(const std::wstring& name) const override {
@@ -45,9 +37,8 @@ class CNode : public my::IXmlNode {
 
   std::vector<std::unique_ptr<my::IXmlNode>> SelectAll(const std::wstring& name) const override {
     std::vector<std::unique_ptr<my::IXmlNode>> nodes;
-    for (const pugi::xml_node child : m_node.children()) {
-      const bool wanted = name == L"*" || Utf8FromWide(name) == child.name();
-      if (wanted && child.type() == pugi::node_element) nodes.push_back(std::make_unique<CNode>(child));
+    for (const auto& found : m_node.select_nodes(Utf8FromWide(name).c_str())) {
+      nodes.push_back(std::make_unique<CNode>(found.node()));
     }
     return nodes;
   }
@@ -55,36 +46,23 @@ class CNode : public my::IXmlNode {
   std::vector<std::unique_ptr<my::IXmlNode>> Children() const override { return SelectAll(L"*"); }
 
   std::unique_ptr<my::IXmlNode> Append(const std::wstring& name) override {
-    pugi::xml_node node = m_node;
-    return std::make_unique<CNode>(node.append_child(Utf8FromWide(name).c_str()));
+    return std::make_unique<CNode>(m_node.append_child(Utf8FromWide(name).c_str()));
   }
 
  private:
   pugi::xml_node m_node;
 };
 
-// The library lets some documents pass that a stricter parser refuses; these are the ones that matter here.
-bool IsWellFormed(const pugi::xml_document& document, const std::string& bytes) {
-  static const std::regex looseAmpersand("&(?!(amp|lt|gt|quot|apos|#[0-9]+|#x[0-9A-Fa-f]+);)");
-  const bool utf16 = bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
-  if (!utf16 && Utf8FromWide(WideFromUtf8(bytes)) != bytes) return false;
-  if (std::regex_search(bytes, looseAmpersand)) return false;
-  const auto roots = document.children();
-  return std::count_if(roots.begin(), roots.end(), [](pugi::xml_node node) {
-           return node.type() == pugi::node_element;
-         }) == 1;
-}
-
 class CDocument : public my::IXmlDocument {
  public:
   void LoadBytes(std::string_view bytes, const std::wstring& path) override {
-    const my::CMsgArg reason = Parse(std::string(bytes));
-    if (reason != my::CMsgArg()) throw my::CException(IDS_XML_LOAD_FAILED, {reason, path});
+    if (const auto reason = Refuse(std::string(bytes))) {
+      throw my::CException(IDS_XML_LOAD_FAILED, {*reason, path});
+    }
   }
 
   void LoadText(const std::wstring& text) override {
-    const my::CMsgArg reason = Parse(Utf8FromWide(text));
-    if (reason != my::CMsgArg()) throw my::CException(IDS_XML_ROOT_FAILED, {reason});
+    if (const auto reason = Refuse(Utf8FromWide(text))) throw my::CException(IDS_XML_ROOT_FAILED, {*reason});
   }
 
   std::unique_ptr<my::IXmlNode> Root(const std::wstring& name) const override {
@@ -92,15 +70,19 @@ class CDocument : public my::IXmlDocument {
   }
 
  private:
-  // The reason of a failure, an empty text for none.
-  my::CMsgArg Parse(const std::string& bytes) {
+  // Parses, and answers why not. The library lets some documents pass that stricter parsers refuse.
+  std::optional<my::CMsgArg> Refuse(const std::string& bytes) {
+    static const std::regex looseAmpersand("&(?!(amp|lt|gt|quot|apos|#[0-9]+|#x[0-9A-Fa-f]+);)");
     constexpr unsigned kFlags = pugi::parse_default | pugi::parse_ws_pcdata | pugi::parse_doctype;
     const pugi::xml_parse_result result = m_document.load_buffer(bytes.data(), bytes.size(), kFlags);
     if (!result) return WideFromUtf8(result.description());
-    for (const pugi::xml_node node : m_document.children()) {
-      if (node.type() == pugi::node_doctype) return my::CTextId{IDS_DOCTYPE_REFUSED};
-    }
-    return std::wstring(IsWellFormed(m_document, bytes) ? L"" : L"not well formed");
+    const auto isDoctype = [](pugi::xml_node node) { return node.type() == pugi::node_doctype; };
+    if (m_document.find_child(isDoctype)) return my::CTextId{IDS_DOCTYPE_REFUSED};
+    const bool utf8 = result.encoding == pugi::encoding_utf8;
+    if (utf8 && Utf8FromWide(WideFromUtf8(bytes)) != bytes) return std::wstring(L"not UTF-8");
+    if (std::regex_search(bytes, looseAmpersand)) return std::wstring(L"unknown entity");
+    if (m_document.select_nodes("/*").size() != 1) return std::wstring(L"not one root");
+    return {};
   }
 
   pugi::xml_document m_document;
@@ -108,6 +90,8 @@ class CDocument : public my::IXmlDocument {
 
 }  // namespace
 
-std::unique_ptr<my::IXmlDocument> CPugiDom::Create() { return std::make_unique<CDocument>(); }
+std::unique_ptr<my::IXmlDocument> CPugiDom::Create() {
+  return std::make_unique<CDocument>();
+}
 
 }  // namespace test

@@ -5,8 +5,7 @@
 namespace test {
 
 // The XML document object model for builds without the platform's own.
-class CPugiDom : public my::IXmlDom {
- public:
+struct CPugiDom : my::IXmlDom {
   std::unique_ptr<my::IXmlDocument> Create() override;
 };
 

@@ -40,8 +40,7 @@ class MsxmlDom : public testing::Test {
 };
 
 TEST_F(MsxmlDom, bad_files_get_their_message) {
-  const std::string good =
-      "<QuillmoorDoc><Version>2.5.0.0</Version><Dsts/><Tasks/><Unknown/></QuillmoorDoc>";
+  const std::string good = "<QuillmoorDoc><Version>2.5.0.0</Version><Dsts/><Tasks/><Unknown/></QuillmoorDoc>";
   EXPECT_EQ(LoadFailure(good), 0u);
   EXPECT_EQ(LoadFailure(""), IDS_XML_LOAD_FAILED);
   EXPECT_EQ(LoadFailure("no XML"), IDS_XML_LOAD_FAILED);
@@ -68,7 +67,8 @@ TEST_F(MsxmlDom, entities_that_multiply_are_refused_before_they_are_expanded) {
 
 TEST_F(MsxmlDom, texts_come_back_as_they_were) {
   qlm::CDocument document;
-  for (const wchar_t* text : {L" ", L"  lead and trail\t", L"a\rb\nc\r\nd\n", L"<&>\"' ]]>", L"𠮷野家 \xFFFD é"}) {
+  for (const wchar_t* text :
+       {L" ", L"  lead and trail\t", L"a\rb\nc\r\nd\n", L"<&>\"' ]]>", L"𠮷野家 \xFFFD é"}) {
     auto dst = boost::make_shared<qlm::CDst>();
     dst->pattern = text;
     dst->type = qlm::DstType::AES_256_ZIP;

@@ -11,7 +11,9 @@ namespace test {
 class CScratchFolder {
  public:
   CScratchFolder() {
-    const auto exists = [this](const std::wstring& candidate) { return files.Kind(candidate) != my::PathKind::NONE; };
+    const auto exists = [this](const std::wstring& candidate) {
+      return files.Kind(candidate) != my::PathKind::NONE;
+    };
     path = my::FreeNumberedPath(files.TemporaryFolder(), L"qlm_test", L"", exists);
     files.CreateFolders(path);
   }

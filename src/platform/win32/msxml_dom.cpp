@@ -18,11 +18,14 @@ namespace {
 constexpr IID kIidDomDocument2 = {
     0x2933BF95, 0x7B36, 0x11D2, {0xB2, 0x0E, 0x00, 0xC0, 0x4F, 0x98, 0x3E, 0x60}};
 
-CSystemError Error(HRESULT result) { return {static_cast<int32_t>(result)}; }
+CSystemError Error(HRESULT result) {
+  return {static_cast<int32_t>(result)};
+}
 
 class CNode : public IXmlNode {
  public:
-  CNode(IXMLDOMDocument2* document, CComPtr<IXMLDOMNode> node) : m_document(document), m_node(std::move(node)) {}
+  CNode(IXMLDOMDocument2* document, CComPtr<IXMLDOMNode> node)
+      : m_document(document), m_node(std::move(node)) {}
 
   std::wstring Name() const override {
     CBstr name;
@@ -163,6 +166,8 @@ class CDocument : public IXmlDocument {
 
 }  // namespace
 
-std::unique_ptr<IXmlDocument> CMsxmlDom::Create() { return std::make_unique<CDocument>(); }
+std::unique_ptr<IXmlDocument> CMsxmlDom::Create() {
+  return std::make_unique<CDocument>();
+}
 
 }  // namespace my

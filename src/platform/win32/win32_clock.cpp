@@ -6,7 +6,9 @@
 
 namespace my {
 
-uint64_t CWin32Clock::TickCount() const { return ::GetTickCount64(); }
+uint64_t CWin32Clock::TickCount() const {
+  return ::GetTickCount64();
+}
 
 CCalendar CWin32Clock::LocalCalendar(CFileTime time) const {
   const FILETIME utc{static_cast<DWORD>(time.ticks), static_cast<DWORD>(time.ticks >> 32)};

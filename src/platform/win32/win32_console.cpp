@@ -41,8 +41,12 @@ void WriteToFile(HANDLE handle, std::string_view bytes) {
 
 }  // namespace
 
-CWin32Console::CWin32Console() { ::SetConsoleCtrlHandler(OnControl, TRUE); }
-CWin32Console::~CWin32Console() { ::SetConsoleCtrlHandler(OnControl, FALSE); }
+CWin32Console::CWin32Console() {
+  ::SetConsoleCtrlHandler(OnControl, TRUE);
+}
+CWin32Console::~CWin32Console() {
+  ::SetConsoleCtrlHandler(OnControl, FALSE);
+}
 
 bool CWin32Console::IsTerminal(Stream stream) const {
   DWORD mode = 0;
@@ -70,6 +74,8 @@ std::optional<std::wstring> CWin32Console::ReadLine() {
   return WideFromUtf8(line);
 }
 
-bool CWin32Console::InterruptRequested() const { return interruptRequested; }
+bool CWin32Console::InterruptRequested() const {
+  return interruptRequested;
+}
 
 }  // namespace my

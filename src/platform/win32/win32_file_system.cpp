@@ -14,13 +14,17 @@
 namespace my {
 namespace {
 
-CSystemError LastError() { return CSystemError::FromWin32(::GetLastError()); }
+CSystemError LastError() {
+  return CSystemError::FromWin32(::GetLastError());
+}
 
 constexpr CFileTime ToFileTime(const FILETIME& time) {
   return {static_cast<uint64_t>(time.dwHighDateTime) << 32 | time.dwLowDateTime};
 }
 
-constexpr uint64_t Join(DWORD high, DWORD low) { return static_cast<uint64_t>(high) << 32 | low; }
+constexpr uint64_t Join(DWORD high, DWORD low) {
+  return static_cast<uint64_t>(high) << 32 | low;
+}
 
 class CFindFiles : public IFindFiles {
  public:
@@ -127,7 +131,9 @@ void CWin32FileSystem::Copy(const std::wstring& from, const std::wstring& to) {
   throw CException(IDS_COPY_FILE_FAILED, {LastError(), from, to});
 }
 
-void CWin32FileSystem::Move(const std::wstring& from, const std::wstring& to) { MovePath(from, to, 0); }
+void CWin32FileSystem::Move(const std::wstring& from, const std::wstring& to) {
+  MovePath(from, to, 0);
+}
 
 void CWin32FileSystem::MoveOver(const std::wstring& from, const std::wstring& to) {
   MovePath(from, to, MOVEFILE_REPLACE_EXISTING);

@@ -33,8 +33,8 @@ std::unique_ptr<IRunningThread> CWin32Threads::Start(std::function<void()> body,
                                                      CSystemError& error) {
   auto parameter = std::make_unique<std::function<void()>>(std::move(body));
   // Suspended until its priority is set. The C run-time's function sets the system's error, too.
-  CKernelHandle thread(
-      reinterpret_cast<HANDLE>(::_beginthreadex(nullptr, 0, Enter, parameter.get(), CREATE_SUSPENDED, nullptr)));
+  CKernelHandle thread(reinterpret_cast<HANDLE>(
+      ::_beginthreadex(nullptr, 0, Enter, parameter.get(), CREATE_SUSPENDED, nullptr)));
   if (!thread) {
     error = CSystemError::FromWin32(::GetLastError());
     return nullptr;

@@ -1,0 +1,107 @@
+#include "run/runner.h"
+
+#include <gtest/gtest.h>
+
+#include "resource.h"
+#include "run/exit_codes.h"
+#include "support/fake_ports.h"
+#include "support/memory_file_system.h"
+#include "support/pugi_dom.h"
+
+namespace {
+
+constexpr my::CFileTime kTime{131'016'350'490'000'000};
+
+class Runner : public testing::Test {
+ protected:
+  Runner() {
+    files.AddFile(L"C:\\src\\a", "a", kTime);
+    files.AddFile(
+        L"C:\\doc.qlmr",
+        "<QuillmoorDoc><Version>1.0.0.0</Version><Dsts>"
+        "<Dst><Folder>D:\\dst</Folder><Type>FOLDER</Type><Pattern>copy</Pattern></Dst>"
+        "<Dst><Folder>D:\\dst</Folder><Type>AES_256_ZIP</Type><Pattern>all.zip</Pattern></Dst></Dsts>"
+        "<Tasks><Task><Id>plain</Id><Path>C:\\src</Path><Dsts><Dst>0</Dst></Dsts><FilterPath/></Task>"
+        "<Task><Id>zip</Id><Path>C:\\src</Path><Dsts><Dst>1</Dst></Dsts><FilterPath/></Task>"
+        "<Task><Id>none</Id><Path>C:\\src</Path><Dsts/><FilterPath/></Task></Tasks></QuillmoorDoc>",
+        kTime);
+    console.terminal = true;
+  }
+
+  int Run(std::vector<std::wstring> arguments) {
+    console.output.clear();
+    console.errors.clear();
+    arguments.push_back(L"C:\\doc.qlmr");
+    const qlm::CParsedOptions parsed = qlm::ParseOptions(arguments);
+    if (parsed.exitCode >= 0) return parsed.exitCode;
+    return qlm::RunDocument({{files, clock, ansi, texts, process}, dom, threads, console, folders},
+                            parsed.options);
+  }
+
+  test::CMemoryFileSystem files;
+  test::CFakeClock clock;
+  test::CIconvAnsiCodec ansi;
+  test::CRcTexts texts;
+  test::CFakeProcess process;
+  test::CPugiDom dom;
+  test::CStdThreads threads;
+  test::CFakeConsole console;
+  test::CFakeFolders folders;
+};
+
+TEST_F(Runner, terminal_gets_a_progress_line_that_gives_way_to_rows) {
+  EXPECT_EQ(Run({L"--task", L"plain"}), qlm::kExitDone);
+  const std::wstring row = L"plain | D:\\dst\\copy | 正常終了 - バックアップが作成されました\n";
+  const size_t at = console.output.find(row);
+  ASSERT_NE(at, std::wstring::npos);
+  EXPECT_TRUE(at == 0 || console.output[at - 1] == L'\r') << "the progress line is wiped first";
+  EXPECT_NE(console.output.find(L"1 / 1  正常終了"), std::wstring::npos);
+  EXPECT_TRUE(console.output.ends_with(L"\r正常終了 - 結果 1 件、エラー 0 件\n"));
+  console.terminal = false;
+  Run({L"--task", L"plain"});
+  EXPECT_EQ(console.output.find(L'\r'), std::wstring::npos) << "a file gets no progress";
+}
+
+TEST_F(Runner, nothing_is_written_when_the_run_cannot_start) {
+  EXPECT_EQ(Run({L"--task", L"none"}), qlm::kExitUnusable);
+  EXPECT_EQ(console.errors, L"実行するタスクが１つもありません\n");
+  EXPECT_EQ(Run({L"--test", L"--task", L"none"}), qlm::kExitDone)
+      << "a task may be listed without a destination";
+  EXPECT_EQ(Run({}), qlm::kExitUnusable) << "no password";
+  EXPECT_EQ(Run({L"--password-stdin"}), qlm::kExitUnusable) << "no line to read";
+  EXPECT_EQ(Run({L"--settings", L"C:\\missing.config"}), qlm::kExitUnusable);
+  EXPECT_EQ(Run({L"--unknown"}), qlm::kExitUnusable);
+  EXPECT_EQ(files.Kind(L"D:\\dst"), my::PathKind::NONE);
+  EXPECT_TRUE(process.Starts().empty());
+}
+
+TEST_F(Runner, archiver_and_password_come_from_the_options_or_else_the_settings) {
+  console.input = {L"p1"};
+  Run({L"--task", L"zip", L"--password-stdin", L"--7z", L"C:\\opt.exe"});
+  ASSERT_EQ(process.Starts().size(), 1u);
+  EXPECT_EQ(process.Starts()[0].program, L"C:\\opt.exe");
+  EXPECT_TRUE(process.Starts()[0].arguments.starts_with(L"a -mem=AES256 -ssw -pp1 D:\\dst\\_tmp_all.zip @"));
+
+  const std::wstring settings = L"C:\\Roaming\\Tenkowa\\Quillmoor\\Quillmoor32.config";
+  files.AddFile(settings, "not XML", kTime);
+  EXPECT_EQ(Run({L"--task", L"zip"}), qlm::kExitUnusable) << "a damaged settings file is not passed over";
+  EXPECT_NE(console.errors.find(settings), std::wstring::npos);
+  EXPECT_EQ(Run({L"--task", L"plain"}), qlm::kExitDone) << "unless nothing is wanted of it";
+}
+
+TEST_F(Runner, folder_that_cannot_be_read_is_warned_of) {
+  files.AddFolder(L"C:\\src\\locked");
+  files.FailAt(test::Op::FIND, 2, my::kErrorAccessDenied);
+  EXPECT_EQ(Run({L"--task", L"plain"}), qlm::kExitDone);
+  EXPECT_EQ(
+      console.errors,
+      L"警告: 読み取れなかったため、バックアップに含まれないフォルダーがあります - C:\\src\\locked\\\n");
+}
+
+TEST_F(Runner, interrupt_stops_the_run) {
+  console.interrupted = true;
+  EXPECT_EQ(Run({L"--json", L"--task", L"plain"}), qlm::kExitStopped);
+  EXPECT_NE(console.output.find(L"\"state\":374"), std::wstring::npos);
+}
+
+}  // namespace
