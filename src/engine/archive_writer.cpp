@@ -42,7 +42,7 @@ CNewListFile CreateListFile(my::IFileSystem& files) {
 
 // Writes a line for every counted file; answers how many there are.
 uint64_t WriteList(my::INewFile& file, const CArchivePorts& ports, const CTargets& targets) {
-  constexpr size_t kPortion = 256 * 1024;  // bytes that go out in one write
+  constexpr size_t kPortion = size_t{256} * 1024;  // bytes that go out in one write
   std::string lines;
   uint64_t count = 0;
   for (const CTarget& target : targets) {

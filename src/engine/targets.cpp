@@ -16,7 +16,7 @@ const CTarget& CTargets::Add(std::wstring_view relativePath, const my::CFindData
 }
 
 std::wstring_view CTargets::Store(std::wstring_view text) {
-  constexpr size_t kBlock = 32 * 1024;
+  constexpr size_t kBlock = size_t{32} * 1024;
   if (text.size() > m_blockLeft) {
     m_blockLeft = std::max(kBlock, text.size());
     m_blocks.emplace_back(new wchar_t[m_blockLeft]);

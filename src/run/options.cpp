@@ -56,6 +56,7 @@ void Describe(CLI::App& app, COptions& options, CRawOptions& raw) {
 
 std::vector<std::string> ReversedUtf8(const std::vector<std::wstring>& arguments) {
   std::vector<std::string> reversed;
+  reversed.reserve(arguments.size());
   for (const std::wstring& argument : arguments) reversed.push_back(my::Utf8FromWide(argument));
   std::reverse(reversed.begin(), reversed.end());
   return reversed;

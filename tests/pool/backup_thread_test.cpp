@@ -176,7 +176,6 @@ TEST_F(BackupThread, waiting_for_the_end_leaves_no_worker) {
   std::promise<void> release;
   HoldArchiver(entered, release.get_future().share());
   AddJob(L"1", {L"one"});
-  AddJob(L"2", {L"two"});
   controller.Start(false, false);
   entered.get_future().wait();
   std::thread later([&release] { release.set_value(); });
