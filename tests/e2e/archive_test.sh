@@ -66,7 +66,18 @@ run_with_password --7z "$archiver"
 expect_code 0
 [[ $(json_rows | grep -c '"phase":440') == 4 ]] || fail 'the second run did not skip all'
 
-# A missing archiver, and what the settings file says about archiver and password.
+# Archiver and password from a settings file that keeps the password.
+config=$(<"$top/tests/host/golden/settings_default.config")
+config=${config/'<SevenZipPath/>'/"<SevenZipPath>$archiver</SevenZipPath>"}
+config=${config/'>EXEC_ONCE<'/'>SAVE<'}
+config=${config/'<Password/>'/"<Password>$password</Password>"}
+printf '%s\n' "$config" >"$work/saved.config"
+find "$src" -type f -exec touch -d '2015-03-05 07:04:08 UTC' {} +
+run_qlm --settings "$(to_win "$work/saved.config")" "$document"
+expect_code 0
+"$native" t -p"$password" "$work/dst/書類_2015_a.zip" >/dev/null || fail 'the saved password does not open it'
+
+# A missing archiver.
 find "$src" -type f -exec touch -d '2017-03-05 07:04:08 UTC' {} +
 run_with_password --7z "$(to_win "$work/none/7z.exe")"
 expect_code 1
