@@ -40,9 +40,10 @@ CMeasured Measure(const CSide& baseline, const std::vector<CSide>& sides, int ro
   for (const CSide& side : sides) side.run();
   baseline.run();
   for (int round = 0; round < rounds; ++round) {
-    for (const auto& [side, times] : turns) times->push_back(side->run());
-    std::rotate(turns.begin(), turns.begin() + 1, turns.end());
-    std::reverse(turns.begin(), turns.end());
+    auto order = turns;
+    std::rotate(order.begin(), order.begin() + round / 2 % static_cast<int>(order.size()), order.end());
+    if (round % 2 == 1) std::reverse(order.begin(), order.end());
+    for (const auto& [side, times] : order) times->push_back(side->run());
   }
   return measured;
 }

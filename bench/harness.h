@@ -31,7 +31,8 @@ struct CMeasured {
   std::vector<CTimes> sides;
 };
 
-// Runs all sides once to warm up, then round by round; who goes first and in which direction changes.
+// Runs all sides once to warm up, then round by round. Who goes first changes every second round, and the
+// round between runs backwards.
 CMeasured Measure(const CSide& baseline, const std::vector<CSide>& sides, int rounds);
 
 double Median(CTimes times);

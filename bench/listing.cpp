@@ -2,6 +2,7 @@
 #include <boost/smart_ptr/make_shared.hpp>
 #include <cstdio>
 #include <stdexcept>
+#include <utility>
 
 #include "bench.h"
 #include "document/filter.h"
@@ -10,6 +11,7 @@
 #include "harness.h"
 #include "platform/win32/win32_file_system.h"
 #include "platform/win32/win32_message_texts.h"
+#include "support/paths.h"
 #include "tree.h"
 
 namespace bench {
@@ -110,21 +112,21 @@ void MeasureListing(const COptions& options) {
   const CTreeShape shape{.projects = std::max(1, 100 / options.divisor)};
   const std::wstring tree = EnsureTree(options.root, shape);
   const uint64_t count = FileCount(shape);
-  const auto none = boost::make_shared<const qlm::CFilter>();
-  const CFilterPtr ten = MakeFilter(10);
-  const CFilterPtr fifty = MakeFilter(kLines.size());
-  const auto bare = [&] {
-    std::wstring folder = tree + L"\\";
-    return TimeMs([&] { BareList(folder); });
-  };
+  const CSide bare{"bare loop", 0, [&] {
+                     std::wstring folder = tree + my::kSeparator;
+                     return TimeMs([&] { BareList(folder); });
+                   }};
   std::printf("listing %llu files\n", static_cast<unsigned long long>(count));
-  Compare({"bare loop", 0, bare},
-          {{"no filter", 1.05, [&] { return TimeListing(tree, none, count); }},
-           {"filter of 10 lines", 1.10, [&] { return TimeListing(tree, ten, count); }},
-           {"filter of 50 lines", 1.20, [&] { return TimeListing(tree, fifty, count); }},
-           {"10 lines, every expression run", 0, [&] { return TimeListing(tree, ten, count, true); }},
-           {"50 lines, every expression run", 0, [&] { return TimeListing(tree, fifty, count, true); }}},
-          options.rounds);
+  const auto none = boost::make_shared<const qlm::CFilter>();
+  Compare(bare, {{"no filter", 1.05, [&] { return TimeListing(tree, none, count); }}}, options.rounds);
+  for (const auto& [lines, target] : {std::pair(size_t{10}, 1.10), std::pair(kLines.size(), 1.20)}) {
+    const CFilterPtr filter = MakeFilter(lines);
+    const std::string name = "filter of " + std::to_string(lines) + " lines";
+    Compare(bare,
+            {{name, target, [&] { return TimeListing(tree, filter, count); }},
+             {name + ", all searched", 0, [&] { return TimeListing(tree, filter, count, true); }}},
+            options.rounds);
+  }
 }
 
 }  // namespace bench

@@ -3,89 +3,81 @@
 #include <gtest/gtest.h>
 
 #include <boost/smart_ptr/make_shared.hpp>
+#include <fstream>
+#include <regex>
 
+#include "document/document_file.h"
 #include "document/name_pattern.h"
+#include "platform/xml_layer.h"
 #include "resource.h"
 #include "support/fake_ports.h"
+#include "support/memory_file_system.h"
+#include "support/pugi_dom.h"
+#include "support/strings.h"
 #include "support/thrown.h"
 
 namespace {
 
-using qlm::CDst;
-using qlm::CTask;
-using qlm::DstType;
+using namespace qlm;
+using test::Op;
 using test::ThrownId;
 
-boost::shared_ptr<CDst> Dst(const std::wstring& folder) {
-  return boost::make_shared<CDst>(CDst{folder});
+CDstPtr Dst(std::wstring folder, DstType type = DstType::ZIP, std::wstring pattern = L"<ID>") {
+  return boost::make_shared<CDst>(CDst{std::move(folder), type, std::move(pattern)});
 }
 
-boost::shared_ptr<CTask> Task(const std::wstring& id, const std::wstring& path, qlm::CTaskDsts dsts = {}) {
-  return boost::make_shared<CTask>(CTask{id, path, L"", std::move(dsts)});
+CTaskPtr Task(std::wstring id, std::wstring path, CTaskDsts dsts = {}, std::wstring filterPath = L"") {
+  return boost::make_shared<CTask>(
+      CTask{std::move(id), std::move(path), std::move(filterPath), std::move(dsts)});
 }
 
-std::wstring Ids(const qlm::CDocument& document) {
+std::wstring Ids(const CDocument& document) {
   std::wstring ids;
   for (const auto& task : document.Tasks()) ids += task->id + L" ";
   return ids;
 }
 
-TEST(DocumentRules, first_broken_rule_is_told) {
-  EXPECT_EQ(ThrownId([] { qlm::CheckId(L""); }), IDS_ID_EMPTY);
+TEST(Document, first_broken_rule_is_told) {
   for (const wchar_t c : std::wstring(L"/?:*\"><|")) {
-    EXPECT_EQ(ThrownId([c] { qlm::CheckId(std::wstring(L"a") + c); }), IDS_ID_BAD_CHARACTER);
+    EXPECT_EQ(ThrownId([c] { CheckId(std::wstring(L"a") + c); }), IDS_ID_BAD_CHARACTER);
   }
-  EXPECT_EQ(ThrownId([] { qlm::CheckTask({L"a\\b 字", L"p", L"", {}}); }), 0u);
-  EXPECT_EQ(ThrownId([] { qlm::CheckTask({L"?", L"", L"", {}}); }), IDS_PATH_EMPTY);
-  EXPECT_EQ(ThrownId([] { qlm::CheckTask({L"", L"p", L"", {}}); }), IDS_ID_EMPTY);
-  EXPECT_EQ(ThrownId([] { qlm::CheckDst({L"", {}, L""}); }), IDS_PATH_EMPTY);
-  EXPECT_EQ(ThrownId([] { qlm::CheckDst({L"f", {}, L""}); }), IDS_PATTERN_EMPTY);
+  EXPECT_EQ(ThrownId([] { CheckTask(*Task(L"a\\b 字", L"p")); }), 0u);
+  EXPECT_EQ(ThrownId([] { CheckTask(*Task(L"?", L"")); }), IDS_PATH_EMPTY);
+  EXPECT_EQ(ThrownId([] { CheckTask(*Task(L"", L"p")); }), IDS_ID_EMPTY);
+  EXPECT_EQ(ThrownId([] { CheckDst({L"", {}, L""}); }), IDS_PATH_EMPTY);
+  EXPECT_EQ(ThrownId([] { CheckDst({L"f", {}, L""}); }), IDS_PATTERN_EMPTY);
 }
 
 TEST(Document, insertion_keeps_order_and_refuses_what_is_there) {
-  qlm::CDocument document;
-  document.Tasks().Insert(5, Task(L"b", L""));
-  document.Tasks().Insert(-1, Task(L"B", L""));
-  document.Tasks().Insert(0, Task(L"a", L""));
-  document.Tasks().Insert(1, Task(L"c", L""));
-  document.Tasks().Insert(4, Task(L"d", L""));
+  CDocument document;
+  const std::pair<int, const wchar_t*> insertions[] = {{5, L"b"}, {-1, L"B"}, {0, L"a"}, {1, L"c"}};
+  for (const auto& [position, id] : insertions) document.Tasks().Insert(position, Task(id, L""));
   EXPECT_EQ(ThrownId([&] { document.Tasks().Insert(0, Task(L"B", L"other")); }), IDS_ID_DUPLICATE);
-  EXPECT_EQ(ThrownId([&] { document.Tasks().Insert(0, Task(L"|", L"")); }), IDS_ID_BAD_CHARACTER);
-  EXPECT_EQ(Ids(document), L"a c b B d ");
-  document.Dsts().Insert(-1, Dst(L"x"));
+  EXPECT_EQ(Ids(document), L"a c b B ");
+  for (const wchar_t* folder : {L"x", L"X"}) document.Dsts().Insert(0, Dst(folder));
   EXPECT_EQ(ThrownId([&] { document.Dsts().Insert(0, Dst(L"x")); }), IDS_DST_DUPLICATE);
-  document.Dsts().Insert(0, Dst(L"X"));
   EXPECT_EQ(document.Dsts().size(), 2u);
-  EXPECT_EQ(document.Dsts().IndexOf(Dst(L"x")), -1) << "an equal one is not the same";
-  const auto* noRule = document.Dsts()[0]->replaceRule;
-  document.Dsts()[0]->replaceRule = reinterpret_cast<const qlm::CReplaceRule*>(&document);
-  EXPECT_FALSE(document.Dsts().FindEqual(*Dst(L"X"))) << "the rule takes part in equality";
-  document.Dsts()[0]->replaceRule = noRule;
 }
 
 TEST(Document, merge_renames_clashing_id) {
-  qlm::CDocument document;
-  document.Dsts().Insert(-1, Dst(L"x"));
-  for (const wchar_t* id : {L"Backup", L"Backup2", L"A"}) {
-    document.Tasks().Insert(-1, Task(id, L"p", {document.Dsts()[0]}));
-  }
-  EXPECT_FALSE(document.Merge(qlm::CDocument(document), 0));
-  qlm::CDocument source;
-  source.Dsts().Insert(-1, Dst(L"y"));
-  source.Dsts().Insert(-1, Dst(L"x"));
-  for (const wchar_t* id : {L"Backup", L"A2", L"new", L"A"}) {
-    source.Tasks().Insert(-1, Task(id, L"other", {source.Dsts()[1], source.Dsts()[0]}));
-  }
-  source.Tasks().Insert(-1, Task(L"Backup2", L"p", {source.Dsts()[1]}));
+  CDocument document;
+  const CDstPtr x = Dst(L"x");
+  document.Dsts().Insert(-1, x);
+  for (const wchar_t* id : {L"Backup", L"Backup2", L"A"}) document.Tasks().Insert(-1, Task(id, L"p", {x}));
+  EXPECT_FALSE(document.Merge(CDocument(document), 0)) << "nothing is new";
+  CDocument source;
+  for (const wchar_t* folder : {L"y", L"x"}) source.Dsts().Insert(-1, Dst(folder));
+  const CTaskDsts both = {source.Dsts()[1], source.Dsts()[0]};
+  for (const wchar_t* id : {L"Backup", L"A2", L"new", L"A"}) source.Tasks().Insert(-1, Task(id, L"q", both));
+  source.Tasks().Insert(-1, Task(L"Backup2", L"p", {both[0]}));
   EXPECT_TRUE(document.Merge(source, 1));
   EXPECT_EQ(Ids(document), L"Backup Backup3 A2 new A3 Backup2 A ") << "the equal one is skipped";
   EXPECT_EQ(document.Dsts().size(), 2u);
-  EXPECT_EQ(document.Tasks()[1]->dsts, (qlm::CTaskDsts{document.Dsts()[0], document.Dsts()[1]}));
-  EXPECT_EQ(source.Tasks()[0]->id, L"Backup") << "the source stays as it is";
+  EXPECT_EQ(document.Tasks()[1]->dsts, (CTaskDsts{x, document.Dsts()[1]})) << "its own objects";
+  EXPECT_EQ(source.Tasks()[0]->id, L"Backup");
 
-  source.Tasks()[4]->dsts = {Dst(L"nowhere")};
   source.Dsts().Insert(-1, Dst(L"z"));
-  source.Tasks().Insert(0, Task(L"first", L"p"));
+  source.Tasks()[4]->dsts = {Dst(L"nowhere")};
   EXPECT_EQ(ThrownId([&] { document.Merge(source, 0); }), IDS_INTERNAL_ERROR);
   EXPECT_EQ(document.Tasks().size() + document.Dsts().size(), 7u + 2u) << "nothing of a failed merge stays";
 }
@@ -95,36 +87,195 @@ TEST(NamePattern, tokens_yield_local_time_and_id) {
   const std::wstring table[][3] = {
       {L"<ID>_<Y>_<M>_<D>_<h>_<m>", L"Docs", L"Docs_2016_03_05_16_04"},
       {L"<Y2><M1><D1> <Y4><M2><D2>", L"", L"1635 20160305"},
-      {L"<h1>.<m1>.<s1> <h2>.<m2>.<s2> <h><m><s>", L"", L"16.4.9 16.04.09 160409"},
-      {L"<Id><iD><id> <Y3><y><M3>< Y><DD>", L"a", L"aaa <Y3><y><M3>< Y><DD>"},
-      {L"<ID>\\<ID>", L"a\\b", L"a\\b\\a\\b"},
-      {L"<ID>", L"\\$1 $& $0 (?1a:b) ${x} \\n &", L"\\$1 $& $0 (?1a:b) ${x} \\n &"},
+      {L"<h1>.<m1>.<s1> <h2>.<m2>.<s2>,<s>", L"", L"16.4.9 16.04.09,09"},
+      {L"<Id><iD><id> <Y3><y><M3>< Y>", L"a\\b", L"a\\ba\\ba\\b <Y3><y><M3>< Y>"},
+      {L"<ID>", L"\\$1 $& (?1a:b) ${x} \\n &", L"\\$1 $& (?1a:b) ${x} \\n &"},
       {L"<ID>", L"<Y><id>", L"2016<id>"}};
   test::CFakeClock clock;
   clock.SetOffsetMinutes(9 * 60);
   for (const auto& [pattern, id, name] : table) {
-    EXPECT_EQ(qlm::ExpandName({L"", DstType::ZIP, pattern}, id, time, clock), name);
+    EXPECT_EQ(ExpandName({L"", DstType::ZIP, pattern}, id, time, clock), name);
   }
-  EXPECT_THROW(qlm::ExpandName({}, L"a", {uint64_t{1} << 63}, clock), my::CException);
+  EXPECT_THROW(ExpandName({}, L"a", {uint64_t{1} << 63}, clock), my::CException);
 }
 
 TEST(NamePattern, extension_follows_the_type) {
-  const std::wstring table[][3] = {{L"backup.ZIP", L"backup.ZIP", L"backup"},
-                                   {L"backup.tar", L"backup.zip", L"backup"},
-                                   {L"backup", L"backup.zip", L"backup"},
-                                   {L"a.b.", L"a.b.zip", L"a.b"},
-                                   {L"dir.x\\name", L"dir.x\\name.zip", L"dir.x\\name"},
-                                   {L"dir.x/name", L"dir.x/name.zip", L"dir.x/name"},
-                                   {L"a.zipp", L"a.zip", L"a"}};
+  const std::wstring table[][3] = {{L"a.ZIP", L"a.ZIP", L"a"},     {L"a.tar", L"a.zip", L"a"},
+                                   {L"a", L"a.zip", L"a"},         {L"a.b.", L"a.b.zip", L"a.b"},
+                                   {L"a.zipp", L"a.zip", L"a"},    {L"x.y\\a", L"x.y\\a.zip", L"x.y\\a"},
+                                   {L"x./a", L"x./a.zip", L"x./a"}};
   for (const auto& [text, zip, folder] : table) {
-    for (const DstType type : {DstType::FOLDER, DstType::ZIP, DstType::PASSWORD_ZIP, DstType::AES_256_ZIP}) {
+    for (const DstType type : {DstType::FOLDER, DstType::AES_256_ZIP}) {
       const std::wstring& expected = type == DstType::FOLDER ? folder : zip;
       std::wstring name = text;
-      EXPECT_EQ(qlm::HasFittingExtension(type, text), text == expected);
-      EXPECT_EQ(qlm::AdjustExtension(type, name), text != expected);
+      EXPECT_EQ(HasFittingExtension(type, text), text == expected);
+      EXPECT_EQ(AdjustExtension(type, name), text != expected);
       EXPECT_EQ(name, expected);
     }
   }
+}
+
+const std::wstring kPath = L"C:\\d\\doc.qlmr";
+
+class DocumentFile : public testing::Test {
+ protected:
+  DocumentFile() { files.AddFile(kPath, "old"); }
+
+  // Loads the bytes and answers the id of what is thrown; its text must name the file and `named`.
+  uint32_t Refusal(const std::string& bytes, const std::wstring& named = L"") {
+    files.AddFile(kPath, bytes);
+    const my::CSimpleErr error = my::TrapError(texts, [&] { LoadDocument(files, dom, kPath); });
+    for (const std::wstring& part : {kPath, named}) {
+      if (error) EXPECT_NE(error.message.find(part), std::wstring::npos) << error.message;
+    }
+    return error.code;
+  }
+
+  std::string Saved(const CDocument& document) {
+    SaveDocument(files, dom, document, kPath);
+    return files.Files().at(kPath);
+  }
+
+  test::CMemoryFileSystem files;
+  test::CPugiDom dom;
+  test::CRcTexts texts;
+};
+
+TEST_F(DocumentFile, bad_file_is_refused_with_its_message) {
+  // Children stand in another order than they are written in.
+  const std::string good =
+      "<QuillmoorDoc><New><Dst/></New><Tasks><Task><FilterPath/><Id>I</Id><Path>S</Path><Dsts><Dst>0</Dst>"
+      "</Dsts></Task></Tasks>\r\n<!-- x --><Version>2.5.0.0</Version><Dsts><Dst><Type>ZIP</Type>"
+      "<Pattern>P</Pattern><Folder>F</Folder></Dst></Dsts></QuillmoorDoc>";
+  const std::tuple<const char*, const char*, uint32_t, const wchar_t*> table[] = {
+      {"^", "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"utf-8\"?>", 0, L""},
+      {"QuillmoorDoc", "Other", IDS_XML_NODE_NOT_FOUND, L"QuillmoorDoc"},
+      {"<Dst>0", "<Dst>1", IDS_DST_NOT_COMMON, L""},
+      {"<Dst>0", "<Dst>-1", IDS_XML_BAD_DWORD, L"-1\n\n/QuillmoorDoc/Tasks/Task[1]/Dsts/Dst[1]"},
+      {"<Dst>0", "<Dst> 0", IDS_XML_BAD_DWORD, L""},
+      {"<Dsts><Dst>0</Dst></Dsts>", "", IDS_XML_NODE_NOT_FOUND, L"Dsts"},
+      {"ZIP", "zip", IDS_UNKNOWN_NAME, L"DstType として不明な名前 zip "},
+      {"2.5.0.0", "2.5.0", IDS_XML_BAD_VERSION, L"2.5.0"},
+      {"<Dst><Type>.*</Dst>", "$&$&", IDS_DST_DUPLICATE, L""},
+      {"<Task>.*</Task>", "$&$&", IDS_ID_DUPLICATE, L""},
+      {"<Quill", "<!DOCTYPE a [<!ENTITY b 'c'>]><Quill", IDS_XML_LOAD_FAILED, L"DOCTYPE"},
+      {"<Id>I", "<Id>\xE2\x82", IDS_XML_LOAD_FAILED, L""}};
+  for (const auto& [from, to, id, named] : table) {
+    EXPECT_EQ(Refusal(std::regex_replace(good, std::regex(from), to), named), id) << from << " -> " << to;
+  }
+  for (const char* name :
+       {"Version", "Dsts", "Folder", "Type", "Pattern", "Tasks", "Id", "Path", "FilterPath"}) {
+    const std::regex tag("(</?)" + std::string(name) + "\\b");
+    const uint32_t id = Refusal(std::regex_replace(good, tag, "$1Other"), my::WideFromUtf8(name));
+    EXPECT_EQ(id, IDS_XML_NODE_NOT_FOUND) << name;
+  }
+  for (size_t size = 0; size < good.size(); ++size) {
+    EXPECT_EQ(Refusal(good.substr(0, size)), IDS_XML_LOAD_FAILED) << "cut after " << size;
+  }
+  const std::string huge(my::kLargestXmlFile + 1, ' ');
+  EXPECT_EQ(Refusal(huge, texts.Text(IDS_FILE_TOO_LARGE)), IDS_XML_LOAD_FAILED);
+  files.FailAt(Op::READ, 1, my::kErrorAccessDenied);
+  EXPECT_EQ(Refusal(good, L"0x80070005"), IDS_XML_LOAD_FAILED);
+}
+
+TEST_F(DocumentFile, texts_come_back_as_they_were_and_stay_shared) {
+  CDocument document;
+  for (const wchar_t* text :
+       {L"", L" ", L"\t a \n", L"a\rb\nc\r\nd\n\r", L"<&>\"' ]]> &amp;", L"𠮷é\xFFFD\x7F\x85"}) {
+    document.Dsts().Insert(-1, Dst(text, DstType::AES_256_ZIP, text));
+    const size_t i = document.Tasks().size();
+    const CTaskDsts dsts = {document.Dsts()[0], document.Dsts()[i]};
+    document.Tasks().Insert(-1, Task(L"t" + std::to_wstring(i), text, dsts, std::wstring(L"f") + text));
+  }
+  Saved(document);
+  const CDocument loaded = LoadDocument(files, dom, kPath);
+  EXPECT_EQ(loaded.Path(), kPath);
+  ASSERT_EQ(loaded.Tasks().size(), 6u);
+  for (size_t i = 0; i < loaded.Tasks().size(); ++i) {
+    EXPECT_EQ(*loaded.Tasks()[i], *document.Tasks()[i]) << i;
+    EXPECT_EQ(loaded.Tasks()[i]->dsts, (CTaskDsts{loaded.Dsts()[0], loaded.Dsts()[i]})) << "the same objects";
+  }
+}
+
+TEST_F(DocumentFile, bytes_are_those_of_the_format) {
+  std::ifstream stream(QLM_SOURCE_DIR "/tests/host/golden/document.qlmr", std::ios::binary);
+  const std::string golden(std::istreambuf_iterator<char>(stream), {});
+  const CDstPtr zip = Dst(L"D:\\保存", DstType::ZIP, L"<ID>_<Y>.zip");
+  const CDstPtr folder = Dst(L"E:\\b & c", DstType::FOLDER);
+  CDocument document;
+  document.Dsts().Insert(-1, zip);
+  document.Dsts().Insert(-1, folder);
+  document.Tasks().Insert(-1, Task(L"a", L"C:\\書類\\a", {folder, zip}));
+  document.Tasks().Insert(-1, Task(L"b", L"C:\\書類\\b", {folder}));
+  EXPECT_EQ(Saved(document), golden);
+  EXPECT_EQ(Saved({}), golden.substr(0, golden.find("<Dsts>")) + "<Dsts/><Tasks/></QuillmoorDoc>\n");
+}
+
+TEST_F(DocumentFile, document_that_could_not_be_read_back_leaves_the_old_file) {
+  CDocument document;
+  document.Dsts().Insert(-1, Dst(L"x"));
+  document.Tasks().Insert(-1, Task(L"a", L"", {document.Dsts()[0]}));
+  for (const wchar_t bad : {L'\0', L'\x1F', wchar_t(0xD800), L'\xFFFE'}) {
+    document.Tasks()[0]->path = std::wstring(L"C:\\") + bad;
+    EXPECT_EQ(ThrownId([&] { Saved(document); }), IDS_XML_SET_TEXT_FAILED);
+  }
+  *document.Tasks()[0] = *Task(L"a", L"", {Dst(L"x")});
+  EXPECT_EQ(ThrownId([&] { Saved(document); }), IDS_DST_NOT_COMMON) << "equal, but not of the list";
+  *document.Tasks()[0] = *Task(L"", L"");
+  EXPECT_EQ(ThrownId([&] { Saved(document); }), IDS_ID_EMPTY);
+  EXPECT_EQ(files.Files(), (std::map<std::wstring, std::string>{{kPath, "old"}}));
+}
+
+// Saves over an old file beside the leftover of somebody else; both must outlive whatever fails.
+class DocumentFileFaults : public DocumentFile {
+ protected:
+  void NewDisk() {
+    files = {};
+    files.AddFile(kPath, "old");
+    files.AddFile(L"C:\\d\\_tmp_doc.qlmr", "theirs");
+  }
+
+  // Whether saving was kept from its end; then the old bytes must stand there, else the new ones.
+  bool SaveFails() {
+    uint32_t failure = 1;
+    try {
+      failure = ThrownId([this] { Saved({}); });
+    } catch (const test::CCrash&) {
+    }
+    EXPECT_TRUE(failure <= 1 || failure == IDS_XML_SAVE_FAILED) << failure;
+    const std::string bytes = files.Files().at(kPath);
+    EXPECT_TRUE(failure != 0 ? bytes == "old" : bytes.ends_with("</QuillmoorDoc>\n")) << bytes;
+    EXPECT_EQ(files.Files().at(L"C:\\d\\_tmp_doc.qlmr"), "theirs");
+    return failure != 0;
+  }
+};
+
+TEST_F(DocumentFileFaults, failing_operation_leaves_the_old_file_and_nothing_beside_it) {
+  for (int kind = 0; kind <= static_cast<int>(Op::CLOSE); ++kind) {
+    for (int n = 1; n == 1 || files.Failed(); ++n) {
+      SCOPED_TRACE(testing::Message() << "operation " << kind << ", the " << n << ".");
+      for (const bool removable : {false, true}) {
+        NewDisk();
+        if (!removable) files.FailAt(Op::REMOVE, 1);
+        files.FailAt(static_cast<Op>(kind), n);
+        SaveFails();
+        if (removable) EXPECT_EQ(files.Files().size(), 2u);
+      }
+    }
+  }
+}
+
+TEST_F(DocumentFileFaults, crash_leaves_all_of_the_old_or_all_of_the_new) {
+  int n = 1;
+  for (bool crashed = true; crashed; ++n) {
+    SCOPED_TRACE(n);
+    NewDisk();
+    files.CrashAt(n);
+    crashed = SaveFails();
+    files.ClearFaults();
+    EXPECT_FALSE(SaveFails()) << "what the crash left is in nobody's way";
+  }
+  EXPECT_GT(n, 5) << "to create, write, flush, close and rename";
 }
 
 }  // namespace
