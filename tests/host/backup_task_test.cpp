@@ -123,24 +123,6 @@ TEST_F(BackupTask, name_taken_by_the_other_kind_fails_its_row_and_ends_the_job) 
   EXPECT_EQ(Outcome(Run()), "436/58614 ") << "the destination folder itself is no backup";
 }
 
-TEST_F(BackupTask, leftover_of_a_killed_run_is_neither_reused_nor_removed) {
-  AddDst(L"v1.2");
-  files.AddFile(L"D:\\dst\\_tmp_v1.2\\a.txt", "half", kOlder);
-  EXPECT_EQ(Outcome(Run()), "439/0 ");
-  EXPECT_EQ(Below(L"D:\\dst\\v1.2"), kSource);
-  EXPECT_EQ(Below(L"D:\\dst\\_tmp_v1.2").size(), 1u);
-}
-
-TEST_F(BackupTask, list_only_creates_nothing) {
-  AddDst(L"x");
-  AddDst(L"y");
-  const auto rows = Run(nullptr, true);
-  EXPECT_EQ(Outcome(rows), "436/0 ");
-  EXPECT_EQ(rows[0]->destinationPath, L"D:\\dst\\x");
-  EXPECT_EQ(rows[0]->targets->size(), 6u);
-  EXPECT_EQ(files.Kind(L"D:\\dst"), my::PathKind::NONE);
-}
-
 TEST_F(BackupTask, filter_decides_what_is_listed_counted_and_copied) {
   AddDst(L"x");
   task.filterPath = L"C:\\f.flt";

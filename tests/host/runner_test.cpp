@@ -98,10 +98,4 @@ TEST_F(Runner, folder_that_cannot_be_read_is_warned_of) {
       L"警告: 読み取れなかったため、バックアップに含まれないフォルダーがあります - C:\\src\\locked\\\n");
 }
 
-TEST_F(Runner, interrupt_stops_the_run) {
-  console.interrupted = true;
-  EXPECT_EQ(Run({L"--json", L"--task", L"plain"}), qlm::kExitStopped);
-  EXPECT_NE(console.output.find(L"\"state\":374"), std::wstring::npos);
-}
-
 }  // namespace

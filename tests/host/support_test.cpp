@@ -32,14 +32,6 @@ TEST(Strings, utf8_marks_every_byte_that_is_no_text) {
   }
 }
 
-TEST(Strings, blanks_line_breaks_and_case) {
-  EXPECT_EQ(Trim(L" \t\r\na \n b\n", kBlanks), L"a \n b");
-  EXPECT_EQ(Trim(L" \n", kBlanks), L"");
-  EXPECT_EQ(OneLine(L"\na\r\n\r\nb \nc\n"), L"a b c");
-  EXPECT_TRUE(EqualNoCase(L"C:\\Az{", L"c:\\aZ{"));
-  EXPECT_FALSE(EqualNoCase(L"[", L"{") || EqualNoCase(L"É", L"é") || EqualNoCase(L"a", L"ab"));
-}
-
 TEST(Paths, name_that_is_taken_is_not_used) {
   std::wstring taken;
   const auto exists = [&](const std::wstring& path) { return taken.find(path + L"|") != taken.npos; };
@@ -71,19 +63,12 @@ TEST(ValueCodecs, text_that_is_no_value_is_refused) {
   for (const wchar_t* bad : {L"", L"123", L"GG", L"-1", L"1234567", L"#12345"}) EXPECT_FALSE(ParseColor(bad));
 }
 
-TEST(EnumNames, flags_are_joined_by_name) {
-  constexpr std::wstring_view kNames[] = {L"A", L"B", L"AB"};
-  const CEnumTable table{L"Letters", kNames};
-  EXPECT_EQ(FlagsText(table, 5), L"A|AB");
-  for (uint32_t flags = 0; flags < 8; ++flags) EXPECT_EQ(ParseFlags(table, FlagsText(table, flags)), flags);
-  for (const wchar_t* bad : {L"|", L"A|", L"|A", L"A||B", L"a"}) EXPECT_FALSE(ParseFlags(table, bad));
-  EXPECT_EQ(UnknownFlags(table, 0x8000000F), 0x80000008u);
-}
-
 TEST(MruStrings, string_used_again_moves_to_the_front) {
   CMruStrings recent(3, {L"a", L"b", L"c", L"d"});
-  for (const wchar_t* used : {L"c", L"e"}) recent.Add(used);
-  EXPECT_EQ(recent.Items(), (std::vector<std::wstring>{L"e", L"c", L"a"}));
+  recent.Add(L"b");
+  EXPECT_EQ(recent.Items(), (std::vector<std::wstring>{L"b", L"a", L"c"}));
+  recent.Add(L"e");
+  EXPECT_EQ(recent.Items(), (std::vector<std::wstring>{L"e", L"b", L"a"}));
 }
 
 TEST(MessageTexts, argument_stays_where_it_belongs) {
@@ -96,23 +81,6 @@ TEST(MessageTexts, argument_stays_where_it_belongs) {
   EXPECT_EQ(MakeErrorText(texts, copy), text + L"\n\nE:\\c");
   EXPECT_EQ(MakeErrorText(texts, CException(IDS_STD_ERROR, {CTextId{IDS_STOPPED}})),
             L"標準エラーが発生しました: 処理が中断されました");
-}
-
-TEST(MessageTexts, what_was_thrown_is_stored) {
-  const CSimpleErr own = TrapError(texts, [] { throw CException(IDS_DELETE_FAILED, {L"x", kDiskFull}); });
-  EXPECT_TRUE(own.code == IDS_DELETE_FAILED && own.detail == 0x80070070) << own.code;
-  const CSimpleErr system = TrapError(texts, [] { throw CException(kDiskFull); });
-  EXPECT_TRUE(system.code == 0x80070070 && system.message == L"system error (0x80070070)") << system.code;
-  EXPECT_EQ(TrapError(texts, [] { throw std::runtime_error("é"); }).message, L"標準エラーが発生しました: é");
-  EXPECT_FALSE(TrapError(texts, [] {}));
-}
-
-TEST(MessageTexts, error_of_a_row_names_its_phase_on_one_line) {
-  qlm::CResult row;
-  row.message = IDS_PHASE_COPYING;
-  EXPECT_EQ(qlm::ResultText(texts, row), L"コピー処理を開始しました");
-  row.error = {1, 0, L"a\n\nb"};
-  EXPECT_EQ(qlm::ResultText(texts, row), L"コピー処理中にエラーが発生しました: a b");
 }
 
 }  // namespace

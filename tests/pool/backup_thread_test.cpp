@@ -171,20 +171,6 @@ TEST_F(BackupThread, rows_may_be_read_while_the_worker_writes_them) {
   EXPECT_EQ(controller.State(), IDS_STATE_ENDED) << "nothing was left to stop";
 }
 
-TEST_F(BackupThread, waiting_for_the_end_leaves_no_worker) {
-  std::promise<void> entered;
-  std::promise<void> release;
-  HoldArchiver(entered, release.get_future().share());
-  AddJob(L"1", {L"one"});
-  controller.Start(false, false);
-  entered.get_future().wait();
-  std::thread later([&release] { release.set_value(); });
-  controller.StopAndWait();
-  later.join();
-  EXPECT_EQ(controller.State(), IDS_STATE_STOPPED);
-  EXPECT_EQ(shown.rows.size(), 1u);
-}
-
 TEST(ElapsedText, shows_hours_only_when_there_are_any) {
   EXPECT_EQ(qlm::ElapsedText(59'999), L"0:59");
   EXPECT_EQ(qlm::ElapsedText(3'599'000), L"59:59");

@@ -72,18 +72,17 @@ class CMemoryFileSystem : public my::IFileSystem {
     return files;
   }
 
-  void SetTime(my::CFileTime now) { m_now = now; }  // of what is made from now on
   void SetTemporaryFolder(std::wstring path) { m_temporaryFolder = std::move(path); }
 
-  // Whether a failed copy leaves half of the content (the default), and whether copies succeed with half.
-  void KeepFailedCopies(bool keep) { m_keepFailedCopies = keep; }
+  // Whether copies succeed with half of the content. A failed copy leaves half of it in any case.
   void ShortenCopies(bool shorten) { m_shortenCopies = shorten; }
 
   // Lets the n-th operation of that kind from now on fail, n from 1; each kind has a countdown of its own.
   void FailAt(Op op, int n, uint32_t win32 = my::kErrorDiskFull) { m_faults[op] = {n, win32}; }
 
-  // Crashes at the n-th changing operation from now on: it is half done where it can be, files that were
-  // written and not flushed lose their second half, and from then on every operation throws CCrash.
+  // Crashes at the n-th changing operation from now on: a rename is done, others are half done where they can
+  // be, files that were written and not flushed lose their second half, and every later operation throws
+  // CCrash.
   void CrashAt(int n) { m_crashIn = n; }
 
   void ClearFaults() {  // ends a crash, too
@@ -93,7 +92,6 @@ class CMemoryFileSystem : public my::IFileSystem {
   }
 
   bool Failed() const { return m_failed; }
-  int Count(Op op) { return m_counts[op]; }
   const std::vector<std::wstring>& Log() const { return m_log; }  // "copy C:\a -> C:\b"
 
   std::unique_ptr<my::IFindFiles> Find(const std::wstring& pattern) override {
@@ -102,7 +100,7 @@ class CMemoryFileSystem : public my::IFileSystem {
     if (step.Broken() || !IsFolder(folder)) return nullptr;
     std::vector<CEntryPtr> found;
     for (const wchar_t* name : {L".", L".."}) {
-      found.push_back(std::make_shared<CEntry>(CEntry{name, true, m_now, {}}));
+      found.push_back(std::make_shared<CEntry>(CEntry{name, true, {}, {}}));
     }
     for (const CEntryPtr& entry : m_entries) {
       if (my::EqualNoCase(my::ParentPath(entry->path), folder)) found.push_back(entry);
@@ -141,12 +139,10 @@ class CMemoryFileSystem : public my::IFileSystem {
     step.RefuseIf(source->folder, my::kErrorAccessDenied);
     step.RefuseIf(!IsFolder(my::ParentPath(to)), my::kErrorPathNotFound);
     step.RefuseIf(Lookup(to) != nullptr, my::kErrorFileExists);
-    if (!step.Broken() || m_keepFailedCopies) {
-      const size_t whole = source->content.size();
-      const CEntryPtr copy = Insert(to, false);
-      copy->content = source->content.substr(0, m_shortenCopies ? whole / 2 : step.Done(whole));
-      copy->time = source->time;
-    }
+    const size_t whole = source->content.size();
+    const CEntryPtr copy = Insert(to, false);
+    copy->content = source->content.substr(0, m_shortenCopies ? whole / 2 : step.Done(whole));
+    copy->time = source->time;
     step.End();
   }
 
@@ -289,7 +285,6 @@ class CMemoryFileSystem : public my::IFileSystem {
     if (m_crashed) throw CCrash();
     m_log.emplace_back(name);
     for (const std::wstring& path : paths) m_log.back() += (&path == paths.data() ? L" " : L" -> ") + path;
-    ++m_counts[op];
     if (op >= Op::CREATE_FOLDERS && --m_crashIn == 0) {
       step.crash = m_crashed = true;
       for (const CEntryPtr& entry : m_entries) {
@@ -316,7 +311,7 @@ class CMemoryFileSystem : public my::IFileSystem {
   }
 
   CEntryPtr Insert(const std::wstring& path, bool folder) {
-    return m_entries.emplace_back(std::make_shared<CEntry>(CEntry{path, folder, m_now, {}}));
+    return m_entries.emplace_back(std::make_shared<CEntry>(CEntry{path, folder, {}, {}}));
   }
 
   // The folders that the path needs to be one, from the outermost on.
@@ -335,11 +330,12 @@ class CMemoryFileSystem : public my::IFileSystem {
     step.RefuseIf(!IsFolder(my::ParentPath(to)), my::kErrorPathNotFound);
     step.RefuseIf(target && target->folder, my::kErrorAccessDenied);
     step.RefuseIf(source->open || (target && target->open), kErrorSharingViolation);
-    step.End();
+    if (!step.crash) step.End();
     std::erase(m_entries, target);
     for (const CEntryPtr& entry : m_entries) {
       if (entry->IsWithin(from)) entry->path.replace(0, from.size(), to);
     }
+    step.End();
   }
 
   void Delete(const std::wstring& path, bool folder) {
@@ -360,12 +356,9 @@ class CMemoryFileSystem : public my::IFileSystem {
 
   std::unique_ptr<std::mutex> m_lock = std::make_unique<std::mutex>();
   std::vector<CEntryPtr> m_entries;  // in the order in which they came
-  my::CFileTime m_now;
   std::wstring m_temporaryFolder = L"C:\\Temp\\";
-  bool m_keepFailedCopies = true;
   bool m_shortenCopies = false;
   std::map<Op, CFault> m_faults;
-  std::map<Op, int> m_counts;
   std::vector<std::wstring> m_log;
   int m_crashIn = 0;
   bool m_crashed = false;
