@@ -62,14 +62,10 @@ size_t SkipEscape(std::wstring_view text, size_t at) {
 // understood.
 size_t SkipAtom(std::wstring_view text, size_t at) {
   switch (text[at]) {
-    case L'\\':
-      return SkipEscape(text, at);
-    case L'[':
-      return SkipClass(text, at);
-    case L'(':
-      return SkipGroup(text, at);
-    default:
-      return at + 1;
+    case L'\\': return SkipEscape(text, at);
+    case L'[': return SkipClass(text, at);
+    case L'(': return SkipGroup(text, at);
+    default: return at + 1;
   }
 }
 

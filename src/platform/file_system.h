@@ -46,8 +46,8 @@ class IFileSystem {
  public:
   virtual ~IFileSystem() = default;
 
-  // Starts the enumeration of the entries that match the pattern ("C:\a\*.*"), in the order of the file
-  // system. Empty when it cannot be started (missing folder, no access).
+  // Starts the enumeration of all entries of a folder, given with the pattern that matches them ("C:\a\*.*"),
+  // in the order of the file system. Empty when it cannot be started (missing folder, no access).
   virtual std::unique_ptr<IFindFiles> Find(const std::wstring& pattern) = 0;
 
   // What stands at the path; NONE also when that cannot be told.

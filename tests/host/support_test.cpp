@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <stdexcept>
-
-#include "engine/result.h"
 #include "resource.h"
 #include "support/fake_ports.h"
 #include "support/mru_strings.h"
