@@ -1,25 +1,60 @@
 #pragma once
 
 #include <functional>
+#include <memory>
+#include <stdexcept>
 #include <string>
-#include <string_view>
 
 #include "platform/file_system.h"
+#include "support/paths.h"
 
 namespace bench {
 
-// A file system without a disk: folders of equal content below any source, and every path that is asked for
-// exists as a folder, so that a job finds its backups made.
+// Entries "000...1", "000...2" and so on, all of one kind.
+class CFakeFind : public my::IFindFiles {
+ public:
+  CFakeFind(size_t count, size_t nameLength, uint32_t attributes)
+      : m_left(count), m_attributes(attributes), m_name(nameLength, L'0') {}
+
+  Result Next(my::CFindData& entry) override {
+    if (m_left == 0) return Result::END;
+    --m_left;
+    size_t at = m_name.size() - 1;
+    for (; m_name[at] == L'9'; --at) m_name[at] = L'0';
+    ++m_name[at];
+    entry = {m_name, {133'000'000'000'000'000}, 4096, m_attributes};
+    return Result::ENTRY;
+  }
+
+ private:
+  size_t m_left;
+  uint32_t m_attributes;
+  std::wstring m_name;
+};
+
+// A file system without a disk. Its source holds folders of equal content, or just files, and every path that
+// is asked for exists as a folder, so that a job finds its backups made.
 class CFakeFiles : public my::IFileSystem {
  public:
-  // The source holds `folders` folders of `filesInEach` files; without folders it holds the files itself.
   CFakeFiles(size_t folders, size_t filesInEach) : m_folders(folders), m_files(filesInEach) {}
 
   // Called whenever a job looks for its backup.
-  std::function<void()> onKind;
+  std::function<void()> onKind = [] {};
 
-  std::unique_ptr<my::IFindFiles> Find(const std::wstring& pattern) override;
-  my::PathKind Kind(const std::wstring& path) override;
+  // Where tasks have their source.
+  static constexpr const wchar_t* kSource = L"C:\\source";
+
+  // A file in a folder has a path of 60 characters.
+  std::unique_ptr<my::IFindFiles> Find(const std::wstring& pattern) override {
+    const bool source = m_folders != 0 && my::ParentPath(pattern) == kSource;
+    if (source) return std::make_unique<CFakeFind>(m_folders, 29, my::kAttributeFolder);
+    return std::make_unique<CFakeFind>(m_files, 30, 0);
+  }
+
+  my::PathKind Kind(const std::wstring&) override {
+    onKind();
+    return my::PathKind::FOLDER;
+  }
 
   uint64_t FileSize(const std::wstring&) override { Refuse(); }
   void CreateFolders(const std::wstring&) override { Refuse(); }
@@ -32,15 +67,8 @@ class CFakeFiles : public my::IFileSystem {
   std::string ReadFile(const std::wstring&, uint64_t, uint64_t) override { Refuse(); }
   std::wstring TemporaryFolder() override { Refuse(); }
 
-  // Where tasks over these files have their source.
-  static constexpr std::wstring_view kSource = L"C:\\source";
-
-  // The lengths of the names: a file in a folder has a path of 60 characters.
-  static constexpr size_t kFolderLength = 29;
-  static constexpr size_t kFileLength = 30;
-
  private:
-  [[noreturn]] static void Refuse();
+  [[noreturn]] static void Refuse() { throw std::logic_error("a job that has nothing to do does something"); }
 
   size_t m_folders;
   size_t m_files;

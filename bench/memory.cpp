@@ -34,10 +34,10 @@ void MeasureMemory(const COptions& options) {
   CFakeFiles files(folders, kFilesInFolder);
   // The first job is to make whatever is made once.
   CFakeFiles few(1, 1);
-  MakeJob(ports.With(few), L"warm-up", std::wstring(few.kSource), L"C:\\Backup", kRows)->Run();
+  MakeJob(ports.With(few), L"warm-up", few.kSource, L"C:\\Backup", kRows)->Run();
 
   const double before = PrivateBytes();
-  const auto job = MakeJob(ports.With(files), L"job", std::wstring(files.kSource), L"C:\\Backup", kRows);
+  const auto job = MakeJob(ports.With(files), L"job", files.kSource, L"C:\\Backup", kRows);
   job->Run();
   const double after = PrivateBytes();
   const qlm::CResults rows = job->Results();

@@ -43,7 +43,10 @@ void RunBarely(const std::wstring& archiver, const std::wstring& arguments, cons
   }
   const my::CKernelHandle process(information.hProcess);
   const my::CKernelHandle thread(information.hThread);
+  DWORD exitCode = 1;
   ::WaitForSingleObject(process.Get(), INFINITE);
+  ::GetExitCodeProcess(process.Get(), &exitCode);
+  if (exitCode != 0) throw std::runtime_error("the archiver fails");
 }
 
 }  // namespace

@@ -7,8 +7,14 @@
 namespace qlm {
 namespace {
 
+constexpr wchar_t Lower(wchar_t c) {
+  return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c - L'A' + L'a') : c;
+}
+
+// The two cases of a letter share their bit, so that one look serves expressions that ignore case as well.
 constexpr uint64_t CharacterBit(wchar_t c) {
-  return uint64_t{1} << (static_cast<uint32_t>(c) & 63);
+  const auto code = static_cast<uint32_t>(c);
+  return uint64_t{1} << ((code & 31) | (code & 64) >> 1);
 }
 
 uint64_t CharacterBits(std::wstring_view text) {
@@ -222,10 +228,40 @@ class CExpressionReader {
   CLiteralRuns m_runs;
 };
 
+constexpr std::wstring_view kIgnoreCase = L"(?i)";
+
+// Beyond ASCII the expressions know cases that are not known here.
+bool IsAscii(std::wstring_view text) {
+  return std::all_of(text.begin(), text.end(), [](wchar_t c) { return c < 0x80; });
+}
+
+bool StartsWith(std::wstring_view text, std::wstring_view part, bool ignoreCase) {
+  if (!ignoreCase) return text.starts_with(part);
+  const auto equal = [](wchar_t a, wchar_t b) { return Lower(a) == Lower(b); };
+  return text.size() >= part.size() && std::equal(part.begin(), part.end(), text.begin(), equal);
+}
+
+bool EndsWith(std::wstring_view text, std::wstring_view part, bool ignoreCase) {
+  return text.size() >= part.size() && StartsWith(text.substr(text.size() - part.size()), part, ignoreCase);
+}
+
+bool Contains(std::wstring_view text, std::wstring_view part, bool ignoreCase) {
+  if (!ignoreCase) return text.find(part) != kNone;
+  for (; text.size() >= part.size(); text.remove_prefix(1)) {
+    if (StartsWith(text, part, true)) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 CTestedPath::CTestedPath(std::wstring_view path) : m_path(path) {
-  for (const wchar_t c : path) m_characters |= CharacterBit(c);
+  wchar_t codes = 0;
+  for (const wchar_t c : path) {
+    m_characters |= CharacterBit(c);
+    codes |= c;
+  }
+  m_ascii = codes < 0x80;
   m_lineEnds = (m_characters & kLineEndBits) != 0 && std::any_of(path.begin(), path.end(), IsLineEnd);
 }
 
@@ -241,14 +277,19 @@ CLiteralTest::CWay::CWay(const CLiteralRuns& runs) {
   complete = runs.runs.size() == 1 && !runs.others && !both;
 }
 
-CLiteralTest::Answer CLiteralTest::CWay::Ask(const CTestedPath& path) const {
+CLiteralTest::Answer CLiteralTest::CWay::Ask(const CTestedPath& path, bool ignoreCase) const {
   if ((characters & ~path.Characters()) != 0) return Answer::NO;
-  if (!path.Text().ends_with(suffix) || !path.Text().starts_with(prefix)) return Answer::NO;
-  if (!part.empty() && path.Text().find(part) == kNone) return Answer::NO;
+  const std::wstring_view text = path.Text();
+  if (!EndsWith(text, suffix, ignoreCase) || !StartsWith(text, prefix, ignoreCase)) return Answer::NO;
+  if (!Contains(text, part, ignoreCase)) return Answer::NO;
   return complete ? Answer::YES : Answer::RUN_EXPRESSION;
 }
 
-CLiteralTest::CLiteralTest(std::wstring_view expression) {
+CLiteralTest::CLiteralTest(std::wstring_view expression) : m_ignoreCase(expression.starts_with(kIgnoreCase)) {
+  if (m_ignoreCase) {
+    expression.remove_prefix(kIgnoreCase.size());
+    if (!IsAscii(expression)) return;
+  }
   std::vector<std::wstring> texts;
   if (!SpellOut(expression, texts)) return;
   std::vector<CWay> ways;
@@ -264,11 +305,12 @@ CLiteralTest::CLiteralTest(std::wstring_view expression) {
 }
 
 CLiteralTest::Answer CLiteralTest::Ask(const CTestedPath& path) const {
+  if (m_ways.empty() || (m_ignoreCase && !path.IsAscii())) return Answer::RUN_EXPRESSION;
   if ((m_characters & ~path.Characters()) != 0) return Answer::NO;
-  if (path.HasLineEnds() || m_ways.empty()) return Answer::RUN_EXPRESSION;
+  if (path.HasLineEnds()) return Answer::RUN_EXPRESSION;
   Answer answer = Answer::NO;
   for (const CWay& way : m_ways) {
-    const Answer one = way.Ask(path);
+    const Answer one = way.Ask(path, m_ignoreCase);
     if (one == Answer::YES) return one;
     if (one != Answer::NO) answer = one;
   }

@@ -18,16 +18,19 @@ class CTestedPath {
 
   std::wstring_view Text() const { return m_path; }
 
-  // A bit for every character that occurs; characters share bits.
+  // A bit for every character that occurs; some share bits, as do the cases of a letter.
   uint64_t Characters() const { return m_characters; }
 
   // Whether "^" and "$" may match inside the path, at a character that the expressions take for a line end.
   bool HasLineEnds() const { return m_lineEnds; }
 
+  bool IsAscii() const { return m_ascii; }
+
  private:
   std::wstring_view m_path;
   uint64_t m_characters = 0;
   bool m_lineEnds = false;
+  bool m_ascii = false;
 };
 
 class CLiteralTest {
@@ -44,7 +47,7 @@ class CLiteralTest {
   // One way to match: "a(b|c)" has the ways "ab" and "ac".
   struct CWay {
     explicit CWay(const CLiteralRuns& runs);
-    Answer Ask(const CTestedPath& path) const;
+    Answer Ask(const CTestedPath& path, bool ignoreCase) const;
 
     uint64_t characters = 0;  // that every match contains
     std::wstring prefix;      // that a matching path starts with
@@ -53,6 +56,7 @@ class CLiteralTest {
     bool complete = false;    // nothing is asked for beyond these
   };
 
+  bool m_ignoreCase = false;
   uint64_t m_characters = 0;  // that every match contains, whichever way it goes
   std::vector<CWay> m_ways;   // empty when nothing was learned
 };

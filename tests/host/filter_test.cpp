@@ -108,7 +108,8 @@ class CMaker {
         L"\\E \\1 \\< \\z (?i) (?#a) ^ $");
     static const auto kGroups = Words(L"( ( ( (?: (?: (?i: (?= (?! (?> (?<= (?<n>");
     static const auto kQuantifiers = Words(L"* + ? *? +? ++ {0} {2} {0,1} {1,} {,2}");
-    std::wstring text = depth == 0 && OneIn(4) ? L"^" : L"";
+    std::wstring text = depth == 0 && OneIn(8) ? L"(?i)" : L"";
+    if (depth == 0 && OneIn(4)) text += L"^";
     for (size_t pieces = 1 + Below(4); pieces > 0; --pieces) {
       text += depth < 3 && OneIn(5) ? Pick(kGroups) + Pattern(depth + 1) + L")" : Pick(kAtoms);
       if (OneIn(4)) text += Pick(kQuantifiers);
