@@ -13,8 +13,7 @@ constexpr wchar_t Lower(wchar_t c) {
 
 // The two cases of a letter share their bit, so that one look serves expressions that ignore case as well.
 constexpr uint64_t CharacterBit(wchar_t c) {
-  const auto code = static_cast<uint32_t>(c);
-  return uint64_t{1} << ((code & 31) | (code & 64) >> 1);
+  return uint64_t{1} << ((static_cast<uint32_t>(c) & 31) | (static_cast<uint32_t>(c) & 64) >> 1);
 }
 
 uint64_t CharacterBits(std::wstring_view text) {
