@@ -12,6 +12,7 @@ namespace qlm {
 namespace {
 
 const std::wstring kRoot = L"QuillmoorDoc";
+constexpr std::wstring_view kFormatNames[] = {L"QLMR", L"XML"};
 
 CDstPtr ReadDst(const my::CXmlElement& element) {
   auto dst = boost::make_shared<CDst>();
@@ -94,6 +95,8 @@ std::string DocumentBytes(my::IXmlDom& dom, const CDocument& document) {
 }
 
 }  // namespace
+
+const my::CEnumTable kFileFormatNames{L"FileFormat", kFormatNames};
 
 CDocument LoadDocument(my::IFileSystem& files, my::IXmlDom& dom, const std::wstring& path) {
   return my::NamingFile(path, [&] {

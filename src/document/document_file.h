@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "support/enum_names.h"
+
 namespace my {
 class IFileSystem;
 class IXmlDom;
@@ -10,6 +12,10 @@ class IXmlDom;
 namespace qlm {
 
 class CDocument;
+
+// The kinds of file that the dialogs offer; both are read and written the same way.
+enum class FileFormat { QLMR, XML };
+extern const my::CEnumTable kFileFormatNames;
 
 // Reads a document file (.qlmr, UTF-8 XML) and answers it as a document with that path. Throws the XML
 // layer's messages, IDS_UNKNOWN_NAME for a bad type name, IDS_DST_NOT_COMMON for a bad index; the failure's

@@ -24,9 +24,6 @@ class CItemList {
     return FindIf([&item](const T& other) { return other == item; });
   }
 
-  void Remove(size_t index) { m_items.erase(m_items.begin() + static_cast<std::ptrdiff_t>(index)); }
-  void Clear() { m_items.clear(); }
-
  protected:
   template <class Test>
   Ptr FindIf(Test test) const {
