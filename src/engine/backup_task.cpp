@@ -65,9 +65,9 @@ void CBackupTask::ListTargets() {
 // Makes the last row that of the given destination, with all that is known from the listing.
 void CBackupTask::FillRow(const CTaskDsts& dsts) {
   CResult& row = LastRow();
-  auto task = boost::make_shared<qlm::CTask>(m_task);
-  task->dsts = dsts;
-  row.task = std::move(task);
+  // Built from its fields: a copy of the task would keep room for all of its destinations in every row.
+  row.task = boost::make_shared<qlm::CTask>(
+      qlm::CTask{m_task.id, m_task.path, m_task.filterPath, dsts, m_task.replaceRule});
   row.message = IDS_PHASE_LISTED;
   row.targets = m_targets;
   row.newestWriteTime = m_newest;
