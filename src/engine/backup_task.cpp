@@ -13,7 +13,7 @@
 namespace qlm {
 
 void CBackupTask::SetTask(const qlm::CTask& task) {
-  m_task = task;
+  m_task = boost::make_shared<qlm::CTask>(task);
   m_rows.clear();
   AddRow();
   const std::lock_guard lock(m_publishedLock);
@@ -31,25 +31,25 @@ void CBackupTask::MainRun() {
   Notify();
   LoadFilter();
   ListTargets();
-  if (m_listOnly) return FillRow(m_task.dsts.empty() ? CTaskDsts() : CTaskDsts{m_task.dsts.front()});
-  for (size_t i = 0; i < m_task.dsts.size(); ++i) {
+  if (m_listOnly) return FillRow(m_task->dsts.empty() ? CTaskDsts() : CTaskDsts{m_task->dsts.front()});
+  for (size_t i = 0; i < m_task->dsts.size(); ++i) {
     if (i > 0) AddRow();
-    FillRow({m_task.dsts[i]});
+    FillRow({m_task->dsts[i]});
     Notify();
-    BackUpTo(*m_task.dsts[i]);
+    BackUpTo(*m_task->dsts[i]);
   }
 }
 
 void CBackupTask::LoadFilter() {
-  if (!m_task.filterPath.empty()) {
+  if (!m_task->filterPath.empty()) {
     auto filter = boost::make_shared<CFilter>();
-    filter->Load(m_ports.files, m_ports.ansi, m_ports.texts, m_task.filterPath);
+    filter->Load(m_ports.files, m_ports.ansi, m_ports.texts, m_task->filterPath);
     m_filter = std::move(filter);
   }
   const CFilterItem* const bad = m_filter->FirstError();
   if (!bad) return;
   my::CException failure(IDS_FILTER_HAS_ERRORS);
-  failure.SetWhere(m_task.filterPath + L" (" + std::to_wstring(bad->lineIndex + 1) + L"): " +
+  failure.SetWhere(m_task->filterPath + L" (" + std::to_wstring(bad->lineIndex + 1) + L"): " +
                    bad->error.message);
   throw failure;
 }
@@ -57,7 +57,7 @@ void CBackupTask::LoadFilter() {
 void CBackupTask::ListTargets() {
   auto targets = boost::make_shared<CTargets>(m_filter);
   m_targets = targets;
-  ListSource(m_ports.files, *m_filter, m_stop, m_task.path, *targets);
+  ListSource(m_ports.files, *m_filter, m_stop, m_task->path, *targets);
   m_newest = NewestWriteTime(*m_targets);
   if (!m_newest) throw my::CException(IDS_NO_FILES);
 }
@@ -67,7 +67,7 @@ void CBackupTask::FillRow(const CTaskDsts& dsts) {
   CResult& row = LastRow();
   // Built from its fields: a copy of the task would keep room for all of its destinations in every row.
   row.task = boost::make_shared<qlm::CTask>(
-      qlm::CTask{m_task.id, m_task.path, m_task.filterPath, dsts, m_task.replaceRule});
+      qlm::CTask{m_task->id, m_task->path, m_task->filterPath, dsts, m_task->replaceRule});
   row.message = IDS_PHASE_LISTED;
   row.targets = m_targets;
   row.newestWriteTime = m_newest;
@@ -77,7 +77,7 @@ void CBackupTask::FillRow(const CTaskDsts& dsts) {
 std::wstring CBackupTask::DestinationPath(const CResult& row) const {
   const CDst* const dst = row.Dst();
   if (!dst) return {};
-  const std::wstring expanded = ExpandName(*dst, m_task.id, row.newestWriteTime, m_ports.clock);
+  const std::wstring expanded = ExpandName(*dst, m_task->id, row.newestWriteTime, m_ports.clock);
   const std::wstring_view name = my::Trim(my::Trim(expanded, my::kBlanks), L"/\\");
   const std::wstring_view folder = my::TrimEnd(my::Trim(dst->folder, my::kBlanks), L"/\\");
   return std::wstring(folder).append(1, my::kSeparator).append(name);
@@ -112,17 +112,17 @@ bool CBackupTask::IsUpToDate(const CDst& dst) const {
 void CBackupTask::Transfer(const CDst& dst, const std::wstring& temporaryPath) {
   if (!IsZip(dst.type)) {
     SetPhase(IDS_PHASE_COPYING);
-    return CopyToFolder(m_ports.files, m_stop, m_task.path, *m_targets, temporaryPath);
+    return CopyToFolder(m_ports.files, m_stop, m_task->path, *m_targets, temporaryPath);
   }
   SetPhase(IDS_PHASE_ARCHIVING);
   WriteArchive({m_ports.files, m_ports.process, m_stop},
-               {m_archiverPath, m_password, m_task.path, *m_targets, temporaryPath, dst.type});
+               {m_archiverPath, m_password, m_task->path, *m_targets, temporaryPath, dst.type});
 }
 
 void CBackupTask::AddRow() {
   CResult row;
   row.message = IDS_PHASE_LISTING;
-  row.task = boost::make_shared<qlm::CTask>(m_task);
+  row.task = m_task;
   m_rows.push_back(std::move(row));
 }
 

@@ -55,7 +55,7 @@ class CBackupTask : public my::CTask<CBackupTask, CBackupTaskClient, my::CSimple
   // Runs the job, once; never throws. A failure ends it and stands on the last row.
   void Run();
 
-  const qlm::CTask& Task() const { return m_task; }
+  const qlm::CTask& Task() const { return *m_task; }
 
   // The rows as they were at the last notification. Callable from any thread.
   CResults Results() const;
@@ -78,7 +78,7 @@ class CBackupTask : public my::CTask<CBackupTask, CBackupTaskClient, my::CSimple
 
   CEnginePorts m_ports;
   bool m_listOnly = false;
-  qlm::CTask m_task;
+  boost::shared_ptr<const qlm::CTask> m_task = boost::make_shared<qlm::CTask>();  // the job's own copy
   std::wstring m_archiverPath;
   std::wstring m_password;
   boost::shared_ptr<const CFilter> m_filter = boost::make_shared<CFilter>();
