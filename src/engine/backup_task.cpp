@@ -13,7 +13,10 @@
 namespace qlm {
 
 void CBackupTask::SetTask(const qlm::CTask& task) {
-  m_task = boost::make_shared<qlm::CTask>(task);
+  const auto copy = boost::make_shared<qlm::CTask>(task);
+  // The document's own destinations may be edited while the job runs.
+  for (CDstPtr& dst : copy->dsts) dst = boost::make_shared<CDst>(*dst);
+  m_task = copy;
   m_rows.clear();
   AddRow();
   const std::lock_guard lock(m_publishedLock);
