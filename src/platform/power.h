@@ -1,0 +1,31 @@
+// The door to the computer's power. The GUI thread calls.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace my {
+
+// A privilege of the process's token; the token is closed, not the privilege taken back, on destruction.
+class IPrivilege {
+ public:
+  virtual ~IPrivilege() = default;
+};
+
+// The actions answer the system's code, 0 for success. What they are given goes to the system as it is.
+class IPower {
+ public:
+  virtual ~IPower() = default;
+
+  // Opens the process's token and enables the privilege. Throws IDS_OPEN_TOKEN_FAILED,
+  // IDS_PRIVILEGE_NOT_FOUND or IDS_ADJUST_PRIVILEGE_FAILED. One that was not granted is not noticed here.
+  virtual std::unique_ptr<IPrivilege> EnablePrivilege(const std::wstring& name) = 0;
+
+  virtual uint32_t ExitWindows(uint32_t flags, uint32_t reason) = 0;
+  virtual uint32_t SetSuspendState(bool hibernate, bool force, bool disableWakeEvents) = 0;
+  virtual uint32_t InitiateShutdown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
+                                    uint32_t reason) = 0;
+};
+
+}  // namespace my
