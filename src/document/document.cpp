@@ -11,15 +11,8 @@ namespace {
 
 constexpr std::wstring_view kChangeNames[] = {L"RESET", L"CHNAGE_PATH", L"CHNAGE_TASKS", L"CHNAGE_DSTS"};
 
-// The ID itself, or the ID with the first number from 2 on that makes it free.
-std::wstring FreeId(const CTasks& tasks, const std::wstring& id) {
-  std::wstring candidate = id;
-  for (int32_t n = 1; tasks.FindId(candidate);) {
-    if (n == std::numeric_limits<int32_t>::max()) throw my::CException(IDS_ID_NUMBERS_EXHAUSTED);
-    candidate = id + std::to_wstring(++n);
-  }
-  return candidate;
-}
+// So many edits can be taken back.
+constexpr size_t kMostSteps = 500;
 
 // A copy of the task that uses the equal destinations of the list.
 CTaskPtr CopyOnto(const CTask& task, const CDsts& dsts) {
@@ -35,6 +28,24 @@ CTaskPtr CopyOnto(const CTask& task, const CDsts& dsts) {
   return copy;
 }
 
+// Answers whether the source had anything that the content lacked.
+bool AddMissing(CContent& content, const CContent& source, std::ptrdiff_t position) {
+  const size_t before = content.dsts.size() + content.tasks.size();
+  if (position < 0 || position > static_cast<std::ptrdiff_t>(content.tasks.size())) {
+    position = static_cast<std::ptrdiff_t>(content.tasks.size());
+  }
+  for (const CDstPtr& dst : source.dsts) {
+    if (!content.dsts.FindEqual(*dst)) content.dsts.Insert(-1, boost::make_shared<CDst>(*dst));
+  }
+  for (const CTaskPtr& task : source.tasks) {
+    CTaskPtr copy = CopyOnto(*task, content.dsts);
+    if (content.tasks.FindEqual(*copy)) continue;
+    copy->id = content.tasks.FreeId(copy->id);
+    content.tasks.Insert(position++, std::move(copy));
+  }
+  return content.dsts.size() + content.tasks.size() != before;
+}
+
 }  // namespace
 
 const my::CEnumTable kDocChangeEventNames{L"DocChangeEventFlags", kChangeNames};
@@ -44,9 +55,11 @@ void CDsts::Insert(std::ptrdiff_t position, CDstPtr dst) {
   InsertAt(position, std::move(dst));
 }
 
-std::ptrdiff_t CDsts::IndexOf(const CDstPtr& dst) const {
-  const auto found = std::find(begin(), end(), dst);
-  return found == end() ? -1 : found - begin();
+void CDsts::Replace(size_t index, CDstPtr dst) {
+  for (size_t i = 0; i < size(); ++i) {
+    if (i != index && *(*this)[i] == *dst) throw my::CException(IDS_DST_DUPLICATE);
+  }
+  Set(index, std::move(dst));
 }
 
 void CTasks::Insert(std::ptrdiff_t position, CTaskPtr task) {
@@ -59,25 +72,69 @@ CTaskPtr CTasks::FindId(const std::wstring& id) const {
   return FindIf([&id](const CTask& task) { return task.id == id; });
 }
 
-bool CDocument::Merge(const CDocument& source, std::ptrdiff_t position) {
-  CDsts dsts = m_dsts;
-  CTasks tasks = m_tasks;
-  if (position < 0 || position > static_cast<std::ptrdiff_t>(tasks.size())) {
-    position = static_cast<std::ptrdiff_t>(tasks.size());
+void CTasks::Replace(size_t index, CTaskPtr task) {
+  CheckId(task->id);
+  const CTaskPtr sameId = FindId(task->id);
+  if (sameId && sameId != (*this)[index]) throw my::CException(IDS_ID_DUPLICATE);
+  Set(index, std::move(task));
+}
+
+std::wstring CTasks::FreeId(const std::wstring& id) const {
+  std::wstring candidate = id;
+  for (int32_t n = 1; FindId(candidate);) {
+    if (n == std::numeric_limits<int32_t>::max()) throw my::CException(IDS_ID_NUMBERS_EXHAUSTED);
+    candidate = id + std::to_wstring(++n);
   }
-  for (const CDstPtr& dst : source.Dsts()) {
-    if (!dsts.FindEqual(*dst)) dsts.Insert(-1, boost::make_shared<CDst>(*dst));
-  }
-  for (const CTaskPtr& task : source.Tasks()) {
-    CTaskPtr copy = CopyOnto(*task, dsts);
-    if (tasks.FindEqual(*copy)) continue;
-    copy->id = FreeId(tasks, copy->id);
-    tasks.Insert(position++, std::move(copy));
-  }
-  const bool added = dsts.size() != m_dsts.size() || tasks.size() != m_tasks.size();
-  m_dsts = std::move(dsts);
-  m_tasks = std::move(tasks);
-  return added;
+  return candidate;
+}
+
+bool CDocument::Edit(DocChangeEventFlags what, const std::function<bool(CContent&)>& change) {
+  CContent changed = m_content;
+  if (!change(changed)) return false;
+  m_undo.push_back({std::move(m_content), m_revision});
+  if (m_undo.size() > kMostSteps) m_undo.pop_front();
+  m_redo.clear();
+  m_content = std::move(changed);
+  m_revision = ++m_lastRevision;
+  NotifyChange(what);
+  return true;
+}
+
+bool CDocument::Merge(const CContent& source, std::ptrdiff_t position) {
+  const auto everything = DocChangeEventFlags::CHNAGE_TASKS | DocChangeEventFlags::CHNAGE_DSTS;
+  return Edit(everything, [&](CContent& content) { return AddMissing(content, source, position); });
+}
+
+void CDocument::Restore(std::deque<CStep>& from, std::deque<CStep>& to) {
+  if (from.empty()) return;
+  to.push_back({std::move(m_content), m_revision});
+  m_content = std::move(from.back().content);
+  m_revision = from.back().revision;
+  from.pop_back();
+  NotifyChange(DocChangeEventFlags::CHNAGE_TASKS | DocChangeEventFlags::CHNAGE_DSTS);
+}
+
+void CDocument::Undo() {
+  Restore(m_undo, m_redo);
+}
+
+void CDocument::Redo() {
+  Restore(m_redo, m_undo);
+}
+
+void CDocument::Reset(CContent content, std::wstring path) {
+  m_content = std::move(content);
+  m_path = std::move(path);
+  m_undo.clear();
+  m_redo.clear();
+  m_revision = m_savedRevision = ++m_lastRevision;
+  NotifyChange(DocChangeEventFlags::RESET);
+}
+
+void CDocument::SetSaved(std::wstring path) {
+  m_path = std::move(path);
+  m_savedRevision = m_revision;
+  NotifyChange(DocChangeEventFlags::CHNAGE_PATH);
 }
 
 void CDocument::NotifyChange(DocChangeEventFlags flags) const {

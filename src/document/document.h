@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <string>
 #include <vector>
@@ -20,8 +21,9 @@ class CDsts : public CItemList<CDst> {
   // Throws IDS_DST_DUPLICATE when an equal destination is in the list.
   void Insert(std::ptrdiff_t position, CDstPtr dst);
 
-  // The position of this very object, -1 when it is not in the list.
-  std::ptrdiff_t IndexOf(const CDstPtr& dst) const;
+  // Puts the destination in the place of another one. Throws IDS_DST_DUPLICATE when one of the others equals
+  // it.
+  void Replace(size_t index, CDstPtr dst);
 };
 
 // The tasks; no two have the same ID.
@@ -30,7 +32,21 @@ class CTasks : public CItemList<CTask> {
   // Throws what CheckId throws, or IDS_ID_DUPLICATE when a task of that ID is in the list.
   void Insert(std::ptrdiff_t position, CTaskPtr task);
 
+  // Puts the task in the place of another one. Throws what Insert throws, the task that goes not counted.
+  void Replace(size_t index, CTaskPtr task);
+
+  // Empty when there is none.
   CTaskPtr FindId(const std::wstring& id) const;
+
+  // The ID itself, or the ID with the first number from 2 on that makes it free (Backup, Backup2, Backup3).
+  // Throws IDS_ID_NUMBERS_EXHAUSTED.
+  std::wstring FreeId(const std::wstring& id) const;
+};
+
+// What a document holds at one moment; cheap to copy.
+struct CContent {
+  CTasks tasks;
+  CDsts dsts;
 };
 
 // What changed in a document. The spelling of the names is the one that is in use.
@@ -52,28 +68,59 @@ class CDocument {
 
   static constexpr my::CVersion kVersion{1, 0, 0, 0};
 
-  CTasks& Tasks() { return m_tasks; }
-  const CTasks& Tasks() const { return m_tasks; }
-  CDsts& Dsts() { return m_dsts; }
-  const CDsts& Dsts() const { return m_dsts; }
+  CDocument() = default;
+  explicit CDocument(CContent content, std::wstring path = {})
+      : m_content(std::move(content)), m_path(std::move(path)) {}
+
+  const CTasks& Tasks() const { return m_content.tasks; }
+  const CDsts& Dsts() const { return m_content.dsts; }
+  const CContent& Content() const { return m_content; }
 
   // The document's file; empty for a new document.
   const std::wstring& Path() const { return m_path; }
-  void SetPath(std::wstring path) { m_path = std::move(path); }
 
-  // Takes over what the other document has of tasks and destinations that this one lacks; tasks are inserted
-  // at `position` (see CItemList), under a free ID. Answers whether anything was added. On a failure
-  // (IDS_ID_NUMBERS_EXHAUSTED, IDS_INTERNAL_ERROR) this document is as it was.
-  bool Merge(const CDocument& source, std::ptrdiff_t position);
+  // Whether there are edits that the file does not have. Undoing them all makes it false again.
+  bool IsModified() const { return m_revision != m_savedRevision; }
+
+  // One edit: `change` works on a copy, and what it leaves takes the place of the content as one step that
+  // Undo takes back. When it answers false or throws, nothing has happened. Listeners hear of `what`.
+  bool Edit(DocChangeEventFlags what, const std::function<bool(CContent&)>& change);
+
+  // Takes over what the source has of tasks and destinations that this document lacks; tasks are inserted
+  // at `position` (see CItemList), under a free ID. One edit; answers whether anything was added. On a
+  // failure (IDS_ID_NUMBERS_EXHAUSTED, IDS_INTERNAL_ERROR) this document is as it was.
+  bool Merge(const CContent& source, std::ptrdiff_t position);
+
+  bool CanUndo() const { return !m_undo.empty(); }
+  bool CanRedo() const { return !m_redo.empty(); }
+  void Undo();  // does nothing when there is nothing to undo
+  void Redo();
+
+  // Becomes another document: not modified, nothing to undo. Listeners stay.
+  void Reset(CContent content, std::wstring path);
+
+  // Notes that the file at `path` now has what this document has.
+  void SetSaved(std::wstring path);
 
   // Listeners are called in the order in which they came, and live as long as the document.
   void AddListener(Listener listener) { m_listeners.push_back(std::move(listener)); }
   void NotifyChange(DocChangeEventFlags flags) const;
 
  private:
-  CTasks m_tasks;
-  CDsts m_dsts;
+  struct CStep {
+    CContent content;
+    uint64_t revision = 0;
+  };
+
+  void Restore(std::deque<CStep>& from, std::deque<CStep>& to);
+
+  CContent m_content;
   std::wstring m_path;
+  uint64_t m_revision = 0;  // names the content as it is
+  uint64_t m_savedRevision = 0;
+  uint64_t m_lastRevision = 0;
+  std::deque<CStep> m_undo;  // the latest step at the back
+  std::deque<CStep> m_redo;
   std::vector<Listener> m_listeners;
 };
 

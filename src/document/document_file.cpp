@@ -38,16 +38,16 @@ CTaskPtr ReadTask(const my::CXmlElement& element, const CDsts& dsts) {
   return task;
 }
 
-CDocument ReadDocument(const my::CXmlElement& root) {
-  CDocument document;
+CContent ReadContent(const my::CXmlElement& root) {
+  CContent content;
   root.Child(L"Version").Version();  // any well-formed version is accepted
   for (const my::CXmlElement& element : root.Child(L"Dsts").Children(L"Dst")) {
-    document.Dsts().Insert(-1, ReadDst(element));
+    content.dsts.Insert(-1, ReadDst(element));
   }
   for (const my::CXmlElement& element : root.Child(L"Tasks").Children(L"Task")) {
-    document.Tasks().Insert(-1, ReadTask(element, document.Dsts()));
+    content.tasks.Insert(-1, ReadTask(element, content.dsts));
   }
-  return document;
+  return content;
 }
 
 void WriteDst(my::IXmlNode& parent, const CDst& dst) {
@@ -71,16 +71,16 @@ void WriteTask(my::IXmlNode& parent, const CTask& task, const CDsts& dsts) {
   my::AppendText(*element, L"FilterPath", task.filterPath);
 }
 
-bool SameContent(const CDocument& a, const CDocument& b) {
+bool SameContent(const CContent& a, const CContent& b) {
   const auto same = [](const auto& x, const auto& y) { return *x == *y; };
-  return std::equal(a.Dsts().begin(), a.Dsts().end(), b.Dsts().begin(), b.Dsts().end(), same) &&
-         std::equal(a.Tasks().begin(), a.Tasks().end(), b.Tasks().begin(), b.Tasks().end(), same);
+  return std::equal(a.dsts.begin(), a.dsts.end(), b.dsts.begin(), b.dsts.end(), same) &&
+         std::equal(a.tasks.begin(), a.tasks.end(), b.tasks.begin(), b.tasks.end(), same);
 }
 
 // A file that could not be opened again must not take the place of one that can.
 void CheckReadsBack(my::IXmlDom& dom, const CDocument& document, std::string_view bytes,
                     const std::wstring& path) {
-  if (SameContent(document, ReadDocument(my::LoadXmlBytes(dom, bytes, path, kRoot).root))) return;
+  if (SameContent(document.Content(), ReadContent(my::LoadXmlBytes(dom, bytes, path, kRoot).root))) return;
   throw my::CException(IDS_XML_SAVE_FAILED, {my::CTextId{IDS_READ_BACK_FAILED}});
 }
 
@@ -99,11 +99,8 @@ std::string DocumentBytes(my::IXmlDom& dom, const CDocument& document) {
 const my::CEnumTable kFileFormatNames{L"FileFormat", kFormatNames};
 
 CDocument LoadDocument(my::IFileSystem& files, my::IXmlDom& dom, const std::wstring& path) {
-  return my::NamingFile(path, [&] {
-    CDocument document = ReadDocument(my::LoadXmlFile(files, dom, path, kRoot).root);
-    document.SetPath(path);
-    return document;
-  });
+  return my::NamingFile(
+      path, [&] { return CDocument(ReadContent(my::LoadXmlFile(files, dom, path, kRoot).root), path); });
 }
 
 void SaveDocument(my::IFileSystem& files, my::IXmlDom& dom, const CDocument& document,

@@ -6,7 +6,8 @@
 
 namespace qlm {
 
-// An ordered list of shared items.
+// An ordered list of shared items. Copies are cheap and share the items, so an item that stands in a list is
+// not changed in place: a changed copy takes its place.
 template <class T>
 class CItemList {
  public:
@@ -18,6 +19,23 @@ class CItemList {
   size_t size() const { return m_items.size(); }
   bool empty() const { return m_items.empty(); }
   const Ptr& operator[](size_t index) const { return m_items[index]; }
+
+  // The position of this very object, -1 when it is not in the list.
+  std::ptrdiff_t IndexOf(const Ptr& item) const {
+    const auto found = std::find(begin(), end(), item);
+    return found == end() ? -1 : found - begin();
+  }
+
+  void Remove(size_t index) { m_items.erase(m_items.begin() + static_cast<std::ptrdiff_t>(index)); }
+
+  // Takes the item out and puts it in again so that it stands at `to`.
+  void Move(size_t from, size_t to) {
+    const auto at = [this](size_t index) { return m_items.begin() + static_cast<std::ptrdiff_t>(index); };
+    if (from < to)
+      std::rotate(at(from), at(from + 1), at(to + 1));
+    else
+      std::rotate(at(to), at(from), at(from + 1));
+  }
 
   // An item equal to the given one, empty when there is none.
   Ptr FindEqual(const T& item) const {
@@ -36,6 +54,8 @@ class CItemList {
     const bool inside = position >= 0 && position < static_cast<std::ptrdiff_t>(m_items.size());
     m_items.insert(inside ? m_items.begin() + position : m_items.end(), std::move(item));
   }
+
+  void Set(size_t index, Ptr item) { m_items[index] = std::move(item); }
 
  private:
   std::vector<Ptr> m_items;

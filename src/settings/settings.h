@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "document/replace_options.h"
 #include "settings/settings_enums.h"
 #include "support/mru_strings.h"
 #include "support/value_codecs.h"
@@ -47,16 +48,6 @@ struct CDlgSetting {
 
 struct CColumnsDlgSetting : CDlgSetting {
   CColumnWidthes columnWidthes;
-};
-
-// What the replace tool is to do; the text fields are a regular expression and its format if `regex` is set.
-struct CReplaceOptions {
-  ReplaceRow row = ReplaceRow::ALL;
-  ReplaceCol col = 0;
-  std::wstring src;
-  std::wstring dst;
-  bool regex = false;
-  bool preview = true;  // the main window's lists show the result while the dialog is open
 };
 
 // The lists start with the empty text, so that the user can choose it.

@@ -5,9 +5,6 @@ namespace {
 
 constexpr std::wstring_view kPasswordTypes[] = {L"EXEC", L"EXEC_ONCE", L"SAVE"};
 constexpr std::wstring_view kPowerOffTypes[] = {L"LOGOFF", L"SLEEP", L"HIBERNATE", L"POWEROFF"};
-constexpr std::wstring_view kReplaceRows[] = {L"ALL", L"SELECTED", L"FOCUSED"};
-constexpr std::wstring_view kReplaceCols[] = {L"TASK_ID", L"TASK_PATH", L"TASK_FILTER", L"DST_FOLDER",
-                                              L"DST_PATTERN"};
 constexpr std::wstring_view kBrushTypes[] = {L"DEFAULT", L"OS_DEFAULT", L"CUSTOM_COLOR", L"CUSTOM_BK",
                                              L"CHECK",   L"DIA",        L"STRIPE",       L"INTERLACE"};
 constexpr std::wstring_view kFitTypes[] = {L"NONE", L"WIDTH", L"HEIGHT", L"AUTO_FIT", L"AUTO_FILL"};
@@ -22,8 +19,6 @@ constexpr std::wstring_view kBkImgTypes[] = {
 
 const my::CEnumTable kPasswordTypeNames{L"PasswordType", kPasswordTypes};
 const my::CEnumTable kPowerOffTypeNames{L"PowerOffType", kPowerOffTypes};
-const my::CEnumTable kReplaceRowNames{L"ReplaceRow", kReplaceRows};
-const my::CEnumTable kReplaceColNames{L"ReplaceCol", kReplaceCols};
 const my::CEnumTable kBrushTypeNames{L"BrushType", kBrushTypes};
 const my::CEnumTable kFitTypeNames{L"FitType", kFitTypes};
 const my::CEnumTable kImgOriginNames{L"ImgOrigin", kImgOrigins};

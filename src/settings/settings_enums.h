@@ -15,19 +15,6 @@ extern const my::CEnumTable kPasswordTypeNames;
 enum class PowerOffType { LOGOFF, SLEEP, HIBERNATE, POWEROFF };
 extern const my::CEnumTable kPowerOffTypeNames;
 
-// The rows that the replace tool changes.
-enum class ReplaceRow { ALL, SELECTED, FOCUSED };
-extern const my::CEnumTable kReplaceRowNames;
-
-// The columns that the replace tool changes: a set of flags.
-using ReplaceCol = uint32_t;
-inline constexpr ReplaceCol kReplaceTaskId = 1u << 0;
-inline constexpr ReplaceCol kReplaceTaskPath = 1u << 1;
-inline constexpr ReplaceCol kReplaceTaskFilter = 1u << 2;
-inline constexpr ReplaceCol kReplaceDstFolder = 1u << 3;
-inline constexpr ReplaceCol kReplaceDstPattern = 1u << 4;
-extern const my::CEnumTable kReplaceColNames;
-
 // What the background of the main view is filled with.
 enum class BrushType { DEFAULT, OS_DEFAULT, CUSTOM_COLOR, CUSTOM_BK, CHECK, DIA, STRIPE, INTERLACE };
 extern const my::CEnumTable kBrushTypeNames;

@@ -49,26 +49,37 @@ TEST(Document, first_broken_rule_is_told) {
 }
 
 TEST(Document, merge_renames_clashing_id) {
-  CDocument document;
+  CContent content;
   const CDstPtr x = Dst(L"x");
-  document.Dsts().Insert(-1, x);
-  for (const wchar_t* id : {L"Backup", L"Backup2", L"A"}) document.Tasks().Insert(-1, Task(id, L"p", {x}));
-  EXPECT_FALSE(document.Merge(CDocument(document), 0)) << "nothing is new";
-  CDocument source;
-  for (const wchar_t* folder : {L"y", L"x"}) source.Dsts().Insert(-1, Dst(folder));
-  const CTaskDsts both = {source.Dsts()[1], source.Dsts()[0]};
-  for (const wchar_t* id : {L"Backup", L"A2", L"new", L"A"}) source.Tasks().Insert(-1, Task(id, L"q", both));
-  source.Tasks().Insert(-1, Task(L"Backup2", L"p", {both[0]}));
+  content.dsts.Insert(-1, x);
+  for (const wchar_t* id : {L"Backup", L"Backup2", L"A"}) content.tasks.Insert(-1, Task(id, L"p", {x}));
+  CDocument document(content);
+  EXPECT_FALSE(document.Merge(document.Content(), 0)) << "nothing is new";
+  EXPECT_FALSE(document.IsModified());
+  CContent source;
+  for (const wchar_t* folder : {L"y", L"x"}) source.dsts.Insert(-1, Dst(folder));
+  const CTaskDsts both = {source.dsts[1], source.dsts[0]};
+  for (const wchar_t* id : {L"Backup", L"A2", L"new", L"A"}) source.tasks.Insert(-1, Task(id, L"q", both));
+  source.tasks.Insert(-1, Task(L"Backup2", L"p", {both[0]}));
   EXPECT_TRUE(document.Merge(source, 1));
   EXPECT_EQ(Ids(document), L"Backup Backup3 A2 new A3 Backup2 A ") << "the equal one is skipped";
   EXPECT_EQ(document.Dsts().size(), 2u);
   EXPECT_EQ(document.Tasks()[1]->dsts, (CTaskDsts{x, document.Dsts()[1]})) << "its own objects";
-  EXPECT_EQ(source.Tasks()[0]->id, L"Backup");
+  EXPECT_EQ(source.tasks[0]->id, L"Backup");
 
-  source.Dsts().Insert(-1, Dst(L"z"));
-  source.Tasks()[4]->dsts = {Dst(L"nowhere")};
+  source.dsts.Insert(-1, Dst(L"z"));
+  source.tasks[4]->dsts = {Dst(L"nowhere")};
   EXPECT_EQ(ThrownId([&] { document.Merge(source, 0); }), IDS_INTERNAL_ERROR);
   EXPECT_EQ(document.Tasks().size() + document.Dsts().size(), 7u + 2u) << "nothing of a failed merge stays";
+
+  EXPECT_TRUE(document.IsModified());
+  document.Undo();
+  EXPECT_EQ(Ids(document), L"Backup Backup2 A ");
+  EXPECT_FALSE(document.IsModified()) << "back at what the file has";
+  document.SetSaved(L"C:\\f");
+  document.Redo();
+  EXPECT_EQ(document.Tasks().size(), 7u);
+  EXPECT_TRUE(document.IsModified());
 }
 
 TEST(NamePattern, tokens_yield_local_time_and_id) {
@@ -168,20 +179,20 @@ TEST_F(DocumentFile, bad_file_is_refused_with_its_message) {
 }
 
 TEST_F(DocumentFile, texts_come_back_as_they_were_and_stay_shared) {
-  CDocument document;
+  CContent content;
   for (const wchar_t* text :
        {L"", L" ", L"\t a \n", L"a\rb\nc\r\nd\n\r", L"<&>\"' ]]> &amp;", L"𠮷é\xFFFD\x7F\x85"}) {
-    document.Dsts().Insert(-1, Dst(text, DstType::AES_256_ZIP, text));
-    const size_t i = document.Tasks().size();
-    const CTaskDsts dsts = {document.Dsts()[0], document.Dsts()[i]};
-    document.Tasks().Insert(-1, Task(L"t" + std::to_wstring(i), text, dsts, std::wstring(L"f") + text));
+    content.dsts.Insert(-1, Dst(text, DstType::AES_256_ZIP, text));
+    const size_t i = content.tasks.size();
+    const CTaskDsts dsts = {content.dsts[0], content.dsts[i]};
+    content.tasks.Insert(-1, Task(L"t" + std::to_wstring(i), text, dsts, std::wstring(L"f") + text));
   }
-  Saved(document);
+  Saved(CDocument(content));
   const CDocument loaded = LoadDocument(files, dom, kPath);
   EXPECT_EQ(loaded.Path(), kPath);
   ASSERT_EQ(loaded.Tasks().size(), 6u);
   for (size_t i = 0; i < loaded.Tasks().size(); ++i) {
-    EXPECT_EQ(*loaded.Tasks()[i], *document.Tasks()[i]) << i;
+    EXPECT_EQ(*loaded.Tasks()[i], *content.tasks[i]) << i;
     EXPECT_EQ(loaded.Tasks()[i]->dsts, (CTaskDsts{loaded.Dsts()[0], loaded.Dsts()[i]})) << "the same objects";
   }
 }
@@ -191,27 +202,27 @@ TEST_F(DocumentFile, bytes_are_those_of_the_format) {
   const std::string golden(std::istreambuf_iterator<char>(stream), {});
   const CDstPtr zip = Dst(L"D:\\保存", DstType::ZIP, L"<ID>_<Y>.zip");
   const CDstPtr folder = Dst(L"E:\\b & c", DstType::FOLDER);
-  CDocument document;
-  document.Dsts().Insert(-1, zip);
-  document.Dsts().Insert(-1, folder);
-  document.Tasks().Insert(-1, Task(L"a", L"C:\\書類\\a", {folder, zip}));
-  document.Tasks().Insert(-1, Task(L"b", L"C:\\書類\\b", {folder}));
-  EXPECT_EQ(Saved(document), golden);
+  CContent content;
+  content.dsts.Insert(-1, zip);
+  content.dsts.Insert(-1, folder);
+  content.tasks.Insert(-1, Task(L"a", L"C:\\書類\\a", {folder, zip}));
+  content.tasks.Insert(-1, Task(L"b", L"C:\\書類\\b", {folder}));
+  EXPECT_EQ(Saved(CDocument(content)), golden);
   EXPECT_EQ(Saved({}), golden.substr(0, golden.find("<Dsts>")) + "<Dsts/><Tasks/></QuillmoorDoc>\n");
 }
 
 TEST_F(DocumentFile, document_that_could_not_be_read_back_leaves_the_old_file) {
-  CDocument document;
-  document.Dsts().Insert(-1, Dst(L"x"));
-  document.Tasks().Insert(-1, Task(L"a", L"", {document.Dsts()[0]}));
+  CContent content;
+  content.dsts.Insert(-1, Dst(L"x"));
+  content.tasks.Insert(-1, Task(L"a", L"", {content.dsts[0]}));
   for (const wchar_t bad : {L'\0', L'\x1F', wchar_t(0xD800), L'\xFFFE'}) {
-    document.Tasks()[0]->path = std::wstring(L"C:\\") + bad;
-    EXPECT_EQ(ThrownId([&] { Saved(document); }), IDS_XML_SET_TEXT_FAILED);
+    content.tasks[0]->path = std::wstring(L"C:\\") + bad;
+    EXPECT_EQ(ThrownId([&] { Saved(CDocument(content)); }), IDS_XML_SET_TEXT_FAILED);
   }
-  *document.Tasks()[0] = *Task(L"a", L"", {Dst(L"x")});
-  EXPECT_EQ(ThrownId([&] { Saved(document); }), IDS_DST_NOT_COMMON) << "equal, but not of the list";
-  *document.Tasks()[0] = *Task(L"", L"");
-  EXPECT_EQ(ThrownId([&] { Saved(document); }), IDS_ID_EMPTY);
+  *content.tasks[0] = *Task(L"a", L"", {Dst(L"x")});
+  EXPECT_EQ(ThrownId([&] { Saved(CDocument(content)); }), IDS_DST_NOT_COMMON) << "equal, but not of the list";
+  *content.tasks[0] = *Task(L"", L"");
+  EXPECT_EQ(ThrownId([&] { Saved(CDocument(content)); }), IDS_ID_EMPTY);
   EXPECT_EQ(files.Files(), (std::map<std::wstring, std::string>{{kPath, "old"}}));
 }
 

@@ -65,29 +65,29 @@ TEST_F(MsxmlDom, entities_that_multiply_are_refused_before_they_are_expanded) {
 }
 
 TEST_F(MsxmlDom, texts_come_back_as_they_were) {
-  qlm::CDocument document;
+  qlm::CContent content;
   for (const wchar_t* text :
        {L" ", L"  lead and trail\t", L"a\rb\nc\r\nd\n", L"<&>\"' ]]>", L"𠮷野家 \xFFFD é"}) {
     auto dst = boost::make_shared<qlm::CDst>();
     dst->pattern = text;
     dst->type = qlm::DstType::AES_256_ZIP;
-    document.Dsts().Insert(-1, dst);
+    content.dsts.Insert(-1, dst);
     auto task = boost::make_shared<qlm::CTask>();
-    task->id = L"t" + std::to_wstring(document.Tasks().size());
+    task->id = L"t" + std::to_wstring(content.tasks.size());
     task->path = text;
-    task->dsts = {dst, document.Dsts()[0]};
-    document.Tasks().Insert(-1, task);
+    task->dsts = {dst, content.dsts[0]};
+    content.tasks.Insert(-1, task);
   }
   const std::wstring path = m_scratch.At(L"文書.qlmr");
-  qlm::SaveDocument(m_scratch.files, m_dom, document, path);
+  qlm::SaveDocument(m_scratch.files, m_dom, qlm::CDocument(content), path);
   const qlm::CDocument loaded = qlm::LoadDocument(m_scratch.files, m_dom, path);
-  ASSERT_EQ(loaded.Tasks().size(), document.Tasks().size());
+  ASSERT_EQ(loaded.Tasks().size(), content.tasks.size());
   for (size_t i = 0; i < loaded.Tasks().size(); ++i) {
-    EXPECT_EQ(*loaded.Tasks()[i], *document.Tasks()[i]) << i;
+    EXPECT_EQ(*loaded.Tasks()[i], *content.tasks[i]) << i;
     EXPECT_EQ(loaded.Tasks()[i]->dsts[1], loaded.Dsts()[0]) << "destinations are shared";
   }
-  document.Tasks()[0]->path = L"control \x01";
-  EXPECT_THROW(qlm::SaveDocument(m_scratch.files, m_dom, document, path), my::CException);
+  content.tasks[0]->path = L"control \x01";
+  EXPECT_THROW(qlm::SaveDocument(m_scratch.files, m_dom, qlm::CDocument(content), path), my::CException);
   EXPECT_EQ(qlm::LoadDocument(m_scratch.files, m_dom, path).Tasks()[0]->path, L" ");
 }
 
