@@ -1,0 +1,67 @@
+// The replace tool: changes text in many tasks and destinations at once, with a preview in the lists of the
+// main window. Open from the command until its dialog commits or cancels. GUI thread only.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "document/replace_options.h"
+#include "replace/replace_rule.h"
+#include "support/exception.h"
+
+namespace qlm {
+
+class CDocument;
+class IDialogs;
+class IMainWindow;
+struct CReplaceSetting;
+
+class CReplaceTool {
+ public:
+  CReplaceTool(CDocument& document, CReplaceSetting& setting, IMainWindow& window, IDialogs& dialogs)
+      : m_document(document), m_setting(setting), m_window(window), m_dialogs(dialogs) {}
+  CReplaceTool(const CReplaceTool&) = delete;
+  CReplaceTool& operator=(const CReplaceTool&) = delete;
+  ~CReplaceTool();
+
+  bool IsOpen() const { return m_open; }
+
+  // Opens the dialog with the options of the settings, or focuses the one that is open.
+  void Show();
+
+  // --- while open; called by the dialog ---
+
+  // To be called after every change of a control or of the lists' selections: takes the options, attaches the
+  // rule to the affected items and redraws the lists.
+  void Refresh(CReplaceOptions options);
+
+  const CReplaceOptions& Options() const { return m_rule.Options(); }
+  const CReplaceSetting& Setting() const { return m_setting; }  // the recent texts
+  size_t TaskCount() const { return m_taskCount; }              // affected rows
+  size_t DstCount() const { return m_dstCount; }
+
+  // What is wrong with the expression, its code 0 when nothing is (IDS_REGEX_...).
+  const my::CSimpleErr& Error() const { return m_error; }
+
+  // Writes the replaced values into the document as one edit, remembers the options and the texts, and
+  // closes. Throws the first broken rule of the document (IDS_ID_EMPTY, IDS_ID_BAD_CHARACTER,
+  // IDS_ID_DUPLICATE, IDS_PATH_EMPTY, IDS_PATTERN_EMPTY, IDS_DST_DUPLICATE) or what is wrong with the
+  // expression (IDS_REGEX_...); then nothing is changed and the tool stays open.
+  void Commit(CReplaceOptions options);
+
+  // Takes the preview back, remembers the options, and closes.
+  void Cancel(CReplaceOptions options);
+
+ private:
+  CDocument& m_document;
+  CReplaceSetting& m_setting;
+  IMainWindow& m_window;
+  IDialogs& m_dialogs;
+  bool m_open = false;
+  CReplaceRule m_rule;  // items point to it while they are affected
+  size_t m_taskCount = 0;
+  size_t m_dstCount = 0;
+  my::CSimpleErr m_error;
+};
+
+}  // namespace qlm

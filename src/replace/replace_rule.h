@@ -1,0 +1,39 @@
+// What the replace tool does to one value.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "document/replace_options.h"
+#include "support/regex.h"
+
+namespace qlm {
+
+struct CDst;
+struct CTask;
+
+class CReplaceRule {
+ public:
+  CReplaceRule() = default;
+
+  // Compiles the expression when there is one. Throws IDS_REGEX_EMPTY, IDS_REGEX_INVALID or IDS_REGEX_ERROR
+  // with the library's text.
+  explicit CReplaceRule(CReplaceOptions options);
+
+  const CReplaceOptions& Options() const { return m_options; }
+
+  // The value of a column (one flag) as it is after the replacement; unchanged when the column is not among
+  // those to change. Throws IDS_REGEX_TOO_COMPLEX.
+  std::wstring Value(ReplaceCol column, const std::wstring& value) const;
+
+ private:
+  CReplaceOptions m_options;
+  std::optional<my::CRegex> m_regex;
+};
+
+// The value of a column as the lists show it: through the item's rule when it has one. A value that the
+// expression runs away on shows as it is.
+std::wstring ShownValue(const CTask& task, ReplaceCol column);
+std::wstring ShownValue(const CDst& dst, ReplaceCol column);
+
+}  // namespace qlm
