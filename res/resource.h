@@ -9,6 +9,29 @@
 #define IDS_USAGE_PAGE_URL           135
 #define IDS_DISPLAY_NAME             136
 
+// Commands of the windows.
+#define ID_ADD_FILE                  150
+#define ID_DESIGN                    151
+#define ID_RUN                       152
+#define ID_RUN_POWER_OFF             153
+#define ID_POWER_OFF                 154
+#define ID_RESULTS                   155
+#define ID_TASK_TARGETS              156
+#define ID_EXPLORER_SRC              158
+#define ID_EXPLORER_DST              159
+#define ID_NEW                       57600
+#define ID_OPEN                      57601
+#define ID_SAVE                      57603
+#define ID_SAVE_AS                   57604
+#define ID_MRU_FIRST                 57616
+#define ID_MRU_LAST                  57631
+#define ID_REPLACE                   57641
+#define ID_ABOUT                     57664
+#define ID_QUIT                      57665
+#define ID_HOME_PAGE                 58374
+#define ID_USAGE_PAGE                58375
+#define ID_SETTINGS                  58378
+
 // Command texts; the number is also the command's id.
 #define IDS_CMD_ADD_FILE             150
 #define IDS_CMD_RUN_POWER_OFF        153
@@ -94,6 +117,8 @@
 #define IDS_RUN_SUMMARY              491
 #define IDS_COUNTS                   492
 #define IDS_WARNING                  493
+#define IDS_DOCUMENT_KIND            494
+#define IDS_PASSWORD_BAD_CHARACTER   496
 
 // Command text of the replace tool; the number is also the command's id.
 #define IDS_CMD_REPLACE              57641

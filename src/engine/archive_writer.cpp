@@ -1,5 +1,6 @@
 #include "engine/archive_writer.h"
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -13,6 +14,7 @@
 #include "resource.h"
 #include "support/exception.h"
 #include "support/paths.h"
+#include "support/secret.h"
 #include "support/strings.h"
 
 namespace qlm {
@@ -61,9 +63,13 @@ uint64_t WriteList(my::INewFile& file, const CArchivePorts& ports, const CTarget
 
 void RunArchiver(const CArchivePorts& ports, const CArchiveJob& job, const std::wstring& listPath) {
   my::CProcessStart start;
+  std::wstring options = ArchiverOptions(job.type, job.password);
+  const my::CWipeAtEnd wipeOptions(options);
+  const my::CWipeAtEnd wipeArguments(start.arguments);
   start.program = job.archiverPath;
+  start.arguments.reserve(options.size() + job.archivePath.size() + listPath.size() + 3);
   // Neither path is quoted: a path with a blank reaches the archiver as two arguments.
-  start.arguments = ArchiverOptions(job.type, job.password) + L" " + job.archivePath + L" @" + listPath;
+  start.arguments.append(options).append(L" ").append(job.archivePath).append(L" @").append(listPath);
   start.workingFolder = job.source;  // the list's relative paths begin there
   const uint32_t exitCode = ports.process.Run(start);
   if (exitCode != 0) throw my::CException(IDS_PROCESS_EXIT_CODE, {std::to_wstring(exitCode)});
@@ -79,6 +85,11 @@ void CheckArchive(my::IFileSystem& files, const std::wstring& path, uint64_t wan
 }
 
 }  // namespace
+
+void CheckPassword(const std::wstring& password) {
+  const auto isBad = [](wchar_t c) { return c <= L' ' || c == L'"' || c == 0x7F; };
+  if (std::any_of(password.begin(), password.end(), isBad)) throw my::CException(IDS_PASSWORD_BAD_CHARACTER);
+}
 
 std::wstring ArchiverOptions(DstType type, const std::wstring& password) {
   switch (type) {

@@ -39,6 +39,10 @@ struct CArchiveJob {
 // IDS_CREATE_PROCESS_FAILED, IDS_PROCESS_EXIT_CODE, IDS_ARCHIVE_INCOMPLETE.
 void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job);
 
+// Throws IDS_PASSWORD_BAD_CHARACTER for a password that would not reach the archiver as one argument: with a
+// blank in it, what follows would be taken for the archive's name.
+void CheckPassword(const std::wstring& password);
+
 // What stands before the archive's path on the archiver's command line. Throws IDS_INTERNAL_ERROR for a type
 // that is no archive.
 std::wstring ArchiverOptions(DstType type, const std::wstring& password);

@@ -10,6 +10,7 @@
 #include "document/task.h"
 #include "engine/result.h"
 #include "engine/task_base.h"
+#include "support/secret.h"
 
 namespace my {
 class IAnsiCodec;
@@ -43,6 +44,7 @@ struct CEnginePorts {
 class CBackupTask : public my::CTask<CBackupTask, CBackupTaskClient, my::CSimpleErr> {
  public:
   explicit CBackupTask(const CEnginePorts& ports) : m_ports(ports) {}
+  ~CBackupTask() override { my::Wipe(m_password); }
 
   // Takes a copy of the task and starts its rows anew with one of IDS_PHASE_LISTING.
   void SetTask(const qlm::CTask& task);

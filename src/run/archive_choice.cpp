@@ -42,6 +42,7 @@ std::wstring ReadPassword(const CRunnerPorts& ports, const COptions& options,
     password = setting.password;
   }
   if (password.empty()) throw my::CException(IDS_PASSWORD_NEEDED);
+  CheckPassword(password);
   return password;
 }
 

@@ -78,6 +78,7 @@ class CException : public std::exception {
 class CCtrlException : public CException {
  public:
   using CException::CException;
+  explicit CCtrlException(const CException& failure) : CException(failure) {}
 };
 
 // What is kept of a failure when it is stored instead of raised.

@@ -29,6 +29,7 @@ std::map<uint32_t, std::wstring> ReadTexts() {
   for (const auto& [name, quoted] : ReadPairs("strings.rc", std::regex("\\s*(IDS_\\w+) \"(.*)\"\\s*"))) {
     std::string text = std::regex_replace(quoted, std::regex("\\\\n"), "\n");
     text = std::regex_replace(text, std::regex("\"\""), "\"");
+    text = std::regex_replace(text, std::regex(R"(\\\\)"), "\\");
     texts[std::stoul(ids.at(name))] = my::WideFromUtf8(text);
   }
   return texts;

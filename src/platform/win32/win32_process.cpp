@@ -5,11 +5,14 @@
 #include "platform/win32/handle.h"
 #include "resource.h"
 #include "support/exception.h"
+#include "support/secret.h"
 
 namespace my {
 
 uint32_t CWin32Process::Run(const CProcessStart& start) {
   std::wstring commandLine = L"\"" + start.program + L"\"";
+  const CWipeAtEnd wipe(commandLine);  // the arguments may hold a password
+  commandLine.reserve(commandLine.size() + start.arguments.size() + 1);
   if (!start.arguments.empty()) commandLine.append(L" ").append(start.arguments);
   const wchar_t* const folder = start.workingFolder.empty() ? nullptr : start.workingFolder.c_str();
   STARTUPINFOW startup{};

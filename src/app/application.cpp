@@ -1,0 +1,92 @@
+#include "app/application.h"
+
+#include "app/windows.h"
+#include "platform/clock.h"
+#include "resource.h"
+#include "support/secret.h"
+
+namespace qlm {
+namespace {
+
+bool IsMru(uint32_t id) {
+  return id >= ID_MRU_FIRST && id <= ID_MRU_LAST;
+}
+
+}  // namespace
+
+CApplication::CApplication(const CAppPorts& ports, my::IMessageBox& box, IMainWindow& window,
+                           IDialogs& dialogs, std::wstring commandLine)
+    : m_settings(ports.engine.clock.TickCount()),
+      m_messenger(ports.engine.texts, box, m_document),
+      m_run(ports.threads, ports.engine.clock, ports.engine.texts, *this),
+      m_replace(m_document, m_settings.replaceDlg, window, dialogs),
+      m_context{ports, m_messenger, m_settings, m_document, m_run, m_replace, window, dialogs},
+      m_table(m_context, std::move(commandLine)) {}
+
+CApplication::~CApplication() {
+  my::Wipe(m_settings.archive.password);
+}
+
+void CApplication::Start() {
+  RunCommand(m_context, *m_table.init, true, false);
+}
+
+bool CApplication::Execute(uint32_t id) {
+  if (IsMru(id)) {
+    CCommandOpenMru command(m_context, id - ID_MRU_FIRST);
+    RunCommand(m_context, command, true, false);
+    return true;
+  }
+  CCommand* command = m_table.Find(id);
+  if (command) RunCommand(m_context, *command, true, false);
+  return command != nullptr;
+}
+
+bool CApplication::IsEnabled(uint32_t id) {
+  try {
+    if (IsMru(id)) {
+      CCommandOpenMru(m_context, id - ID_MRU_FIRST).Execute(false);
+      return true;
+    }
+    CCommand* command = m_table.Find(id);
+    if (command) command->Execute(false);
+    return command != nullptr;
+  } catch (const my::CException&) {
+    return false;
+  }
+}
+
+bool CApplication::OnClose() {
+  if (m_replace.IsOpen()) {
+    m_context.dialogs.CancelReplace();
+    if (m_replace.IsOpen()) return false;
+  }
+  if (!m_messenger.ConfirmDiscard()) return false;
+  if (m_run.IsActive() && !m_messenger.Ask(IDS_ASK_STOP_AND_QUIT)) return false;
+  m_run.StopAndWait();
+  RunCommand(m_context, *m_table.quit, true, false);
+  return true;
+}
+
+void CApplication::OnEndSession() {
+  RunCommand(m_context, *m_table.quit, true, false);
+}
+
+void CApplication::OnResults(size_t firstRow, const CResults& rows) {
+  m_context.window.ShowResults(firstRow, rows);
+}
+
+void CApplication::OnStatus() {
+  m_context.window.ShowRunStatus();
+}
+
+void CApplication::OnStateChanged() {
+  if (!m_run.IsActive()) m_context.window.StopTimer();
+  m_context.window.ShowRunState();
+}
+
+void CApplication::OnPowerOff() {
+  RunCommand(m_context, *m_table.powerOff, true, false);
+}
+
+}  // namespace qlm

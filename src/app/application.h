@@ -1,0 +1,64 @@
+// The program without its windows: settings, document, run, replace tool and commands, and what happens to
+// them when a window is told something. GUI thread only.
+#pragma once
+
+#include <string>
+
+#include "app/command.h"
+#include "app/command_table.h"
+#include "app/messenger.h"
+#include "app/replace_tool.h"
+#include "document/document.h"
+#include "engine/backup_thread.h"
+#include "settings/settings.h"
+
+namespace qlm {
+
+class CApplication : private IRunObserver {
+ public:
+  // All of it outlives the application. `commandLine` is the process's whole command line.
+  CApplication(const CAppPorts& ports, my::IMessageBox& box, IMainWindow& window, IDialogs& dialogs,
+               std::wstring commandLine);
+  CApplication(const CApplication&) = delete;
+  CApplication& operator=(const CApplication&) = delete;
+  ~CApplication();
+
+  CAppContext& Context() { return m_context; }
+  CDocument& Document() { return m_document; }
+  CSettings& Settings() { return m_settings; }
+  const CBackupThread& Run() const { return m_run; }
+  CReplaceTool& Replace() { return m_replace; }
+
+  // To be called once, when the main window has been created.
+  void Start();
+
+  // Runs a command and shows its failure. Answers false for an id that is no command's.
+  bool Execute(uint32_t id);
+
+  // Whether the command could run now.
+  bool IsEnabled(uint32_t id);
+
+  void OnTimer() { m_run.Tick(); }
+
+  // The user closes the main window; answers whether it may be destroyed.
+  bool OnClose();
+
+  // The session ends, whatever the user wants.
+  void OnEndSession();
+
+ private:
+  void OnResults(size_t firstRow, const CResults& rows) override;
+  void OnStatus() override;
+  void OnStateChanged() override;
+  void OnPowerOff() override;
+
+  CSettings m_settings;
+  CDocument m_document;
+  CMsg m_messenger;
+  CBackupThread m_run;
+  CReplaceTool m_replace;
+  CAppContext m_context;
+  CCommandTable m_table;
+};
+
+}  // namespace qlm

@@ -1,0 +1,54 @@
+#include "app/command.h"
+
+#include "app/messenger.h"
+#include "app/replace_tool.h"
+#include "app/windows.h"
+#include "engine/backup_thread.h"
+#include "resource.h"
+#include "support/strings.h"
+
+namespace qlm {
+namespace {
+
+// Shows the exception that is being handled and answers it as one that may be thrown on.
+my::CCtrlException ShowCurrent(CAppContext& context) {
+  try {
+    throw;
+  } catch (const CListException& failure) {
+    context.messenger.ShowError(failure);
+    failure.List().Focus();
+    return failure;
+  } catch (const my::CException& failure) {
+    context.messenger.ShowError(failure);
+    return my::CCtrlException(failure);
+  } catch (const std::exception& failure) {
+    const my::CCtrlException shown(IDS_STD_ERROR, {my::WideFromUtf8(failure.what())});
+    context.messenger.ShowError(shown);
+    return shown;
+  } catch (...) {
+    const my::CCtrlException shown(IDS_INTERNAL_ERROR, {L"unknown exception"});
+    context.messenger.ShowError(shown);
+    return shown;
+  }
+}
+
+}  // namespace
+
+void RunCommand(CAppContext& context, CCommand& command, bool run, bool rethrow) {
+  try {
+    command.Execute(run);
+  } catch (...) {
+    const my::CCtrlException shown = ShowCurrent(context);
+    if (rethrow) throw shown;
+  }
+}
+
+void RefuseDuringRun(const CAppContext& context) {
+  if (context.run.IsActive()) throw my::CException(IDS_REFUSED_DURING_RUN);
+}
+
+void RefuseDuringReplace(const CAppContext& context) {
+  if (context.replace.IsOpen()) throw my::CException(IDS_REFUSED_DURING_REPLACE);
+}
+
+}  // namespace qlm

@@ -1,0 +1,52 @@
+#include "app/command_table.h"
+
+#include <boost/smart_ptr/make_shared.hpp>
+
+#include "document/document.h"
+
+namespace qlm {
+
+CCommandTable::CCommandTable(CAppContext& context, std::wstring commandLine)
+    : quit(boost::make_shared<CCommandQuit>(context)),
+      init(boost::make_shared<CCommandInit>(context, quit, std::move(commandLine))),
+      exec(boost::make_shared<CCommandExec>(context, false)),
+      execAndPowerOff(boost::make_shared<CCommandExec>(context, true)),
+      powerOff(boost::make_shared<CCommandPowerOff>(context)),
+      newDocument(boost::make_shared<CCommandNew>(context)),
+      open(boost::make_shared<CCommandOpen>(context, false)),
+      append(boost::make_shared<CCommandOpen>(context, true)),
+      save(boost::make_shared<CCommandSave>(context, false)),
+      saveAs(boost::make_shared<CCommandSave>(context, true)),
+      replace(boost::make_shared<CCommandReplace>(context)),
+      setting(boost::make_shared<CCommandSetting>(context, false)),
+      design(boost::make_shared<CCommandSetting>(context, true)),
+      taskTargets(boost::make_shared<CCommandTaskTargets>(context)),
+      explorerSrc(boost::make_shared<CCommandExplorerSrc>(context, context.document.Tasks(),
+                                                          context.window.TaskList(), &SourceFolderOf, false)),
+      explorerDst(boost::make_shared<CCommandExplorerDst>(context, context.document.Dsts(),
+                                                          context.window.DstList(), &FolderOf, true)),
+      openUrl(boost::make_shared<CCommandOpenUrl>(context)) {}
+
+CCommand* CCommandTable::Find(uint32_t id) const {
+  switch (id) {
+    case ID_RUN: return exec.get();
+    case ID_RUN_POWER_OFF: return execAndPowerOff.get();
+    case ID_POWER_OFF: return powerOff.get();
+    case ID_NEW: return newDocument.get();
+    case ID_OPEN: return open.get();
+    case ID_ADD_FILE: return append.get();
+    case ID_SAVE: return save.get();
+    case ID_SAVE_AS: return saveAs.get();
+    case ID_REPLACE: return replace.get();
+    case ID_SETTINGS: return setting.get();
+    case ID_DESIGN: return design.get();
+    case ID_TASK_TARGETS: return taskTargets.get();
+    case ID_EXPLORER_SRC: return explorerSrc.get();
+    case ID_EXPLORER_DST: return explorerDst.get();
+    case ID_HOME_PAGE: openUrl->SetPage(IDS_HOME_PAGE_URL); return openUrl.get();
+    case ID_USAGE_PAGE: openUrl->SetPage(IDS_USAGE_PAGE_URL); return openUrl.get();
+    default: return nullptr;
+  }
+}
+
+}  // namespace qlm

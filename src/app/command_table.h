@@ -1,0 +1,43 @@
+// The program's commands, one of each, and the ids of the menu that they stand behind.
+#pragma once
+
+#include <boost/smart_ptr/shared_ptr.hpp>
+#include <string>
+
+#include "app/document_commands.h"
+#include "app/explorer_commands.h"
+#include "app/power_off.h"
+#include "app/run_commands.h"
+#include "app/start_commands.h"
+#include "app/view_commands.h"
+
+namespace qlm {
+
+struct CCommandTable {
+  // `commandLine` is the process's whole command line.
+  CCommandTable(CAppContext& context, std::wstring commandLine);
+
+  // The command behind an id (ID_... of resource.h), null for an id of none. Those of the recent documents
+  // are made when they are used and are not here.
+  CCommand* Find(uint32_t id) const;
+
+  boost::shared_ptr<CCommandQuit> quit;
+  boost::shared_ptr<CCommandInit> init;
+  boost::shared_ptr<CCommandExec> exec;
+  boost::shared_ptr<CCommandExec> execAndPowerOff;
+  boost::shared_ptr<CCommandPowerOff> powerOff;
+  boost::shared_ptr<CCommandNew> newDocument;
+  boost::shared_ptr<CCommandOpen> open;
+  boost::shared_ptr<CCommandOpen> append;
+  boost::shared_ptr<CCommandSave> save;
+  boost::shared_ptr<CCommandSave> saveAs;
+  boost::shared_ptr<CCommandReplace> replace;
+  boost::shared_ptr<CCommandSetting> setting;
+  boost::shared_ptr<CCommandSetting> design;
+  boost::shared_ptr<CCommandTaskTargets> taskTargets;
+  boost::shared_ptr<CCommandExplorerSrc> explorerSrc;
+  boost::shared_ptr<CCommandExplorerDst> explorerDst;
+  boost::shared_ptr<CCommandOpenUrl> openUrl;
+};
+
+}  // namespace qlm

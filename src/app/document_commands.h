@@ -1,0 +1,53 @@
+// The commands that make, open and save documents.
+#pragma once
+
+#include <string>
+
+#include "app/command.h"
+
+namespace qlm {
+
+class CCommandNew final : public CCommand {
+ public:
+  using CCommand::CCommand;
+  void Execute(bool run) override;
+};
+
+// Opens a document in place of the one that is open, or appends its content to that.
+class CCommandOpen final : public CCommand {
+ public:
+  // Asks for the path when it is empty.
+  CCommandOpen(CAppContext& context, bool append, std::wstring path = {})
+      : CCommand(context), m_append(append), m_path(std::move(path)) {}
+
+  void Execute(bool run) override;
+
+ private:
+  bool AskPath(std::wstring& path) const;
+
+  bool m_append;
+  std::wstring m_path;
+};
+
+// Opens one of the recent documents.
+class CCommandOpenMru final : public CCommand {
+ public:
+  CCommandOpenMru(CAppContext& context, size_t index) : CCommand(context), m_index(index) {}
+  void Execute(bool run) override;  // throws IDS_INTERNAL_ERROR for a bad index
+
+ private:
+  size_t m_index;
+};
+
+class CCommandSave final : public CCommand {
+ public:
+  CCommandSave(CAppContext& context, bool saveAs) : CCommand(context), m_saveAs(saveAs) {}
+  void Execute(bool run) override;
+
+ private:
+  bool ChoosePath(std::wstring& path) const;
+
+  bool m_saveAs;
+};
+
+}  // namespace qlm

@@ -1,0 +1,72 @@
+#include "app/password.h"
+
+#include "app/command.h"
+#include "app/messenger.h"
+#include "app/windows.h"
+#include "engine/archive_writer.h"
+#include "platform/hash.h"
+#include "resource.h"
+#include "support/secret.h"
+#include "support/strings.h"
+
+namespace qlm {
+namespace {
+
+std::string HexOf(std::string_view bytes) {
+  constexpr char kDigits[] = "0123456789ABCDEF";
+  std::string text;
+  for (const char byte : bytes) {
+    const auto value = static_cast<unsigned char>(byte);
+    text += kDigits[value >> 4];
+    text += kDigits[value & 0xF];
+  }
+  return text;
+}
+
+}  // namespace
+
+std::string HashPassword(const my::IHash& hash, std::wstring_view password) {
+  if (password.empty()) return {};
+  std::string utf8 = my::Utf8FromWide(password);
+  const my::CWipeAtEnd wipe(utf8);
+  return hash.Md5(utf8);
+}
+
+CPasswordEntry::CPasswordEntry(const CArchiveSetting& setting, const my::IHash& hash, my::CMsg& messenger)
+    : m_setting(setting), m_hash(hash), m_messenger(messenger) {}
+
+CPasswordEntry::~CPasswordEntry() {
+  my::Wipe(m_setting.password);
+}
+
+bool CPasswordEntry::Accept(const std::wstring& password, bool hide) {
+  if (password.empty()) throw my::CException(IDS_PASSWORD_EMPTY);
+  CheckPassword(password);
+  const std::string hash = HexOf(HashPassword(m_hash, password));
+  const std::string& last = m_setting.passwordHash;
+  if (!last.empty() && hash != last && !m_messenger.Ask(IDS_ASK_PASSWORD_DIFFERS)) return false;
+  m_setting.password = password;
+  m_setting.hidePassword = hide;
+  m_setting.passwordHash = hash;
+  return true;
+}
+
+bool AskPassword(CAppContext& context, CArchiveSetting& runCopy) {
+  if (runCopy.password.empty()) {
+    CPasswordEntry entry(runCopy, context.ports.hash, context.messenger);
+    if (!context.dialogs.AskPassword(entry)) return false;
+    runCopy = entry.Setting();
+    SetArchiveSetting(context.settings.archive, runCopy);
+  }
+  CheckPassword(runCopy.password);
+  return true;
+}
+
+void SetArchiveSetting(CArchiveSetting& live, const CArchiveSetting& edited) {
+  CheckPassword(edited.password);
+  my::Wipe(live.password);
+  live = edited;
+  if (live.passwordType == PasswordType::EXEC) my::Wipe(live.password);
+}
+
+}  // namespace qlm

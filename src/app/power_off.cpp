@@ -1,0 +1,60 @@
+#include "app/power_off.h"
+
+#include <memory>
+
+#include "app/messenger.h"
+#include "engine/backup_thread.h"
+#include "platform/message_texts.h"
+#include "platform/power.h"
+#include "resource.h"
+#include "settings/settings.h"
+
+namespace qlm {
+namespace {
+
+constexpr uint32_t kLogOffForceIfHung = 0x10;
+constexpr uint32_t kShutdownPowerOff = 0x8;
+constexpr uint32_t kShutdownHybrid = 0x200;
+constexpr uint32_t kShutdownInstallUpdates = 0x40;
+constexpr uint32_t kReasonPlannedApplication = 0x80040000;
+
+uint32_t Act(my::IPower& power, const my::IMessageTexts& texts, PowerOffType type, uint32_t shutdownFlags) {
+  switch (type) {
+    case PowerOffType::LOGOFF: return power.ExitWindows(kLogOffForceIfHung, 0);
+    case PowerOffType::SLEEP: return power.SetSuspendState(false, false, false);
+    case PowerOffType::HIBERNATE: return power.SetSuspendState(true, false, false);
+    case PowerOffType::POWEROFF:
+      return power.InitiateShutdown(texts.Text(IDS_POWER_OFF_MESSAGE), 0, shutdownFlags | kShutdownPowerOff,
+                                    kReasonPlannedApplication);
+  }
+  throw my::CException(IDS_INTERNAL_ERROR,
+                       {L"Unkonwn PowerOff type: " + std::to_wstring(static_cast<int>(type))});
+}
+
+}  // namespace
+
+void CCommandPowerOff::Execute(bool run) {
+  if (!run || !m_context.messenger.ConfirmDiscard()) return;
+  if (m_context.run.IsActive()) {
+    if (!m_context.messenger.Ask(IDS_ASK_STOP_AND_QUIT)) return;
+    // The run may have ended, or been stopped, while the question stood.
+    if (m_context.run.State() == IDS_STATE_RUNNING) m_context.run.Stop();
+  }
+  my::IPower& power = m_context.ports.power;
+  const auto privilege = power.EnablePrivilege(L"SeShutdownPrivilege");
+  const CUISetting& ui = m_context.settings.ui;
+  PowerOff(power, m_context.ports.engine.texts, ui.powerOffType,
+           ShutdownFlags(ui.hybridShutdown, ui.installUpdates));
+}
+
+uint32_t ShutdownFlags(bool hybrid, bool installUpdates) {
+  return kShutdownPowerOff | (hybrid ? kShutdownHybrid : 0) | (installUpdates ? kShutdownInstallUpdates : 0);
+}
+
+void PowerOff(my::IPower& power, const my::IMessageTexts& texts, PowerOffType type, uint32_t shutdownFlags) {
+  const uint32_t code = Act(power, texts, type, shutdownFlags);
+  if (code == 0) return;
+  throw my::CException(IDS_LOGOFF_FAILED + static_cast<uint32_t>(type), {my::CSystemError::FromWin32(code)});
+}
+
+}  // namespace qlm

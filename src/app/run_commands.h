@@ -1,0 +1,32 @@
+// The commands that start and stop runs.
+#pragma once
+
+#include <vector>
+
+#include "app/command.h"
+
+namespace qlm {
+
+struct CArchiveSetting;
+
+// Runs the document, or stops the run that is active.
+class CCommandExec final : public CCommand {
+ public:
+  CCommandExec(CAppContext& context, bool powerOff) : CCommand(context), m_powerOff(powerOff) {}
+  void Execute(bool run) override;
+
+ private:
+  std::vector<CBackupTaskPtr> MakeJobs() const;
+  void StartRun(const std::vector<CBackupTaskPtr>& jobs);
+
+  bool m_powerOff;
+};
+
+// Lists what the focused task would back up, and transfers nothing.
+class CCommandTaskTargets final : public CCommand {
+ public:
+  using CCommand::CCommand;
+  void Execute(bool run) override;
+};
+
+}  // namespace qlm

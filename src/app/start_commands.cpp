@@ -1,0 +1,100 @@
+#include "app/start_commands.h"
+
+#include "app/command_line.h"
+#include "app/document_commands.h"
+#include "app/messenger.h"
+#include "app/windows.h"
+#include "document/document.h"
+#include "platform/file_system.h"
+#include "platform/message_texts.h"
+#include "resource.h"
+#include "settings/settings.h"
+#include "settings/settings_file.h"
+#include "support/secret.h"
+
+namespace qlm {
+namespace {
+
+// Executes a function as a command.
+template <class Work>
+class CInlineCommand final : public CCommand {
+ public:
+  CInlineCommand(CAppContext& context, Work work) : CCommand(context), m_work(std::move(work)) {}
+  void Execute(bool) override { m_work(); }
+
+ private:
+  Work m_work;
+};
+
+template <class Work>
+void RunInline(CAppContext& context, bool rethrow, Work work) {
+  CInlineCommand<Work> command(context, std::move(work));
+  RunCommand(context, command, true, rethrow);
+}
+
+}  // namespace
+
+void CCommandQuit::Execute(bool run) {
+  if (!run) return;
+  m_context.window.StoreSettings(m_context.settings);
+  m_context.settings.ui.lastPath = m_context.document.Path();
+  if (m_skipSave) return;
+  RunInline(m_context, false, [this] {
+    const CAppPorts& ports = m_context.ports;
+    SaveSettings(ports.engine.files, ports.dom, SettingsPath(ports.folders, ports.engine.texts),
+                 m_context.settings);
+  });
+}
+
+void CCommandInit::Execute(bool run) {
+  if (!run) return;
+  if (!LoadSettings()) {
+    m_context.window.PostClose();
+    return;
+  }
+  m_quit->SetSkipSave(false);
+  m_context.window.ApplySettings(m_context.settings);
+  m_context.document.Reset({}, {});
+  OpenFirstDocument();
+}
+
+// Answers whether to go on.
+bool CCommandInit::LoadSettings() {
+  const CAppPorts& ports = m_context.ports;
+  CSettings& settings = m_context.settings;
+  std::wstring path;
+  try {
+    path = SettingsPath(ports.folders, ports.engine.texts);
+    if (ports.engine.files.Kind(path) == my::PathKind::NONE) return true;
+    const my::CVersion version = qlm::LoadSettings(ports.engine.files, ports.dom, path, settings);
+    if (settings.archive.passwordType != PasswordType::SAVE) my::Wipe(settings.archive.password);
+    return version <= kSettingsVersion || m_context.messenger.Ask(IDS_ASK_SETTINGS_NEWER);
+  } catch (const my::CException& failure) {
+    return AskAboutFailure(path, failure);
+  }
+}
+
+bool CCommandInit::AskAboutFailure(const std::wstring& path, my::CException failure) {
+  failure.SetWhere({});  // the question names the file itself
+  const std::wstring text = my::MakeErrorText(m_context.ports.engine.texts, failure);
+  if (path.empty()) return m_context.messenger.Ask(IDS_ASK_SETTINGS_ERROR, {text});
+  return m_context.messenger.Ask(IDS_ASK_SETTINGS_FILE_ERROR, {path, text});
+}
+
+void CCommandInit::OpenFirstDocument() {
+  try {
+    RunInline(m_context, true, [this] {
+      std::wstring path = CSingleCommandLineParser(m_commandLine).Path();
+      if (path.empty()) path = m_context.settings.ui.lastPath;
+      if (!path.empty())
+        CCommandOpen(m_context, false, path).Execute(true);
+      else
+        m_context.window.UpdateTitle();
+    });
+  } catch (const my::CCtrlException&) {
+    m_context.document.Reset({}, {});
+    m_context.window.UpdateTitle();
+  }
+}
+
+}  // namespace qlm

@@ -1,0 +1,25 @@
+#include "support/secret.h"
+
+namespace my {
+namespace {
+
+template <class TString>
+void Overwrite(TString& text) {
+  text.resize(text.capacity());
+  // A plain fill right before the end of a text's life is optimised away.
+  volatile auto* chars = text.data();
+  for (size_t i = 0; i < text.size(); ++i) chars[i] = 0;
+  text.clear();
+}
+
+}  // namespace
+
+void Wipe(std::wstring& text) {
+  Overwrite(text);
+}
+
+void Wipe(std::string& text) {
+  Overwrite(text);
+}
+
+}  // namespace my
