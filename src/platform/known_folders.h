@@ -14,6 +14,9 @@ class IKnownFolders {
 
   // The user's roaming application data. Throws IDS_SETTINGS_LOCATION_FAILED.
   virtual std::wstring RoamingAppData() const = 0;
+
+  // The folder that the running program was started from. Throws the system's own error.
+  virtual std::wstring ProgramFolder() const = 0;
 };
 
 }  // namespace my

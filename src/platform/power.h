@@ -5,6 +5,10 @@
 #include <memory>
 #include <string>
 
+// The system's headers make macros of these names, which would take the place of the functions below.
+#undef ExitWindows
+#undef InitiateShutdown
+
 namespace my {
 
 // A privilege of the process's token; the token is closed, not the privilege taken back, on destruction.

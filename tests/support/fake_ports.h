@@ -46,9 +46,11 @@ class CIconvAnsiCodec : public my::IAnsiCodec {
 struct CFakeFolders : my::IKnownFolders {
   std::optional<std::wstring> ProgramFiles() const override { return programs; }
   std::wstring RoamingAppData() const override { return roaming; }
+  std::wstring ProgramFolder() const override { return program; }
 
   std::optional<std::wstring> programs;
   std::wstring roaming = L"C:\\Roaming";
+  std::wstring program = L"C:\\Quillmoor";
 };
 
 class CFakeProcess : public my::IProcess {

@@ -6,6 +6,7 @@
 
 #include "resource.h"
 #include "support/exception.h"
+#include "support/paths.h"
 
 namespace my {
 
@@ -21,6 +22,16 @@ std::wstring CWin32KnownFolders::RoamingAppData() const {
       ::SHGetFolderPathW(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, SHGFP_TYPE_CURRENT, path);
   if (result != S_OK) throw CException(IDS_SETTINGS_LOCATION_FAILED, {CSystemError{result}});
   return path;
+}
+
+std::wstring CWin32KnownFolders::ProgramFolder() const {
+  for (std::wstring path(MAX_PATH, L'\0');; path.resize(path.size() * 2)) {
+    const DWORD length = ::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    if (length == 0) throw CException(CSystemError::FromWin32(::GetLastError()));
+    if (length == path.size()) continue;  // cut off
+    path.resize(length);
+    return std::wstring(ParentPath(path));
+  }
 }
 
 }  // namespace my

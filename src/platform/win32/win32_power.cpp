@@ -1,0 +1,67 @@
+// The system's headers come first: the door takes back the names that they make macros of.
+#include <windows.h>
+
+#include <powrprof.h>
+
+#include "platform/win32/handle.h"
+#include "platform/win32/win32_power.h"
+#include "resource.h"
+#include "support/exception.h"
+
+namespace my {
+namespace {
+
+class CTokenPrivilege : public IPrivilege {
+ public:
+  explicit CTokenPrivilege(CKernelHandle token) : m_token(std::move(token)) {}
+
+ private:
+  CKernelHandle m_token;
+};
+
+CKernelHandle OpenToken() {
+  HANDLE token = nullptr;
+  if (!::OpenProcessToken(::GetCurrentProcess(), TOKEN_ADJUST_PRIVILEGES | TOKEN_QUERY, &token)) {
+    throw CException(IDS_OPEN_TOKEN_FAILED, {CSystemError::FromWin32(::GetLastError())});
+  }
+  return CKernelHandle(token);
+}
+
+// The code of an action that has just failed. Drivers refuse a sleep without leaving one, and 0 would pass
+// for success.
+uint32_t FailureCode() {
+  const DWORD code = ::GetLastError();
+  return code == ERROR_SUCCESS ? ERROR_GEN_FAILURE : code;
+}
+
+}  // namespace
+
+std::unique_ptr<IPrivilege> CWin32Power::EnablePrivilege(const std::wstring& name) {
+  CKernelHandle token = OpenToken();
+  TOKEN_PRIVILEGES privileges{};
+  privileges.PrivilegeCount = 1;
+  privileges.Privileges[0].Attributes = SE_PRIVILEGE_ENABLED;
+  if (!::LookupPrivilegeValueW(nullptr, name.c_str(), &privileges.Privileges[0].Luid)) {
+    throw CException(IDS_PRIVILEGE_NOT_FOUND, {CSystemError::FromWin32(::GetLastError()), name});
+  }
+  if (!::AdjustTokenPrivileges(token.Get(), FALSE, &privileges, 0, nullptr, nullptr)) {
+    throw CException(IDS_ADJUST_PRIVILEGE_FAILED, {CSystemError::FromWin32(::GetLastError()), name});
+  }
+  return std::make_unique<CTokenPrivilege>(std::move(token));
+}
+
+uint32_t CWin32Power::ExitWindows(uint32_t flags, uint32_t reason) {
+  return ::ExitWindowsEx(flags, reason) ? ERROR_SUCCESS : FailureCode();
+}
+
+uint32_t CWin32Power::SetSuspendState(bool hibernate, bool force, bool disableWakeEvents) {
+  return ::SetSuspendState(hibernate, force, disableWakeEvents) ? ERROR_SUCCESS : FailureCode();
+}
+
+uint32_t CWin32Power::InitiateShutdown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
+                                       uint32_t reason) {
+  std::wstring text = message;  // the system wants it writable
+  return ::InitiateShutdownW(nullptr, text.data(), graceSeconds, flags, reason);
+}
+
+}  // namespace my

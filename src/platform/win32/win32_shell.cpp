@@ -1,0 +1,58 @@
+#include "platform/win32/win32_shell.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+#include <shlobj.h>
+
+#include <cstring>
+
+#include "resource.h"
+#include "support/exception.h"
+
+namespace my {
+namespace {
+
+// Whether the items lead to an end mark within the bytes. The shell follows their sizes without knowing
+// where the bytes end. A size counts itself; that of the end mark is 0.
+bool IsComplete(const CShellIdList& idList) {
+  using Size = decltype(SHITEMID::cb);
+  Size size = 0;
+  for (size_t at = 0; at + sizeof(size) <= idList.size(); at += size) {
+    std::memcpy(&size, idList.data() + at, sizeof(size));
+    if (size < sizeof(size)) return size == 0;
+  }
+  return false;
+}
+
+void Execute(const std::wstring& file, const wchar_t* parameters) {
+  SHELLEXECUTEINFOW execution{};
+  execution.cbSize = sizeof(execution);
+  execution.fMask = SEE_MASK_FLAG_NO_UI;
+  execution.lpFile = file.c_str();
+  execution.lpParameters = parameters;
+  execution.nShow = SW_SHOWNORMAL;
+  if (::ShellExecuteExW(&execution)) return;
+  throw CException(IDS_SHELL_OPEN_FAILED, {CSystemError::FromWin32(::GetLastError()), file});
+}
+
+}  // namespace
+
+std::wstring CWin32Shell::PathOf(const CShellIdList& idList) {
+  wchar_t path[MAX_PATH];
+  // The function leaves no code: what it refuses is a list that names nothing on a disk.
+  if (IsComplete(idList) && ::SHGetPathFromIDListW(reinterpret_cast<LPCITEMIDLIST>(idList.data()), path)) {
+    return path;
+  }
+  throw CException(IDS_ID_LIST_TO_PATH_FAILED, {CSystemError{E_INVALIDARG}});
+}
+
+void CWin32Shell::Open(const std::wstring& what) {
+  Execute(what, nullptr);
+}
+
+void CWin32Shell::Run(const std::wstring& program, const std::wstring& parameters) {
+  Execute(program, parameters.c_str());
+}
+
+}  // namespace my

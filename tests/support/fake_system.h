@@ -1,0 +1,102 @@
+// The ports to power, hash and shell, for the tests. Each call is kept as a line of text.
+#pragma once
+
+#include <boost/uuid/detail/md5.hpp>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/hash.h"
+#include "platform/power.h"
+#include "platform/shell.h"
+#include "support/exception.h"
+#include "support/value_codecs.h"
+
+namespace test {
+
+// Must outlive the privileges that it gives.
+class CFakePower : public my::IPower {
+ public:
+  std::unique_ptr<my::IPrivilege> EnablePrivilege(const std::wstring& name) override {
+    calls.push_back(L"EnablePrivilege " + name);
+    if (failure) throw *failure;
+    return std::make_unique<CPrivilege>(livePrivileges);
+  }
+  uint32_t ExitWindows(uint32_t flags, uint32_t reason) override {
+    calls.push_back(L"ExitWindows " + my::HexText(flags) + L" " + my::HexText(reason));
+    return exitWindowsCode;
+  }
+  uint32_t SetSuspendState(bool hibernate, bool force, bool disableWakeEvents) override {
+    calls.push_back(L"SetSuspendState" + Bit(hibernate) + Bit(force) + Bit(disableWakeEvents));
+    return setSuspendStateCode;
+  }
+  uint32_t InitiateShutdown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
+                            uint32_t reason) override {
+    calls.push_back(L"InitiateShutdown \"" + message + L"\" " + std::to_wstring(graceSeconds) + L" " +
+                    my::HexText(flags) + L" " + my::HexText(reason));
+    return initiateShutdownCode;
+  }
+
+  std::optional<my::CException> failure;  // of EnablePrivilege
+  uint32_t exitWindowsCode = 0;
+  uint32_t setSuspendStateCode = 0;
+  uint32_t initiateShutdownCode = 0;
+  int livePrivileges = 0;
+  // As in `EnablePrivilege SeShutdownPrivilege`, `ExitWindows 0x00000010 0x00000000`,
+  // `SetSuspendState 1 0 0`, `InitiateShutdown "message" 0 0x00000008 0x80040000`.
+  std::vector<std::wstring> calls;
+
+ private:
+  class CPrivilege : public my::IPrivilege {
+   public:
+    explicit CPrivilege(int& live) : m_live(live) { ++m_live; }
+    CPrivilege(const CPrivilege&) = delete;
+    CPrivilege& operator=(const CPrivilege&) = delete;
+    ~CPrivilege() override { --m_live; }
+
+   private:
+    int& m_live;
+  };
+
+  static std::wstring Bit(bool value) { return value ? L" 1" : L" 0"; }
+};
+
+struct CFakeHash : my::IHash {
+  std::string Md5(std::string_view bytes) const override {
+    if (failure) throw *failure;
+    boost::uuids::detail::md5 md5;
+    md5.process_bytes(bytes.data(), bytes.size());
+    boost::uuids::detail::md5::digest_type words;
+    md5.get_digest(words);
+    std::string digest;
+    for (const uint32_t word : words) {
+      for (int shift = 24; shift >= 0; shift -= 8) digest += static_cast<char>(word >> shift & 0xFF);
+    }
+    return digest;
+  }
+
+  std::optional<my::CException> failure;
+};
+
+struct CFakeShell : my::IShell {
+  std::wstring PathOf(const my::CShellIdList&) override {
+    calls.emplace_back(L"PathOf");
+    if (failure) throw *failure;
+    return path;
+  }
+  void Open(const std::wstring& what) override {
+    calls.push_back(L"Open " + what);
+    if (failure) throw *failure;
+  }
+  void Run(const std::wstring& program, const std::wstring& parameters) override {
+    calls.push_back(L"Run " + program + L" " + parameters);
+    if (failure) throw *failure;
+  }
+
+  std::optional<my::CException> failure;  // of every function
+  std::wstring path;                      // of every list
+  std::vector<std::wstring> calls;
+};
+
+}  // namespace test
