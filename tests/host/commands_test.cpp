@@ -1,0 +1,450 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "app/command_line.h"
+#include "support/fake_app.h"
+#include "support/thrown.h"
+
+namespace {
+
+using namespace qlm;
+using namespace test;
+
+constexpr uint32_t kStates[] = {IDS_STATE_NOT_RUN, IDS_STATE_RUNNING, IDS_STATE_STOPPING, IDS_STATE_STOPPED,
+                                IDS_STATE_ENDED};
+
+class Commands : public testing::Test {
+ protected:
+  Commands() {
+    content.dsts.Insert(-1, MakeDst(L"D:\\b"));
+    content.dsts.Insert(-1, MakeDst(L"D:\\z", DstType::AES_256_ZIP, L"<ID>.zip"));
+    content.tasks.Insert(-1, MakeTask(L"plain", {content.dsts[0]}));
+    content.tasks.Insert(-1, MakeTask(L"secret", {content.dsts[1]}));
+    content.tasks.Insert(-1, MakeTask(L"idle"));
+  }
+
+  // A started program with the document of the fixture, saved, and a run in that state.
+  void StartIn(uint32_t state, bool modified = false) {
+    a.dialogs.buttons.clear();
+    a.files.Remove(kSettingsFile);
+    a.files.Remove(L"D:\\");
+    a.files.AddFolder(L"D:\\");
+    a.Start();
+    a.app->Settings().archive = {L"C:\\7-Zip\\7z.exe", PasswordType::SAVE, true, L"pw", ""};
+    a.app->Document().Reset(content, L"C:\\doc.qlmr");
+    if (modified) a.Fill(content);
+    if (state == IDS_STATE_NOT_RUN) return;
+    a.Do(ID_RUN);
+    if (state == IDS_STATE_STOPPING || state == IDS_STATE_STOPPED) a.Do(ID_RUN);
+    if (state == IDS_STATE_STOPPED || state == IDS_STATE_ENDED) a.EndRun();
+    ASSERT_EQ(a.State(), state);
+  }
+
+  CFakeApp a;
+  CContent content;
+};
+
+// 464 while a run is active, 470 while replacing; otherwise the command may act.
+TEST_F(Commands, each_command_is_refused_in_the_states_that_forbid_it) {
+  struct CCase {
+    uint32_t id;
+    bool duringRun;      // may act while a run is active
+    bool duringReplace;  // may act while the replace dialog is open
+  };
+  const CCase kCases[] = {
+      {ID_RUN, true, false},         {ID_RUN_POWER_OFF, false, false}, {ID_POWER_OFF, true, true},
+      {ID_NEW, false, false},        {ID_OPEN, false, false},          {ID_ADD_FILE, false, false},
+      {ID_SAVE, false, false},       {ID_SAVE_AS, false, false},       {ID_REPLACE, false, true},
+      {ID_SETTINGS, true, true},     {ID_DESIGN, true, true},          {ID_TASK_TARGETS, false, false},
+      {ID_EXPLORER_SRC, true, true}, {ID_EXPLORER_DST, true, true},    {ID_HOME_PAGE, true, true},
+      {ID_USAGE_PAGE, true, true},   {ID_MRU_FIRST, false, false}};
+  for (const uint32_t state : kStates) {
+    for (const bool modified : {false, true}) {
+      for (const bool replacing : {false, true}) {
+        StartIn(state, modified);
+        a.app->Settings().ui.mruPathes.Add(L"C:\\recent.qlmr");
+        a.window.tasks.focused = a.window.dsts.focused = 0;
+        const bool active = a.app->Run().IsActive();
+        if (replacing) a.app->Replace().Show();
+        for (const CCase& c : kCases) {
+          const bool enabled = (!active || c.duringRun) && (!replacing || c.duringReplace);
+          EXPECT_EQ(a.app->IsEnabled(c.id), enabled)
+              << c.id << " in " << state << (replacing ? " replacing" : "");
+          if (enabled) continue;
+          a.TakeBoxes();
+          a.Do(c.id);  // refused for the same reason, in a box
+          const bool runFirst = active && c.id != ID_RUN && c.id != ID_RUN_POWER_OFF && !c.duringRun;
+          const uint32_t reason =
+              runFirst || !replacing ? IDS_REFUSED_DURING_RUN : IDS_REFUSED_DURING_REPLACE;
+          EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(reason) + L"\n") << c.id << " in " << state;
+        }
+        EXPECT_EQ(a.State(), state) << "testing starts and stops nothing";
+        EXPECT_EQ(a.app->Document().IsModified(), modified);
+        EXPECT_EQ(a.app->Document().Tasks().size(), 3u);
+      }
+    }
+  }
+}
+
+TEST_F(Commands, run_toggles_and_makes_a_job_for_each_task_with_destinations) {
+  StartIn(IDS_STATE_NOT_RUN);
+  a.Do(ID_RUN);
+  EXPECT_EQ(a.State(), IDS_STATE_RUNNING);
+  EXPECT_TRUE(a.window.timer);
+  a.EndRun();
+  EXPECT_EQ(a.State(), IDS_STATE_ENDED);
+  EXPECT_FALSE(a.window.timer);
+  ASSERT_EQ(a.window.results.size(), 2u) << "the idle task has no row";
+  EXPECT_EQ(a.window.results[1]->message, IDS_PHASE_CREATED);
+  EXPECT_EQ(a.process.Starts().back().arguments.find(L"a -mem=AES256 -ssw -ppw "), 0u);
+  a.Do(ID_RUN);
+  a.Do(ID_RUN);
+  EXPECT_EQ(a.State(), IDS_STATE_STOPPING);
+  a.Do(ID_RUN);
+  EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(IDS_ALREADY_STOPPING) + L"\n");
+  a.EndRun();
+  EXPECT_EQ(a.State(), IDS_STATE_STOPPED);
+
+  a.threads.fail = true;
+  a.Do(ID_RUN);
+  EXPECT_NE(a.TakeBoxes().find(L"スレッドの開始に失敗しました"), std::wstring::npos);
+  EXPECT_EQ(a.State(), IDS_STATE_STOPPED);
+  a.threads.fail = false;
+  content.tasks = {};
+  content.tasks.Insert(-1, MakeTask(L"idle"));
+  a.Fill(content);
+  a.Do(ID_RUN);
+  EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(IDS_NO_TASKS) + L"\n");
+}
+
+TEST_F(Commands, test_run_lists_the_focused_task_and_asks_for_no_password) {
+  StartIn(IDS_STATE_NOT_RUN);
+  a.app->Settings().archive.password.clear();
+  a.Do(ID_TASK_TARGETS);
+  EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(IDS_NO_ITEM_SELECTED) + L"\n");
+  EXPECT_EQ(a.window.tasks.focusCount, 1);
+  a.window.tasks.focused = 1;
+  a.Do(ID_TASK_TARGETS);
+  a.EndRun();
+  ASSERT_EQ(a.window.results.size(), 1u);
+  EXPECT_EQ(a.window.results[0]->message, IDS_PHASE_LISTED);
+  EXPECT_EQ(a.window.results[0]->destinationPath, L"D:\\z\\secret.zip");
+  EXPECT_EQ(a.dialogs.passwordDialogs, 0);
+  EXPECT_EQ(a.files.Kind(L"D:\\z"), my::PathKind::NONE);
+}
+
+TEST_F(Commands, password_is_asked_for_by_the_rules_of_its_type) {
+  const auto runs = [this](std::deque<std::wstring> typed) {
+    a.dialogs.passwords = std::move(typed);
+    const int before = a.dialogs.passwordDialogs;
+    a.Do(ID_RUN);
+    a.EndRun();
+    return a.dialogs.passwordDialogs - before;
+  };
+  const auto stored = [this] { return a.app->Settings().archive.password; };
+  StartIn(IDS_STATE_NOT_RUN);
+  EXPECT_EQ(runs({}), 0) << "a stored password";
+  a.app->Settings().archive = {L"C:\\7-Zip\\7z.exe", PasswordType::EXEC_ONCE, true, L"", ""};
+  EXPECT_EQ(runs({}), 1) << "cancelled";
+  EXPECT_EQ(a.State(), IDS_STATE_ENDED) << "of the run before";
+  EXPECT_EQ(runs({L"", L"a b", L"a\"b", L"abc"}), 1);
+  EXPECT_EQ(a.dialogs.refusals, (std::vector<uint32_t>{IDS_PASSWORD_EMPTY, IDS_PASSWORD_BAD_CHARACTER,
+                                                       IDS_PASSWORD_BAD_CHARACTER}));
+  EXPECT_EQ(a.app->Settings().archive.passwordHash, "900150983CD24FB0D6963F7D28E17F72");
+  EXPECT_EQ(runs({}), 0) << "kept for the session";
+  EXPECT_EQ(a.TakeBoxes(), L"") << "nothing to compare the first one with";
+
+  a.app->Settings().archive.passwordType = PasswordType::EXEC;
+  my::Wipe(a.app->Settings().archive.password);
+  a.dialogs.buttons = {false, true};
+  EXPECT_EQ(runs({L"ébc", L"xyz"}), 1) << "a doubtful one, taken back, then another one";
+  EXPECT_EQ(a.TakeBoxes().substr(0, 30), L"確認: 前回実行時のパスワードと違います。続行しますか？\n確認");
+  EXPECT_EQ(stored(), L"");
+  EXPECT_EQ(runs({L"xyz"}), 1);
+  EXPECT_EQ(a.TakeBoxes(), L"");
+  EXPECT_NE(a.process.Starts().back().arguments.find(L"-pxyz "), std::wstring::npos);
+
+  a.hash.failure = my::CException(IDS_HASH_DATA_FAILED, {my::CSystemError::FromWin32(5)});
+  a.dialogs.refusals.clear();
+  EXPECT_EQ(runs({L"xyz"}), 1);
+  EXPECT_EQ(a.dialogs.refusals, std::vector<uint32_t>{IDS_HASH_DATA_FAILED});
+  a.app->Settings().archive.password = L"from a hand-made file";
+  EXPECT_EQ(runs({}), 0);
+  EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(IDS_PASSWORD_BAD_CHARACTER) + L"\n");
+  content.tasks.Remove(1);
+  a.Fill(content);
+  EXPECT_EQ(runs({}), 0) << "no destination needs it";
+  EXPECT_EQ(a.TakeBoxes(), L"");
+}
+
+TEST_F(Commands, power_off_comes_only_after_a_run_that_was_asked_to_and_ended_well) {
+  const auto powersOff = [this](uint32_t id, bool stop = false) {
+    a.power.calls.clear();
+    a.Do(id);
+    if (stop) a.Do(ID_RUN);
+    a.EndRun();
+    return !a.power.calls.empty();
+  };
+  StartIn(IDS_STATE_NOT_RUN);
+  EXPECT_FALSE(powersOff(ID_RUN));
+  EXPECT_FALSE(powersOff(ID_RUN_POWER_OFF, true));
+  EXPECT_TRUE(powersOff(ID_RUN_POWER_OFF));
+  EXPECT_FALSE(powersOff(ID_RUN)) << "the wish does not outlive its run";
+  a.Fill(content);
+  EXPECT_FALSE(powersOff(ID_RUN_POWER_OFF)) << "unsaved edits are not lost without a question";
+  EXPECT_EQ(a.TakeBoxes(), L"確認: " + a.Text(IDS_ASK_DISCARD) + L"\n");
+  a.app->Document().Reset(content, L"C:\\doc.qlmr");
+  a.files.Remove(L"C:\\src");
+  EXPECT_FALSE(powersOff(ID_RUN_POWER_OFF)) << "an error";
+  EXPECT_EQ(a.State(), IDS_STATE_ENDED);
+}
+
+TEST_F(Commands, power_off_does_what_the_settings_say_with_exact_flags) {
+  StartIn(IDS_STATE_NOT_RUN);
+  CUISetting& ui = a.app->Settings().ui;
+  const std::wstring message = L"InitiateShutdown \"コンピューターの電源を切ります\" 0 ";
+  const struct {
+    PowerOffType type;
+    bool hybrid, updates;
+    std::wstring call;
+  } kCases[] = {{PowerOffType::LOGOFF, true, true, L"ExitWindows 0x00000010 0x00000000"},
+                {PowerOffType::SLEEP, true, true, L"SetSuspendState 0 0 0"},
+                {PowerOffType::HIBERNATE, true, true, L"SetSuspendState 1 0 0"},
+                {PowerOffType::POWEROFF, true, true, message + L"0x00000248 0x80040000"},
+                {PowerOffType::POWEROFF, false, true, message + L"0x00000048 0x80040000"},
+                {PowerOffType::POWEROFF, false, false, message + L"0x00000008 0x80040000"}};
+  for (const auto& c : kCases) {
+    ui.powerOffType = c.type;
+    ui.hybridShutdown = c.hybrid;
+    ui.installUpdates = c.updates;
+    a.power.calls.clear();
+    a.Do(ID_POWER_OFF);
+    EXPECT_EQ(a.power.calls, (std::vector<std::wstring>{L"EnablePrivilege SeShutdownPrivilege", c.call}));
+    EXPECT_EQ(a.power.livePrivileges, 0);
+  }
+  a.power.exitWindowsCode = a.power.setSuspendStateCode = a.power.initiateShutdownCode = 5;
+  const wchar_t* const kErrors[] = {L"サインアウトする", L"スリープする", L"休止状態にする", L"電源を切る"};
+  for (int type = 0; type < 4; ++type) {
+    ui.powerOffType = static_cast<PowerOffType>(type);
+    a.Do(ID_POWER_OFF);
+    EXPECT_NE(
+        a.TakeBoxes().find(kErrors[type] + std::wstring(L"操作に失敗しました - system error (0x80070005)")),
+        std::wstring::npos);
+    EXPECT_EQ(a.power.livePrivileges, 0);
+  }
+  ui.powerOffType = static_cast<PowerOffType>(4);
+  a.Do(ID_POWER_OFF);
+  EXPECT_NE(a.TakeBoxes().find(L"Unkonwn PowerOff type: 4"), std::wstring::npos);
+
+  StartIn(IDS_STATE_RUNNING);
+  a.power.calls.clear();
+  a.Do(ID_POWER_OFF);
+  EXPECT_TRUE(a.power.calls.empty());
+  EXPECT_EQ(a.State(), IDS_STATE_RUNNING) << "cancelled";
+  a.dialogs.buttons = {true};
+  a.dialogs.onBox = [this](const std::wstring&) { a.EndRun(); };  // while the question stands
+  a.Do(ID_POWER_OFF);
+  EXPECT_EQ(a.power.calls.size(), 2u);
+  a.dialogs.onBox = nullptr;
+}
+
+TEST_F(Commands, documents_are_opened_saved_and_remembered) {
+  StartIn(IDS_STATE_NOT_RUN, true);
+  CDocument& document = a.app->Document();
+  const auto& recent = a.app->Settings().ui.mruPathes.Items();
+  a.dialogs.paths = {L"C:\\one.qlmr"};
+  a.Do(ID_SAVE_AS);
+  EXPECT_EQ(document.Path(), L"C:\\one.qlmr");
+  EXPECT_FALSE(document.IsModified());
+  EXPECT_EQ(a.dialogs.questions.back().flags, 0x880006u);
+  EXPECT_EQ(a.dialogs.questions.back().defaultExtension, L"qlmr");
+  a.Do(ID_NEW);
+  EXPECT_TRUE(document.Tasks().empty() && document.Dsts().empty() && document.Path().empty());
+  a.Do(ID_OPEN);
+  EXPECT_EQ(a.dialogs.questions.back().initialPath, L"C:\\one.qlmr") << "of a new document: the latest";
+  EXPECT_EQ(a.dialogs.questions.back().flags, 0x881000u);
+  a.Fill(content);
+  a.Do(ID_SAVE);
+  EXPECT_EQ(document.Path(), L"") << "cancelled";
+  a.dialogs.paths = {L"C:\\two.qlmr"};
+  a.Do(ID_SAVE);
+  a.Fill(content);
+  const size_t asked = a.dialogs.questions.size();
+  a.Do(ID_SAVE);
+  EXPECT_EQ(a.dialogs.questions.size(), asked) << "a document with a path is not asked for one";
+  EXPECT_EQ(a.TakeBoxes(), L"");
+
+  a.Fill({});
+  a.Do(ID_MRU_FIRST + 1);  // refused by the user
+  EXPECT_EQ(a.TakeBoxes(), L"確認: " + a.Text(IDS_ASK_DISCARD) + L"\n");
+  EXPECT_EQ(document.Path(), L"C:\\two.qlmr");
+  a.dialogs.buttons = {true};
+  a.Do(ID_MRU_FIRST + 1);
+  EXPECT_EQ(document.Path(), L"C:\\one.qlmr");
+  EXPECT_EQ(recent, (std::vector<std::wstring>{L"C:\\one.qlmr", L"C:\\two.qlmr"}));
+  a.TakeBoxes();
+
+  a.files.AddFile(L"C:\\bad.qlmr", "<Quill");
+  a.dialogs.paths = {L"C:\\bad.qlmr"};
+  a.Do(ID_OPEN);
+  EXPECT_NE(a.TakeBoxes().find(L"C:\\bad.qlmr"), std::wstring::npos);
+  EXPECT_EQ(document.Path(), L"C:\\one.qlmr");
+  EXPECT_EQ(document.Tasks().size(), 3u);
+  EXPECT_EQ(recent.size(), 2u);
+  a.files.FailAt(Op::MOVE_OVER, 1);
+  a.Fill({});
+  a.Do(ID_SAVE);
+  EXPECT_NE(a.TakeBoxes().find(L"system error (0x80070070)"), std::wstring::npos);
+  EXPECT_TRUE(document.IsModified());
+
+  a.Fill(content);
+  a.dialogs.paths = {L"C:\\one.qlmr", L"C:\\one.qlmr"};
+  a.Do(ID_ADD_FILE);
+  EXPECT_EQ(document.Tasks().size(), 3u) << "the same document adds nothing";
+  a.Fill({});
+  a.Do(ID_ADD_FILE);
+  EXPECT_EQ(document.Tasks().size(), 3u);
+  EXPECT_EQ(document.Path(), L"C:\\one.qlmr");
+  EXPECT_TRUE(document.IsModified());
+  a.Do(ID_MRU_FIRST + 2);
+  EXPECT_NE(a.TakeBoxes().find(L"Mru index is out of range: 2"), std::wstring::npos);
+  for (int i = 0; i < 30; ++i) {
+    a.dialogs.paths = {L"C:\\n" + std::to_wstring(i) + L".qlmr"};
+    a.Do(ID_SAVE_AS);
+  }
+  EXPECT_EQ(recent.size(), 20u);
+  a.dialogs.paths = {std::wstring(L"C:\\") + wchar_t(0xD800)};
+  a.Do(ID_SAVE_AS);
+  EXPECT_EQ(recent.front(), L"C:\\n29.qlmr") << "half a character cannot be written into the settings";
+}
+
+TEST_F(Commands, file_manager_shows_what_is_focused_or_the_nearest_folder) {
+  StartIn(IDS_STATE_NOT_RUN);
+  a.Do(ID_EXPLORER_DST);
+  EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(IDS_NO_ITEM_SELECTED) + L"\n");
+  EXPECT_EQ(a.window.dsts.focusCount, 1);
+  a.window.tasks.focused = a.window.dsts.focused = 0;
+  a.files.AddFolder(L"D:\\b");
+  for (const uint32_t id : {ID_EXPLORER_SRC, ID_EXPLORER_DST, ID_HOME_PAGE, ID_USAGE_PAGE}) a.Do(id);
+  EXPECT_EQ(a.shell.calls,
+            (std::vector<std::wstring>{L"Run EXPLORER.EXE /n,/select,\"C:\\src\"", L"Open D:\\b",
+                                       L"Open https://example.com/quillmoor",
+                                       L"Open " + a.folders.ProgramFolder() + L"\\manual\\index.html"}));
+  a.shell.calls.clear();
+  a.files.Remove(L"D:\\b");
+  a.Do(ID_EXPLORER_DST);
+  EXPECT_TRUE(a.shell.calls.empty()) << "cancelled";
+  a.dialogs.buttons = {true, true};
+  a.Do(ID_EXPLORER_DST);
+  EXPECT_EQ(a.shell.calls, std::vector<std::wstring>{L"Open D:\\"});
+  content.dsts.Replace(0, MakeDst(L"\\\\gone\\x"));
+  a.app->Document().Reset(content, L"");
+  a.TakeBoxes();
+  a.Do(ID_EXPLORER_DST);
+  EXPECT_NE(a.TakeBoxes().find(L"(0x80070003)\n\n\\\\gone\\x"), std::wstring::npos);
+
+  CAppContext& context = a.app->Context();
+  EXPECT_EQ(ThrownId([&] { CCommandExplorer(context, L"", true).Execute(false); }), IDS_ID_LIST_EMPTY);
+  a.shell.path = L"C:\\src\\a.txt";
+  CCommandExplorer(context, my::CShellIdList(4), true).Execute(true);
+  EXPECT_EQ(a.shell.calls.back(), L"Run EXPLORER.EXE /n,/select,\"C:\\src\\a.txt\"");
+
+  a.window.tasks.focused = 2;
+  a.Do(ID_TASK_TARGETS);
+  a.EndRun();
+  const CResult& row = *a.window.results[0];
+  EXPECT_EQ(SourceOfTarget(row, *row.targets, 0), L"C:\\src\\a.txt");
+  EXPECT_EQ(ThrownId([&] { BackupOfTarget(row, *row.targets, 0); }), IDS_NO_DESTINATION);
+  EXPECT_EQ(ThrownId([&] { DestinationOf(a.window.results, 0); }), IDS_NO_DESTINATION);
+}
+
+TEST_F(Commands, settings_and_replace_open_their_windows) {
+  StartIn(IDS_STATE_NOT_RUN);
+  a.Do(ID_SETTINGS);
+  a.Do(ID_DESIGN);
+  EXPECT_EQ(a.dialogs.settingsPages, (std::vector<bool>{false, true}));
+  a.Do(ID_REPLACE);
+  EXPECT_EQ(a.dialogs.tool, &a.app->Replace());
+  a.Do(ID_REPLACE);
+  EXPECT_EQ(a.dialogs.replaceFocuses, 1);
+  a.dialogs.refuseToCancel = true;
+  EXPECT_FALSE(a.app->OnClose()) << "the replace dialog stays, and so does the window";
+  a.dialogs.refuseToCancel = false;
+  EXPECT_TRUE(a.app->OnClose());
+}
+
+TEST_F(Commands, closing_asks_about_edits_and_runs_and_waits_for_the_worker) {
+  StartIn(IDS_STATE_RUNNING, true);
+  EXPECT_FALSE(a.app->OnClose());
+  EXPECT_EQ(a.TakeBoxes(), L"確認: " + a.Text(IDS_ASK_DISCARD) + L"\n");
+  a.dialogs.buttons = {true, false};
+  EXPECT_FALSE(a.app->OnClose());
+  EXPECT_EQ(a.TakeBoxes(),
+            L"確認: " + a.Text(IDS_ASK_DISCARD) + L"\n確認: " + a.Text(IDS_ASK_STOP_AND_QUIT) + L"\n");
+  EXPECT_EQ(a.State(), IDS_STATE_RUNNING);
+  EXPECT_EQ(a.files.Kind(kSettingsFile), my::PathKind::NONE);
+  a.dialogs.buttons = {true, true};
+  EXPECT_TRUE(a.app->OnClose());
+  EXPECT_EQ(a.State(), IDS_STATE_STOPPED);
+  EXPECT_EQ(a.files.Kind(kSettingsFile), my::PathKind::FILE);
+  a.files.FailAt(Op::CREATE_FOLDERS, 1, my::kErrorAccessDenied);
+  a.dialogs.buttons = {true};
+  a.TakeBoxes();
+  EXPECT_TRUE(a.app->OnClose()) << "settings that cannot be written keep nobody";
+  EXPECT_NE(a.TakeBoxes().find(L"フォルダーの作成に失敗しました"), std::wstring::npos);
+  a.app->OnEndSession();
+}
+
+TEST(CommandLine, quotes_keep_blanks_and_vanish) {
+  const auto split = &CCommandLineParserUtil::Split;
+  EXPECT_EQ(split(L"\"C:\\p q\\Q.exe\"\t 'a \"b' c\"d e\"f \"\" ''"),
+            (std::vector<std::wstring>{L"C:\\p q\\Q.exe", L"a \"b", L"cd ef"}));
+  EXPECT_EQ(CSingleCommandLineParser(L"q \"C:\\a b.qlmr").Path(), L"C:\\a b.qlmr");
+  EXPECT_EQ(CSingleCommandLineParser(L"q \"\"").Path(), L"");
+  EXPECT_EQ(ThrownId([] { CSingleCommandLineParser(L"q a b").Path(); }), IDS_TOO_MANY_ARGUMENTS);
+}
+
+TEST_F(Commands, start_opens_the_named_document_or_the_last_one) {
+  StartIn(IDS_STATE_NOT_RUN, true);
+  for (const wchar_t* path : {L"C:\\a b.qlmr", L"C:\\last.qlmr"}) {
+    a.dialogs.paths = {path};
+    a.Do(ID_SAVE_AS);
+  }
+  ASSERT_TRUE(a.app->OnClose());
+  EXPECT_EQ(a.Start().Document().Path(), L"C:\\last.qlmr");
+  EXPECT_EQ(a.Start(L"q.exe \"C:\\a b.qlmr\"").Document().Path(), L"C:\\a b.qlmr");
+  EXPECT_EQ(a.TakeBoxes(), L"");
+  EXPECT_TRUE(a.Start(L"q.exe a b").Document().Path().empty());
+  EXPECT_EQ(a.TakeBoxes(), L"エラー: コマンドライン引数が多すぎます: 2\n\na\nb\n");
+  a.files.Remove(L"C:\\last.qlmr");
+  EXPECT_TRUE(a.Start().Document().Path().empty());
+  EXPECT_NE(a.TakeBoxes().find(L"C:\\last.qlmr"), std::wstring::npos);
+  EXPECT_TRUE(a.window.shown);
+}
+
+TEST_F(Commands, start_that_is_given_up_leaves_the_settings_file) {
+  StartIn(IDS_STATE_NOT_RUN);
+  ASSERT_TRUE(a.app->OnClose());
+  const std::string good = a.files.Files().at(kSettingsFile);
+  std::string newer = good;
+  newer.replace(newer.find("1.0.1.0"), 7, "2.0.0.0");
+  for (const std::string& content_ : {good.substr(0, 300), newer}) {
+    a.files.AddFile(kSettingsFile, content_);
+    a.Start();
+    EXPECT_TRUE(a.window.closing);
+    EXPECT_FALSE(a.window.shown);
+    EXPECT_TRUE(a.app->OnClose());
+    EXPECT_EQ(a.files.Files().at(kSettingsFile), content_) << "untouched";
+    a.dialogs.buttons = {true};
+    a.Start();
+    EXPECT_TRUE(a.window.shown);
+    EXPECT_TRUE(a.app->OnClose());
+    EXPECT_NE(a.files.Files().at(kSettingsFile), content_);
+  }
+  const std::wstring boxes = a.TakeBoxes();
+  EXPECT_NE(boxes.find(L"設定ファイル: " + kSettingsFile + L"\nXML"), std::wstring::npos) << "named once";
+  EXPECT_NE(boxes.find(L"新しいバージョン用の設定ファイル"), std::wstring::npos);
+}
+
+}  // namespace

@@ -1,0 +1,106 @@
+// The whole program without its windows, on a disk in memory.
+#pragma once
+
+#include <algorithm>
+#include <boost/smart_ptr/make_shared.hpp>
+#include <optional>
+#include <string>
+
+#include "app/application.h"
+#include "document/document_file.h"
+#include "resource.h"
+#include "support/fake_ports.h"
+#include "support/fake_system.h"
+#include "support/fake_windows.h"
+#include "support/memory_file_system.h"
+#include "support/pugi_dom.h"
+
+namespace test {
+
+inline const std::wstring kSettingsFile = L"C:\\Roaming\\Tenkowa\\Quillmoor\\Quillmoor32.config";
+
+inline qlm::CTaskPtr MakeTask(const std::wstring& id, qlm::CTaskDsts dsts = {},
+                              const std::wstring& path = L"C:\\src") {
+  return boost::make_shared<qlm::CTask>(qlm::CTask{id, path, L"", std::move(dsts)});
+}
+
+inline qlm::CDstPtr MakeDst(const std::wstring& folder, qlm::DstType type = qlm::DstType::FOLDER,
+                            const std::wstring& pattern = L"<ID>_<Y><M><D><h><m><s>") {
+  return boost::make_shared<qlm::CDst>(qlm::CDst{folder, type, pattern});
+}
+
+class CFakeApp {
+ public:
+  CFakeApp() {
+    files.AddFile(L"C:\\src\\a.txt", "a", {131'016'350'490'000'000});
+    files.AddFile(L"C:\\7-Zip\\7z.exe", "MZ");
+    process.OnRun([this](const my::CProcessStart& start) { return Archive(start); });
+  }
+
+  // A new start of the program on what the last one left.
+  qlm::CApplication& Start(const std::wstring& commandLine = L"Quillmoor.exe") {
+    app.reset();
+    window = {};
+    app.emplace(
+        qlm::CAppPorts{{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell},
+        dialogs, window, dialogs, commandLine);
+    app->Start();
+    return *app;
+  }
+
+  void Do(uint32_t id) { app->Execute(id); }
+
+  // Makes `content` the open document, modified, as if the user had typed it.
+  void Fill(const qlm::CContent& content) {
+    app->Document().Edit(qlm::DocChangeEventFlags::RESET, [&content](qlm::CContent& own) {
+      own = content;
+      return true;
+    });
+  }
+
+  // Lets the worker come to its end, and the tick see it.
+  void EndRun() {
+    threads.Work();
+    app->OnTimer();
+  }
+
+  uint32_t State() const { return app->Run().State(); }
+  std::wstring Text(uint32_t id) const { return texts.Text(id); }
+
+  // What was shown in message boxes since the last question, one a line.
+  std::wstring TakeBoxes() {
+    std::wstring all;
+    for (const std::wstring& box : dialogs.boxes) all += box + L"\n";
+    dialogs.boxes.clear();
+    return all;
+  }
+
+  CMemoryFileSystem files;
+  CFakeClock clock;
+  CIconvAnsiCodec ansi;
+  CRcTexts texts;
+  CFakeProcess process;
+  CPugiDom dom;
+  CManualThreads threads;
+  CFakeFolders folders;
+  CFakePower power;
+  CFakeHash hash;
+  CFakeShell shell;
+  CFakeWindow window;
+  CFakeDialogs dialogs;
+  std::optional<qlm::CApplication> app;
+
+ private:
+  // Makes an archive of as many entries as the list has lines, which is what is looked at.
+  uint32_t Archive(const my::CProcessStart& start) {
+    const size_t at = start.arguments.rfind(L" @");
+    const size_t name = start.arguments.rfind(L' ', at - 1) + 1;
+    const std::string list = files.ReadFile(start.arguments.substr(at + 2), 1 << 20);
+    std::string record = "PK\5\6" + std::string(18, '\0');
+    record[8] = record[10] = static_cast<char>(std::count(list.begin(), list.end(), '\n'));
+    files.AddFile(start.arguments.substr(name, at - name), record);
+    return 0;
+  }
+};
+
+}  // namespace test
