@@ -20,12 +20,12 @@ constexpr uint32_t kReasonPlannedApplication = 0x80040000;
 
 uint32_t Act(my::IPower& power, const my::IMessageTexts& texts, PowerOffType type, uint32_t shutdownFlags) {
   switch (type) {
-    case PowerOffType::LOGOFF: return power.ExitWindows(kLogOffForceIfHung, 0);
+    case PowerOffType::LOGOFF: return power.EndSession(kLogOffForceIfHung, 0);
     case PowerOffType::SLEEP: return power.SetSuspendState(false, false, false);
     case PowerOffType::HIBERNATE: return power.SetSuspendState(true, false, false);
     case PowerOffType::POWEROFF:
-      return power.InitiateShutdown(texts.Text(IDS_POWER_OFF_MESSAGE), 0, shutdownFlags | kShutdownPowerOff,
-                                    kReasonPlannedApplication);
+      return power.ShutDown(texts.Text(IDS_POWER_OFF_MESSAGE), 0, shutdownFlags | kShutdownPowerOff,
+                            kReasonPlannedApplication);
   }
   throw my::CException(IDS_INTERNAL_ERROR,
                        {L"Unkonwn PowerOff type: " + std::to_wstring(static_cast<int>(type))});

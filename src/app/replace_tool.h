@@ -3,9 +3,12 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
+#include <optional>
+#include <vector>
 
+#include "document/dst.h"
 #include "document/replace_options.h"
+#include "document/task.h"
 #include "replace/replace_rule.h"
 #include "support/exception.h"
 
@@ -35,13 +38,13 @@ class CReplaceTool {
   // rule to the affected items and redraws the lists.
   void Refresh(CReplaceOptions options);
 
-  const CReplaceOptions& Options() const { return m_rule.Options(); }
+  const CReplaceOptions& Options() const { return m_options; }
   const CReplaceSetting& Setting() const { return m_setting; }  // the recent texts
-  size_t TaskCount() const { return m_taskCount; }              // affected rows
-  size_t DstCount() const { return m_dstCount; }
+  size_t TaskCount() const { return m_tasks.size(); }           // affected rows
+  size_t DstCount() const { return m_dsts.size(); }
 
-  // What is wrong with the expression, its code 0 when nothing is (IDS_REGEX_...).
-  const my::CSimpleErr& Error() const { return m_error; }
+  // What is wrong with the expression (IDS_REGEX_...), empty when nothing is.
+  const std::optional<my::CException>& Error() const { return m_error; }
 
   // Writes the replaced values into the document as one edit, remembers the options and the texts, and
   // closes. Throws the first broken rule of the document (IDS_ID_EMPTY, IDS_ID_BAD_CHARACTER,
@@ -53,15 +56,20 @@ class CReplaceTool {
   void Cancel(CReplaceOptions options);
 
  private:
+  void Attach();
+  void Detach() noexcept;
+  void Close();
+
   CDocument& m_document;
   CReplaceSetting& m_setting;
   IMainWindow& m_window;
   IDialogs& m_dialogs;
   bool m_open = false;
-  CReplaceRule m_rule;  // items point to it while they are affected
-  size_t m_taskCount = 0;
-  size_t m_dstCount = 0;
-  my::CSimpleErr m_error;
+  CReplaceOptions m_options;
+  CReplaceRule m_rule;            // attached items point to it
+  std::vector<CTaskPtr> m_tasks;  // the affected rows
+  std::vector<CDstPtr> m_dsts;
+  std::optional<my::CException> m_error;
 };
 
 }  // namespace qlm

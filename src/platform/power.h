@@ -5,10 +5,6 @@
 #include <memory>
 #include <string>
 
-// The system's headers make macros of these names, which would take the place of the functions below.
-#undef ExitWindows
-#undef InitiateShutdown
-
 namespace my {
 
 // A privilege of the process's token; the token is closed, not the privilege taken back, on destruction.
@@ -26,10 +22,10 @@ class IPower {
   // IDS_PRIVILEGE_NOT_FOUND or IDS_ADJUST_PRIVILEGE_FAILED. One that was not granted is not noticed here.
   virtual std::unique_ptr<IPrivilege> EnablePrivilege(const std::wstring& name) = 0;
 
-  virtual uint32_t ExitWindows(uint32_t flags, uint32_t reason) = 0;
+  virtual uint32_t EndSession(uint32_t flags, uint32_t reason) = 0;
   virtual uint32_t SetSuspendState(bool hibernate, bool force, bool disableWakeEvents) = 0;
-  virtual uint32_t InitiateShutdown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
-                                    uint32_t reason) = 0;
+  virtual uint32_t ShutDown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
+                            uint32_t reason) = 0;
 };
 
 }  // namespace my

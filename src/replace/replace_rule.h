@@ -4,14 +4,16 @@
 #include <optional>
 #include <string>
 
+#include "document/dst.h"
 #include "document/replace_options.h"
+#include "document/task.h"
 #include "support/regex.h"
 
 namespace qlm {
 
-struct CDst;
-struct CTask;
-
+// In a format "$&" stands for the match, "$`" and "$'" for the text before and behind it, "$1" to "$9" and
+// "${n}" for groups, "$+" for the last one and "$$" for a dollar sign. Everything else stands for itself, so
+// that a path can be typed as it is.
 class CReplaceRule {
  public:
   CReplaceRule() = default;
@@ -29,7 +31,13 @@ class CReplaceRule {
  private:
   CReplaceOptions m_options;
   std::optional<my::CRegex> m_regex;
+  std::wstring m_format;  // of the expression, as its library takes it
 };
+
+// A copy of the item with all its columns replaced, which carries no rule; empty when nothing changes. Throws
+// IDS_REGEX_TOO_COMPLEX.
+CTaskPtr Replaced(const CReplaceRule& rule, const CTask& task);
+CDstPtr Replaced(const CReplaceRule& rule, const CDst& dst);
 
 // The value of a column as the lists show it: through the item's rule when it has one. A value that the
 // expression runs away on shows as it is.

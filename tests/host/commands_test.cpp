@@ -203,12 +203,12 @@ TEST_F(Commands, power_off_comes_only_after_a_run_that_was_asked_to_and_ended_we
 TEST_F(Commands, power_off_does_what_the_settings_say_with_exact_flags) {
   StartIn(IDS_STATE_NOT_RUN);
   CUISetting& ui = a.app->Settings().ui;
-  const std::wstring message = L"InitiateShutdown \"コンピューターの電源を切ります\" 0 ";
+  const std::wstring message = L"ShutDown \"コンピューターの電源を切ります\" 0 ";
   const struct {
     PowerOffType type;
     bool hybrid, updates;
     std::wstring call;
-  } kCases[] = {{PowerOffType::LOGOFF, true, true, L"ExitWindows 0x00000010 0x00000000"},
+  } kCases[] = {{PowerOffType::LOGOFF, true, true, L"EndSession 0x00000010 0x00000000"},
                 {PowerOffType::SLEEP, true, true, L"SetSuspendState 0 0 0"},
                 {PowerOffType::HIBERNATE, true, true, L"SetSuspendState 1 0 0"},
                 {PowerOffType::POWEROFF, true, true, message + L"0x00000248 0x80040000"},

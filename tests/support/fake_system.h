@@ -23,17 +23,17 @@ class CFakePower : public my::IPower {
     if (failure) throw *failure;
     return std::make_unique<CPrivilege>(livePrivileges);
   }
-  uint32_t ExitWindows(uint32_t flags, uint32_t reason) override {
-    calls.push_back(L"ExitWindows " + my::HexText(flags) + L" " + my::HexText(reason));
+  uint32_t EndSession(uint32_t flags, uint32_t reason) override {
+    calls.push_back(L"EndSession " + my::HexText(flags) + L" " + my::HexText(reason));
     return exitWindowsCode;
   }
   uint32_t SetSuspendState(bool hibernate, bool force, bool disableWakeEvents) override {
     calls.push_back(L"SetSuspendState" + Bit(hibernate) + Bit(force) + Bit(disableWakeEvents));
     return setSuspendStateCode;
   }
-  uint32_t InitiateShutdown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
+  uint32_t ShutDown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
                             uint32_t reason) override {
-    calls.push_back(L"InitiateShutdown \"" + message + L"\" " + std::to_wstring(graceSeconds) + L" " +
+    calls.push_back(L"ShutDown \"" + message + L"\" " + std::to_wstring(graceSeconds) + L" " +
                     my::HexText(flags) + L" " + my::HexText(reason));
     return initiateShutdownCode;
   }
@@ -43,8 +43,8 @@ class CFakePower : public my::IPower {
   uint32_t setSuspendStateCode = 0;
   uint32_t initiateShutdownCode = 0;
   int livePrivileges = 0;
-  // As in `EnablePrivilege SeShutdownPrivilege`, `ExitWindows 0x00000010 0x00000000`,
-  // `SetSuspendState 1 0 0`, `InitiateShutdown "message" 0 0x00000008 0x80040000`.
+  // As in `EnablePrivilege SeShutdownPrivilege`, `EndSession 0x00000010 0x00000000`,
+  // `SetSuspendState 1 0 0`, `ShutDown "message" 0 0x00000008 0x80040000`.
   std::vector<std::wstring> calls;
 
  private:

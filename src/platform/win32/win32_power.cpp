@@ -50,7 +50,7 @@ std::unique_ptr<IPrivilege> CWin32Power::EnablePrivilege(const std::wstring& nam
   return std::make_unique<CTokenPrivilege>(std::move(token));
 }
 
-uint32_t CWin32Power::ExitWindows(uint32_t flags, uint32_t reason) {
+uint32_t CWin32Power::EndSession(uint32_t flags, uint32_t reason) {
   return ::ExitWindowsEx(flags, reason) ? ERROR_SUCCESS : FailureCode();
 }
 
@@ -58,8 +58,8 @@ uint32_t CWin32Power::SetSuspendState(bool hibernate, bool force, bool disableWa
   return ::SetSuspendState(hibernate, force, disableWakeEvents) ? ERROR_SUCCESS : FailureCode();
 }
 
-uint32_t CWin32Power::InitiateShutdown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
-                                       uint32_t reason) {
+uint32_t CWin32Power::ShutDown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
+                               uint32_t reason) {
   std::wstring text = message;  // the system wants it writable
   return ::InitiateShutdownW(nullptr, text.data(), graceSeconds, flags, reason);
 }

@@ -8,10 +8,10 @@ class CWin32Power : public IPower {
  public:
   std::unique_ptr<IPrivilege> EnablePrivilege(const std::wstring& name) override;
 
-  uint32_t ExitWindows(uint32_t flags, uint32_t reason) override;
+  uint32_t EndSession(uint32_t flags, uint32_t reason) override;
   uint32_t SetSuspendState(bool hibernate, bool force, bool disableWakeEvents) override;
-  uint32_t InitiateShutdown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
-                            uint32_t reason) override;
+  uint32_t ShutDown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
+                    uint32_t reason) override;
 };
 
 }  // namespace my
