@@ -19,8 +19,8 @@ CFailureHandler SetFailureHandler(CFailureHandler handler);
 void ReportFailure(std::exception_ptr failure) noexcept;
 
 // What `handler` answers, or `failed` after its exception was reported.
-template <class Handler>
-LRESULT Guarded(LRESULT failed, Handler&& handler) noexcept {
+template <class Result, class Handler>
+Result Guarded(Result failed, Handler&& handler) noexcept {
   try {
     return std::forward<Handler>(handler)();
   } catch (...) {

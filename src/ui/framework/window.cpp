@@ -91,7 +91,7 @@ LRESULT CALLBACK CWindow::Thunk(HWND hwnd, UINT message, WPARAM wParam, LPARAM l
 
 LRESULT CWindow::Handle(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
   if (message != WM_NCCREATE && message != WM_CREATE)
-    return Guarded(0, [&] { return OnMessage(message, wParam, lParam); });
+    return Guarded(LRESULT{0}, [&] { return OnMessage(message, wParam, lParam); });
   try {
     return OnMessage(message, wParam, lParam);
   } catch (...) {
