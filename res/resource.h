@@ -9,6 +9,26 @@
 #define IDS_USAGE_PAGE_URL           135
 #define IDS_DISPLAY_NAME             136
 
+// --- dialogs and controls; ids of both count apart from those of texts ---
+
+// Controls of the system's dialogs.
+#define IDC_STATIC_TEXT              (-1)
+
+// Task dialog and destination dialog: 200-219, controls 1000-1099.
+
+// Filter check, targets and results: 220-239, controls 1100-1199.
+
+// Password, replace, about and settings: 240-259, controls 1200-1299.
+#define IDD_REPLACE                  146
+#define IDC_PASSWORD_TYPE            316
+#define IDC_PASSWORD                 317
+#define IDC_HIDE_PASSWORD            318
+#define IDC_PASSWORD_DESC            319
+
+// Main window: 260-279, controls 1300-1399.
+
+// --- texts and commands ---
+
 // Commands of the windows.
 #define ID_ADD_FILE                  150
 #define ID_DESIGN                    151
@@ -119,6 +139,16 @@
 #define IDS_WARNING                  493
 #define IDS_DOCUMENT_KIND            494
 #define IDS_PASSWORD_BAD_CHARACTER   496
+
+// Columns and kinds in lists: 500-559.
+
+// Texts of the task dialog and the destination dialog: 560-599.
+
+// Texts of filter check, targets and results: 600-639.
+
+// Texts of password, replace, about and settings: 640-679.
+
+// Texts of the main window: 680-799.
 
 // Command text of the replace tool; the number is also the command's id.
 #define IDS_CMD_REPLACE              57641

@@ -1,0 +1,71 @@
+#include "ui/framework/dpi.h"
+
+namespace my {
+namespace {
+
+// A function of user32 that older systems lack; null there.
+template <class Function>
+Function* UserFunction(const char* name) {
+  return reinterpret_cast<Function*>(
+      reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleW(L"user32.dll"), name)));
+}
+
+UINT ScreenDpi() {
+  return static_cast<UINT>(::GetDeviceCaps(CWindowDc(nullptr).Get(), LOGPIXELSY));
+}
+
+BOOL CALLBACK SendDpi(HWND window, LPARAM dpi) {
+  ::SendMessageW(window, DpiMessage(), static_cast<WPARAM>(dpi), 0);
+  return TRUE;
+}
+
+}  // namespace
+
+UINT WindowDpi(HWND window) {
+  static const auto getDpi = UserFunction<UINT WINAPI(HWND)>("GetDpiForWindow");
+  const UINT dpi = getDpi ? getDpi(window) : 0;
+  return dpi != 0 ? dpi : ScreenDpi();
+}
+
+int SystemMetric(int index, UINT dpi) {
+  static const auto getMetric = UserFunction<int WINAPI(int, UINT)>("GetSystemMetricsForDpi");
+  if (getMetric) return getMetric(index, dpi);
+  return ::MulDiv(::GetSystemMetrics(index), static_cast<int>(dpi), static_cast<int>(ScreenDpi()));
+}
+
+RECT OuterRect(RECT client, DWORD style, DWORD exStyle, UINT dpi) {
+  static const auto adjust =
+      UserFunction<BOOL WINAPI(RECT*, DWORD, BOOL, DWORD, UINT)>("AdjustWindowRectExForDpi");
+  if (!adjust || !adjust(&client, style, FALSE, exStyle, dpi))
+    ::AdjustWindowRectEx(&client, style, FALSE, exStyle);
+  return client;
+}
+
+LOGFONTW MessageLogFont(UINT dpi) {
+  static const auto getForDpi =
+      UserFunction<BOOL WINAPI(UINT, UINT, void*, UINT, UINT)>("SystemParametersInfoForDpi");
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof metrics;
+  if (getForDpi && getForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, dpi))
+    return metrics.lfMessageFont;
+  ::SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+  LOGFONTW& font = metrics.lfMessageFont;
+  font.lfHeight = ::MulDiv(font.lfHeight, static_cast<int>(dpi), static_cast<int>(ScreenDpi()));
+  return font;
+}
+
+CFont MessageFont(UINT dpi) {
+  const LOGFONTW font = MessageLogFont(dpi);
+  return CFont(::CreateFontIndirectW(&font));
+}
+
+UINT DpiMessage() {
+  static const UINT message = ::RegisterWindowMessageW(L"Quillmoor.Dpi");
+  return message;
+}
+
+void BroadcastDpi(HWND parent, UINT dpi) {
+  ::EnumChildWindows(parent, SendDpi, static_cast<LPARAM>(dpi));
+}
+
+}  // namespace my

@@ -1,0 +1,28 @@
+// Where a window stood, kept from one start of the program to the next.
+#pragma once
+
+#include <windows.h>
+
+#include <vector>
+
+#include "settings/settings.h"
+
+namespace my {
+
+// The work areas of all screens, in pixels of the whole desktop.
+std::vector<qlm::CRect> WorkAreas();
+
+qlm::CRect FromRect(const RECT& rect);
+qlm::CRect WindowBounds(HWND window);
+
+// The bounds of the restored window, also of a maximized or minimized one.
+qlm::CDlgSetting ReadPlacement(HWND window);
+
+// Moves the window to `bounds`, pulled back onto a screen; does not show it.
+void PlaceWindow(HWND window, const qlm::CRect& bounds);
+
+// Where a window of this size goes by default: centred on its owner, or without one that can be seen on
+// the screen that it stands on.
+qlm::CRect DefaultBounds(HWND window, SIZE size);
+
+}  // namespace my
