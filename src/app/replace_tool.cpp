@@ -122,7 +122,7 @@ void CReplaceTool::Refresh(CReplaceOptions options) {
 void CReplaceTool::Commit(CReplaceOptions options) {
   Refresh(std::move(options));
   if (m_error) throw my::CException(*m_error);
-  Detach();  // the document's rules compare items, and an item with a rule equals none without
+  Detach();  // the document's rules compare items, and none with a rule equals one without
   const auto tasks = MakeExchange(m_rule, m_tasks);
   const auto dsts = MakeExchange(m_rule, m_dsts);
   CContent result;

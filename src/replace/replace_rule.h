@@ -11,9 +11,9 @@
 
 namespace qlm {
 
-// In a format "$&" stands for the match, "$`" and "$'" for the text before and behind it, "$1" to "$9" and
-// "${n}" for groups, "$+" for the last one and "$$" for a dollar sign. Everything else stands for itself, so
-// that a path can be typed as it is.
+// In a format "$&" stands for the match, "$`" for the text before it (from the match before on), "$'" for the
+// text behind it, "$1" to "$9" and "${n}" for groups, "$+" for the last one and "$$" for a dollar sign.
+// Everything else stands for itself, so that a path can be typed as it is.
 class CReplaceRule {
  public:
   CReplaceRule() = default;
@@ -39,8 +39,8 @@ class CReplaceRule {
 CTaskPtr Replaced(const CReplaceRule& rule, const CTask& task);
 CDstPtr Replaced(const CReplaceRule& rule, const CDst& dst);
 
-// The value of a column as the lists show it: through the item's rule when it has one. A value that the
-// expression runs away on shows as it is.
+// The value of one of the item's columns as the lists show it: through the item's rule when it has one. A
+// value that the expression runs away on shows as it is.
 std::wstring ShownValue(const CTask& task, ReplaceCol column);
 std::wstring ShownValue(const CDst& dst, ReplaceCol column);
 

@@ -4,10 +4,9 @@
 
 #include <boost/smart_ptr/make_shared.hpp>
 
-#include "app/windows.h"
 #include "document/document.h"
 #include "resource.h"
-#include "settings/settings.h"
+#include "support/fake_windows.h"
 #include "support/thrown.h"
 
 namespace {
@@ -17,41 +16,8 @@ using test::ThrownId;
 
 constexpr ReplaceCol kEverything = 31;
 
-struct CList : IListState {
-  std::optional<size_t> FocusedRow() const override { return 1; }
-  std::vector<size_t> SelectedRows() const override { return {0, 2}; }
-  void Focus() override {}
-};
-
-struct CWindows : IMainWindow, IDialogs {
-  IListState& TaskList() override { return list; }
-  IListState& DstList() override { return list; }
-  void RedrawLists() override {}
-  void ApplySettings(const CSettings&) override {}
-  void StoreSettings(CSettings&) override {}
-  void UpdateTitle() override {}
-  void PostClose() override {}
-  void StartTimer(uint32_t) override {}
-  void StopTimer() override {}
-  void ClearResults() override {}
-  void ShowResults(size_t, const CResults&) override {}
-  void ShowRunStatus() override {}
-  void ShowRunState() override {}
-  std::optional<std::wstring> AskOpenPath(const CFileQuestion&) override { return {}; }
-  std::optional<std::wstring> AskSavePath(const CFileQuestion&) override { return {}; }
-  bool AskPassword(CPasswordEntry&) override { return false; }
-  void ShowSettings(bool) override {}
-  void OpenReplace(CReplaceTool&) override { ++opened; }
-  void FocusReplace() override { ++focused; }
-  void CancelReplace() override {}
-
-  CList list;
-  int opened = 0;
-  int focused = 0;
-};
-
 CReplaceOptions Options(std::wstring src, std::wstring dst, bool regex = false) {
-  return {ReplaceRow::ALL, kEverything, std::move(src), std::move(dst), regex, true};
+  return {{}, kEverything, std::move(src), std::move(dst), regex, true};
 }
 
 struct CReplaceTest : testing::Test {
@@ -60,38 +26,35 @@ struct CReplaceTest : testing::Test {
     for (const wchar_t* folder : {L"D:\\one", L"D:\\two", L"D:\\three"}) {
       content.dsts.Insert(-1, boost::make_shared<CDst>(CDst{folder, DstType::ZIP, L"<ID>.zip"}));
     }
-    for (const wchar_t* id : {L"a", L"b", L"xyz"}) {
-      content.tasks.Insert(-1, boost::make_shared<CTask>(CTask{
-                                   id, std::wstring(L"C:\\") + id, L"", {content.dsts[1], content.dsts[0]}}));
+    const std::wstring path = L"C:\\" + std::wstring(60, L'a') + L"!";
+    for (const wchar_t* id : {L"ab", L"ba", L"xyz"}) {
+      content.tasks.Insert(
+          -1, boost::make_shared<CTask>(CTask{id, path, L"", {content.dsts[1], content.dsts[0]}}));
     }
     document.Reset(std::move(content), L"");
     document.AddListener([this](DocChangeEventFlags flags) { told = flags; });
+    before = State();
     tool.Show();
   }
 
   // Every value of the document and every rule in it.
   std::wstring State() const {
     std::wstring state;
-    for (const auto& task : document.Tasks()) {
-      state += task->id + L"," + task->path + L"," + task->filterPath + (task->replaceRule ? L"*" : L"");
-      for (const auto& dst : task->dsts) state += L" " + dst->folder + L"," + dst->pattern;
-      state += L"\n";
-    }
-    for (const auto& dst : document.Dsts()) {
-      state += dst->folder + L"," + dst->pattern + (dst->replaceRule ? L"*\n" : L"\n");
-    }
+    const auto add = [&state](const auto& a, const auto& b, bool rule) {
+      state += a + L"," + b + (rule ? L"*\n" : L"\n");
+    };
+    for (const auto& task : document.Tasks()) add(task->id, task->path, task->replaceRule);
+    for (const auto& dst : document.Dsts()) add(dst->folder, dst->pattern, dst->replaceRule);
     return state;
-  }
-
-  uint32_t CommitThrows(CReplaceOptions options) {
-    return ThrownId([&] { tool.Commit(std::move(options)); });
   }
 
   CDocument document;
   CReplaceSetting setting;
-  CWindows windows;
-  CReplaceTool tool{document, setting, windows, windows};
+  test::CFakeWindow window;
+  test::CFakeDialogs dialogs;
+  CReplaceTool tool{document, setting, window, dialogs};
   DocChangeEventFlags told{};
+  std::wstring before;
 };
 
 TEST(ReplaceRule, value_after_replacement) {
@@ -102,14 +65,10 @@ TEST(ReplaceRule, value_after_replacement) {
   const CCase cases[] = {
       {L"ab", L"x", L"ababab", L"xxx", false},
       {L"ab", L"x", L"aabAB", L"axAB", false},
-      {L"aa", L"a", L"aaaaa", L"aaa", false},
-      {L".", L"$&\\", L"a.b", L"a$&\\b", false},
-      {L"", L"x", L"ab", L"ab", false},
       {L"(\\d+)", L"[$1]", L"v12_3", L"v[12]_[3]", true},
       {L"(b)(c)", L"<$&|$`|$'|$2${1}|$+|$3>", L"abcd", L"a<bc|a|d|cb|c|>d", true},
       {L"(b)", L"$12$$1$x${y}$MATCH$", L"abc", L"ab2$1$x${y}$MATCH$c", true},
       {L"^.*$", L"C:\\new\\temp\\Users\\1\\x41\\", L"D:\\", L"C:\\new\\temp\\Users\\1\\x41\\", true},
-      {L"\\\\t", L"\\$&", L"C:\\tmp", L"C:\\\\tmp", true},
   };
   for (const CCase& c : cases) {
     const CReplaceRule rule(
@@ -121,11 +80,9 @@ TEST(ReplaceRule, value_after_replacement) {
 
 TEST_F(CReplaceTest, preview_shows_affected_rows_only_and_cancel_leaves_no_trace) {
   tool.Show();
-  EXPECT_EQ(windows.opened, 1);
-  EXPECT_EQ(windows.focused, 1);
-  tool.Cancel(tool.Options());
-  const std::wstring before = State();
-  tool.Show();
+  EXPECT_EQ(dialogs.replaceFocuses, 1);
+  window.tasks.selected = window.dsts.selected = {0, 2};
+  window.tasks.focused = window.dsts.focused = 1;
   for (const ReplaceRow row : {ReplaceRow::ALL, ReplaceRow::SELECTED, ReplaceRow::FOCUSED}) {
     CReplaceOptions options = Options(L":", L";");
     options.row = row;
@@ -148,36 +105,67 @@ TEST_F(CReplaceTest, preview_shows_affected_rows_only_and_cancel_leaves_no_trace
   EXPECT_EQ(setting.srcs.Items().size() + setting.dsts.Items().size(), 2u);
 }
 
-TEST_F(CReplaceTest, commit_is_one_step_whatever_preview_says) {
-  tool.Cancel(tool.Options());
-  const std::wstring before = State();
-  tool.Show();
-  CReplaceOptions options = Options(L"D:\\", L"");
-  options.preview = false;
-  tool.Commit(options);
+TEST_F(CReplaceTest, commit_is_one_step_that_leaves_no_rule_behind) {
+  tool.Commit(Options(L"D:\\", L""));
   EXPECT_EQ(document.Dsts()[0]->folder, L"one");
   for (const auto& task : document.Tasks()) {
     EXPECT_EQ(task->dsts, (CTaskDsts{document.Dsts()[1], document.Dsts()[0]})) << "the very objects";
   }
   EXPECT_EQ(told, DocChangeEventFlags::CHNAGE_DSTS);
   EXPECT_EQ(setting.srcs.Items().front(), L"D:\\");
-  EXPECT_FALSE(tool.IsOpen());
+  EXPECT_EQ(State().find(L'*'), std::wstring::npos);
   document.Undo();
-  EXPECT_EQ(State(), before) << "and no rule is left in the step";
-  EXPECT_FALSE(document.CanUndo());
+  EXPECT_EQ(State(), before);
+  EXPECT_FALSE(tool.IsOpen() || document.CanUndo());
 
   tool.Show();
   tool.Commit(Options(L"a", L"a"));
   EXPECT_FALSE(tool.IsOpen() || document.IsModified());
 }
 
-TEST_F(CReplaceTest, ids_may_be_exchanged) {
-  // With no conditionals in formats, "a" and "b" change places by way of the text behind them.
-  CReplaceOptions options = Options(L"^(?:a|b)$", L"b", true);
-  options.col = kReplaceTaskId;
-  EXPECT_EQ(CommitThrows(options), IDS_ID_DUPLICATE);
+TEST_F(CReplaceTest, ids_may_be_exchanged_unseen_beside_a_task_broken_before) {
+  tool.Cancel(tool.Options());
+  document.Edit({}, [](CContent& content) {
+    content.tasks.Insert(-1, boost::make_shared<CTask>(CTask{L"no path", L"", L"", {}}));
+    return true;
+  });
+  tool.Show();
+  CReplaceOptions options = Options(L"^(.)(.)$", L"$2$1", true);
+  options.preview = false;
+  tool.Commit(options);
+  EXPECT_EQ(document.Tasks()[0]->id + document.Tasks()[1]->id, L"baab");
+  EXPECT_EQ(told, DocChangeEventFlags::CHNAGE_TASKS);
 }
 
-TEST_F(CReplaceTest, broken_rule_changes_nothing) {}
+TEST_F(CReplaceTest, failed_commit_changes_nothing_and_leaves_the_tool_open) {
+  struct CCase {
+    const wchar_t *src, *dst;
+    ReplaceCol col;
+    uint32_t id;
+    bool regex = true;
+  };
+  const CCase cases[] = {
+      {L"^..$", L"n", kReplaceTaskId, IDS_ID_DUPLICATE},
+      {L"^ba$", L"", kReplaceTaskId, IDS_ID_EMPTY},
+      {L"y", L"?", kEverything, IDS_ID_BAD_CHARACTER, false},
+      {L"^.*$", L"", kEverything, IDS_PATH_EMPTY},
+      {L"<ID>.zip", L"", kReplaceDstPattern, IDS_PATTERN_EMPTY, false},
+      {L"two", L"one", kReplaceDstFolder, IDS_DST_DUPLICATE, false},
+      {L"(", L"x", kEverything, IDS_REGEX_ERROR},
+      {L"", L"x", kEverything, IDS_REGEX_EMPTY},
+      {L"(a+)+$", L"x", kEverything, IDS_REGEX_TOO_COMPLEX},
+  };
+  for (const CCase& c : cases) {
+    const CReplaceOptions options{ReplaceRow::ALL, c.col, c.src, c.dst, c.regex, true};
+    tool.Refresh(options);
+    const std::wstring preview = State();
+    EXPECT_EQ(preview == before, tool.Error().has_value());
+    EXPECT_EQ(ThrownId([&] { tool.Commit(options); }), c.id) << c.src;
+    EXPECT_EQ(State(), preview) << c.src;
+    EXPECT_TRUE(tool.IsOpen() && !document.CanUndo());
+  }
+  tool.Cancel(tool.Options());
+  EXPECT_EQ(State(), before);
+}
 
 }  // namespace
