@@ -56,6 +56,14 @@ bool CApplication::IsEnabled(uint32_t id) {
   }
 }
 
+void CApplication::ShowFailure(const std::exception_ptr& failure) const {
+  try {
+    std::rethrow_exception(failure);
+  } catch (...) {
+    ShowCurrentFailure(m_context);
+  }
+}
+
 bool CApplication::OnClose() {
   if (m_replace.IsOpen()) {
     m_context.dialogs.CancelReplace();

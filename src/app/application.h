@@ -2,6 +2,7 @@
 // them when a window is told something. GUI thread only.
 #pragma once
 
+#include <exception>
 #include <string>
 
 #include "app/command.h"
@@ -37,6 +38,9 @@ class CApplication : private IRunObserver {
 
   // Whether the command could run now.
   bool IsEnabled(uint32_t id);
+
+  // Shows what was thrown outside of the commands.
+  void ShowFailure(const std::exception_ptr& failure) const;
 
   void OnTimer() { m_run.Tick(); }
 

@@ -8,10 +8,8 @@
 #include "support/strings.h"
 
 namespace qlm {
-namespace {
 
-// Shows the exception that is being handled and answers it as one that may be thrown on.
-my::CCtrlException ShowCurrent(CAppContext& context) {
+my::CCtrlException ShowCurrentFailure(const CAppContext& context) {
   try {
     throw;
   } catch (const CListException& failure) {
@@ -32,13 +30,11 @@ my::CCtrlException ShowCurrent(CAppContext& context) {
   }
 }
 
-}  // namespace
-
 void RunCommand(CAppContext& context, CCommand& command, bool run, bool rethrow) {
   try {
     command.Execute(run);
   } catch (...) {
-    const my::CCtrlException shown = ShowCurrent(context);
+    const my::CCtrlException shown = ShowCurrentFailure(context);
     if (rethrow) throw shown;
   }
 }

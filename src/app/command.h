@@ -74,6 +74,10 @@ class CListException : public my::CCtrlException {
 // error is thrown.
 void RunCommand(CAppContext& context, CCommand& command, bool run, bool rethrow);
 
+// Shows the exception that is being handled, and answers it as one that may be thrown on. To be called from a
+// catch block.
+my::CCtrlException ShowCurrentFailure(const CAppContext& context);
+
 // Refusals that several commands share.
 void RefuseDuringRun(const CAppContext& context);      // throws IDS_REFUSED_DURING_RUN
 void RefuseDuringReplace(const CAppContext& context);  // throws IDS_REFUSED_DURING_REPLACE

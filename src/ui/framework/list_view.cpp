@@ -1,0 +1,347 @@
+#include "ui/framework/list_view.h"
+
+#include <commctrl.h>
+#include <windowsx.h>
+
+#include <utility>
+
+#include "support/exception.h"
+#include "ui/framework/check_images.h"
+#include "ui/framework/dpi.h"
+#include "ui/framework/failures.h"
+
+namespace my {
+namespace {
+
+constexpr DWORD kStyle = LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS;
+constexpr DWORD kExtendedStyle = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
+
+int Format(ListAlign align) {
+  switch (align) {
+    case ListAlign::Right: return LVCFMT_RIGHT;
+    case ListAlign::Centre: return LVCFMT_CENTER;
+    case ListAlign::Left: break;
+  }
+  return LVCFMT_LEFT;
+}
+
+// Sets a flag as long as it lives.
+class CFlag {
+ public:
+  explicit CFlag(bool& flag) : m_flag(flag), m_before(std::exchange(flag, true)) {}
+  CFlag(const CFlag&) = delete;
+  CFlag& operator=(const CFlag&) = delete;
+  ~CFlag() { m_flag = m_before; }
+
+ private:
+  bool& m_flag;
+  bool m_before;
+};
+
+}  // namespace
+
+CListView::CListView(const IListModel& model) : m_model(model) {}
+
+CListView::~CListView() {
+  const HWND list = m_list;
+  if (!list) return;
+  Detach();
+  if (m_owned) ::DestroyWindow(list);
+}
+
+void CListView::Create(HWND parent, int id, Boxes boxes, DWORD style) {
+  const HWND list =
+      ::CreateWindowExW(0, WC_LISTVIEWW, L"", kStyle | style, 0, 0, 0, 0, parent,
+                        reinterpret_cast<HMENU>(INT_PTR{id}), ::GetModuleHandleW(nullptr), nullptr);
+  if (!list) throw CException(CSystemError::FromWin32(::GetLastError()));
+  m_owned = true;
+  Attach(list, boxes);
+}
+
+void CListView::Attach(HWND list, Boxes boxes) {
+  m_list = list;
+  m_parent = ::GetParent(list);
+  m_boxes = boxes == Boxes::Yes;
+  m_dpi = WindowDpi(list);
+  const auto id = reinterpret_cast<UINT_PTR>(this);
+  ::SetWindowSubclass(m_list, ListThunk, id, id);
+  ::SetWindowSubclass(m_parent, ParentThunk, id, id);
+  ListView_SetExtendedListViewStyle(list, kExtendedStyle);
+  if (m_boxes) ListView_SetCallbackMask(list, LVIS_STATEIMAGEMASK);
+  UseImages();
+  AddColumns();
+  Refresh();
+}
+
+void CListView::Detach() {
+  const auto id = reinterpret_cast<UINT_PTR>(this);
+  m_drag.Cancel();
+  ::RemoveWindowSubclass(m_parent, ParentThunk, id);
+  ::RemoveWindowSubclass(m_list, ListThunk, id);
+  // The control would destroy the images, which are ours.
+  ListView_SetImageList(m_list, nullptr, LVSIL_STATE);
+  m_list = nullptr;
+}
+
+void CListView::AddColumns() {
+  for (size_t i = 0; i < m_model.ColumnCount(); ++i) {
+    CListColumn source = m_model.Column(i);
+    LVCOLUMNW column{};
+    column.mask = LVCF_FMT | LVCF_TEXT | LVCF_WIDTH;
+    column.fmt = Format(source.align);
+    column.cx = Scale(source.width, m_dpi);
+    column.pszText = source.title.data();
+    ListView_InsertColumn(m_list, static_cast<int>(i), &column);
+  }
+}
+
+void CListView::UseImages() {
+  if (!m_boxes) return;
+  CImageList images = CheckImages(m_dpi);
+  ListView_SetImageList(m_list, images.Get(), LVSIL_STATE);
+  m_images = std::move(images);
+}
+
+void CListView::ChangeDpi(UINT dpi) {
+  if (dpi == m_dpi) return;
+  const qlm::CColumnWidthes widths = Widths();
+  m_dpi = dpi;
+  UseImages();
+  SetWidths(widths);
+}
+
+void CListView::Refresh() {
+  const CFlag quiet(m_quiet);
+  const auto count = static_cast<int>(m_model.RowCount());
+  if (ListView_GetItemCount(m_list) != count) ListView_SetItemCountEx(m_list, count, LVSICF_NOSCROLL);
+  ::InvalidateRect(m_list, nullptr, FALSE);
+}
+
+std::vector<size_t> CListView::Selection() const {
+  std::vector<size_t> rows;
+  for (int row = ListView_GetNextItem(m_list, -1, LVNI_SELECTED); row >= 0;
+       row = ListView_GetNextItem(m_list, row, LVNI_SELECTED))
+    rows.push_back(static_cast<size_t>(row));
+  return rows;
+}
+
+void CListView::Select(const std::vector<size_t>& rows) {
+  const CFlag quiet(m_quiet);
+  ListView_SetItemState(m_list, -1, 0, LVIS_SELECTED);
+  for (const size_t row : rows)
+    ListView_SetItemState(m_list, static_cast<int>(row), LVIS_SELECTED, LVIS_SELECTED);
+}
+
+std::optional<size_t> CListView::Focused() const {
+  const int row = ListView_GetNextItem(m_list, -1, LVNI_FOCUSED);
+  if (row < 0) return {};
+  return static_cast<size_t>(row);
+}
+
+void CListView::SetFocused(size_t row) {
+  const CFlag quiet(m_quiet);
+  ListView_SetItemState(m_list, static_cast<int>(row), LVIS_FOCUSED, LVIS_FOCUSED);
+  // A range selected with the shift key starts here, too.
+  ListView_SetSelectionMark(m_list, static_cast<int>(row));
+}
+
+void CListView::EnsureVisible(size_t row) {
+  ListView_EnsureVisible(m_list, static_cast<int>(row), FALSE);
+}
+
+void CListView::SetWidths(const qlm::CColumnWidthes& widths) {
+  for (size_t i = 0; i < m_model.ColumnCount(); ++i) {
+    const bool given = i < widths.size() && widths[i] >= 0;
+    const int width = given ? widths[i] : m_model.Column(i).width;
+    ListView_SetColumnWidth(m_list, static_cast<int>(i), Scale(width, m_dpi));
+  }
+}
+
+qlm::CColumnWidthes CListView::Widths() const {
+  qlm::CColumnWidthes widths;
+  for (size_t i = 0; i < m_model.ColumnCount(); ++i)
+    widths.push_back(Unscale(ListView_GetColumnWidth(m_list, static_cast<int>(i)), m_dpi));
+  return widths;
+}
+
+std::optional<LRESULT> CListView::OnMessage(UINT, WPARAM, LPARAM) {
+  return {};
+}
+
+LRESULT CListView::OnCustomDraw(NMLVCUSTOMDRAW& draw) {
+  switch (draw.nmcd.dwDrawStage) {
+    case CDDS_PREPAINT: return CDRF_NOTIFYITEMDRAW | CDRF_NOTIFYPOSTPAINT;
+    case CDDS_POSTPAINT: m_drag.DrawMark(draw.nmcd.hdc, m_dpi); return CDRF_DODEFAULT;
+    case CDDS_ITEMPREPAINT: break;
+    default: return CDRF_DODEFAULT;
+  }
+  const size_t row = draw.nmcd.dwItemSpec;
+  if (row >= m_model.RowCount()) return CDRF_DODEFAULT;
+  const CListLook look = m_model.Look(row);
+  if (look.grey)
+    draw.clrText = ::GetSysColor(COLOR_GRAYTEXT);
+  else if (look.color)
+    draw.clrText = RGB(look.color->red, look.color->green, look.color->blue);
+  return CDRF_DODEFAULT;
+}
+
+LRESULT CALLBACK CListView::ListThunk(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                      DWORD_PTR reference) noexcept {
+  auto* view = reinterpret_cast<CListView*>(reference);
+  const auto result =
+      Guarded(std::optional<LRESULT>{}, [&] { return view->HandleMessage(message, wParam, lParam); });
+  return result ? *result : ::DefSubclassProc(hwnd, message, wParam, lParam);
+}
+
+LRESULT CALLBACK CListView::ParentThunk(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                        DWORD_PTR reference) noexcept {
+  auto* view = reinterpret_cast<CListView*>(reference);
+  const auto handle = [&]() -> std::optional<LRESULT> {
+    if (message != WM_NOTIFY) return {};
+    auto& header = *reinterpret_cast<NMHDR*>(lParam);
+    if (header.hwndFrom != view->m_list) return {};
+    return view->HandleNotify(header);
+  };
+  const auto result = Guarded(std::optional<LRESULT>{}, handle);
+  return result ? *result : ::DefSubclassProc(hwnd, message, wParam, lParam);
+}
+
+std::optional<LRESULT> CListView::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (auto result = OnMessage(message, wParam, lParam)) return result;
+  if (message == DpiMessage()) {
+    ChangeDpi(static_cast<UINT>(wParam));
+    return 0;
+  }
+  switch (message) {
+    case WM_DESTROY: Detach(); return {};
+    case WM_KEYDOWN: return HandleKey(static_cast<UINT>(wParam)) ? std::optional<LRESULT>(0) : std::nullopt;
+    case WM_CHAR:
+      // Keys that were handled as such would else be looked for.
+      if ((wParam == L' ' && m_boxes) || wParam == L'\r') return 0;
+      return {};
+    case WM_GETDLGCODE:
+      if (m_events.activate && wParam == VK_RETURN)
+        return ::DefSubclassProc(m_list, message, wParam, lParam) | DLGC_WANTMESSAGE;
+      return {};
+    case WM_CONTEXTMENU:
+      if (reinterpret_cast<HWND>(wParam) == m_list) HandleContextMenu(lParam);
+      return 0;
+    default: return m_drag.Active() ? HandleDrag(message, wParam) : std::nullopt;
+  }
+}
+
+std::optional<LRESULT> CListView::HandleDrag(UINT message, WPARAM wParam) {
+  switch (message) {
+    case WM_MOUSEMOVE: m_drag.Move(); return 0;
+    case WM_TIMER:
+      if (wParam != CListDrag::kTimer) return {};
+      m_drag.Scroll();
+      return 0;
+    case WM_CAPTURECHANGED: m_drag.Cancel(); return {};
+    case WM_LBUTTONUP:
+      if (const auto before = m_drag.Drop(); before && m_events.drop) m_events.drop(*before);
+      return 0;
+    default: return {};
+  }
+}
+
+bool CListView::HandleKey(UINT key) {
+  if (m_drag.Active()) {
+    if (key == VK_ESCAPE) m_drag.Cancel();
+    return true;
+  }
+  if (m_events.key && m_events.key(key)) return true;
+  const std::function<void(size_t)>* handler = nullptr;
+  if (key == VK_RETURN) handler = &m_events.activate;
+  if (key == VK_SPACE && m_boxes) handler = &m_events.check;
+  const auto row = Focused();
+  if (!handler || !*handler || !row) return false;
+  (*handler)(*row);
+  return true;
+}
+
+void CListView::HandleContextMenu(LPARAM position) const {
+  if (!m_events.contextMenu) return;
+  POINT point{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
+  if (position == -1) {
+    // By the keyboard: at the focused row, where it can be seen.
+    RECT row{};
+    const auto focused = Focused();
+    if (focused) {
+      ListView_EnsureVisible(m_list, static_cast<int>(*focused), FALSE);
+      ListView_GetItemRect(m_list, static_cast<int>(*focused), &row, LVIR_LABEL);
+    }
+    point = {row.left, row.bottom};
+    ::ClientToScreen(m_list, &point);
+  }
+  m_events.contextMenu(point);
+}
+
+std::optional<LRESULT> CListView::HandleNotify(NMHDR& header) {
+  switch (header.code) {
+    case LVN_GETDISPINFOW: Display(reinterpret_cast<NMLVDISPINFOW&>(header).item); return 0;
+    case LVN_ODFINDITEMW: return Find(reinterpret_cast<const NMLVFINDITEMW&>(header));
+    case NM_CUSTOMDRAW: return OnCustomDraw(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
+    case NM_CLICK: HandleClick(reinterpret_cast<const NMITEMACTIVATE&>(header), false); return 0;
+    case NM_DBLCLK: HandleClick(reinterpret_cast<const NMITEMACTIVATE&>(header), true); return 0;
+    case LVN_BEGINDRAG: HandleBeginDrag(); return 0;
+    case LVN_ITEMCHANGED: {
+      const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
+      if ((change.uChanged & LVIF_STATE) != 0) HandleSelection(change.uOldState, change.uNewState);
+      return 0;
+    }
+    case LVN_ODSTATECHANGED: {
+      const auto& change = reinterpret_cast<const NMLVODSTATECHANGE&>(header);
+      HandleSelection(change.uOldState, change.uNewState);
+      return 0;
+    }
+    default: return {};
+  }
+}
+
+void CListView::Display(LVITEMW& item) const {
+  const auto row = static_cast<size_t>(item.iItem);
+  // The control may still draw rows that the model has lost since the last refresh.
+  const bool exists = row < m_model.RowCount();
+  if ((item.mask & LVIF_TEXT) != 0 && item.cchTextMax > 0) {
+    const std::wstring text = exists ? m_model.Text(row, static_cast<size_t>(item.iSubItem)) : L"";
+    ::lstrcpynW(item.pszText, text.c_str(), item.cchTextMax);
+  }
+  if ((item.mask & LVIF_STATE) != 0 && m_boxes) {
+    const UINT image = exists ? CheckImageIndex(m_model.Check(row)) : 0;
+    item.stateMask |= LVIS_STATEIMAGEMASK;
+    item.state = (item.state & ~UINT{LVIS_STATEIMAGEMASK}) | INDEXTOSTATEIMAGEMASK(image);
+  }
+}
+
+LRESULT CListView::Find(const NMLVFINDITEMW& find) const {
+  constexpr LRESULT kNotFound = -1;
+  if ((find.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || !find.lvfi.psz) return kNotFound;
+  const auto start = static_cast<size_t>(find.iStart < 0 ? 0 : find.iStart);
+  const auto row = FindRow(m_model, find.lvfi.psz, start);
+  return row ? static_cast<LRESULT>(*row) : kNotFound;
+}
+
+void CListView::HandleClick(const NMITEMACTIVATE& click, bool twice) {
+  LVHITTESTINFO hit{};
+  hit.pt = click.ptAction;
+  const int row = ListView_SubItemHitTest(m_list, &hit);
+  if (row < 0) return;
+  // Two quick clicks on a box are two clicks.
+  const bool onBox = m_boxes && (hit.flags & LVHT_ONITEM) == LVHT_ONITEMSTATEICON;
+  if (onBox && m_events.check)
+    m_events.check(static_cast<size_t>(row));
+  else if (!onBox && twice && m_events.activate)
+    m_events.activate(static_cast<size_t>(row));
+}
+
+void CListView::HandleSelection(UINT oldState, UINT newState) {
+  const bool changed = ((oldState ^ newState) & LVIS_SELECTED) != 0;
+  if (changed && !m_quiet && m_events.selectionChanged) m_events.selectionChanged();
+}
+
+void CListView::HandleBeginDrag() {
+  if (m_events.canDrag && m_events.canDrag()) m_drag.Begin(m_list);
+}
+
+}  // namespace my

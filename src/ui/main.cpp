@@ -1,0 +1,35 @@
+// Quillmoor.exe: the desktop program.
+#include <windows.h>
+
+#include <commctrl.h>
+#include <ole2.h>
+
+#include "ui/program.h"
+
+namespace {
+
+// OLE, which brings COM with it, on the calling thread for as long as the object lives.
+class COle {
+ public:
+  COle() : m_result(::OleInitialize(nullptr)) {}
+  COle(const COle&) = delete;
+  COle& operator=(const COle&) = delete;
+  ~COle() {
+    if (SUCCEEDED(m_result)) ::OleUninitialize();
+  }
+
+ private:
+  HRESULT m_result;
+};
+
+}  // namespace
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int showCommand) {
+  const COle ole;
+  ::DefWindowProcW(nullptr, 0, 0, 0);  // has the window library loaded before the first window
+  const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_BAR_CLASSES | ICC_LISTVIEW_CLASSES |
+                                                           ICC_STANDARD_CLASSES | ICC_LINK_CLASS |
+                                                           ICC_TAB_CLASSES};
+  ::InitCommonControlsEx(&controls);
+  return qlm::RunProgram(::GetCommandLineW(), showCommand);
+}

@@ -1,0 +1,63 @@
+#include "ui/program.h"
+
+#include <windows.h>
+
+#include "app/application.h"
+#include "platform/win32/msxml_dom.h"
+#include "platform/win32/win32_ansi_codec.h"
+#include "platform/win32/win32_clock.h"
+#include "platform/win32/win32_file_system.h"
+#include "platform/win32/win32_hash.h"
+#include "platform/win32/win32_known_folders.h"
+#include "platform/win32/win32_message_texts.h"
+#include "platform/win32/win32_power.h"
+#include "platform/win32/win32_process.h"
+#include "platform/win32/win32_shell.h"
+#include "platform/win32/win32_threads.h"
+#include "ui/framework/failures.h"
+#include "ui/framework/gdiplus.h"
+#include "ui/framework/message_box.h"
+#include "ui/framework/message_loop.h"
+#include "ui/main_frame.h"
+
+namespace qlm {
+namespace {
+
+// What the commands know of Windows.
+struct CWin32Ports {
+  my::CMsxmlDom dom;
+  my::CWin32FileSystem files;
+  my::CWin32Clock clock;
+  my::CWin32AnsiCodec ansi;
+  my::CWin32MessageTexts texts;
+  my::CWin32Process process;
+  my::CWin32Threads threads;
+  my::CWin32KnownFolders folders;
+  my::CWin32Power power;
+  my::CWin32Hash hash;
+  my::CWin32Shell shell;
+
+  CAppPorts Ports() {
+    return {{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell};
+  }
+};
+
+}  // namespace
+
+int RunProgram(const std::wstring& commandLine, int showCommand) {
+  my::CAutoMessageLoop loop;
+  const my::CGdiplus gdiplus;
+  CWin32Ports ports;
+  my::CMessageBox box;
+  CMainFrame frame(loop, showCommand);
+  CApplication application(ports.Ports(), box, frame, frame.Dialogs(), commandLine);
+  // What fails in a window procedure is shown like the failure of a command.
+  const my::CFailureHandler before =
+      my::SetFailureHandler([&](std::exception_ptr failure) { application.ShowFailure(failure); });
+  if (frame.Create(application)) box.SetOwner(frame.Hwnd());
+  const int exitCode = frame.Hwnd() ? loop.Run() : 0;
+  my::SetFailureHandler(before);
+  return exitCode;
+}
+
+}  // namespace qlm
