@@ -138,9 +138,37 @@
 #define IDS_COUNTS                   492
 #define IDS_WARNING                  493
 #define IDS_DOCUMENT_KIND            494
+#define IDS_TOO_MANY_DSTS            495
 #define IDS_PASSWORD_BAD_CHARACTER   496
 
 // Columns and kinds in lists: 500-559.
+#define IDS_COL_TASK_ID              500
+#define IDS_COL_TASK_PATH            501
+#define IDS_COL_TASK_FILTER          502
+#define IDS_COL_TASK_DSTS            503
+#define IDS_COL_TASK_STATE           504
+#define IDS_COL_DST_NUMBER           505
+#define IDS_COL_DST_FOLDER           506
+#define IDS_COL_DST_TYPE             507
+#define IDS_COL_DST_PATTERN          508
+#define IDS_COL_RESULT_PATH          509
+#define IDS_COL_RESULT_TIME          510
+#define IDS_COL_RESULT_MESSAGE       511
+#define IDS_COL_TARGET_PATH          512
+#define IDS_COL_TARGET_TIME          513
+#define IDS_COL_TARGET_SIZE          514
+#define IDS_COL_TARGET_ATTRIBUTES    515
+#define IDS_COL_FILTER_ITEM          516
+#define IDS_COL_FILTER_LINE          517
+#define IDS_COL_FILTER_SIGN          518
+#define IDS_COL_FILTER_EXPRESSION    519
+#define IDS_COL_FILTER_ERROR         520
+
+// Kinds of destinations: first id + DstType.
+#define IDS_DST_TYPE_FOLDER          540
+#define IDS_DST_TYPE_ZIP             541
+#define IDS_DST_TYPE_PASSWORD_ZIP    542
+#define IDS_DST_TYPE_AES_256_ZIP     543
 
 // Texts of the task dialog and the destination dialog: 560-599.
 

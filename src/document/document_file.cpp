@@ -84,16 +84,6 @@ void CheckReadsBack(my::IXmlDom& dom, const CDocument& document, std::string_vie
   throw my::CException(IDS_XML_SAVE_FAILED, {my::CTextId{IDS_READ_BACK_FAILED}});
 }
 
-std::string DocumentBytes(my::IXmlDom& dom, const CDocument& document) {
-  my::CXmlBuilder builder(dom, kRoot);
-  my::AppendText(builder.Root(), L"Version", my::VersionText(CDocument::kVersion));
-  const auto dsts = builder.Root().Append(L"Dsts");
-  for (const CDstPtr& dst : document.Dsts()) WriteDst(*dsts, *dst);
-  const auto tasks = builder.Root().Append(L"Tasks");
-  for (const CTaskPtr& task : document.Tasks()) WriteTask(*tasks, *task, document.Dsts());
-  return builder.Bytes();
-}
-
 }  // namespace
 
 const my::CEnumTable kFileFormatNames{L"FileFormat", kFormatNames};
@@ -106,10 +96,24 @@ CDocument LoadDocument(my::IFileSystem& files, my::IXmlDom& dom, const std::wstr
 void SaveDocument(my::IFileSystem& files, my::IXmlDom& dom, const CDocument& document,
                   const std::wstring& path) {
   my::NamingFile(path, [&] {
-    const std::string bytes = DocumentBytes(dom, document);
+    const std::string bytes = DocumentBytes(dom, document.Content());
     CheckReadsBack(dom, document, bytes, path);
     my::SaveXmlFile(files, path, bytes);
   });
+}
+
+std::string DocumentBytes(my::IXmlDom& dom, const CContent& content) {
+  my::CXmlBuilder builder(dom, kRoot);
+  my::AppendText(builder.Root(), L"Version", my::VersionText(CDocument::kVersion));
+  const auto dsts = builder.Root().Append(L"Dsts");
+  for (const CDstPtr& dst : content.dsts) WriteDst(*dsts, *dst);
+  const auto tasks = builder.Root().Append(L"Tasks");
+  for (const CTaskPtr& task : content.tasks) WriteTask(*tasks, *task, content.dsts);
+  return builder.Bytes();
+}
+
+CContent ContentFromBytes(my::IXmlDom& dom, std::string_view bytes) {
+  return ReadContent(my::LoadXmlBytes(dom, bytes, {}, kRoot).root);
 }
 
 }  // namespace qlm

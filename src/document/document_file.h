@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "support/enum_names.h"
 
@@ -12,6 +13,7 @@ class IXmlDom;
 namespace qlm {
 
 class CDocument;
+struct CContent;
 
 // The kinds of file that the dialogs offer; both are read and written the same way.
 enum class FileFormat { QLMR, XML };
@@ -26,5 +28,12 @@ CDocument LoadDocument(my::IFileSystem& files, my::IXmlDom& dom, const std::wstr
 // file as it was; what was written is known to read back as the same document.
 void SaveDocument(my::IFileSystem& files, my::IXmlDom& dom, const CDocument& document,
                   const std::wstring& path);
+
+// What a document file has in it, as bytes. Throws what SaveDocument throws; a task's destinations must be
+// among the content's.
+std::string DocumentBytes(my::IXmlDom& dom, const CContent& content);
+
+// The reverse. Throws what LoadDocument throws.
+CContent ContentFromBytes(my::IXmlDom& dom, std::string_view bytes);
 
 }  // namespace qlm

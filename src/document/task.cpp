@@ -15,7 +15,7 @@ bool operator==(const CTask& a, const CTask& b) {
 
 void CheckId(std::wstring_view id) {
   if (id.empty()) throw my::CException(IDS_ID_EMPTY);
-  if (id.find_first_of(L"/?:*\"><|") != id.npos) throw my::CException(IDS_ID_BAD_CHARACTER);
+  if (id.find_first_of(kBadIdCharacters) != id.npos) throw my::CException(IDS_ID_BAD_CHARACTER);
 }
 
 void CheckTask(const CTask& task) {

@@ -28,6 +28,9 @@ bool operator==(const CTask& a, const CTask& b);
 
 using CTaskPtr = boost::shared_ptr<CTask>;
 
+// What no ID may contain.
+inline constexpr std::wstring_view kBadIdCharacters = L"/?:*\"><|";
+
 // The rules of an ID by itself: throws IDS_ID_EMPTY or IDS_ID_BAD_CHARACTER. A backslash is allowed: it
 // makes a subfolder in the destination.
 void CheckId(std::wstring_view id);

@@ -1,0 +1,319 @@
+#include "document/document_edits.h"
+
+#include <algorithm>
+#include <boost/smart_ptr/make_shared.hpp>
+#include <functional>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "resource.h"
+#include "support/exception.h"
+#include "support/paths.h"
+
+namespace qlm {
+namespace {
+
+constexpr auto kTasks = DocChangeEventFlags::CHNAGE_TASKS;
+constexpr auto kDsts = DocChangeEventFlags::CHNAGE_DSTS;
+
+CRows Range(size_t first, size_t count) {
+  CRows rows;
+  for (size_t i = 0; i < count; ++i) rows.push_back(first + i);
+  return rows;
+}
+
+void Remove(auto& list, const CRows& rows) {
+  std::for_each(rows.rbegin(), rows.rend(), [&list](size_t row) { list.Remove(row); });
+}
+
+// Those above the place come down to it from the last on, those below it come up from the first on: so no
+// move shifts a row that is still to be moved.
+CRows Move(auto& list, const CRows& rows, size_t place) {
+  const auto below = std::lower_bound(rows.begin(), rows.end(), place);
+  size_t to = place;
+  for (auto row = below; row != rows.begin();) list.Move(*--row, --to);
+  const size_t first = to;
+  to = place;
+  for (auto row = below; row != rows.end(); ++row) list.Move(*row, to++);
+  return Range(first, rows.size());
+}
+
+CRows MoveBy(auto& list, CRows rows, Step step) {
+  const bool up = step == Step::UP;
+  size_t end = up ? 0 : list.size() - 1;  // where a row stays
+  if (!up) std::reverse(rows.begin(), rows.end());
+  for (size_t& row : rows) {
+    const size_t to = up ? row - 1 : row + 1;
+    if (row == end) {
+      end = up ? end + 1 : end - 1;
+    } else {
+      list.Move(row, to);
+      row = to;
+    }
+  }
+  if (!up) std::reverse(rows.begin(), rows.end());
+  return rows;
+}
+
+bool SameItems(const auto& a, const auto& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end());
+}
+
+// The task over the objects of the list.
+CTaskPtr Owned(CTask task, const CDsts& dsts) {
+  CheckTask(task);
+  for (CDstPtr& dst : task.dsts) {
+    dst = dsts.FindEqual(*dst);
+    if (!dst) throw my::CException(IDS_DST_NOT_COMMON);
+  }
+  return boost::make_shared<CTask>(std::move(task));
+}
+
+// Puts a copy in the place of every task whose destinations `change` changes; it answers whether it did.
+bool ChangeUses(CTasks& tasks, const CRows& rows, const std::function<bool(CTaskDsts&)>& change) {
+  bool changed = false;
+  for (const size_t row : rows) {
+    CTaskDsts dsts = tasks[row]->dsts;
+    if (!change(dsts)) continue;
+    const auto copy = boost::make_shared<CTask>(*tasks[row]);
+    copy->dsts = std::move(dsts);
+    tasks.Replace(row, copy);
+    changed = true;
+  }
+  return changed;
+}
+
+CRows AllRows(const CTasks& tasks) {
+  return Range(0, tasks.size());
+}
+
+std::unordered_set<CDst*> Objects(const CDsts& dsts, const CRows& rows) {
+  std::unordered_set<CDst*> objects;
+  for (const size_t row : rows) objects.insert(dsts[row].get());
+  return objects;
+}
+
+// The tasks change together with the destinations only when there are users.
+DocChangeEventFlags DstsAndUsers(const CDocument& document, const CRows& rows) {
+  return CountUsers(document, rows) == 0 ? kDsts : kDsts | kTasks;
+}
+
+void CheckRoom(const CDsts& dsts) {
+  if (dsts.size() >= kMostDsts) throw my::CException(IDS_TOO_MANY_DSTS);
+}
+
+// A copy of the destination whose pattern makes it differ from all others.
+CDstPtr NumberedCopy(const CDst& dst, const CDsts& others) {
+  const auto copy = boost::make_shared<CDst>(dst);
+  const auto [stem, extension] = my::SplitExtension(my::LastComponent(dst.pattern));
+  const size_t stemEnd = stem.data() + stem.size() - dst.pattern.data();
+  for (int number = 2; others.FindEqual(*copy); ++number) {
+    copy->pattern = dst.pattern;
+    copy->pattern.insert(stemEnd, L"_" + std::to_wstring(number));
+  }
+  return copy;
+}
+
+}  // namespace
+
+size_t InsertRow(std::ptrdiff_t position, size_t size) {
+  return position >= 0 && position < static_cast<std::ptrdiff_t>(size) ? static_cast<size_t>(position) : size;
+}
+
+size_t InsertTask(CDocument& document, std::ptrdiff_t position, CTask task) {
+  const size_t row = InsertRow(position, document.Tasks().size());
+  document.Edit(kTasks, [&](CContent& content) {
+    content.tasks.Insert(position, Owned(std::move(task), content.dsts));
+    return true;
+  });
+  return row;
+}
+
+void ReplaceTask(CDocument& document, size_t row, CTask task) {
+  document.Edit(kTasks, [&](CContent& content) {
+    const CTaskPtr owned = Owned(std::move(task), content.dsts);
+    if (*owned == *content.tasks[row]) return false;
+    content.tasks.Replace(row, owned);
+    return true;
+  });
+}
+
+void RemoveTasks(CDocument& document, const CRows& rows) {
+  document.Edit(kTasks, [&](CContent& content) {
+    Remove(content.tasks, rows);
+    return !rows.empty();
+  });
+}
+
+CRows MoveTasks(CDocument& document, const CRows& rows, std::ptrdiff_t position) {
+  CRows moved;
+  document.Edit(kTasks, [&](CContent& content) {
+    moved = Move(content.tasks, rows, InsertRow(position, content.tasks.size()));
+    return !SameItems(content.tasks, document.Tasks());
+  });
+  return moved;
+}
+
+CRows StepTasks(CDocument& document, const CRows& rows, Step step) {
+  CRows moved;
+  document.Edit(kTasks, [&](CContent& content) {
+    moved = MoveBy(content.tasks, rows, step);
+    return !SameItems(content.tasks, document.Tasks());
+  });
+  return moved;
+}
+
+CRows DuplicateTasks(CDocument& document, const CRows& rows) {
+  if (rows.empty()) return {};
+  const size_t first = rows.back() + 1;
+  document.Edit(kTasks, [&](CContent& content) {
+    size_t to = first;
+    for (const size_t row : rows) {
+      const auto copy = boost::make_shared<CTask>(*content.tasks[row]);
+      copy->id = content.tasks.FreeId(copy->id);
+      content.tasks.Insert(static_cast<std::ptrdiff_t>(to++), copy);
+    }
+    return true;
+  });
+  return Range(first, rows.size());
+}
+
+void SetTaskFilter(CDocument& document, size_t row, const std::wstring& filterPath) {
+  document.Edit(kTasks, [&](CContent& content) {
+    if (content.tasks[row]->filterPath == filterPath) return false;
+    const auto copy = boost::make_shared<CTask>(*content.tasks[row]);
+    copy->filterPath = filterPath;
+    content.tasks.Replace(row, copy);
+    return true;
+  });
+}
+
+size_t AddFolderTask(CDocument& document, std::ptrdiff_t position, const std::wstring& folderPath) {
+  CTask task;
+  task.id = FolderTaskId(document.Tasks(), folderPath);
+  task.path = folderPath;
+  return InsertTask(document, position, std::move(task));
+}
+
+std::wstring FolderTaskId(const CTasks& tasks, const std::wstring& folderPath) {
+  std::wstring_view path = folderPath;
+  while (!path.empty() && my::IsSeparator(path.back())) path.remove_suffix(1);
+  std::wstring id(my::LastComponent(path));
+  if (id.ends_with(L':')) id.pop_back();
+  const auto isBad = [](wchar_t c) { return kBadIdCharacters.find(c) != std::wstring_view::npos; };
+  std::replace_if(id.begin(), id.end(), isBad, L'_');
+  return tasks.FreeId(id);
+}
+
+size_t InsertDst(CDocument& document, std::ptrdiff_t position, CDst dst) {
+  const size_t row = InsertRow(position, document.Dsts().size());
+  document.Edit(kDsts, [&](CContent& content) {
+    CheckDst(dst);
+    CheckRoom(content.dsts);
+    content.dsts.Insert(position, boost::make_shared<CDst>(std::move(dst)));
+    return true;
+  });
+  return row;
+}
+
+void ReplaceDst(CDocument& document, size_t row, CDst dst) {
+  document.Edit(DstsAndUsers(document, {row}), [&](CContent& content) {
+    CheckDst(dst);
+    const CDstPtr old = content.dsts[row];
+    if (dst == *old) return false;
+    const auto changed = boost::make_shared<CDst>(std::move(dst));
+    content.dsts.Replace(row, changed);
+    ChangeUses(content.tasks, AllRows(content.tasks), [&](CTaskDsts& dsts) {
+      const bool used = std::find(dsts.begin(), dsts.end(), old) != dsts.end();
+      std::replace(dsts.begin(), dsts.end(), old, changed);
+      return used;
+    });
+    return true;
+  });
+}
+
+void RemoveDsts(CDocument& document, const CRows& rows) {
+  document.Edit(DstsAndUsers(document, rows), [&](CContent& content) {
+    const auto removed = Objects(content.dsts, rows);
+    ChangeUses(content.tasks, AllRows(content.tasks), [&removed](CTaskDsts& dsts) {
+      return std::erase_if(dsts, [&removed](const CDstPtr& dst) { return removed.contains(dst.get()); }) != 0;
+    });
+    Remove(content.dsts, rows);
+    return !rows.empty();
+  });
+}
+
+CRows MoveDsts(CDocument& document, const CRows& rows, std::ptrdiff_t position) {
+  CRows moved;
+  document.Edit(kDsts, [&](CContent& content) {
+    moved = Move(content.dsts, rows, InsertRow(position, content.dsts.size()));
+    return !SameItems(content.dsts, document.Dsts());
+  });
+  return moved;
+}
+
+CRows StepDsts(CDocument& document, const CRows& rows, Step step) {
+  CRows moved;
+  document.Edit(kDsts, [&](CContent& content) {
+    moved = MoveBy(content.dsts, rows, step);
+    return !SameItems(content.dsts, document.Dsts());
+  });
+  return moved;
+}
+
+CRows DuplicateDsts(CDocument& document, const CRows& rows) {
+  if (rows.empty()) return {};
+  const size_t first = rows.back() + 1;
+  document.Edit(kDsts, [&](CContent& content) {
+    size_t to = first;
+    for (const size_t row : rows) {
+      CheckRoom(content.dsts);
+      content.dsts.Insert(static_cast<std::ptrdiff_t>(to++), NumberedCopy(*content.dsts[row], content.dsts));
+    }
+    return true;
+  });
+  return Range(first, rows.size());
+}
+
+void SetUse(CDocument& document, const CRows& tasks, size_t dst, bool use) {
+  document.Edit(kTasks, [&](CContent& content) {
+    const CDstPtr& object = content.dsts[dst];
+    return ChangeUses(content.tasks, tasks, [&](CTaskDsts& dsts) {
+      if (!use) return std::erase(dsts, object) != 0;
+      if (std::find(dsts.begin(), dsts.end(), object) != dsts.end()) return false;
+      dsts.push_back(object);
+      return true;
+    });
+  });
+}
+
+std::vector<DstUse> UsesOf(const CContent& content, const CRows& tasks) {
+  std::unordered_map<const CDst*, size_t> users;
+  for (const size_t row : tasks) {
+    std::unordered_set<const CDst*> own;  // a file may name a destination of a task twice
+    for (const CDstPtr& dst : content.tasks[row]->dsts) own.insert(dst.get());
+    for (const CDst* dst : own) ++users[dst];
+  }
+  std::vector<DstUse> uses;
+  for (const CDstPtr& dst : content.dsts) {
+    const auto found = users.find(dst.get());
+    const size_t count = found == users.end() ? 0 : found->second;
+    uses.push_back(count == 0 ? DstUse::NONE : count == tasks.size() ? DstUse::ALL : DstUse::MIXED);
+  }
+  return uses;
+}
+
+DstUse UseOf(const CDocument& document, const CRows& tasks, size_t dst) {
+  return UsesOf(document.Content(), tasks)[dst];
+}
+
+size_t CountUsers(const CDocument& document, const CRows& dsts) {
+  const auto objects = Objects(document.Dsts(), dsts);
+  return static_cast<size_t>(
+      std::count_if(document.Tasks().begin(), document.Tasks().end(), [&objects](const CTaskPtr& task) {
+        return std::any_of(task->dsts.begin(), task->dsts.end(),
+                           [&objects](const CDstPtr& dst) { return objects.contains(dst.get()); });
+      }));
+}
+
+}  // namespace qlm
