@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <boost/smart_ptr/make_shared.hpp>
 #include <functional>
+#include <set>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 #include "resource.h"
 #include "support/exception.h"
@@ -55,8 +57,19 @@ CRows MoveBy(auto& list, CRows rows, Step step) {
   return rows;
 }
 
-bool SameItems(const auto& a, const auto& b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end());
+// An edit of the order of one of the lists.
+CRows ChangeOrder(CDocument& document, DocChangeEventFlags what, auto CContent::*list, const auto& move) {
+  CRows moved;
+  document.Edit(what, [&](CContent& content) {
+    moved = move(content.*list);
+    const auto& old = document.Content().*list;
+    return !std::equal(old.begin(), old.end(), (content.*list).begin());
+  });
+  return moved;
+}
+
+bool Uses(const CTask& task, const CDstPtr& dst) {
+  return std::find(task.dsts.begin(), task.dsts.end(), dst) != task.dsts.end();
 }
 
 // The task over the objects of the list.
@@ -69,22 +82,16 @@ CTaskPtr Owned(CTask task, const CDsts& dsts) {
   return boost::make_shared<CTask>(std::move(task));
 }
 
-// Puts a copy in the place of every task whose destinations `change` changes; it answers whether it did.
-bool ChangeUses(CTasks& tasks, const CRows& rows, const std::function<bool(CTaskDsts&)>& change) {
+// Puts a copy in the place of every task that `change` changes; it answers whether it did.
+bool ChangeTasks(CTasks& tasks, const CRows& rows, const std::function<bool(CTask&)>& change) {
   bool changed = false;
   for (const size_t row : rows) {
-    CTaskDsts dsts = tasks[row]->dsts;
-    if (!change(dsts)) continue;
     const auto copy = boost::make_shared<CTask>(*tasks[row]);
-    copy->dsts = std::move(dsts);
+    if (!change(*copy)) continue;
     tasks.Replace(row, copy);
     changed = true;
   }
   return changed;
-}
-
-CRows AllRows(const CTasks& tasks) {
-  return Range(0, tasks.size());
 }
 
 std::unordered_set<CDst*> Objects(const CDsts& dsts, const CRows& rows) {
@@ -146,21 +153,13 @@ void RemoveTasks(CDocument& document, const CRows& rows) {
 }
 
 CRows MoveTasks(CDocument& document, const CRows& rows, std::ptrdiff_t position) {
-  CRows moved;
-  document.Edit(kTasks, [&](CContent& content) {
-    moved = Move(content.tasks, rows, InsertRow(position, content.tasks.size()));
-    return !SameItems(content.tasks, document.Tasks());
-  });
-  return moved;
+  return ChangeOrder(document, kTasks, &CContent::tasks,
+                     [&](auto& list) { return Move(list, rows, InsertRow(position, list.size())); });
 }
 
 CRows StepTasks(CDocument& document, const CRows& rows, Step step) {
-  CRows moved;
-  document.Edit(kTasks, [&](CContent& content) {
-    moved = MoveBy(content.tasks, rows, step);
-    return !SameItems(content.tasks, document.Tasks());
-  });
-  return moved;
+  return ChangeOrder(document, kTasks, &CContent::tasks,
+                     [&](auto& list) { return MoveBy(list, rows, step); });
 }
 
 CRows DuplicateTasks(CDocument& document, const CRows& rows) {
@@ -180,11 +179,8 @@ CRows DuplicateTasks(CDocument& document, const CRows& rows) {
 
 void SetTaskFilter(CDocument& document, size_t row, const std::wstring& filterPath) {
   document.Edit(kTasks, [&](CContent& content) {
-    if (content.tasks[row]->filterPath == filterPath) return false;
-    const auto copy = boost::make_shared<CTask>(*content.tasks[row]);
-    copy->filterPath = filterPath;
-    content.tasks.Replace(row, copy);
-    return true;
+    return ChangeTasks(content.tasks, {row},
+                       [&](CTask& task) { return std::exchange(task.filterPath, filterPath) != filterPath; });
   });
 }
 
@@ -223,10 +219,10 @@ void ReplaceDst(CDocument& document, size_t row, CDst dst) {
     if (dst == *old) return false;
     const auto changed = boost::make_shared<CDst>(std::move(dst));
     content.dsts.Replace(row, changed);
-    ChangeUses(content.tasks, AllRows(content.tasks), [&](CTaskDsts& dsts) {
-      const bool used = std::find(dsts.begin(), dsts.end(), old) != dsts.end();
-      std::replace(dsts.begin(), dsts.end(), old, changed);
-      return used;
+    ChangeTasks(content.tasks, Range(0, content.tasks.size()), [&](CTask& task) {
+      if (!Uses(task, old)) return false;
+      std::replace(task.dsts.begin(), task.dsts.end(), old, changed);
+      return true;
     });
     return true;
   });
@@ -235,8 +231,8 @@ void ReplaceDst(CDocument& document, size_t row, CDst dst) {
 void RemoveDsts(CDocument& document, const CRows& rows) {
   document.Edit(DstsAndUsers(document, rows), [&](CContent& content) {
     const auto removed = Objects(content.dsts, rows);
-    ChangeUses(content.tasks, AllRows(content.tasks), [&removed](CTaskDsts& dsts) {
-      return std::erase_if(dsts, [&removed](const CDstPtr& dst) { return removed.contains(dst.get()); }) != 0;
+    ChangeTasks(content.tasks, Range(0, content.tasks.size()), [&removed](CTask& task) {
+      return std::erase_if(task.dsts, [&](const CDstPtr& dst) { return removed.contains(dst.get()); }) != 0;
     });
     Remove(content.dsts, rows);
     return !rows.empty();
@@ -244,21 +240,12 @@ void RemoveDsts(CDocument& document, const CRows& rows) {
 }
 
 CRows MoveDsts(CDocument& document, const CRows& rows, std::ptrdiff_t position) {
-  CRows moved;
-  document.Edit(kDsts, [&](CContent& content) {
-    moved = Move(content.dsts, rows, InsertRow(position, content.dsts.size()));
-    return !SameItems(content.dsts, document.Dsts());
-  });
-  return moved;
+  return ChangeOrder(document, kDsts, &CContent::dsts,
+                     [&](auto& list) { return Move(list, rows, InsertRow(position, list.size())); });
 }
 
 CRows StepDsts(CDocument& document, const CRows& rows, Step step) {
-  CRows moved;
-  document.Edit(kDsts, [&](CContent& content) {
-    moved = MoveBy(content.dsts, rows, step);
-    return !SameItems(content.dsts, document.Dsts());
-  });
-  return moved;
+  return ChangeOrder(document, kDsts, &CContent::dsts, [&](auto& list) { return MoveBy(list, rows, step); });
 }
 
 CRows DuplicateDsts(CDocument& document, const CRows& rows) {
@@ -278,10 +265,10 @@ CRows DuplicateDsts(CDocument& document, const CRows& rows) {
 void SetUse(CDocument& document, const CRows& tasks, size_t dst, bool use) {
   document.Edit(kTasks, [&](CContent& content) {
     const CDstPtr& object = content.dsts[dst];
-    return ChangeUses(content.tasks, tasks, [&](CTaskDsts& dsts) {
-      if (!use) return std::erase(dsts, object) != 0;
-      if (std::find(dsts.begin(), dsts.end(), object) != dsts.end()) return false;
-      dsts.push_back(object);
+    return ChangeTasks(content.tasks, tasks, [&](CTask& task) {
+      if (!use) return std::erase(task.dsts, object) != 0;
+      if (Uses(task, object)) return false;
+      task.dsts.push_back(object);
       return true;
     });
   });
@@ -290,14 +277,13 @@ void SetUse(CDocument& document, const CRows& tasks, size_t dst, bool use) {
 std::vector<DstUse> UsesOf(const CContent& content, const CRows& tasks) {
   std::unordered_map<const CDst*, size_t> users;
   for (const size_t row : tasks) {
-    std::unordered_set<const CDst*> own;  // a file may name a destination of a task twice
-    for (const CDstPtr& dst : content.tasks[row]->dsts) own.insert(dst.get());
-    for (const CDst* dst : own) ++users[dst];
+    const CTaskDsts& dsts = content.tasks[row]->dsts;
+    // A file may name a destination of a task twice.
+    for (const CDstPtr& dst : std::set<CDstPtr>(dsts.begin(), dsts.end())) ++users[dst.get()];
   }
   std::vector<DstUse> uses;
   for (const CDstPtr& dst : content.dsts) {
-    const auto found = users.find(dst.get());
-    const size_t count = found == users.end() ? 0 : found->second;
+    const size_t count = users[dst.get()];
     uses.push_back(count == 0 ? DstUse::NONE : count == tasks.size() ? DstUse::ALL : DstUse::MIXED);
   }
   return uses;

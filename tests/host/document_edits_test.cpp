@@ -1,0 +1,199 @@
+#include "document/document_edits.h"
+
+#include <gtest/gtest.h>
+
+#include <boost/smart_ptr/make_shared.hpp>
+#include <random>
+
+#include "document/document_clip.h"
+#include "document/document_file.h"
+#include "resource.h"
+#include "support/fake_ports.h"
+#include "support/pugi_dom.h"
+#include "support/thrown.h"
+
+namespace {
+
+using namespace qlm;
+using test::ThrownId;
+
+CTask Task(std::wstring id, std::wstring path, CTaskDsts dsts = {}) {
+  return {std::move(id), std::move(path), L"", std::move(dsts)};
+}
+
+class DocumentEdits : public testing::Test {
+ protected:
+  DocumentEdits() {
+    for (const wchar_t* folder : {L"a", L"b", L"c", L"d"}) InsertDst(document, -1, {folder});
+    for (const wchar_t* id : {L"A", L"B", L"C", L"D", L"E"}) {
+      InsertTask(document, -1, Task(id, L"p", {document.Dsts()[0], document.Dsts()[2]}));
+    }
+    document.AddListener([this](DocChangeEventFlags flags) {
+      heard = flags;
+      ++edits;
+    });
+  }
+
+  // IDs of the tasks and folders of the destinations, in order.
+  std::wstring Shown() const {
+    std::wstring shown;
+    for (const auto& task : document.Tasks()) shown += task->id;
+    for (const auto& dst : document.Dsts()) shown += dst->folder;
+    return shown;
+  }
+
+  // Also finds a task whose destination is not the object of the list.
+  std::string Bytes() { return DocumentBytes(dom, document.Content()); }
+
+  test::CPugiDom dom;
+  test::CRcTexts texts;
+  CDocument document;
+  DocChangeEventFlags heard = DocChangeEventFlags::RESET;
+  int edits = 0;
+};
+
+TEST_F(DocumentEdits, moved_rows_keep_their_order_and_are_answered) {
+  EXPECT_EQ(MoveTasks(document, {0, 1, 4}, 3), (CRows{1, 2, 3}));
+  EXPECT_EQ(Shown(), L"CABEDabcd");
+  EXPECT_EQ(MoveTasks(document, {0, 2}, -1), (CRows{3, 4}));
+  EXPECT_EQ(Shown(), L"AEDCBabcd");
+  EXPECT_EQ(edits, 2);
+  EXPECT_EQ(MoveTasks(document, {1, 2}, 2), (CRows{1, 2}));
+  EXPECT_EQ(StepTasks(document, {0, 1}, Step::UP), (CRows{0, 1}));
+  EXPECT_EQ(edits, 2) << "nothing has moved";
+  EXPECT_EQ(StepTasks(document, {0, 2, 3}, Step::UP), (CRows{0, 1, 2}));
+  EXPECT_EQ(StepDsts(document, {0, 3}, Step::DOWN), (CRows{1, 3}));
+  EXPECT_EQ(MoveDsts(document, {2}, 0), (CRows{0}));
+  EXPECT_EQ(Shown(), L"ADCEBcbad");
+}
+
+TEST_F(DocumentEdits, copies_and_folder_tasks_get_free_names) {
+  EXPECT_EQ(DuplicateTasks(document, {0, 2}), (CRows{3, 4}));
+  EXPECT_EQ(Shown(), L"ABCA2C2DEabcd");
+  const std::pair<const wchar_t*, const wchar_t*> table[] = {
+      {L"C:\\", L"C3"}, {L"E:\\", L"E2"}, {L"D:\\a b\\Docs\\", L"Docs"}, {L"\\\\srv\\x?y*", L"x_y_"}};
+  for (const auto& [path, id] : table) {
+    EXPECT_EQ(document.Tasks()[AddFolderTask(document, 0, path)]->id, id);
+  }
+  EXPECT_EQ(ThrownId([&] { AddFolderTask(document, 0, L"\\"); }), IDS_ID_EMPTY);
+
+  ReplaceDst(document, 0, {L"a", DstType::ZIP, L"x.y\\<ID>.zip"});
+  EXPECT_EQ(DuplicateDsts(document, {0, 1}), (CRows{2, 3}));
+  EXPECT_EQ(DuplicateDsts(document, {0}), (CRows{1}));
+  EXPECT_EQ(document.Dsts()[1]->pattern, L"x.y\\<ID>_3.zip");
+  EXPECT_EQ(document.Dsts()[3]->pattern, L"x.y\\<ID>_2.zip");
+  EXPECT_EQ(document.Dsts()[4]->pattern, CDst().pattern + L"_2");
+}
+
+TEST_F(DocumentEdits, refused_or_empty_edit_is_no_step) {
+  const std::string before = Bytes();
+  EXPECT_EQ(ThrownId([&] { InsertTask(document, 0, Task(L"A", L"p")); }), IDS_ID_DUPLICATE);
+  EXPECT_EQ(ThrownId([&] { ReplaceTask(document, 0, Task(L"B", L"")); }), IDS_PATH_EMPTY);
+  EXPECT_EQ(ThrownId([&] { ReplaceTask(document, 0, Task(L"B", L"p")); }), IDS_ID_DUPLICATE);
+  const auto stranger = boost::make_shared<CDst>(CDst{L"z"});
+  EXPECT_EQ(ThrownId([&] { InsertTask(document, 0, Task(L"Z", L"p", {stranger})); }), IDS_DST_NOT_COMMON);
+  EXPECT_EQ(ThrownId([&] { InsertDst(document, 0, {L"a"}); }), IDS_DST_DUPLICATE);
+  EXPECT_EQ(ThrownId([&] { ReplaceDst(document, 0, {L"b"}); }), IDS_DST_DUPLICATE);
+  EXPECT_EQ(ThrownId([&] { ReplaceDst(document, 0, {L""}); }), IDS_PATH_EMPTY);
+  ReplaceTask(document, 1, CTask(*document.Tasks()[1]));
+  ReplaceDst(document, 1, {L"b"});
+  SetUse(document, {0, 1}, 0, true);
+  SetTaskFilter(document, 0, L"");
+  RemoveTasks(document, {});
+  EXPECT_EQ(edits, 0);
+  EXPECT_EQ(Bytes(), before);
+
+  while (document.Dsts().size() < kMostDsts)
+    InsertDst(document, 0, {std::to_wstring(document.Dsts().size())});
+  EXPECT_EQ(ThrownId([&] { InsertDst(document, 0, {L"99"}); }), IDS_TOO_MANY_DSTS);
+  EXPECT_EQ(ThrownId([&] { DuplicateDsts(document, {0}); }), IDS_TOO_MANY_DSTS);
+}
+
+TEST_F(DocumentEdits, tasks_follow_their_destinations) {
+  EXPECT_EQ(CountUsers(document, {1, 3}), 0u);
+  RemoveDsts(document, {1});
+  EXPECT_EQ(heard, DocChangeEventFlags::CHNAGE_DSTS);
+  ReplaceDst(document, 1, {L"new"});
+  EXPECT_EQ(heard, DocChangeEventFlags::CHNAGE_DSTS | DocChangeEventFlags::CHNAGE_TASKS);
+  EXPECT_EQ(document.Tasks()[4]->dsts, (CTaskDsts{document.Dsts()[0], document.Dsts()[1]}));
+  SetUse(document, {1, 2}, 2, true);
+  SetUse(document, {2, 3}, 0, false);
+  EXPECT_EQ(document.Tasks()[2]->dsts, (CTaskDsts{document.Dsts()[1], document.Dsts()[2]}));
+  EXPECT_EQ(UsesOf(document.Content(), {0, 1, 2}),
+            (std::vector<DstUse>{DstUse::MIXED, DstUse::ALL, DstUse::MIXED}));
+  EXPECT_EQ(UseOf(document, {}, 1), DstUse::NONE);
+  EXPECT_EQ(CountUsers(document, {0, 2}), 4u);
+  RemoveDsts(document, {0, 1});
+  EXPECT_EQ(document.Tasks()[0]->dsts.size() + document.Tasks()[1]->dsts.size(), 1u);
+}
+
+TEST_F(DocumentEdits, clip_brings_what_the_document_lacks) {
+  const CClip tasks = CopyTasks(dom, document, {0, 3});
+  EXPECT_EQ(tasks.text, L"A\tp\t\ta, c\r\nD\tp\t\ta, c\r\n");
+  EXPECT_EQ(CopyDsts(dom, texts, document, {1}).text, L"b\tフォルダー\t<ID>_<Y>_<M>_<D>_<h>_<m>\r\n");
+  EXPECT_EQ(ThrownId([&] { PasteDsts(dom, document, tasks.document, 0); }), IDS_DST_DUPLICATE);
+  RemoveDsts(document, {2});
+  EXPECT_EQ(PasteTasks(dom, document, tasks.document, 1), (CRows{1, 2}));
+  EXPECT_EQ(Shown(), L"AA2D2BCDEabdc");
+  EXPECT_EQ(document.Tasks()[1]->dsts, (CTaskDsts{document.Dsts()[0], document.Dsts()[3]}));
+  document.Undo();
+  EXPECT_EQ(PasteDsts(dom, document, tasks.document, 1), (CRows{1}));
+  EXPECT_EQ(Shown(), L"ABCDEacbd");
+  EXPECT_EQ(ThrownId([&] { PasteTasks(dom, document, "text", 0); }), IDS_XML_LOAD_FAILED);
+}
+
+// A walk of random edits: none may touch what an earlier step holds, and none may leave a task with a
+// destination that is not in the list.
+TEST_F(DocumentEdits, random_walk_can_be_taken_back_step_by_step) {
+  std::mt19937 random(20240607);
+  const auto below = [&random](size_t n) { return random() % n; };
+  const auto some = [&](size_t size) {
+    CRows rows;
+    for (size_t row = 0; row < size; ++row) {
+      if (below(4) == 0) rows.push_back(row);
+    }
+    return rows;
+  };
+  const CClip clip = CopyTasks(dom, document, {1, 2});
+  const auto change = [&] {
+    const size_t tasks = document.Tasks().size();
+    const size_t dsts = document.Dsts().size();
+    const auto name = std::wstring(1, static_cast<wchar_t>(L'a' + below(26)));
+    const auto at = static_cast<std::ptrdiff_t>(below(8)) - 1;
+    switch (below(15)) {
+      case 0: AddFolderTask(document, at, L"C:\\" + name); break;
+      case 1: InsertDst(document, at, {name}); break;
+      case 2:
+        if (tasks != 0) ReplaceTask(document, below(tasks), Task(name, L"q"));
+        break;
+      case 3:
+      case 4:
+        if (dsts != 0) ReplaceDst(document, below(dsts), {name, DstType::ZIP});
+        break;
+      case 5: RemoveTasks(document, some(tasks)); break;
+      case 6: RemoveDsts(document, some(dsts)); break;
+      case 7: MoveTasks(document, some(tasks), at); break;
+      case 8: MoveDsts(document, some(dsts), at); break;
+      case 9: DuplicateTasks(document, some(tasks)); break;
+      case 10: DuplicateDsts(document, some(dsts)); break;
+      case 11: PasteTasks(dom, document, clip.document, at); break;
+      default:
+        if (dsts != 0) SetUse(document, some(tasks), below(dsts), below(2) == 0);
+    }
+  };
+  document.Reset(document.Content(), L"");
+  std::vector<std::string> steps = {Bytes()};
+  for (int n = 0; n < 200; ++n) {
+    edits = 0;
+    const uint32_t refused = ThrownId(change);
+    const std::string now = Bytes();
+    ASSERT_TRUE(edits == 0 ? now == steps.back() : edits == 1 && refused == 0 && now != steps.back()) << n;
+    if (edits != 0) steps.push_back(now);
+  }
+  ASSERT_GT(steps.size(), 80u);
+  for (size_t n = steps.size(); n-- != 0; document.Undo()) ASSERT_EQ(Bytes(), steps[n]) << n;
+  EXPECT_FALSE(document.CanUndo());
+  for (size_t n = 0; n != steps.size(); ++n, document.Redo()) ASSERT_EQ(Bytes(), steps[n]) << n;
+}
+
+}  // namespace
