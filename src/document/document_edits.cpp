@@ -111,7 +111,7 @@ void CheckRoom(const CDsts& dsts) {
 
 // A copy of the destination whose pattern makes it differ from all others.
 CDstPtr NumberedCopy(const CDst& dst, const CDsts& others) {
-  const auto copy = boost::make_shared<CDst>(dst);
+  auto copy = boost::make_shared<CDst>(dst);
   const auto [stem, extension] = my::SplitExtension(my::LastComponent(dst.pattern));
   const size_t stemEnd = stem.data() + stem.size() - dst.pattern.data();
   for (int number = 2; others.FindEqual(*copy); ++number) {

@@ -1,0 +1,69 @@
+#include "ui/models/cells.h"
+
+#include <array>
+#include <cstdio>
+#include <utility>
+
+#include "document/filter.h"
+#include "engine/result.h"
+#include "platform/clock.h"
+#include "platform/message_texts.h"
+#include "resource.h"
+#include "settings/settings.h"
+#include "support/exception.h"
+
+namespace qlm {
+
+my::CListColumn CTableModel::Column(size_t column) const {
+  const CColumnSpec& spec = m_columns[column];
+  return {m_texts.Text(spec.titleId), spec.width, spec.align};
+}
+
+ResultState StateOf(const CResult& result) {
+  if (result.error) return ResultState::FAILED;
+  if (result.message == IDS_PHASE_CREATED) return ResultState::CREATED;
+  return result.message == IDS_PHASE_SKIPPED ? ResultState::NOT_UPDATED : ResultState::RUNNING;
+}
+
+my::CListLook StateLook(const CUISetting& setting, ResultState state) {
+  return {setting.stateColors[static_cast<size_t>(state)], false};
+}
+
+std::wstring LocalTimeText(const my::IClock& clock, my::CFileTime time) try {
+  if (!time) return {};
+  const my::CCalendar at = clock.LocalCalendar(time);
+  std::array<wchar_t, 64> text{};
+  const int length = std::swprintf(text.data(), text.size(), L"%04d/%02d/%02d %02d:%02d:%02d", at.year,
+                                   at.month, at.day, at.hour, at.minute, at.second);
+  return {text.data(), static_cast<size_t>(length)};
+} catch (const my::CException&) {
+  return {};
+}
+
+std::wstring GroupedText(uint64_t number) {
+  std::wstring digits = std::to_wstring(number);
+  for (size_t end = digits.size(); end > 3; end -= 3) digits.insert(end - 3, 1, L',');
+  return digits;
+}
+
+std::wstring AttributesText(uint32_t attributes) {
+  constexpr std::pair<uint32_t, wchar_t> kLetters[] = {
+      {0x1, L'R'},   {0x2, L'H'},   {0x4, L'S'},   {0x10, L'D'},   {0x20, L'A'},   {0x100, L'T'},
+      {0x200, L'P'}, {0x400, L'L'}, {0x800, L'C'}, {0x1000, L'O'}, {0x2000, L'I'}, {0x4000, L'E'}};
+  std::wstring letters;
+  for (const auto& [bit, letter] : kLetters) {
+    if ((attributes & bit) != 0) letters += letter;
+  }
+  return letters;
+}
+
+std::wstring DstTypeText(const my::IMessageTexts& texts, DstType type) {
+  return texts.Text(IDS_DST_TYPE_FOLDER + static_cast<uint32_t>(type));
+}
+
+std::wstring FilterItemText(const my::IMessageTexts& texts, const CFilterItem* item) {
+  if (!item) return texts.Text(IDS_FILTER_NO_MATCH);
+  return std::to_wstring(item->lineIndex + 1) + L": " + item->line;
+}
+
+}  // namespace qlm

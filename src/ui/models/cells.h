@@ -1,0 +1,65 @@
+// What cells of several lists show.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "document/dst.h"
+#include "support/file_time.h"
+#include "ui/models/list_model.h"
+
+namespace my {
+class IClock;
+class IMessageTexts;
+}  // namespace my
+
+namespace qlm {
+
+struct CFilterItem;
+struct CResult;
+struct CUISetting;
+
+struct CColumnSpec {
+  uint32_t titleId = 0;
+  int width = 0;  // pixels at 96 DPI
+  my::ListAlign align = my::ListAlign::Left;
+};
+
+// A list whose columns are known when it is built. GUI thread only, as are all that derive from it.
+class CTableModel : public my::IListModel {
+ public:
+  size_t ColumnCount() const final { return m_columns.size(); }
+  my::CListColumn Column(size_t column) const final;
+
+ protected:
+  // `columns` live as long as the program.
+  CTableModel(const my::IMessageTexts& texts, std::span<const CColumnSpec> columns)
+      : m_texts(texts), m_columns(columns) {}
+
+  const my::IMessageTexts& m_texts;
+
+ private:
+  std::span<const CColumnSpec> m_columns;
+};
+
+// In the order of the state colours in the settings.
+enum class ResultState { CREATED, RUNNING, NOT_UPDATED, FAILED };
+
+ResultState StateOf(const CResult& result);
+my::CListLook StateLook(const CUISetting& setting, ResultState state);
+
+// "2024/03/05 07:04:09" in the user's time zone; empty for no time and for one that cannot be converted.
+std::wstring LocalTimeText(const my::IClock& clock, my::CFileTime time);
+
+std::wstring GroupedText(uint64_t number);  // "1,234,567"
+
+// A letter for each attribute that is set, in the order "RHSDATPLCOIE".
+std::wstring AttributesText(uint32_t attributes);
+
+std::wstring DstTypeText(const my::IMessageTexts& texts, DstType type);
+
+// The line of a filter that decided, with its number: "12: - \.bak$". For null that none did.
+std::wstring FilterItemText(const my::IMessageTexts& texts, const CFilterItem* item);
+
+}  // namespace qlm

@@ -1,0 +1,41 @@
+#include "ui/models/dst_list_model.h"
+
+#include "replace/replace_rule.h"
+#include "resource.h"
+
+namespace qlm {
+namespace {
+
+constexpr CColumnSpec kColumns[] = {
+    {IDS_COL_DST_NUMBER, 60}, {IDS_COL_DST_FOLDER, 320}, {IDS_COL_DST_TYPE, 140}, {IDS_COL_DST_PATTERN, 280}};
+
+}  // namespace
+
+CDstListModel::CDstListModel(const CDocument& document, const my::IMessageTexts& texts)
+    : CTableModel(texts, kColumns), m_document(document) {}
+
+void CDstListModel::Refresh(const CRows& selectedTasks) {
+  m_uses = UsesOf(m_document.Content(), selectedTasks);
+}
+
+std::wstring CDstListModel::Text(size_t row, size_t column) const {
+  const CDst& dst = *m_document.Dsts()[row];
+  switch (column) {
+    case NUMBER: return std::to_wstring(row + 1);
+    case FOLDER: return ShownValue(dst, kReplaceDstFolder);
+    case TYPE: return DstTypeText(m_texts, dst.type);
+    default: return ShownValue(dst, kReplaceDstPattern);
+  }
+}
+
+my::ListCheck CDstListModel::Check(size_t row) const {
+  // Between a change of the document and the refresh a row may be new.
+  switch (row < m_uses.size() ? m_uses[row] : DstUse::NONE) {
+    case DstUse::ALL: return my::ListCheck::Checked;
+    case DstUse::MIXED: return my::ListCheck::Mixed;
+    case DstUse::NONE: break;
+  }
+  return my::ListCheck::Unchecked;
+}
+
+}  // namespace qlm

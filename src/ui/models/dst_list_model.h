@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "document/document_edits.h"
+#include "ui/models/cells.h"
+
+namespace qlm {
+
+// The destinations of the document; their check boxes tell which of them the selected tasks use.
+class CDstListModel : public CTableModel {
+ public:
+  enum DstColumn : size_t { NUMBER, FOLDER, TYPE, PATTERN };
+
+  // All outlive the model.
+  CDstListModel(const CDocument& document, const my::IMessageTexts& texts);
+
+  // To be called after every change of the document or of the selected tasks.
+  void Refresh(const CRows& selectedTasks);
+
+  size_t RowCount() const override { return m_document.Dsts().size(); }
+  std::wstring Text(size_t row, size_t column) const override;
+  my::ListCheck Check(size_t row) const override;
+
+ private:
+  const CDocument& m_document;
+  std::vector<DstUse> m_uses;
+};
+
+}  // namespace qlm

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "document/filter.h"
+#include "ui/models/cells.h"
+
+namespace qlm {
+
+// Every line of a filter file: what it says, and what is wrong with it. Comments and empty lines are grey.
+class CFilterCheckModel : public CTableModel {
+ public:
+  enum FilterColumn : size_t { LINE, SIGN, EXPRESSION, ERROR_TEXT };
+
+  // Both outlive the model.
+  CFilterCheckModel(const CUISetting& setting, const my::IMessageTexts& texts);
+
+  // Shows other lines, as ReadTextLines answers them.
+  void Show(std::vector<std::wstring> lines);
+
+  bool HasErrors() const { return m_filter.HasErrors(); }
+
+  struct CDecision {
+    std::optional<size_t> row;  // none when no line matches
+    bool excluded = false;
+    std::wstring text;  // the line with its number, or that none matches
+  };
+
+  // What the filter decides for a path below a source ("docs\a.txt", a folder ends in "\"); "/" separates
+  // as well. Throws what CFilter::Find throws.
+  CDecision Decide(std::wstring_view relativePath) const;
+
+  size_t RowCount() const override { return m_lines.size(); }
+  std::wstring Text(size_t row, size_t column) const override;
+  my::CListLook Look(size_t row) const override;
+
+ private:
+  const CUISetting& m_setting;
+  std::vector<std::wstring> m_lines;
+  CFilter m_filter;
+  std::vector<const CFilterItem*> m_items;  // of each line; null for a comment
+};
+
+}  // namespace qlm

@@ -1,0 +1,67 @@
+#include "ui/models/result_list_model.h"
+
+#include <algorithm>
+
+#include "resource.h"
+#include "settings/settings.h"
+#include "support/strings.h"
+
+namespace qlm {
+namespace {
+
+constexpr CColumnSpec kColumns[] = {{IDS_COL_TASK_ID, 140},
+                                    {IDS_COL_RESULT_PATH, 300},
+                                    {IDS_COL_DST_TYPE, 120},
+                                    {IDS_COL_RESULT_TIME, 140},
+                                    {IDS_COL_RESULT_MESSAGE, 320}};
+
+// A field with a character that means something to a reader stands in quotes, quotes in it twice.
+void AppendField(std::wstring& csv, const std::wstring& field) {
+  if (field.find_first_of(L"\",\r\n") == field.npos) {
+    csv += field;
+    return;
+  }
+  csv += L'"';
+  for (const wchar_t c : field) csv.append(c == L'"' ? 2 : 1, c);
+  csv += L'"';
+}
+
+}  // namespace
+
+CResultListModel::CResultListModel(const CUISetting& setting, const my::IMessageTexts& texts,
+                                   const my::IClock& clock)
+    : CTableModel(texts, kColumns), m_setting(setting), m_clock(clock) {}
+
+void CResultListModel::ShowResults(size_t firstRow, const CResults& rows) {
+  m_rows.resize(std::max(m_rows.size(), firstRow + rows.size()));
+  std::copy(rows.begin(), rows.end(), m_rows.begin() + static_cast<std::ptrdiff_t>(firstRow));
+}
+
+std::string CResultListModel::Csv() const {
+  std::wstring csv = L"\xFEFF";
+  const auto line = [&](const auto& field) {
+    for (size_t column = 0; column < ColumnCount(); ++column) {
+      if (column != 0) csv += L',';
+      AppendField(csv, field(column));
+    }
+    csv += L"\r\n";
+  };
+  line([this](size_t column) { return Column(column).title; });
+  for (size_t row = 0; row < m_rows.size(); ++row) {
+    line([this, row](size_t column) { return Text(row, column); });
+  }
+  return my::Utf8FromWide(csv);
+}
+
+std::wstring CResultListModel::Text(size_t row, size_t column) const {
+  const CResult& result = Row(row);
+  switch (column) {
+    case ID: return result.task->id;
+    case PATH: return result.destinationPath;
+    case TYPE: return result.Dst() ? DstTypeText(m_texts, result.Dst()->type) : std::wstring();
+    case TIME: return LocalTimeText(m_clock, result.newestWriteTime);
+    default: return ResultText(m_texts, result);
+  }
+}
+
+}  // namespace qlm

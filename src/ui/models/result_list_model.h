@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "engine/result.h"
+#include "ui/models/cells.h"
+
+namespace qlm {
+
+// The rows of a run.
+class CResultListModel : public CTableModel {
+ public:
+  enum ResultColumn : size_t { ID, PATH, TYPE, TIME, MESSAGE };
+
+  // All outlive the model.
+  CResultListModel(const CUISetting& setting, const my::IMessageTexts& texts, const my::IClock& clock);
+
+  // A job's rows, all of them; `firstRow` is the place of the first among all rows, at most RowCount().
+  void ShowResults(size_t firstRow, const CResults& rows);
+  void Clear() { m_rows.clear(); }
+
+  const CResult& Row(size_t row) const { return *m_rows[row]; }
+
+  // The whole list with its titles as a CSV file: UTF-8 with a byte-order mark, lines ended by CR LF.
+  std::string Csv() const;
+
+  size_t RowCount() const override { return m_rows.size(); }
+  std::wstring Text(size_t row, size_t column) const override;
+  my::CListLook Look(size_t row) const override { return StateLook(m_setting, StateOf(Row(row))); }
+
+ private:
+  const CUISetting& m_setting;
+  const my::IClock& m_clock;
+  CResults m_rows;
+};
+
+}  // namespace qlm

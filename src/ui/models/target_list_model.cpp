@@ -1,0 +1,69 @@
+#include "ui/models/target_list_model.h"
+
+#include "platform/message_texts.h"
+#include "resource.h"
+#include "support/strings.h"
+
+namespace qlm {
+namespace {
+
+constexpr CColumnSpec kColumns[] = {{IDS_COL_TARGET_PATH, 320},
+                                    {IDS_COL_TARGET_TIME, 140},
+                                    {IDS_COL_TARGET_SIZE, 100, my::ListAlign::Right},
+                                    {IDS_COL_TARGET_ATTRIBUTES, 60},
+                                    {IDS_COL_FILTER_ITEM, 240}};
+
+bool Contains(std::wstring_view path, std::wstring_view text) {
+  for (; path.size() >= text.size(); path.remove_prefix(1)) {
+    if (my::EqualNoCase(path.substr(0, text.size()), text)) return true;
+    if (path.empty()) break;
+  }
+  return false;
+}
+
+std::optional<size_t> FindNewest(const CTargets& targets) {
+  const my::CFileTime newest = NewestWriteTime(targets);
+  size_t row = 0;
+  for (const CTarget& target : targets) {
+    if (target.IsCountedFile() && target.LastWriteTime() == newest) return row;
+    ++row;
+  }
+  return {};
+}
+
+}  // namespace
+
+CTargetListModel::CTargetListModel(CTargetsPtr targets, const my::IMessageTexts& texts,
+                                   const my::IClock& clock)
+    : CTableModel(texts, kColumns),
+      m_targets(std::move(targets)),
+      m_clock(clock),
+      m_newestRow(FindNewest(*m_targets)) {}
+
+std::wstring CTargetListModel::CountsText() const {
+  const CTargetCounts counts = CountTargets(*m_targets);
+  const my::CMsgArg args[] = {GroupedText(m_targets->size()), GroupedText(counts.counted),
+                              GroupedText(counts.excluded)};
+  return my::MakeText(m_texts, IDS_COUNTS, args);
+}
+
+std::optional<size_t> CTargetListModel::Find(std::wstring_view text, size_t start) const {
+  for (size_t n = 0; n < RowCount(); ++n) {
+    const size_t row = (start + n) % RowCount();
+    if (Contains(Target(row).RelativePath(), text)) return row;
+  }
+  return {};
+}
+
+std::wstring CTargetListModel::Text(size_t row, size_t column) const {
+  const CTarget& target = Target(row);
+  switch (column) {
+    case PATH: return std::wstring(target.RelativePath());
+    case TIME: return LocalTimeText(m_clock, target.LastWriteTime());
+    case SIZE: return target.IsFolder() ? std::wstring() : GroupedText(target.Size());
+    case ATTRIBUTES: return AttributesText(target.Attributes());
+    default: return FilterItemText(m_texts, target.FilterItem());
+  }
+}
+
+}  // namespace qlm

@@ -1,0 +1,86 @@
+#include "ui/models/task_list_model.h"
+
+#include "document/document.h"
+#include "replace/replace_rule.h"
+#include "resource.h"
+#include "settings/settings.h"
+
+namespace qlm {
+namespace {
+
+constexpr CColumnSpec kColumns[] = {{IDS_COL_TASK_ID, 140},
+                                    {IDS_COL_TASK_PATH, 260},
+                                    {IDS_COL_TASK_FILTER, 180},
+                                    {IDS_COL_TASK_DSTS, 80},
+                                    {IDS_COL_TASK_STATE, 260}};
+
+// What the user has to see first comes first.
+int Urgency(ResultState state) {
+  switch (state) {
+    case ResultState::FAILED: return 0;
+    case ResultState::RUNNING: return 1;
+    case ResultState::CREATED: return 2;
+    case ResultState::NOT_UPDATED: break;
+  }
+  return 3;
+}
+
+}  // namespace
+
+CTaskListModel::CTaskListModel(const CDocument& document, const CUISetting& setting,
+                               const my::IMessageTexts& texts)
+    : CTableModel(texts, kColumns), m_document(document), m_setting(setting) {
+  Refresh();
+}
+
+void CTaskListModel::Refresh() {
+  m_dstNumbers.clear();
+  for (const CDstPtr& dst : m_document.Dsts()) m_dstNumbers.emplace(dst.get(), m_dstNumbers.size() + 1);
+}
+
+void CTaskListModel::ShowResults(const CResults& rows) {
+  const CResult* worst = nullptr;
+  for (const CResultPtr& row : rows) {
+    if (!worst || Urgency(StateOf(*row)) < Urgency(StateOf(*worst))) worst = row.get();
+  }
+  if (worst) m_states[worst->task->id] = {StateOf(*worst), ResultText(m_texts, *worst)};
+}
+
+size_t CTaskListModel::RowCount() const {
+  return m_document.Tasks().size();
+}
+
+std::wstring CTaskListModel::Text(size_t row, size_t column) const {
+  const CTask& task = *m_document.Tasks()[row];
+  switch (column) {
+    case ID: return ShownValue(task, kReplaceTaskId);
+    case PATH: return ShownValue(task, kReplaceTaskPath);
+    case FILTER: return ShownValue(task, kReplaceTaskFilter);
+    case DSTS: return DstNumbers(task);
+    default: break;
+  }
+  const CState* state = FindState(row);
+  return state ? state->text : std::wstring();
+}
+
+my::CListLook CTaskListModel::Look(size_t row) const {
+  const CState* state = FindState(row);
+  return state ? StateLook(m_setting, state->state) : my::CListLook{};
+}
+
+std::wstring CTaskListModel::DstNumbers(const CTask& task) const {
+  std::wstring numbers;
+  for (const CDstPtr& dst : task.dsts) {
+    const auto found = m_dstNumbers.find(dst.get());
+    if (found == m_dstNumbers.end()) continue;  // the document has changed and Refresh comes next
+    numbers += (numbers.empty() ? L"" : L", ") + std::to_wstring(found->second);
+  }
+  return numbers;
+}
+
+const CTaskListModel::CState* CTaskListModel::FindState(size_t row) const {
+  const auto found = m_states.find(m_document.Tasks()[row]->id);
+  return found == m_states.end() ? nullptr : &found->second;
+}
+
+}  // namespace qlm

@@ -1,0 +1,145 @@
+#include <gtest/gtest.h>
+
+#include <boost/smart_ptr/make_shared.hpp>
+
+#include "document/document_edits.h"
+#include "platform/file_system.h"
+#include "replace/replace_rule.h"
+#include "resource.h"
+#include "settings/settings.h"
+#include "support/fake_ports.h"
+#include "ui/models/dst_list_model.h"
+#include "ui/models/filter_check_model.h"
+#include "ui/models/result_list_model.h"
+#include "ui/models/target_list_model.h"
+#include "ui/models/task_list_model.h"
+
+namespace {
+
+using namespace qlm;
+using my::ListCheck;
+
+constexpr my::CFileTime kTime{131'016'350'490'000'000};  // 2016-03-05 07:04:09 UTC
+
+class ListModels : public testing::Test {
+ protected:
+  ListModels() {
+    for (const wchar_t* folder : {L"a", L"b", L"c"}) InsertDst(document, -1, {folder});
+    const CDsts& dsts = document.Dsts();
+    InsertTask(document, -1, {L"A", L"C:\\a", L"f", {dsts[2], dsts[0]}});
+    InsertTask(document, -1, {L"B", L"C:\\b", L"", {dsts[2]}});
+  }
+
+  // A row of the task: with an error when there is a text for it.
+  CResultPtr Row(const CTaskPtr& task, uint32_t message, const wchar_t* error = L"") const {
+    CResult row;
+    row.task = task;
+    row.message = message;
+    row.newestWriteTime = kTime;
+    row.destinationPath = L"D:\\x,y";
+    if (*error) row.error = {IDS_INTERNAL_ERROR, 0, error};
+    return boost::make_shared<CResult>(row);
+  }
+
+  // The texts of a row with "|" between them.
+  static std::wstring Line(const my::IListModel& model, size_t row) {
+    std::wstring line;
+    for (size_t column = 0; column < model.ColumnCount(); ++column) line += model.Text(row, column) + L"|";
+    return line;
+  }
+
+  test::CRcTexts texts;
+  test::CFakeClock clock;
+  CUISetting setting;
+  CDocument document;
+};
+
+TEST_F(ListModels, task_shows_destinations_preview_and_worst_state) {
+  CTaskListModel model(document, setting, texts);
+  EXPECT_EQ(Line(model, 0), L"A|C:\\a|f|3, 1||");
+  RemoveDsts(document, {0});
+  model.Refresh();
+  const CTaskPtr task = document.Tasks()[0];
+  model.ShowResults({Row(task, IDS_PHASE_SKIPPED), Row(task, IDS_PHASE_CREATED)});
+  EXPECT_EQ(model.Look(0).color, setting.stateColors[0]) << "created";
+  model.ShowResults({Row(task, IDS_PHASE_COPYING, L"disk\r\nfull"), Row(task, IDS_PHASE_COPYING)});
+  EXPECT_EQ(model.Look(0).color, setting.stateColors[3]) << "failed";
+  EXPECT_FALSE(model.Look(1).color);
+  EXPECT_EQ(Line(model, 0), L"A|C:\\a|f|2|コピー処理中にエラーが発生しました: disk full|");
+  const CReplaceRule rule({ReplaceRow::ALL, kReplaceTaskPath, L"C:", L"D:"});
+  task->replaceRule = &rule;
+  EXPECT_EQ(model.Text(0, CTaskListModel::PATH), L"D:\\a");
+}
+
+TEST_F(ListModels, destination_is_checked_by_the_selected_tasks) {
+  CDstListModel model(document, texts);
+  model.Refresh({0, 1});
+  EXPECT_EQ(model.Check(0), ListCheck::Mixed);
+  EXPECT_EQ(model.Check(1), ListCheck::Unchecked);
+  EXPECT_EQ(model.Check(2), ListCheck::Checked);
+  InsertDst(document, -1, {L"new", DstType::AES_256_ZIP, L"<ID>.zip"});
+  EXPECT_EQ(model.Check(3), ListCheck::Unchecked) << "before the refresh";
+  EXPECT_EQ(Line(model, 3), L"4|new|AES-256 zip|<ID>.zip|");
+}
+
+TEST_F(ListModels, results_replace_their_rows_and_become_csv) {
+  clock.SetOffsetMinutes(9 * 60);
+  CResultListModel model(setting, texts, clock);
+  const auto noDst = boost::make_shared<CTask>(CTask{L"=1+1", L"p", L"", {}});
+  model.ShowResults(0, {Row(document.Tasks()[1], IDS_PHASE_COPYING)});
+  model.ShowResults(1, {Row(noDst, IDS_PHASE_SKIPPED)});
+  EXPECT_EQ(model.Look(0).color, setting.stateColors[1]);
+  EXPECT_EQ(model.Look(1).color, setting.stateColors[2]);
+  model.ShowResults(0, {Row(document.Tasks()[1], IDS_PHASE_COPYING, L"\"why\"")});
+  EXPECT_EQ(model.Csv(),
+            "\xEF\xBB\xBFID,転送先パス,種類,最終更新日時,メッセージ\r\n"
+            "B,\"D:\\x,y\",フォルダー,2016/03/05 16:04:09,"
+            "\"コピー処理中にエラーが発生しました: \"\"why\"\"\"\r\n"
+            "=1+1,\"D:\\x,y\",,2016/03/05 16:04:09,正常終了 - 更新されていないためスキップされました\r\n");
+}
+
+TEST_F(ListModels, target_shows_the_line_that_decided) {
+  const auto filter = boost::make_shared<CFilter>();
+  filter->Parse({L"# x", L"- \\.bak$"}, texts);
+  const auto targets = boost::make_shared<CTargets>(filter);
+  const auto add = [&](const wchar_t* path, my::CFindData found, bool excluded) {
+    targets->Add(path, found, excluded ? filter->Items()[0].get() : nullptr);
+  };
+  my::CFindData found;
+  found.lastWriteTime = {kTime.ticks + 1};
+  found.attributes = my::kAttributeFolder | 0x2;
+  add(L"Docs\\", found, false);
+  found.attributes = 0x421;
+  found.size = 1'234'567;
+  add(L"Docs\\a.bak", found, true);
+  found.lastWriteTime = kTime;
+  found.size = 123;
+  add(L"Docs\\b", found, false);
+  const CTargetListModel model(targets, texts, clock);
+  EXPECT_EQ(Line(model, 0), L"Docs\\|2016/03/05 07:04:09||HD|+ （フィルターにマッチしません）|");
+  EXPECT_EQ(Line(model, 1), L"Docs\\a.bak|2016/03/05 07:04:09|1,234,567|RAL|2: - \\.bak$|");
+  EXPECT_EQ(model.Text(2, CTargetListModel::SIZE), L"123");
+  EXPECT_TRUE(model.Look(1).grey && !model.Look(2).grey);
+  EXPECT_EQ(model.NewestRow(), 2u) << "neither a folder nor what is excluded";
+  EXPECT_EQ(model.CountsText(), L"項目 3 件、対象 1 件、除外 1 件");
+  EXPECT_EQ(model.Find(L"dOCS\\", 2), 2u);
+  EXPECT_EQ(model.Find(L".BAK", 2), 1u) << "around the end";
+  EXPECT_EQ(model.Find(L"nowhere", 0), std::nullopt);
+}
+
+TEST_F(ListModels, filter_line_shows_its_error_and_what_it_decides) {
+  CFilterCheckModel model(setting, texts);
+  model.Show({L"# all", L"* x", L"-  docs/.*\\.tmp$", L"- a$ ", L"+ (?i)\\.TMP$", L""});
+  EXPECT_EQ(Line(model, 0), L"1||# all||");
+  EXPECT_EQ(Line(model, 1), L"2|*|x|フィルターの先頭文字 (*) が不正です|");
+  EXPECT_EQ(Line(model, 2), L"3|-|docs/.*\\.tmp$||");
+  EXPECT_EQ(model.Text(3, CFilterCheckModel::EXPRESSION), L"a$ ") << "the blank counts";
+  EXPECT_EQ(model.Look(1).color, setting.stateColors[3]);
+  EXPECT_TRUE(model.Look(5).grey);
+  EXPECT_EQ(model.Decide(L"docs/a.tmp").row, 2u);
+  EXPECT_TRUE(model.Decide(L"docs/a.tmp").excluded);
+  EXPECT_EQ(model.Decide(L"a.tmp").text, L"5: + (?i)\\.TMP$");
+  EXPECT_EQ(model.Decide(L"docs\\").row, std::nullopt);
+}
+
+}  // namespace
