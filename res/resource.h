@@ -26,6 +26,20 @@
 #define IDC_PASSWORD_DESC            319
 
 // Main window: 260-279, controls 1300-1399.
+#define IDR_MAIN_MENU                260
+#define IDR_MAIN_KEYS                261
+#define IDR_TASK_MENU                262
+#define IDR_DST_MENU                 263
+#define IDC_SPLITTER                 1300
+#define IDC_TASK_PANE                1301
+#define IDC_DST_PANE                 1302
+#define IDC_TASK_LIST                1303
+#define IDC_DST_LIST                 1304
+#define IDC_TOOLBAR                  1305
+#define IDC_STATUS_BAR               1306
+#define IDC_PROGRESS                 1307
+#define IDC_PANE_TITLE               1308
+#define IDC_PANE_HINT                1309
 
 // --- texts and commands ---
 
@@ -51,6 +65,42 @@
 #define ID_HOME_PAGE                 58374
 #define ID_USAGE_PAGE                58375
 #define ID_SETTINGS                  58378
+
+// Edits of the list that has the keyboard.
+#define ID_COPY                      57634
+#define ID_CUT                       57635
+#define ID_PASTE                     57637
+#define ID_SELECT_ALL                57642
+#define ID_UNDO                      57643
+#define ID_REDO                      57644
+#define ID_ITEM_ADD                  33000
+#define ID_ITEM_EDIT                 33001
+#define ID_ITEM_DUPLICATE            33002
+#define ID_ITEM_DELETE               33003
+#define ID_ITEM_UP                   33004
+#define ID_ITEM_DOWN                 33005
+
+// The same for one list, whichever has the keyboard: the number of the edit above behind the list's first.
+#define ID_TASK_EDITS                33100
+#define ID_TASK_ADD                  33100
+#define ID_TASK_EDIT                 33101
+#define ID_TASK_DUPLICATE            33102
+#define ID_TASK_DELETE               33103
+#define ID_TASK_UP                   33104
+#define ID_TASK_DOWN                 33105
+#define ID_DST_EDITS                 33200
+#define ID_DST_ADD                   33200
+#define ID_DST_EDIT                  33201
+#define ID_DST_DUPLICATE             33202
+#define ID_DST_DELETE                33203
+#define ID_DST_UP                    33204
+#define ID_DST_DOWN                  33205
+
+// The view of the main window.
+#define ID_OTHER_PANE                33300
+#define ID_FULL_SCREEN               33301
+#define ID_FILTER_CHECK              33302
+#define ID_TARGETS                   33303
 
 // Command texts; the number is also the command's id.
 #define IDS_CMD_ADD_FILE             150
@@ -177,6 +227,40 @@
 // Texts of password, replace, about and settings: 640-679.
 
 // Texts of the main window: 680-799.
+#define IDS_UNTITLED                 680
+#define IDS_ITEM_COUNTS              681
+#define IDS_ASK_DELETE_DSTS          682
+#define IDS_SHUTDOWN_REASON          683
+#define IDS_PANE_TASKS               684
+#define IDS_PANE_DSTS                685
+#define IDS_EMPTY_HINT               686
+#define IDS_FIRST_TASK               687
+#define IDS_EMPTY_DSTS_HINT          688
+#define IDS_FIRST_DST                689
+#define IDS_BUTTON_ADD               690
+#define IDS_BUTTON_EDIT              691
+#define IDS_BUTTON_DUPLICATE         692
+#define IDS_BUTTON_DELETE            693
+#define IDS_BUTTON_UP                694
+#define IDS_BUTTON_DOWN              695
+#define IDS_BUTTON_TEST              696
+#define IDS_BUTTON_OPEN_SOURCE       697
+#define IDS_BUTTON_OPEN_DESTINATION  698
+#define IDS_TOOL_NEW                 700
+#define IDS_TOOL_OPEN                701
+#define IDS_TOOL_SAVE                702
+#define IDS_TOOL_RUN                 703
+#define IDS_TOOL_STOP                704
+#define IDS_TOOL_TEST                705
+#define IDS_TOOL_RESULTS             706
+#define IDS_TOOL_REPLACE             707
+#define IDS_TOOL_SETTINGS            708
+#define IDS_MENU_RUN                 710
+#define IDS_MENU_STOP                711
+#define IDS_NO_TASK_SELECTED         712
+#define IDS_DROP_FILTER_ON_TASK      713
+#define IDS_DROP_UNKNOWN             714
+#define IDS_NO_RECENT                715
 
 // Command text of the replace tool; the number is also the command's id.
 #define IDS_CMD_REPLACE              57641

@@ -1,0 +1,72 @@
+// One list of the main view, with its title and the buttons of its edits above it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "ui/framework/gdi.h"
+#include "ui/framework/list_view.h"
+#include "ui/framework/window.h"
+
+namespace my {
+class IMessageTexts;
+}
+
+namespace qlm {
+
+struct CPaneButton {
+  int id = 0;           // of its WM_COMMAND
+  uint32_t textId = 0;  // in the string table
+};
+
+struct CPaneSpec {
+  uint32_t titleId = 0;
+  uint32_t hintId = 0;  // in place of an empty list
+  CPaneButton hintButton;
+  std::vector<CPaneButton> buttons;
+};
+
+// What the user does with the buttons goes to the parent as WM_COMMAND.
+class CListPane : public my::CWindow {
+ public:
+  // Both outlive the pane.
+  CListPane(const my::IMessageTexts& texts, const my::IListModel& model) : m_texts(texts), m_list(model) {}
+
+  void CreateIn(HWND parent, int paneId, int listId, my::CListView::Boxes boxes, CPaneSpec spec);
+
+  my::CListView& List() { return m_list; }
+  const my::CListView& List() const { return m_list; }
+
+  void EnableButton(int id, bool enable) const;
+
+  // Whether the hint stands in place of the list.
+  void ShowHint(bool show);
+
+  // Where the keyboard goes: the list, or the hint's button.
+  void SetFocus() const;
+
+ protected:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  HWND AddControl(const wchar_t* className, uint32_t textId, DWORD style, int id) const;
+  void UseDpi(UINT dpi);
+  void Arrange() const;
+  int ArrangeHeader(int width) const;  // answers its height
+  void ArrangeHint(const RECT& area) const;
+  SIZE TextSize(HWND control) const;
+
+  const my::IMessageTexts& m_texts;
+  my::CListView m_list;
+  CPaneSpec m_spec;
+  HWND m_title = nullptr;
+  HWND m_hint = nullptr;
+  HWND m_hintButton = nullptr;
+  std::vector<HWND> m_buttons;
+  UINT m_dpi = 0;
+  my::CFont m_font;
+  my::CFont m_titleFont;
+};
+
+}  // namespace qlm

@@ -1,0 +1,99 @@
+#include "ui/main_view.h"
+
+#include "document/document.h"
+#include "resource.h"
+#include "settings/settings.h"
+#include "ui/framework/dpi.h"
+
+namespace qlm {
+namespace {
+
+constexpr int kDefaultTasksHeight = 300;  // pixels at 96 DPI
+
+const CPaneSpec kTaskPane{IDS_PANE_TASKS,
+                          IDS_EMPTY_HINT,
+                          {ID_TASK_ADD, IDS_FIRST_TASK},
+                          {{ID_TASK_ADD, IDS_BUTTON_ADD},
+                           {ID_TASK_EDIT, IDS_BUTTON_EDIT},
+                           {ID_TASK_DUPLICATE, IDS_BUTTON_DUPLICATE},
+                           {ID_TASK_DELETE, IDS_BUTTON_DELETE},
+                           {ID_TASK_UP, IDS_BUTTON_UP},
+                           {ID_TASK_DOWN, IDS_BUTTON_DOWN},
+                           {ID_TASK_TARGETS, IDS_BUTTON_TEST},
+                           {ID_EXPLORER_SRC, IDS_BUTTON_OPEN_SOURCE}}};
+const CPaneSpec kDstPane{IDS_PANE_DSTS,
+                         IDS_EMPTY_DSTS_HINT,
+                         {ID_DST_ADD, IDS_FIRST_DST},
+                         {{ID_DST_ADD, IDS_BUTTON_ADD},
+                          {ID_DST_EDIT, IDS_BUTTON_EDIT},
+                          {ID_DST_DUPLICATE, IDS_BUTTON_DUPLICATE},
+                          {ID_DST_DELETE, IDS_BUTTON_DELETE},
+                          {ID_DST_UP, IDS_BUTTON_UP},
+                          {ID_DST_DOWN, IDS_BUTTON_DOWN},
+                          {ID_EXPLORER_DST, IDS_BUTTON_OPEN_DESTINATION}}};
+
+}  // namespace
+
+CMainView::CMainView(const CDocument& document, const CUISetting& setting, const my::IMessageTexts& texts)
+    : m_document(document),
+      m_taskModel(document, setting, texts),
+      m_dstModel(document, texts),
+      m_tasks(texts, m_taskModel),
+      m_dsts(texts, m_dstModel) {}
+
+void CMainView::CreateIn(HWND parent) {
+  m_splitter.CreateIn(parent, IDC_SPLITTER);
+  m_tasks.CreateIn(m_splitter.Hwnd(), IDC_TASK_PANE, IDC_TASK_LIST, my::CListView::Boxes::No, kTaskPane);
+  m_dsts.CreateIn(m_splitter.Hwnd(), IDC_DST_PANE, IDC_DST_LIST, my::CListView::Boxes::Yes, kDstPane);
+  m_splitter.SetUpper(kDefaultTasksHeight);
+  m_splitter.SetPanes(m_tasks.Hwnd(), m_dsts.Hwnd());
+}
+
+CListPane& CMainView::Current() {
+  const HWND focus = ::GetFocus();
+  if (::IsChild(m_tasks.Hwnd(), focus)) m_dstsCurrent = false;
+  if (::IsChild(m_dsts.Hwnd(), focus)) m_dstsCurrent = true;
+  return m_dstsCurrent ? m_dsts : m_tasks;
+}
+
+void CMainView::FocusOther() {
+  (TasksAreCurrent() ? m_dsts : m_tasks).SetFocus();
+}
+
+void CMainView::OnDocumentChanged(bool reset) {
+  m_taskModel.Refresh();
+  m_dstModel.Refresh({});
+  if (reset) {
+    m_taskModel.ClearResults();
+    m_tasks.List().Select({});
+    m_dsts.List().Select({});
+  }
+  m_tasks.List().Refresh();
+  m_tasks.ShowHint(m_document.Tasks().empty());
+  m_dsts.ShowHint(m_document.Dsts().empty());
+  OnTaskSelection();
+}
+
+void CMainView::OnTaskSelection() {
+  m_dstModel.Refresh(m_tasks.List().Selection());
+  m_dsts.List().Refresh();
+}
+
+void CMainView::Redraw() {
+  m_tasks.List().Refresh();
+  m_dsts.List().Refresh();
+}
+
+void CMainView::ApplySettings(const CMainFrameSetting& setting) {
+  m_tasks.List().SetWidths(setting.tasksColumnWidthes);
+  m_dsts.List().SetWidths(setting.dstsColumnWidthes);
+  if (setting.tasksFixSize > 0) m_splitter.SetUpper(setting.tasksFixSize);
+}
+
+void CMainView::StoreSettings(CMainFrameSetting& setting) const {
+  setting.tasksColumnWidthes = m_tasks.List().Widths();
+  setting.dstsColumnWidthes = m_dsts.List().Widths();
+  setting.tasksFixSize = m_splitter.Upper();
+}
+
+}  // namespace qlm

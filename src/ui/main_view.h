@@ -1,0 +1,53 @@
+// The two lists of the main window: the tasks above, the common destinations below.
+#pragma once
+
+#include "app/windows.h"
+#include "ui/framework/splitter.h"
+#include "ui/list_pane.h"
+#include "ui/models/dst_list_model.h"
+#include "ui/models/task_list_model.h"
+
+namespace qlm {
+
+class CDocument;
+struct CMainFrameSetting;
+
+class CMainView {
+ public:
+  // All outlive the view.
+  CMainView(const CDocument& document, const CUISetting& setting, const my::IMessageTexts& texts);
+
+  void CreateIn(HWND parent);
+  HWND Hwnd() const { return m_splitter.Hwnd(); }
+
+  CListPane& Tasks() { return m_tasks; }
+  CListPane& Dsts() { return m_dsts; }
+  CTaskListModel& TaskModel() { return m_taskModel; }
+
+  // The pane that has, or had last, the keyboard.
+  CListPane& Current();
+  bool TasksAreCurrent() { return &Current() == &m_tasks; }
+  void FocusOther();
+
+  // The document has changed. With `reset` it is another one, and nothing stays selected.
+  void OnDocumentChanged(bool reset);
+
+  // The selected tasks have changed: their destinations are checked.
+  void OnTaskSelection();
+
+  void Redraw();  // the texts have changed, the document has not
+
+  void ApplySettings(const CMainFrameSetting& setting);
+  void StoreSettings(CMainFrameSetting& setting) const;
+
+ private:
+  const CDocument& m_document;
+  CTaskListModel m_taskModel;
+  CDstListModel m_dstModel;
+  my::CSplitter m_splitter;
+  CListPane m_tasks;
+  CListPane m_dsts;
+  bool m_dstsCurrent = false;
+};
+
+}  // namespace qlm
