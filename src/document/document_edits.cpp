@@ -123,10 +123,6 @@ CDstPtr NumberedCopy(const CDst& dst, const CDsts& others) {
 
 }  // namespace
 
-size_t InsertRow(std::ptrdiff_t position, size_t size) {
-  return position >= 0 && position < static_cast<std::ptrdiff_t>(size) ? static_cast<size_t>(position) : size;
-}
-
 size_t InsertTask(CDocument& document, std::ptrdiff_t position, CTask task) {
   const size_t row = InsertRow(position, document.Tasks().size());
   document.Edit(kTasks, [&](CContent& content) {
@@ -295,11 +291,10 @@ DstUse UseOf(const CDocument& document, const CRows& tasks, size_t dst) {
 
 size_t CountUsers(const CDocument& document, const CRows& dsts) {
   const auto objects = Objects(document.Dsts(), dsts);
-  return static_cast<size_t>(
-      std::count_if(document.Tasks().begin(), document.Tasks().end(), [&objects](const CTaskPtr& task) {
-        return std::any_of(task->dsts.begin(), task->dsts.end(),
-                           [&objects](const CDstPtr& dst) { return objects.contains(dst.get()); });
-      }));
+  const auto isCounted = [&objects](const CDstPtr& dst) { return objects.contains(dst.get()); };
+  return static_cast<size_t>(std::ranges::count_if(document.Tasks(), [&isCounted](const CTaskPtr& task) {
+    return std::ranges::any_of(task->dsts, isCounted);
+  }));
 }
 
 }  // namespace qlm

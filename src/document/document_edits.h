@@ -22,7 +22,9 @@ enum class DstUse { NONE, MIXED, ALL };
 
 // The row of an item that is inserted before the one at that position of a list; the end for -1 and any other
 // position outside the list.
-size_t InsertRow(std::ptrdiff_t position, size_t size);
+constexpr size_t InsertRow(std::ptrdiff_t position, size_t size) {
+  return position >= 0 && position < static_cast<std::ptrdiff_t>(size) ? static_cast<size_t>(position) : size;
+}
 
 // --- tasks ---
 
