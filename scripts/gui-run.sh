@@ -20,14 +20,24 @@ open_screen() {
   export DISPLAY=:$number
 }
 
+# A desktop of Wine's own for this program: windows get captions without a window manager, and nothing waits
+# for the answers of one. Unlike `explorer /desktop=...` it lets the exit code through.
+give_desktop() {
+  local key='HKCU\Software\Wine'
+  run_wine reg add "$key\\AppDefaults\\$(basename "$1")\\Explorer" /v Desktop /d qlm /f >/dev/null 2>&1
+  run_wine reg add "$key\\Explorer\\Desktops" /v qlm /d 1280x900 /f >/dev/null 2>&1
+}
+
 if [[ ${QLM_DISPLAY-} ]]; then
   export DISPLAY=$QLM_DISPLAY
+  give_desktop "$1"
   run_wine "$@"
   exit
 fi
 folder=$(mktemp -d)
 trap close_screen EXIT
 open_screen
+give_desktop "$1"
 code=0
 run_wine "$@" || code=$?
 # What Wine leaves running would go with its screen half-way.

@@ -45,14 +45,11 @@ struct Dialog : testing::Test {
     const RECT inner = Bounds(dialog.Item(id));
     return {outer.right - inner.right, outer.bottom - inner.bottom};
   }
-  void SetDpi(UINT dpi) const {
-    RECT suggested = Bounds(dialog.Hwnd());
-    const auto scaled = [&](LONG length) {
-      return ::MulDiv(length, static_cast<int>(dpi), static_cast<int>(dialog.Dpi()));
-    };
-    suggested.right = suggested.left + scaled(suggested.right - suggested.left);
-    suggested.bottom = suggested.top + scaled(suggested.bottom - suggested.top);
-    ::SendMessageW(dialog.Hwnd(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&suggested));
+  // As the system does when the window, which has `bounds` at 96 DPI, comes to a screen of this DPI.
+  void SetDpi(RECT bounds, UINT dpi) const {
+    bounds.right = bounds.left + Scale(bounds.right - bounds.left, dpi);
+    bounds.bottom = bounds.top + Scale(bounds.bottom - bounds.top, dpi);
+    ::SendMessageW(dialog.Hwnd(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&bounds));
   }
 
   CAutoMessageLoop loop;
@@ -84,9 +81,10 @@ TEST_F(Dialog, controls_follow_the_edges_and_it_never_gets_smaller_than_its_temp
 TEST_F(Dialog, follows_the_dpi_of_its_screen_and_comes_back_without_drift) {
   dialog.CreateModeless(nullptr, loop);
   const SIZE edit = Of(IDC_EDIT);
-  const RECT list = Bounds(dialog.Item(IDC_LIST));
+  const SIZE list = Of(IDC_LIST);
+  const RECT bounds = Bounds(dialog.Hwnd());
   for (const UINT dpi : {144u, 192u}) {
-    SetDpi(dpi);
+    SetDpi(bounds, dpi);
     EXPECT_EQ(dialog.Dpi(), dpi);
     EXPECT_NEAR(Of(IDC_EDIT).cx, Scale(edit.cx, dpi), Scale(edit.cx, dpi) / 8);
     EXPECT_NEAR(Of(IDC_EDIT).cy, Scale(edit.cy, dpi), Scale(edit.cy, dpi) / 8);
@@ -97,10 +95,10 @@ TEST_F(Dialog, follows_the_dpi_of_its_screen_and_comes_back_without_drift) {
     ::GetObjectW(font, sizeof used, &used);
     EXPECT_EQ(used.lfHeight, MessageLogFont(dpi).lfHeight);
   }
-  SetDpi(kDefaultDpi);
+  SetDpi(bounds, kDefaultDpi);
   EXPECT_EQ(Of(IDC_EDIT).cx, edit.cx);
   EXPECT_EQ(Of(IDC_EDIT).cy, edit.cy);
-  EXPECT_EQ(Bounds(dialog.Item(IDC_LIST)).bottom - Bounds(dialog.Item(IDC_LIST)).top, list.bottom - list.top);
+  EXPECT_EQ(Of(IDC_LIST).cy, list.cy);
 }
 
 TEST_F(Dialog, comes_back_where_it_was_but_onto_a_screen) {
