@@ -17,13 +17,6 @@ RECT RowRect(HWND list, int row) {
   return rect;
 }
 
-POINT Mouse(HWND list) {
-  POINT point{};
-  ::GetCursorPos(&point);
-  ::ScreenToClient(list, &point);
-  return point;
-}
-
 // Above the first row lies the header.
 int RowsTop(HWND list) {
   RECT header{};
@@ -34,32 +27,33 @@ int RowsTop(HWND list) {
 
 }  // namespace
 
-void CListDrag::Begin(HWND list) {
+void CListDrag::Begin(HWND list, POINT mouse) {
   m_list = list;
-  m_before = TargetAt(Mouse(list));
+  m_mouse = mouse;
+  m_before = TargetAt(mouse);
   ::SetCapture(list);
   ::SetTimer(list, kTimer, kScrollMs, nullptr);
   ::InvalidateRect(list, nullptr, FALSE);
 }
 
-void CListDrag::Move() {
-  SetTarget(TargetAt(Mouse(m_list)));
+void CListDrag::Move(POINT mouse) {
+  m_mouse = mouse;
+  SetTarget(TargetAt(mouse));
 }
 
 void CListDrag::Scroll() {
-  const POINT mouse = Mouse(m_list);
   RECT client{};
   ::GetClientRect(m_list, &client);
   const RECT row = RowRect(m_list, ListView_GetTopIndex(m_list));
   const int height = row.bottom - row.top;
-  if (mouse.y < RowsTop(m_list))
+  if (m_mouse.y < RowsTop(m_list))
     ListView_Scroll(m_list, 0, -height);
-  else if (mouse.y >= client.bottom)
+  else if (m_mouse.y >= client.bottom)
     ListView_Scroll(m_list, 0, height);
   else
     return;
   ::InvalidateRect(m_list, nullptr, FALSE);
-  SetTarget(TargetAt(mouse));
+  SetTarget(TargetAt(m_mouse));
 }
 
 std::optional<size_t> CListDrag::Drop() {

@@ -15,8 +15,10 @@ class CListDrag {
   static constexpr UINT_PTR kTimer = 0x4452;  // of the list's window; its WM_TIMER calls Scroll
 
   bool Active() const { return m_list != nullptr; }
-  void Begin(HWND list);
-  void Move();
+
+  // Points are of the list's client area.
+  void Begin(HWND list, POINT mouse);
+  void Move(POINT mouse);
   void Scroll();
 
   // The row in front of which the dragged ones go, the row count for behind the last.
@@ -32,6 +34,7 @@ class CListDrag {
   RECT MarkArea() const;
 
   HWND m_list = nullptr;
+  POINT m_mouse{};
   int m_before = 0;
 };
 

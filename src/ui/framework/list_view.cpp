@@ -226,13 +226,13 @@ std::optional<LRESULT> CListView::HandleMessage(UINT message, WPARAM wParam, LPA
     case WM_CONTEXTMENU:
       if (reinterpret_cast<HWND>(wParam) == m_list) HandleContextMenu(lParam);
       return 0;
-    default: return m_drag.Active() ? HandleDrag(message, wParam) : std::nullopt;
+    default: return m_drag.Active() ? HandleDrag(message, wParam, lParam) : std::nullopt;
   }
 }
 
-std::optional<LRESULT> CListView::HandleDrag(UINT message, WPARAM wParam) {
+std::optional<LRESULT> CListView::HandleDrag(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_MOUSEMOVE: m_drag.Move(); return 0;
+    case WM_MOUSEMOVE: m_drag.Move({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}); return 0;
     case WM_TIMER:
       if (wParam != CListDrag::kTimer) return {};
       m_drag.Scroll();
@@ -284,7 +284,7 @@ std::optional<LRESULT> CListView::HandleNotify(NMHDR& header) {
     case NM_CUSTOMDRAW: return OnCustomDraw(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
     case NM_CLICK: HandleClick(reinterpret_cast<const NMITEMACTIVATE&>(header), false); return 0;
     case NM_DBLCLK: HandleClick(reinterpret_cast<const NMITEMACTIVATE&>(header), true); return 0;
-    case LVN_BEGINDRAG: HandleBeginDrag(); return 0;
+    case LVN_BEGINDRAG: HandleBeginDrag(reinterpret_cast<const NMLISTVIEW&>(header).ptAction); return 0;
     case LVN_ITEMCHANGED: {
       const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
       if ((change.uChanged & LVIF_STATE) != 0) HandleSelection(change.uOldState, change.uNewState);
@@ -340,8 +340,8 @@ void CListView::HandleSelection(UINT oldState, UINT newState) {
   if (changed && !m_quiet && m_events.selectionChanged) m_events.selectionChanged();
 }
 
-void CListView::HandleBeginDrag() {
-  if (m_events.canDrag && m_events.canDrag()) m_drag.Begin(m_list);
+void CListView::HandleBeginDrag(POINT mouse) {
+  if (m_events.canDrag && m_events.canDrag()) m_drag.Begin(m_list, mouse);
 }
 
 }  // namespace my

@@ -81,7 +81,7 @@ class CListView {
   void ChangeDpi(UINT dpi);
 
   std::optional<LRESULT> HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
-  std::optional<LRESULT> HandleDrag(UINT message, WPARAM wParam);
+  std::optional<LRESULT> HandleDrag(UINT message, WPARAM wParam, LPARAM lParam);
   bool HandleKey(UINT key);
   void HandleContextMenu(LPARAM position) const;
   std::optional<LRESULT> HandleNotify(NMHDR& header);
@@ -89,7 +89,7 @@ class CListView {
   LRESULT Find(const NMLVFINDITEMW& find) const;
   void HandleClick(const NMITEMACTIVATE& click, bool twice);
   void HandleSelection(UINT oldState, UINT newState);
-  void HandleBeginDrag();
+  void HandleBeginDrag(POINT mouse);
 
   const IListModel& m_model;
   CListEvents m_events;

@@ -1,0 +1,180 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <stdexcept>
+
+#include "gui/gui.h"
+#include "ui/framework/dpi.h"
+#include "ui/framework/failures.h"
+#include "ui/framework/window_placement.h"
+
+namespace {
+
+using namespace my;
+using test::Bounds;
+using test::Size;
+
+class CTestDialog : public CDialog {
+ public:
+  explicit CTestDialog(qlm::CDlgSetting* placement = nullptr) : CDialog(IDD_TEST, placement), list(rows) {}
+
+  std::function<void()> onInit = [] {};
+  std::function<void()> onOk = [this] { Close(IDOK); };
+  test::CRows rows;
+  CListView list;
+
+ protected:
+  std::vector<CAnchor> Anchors() const override {
+    return {{IDC_EDIT, kLeft | kTop | kRight},
+            {IDC_LIST, kLeft | kTop | kRight | kBottom},
+            {IDOK, kRight | kBottom},
+            {IDCANCEL, CShares{100, 100, 100, 100}}};
+  }
+  bool OnInit() override {
+    list.Attach(Item(IDC_LIST), CListView::Boxes::Yes);
+    onInit();
+    return true;
+  }
+  void OnOk() override { onOk(); }
+};
+
+struct Dialog : testing::Test {
+  SIZE Of(int id) const { return Size(dialog.Item(id)); }
+  POINT Offset(int id) const {
+    const RECT outer = Bounds(dialog.Hwnd());
+    const RECT inner = Bounds(dialog.Item(id));
+    return {outer.right - inner.right, outer.bottom - inner.bottom};
+  }
+  // As the system does when the window, which has `bounds` at 96 DPI, comes to a screen of this DPI.
+  void SetDpi(RECT bounds, UINT dpi) const {
+    bounds.right = bounds.left + Scale(bounds.right - bounds.left, dpi);
+    bounds.bottom = bounds.top + Scale(bounds.bottom - bounds.top, dpi);
+    ::SendMessageW(dialog.Hwnd(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&bounds));
+  }
+
+  CAutoMessageLoop loop;
+  qlm::CDlgSetting setting;
+  CTestDialog dialog{&setting};
+};
+
+TEST_F(Dialog, controls_follow_the_edges_and_it_never_gets_smaller_than_its_template) {
+  dialog.CreateModeless(nullptr, loop);
+  const SIZE before = Size(dialog.Hwnd());
+  const SIZE edit = Of(IDC_EDIT);
+  const SIZE list = Of(IDC_LIST);
+  const SIZE combo = Of(IDC_COMBO);
+  const POINT ok = Offset(IDOK);
+  test::Resize(dialog.Hwnd(), before.cx + 101, before.cy + 37);
+  EXPECT_EQ(Of(IDC_EDIT).cx, edit.cx + 101);
+  EXPECT_EQ(Of(IDC_EDIT).cy, edit.cy);
+  EXPECT_EQ(Of(IDC_LIST).cx, list.cx + 101);
+  EXPECT_EQ(Of(IDC_LIST).cy, list.cy + 37);
+  EXPECT_EQ(Of(IDC_COMBO).cx, combo.cx);
+  EXPECT_EQ(Offset(IDOK).x, ok.x);
+  EXPECT_EQ(Offset(IDOK).y, ok.y);
+  test::Resize(dialog.Hwnd(), 10, 10);
+  EXPECT_EQ(Size(dialog.Hwnd()).cx, before.cx);
+  EXPECT_EQ(Size(dialog.Hwnd()).cy, before.cy);
+  EXPECT_EQ(Of(IDC_LIST).cx, list.cx);
+}
+
+TEST_F(Dialog, follows_the_dpi_of_its_screen_and_comes_back_without_drift) {
+  dialog.CreateModeless(nullptr, loop);
+  const SIZE edit = Of(IDC_EDIT);
+  const SIZE list = Of(IDC_LIST);
+  const RECT bounds = Bounds(dialog.Hwnd());
+  for (const UINT dpi : {144u, 192u}) {
+    SetDpi(bounds, dpi);
+    EXPECT_EQ(dialog.Dpi(), dpi);
+    EXPECT_NEAR(Of(IDC_EDIT).cx, Scale(edit.cx, dpi), Scale(edit.cx, dpi) / 8);
+    EXPECT_NEAR(Of(IDC_EDIT).cy, Scale(edit.cy, dpi), Scale(edit.cy, dpi) / 8);
+    EXPECT_EQ(ListView_GetColumnWidth(dialog.Item(IDC_LIST), 1), Scale(41, dpi));
+    EXPECT_EQ(dialog.list.Widths(), (qlm::CColumnWidthes{80, 41}));
+    const auto font = reinterpret_cast<HFONT>(::SendMessageW(dialog.Item(IDC_EDIT), WM_GETFONT, 0, 0));
+    LOGFONTW used{};
+    ::GetObjectW(font, sizeof used, &used);
+    EXPECT_EQ(used.lfHeight, MessageLogFont(dpi).lfHeight);
+  }
+  SetDpi(bounds, kDefaultDpi);
+  EXPECT_EQ(Of(IDC_EDIT).cx, edit.cx);
+  EXPECT_EQ(Of(IDC_EDIT).cy, edit.cy);
+  EXPECT_EQ(Of(IDC_LIST).cy, list.cy);
+}
+
+TEST_F(Dialog, comes_back_where_it_was_but_onto_a_screen) {
+  setting.rect = {100, 120, 700, 620};
+  dialog.CreateModeless(nullptr, loop);
+  EXPECT_EQ(WindowBounds(dialog.Hwnd()), setting.rect);
+  ::MoveWindow(dialog.Hwnd(), 50, 60, 640, 480, FALSE);
+  dialog.Close(IDOK);
+  EXPECT_EQ(setting.rect, (qlm::CRect{50, 60, 690, 540}));
+  EXPECT_FALSE(setting.maximized);
+
+  setting = {true, {-5000, INT32_MAX - 500, -4400, INT32_MAX}};
+  CTestDialog away(&setting);
+  away.CreateModeless(nullptr, loop);
+  EXPECT_TRUE(::IsZoomed(away.Hwnd()));
+  ::ShowWindow(away.Hwnd(), SW_RESTORE);
+  const auto area = WorkAreas().front();
+  EXPECT_EQ(WindowBounds(away.Hwnd()),
+            (qlm::CRect{area.left, area.bottom - 500, area.left + 600, area.bottom}));
+}
+
+TEST_F(Dialog, failing_handlers_reach_the_caller_or_the_handler_of_failures) {
+  dialog.onInit = [] { throw std::runtime_error("init"); };
+  EXPECT_THROW(dialog.DoModal(nullptr), std::runtime_error);
+  EXPECT_THROW(dialog.CreateModeless(nullptr, loop), std::runtime_error);
+  EXPECT_EQ(dialog.Hwnd(), nullptr);
+
+  int failures = 0;
+  const auto before = SetFailureHandler([&](const std::exception_ptr&) { ++failures; });
+  dialog.onInit = [] {};
+  dialog.onOk = [&] {
+    dialog.onOk = [&] { dialog.Close(IDOK); };
+    ::PostMessageW(dialog.Hwnd(), WM_COMMAND, IDOK, 0);
+    throw std::runtime_error("ok");
+  };
+  dialog.onInit = [&] { ::PostMessageW(dialog.Hwnd(), WM_COMMAND, IDOK, 0); };
+  EXPECT_EQ(dialog.DoModal(nullptr), IDOK);
+  EXPECT_EQ(failures, 1);
+  SetFailureHandler(before);
+}
+
+// Wine does not count for GetGuiResources; there the slots of its table of GDI objects can be asked one by one.
+DWORD GdiObjects() {
+  DWORD count = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS);
+  if (count != 0) return count;
+  for (UINT_PTR slot = 1; slot <= 0xFFFF; ++slot)
+    if (::GetObjectType(reinterpret_cast<HGDIOBJ>(slot)) != 0) ++count;
+  return count;
+}
+
+// There only windows are counted.
+DWORD UserObjects() {
+  DWORD count = ::GetGuiResources(::GetCurrentProcess(), GR_USEROBJECTS);
+  const auto countOne = [](HWND, LPARAM sum) -> BOOL { return ++*reinterpret_cast<DWORD*>(sum) != 0; };
+  if (count == 0) ::EnumThreadWindows(::GetCurrentThreadId(), countOne, reinterpret_cast<LPARAM>(&count));
+  return count;
+}
+
+TEST(Dialogs, leave_nothing_behind) {
+  CAutoMessageLoop loop;
+  const auto open = [&](int i) {
+    CTestDialog dialog;
+    if (i % 2 == 0) {
+      dialog.CreateModeless(nullptr, loop);
+      test::Pump();
+      return;  // destroyed with its window
+    }
+    dialog.onInit = [&] { ::PostMessageW(dialog.Hwnd(), WM_COMMAND, IDCANCEL, 0); };
+    EXPECT_EQ(dialog.DoModal(nullptr), IDCANCEL);
+  };
+  for (int i = 0; i < 4; ++i) open(i);  // what the system keeps for good
+  const DWORD gdi = GdiObjects();
+  const DWORD user = UserObjects();
+  for (int i = 0; i < 200; ++i) open(i);
+  EXPECT_EQ(GdiObjects(), gdi);
+  EXPECT_EQ(UserObjects(), user);
+}
+
+}  // namespace

@@ -1,0 +1,56 @@
+// What the tests of windows share.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "gui/test_dialog.h"
+#include "ui/framework/dialog.h"
+#include "ui/framework/list_view.h"
+
+namespace test {
+
+// Messages that are waiting, but no longer than it takes.
+inline void Pump() {
+  MSG message;
+  while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    ::TranslateMessage(&message);
+    ::DispatchMessageW(&message);
+  }
+}
+
+inline RECT Bounds(HWND window) {
+  RECT rect{};
+  ::GetWindowRect(window, &rect);
+  return rect;
+}
+
+inline SIZE Size(HWND window) {
+  const RECT rect = Bounds(window);
+  return {rect.right - rect.left, rect.bottom - rect.top};
+}
+
+inline void Resize(HWND window, int width, int height) {
+  ::SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+struct CRows : my::IListModel {
+  size_t count = 10000;
+  std::vector<my::ListCheck> checks = {my::ListCheck::Unchecked, my::ListCheck::Checked,
+                                       my::ListCheck::Mixed};
+
+  size_t RowCount() const override { return count; }
+  size_t ColumnCount() const override { return 2; }
+  my::CListColumn Column(size_t column) const override {
+    return {L"column", column == 0 ? 80 : 41, my::ListAlign::Right};
+  }
+  std::wstring Text(size_t row, size_t column) const override {
+    return (column == 0 ? L"Row" : L"second") + std::to_wstring(row);
+  }
+  my::ListCheck Check(size_t row) const override {
+    return row < checks.size() ? checks[row] : my::ListCheck::None;
+  }
+};
+
+}  // namespace test

@@ -1,0 +1,157 @@
+#include <gtest/gtest.h>
+
+#include "gui/gui.h"
+#include "ui/framework/window.h"
+
+namespace {
+
+using namespace my;
+
+const CWindowClass& FrameClass() {
+  static const CWindowClass frame(L"QuillmoorTestFrame");
+  return frame;
+}
+
+struct ListView : testing::Test {
+  ListView() {
+    CWindowParams params;
+    params.width = 400;
+    params.height = 300;
+    frame.Create(FrameClass(), params);
+    view.Create(frame.Hwnd(), 1, CListView::Boxes::Yes);
+    ::MoveWindow(view.Hwnd(), 0, 0, 380, 260, FALSE);
+    ::ShowWindow(frame.Hwnd(), SW_SHOW);
+    view.Events().check = [this](size_t row) { checked.push_back(row); };
+    view.Events().activate = [this](size_t row) { activated.push_back(row); };
+    view.Events().selectionChanged = [this] { ++selections; };
+    view.Events().canDrag = [] { return true; };
+    view.Events().drop = [this](size_t before) { drops.push_back(before); };
+  }
+
+  void Key(WPARAM key) const { ::SendMessageW(view.Hwnd(), WM_KEYDOWN, key, 0); }
+  POINT Place(int row, int part, int x) const {
+    RECT rect{};
+    ListView_GetItemRect(view.Hwnd(), row, &rect, part);
+    return {rect.left + x, (rect.top + rect.bottom) / 2};
+  }
+  void Click(POINT at) const {
+    ::PostMessageW(view.Hwnd(), WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
+    ::SendMessageW(view.Hwnd(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(at.x, at.y));
+    test::Pump();
+  }
+
+  test::CRows rows;
+  CWindow frame;
+  CListView view{rows};
+  std::vector<size_t> checked, activated, drops;
+  int selections = 0;
+};
+
+TEST_F(ListView, selection_and_focus_stay_while_rows_come_and_go) {
+  view.Select({3, 7, 9999});
+  view.SetFocused(7);
+  EXPECT_EQ(selections, 0);
+  rows.count = 20000;
+  view.Refresh();
+  EXPECT_EQ(view.Selection(), (std::vector<size_t>{3, 7, 9999}));
+  rows.count = 8;
+  view.Refresh();
+  EXPECT_EQ(view.Selection(), (std::vector<size_t>{3, 7}));
+  EXPECT_EQ(view.Focused(), 7u);
+  ListView_SetItemState(view.Hwnd(), 1, LVIS_SELECTED, LVIS_SELECTED);  // as the user does
+  EXPECT_EQ(selections, 1);
+  rows.count = 0;
+  view.Refresh();
+  EXPECT_TRUE(view.Selection().empty());
+  EXPECT_FALSE(view.Focused());
+}
+
+TEST_F(ListView, ten_thousand_rows_are_refreshed_at_once) {
+  const auto start = ::GetTickCount64();
+  for (int i = 0; i < 100; ++i) {
+    rows.count = 10000 + i % 2;
+    view.Refresh();
+    ::UpdateWindow(view.Hwnd());
+  }
+  EXPECT_LT(::GetTickCount64() - start, 5000u);
+  view.EnsureVisible(9999);
+  EXPECT_GT(ListView_GetTopIndex(view.Hwnd()), 9900);
+}
+
+TEST_F(ListView, boxes_and_rows_are_worked_by_mouse_and_keyboard) {
+  for (int row = 0; row < 4; ++row)
+    EXPECT_EQ(ListView_GetItemState(view.Hwnd(), row, LVIS_STATEIMAGEMASK),
+              INDEXTOSTATEIMAGEMASK(static_cast<UINT>(rows.Check(row))));
+  Click(Place(2, LVIR_LABEL, -8));
+  Click(Place(1, LVIR_LABEL, 8));
+  EXPECT_EQ(checked, (std::vector<size_t>{2}));
+  view.SetFocused(1);
+  Key(VK_SPACE);
+  Key(VK_RETURN);
+  EXPECT_EQ(checked, (std::vector<size_t>{2, 1}));
+  EXPECT_EQ(activated, (std::vector<size_t>{1}));
+  view.Events().key = [](UINT key) { return key == VK_RETURN; };
+  Key(VK_RETURN);
+  EXPECT_EQ(activated.size(), 1u);
+
+  LVFINDINFOW find{};
+  find.flags = LVFI_STRING | LVFI_PARTIAL;
+  find.psz = L"rOW123";
+  EXPECT_EQ(ListView_FindItem(view.Hwnd(), -1, &find), 123);
+  EXPECT_EQ(ListView_FindItem(view.Hwnd(), 124, &find), 1230);
+  find.psz = L"none";
+  EXPECT_EQ(ListView_FindItem(view.Hwnd(), -1, &find), -1);
+}
+
+TEST_F(ListView, rows_are_dropped_where_the_mark_is) {
+  const auto begin = [&] {
+    NMLISTVIEW drag{};
+    drag.hdr = {view.Hwnd(), 1, LVN_BEGINDRAG};
+    ::SendMessageW(frame.Hwnd(), WM_NOTIFY, 1, reinterpret_cast<LPARAM>(&drag));
+  };
+  const auto move = [&](POINT at) {
+    ::SendMessageW(view.Hwnd(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(at.x, at.y));
+    ::UpdateWindow(view.Hwnd());
+  };
+  const POINT third = Place(3, LVIR_BOUNDS, 20);
+  begin();
+  move({third.x, third.y - 2});
+  ::SendMessageW(view.Hwnd(), WM_LBUTTONUP, 0, 0);
+  begin();
+  move({third.x, third.y + 2});
+  ::SendMessageW(view.Hwnd(), WM_LBUTTONUP, 0, 0);
+  EXPECT_EQ(drops, (std::vector<size_t>{3, 4}));
+  EXPECT_NE(::GetCapture(), view.Hwnd());
+
+  begin();
+  Key(VK_ESCAPE);
+  ::SendMessageW(view.Hwnd(), WM_LBUTTONUP, 0, 0);
+  begin();
+  ::ReleaseCapture();
+  ::SendMessageW(view.Hwnd(), WM_LBUTTONUP, 0, 0);
+  EXPECT_EQ(drops.size(), 2u);
+
+  begin();
+  move({third.x, 290});
+  const int top = ListView_GetTopIndex(view.Hwnd());
+  ::SendMessageW(view.Hwnd(), WM_TIMER, CListDrag::kTimer, 0);
+  EXPECT_EQ(ListView_GetTopIndex(view.Hwnd()), top + 1);
+}
+
+TEST(ListViews, go_before_or_after_their_control) {
+  const test::CRows rows;
+  CWindow frame;
+  frame.Create(FrameClass(), {});
+  auto first = std::make_unique<CListView>(rows);
+  CListView second(rows);
+  first->Create(frame.Hwnd(), 1, CListView::Boxes::Yes);
+  second.Create(frame.Hwnd(), 2, CListView::Boxes::Yes);
+  const HWND control = first->Hwnd();
+  first.reset();
+  EXPECT_FALSE(::IsWindow(control));
+  frame.Destroy();
+  EXPECT_EQ(frame.Hwnd(), nullptr);
+  EXPECT_EQ(second.Hwnd(), nullptr);
+}
+
+}  // namespace

@@ -1,0 +1,160 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <stdexcept>
+
+#include "gui/gui.h"
+#include "ui/framework/clipboard.h"
+#include "ui/framework/failures.h"
+#include "ui/framework/message_loop.h"
+#include "ui/framework/splitter.h"
+#include "ui/framework/window.h"
+
+namespace {
+
+using namespace my;
+
+const CWindowClass& FrameClass() {
+  static const CWindowClass frame(L"QuillmoorTestWindow");
+  return frame;
+}
+
+class CTestWindow : public CWindow {
+ public:
+  std::function<void(UINT, WPARAM)> onMessage = [](UINT, WPARAM) {};
+
+ protected:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+    onMessage(message, wParam);
+    return Default(message, wParam, lParam);
+  }
+};
+
+TEST(Window, failures_stay_out_of_the_systems_code) {
+  int failures = 0;
+  const auto before = SetFailureHandler([&](const std::exception_ptr&) {
+    ++failures;
+    throw std::runtime_error("in the handler, too");
+  });
+  CTestWindow window;
+  window.onMessage = [](UINT message, WPARAM) {
+    if (message == WM_CREATE) throw std::runtime_error("create");
+  };
+  EXPECT_THROW(window.Create(FrameClass(), {}), std::runtime_error);
+  EXPECT_EQ(window.Hwnd(), nullptr);
+  window.onMessage = [](UINT message, WPARAM) {
+    if (message == WM_APP) throw std::runtime_error("message");
+  };
+  window.Create(FrameClass(), {});
+  EXPECT_EQ(::SendMessageW(window.Hwnd(), WM_APP, 0, 0), 0);
+  EXPECT_EQ(failures, 1);
+  SetFailureHandler(before);
+}
+
+TEST(Window, object_may_go_in_its_last_message) {
+  auto window = std::make_unique<CTestWindow>();
+  window->onMessage = [&](UINT message, WPARAM) {
+    if (message == WM_NCDESTROY) window->onMessage = [](UINT, WPARAM) {};
+  };
+  window->Create(FrameClass(), {});
+  const HWND hwnd = window->Hwnd();
+  ::SendMessageW(hwnd, WM_CLOSE, 0, 0);
+  EXPECT_EQ(window->Hwnd(), nullptr);
+  window->Create(FrameClass(), {});  // and may have another window
+  const HWND second = window->Hwnd();
+  window.reset();
+  EXPECT_FALSE(::IsWindow(second));
+}
+
+TEST(MessageLoop, translates_keys_of_the_registered_windows_only) {
+  CAutoMessageLoop loop;
+  CTestWindow window;
+  window.Create(FrameClass(), {});
+  std::vector<WPARAM> commands;
+  window.onMessage = [&](UINT message, WPARAM wParam) {
+    if (message == WM_COMMAND) commands.push_back(LOWORD(wParam));
+    if (message == WM_APP) ::PostQuitMessage(static_cast<int>(wParam));
+  };
+  ACCEL key{FVIRTKEY, VK_F5, 77};
+  const CAccelerators table(::CreateAcceleratorTableW(&key, 1));
+  const auto press = [&](int exitCode) {
+    ::PostMessageW(window.Hwnd(), WM_KEYDOWN, VK_F5, 0);
+    ::PostMessageW(window.Hwnd(), WM_APP, static_cast<WPARAM>(exitCode), 0);
+    return loop.Run();
+  };
+  {
+    const CTranslation registered = loop.AddAccelerators(window.Hwnd(), table.Get());
+    EXPECT_EQ(press(5), 5);
+    EXPECT_EQ(commands, (std::vector<WPARAM>{77}));
+  }
+  EXPECT_EQ(press(6), 6);
+  EXPECT_EQ(commands.size(), 1u);
+}
+
+TEST(MessageLoop, moves_the_focus_in_modeless_dialogs) {
+  CAutoMessageLoop loop;
+  CDialog dialog(IDD_TEST);
+  dialog.CreateModeless(nullptr, loop);
+  ::SetFocus(dialog.Item(IDC_EDIT));
+  ::PostMessageW(dialog.Item(IDC_EDIT), WM_KEYDOWN, VK_TAB, 0);
+  ::PostQuitMessage(0);
+  loop.Run();
+  EXPECT_EQ(::GetFocus(), dialog.Item(IDC_COMBO));
+}
+
+TEST(Splitter, bar_follows_mouse_and_keys_and_upper_pane_keeps_its_height) {
+  CWindow frame;
+  CWindowParams params;
+  params.width = 300;
+  params.height = 400;
+  frame.Create(FrameClass(), params);
+  CSplitter splitter;
+  splitter.CreateIn(frame.Hwnd(), 1);
+  ::MoveWindow(splitter.Hwnd(), 0, 0, 280, 300, FALSE);
+  CWindow upper, lower;
+  CWindowParams child;
+  child.parent = splitter.Hwnd();
+  child.style = WS_CHILD | WS_VISIBLE;
+  upper.Create(FrameClass(), child);
+  lower.Create(FrameClass(), child);
+  splitter.SetUpper(100);
+  splitter.SetPanes(upper.Hwnd(), lower.Hwnd());
+  EXPECT_EQ(test::Size(upper.Hwnd()).cy, 100);
+  EXPECT_EQ(test::Size(lower.Hwnd()).cy, 195);
+  test::Resize(splitter.Hwnd(), 200, 80);
+  EXPECT_LT(test::Size(upper.Hwnd()).cy, 60);
+  test::Resize(splitter.Hwnd(), 200, 400);
+  EXPECT_EQ(test::Size(upper.Hwnd()).cy, 100);
+
+  int moved = 0;
+  splitter.onMoved = [&] { ++moved; };
+  const auto mouse = [&](UINT message, int y) {
+    ::SendMessageW(splitter.Hwnd(), message, MK_LBUTTON, MAKELPARAM(5, y));
+  };
+  mouse(WM_MOUSEMOVE, 300);
+  EXPECT_EQ(splitter.Upper(), 100);
+  mouse(WM_LBUTTONDOWN, 102);
+  mouse(WM_MOUSEMOVE, 152);
+  mouse(WM_LBUTTONUP, 152);
+  EXPECT_EQ(splitter.Upper(), 150);
+  ::SendMessageW(splitter.Hwnd(), WM_KEYDOWN, VK_UP, 0);
+  EXPECT_EQ(test::Size(upper.Hwnd()).cy, 142);
+  EXPECT_EQ(moved, 2);
+}
+
+TEST(Clipboard, gives_back_what_was_put_there) {
+  CWindow window;
+  window.Create(FrameClass(), {});
+  const CClipboard clipboard(L"Quillmoor.Test");
+  const std::string bytes("a\0b\0", 4);
+  clipboard.Set(window.Hwnd(), L"漢字 𠮷", bytes);
+  EXPECT_EQ(clipboard.Text(window.Hwnd()), L"漢字 𠮷");
+  EXPECT_EQ(clipboard.Bytes(window.Hwnd()), bytes);
+  clipboard.Set(window.Hwnd(), L"", {});
+  EXPECT_EQ(clipboard.Text(window.Hwnd()), L"");
+  EXPECT_FALSE(clipboard.HasBytes());
+  EXPECT_FALSE(clipboard.Bytes(window.Hwnd()));
+}
+
+}  // namespace

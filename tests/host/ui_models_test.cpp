@@ -1,0 +1,44 @@
+#include <gtest/gtest.h>
+
+#include "ui/models/list_model.h"
+#include "ui/models/placement.h"
+
+namespace {
+
+using namespace my;
+
+TEST(Placement, window_is_pulled_back_onto_the_screen_that_it_is_nearest_to) {
+  const CRect left{0, 0, 1000, 800};
+  const CRect right{1000, -200, 2000, 600};
+  const std::vector<CRect> screens = {left, right};
+  const CRect inside{10, 20, 300, 400};
+  EXPECT_EQ(PullBack(inside, screens), inside);
+  EXPECT_EQ(PullBack({900, 700, 1100, 900}, {left}), (CRect{800, 600, 1000, 800}));
+  EXPECT_EQ(PullBack({950, 100, 1250, 300}, screens), (CRect{1000, 100, 1300, 300}));
+  EXPECT_EQ(PullBack({2500, -900, 2700, -800}, screens), (CRect{1800, -200, 2000, -100}));
+  EXPECT_EQ(PullBack({-500, -500, 5000, 100}, {left}), (CRect{0, 0, 1000, 600}));
+  // From an edited settings file.
+  EXPECT_EQ(PullBack({INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN}, {left}), (CRect{1000, 800, 1000, 800}));
+  EXPECT_EQ(PullBack({INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX}, screens), left);
+  EXPECT_EQ(PullBack(inside, {}), inside);
+  EXPECT_EQ(CentreOn({0, 0, 200, 100}, {100, 100, 500, 300}), (CRect{200, 150, 400, 250}));
+}
+
+TEST(ListModel, typed_text_leads_around_the_end) {
+  struct CNames : IListModel {
+    std::vector<std::wstring> names{L"Beta", L"alpha", L"Alto", L"al"};
+    size_t RowCount() const override { return names.size(); }
+    size_t ColumnCount() const override { return 1; }
+    CListColumn Column(size_t) const override { return {}; }
+    std::wstring Text(size_t row, size_t) const override { return names[row]; }
+  } model;
+  EXPECT_EQ(FindRow(model, L"AL", 0), 1u);
+  EXPECT_EQ(FindRow(model, L"al", 3), 3u);
+  EXPECT_EQ(FindRow(model, L"alp", 2), 1u);
+  EXPECT_EQ(FindRow(model, L"b", 9), 0u);
+  EXPECT_FALSE(FindRow(model, L"betas", 0));
+  model.names.clear();
+  EXPECT_FALSE(FindRow(model, L"", 0));
+}
+
+}  // namespace
