@@ -2,14 +2,28 @@
 
 #include <windows.h>
 
+#include <memory>
+
 #include "app/windows.h"
+#include "engine/result.h"
+#include "ui/framework/clipboard.h"
+#include "ui/framework/message_loop.h"
+#include "ui/models/edit_actions.h"
 
 namespace qlm {
 
-// The dialogs that the commands ask for, over the window that is active.
-class CDialogs : public IDialogs {
+class CReplaceDialog;
+class CResultDialog;
+class CResultListModel;
+
+// The program's dialogs, over the window that is active: those that the commands ask for, and the others.
+class CDialogs : public IDialogs, public IItemDialogs, public IClipboard {
  public:
-  void SetOwner(HWND owner) { m_owner = owner; }
+  explicit CDialogs(my::CAutoMessageLoop& loop);
+  ~CDialogs() override;
+
+  // To be called before any other function.
+  void SetOwner(HWND owner, CAppContext& context);
 
   std::optional<std::wstring> AskOpenPath(const CFileQuestion& question) override;
   std::optional<std::wstring> AskSavePath(const CFileQuestion& question) override;
@@ -19,10 +33,33 @@ class CDialogs : public IDialogs {
   void FocusReplace() override;
   void CancelReplace() override;
 
+  void EditTask(const CTask& task, const std::function<void(const CTask&)>& confirm) override;
+  void EditDst(const CDst& dst, const std::function<void(const CDst&)>& confirm) override;
+
+  void Set(const CClip& clip) override;
+  std::optional<std::string> Document() override;
+  bool HasDocument() const override { return m_clipboard.HasBytes(); }
+
+  // The selections of the lists have changed.
+  void RefreshReplace();
+
+  // Opens the results, or focuses them; the model outlives this object.
+  void ShowResults(const CResultListModel& results);
+  void RefreshResults();  // rows were added or changed
+
+  void ShowTargets(const CResultPtr& row);
+  void ShowFilter(const std::wstring& filterPath, const std::wstring& sourcePath);
+  void ShowAbout();
+
  private:
   HWND Owner() const;
 
+  my::CAutoMessageLoop& m_loop;
   HWND m_owner = nullptr;
+  CAppContext* m_context = nullptr;
+  my::CClipboard m_clipboard;
+  std::unique_ptr<CReplaceDialog> m_replace;
+  std::unique_ptr<CResultDialog> m_results;
 };
 
 }  // namespace qlm

@@ -38,6 +38,7 @@ class CListPane : public my::CWindow {
   my::CListView& List() { return m_list; }
   const my::CListView& List() const { return m_list; }
 
+  const std::vector<CPaneButton>& Buttons() const { return m_spec.buttons; }
   void EnableButton(int id, bool enable) const;
 
   // Whether the hint stands in place of the list.

@@ -1,10 +1,21 @@
 // The main window.
 #pragma once
 
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <memory>
+
 #include "app/windows.h"
 #include "ui/dialogs.h"
 #include "ui/framework/message_loop.h"
 #include "ui/framework/window.h"
+#include "ui/main_bars.h"
+#include "ui/main_view.h"
+#include "ui/models/edit_actions.h"
+#include "ui/models/result_list_model.h"
+#include "ui/run_indicator.h"
 
 namespace qlm {
 
@@ -18,40 +29,91 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   IDialogs& Dialogs() { return m_dialogs; }
 
   // Creates the window, in the course of which the application starts. Answers false, after it was told, when
-  // there is no window. The application outlives it.
+  // there is no window. The application outlives the window.
   bool Create(CApplication& application);
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
-  class CNoList : public IListState {
+  // One of the two lists, before it is there as well as after.
+  class CFrameList : public IEditList {
    public:
-    std::optional<size_t> FocusedRow() const override { return {}; }
-    std::vector<size_t> SelectedRows() const override { return {}; }
-    void Focus() override {}
+    CFrameList(CMainFrame& frame, ListKind kind) : m_frame(frame), m_kind(kind) {}
+
+    std::optional<size_t> FocusedRow() const override;
+    std::vector<size_t> SelectedRows() const override;
+    void Focus() override;
+    void Select(const CRows& rows) override;
+
+   private:
+    CListPane* Pane() const;
+
+    CMainFrame& m_frame;
+    ListKind m_kind;
   };
 
-  IListState& TaskList() override { return m_list; }
-  IListState& DstList() override { return m_list; }
-  void RedrawLists() override {}
+  // What needs the application.
+  struct CParts {
+    CParts(CApplication& application, CMainFrame& frame);
+
+    CMainView view;
+    CToolBar toolBar;
+    CStatusBar statusBar;
+    CResultListModel results;
+    CEditActions edits;
+    CRunIndicator indicator;
+  };
+
+  IListState& TaskList() override { return m_taskList; }
+  IListState& DstList() override { return m_dstList; }
+  void RedrawLists() override;
   void ApplySettings(const CSettings& settings) override;
   void StoreSettings(CSettings& settings) override;
-  void UpdateTitle() override {}
+  void UpdateTitle() override;
   void PostClose() override { ::PostMessageW(Hwnd(), WM_CLOSE, 0, 0); }
   void StartTimer(uint32_t periodMs) override;
   void StopTimer() override;
-  void ClearResults() override {}
-  void ShowResults(size_t, const CResults&) override {}
-  void ShowRunStatus() override {}
-  void ShowRunState() override {}
+  void ClearResults() override;
+  void ShowResults(size_t firstRow, const CResults& rows) override;
+  void ShowRunStatus() override;
+  void ShowRunState() override;
+
+  void OnCreate();
+  void ListenToList(ListKind kind);
+  void OnDocumentChanged(DocChangeEventFlags what);
+  void OnSelectionChanged(ListKind kind);
+  void OnCommand(int id);
+  void Execute(int id);
+  bool IsEnabled(int id) const;
+  void OnMenu(HMENU menu) const;
+  void OnDrop(HDROP drop);
+  void OnRunEnded();
+  bool MayEndSession() const;
+  void CheckFilter();
+  void ShowTargets();
+  void UpdateCommands() const;
+  void UseDpi(UINT dpi);
+  void Arrange();
+  void ToggleFullScreen();
+  ListKind CurrentList() const;
 
   my::CWindowClass m_class;
   my::CAutoMessageLoop& m_loop;
   int m_showCommand;
   CApplication* m_app = nullptr;
+  CFrameList m_taskList;
+  CFrameList m_dstList;
   CDialogs m_dialogs;
-  CNoList m_list;
+  std::unique_ptr<CParts> m_parts;
+  my::CAccelerators m_keys;
+  my::CTranslation m_translation;
+  my::CFont m_font;
+  UINT m_dpi = 0;
+  bool m_testRun = false;   // the run is one that only lists
+  bool m_runShown = false;  // the system has been told of the run
+  bool m_fullScreen = false;
+  WINDOWPLACEMENT m_beforeFullScreen{};
 };
 
 }  // namespace qlm

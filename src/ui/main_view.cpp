@@ -32,6 +32,11 @@ const CPaneSpec kDstPane{IDS_PANE_DSTS,
                           {ID_DST_DOWN, IDS_BUTTON_DOWN},
                           {ID_EXPLORER_DST, IDS_BUTTON_OPEN_DESTINATION}}};
 
+void SelectFirst(my::CListView& list, bool empty) {
+  list.Select(empty ? std::vector<size_t>() : std::vector<size_t>{0});
+  if (!empty) list.SetFocused(0);
+}
+
 }  // namespace
 
 CMainView::CMainView(const CDocument& document, const CUISetting& setting, const my::IMessageTexts& texts)
@@ -63,12 +68,13 @@ void CMainView::FocusOther() {
 void CMainView::OnDocumentChanged(bool reset) {
   m_taskModel.Refresh();
   m_dstModel.Refresh({});
-  if (reset) {
-    m_taskModel.ClearResults();
-    m_tasks.List().Select({});
-    m_dsts.List().Select({});
-  }
+  if (reset) m_taskModel.ClearResults();
   m_tasks.List().Refresh();
+  m_dsts.List().Refresh();
+  if (reset) {
+    SelectFirst(m_tasks.List(), m_document.Tasks().empty());
+    SelectFirst(m_dsts.List(), m_document.Dsts().empty());
+  }
   m_tasks.ShowHint(m_document.Tasks().empty());
   m_dsts.ShowHint(m_document.Dsts().empty());
   OnTaskSelection();
@@ -77,6 +83,12 @@ void CMainView::OnDocumentChanged(bool reset) {
 void CMainView::OnTaskSelection() {
   m_dstModel.Refresh(m_tasks.List().Selection());
   m_dsts.List().Refresh();
+}
+
+void CMainView::EnableButtons(const std::function<bool(int id)>& isEnabled) const {
+  for (const CListPane* pane : {&m_tasks, &m_dsts}) {
+    for (const CPaneButton& button : pane->Buttons()) pane->EnableButton(button.id, isEnabled(button.id));
+  }
 }
 
 void CMainView::Redraw() {

@@ -1,6 +1,8 @@
 // The two lists of the main window: the tasks above, the common destinations below.
 #pragma once
 
+#include <functional>
+
 #include "app/windows.h"
 #include "ui/framework/splitter.h"
 #include "ui/list_pane.h"
@@ -29,11 +31,15 @@ class CMainView {
   bool TasksAreCurrent() { return &Current() == &m_tasks; }
   void FocusOther();
 
-  // The document has changed. With `reset` it is another one, and nothing stays selected.
+  // The document has changed. With `reset` it is another one, and its first rows are
+  // selected.
   void OnDocumentChanged(bool reset);
 
   // The selected tasks have changed: their destinations are checked.
   void OnTaskSelection();
+
+  // Enables what may run now.
+  void EnableButtons(const std::function<bool(int id)>& isEnabled) const;
 
   void Redraw();  // the texts have changed, the document has not
 

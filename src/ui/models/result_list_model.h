@@ -20,6 +20,7 @@ class CResultListModel : public CTableModel {
   void Clear() { m_rows.clear(); }
 
   const CResult& Row(size_t row) const { return *m_rows[row]; }
+  const CResultPtr& Shared(size_t row) const { return m_rows[row]; }
 
   // The whole list with its titles as a CSV file: UTF-8 with a byte-order mark, lines ended by CR LF.
   std::string Csv() const;

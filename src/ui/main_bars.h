@@ -1,0 +1,52 @@
+// The bars of the main window: tools above, the state of the run below.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "engine/backup_thread.h"
+#include "ui/framework/gdi.h"
+
+namespace my {
+class IMessageTexts;
+}
+
+namespace qlm {
+
+// Buttons with their texts; their commands go to the parent.
+class CToolBar {
+ public:
+  explicit CToolBar(const my::IMessageTexts& texts) : m_texts(texts) {}
+
+  void CreateIn(HWND parent);
+  HWND Hwnd() const { return m_bar; }
+  int Height() const;
+
+  void Enable(int id, bool enable) const;
+  void SetText(int id, uint32_t textId) const;
+  std::vector<int> Ids() const;
+  void UseFont(HFONT font) const;
+  void Resize() const { ::SendMessageW(m_bar, TB_AUTOSIZE, 0, 0); }
+
+ private:
+  const my::IMessageTexts& m_texts;
+  HWND m_bar = nullptr;
+};
+
+class CStatusBar {
+ public:
+  void CreateIn(HWND parent);
+  int Height() const;
+
+  void ShowRun(const std::wstring& text, const CRunProgress& progress, bool hasErrors) const;
+  void ShowCounts(const std::wstring& text) const;
+  void UseFont(HFONT font) const { ::SendMessageW(m_bar, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE); }
+  void Resize(UINT dpi) const;
+
+ private:
+  HWND m_bar = nullptr;
+  HWND m_progress = nullptr;
+};
+
+}  // namespace qlm

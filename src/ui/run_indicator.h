@@ -1,0 +1,34 @@
+// What the system is told of a run: the button in the taskbar, and that the computer must stay awake.
+#pragma once
+
+#include <string>
+
+#include "engine/backup_thread.h"
+#include "platform/win32/com.h"
+
+struct ITaskbarList3;
+
+namespace qlm {
+
+// Of the thread of the window, which has COM.
+class CRunIndicator {
+ public:
+  CRunIndicator();
+  ~CRunIndicator();
+  CRunIndicator(const CRunIndicator&) = delete;
+  CRunIndicator& operator=(const CRunIndicator&) = delete;
+
+  void ShowProgress(HWND window, const CRunProgress& progress, bool hasErrors) const;
+
+  // A run has begun: the computer does not fall asleep, and the session ends only when the user insists.
+  void Begin(HWND window, const std::wstring& reason);
+
+  // It has ended: the window draws attention to itself when another one is used.
+  void End(HWND window, bool hasErrors);
+
+ private:
+  my::CComPtr<ITaskbarList3> m_taskbar;  // none on a system without a taskbar
+  bool m_active = false;
+};
+
+}  // namespace qlm
