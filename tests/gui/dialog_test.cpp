@@ -140,7 +140,8 @@ TEST_F(Dialog, failing_handlers_reach_the_caller_or_the_handler_of_failures) {
   SetFailureHandler(before);
 }
 
-// Wine does not count for GetGuiResources; there the slots of its table of GDI objects can be asked one by one.
+// Wine does not count for GetGuiResources; there the slots of its table of GDI objects can be asked one by
+// one.
 DWORD GdiObjects() {
   DWORD count = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS);
   if (count != 0) return count;
