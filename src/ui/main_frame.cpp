@@ -201,7 +201,8 @@ void CMainFrame::Execute(int id) {
     default: break;
   }
   if (!m_app->Run().IsActive()) m_testRun = id == ID_TASK_TARGETS;
-  m_app->Execute(static_cast<uint32_t>(id));
+  if (!m_app->Execute(static_cast<uint32_t>(id)))
+    throw my::CException(IDS_INTERNAL_ERROR, {L"Unknown command: " + std::to_wstring(id)});
 }
 
 bool CMainFrame::IsEnabled(int id) const {

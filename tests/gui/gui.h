@@ -20,6 +20,17 @@ inline void Pump() {
   }
 }
 
+// Handles messages until something has come true; gives up, and answers false, after 20 s.
+template <class Test>
+bool PumpUntil(Test test) {
+  const ULONGLONG end = ::GetTickCount64() + 20'000;
+  while (!test() && ::GetTickCount64() < end) {
+    ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
+    Pump();
+  }
+  return test();
+}
+
 inline RECT Bounds(HWND window) {
   RECT rect{};
   ::GetWindowRect(window, &rect);

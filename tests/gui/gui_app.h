@@ -1,0 +1,166 @@
+// The whole program with its real windows in the test's process, and a script in place of the user.
+#pragma once
+
+#include <windows.h>
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/application.h"
+#include "gui/gui.h"
+#include "platform/win32/com.h"
+#include "platform/win32/msxml_dom.h"
+#include "platform/win32/win32_ansi_codec.h"
+#include "platform/win32/win32_clock.h"
+#include "platform/win32/win32_hash.h"
+#include "platform/win32/win32_known_folders.h"
+#include "platform/win32/win32_message_texts.h"
+#include "platform/win32/win32_process.h"
+#include "platform/win32/win32_threads.h"
+#include "resource.h"
+#include "support/fake_system.h"
+#include "ui/framework/failures.h"
+#include "ui/main_frame.h"
+#include "wine/scratch_folder.h"
+
+namespace test {
+
+// Keeps what is asked, and answers from a queue; a question without an answer is cancelled.
+struct CScriptedBox : my::IMessageBox {
+  int Show(const std::wstring& text, const std::wstring&, uint32_t style) override {
+    texts.push_back(text);
+    if ((style & 0xF) != my::kBoxOkCancel || answers.empty()) return my::kButtonCancel;
+    const bool ok = answers.front();
+    answers.pop_front();
+    return ok ? my::kButtonOk : my::kButtonCancel;
+  }
+
+  std::deque<bool> answers;
+  std::vector<std::wstring> texts;
+};
+
+struct CScratchFolders : my::CWin32KnownFolders {
+  explicit CScratchFolders(std::wstring folder) : m_folder(std::move(folder)) {}
+  std::wstring RoamingAppData() const override { return m_folder; }
+
+ private:
+  std::wstring m_folder;
+};
+
+class CGuiApp {
+ public:
+  CGuiApp() { Start(); }
+  ~CGuiApp() { my::SetFailureHandler(nullptr); }
+
+  // A new start of the program on what the last one left.
+  void Start(const std::wstring& documentPath = {}) {
+    app.reset();
+    frame = std::make_unique<qlm::CMainFrame>(loop, SW_SHOW);
+    const qlm::CAppPorts ports{
+        {scratch.real, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell};
+    app = std::make_unique<qlm::CApplication>(ports, box, *frame, frame->Dialogs(),
+                                              L"q.exe \"" + documentPath + L"\"");
+    my::SetFailureHandler([this](std::exception_ptr failure) { app->ShowFailure(failure); });
+    frame->Create(*app);
+    Pump();
+  }
+
+  // Closes the window as a user does, edits lost.
+  void Quit() {
+    box.answers = {true, true};
+    ::SendMessageW(frame->Hwnd(), WM_CLOSE, 0, 0);
+    Pump();  // the message that ends the loop
+  }
+
+  void Do(int id) {
+    ::SendMessageW(frame->Hwnd(), WM_COMMAND, static_cast<WPARAM>(id), 0);
+    Pump();
+  }
+
+  // Does what opens a modal dialog, and plays the user in it, who must close it.
+  void DoWithDialog(int id, std::function<void(HWND)> user) {
+    m_user = std::move(user);
+    s_current = this;
+    const UINT_PTR timer = ::SetTimer(nullptr, 0, 10, PlayUser);
+    Do(id);
+    ::KillTimer(nullptr, timer);
+    if (m_user) ADD_FAILURE() << "no dialog for " << id;
+  }
+
+  void RunToEnd() {
+    Do(ID_RUN);
+    PumpUntil([this] { return !app->Run().IsActive(); });
+    Pump();
+  }
+
+  HWND List(int id) const {
+    const HWND splitter = ::GetDlgItem(frame->Hwnd(), IDC_SPLITTER);
+    const int pane = id == IDC_TASK_LIST ? IDC_TASK_PANE : IDC_DST_PANE;
+    return ::GetDlgItem(::GetDlgItem(splitter, pane), id);
+  }
+
+  std::wstring Cell(int list, int row, int column) const { return CellOf(List(list), row, column); }
+
+  void Select(int list, const std::vector<int>& rows) {
+    ListView_SetItemState(List(list), -1, 0, LVIS_SELECTED);
+    for (const int row : rows)
+      ListView_SetItemState(List(list), row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    ::SetFocus(List(list));
+    Pump();
+  }
+
+  qlm::CTaskPtr AddTask(const std::wstring& id, const std::wstring& path) {
+    app->Document().Edit(qlm::DocChangeEventFlags::CHNAGE_TASKS, [&](qlm::CContent& content) {
+      content.tasks.Insert(-1, boost::make_shared<qlm::CTask>(qlm::CTask{id, path, L"", {}}));
+      return true;
+    });
+    return app->Document().Tasks().FindId(id);
+  }
+
+  void AddDst(const std::wstring& folder, qlm::DstType type = qlm::DstType::FOLDER) {
+    app->Document().Edit(qlm::DocChangeEventFlags::CHNAGE_DSTS, [&](qlm::CContent& content) {
+      content.dsts.Insert(-1, boost::make_shared<qlm::CDst>(qlm::CDst{folder, type, L"<ID>_<Y>"}));
+      return true;
+    });
+  }
+
+  static std::wstring CellOf(HWND list, int row, int column) {
+    wchar_t text[1024] = L"";
+    ListView_GetItemText(list, row, column, text, static_cast<int>(std::size(text)));
+    return text;
+  }
+
+  my::CComApartment com;
+  CScratchFolder scratch;
+  my::CMsxmlDom dom;
+  my::CWin32Clock clock;
+  my::CWin32AnsiCodec ansi;
+  my::CWin32MessageTexts texts;
+  my::CWin32Process process;
+  my::CWin32Threads threads;
+  CScratchFolders folders{scratch.path};
+  CFakePower power;
+  my::CWin32Hash hash;
+  CFakeShell shell;
+  CScriptedBox box;
+  my::CAutoMessageLoop loop;
+  std::unique_ptr<qlm::CMainFrame> frame;
+  std::unique_ptr<qlm::CApplication> app;
+
+ private:
+  static void CALLBACK PlayUser(HWND, UINT, UINT_PTR, DWORD) {
+    CGuiApp& self = *s_current;
+    const HWND active = ::GetActiveWindow();
+    if (!self.m_user || !active || active == self.frame->Hwnd()) return;
+    const auto user = std::exchange(self.m_user, nullptr);
+    user(active);
+  }
+
+  inline static CGuiApp* s_current = nullptr;
+  std::function<void(HWND)> m_user;
+};
+
+}  // namespace test

@@ -1,0 +1,238 @@
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+#include <shlobj.h>
+
+#include <random>
+#include <set>
+
+#include "document/document_edits.h"
+#include "gui/gui_app.h"
+#include "ui/framework/window_placement.h"
+
+namespace {
+
+using namespace qlm;
+using test::CGuiApp;
+
+void CollectIds(HMENU menu, std::set<int>& ids) {
+  for (int i = 0; i < ::GetMenuItemCount(menu); ++i) {
+    if (const HMENU popup = ::GetSubMenu(menu, i)) CollectIds(popup, ids);
+    const auto id = static_cast<int>(::GetMenuItemID(menu, i));
+    if (id > 0) ids.insert(id);
+  }
+}
+
+// Of the menus, the keys and the buttons, but for what opens modal dialogs or ends the program.
+std::set<int> CommandIds(HWND frame) {
+  std::set<int> ids;
+  CollectIds(::GetMenu(frame), ids);
+  for (const int menuId : {IDR_TASK_MENU, IDR_DST_MENU}) {
+    const my::CMenu menu(::LoadMenuW(nullptr, MAKEINTRESOURCEW(menuId)));
+    CollectIds(menu.Get(), ids);
+  }
+  const my::CAccelerators keys(
+      ::LoadAcceleratorsW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_MAIN_KEYS)));
+  std::vector<ACCEL> table(static_cast<size_t>(::CopyAcceleratorTableW(keys.Get(), nullptr, 0)));
+  ::CopyAcceleratorTableW(keys.Get(), table.data(), static_cast<int>(table.size()));
+  for (const ACCEL& key : table) ids.insert(key.cmd);
+  return ids;
+}
+
+TEST(MainFrame, every_menu_item_and_key_is_known_to_somebody) {
+  CGuiApp a;
+  const std::set<int> ids = CommandIds(a.frame->Hwnd());
+  EXPECT_GE(ids.size(), 45u);
+  const std::set<int> modal = {ID_OPEN,     ID_ADD_FILE, ID_SAVE,    ID_SAVE_AS, ID_SETTINGS, ID_DESIGN,
+                               ID_TASK_ADD, ID_ITEM_ADD, ID_DST_ADD, ID_ABOUT,   ID_QUIT,     ID_POWER_OFF};
+  for (const int id : ids) {
+    if (modal.contains(id)) continue;
+    a.box.texts.clear();
+    a.Do(id);
+    for (const std::wstring& text : a.box.texts) EXPECT_EQ(text.find(L"Unknown command"), text.npos) << id;
+  }
+}
+
+TEST(MainFrame, keys_reach_their_commands_in_the_list_that_has_the_keyboard) {
+  CGuiApp a;
+  a.AddTask(L"a", L"C:\\a");
+  a.AddDst(L"C:\\x");
+  a.Select(IDC_DST_LIST, {0});
+  a.Do(ID_ITEM_DUPLICATE);
+  EXPECT_EQ(a.app->Document().Dsts().size(), 2u);
+  a.Do(ID_OTHER_PANE);
+  a.Select(IDC_TASK_LIST, {0});
+  a.Do(ID_ITEM_DUPLICATE);
+  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 1, 0), L"a2");
+  a.Do(ID_CUT);
+  EXPECT_EQ(a.app->Document().Tasks().size(), 1u);
+  a.Do(ID_PASTE);
+  a.Do(ID_PASTE);
+  EXPECT_EQ(a.app->Document().Tasks().size(), 3u);
+  a.Do(ID_SELECT_ALL);
+  EXPECT_EQ(ListView_GetSelectedCount(a.List(IDC_TASK_LIST)), 3u);
+  a.Do(ID_ITEM_DELETE);
+  EXPECT_TRUE(a.app->Document().Tasks().empty());
+  EXPECT_FALSE(::IsWindowVisible(a.List(IDC_TASK_LIST))) << "the hint stands in its place";
+  wchar_t title[100];
+  ::GetWindowTextW(a.frame->Hwnd(), title, 100);
+  EXPECT_STREQ(title, L"無題* - Quillmoor");
+}
+
+TEST(MainFrame, boxes_tell_and_set_the_use_of_all_selected_tasks) {
+  CGuiApp a;
+  a.AddDst(L"C:\\x");
+  a.AddDst(L"C:\\y");
+  a.AddTask(L"a", L"C:\\a");
+  a.AddTask(L"b", L"C:\\b");
+  SetUse(a.app->Document(), {0}, 1, true);
+  a.Select(IDC_TASK_LIST, {0, 1});
+  const auto box = [&a](int row) {
+    return ListView_GetItemState(a.List(IDC_DST_LIST), row, LVIS_STATEIMAGEMASK) >> 12;
+  };
+  const UINT none = box(0);
+  const UINT mixed = box(1);
+  EXPECT_NE(none, mixed);
+  const auto toggle = [&a](int row) {
+    a.Select(IDC_TASK_LIST, {0, 1});
+    ListView_SetItemState(a.List(IDC_DST_LIST), row, LVIS_FOCUSED | LVIS_SELECTED,
+                          LVIS_FOCUSED | LVIS_SELECTED);
+    ::SendMessageW(a.List(IDC_DST_LIST), WM_KEYDOWN, VK_SPACE, 0);
+    ::SendMessageW(a.List(IDC_DST_LIST), WM_CHAR, L' ', 0);
+    ListView_SetItemState(a.List(IDC_DST_LIST), -1, 0, LVIS_SELECTED);
+  };
+  toggle(1);
+  EXPECT_NE(box(1), mixed);
+  EXPECT_NE(box(1), none);
+  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 1, 3), L"2");
+  toggle(1);
+  EXPECT_EQ(box(1), none);
+  a.Do(ID_UNDO);
+  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 0, 3), L"2");
+  a.box.texts.clear();
+  a.Select(IDC_DST_LIST, {0});
+  a.Do(ID_DST_DELETE);
+  EXPECT_TRUE(a.box.texts.empty()) << "nobody uses it";
+  a.Select(IDC_DST_LIST, {0});
+  a.Do(ID_DST_DELETE);
+  ASSERT_EQ(a.box.texts.size(), 1u);
+  EXPECT_NE(a.box.texts[0].find(L"2 件のタスク"), std::wstring::npos);
+  EXPECT_EQ(a.app->Document().Dsts().size(), 1u) << "the user took it back";
+}
+
+TEST(MainFrame, dropped_things_become_what_they_are) {
+  CGuiApp a;
+  a.scratch.files.CreateFolders(a.scratch.At(L"写真"));
+  a.AddTask(L"写真", L"C:\\a");
+  a.Select(IDC_TASK_LIST, {0});
+  const auto drop = [&a](const std::wstring& path, POINT at) {
+    const size_t bytes = sizeof(DROPFILES) + (path.size() + 2) * sizeof(wchar_t);
+    const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, bytes);
+    auto* files = static_cast<DROPFILES*>(::GlobalLock(memory));
+    *files = {sizeof(DROPFILES), at, FALSE, TRUE};
+    std::copy(path.begin(), path.end(), reinterpret_cast<wchar_t*>(files + 1));
+    ::GlobalUnlock(memory);
+    ::SendMessageW(a.frame->Hwnd(), WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
+  };
+  drop(a.scratch.At(L"写真"), {0, 0});
+  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 1, 0), L"写真2");
+  RECT row{};
+  ListView_GetItemRect(a.List(IDC_TASK_LIST), 1, &row, LVIR_LABEL);
+  POINT at{row.left + 2, row.top + 2};
+  ::MapWindowPoints(a.List(IDC_TASK_LIST), a.frame->Hwnd(), &at, 1);
+  drop(L"C:\\x.FLT", at);
+  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 1, 2), L"C:\\x.FLT");
+  drop(L"C:\\x.exe", at);
+  EXPECT_NE(a.box.texts.back().find(L"C:\\x.exe"), std::wstring::npos);
+}
+
+TEST(MainFrame, run_is_shown_and_settings_survive_a_restart) {
+  CGuiApp a;
+  a.scratch.Write(L"file.txt", "x");
+  a.AddDst(a.scratch.At(L"out"));
+  a.AddTask(L"good", a.scratch.path);
+  SetUse(a.app->Document(), {0}, 0, true);
+  a.RunToEnd();
+  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 0, 4), L"正常終了 - バックアップが作成されました");
+  wchar_t status[200] = L"";
+  ::SendMessageW(::GetDlgItem(a.frame->Hwnd(), IDC_STATUS_BAR), SB_GETTEXTW, 0,
+                 reinterpret_cast<LPARAM>(status));
+  EXPECT_EQ(std::wstring(status).find(L"1 / 1  正常終了"), 0u) << status;
+  ListView_SetColumnWidth(a.List(IDC_TASK_LIST), 0, 222);
+  test::Resize(a.frame->Hwnd(), 900, 600);
+  a.Quit();
+  a.Start();
+  EXPECT_EQ(ListView_GetColumnWidth(a.List(IDC_TASK_LIST), 0), 222);
+  EXPECT_EQ(test::Size(a.frame->Hwnd()).cx, 900);
+  a.app->Settings().mainFrame.normalBounds = {9000, 9000, 9900, 9600};
+  ::SetWindowPos(a.frame->Hwnd(), nullptr, 9000, 9000, 900, 600, SWP_NOZORDER);
+  a.Quit();
+  a.Start();
+  const RECT bounds = test::Bounds(a.frame->Hwnd());
+  EXPECT_LE(bounds.right, ::GetSystemMetrics(SM_CXSCREEN)) << "pulled back";
+}
+
+TEST(MainFrame, undo_and_redo_of_a_random_walk_return_the_exact_document) {
+  CGuiApp a;
+  a.AddDst(L"C:\\x");
+  a.AddTask(L"t", L"C:\\a");
+  std::mt19937 random(7);
+  std::vector<CContent> states = {a.app->Document().Content()};
+  constexpr int kIds[] = {ID_TASK_DUPLICATE, ID_TASK_DELETE, ID_TASK_UP, ID_TASK_DOWN,     ID_COPY,
+                          ID_PASTE,          ID_CUT,         ID_DST_UP,  ID_DST_DUPLICATE, ID_ITEM_DOWN};
+  const auto same = [](const CContent& x, const CContent& y) {
+    const auto equal = [](const auto& p, const auto& q) { return *p == *q; };
+    return std::equal(x.tasks.begin(), x.tasks.end(), y.tasks.begin(), y.tasks.end(), equal) &&
+           std::equal(x.dsts.begin(), x.dsts.end(), y.dsts.begin(), y.dsts.end(), equal);
+  };
+  for (int step = 0; step < 150; ++step) {
+    const auto tasks = static_cast<unsigned>(std::max<size_t>(1, a.app->Document().Tasks().size()));
+    a.Select(IDC_TASK_LIST, {static_cast<int>(random() % tasks)});
+    a.Do(kIds[random() % std::size(kIds)]);
+    if (!same(states.back(), a.app->Document().Content())) states.push_back(a.app->Document().Content());
+  }
+  ASSERT_GT(states.size(), 50u);
+  for (size_t i = states.size() - 1; i-- > 0;) {
+    a.Do(ID_UNDO);
+    ASSERT_TRUE(same(a.app->Document().Content(), states[i])) << i;
+  }
+  for (size_t i = 1; i < states.size(); ++i) a.Do(ID_REDO);
+  EXPECT_TRUE(same(a.app->Document().Content(), states.back()));
+}
+
+TEST(MainFrame, large_documents_stay_quick) {
+  CGuiApp a;
+  CContent content;
+  for (int i = 0; i < 99; ++i)
+    content.dsts.Insert(-1,
+                        boost::make_shared<CDst>(CDst{L"C:\\" + std::to_wstring(i), DstType::FOLDER, L"p"}));
+  const CTaskDsts all(content.dsts.begin(), content.dsts.end());
+  for (int i = 0; i < 1000; ++i)
+    content.tasks.Insert(-1, boost::make_shared<CTask>(CTask{std::to_wstring(i), L"C:\\s", L"", all}));
+  const auto timed = [&a](const char* what, const std::function<void()>& action) {
+    ULONGLONG best = 1'000'000;
+    for (int i = 0; i < 3; ++i) {
+      const ULONGLONG start = ::GetTickCount64();
+      action();
+      test::Pump();
+      ::UpdateWindow(a.frame->Hwnd());
+      best = std::min(best, ::GetTickCount64() - start);
+    }
+    RecordProperty(what, static_cast<int>(best));
+    EXPECT_LT(best, 100u) << what;
+  };
+  timed("open_ms", [&] { a.app->Document().Reset(content, L"C:\\big.qlmr"); });
+  timed("select_all_ms", [&] { a.Do(ID_SELECT_ALL); });
+  timed("scroll_ms", [&] { ::SendMessageW(a.List(IDC_TASK_LIST), WM_VSCROLL, SB_PAGEDOWN, 0); });
+  int row = 0;
+  timed("check_ms", [&] {
+    ListView_SetItemState(a.List(IDC_DST_LIST), row, LVIS_FOCUSED, LVIS_FOCUSED);
+    ++row;
+    ::SendMessageW(a.List(IDC_DST_LIST), WM_KEYDOWN, VK_SPACE, 0);
+    ::SendMessageW(a.List(IDC_DST_LIST), WM_CHAR, L' ', 0);
+  });
+  EXPECT_FALSE(a.app->Document().Tasks()[999]->dsts.size() == 99);
+}
+
+}  // namespace
