@@ -33,7 +33,7 @@ void CListDrag::Begin(HWND list, POINT mouse) {
   m_before = TargetAt(mouse);
   ::SetCapture(list);
   ::SetTimer(list, kTimer, kScrollMs, nullptr);
-  ::InvalidateRect(list, nullptr, FALSE);
+  ::InvalidateRect(list, nullptr, TRUE);
 }
 
 void CListDrag::Move(POINT mouse) {
@@ -52,7 +52,7 @@ void CListDrag::Scroll() {
     ListView_Scroll(m_list, 0, height);
   else
     return;
-  ::InvalidateRect(m_list, nullptr, FALSE);
+  ::InvalidateRect(m_list, nullptr, TRUE);
   SetTarget(TargetAt(m_mouse));
 }
 
@@ -69,7 +69,7 @@ void CListDrag::Cancel() {
   if (!list) return;
   ::KillTimer(list, kTimer);
   if (::GetCapture() == list) ::ReleaseCapture();
-  ::InvalidateRect(list, nullptr, FALSE);
+  ::InvalidateRect(list, nullptr, TRUE);
 }
 
 void CListDrag::DrawMark(HDC dc, UINT dpi) const {
@@ -82,7 +82,7 @@ void CListDrag::DrawMark(HDC dc, UINT dpi) const {
 void CListDrag::SetTarget(int before) {
   if (before == m_before) return;
   m_before = before;
-  ::InvalidateRect(m_list, nullptr, FALSE);
+  ::InvalidateRect(m_list, nullptr, TRUE);
 }
 
 int CListDrag::TargetAt(POINT point) const {

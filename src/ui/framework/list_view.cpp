@@ -114,7 +114,8 @@ void CListView::Refresh() {
   const CFlag quiet(m_quiet);
   const auto count = static_cast<int>(m_model.RowCount());
   if (ListView_GetItemCount(m_list) != count) ListView_SetItemCountEx(m_list, count, LVSICF_NOSCROLL);
-  ::InvalidateRect(m_list, nullptr, FALSE);
+  // Erased, too: not every part of a row is drawn over, and the control draws into a buffer.
+  ::InvalidateRect(m_list, nullptr, TRUE);
 }
 
 std::vector<size_t> CListView::Selection() const {
