@@ -18,6 +18,11 @@ constexpr UINT kRunEnded = WM_APP + 1;  // posted, so that dialogs do not open w
 constexpr SIZE kSmallest{560, 400};
 constexpr SIZE kDefault{960, 680};
 
+const my::CWindowClass& FrameClass() {
+  static const my::CWindowClass frameClass(L"QuillmoorMainFrame", 0, COLOR_BTNFACE + 1);
+  return frameClass;
+}
+
 const my::IMessageTexts& TextsOf(CApplication& app) {
   return app.Context().ports.engine.texts;
 }
@@ -64,6 +69,10 @@ std::vector<size_t> CMainFrame::CFrameList::SelectedRows() const {
   return Pane() ? Pane()->List().Selection() : std::vector<size_t>();
 }
 
+bool CMainFrame::CFrameList::AnySelected() const {
+  return Pane() && ListView_GetNextItem(Pane()->List().Hwnd(), -1, LVNI_SELECTED) >= 0;
+}
+
 void CMainFrame::CFrameList::Focus() {
   if (Pane()) Pane()->SetFocus();
 }
@@ -85,8 +94,7 @@ CMainFrame::CParts::CParts(CApplication& application, CMainFrame& frame)
       edits(application.Context(), frame.m_taskList, frame.m_dstList, frame.m_dialogs, frame.m_dialogs) {}
 
 CMainFrame::CMainFrame(my::CAutoMessageLoop& loop, int showCommand)
-    : m_class(L"QuillmoorMainFrame", 0, COLOR_BTNFACE + 1),
-      m_loop(loop),
+    : m_loop(loop),
       m_showCommand(showCommand),
       m_taskList(*this, ListKind::TASKS),
       m_dstList(*this, ListKind::DSTS),
@@ -100,7 +108,7 @@ bool CMainFrame::Create(CApplication& application) {
     params.style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
     params.exStyle = WS_EX_ACCEPTFILES;
     params.menu = ::LoadMenuW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_MAIN_MENU));
-    CWindow::Create(m_class, params);
+    CWindow::Create(FrameClass(), params);
     return true;
   } catch (...) {
     application.ShowFailure(std::current_exception());

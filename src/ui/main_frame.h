@@ -43,6 +43,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
 
     std::optional<size_t> FocusedRow() const override;
     std::vector<size_t> SelectedRows() const override;
+    bool AnySelected() const override;
     void Focus() override;
     void Select(const CRows& rows) override;
 
@@ -98,7 +99,6 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void ToggleFullScreen();
   ListKind CurrentList() const;
 
-  my::CWindowClass m_class;
   my::CAutoMessageLoop& m_loop;
   int m_showCommand;
   CApplication* m_app = nullptr;

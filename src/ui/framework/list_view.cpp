@@ -128,7 +128,9 @@ std::vector<size_t> CListView::Selection() const {
 
 void CListView::Select(const std::vector<size_t>& rows) {
   const CFlag quiet(m_quiet);
-  ListView_SetItemState(m_list, -1, 0, LVIS_SELECTED);
+  const bool all = rows.size() == m_model.RowCount();
+  ListView_SetItemState(m_list, -1, all ? LVIS_SELECTED : 0U, LVIS_SELECTED);
+  if (all) return;
   for (const size_t row : rows)
     ListView_SetItemState(m_list, static_cast<int>(row), LVIS_SELECTED, LVIS_SELECTED);
 }

@@ -41,7 +41,7 @@ std::ptrdiff_t CEditActions::InsertPosition(ListKind list) const {
 }
 
 bool CEditActions::IsEnabled(ListKind list, EditAction action) const {
-  const bool any = !ListOf(list).SelectedRows().empty();
+  const bool any = ListOf(list).AnySelected();
   switch (action) {
     case EditAction::ADD: return MayEdit();
     case EditAction::COPY: return any;

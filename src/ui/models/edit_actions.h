@@ -16,6 +16,8 @@ namespace qlm {
 // A list that the user edits.
 class IEditList : public IListState {
  public:
+  virtual bool AnySelected() const = 0;  // cheap
+
   // Selects these rows and no others, and shows the first of them with the focus on it.
   virtual void Select(const CRows& rows) = 0;
 };
