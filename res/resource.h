@@ -24,6 +24,38 @@
 #define IDC_PASSWORD                 317
 #define IDC_HIDE_PASSWORD            318
 #define IDC_PASSWORD_DESC            319
+#define IDD_PASSWORD                 240
+#define IDD_ABOUT                    241
+#define IDD_SETTINGS                 242
+#define IDD_GENERAL_PAGE             243
+// First control + ReplaceRow, first control + number of the ReplaceCol's bit.
+#define IDC_REPLACE_ROW_ALL          1200
+#define IDC_REPLACE_ROW_SELECTED     1201
+#define IDC_REPLACE_ROW_FOCUSED      1202
+#define IDC_REPLACE_TASK_ID          1203
+#define IDC_REPLACE_TASK_PATH        1204
+#define IDC_REPLACE_TASK_FILTER      1205
+#define IDC_REPLACE_DST_FOLDER       1206
+#define IDC_REPLACE_DST_PATTERN      1207
+#define IDC_REPLACE_SRC              1208
+#define IDC_REPLACE_DST              1209
+#define IDC_REPLACE_REGEX            1210
+#define IDC_REPLACE_PREVIEW          1211
+#define IDC_REPLACE_COUNTS           1212
+#define IDC_REPLACE_STATUS           1213
+#define IDC_ABOUT_ICON               1220
+#define IDC_ABOUT_NAME               1221
+#define IDC_ABOUT_VERSION            1222
+#define IDC_ABOUT_HOME_PAGE          1223
+#define IDC_SETTINGS_TAB             1230
+#define IDC_APPLY                    1231
+#define IDC_ARCHIVER_PATH            1240
+#define IDC_ARCHIVER_BROWSE          1241
+#define IDC_ARCHIVER_VERSION         1242
+#define IDC_POWER_OFF_TYPE           1243
+#define IDC_POWER_OFF_DESC           1244
+#define IDC_HYBRID_SHUTDOWN          1245
+#define IDC_INSTALL_UPDATES          1246
 
 // Main window: 260-279, controls 1300-1399.
 #define IDR_MAIN_MENU                260
@@ -225,6 +257,13 @@
 // Texts of filter check, targets and results: 600-639.
 
 // Texts of password, replace, about and settings: 640-679.
+#define IDS_REPLACE_COUNTS           640
+#define IDS_ABOUT_VERSION            641
+#define IDS_GENERAL_PAGE             642
+#define IDS_ARCHIVER_FILES           643
+#define IDS_PROGRAM_FILES            644
+#define IDS_ARCHIVER_NOT_FOUND       645
+#define IDS_ARCHIVER_UNKNOWN         646
 
 // Texts of the main window: 680-799.
 #define IDS_UNTITLED                 680

@@ -112,14 +112,16 @@ void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job) {
   CheckArchive(ports.files, job.archivePath, count);
 }
 
+std::vector<std::wstring> ArchiverCandidates(const my::IKnownFolders& folders) {
+  const auto programs = folders.ProgramFiles();
+  if (!programs) return {L"C:\\Program Files\\7-Zip\\7z.exe"};
+  // A 32-bit program is told the folder of 32-bit programs; beside it stands the other one.
+  return {my::JoinPath(my::ParentPath(*programs), L"Program Files\\7-Zip\\7z.exe"),
+          my::JoinPath(*programs, L"7-Zip\\7z.exe")};
+}
+
 std::wstring FindArchiver(my::IFileSystem& files, const my::IKnownFolders& folders) {
-  std::vector<std::wstring> candidates = {L"C:\\Program Files\\7-Zip\\7z.exe"};
-  if (const auto programs = folders.ProgramFiles()) {
-    // A 32-bit program is told the folder of 32-bit programs; beside it stands the other one.
-    candidates = {my::JoinPath(my::ParentPath(*programs), L"Program Files\\7-Zip\\7z.exe"),
-                  my::JoinPath(*programs, L"7-Zip\\7z.exe")};
-  }
-  for (const std::wstring& candidate : candidates) {
+  for (const std::wstring& candidate : ArchiverCandidates(folders)) {
     if (files.Kind(candidate) != my::PathKind::NONE) return candidate;
   }
   return {};

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "document/dst.h"
 
@@ -47,7 +48,10 @@ void CheckPassword(const std::wstring& password);
 // that is no archive.
 std::wstring ArchiverOptions(DstType type, const std::wstring& password);
 
-// The first path at which an installed archiver exists, empty when there is none.
+// Where an installed archiver may be, the likeliest place first.
+std::vector<std::wstring> ArchiverCandidates(const my::IKnownFolders& folders);
+
+// The first of these paths that exists, empty when there is none.
 std::wstring FindArchiver(my::IFileSystem& files, const my::IKnownFolders& folders);
 
 }  // namespace qlm

@@ -10,7 +10,7 @@
 namespace qlm {
 namespace {
 
-constexpr char kVersionText[] = "QuillmoorRun 1.0.0";
+constexpr char kVersionText[] = "QuillmoorRun " QLM_VERSION;
 
 // The options as the library leaves them, in UTF-8.
 struct CRawOptions {

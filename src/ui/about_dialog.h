@@ -1,0 +1,29 @@
+// What program this is.
+#pragma once
+
+#include "ui/framework/dialog.h"
+
+namespace qlm {
+
+struct CAppContext;
+
+// Shows the icon of the window that it belongs to.
+class CAboutDialog : public my::CDialog {
+ public:
+  explicit CAboutDialog(CAppContext& context);
+
+ protected:
+  bool OnInit() override;
+  std::optional<LRESULT> OnNotify(const NMHDR& header) override;
+  void OnDpiChanged() override;
+
+ private:
+  void ShowIcon();
+  void ShowName();
+
+  CAppContext& m_context;
+  my::CIcon m_icon;
+  my::CFont m_nameFont;
+};
+
+}  // namespace qlm

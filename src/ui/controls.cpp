@@ -1,0 +1,29 @@
+#include "ui/controls.h"
+
+namespace qlm {
+
+void FocusControl(HWND control) {
+  const HWND dialog = ::GetAncestor(control, GA_ROOT);
+  ::SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+}
+
+void FillCombo(HWND combo, const std::vector<std::wstring>& items) {
+  for (const std::wstring& item : items) {
+    ::SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
+  }
+}
+
+void MaskPassword(HWND edit, bool hide) {
+  constexpr wchar_t kMask = L'\u25CF';
+  ::SendMessageW(edit, EM_SETPASSWORDCHAR, hide ? kMask : 0, 0);
+  ::InvalidateRect(edit, nullptr, TRUE);
+}
+
+void WipePassword(HWND edit) {
+  const std::wstring blanks(static_cast<size_t>(::GetWindowTextLengthW(edit)), L' ');
+  ::SetWindowTextW(edit, blanks.c_str());
+  ::SetWindowTextW(edit, L"");
+  ::SendMessageW(edit, EM_EMPTYUNDOBUFFER, 0, 0);
+}
+
+}  // namespace qlm

@@ -1,0 +1,23 @@
+// What several dialogs do to their controls.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+namespace qlm {
+
+// As if the user went to the control by the tab key: its text gets selected.
+void FocusControl(HWND control);
+
+// Adds to the list of a combo box.
+void FillCombo(HWND combo, const std::vector<std::wstring>& items);
+
+// Whether the characters of a password's edit control are masked, from now on.
+void MaskPassword(HWND edit, bool hide);
+
+// Overwrites and empties the control, which keeps its text in memory of its own.
+void WipePassword(HWND edit);
+
+}  // namespace qlm

@@ -1,0 +1,203 @@
+#include "ui/general_page.h"
+
+#include <algorithm>
+
+#include "app/command.h"
+#include "app/password.h"
+#include "engine/archive_writer.h"
+#include "platform/file_system.h"
+#include "platform/message_texts.h"
+#include "resource.h"
+#include "settings/settings.h"
+#include "support/secret.h"
+#include "support/strings.h"
+#include "ui/controls.h"
+#include "ui/file_version.h"
+#include "ui/framework/file_dialogs.h"
+
+namespace qlm {
+namespace {
+
+constexpr int kPasswordTypes = IDS_PASSWORD_TYPE_SAVE - IDS_PASSWORD_TYPE_EXEC + 1;
+constexpr int kPowerOffTypes = IDS_POWER_OFF_TYPE_POWEROFF - IDS_POWER_OFF_TYPE_LOGOFF + 1;
+
+// To ourselves: the text of the archiver's combo box is settled now.
+constexpr UINT kSettled = WM_APP;
+
+}  // namespace
+
+CGeneralPage::CGeneralPage(CAppContext& context) : CSettingsPage(IDD_GENERAL_PAGE), m_context(context) {}
+
+std::wstring CGeneralPage::Title() const {
+  return m_context.ports.engine.texts.Text(IDS_GENERAL_PAGE);
+}
+
+void CGeneralPage::Store(CSettings& settings) {
+  CArchiveSetting archive = settings.archive;
+  const my::CWipeAtEnd wipe(archive.password);
+  archive.sevenZipPath = ArchiverPath();
+  archive.passwordType = static_cast<PasswordType>(Chosen(IDC_PASSWORD_TYPE));
+  archive.hidePassword = IsChecked(IDC_HIDE_PASSWORD);
+  if (archive.passwordType == PasswordType::SAVE) {
+    my::Wipe(archive.password);
+    archive.password = ItemText(IDC_PASSWORD);
+  }
+  SetArchiveSetting(settings.archive, archive);
+  settings.ui.powerOffType = static_cast<PowerOffType>(Chosen(IDC_POWER_OFF_TYPE));
+  settings.ui.hybridShutdown = IsChecked(IDC_HYBRID_SHUTDOWN);
+  settings.ui.installUpdates = IsChecked(IDC_INSTALL_UPDATES);
+}
+
+void CGeneralPage::FocusRefused() {
+  FocusControl(Item(IDC_PASSWORD));
+}
+
+bool CGeneralPage::OnInit() {
+  InitArchiver();
+  InitPassword();
+  InitPowerOff();
+  return false;
+}
+
+void CGeneralPage::InitArchiver() {
+  std::vector<std::wstring> paths = ArchiverCandidates(m_context.ports.folders);
+  const std::wstring& own = m_context.settings.archive.sevenZipPath;
+  std::erase_if(paths, [&](const std::wstring& path) {
+    return path == own || m_context.ports.engine.files.Kind(path) == my::PathKind::NONE;
+  });
+  if (!own.empty()) paths.insert(paths.begin(), own);
+  FillCombo(Item(IDC_ARCHIVER_PATH), paths);
+  SetItemText(IDC_ARCHIVER_PATH, own);
+  ShowArchiverVersion();
+}
+
+void CGeneralPage::InitPassword() {
+  const CArchiveSetting& setting = m_context.settings.archive;
+  FillFromTexts(IDC_PASSWORD_TYPE, IDS_PASSWORD_TYPE_EXEC, kPasswordTypes,
+                static_cast<int>(setting.passwordType));
+  SetItemText(IDC_PASSWORD, setting.password);
+  SetChecked(IDC_HIDE_PASSWORD, setting.hidePassword);
+  MaskPassword(Item(IDC_PASSWORD), setting.hidePassword);
+  ShowPasswordType();
+}
+
+void CGeneralPage::InitPowerOff() {
+  const CUISetting& setting = m_context.settings.ui;
+  FillFromTexts(IDC_POWER_OFF_TYPE, IDS_POWER_OFF_TYPE_LOGOFF, kPowerOffTypes,
+                static_cast<int>(setting.powerOffType));
+  SetChecked(IDC_HYBRID_SHUTDOWN, setting.hybridShutdown);
+  SetChecked(IDC_INSTALL_UPDATES, setting.installUpdates);
+  ShowPowerOffType();
+}
+
+void CGeneralPage::FillFromTexts(int id, UINT firstText, int count, int chosen) {
+  std::vector<std::wstring> items;
+  for (int i = 0; i < count; ++i) {
+    items.push_back(m_context.ports.engine.texts.Text(firstText + static_cast<UINT>(i)));
+  }
+  FillCombo(Item(id), items);
+  ::SendMessageW(Item(id), CB_SETCURSEL, static_cast<WPARAM>(chosen), 0);
+}
+
+bool CGeneralPage::OnCommand(int id, int code) {
+  switch (id) {
+    case IDC_ARCHIVER_PATH: return OnArchiverPath(code);
+    case IDC_ARCHIVER_BROWSE: BrowseArchiver(); return true;
+    case IDC_PASSWORD:
+      if (code == EN_CHANGE) ReportChange();
+      return true;
+    case IDC_PASSWORD_TYPE:
+      if (code != CBN_SELCHANGE) return false;
+      ShowPasswordType();
+      break;
+    case IDC_POWER_OFF_TYPE:
+      if (code != CBN_SELCHANGE) return false;
+      ShowPowerOffType();
+      break;
+    case IDC_HIDE_PASSWORD: MaskPassword(Item(IDC_PASSWORD), IsChecked(id)); break;
+    case IDC_HYBRID_SHUTDOWN:
+    case IDC_INSTALL_UPDATES: break;
+    default: return false;
+  }
+  ReportChange();
+  return true;
+}
+
+bool CGeneralPage::OnArchiverPath(int code) {
+  switch (code) {
+    case CBN_EDITCHANGE:
+      // A half-typed path may be that of a slow server: it is looked at when the user goes on.
+      SetItemText(IDC_ARCHIVER_VERSION, {});
+      ReportChange();
+      return true;
+    case CBN_SELCHANGE:
+      ReportChange();
+      // The edit takes the list's text only after this.
+      ::PostMessageW(Hwnd(), kSettled, 0, 0);
+      return true;
+    case CBN_KILLFOCUS: ShowArchiverVersion(); return true;
+    default: return false;
+  }
+}
+
+std::optional<LRESULT> CGeneralPage::OnMessage(UINT message, WPARAM, LPARAM) {
+  if (message != kSettled) return {};
+  ShowArchiverVersion();
+  return 0;
+}
+
+void CGeneralPage::OnClosed(int) {
+  WipePassword(Item(IDC_PASSWORD));
+}
+
+void CGeneralPage::BrowseArchiver() {
+  const my::IMessageTexts& texts = m_context.ports.engine.texts;
+  my::CFileDialogParams params;
+  params.kinds = {{texts.Text(IDS_ARCHIVER_FILES), L"7z.exe"}, {texts.Text(IDS_PROGRAM_FILES), L"*.exe"}};
+  params.initialPath = ArchiverPath();
+  params.flags |= OFN_FILEMUSTEXIST;
+  const auto path = my::AskOpenPath(::GetAncestor(Hwnd(), GA_ROOT), params);
+  if (!path) return;
+  SetItemText(IDC_ARCHIVER_PATH, *path);
+  ShowArchiverVersion();
+  ReportChange();
+}
+
+void CGeneralPage::ShowArchiverVersion() {
+  const my::IMessageTexts& texts = m_context.ports.engine.texts;
+  const std::wstring path = ArchiverPath();
+  if (path.empty() || m_context.ports.engine.files.Kind(path) != my::PathKind::FILE) {
+    return SetItemText(IDC_ARCHIVER_VERSION, texts.Text(IDS_ARCHIVER_NOT_FOUND));
+  }
+  const auto version = ReadFileVersion(path);
+  SetItemText(IDC_ARCHIVER_VERSION,
+              version ? version->product + L" " + version->version : texts.Text(IDS_ARCHIVER_UNKNOWN));
+}
+
+void CGeneralPage::ShowPasswordType() {
+  const int type = Chosen(IDC_PASSWORD_TYPE);
+  const UINT text = IDS_PASSWORD_DESC_EXEC + static_cast<UINT>(type);
+  SetItemText(IDC_PASSWORD_DESC, m_context.ports.engine.texts.Text(text));
+  EnableItem(IDC_PASSWORD, static_cast<PasswordType>(type) == PasswordType::SAVE);
+}
+
+void CGeneralPage::ShowPowerOffType() {
+  const int type = Chosen(IDC_POWER_OFF_TYPE);
+  const UINT text = IDS_POWER_OFF_DESC_LOGOFF + static_cast<UINT>(type);
+  SetItemText(IDC_POWER_OFF_DESC, m_context.ports.engine.texts.Text(text));
+  const bool turnsOff = static_cast<PowerOffType>(type) == PowerOffType::POWEROFF;
+  EnableItem(IDC_HYBRID_SHUTDOWN, turnsOff);
+  EnableItem(IDC_INSTALL_UPDATES, turnsOff);
+}
+
+// Without the quotation marks that a path copied from the file manager has.
+std::wstring CGeneralPage::ArchiverPath() const {
+  const std::wstring text = ItemText(IDC_ARCHIVER_PATH);
+  return std::wstring(my::Trim(text, L" \t\r\n\""));
+}
+
+int CGeneralPage::Chosen(int id) const {
+  return static_cast<int>(::SendMessageW(Item(id), CB_GETCURSEL, 0, 0));
+}
+
+}  // namespace qlm

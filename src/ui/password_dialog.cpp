@@ -1,0 +1,43 @@
+#include "ui/password_dialog.h"
+
+#include "app/command.h"
+#include "app/messenger.h"
+#include "app/password.h"
+#include "resource.h"
+#include "support/secret.h"
+#include "ui/controls.h"
+
+namespace qlm {
+
+CPasswordDialog::CPasswordDialog(CAppContext& context, CPasswordEntry& entry)
+    : CDialog(IDD_PASSWORD), m_context(context), m_entry(entry) {}
+
+bool CPasswordDialog::OnInit() {
+  const bool hide = m_entry.Setting().hidePassword;
+  SetChecked(IDC_HIDE_PASSWORD, hide);
+  MaskPassword(Item(IDC_PASSWORD), hide);
+  return true;
+}
+
+void CPasswordDialog::OnOk() {
+  std::wstring password = ItemText(IDC_PASSWORD);
+  const my::CWipeAtEnd wipe(password);
+  try {
+    if (m_entry.Accept(password, IsChecked(IDC_HIDE_PASSWORD))) return Close(IDOK);
+  } catch (const my::CException& failure) {
+    m_context.messenger.ShowError(failure);
+  }
+  FocusControl(Item(IDC_PASSWORD));
+}
+
+bool CPasswordDialog::OnCommand(int id, int code) {
+  if (id != IDC_HIDE_PASSWORD || code != BN_CLICKED) return false;
+  MaskPassword(Item(IDC_PASSWORD), IsChecked(IDC_HIDE_PASSWORD));
+  return true;
+}
+
+void CPasswordDialog::OnClosed(int) {
+  WipePassword(Item(IDC_PASSWORD));
+}
+
+}  // namespace qlm
