@@ -17,6 +17,40 @@
 // Task dialog and destination dialog: 200-219, controls 1000-1099.
 
 // Filter check, targets and results: 220-239, controls 1100-1199.
+#define IDD_FILTER                   220
+#define IDD_TARGETS                  221
+#define IDD_RESULTS                  222
+#define IDM_FILTER                   223
+#define IDM_TARGETS                  224
+#define IDM_RESULTS                  225
+#define IDC_LIST_COPY                1100
+#define IDC_FILTER_FILE              1110
+#define IDC_FILTER_LINES             1111
+#define IDC_FILTER_STATUS            1112
+#define IDC_FILTER_PATH              1113
+#define IDC_FILTER_DECISION          1114
+#define IDC_FILTER_EDIT              1115
+#define IDC_FILTER_RELOAD            1116
+#define IDC_FILTER_PATH_LABEL        1117
+#define IDC_FILTER_HINT              1118
+#define IDC_FILTER_DECISION_LABEL    1119
+#define IDC_TARGET_SOURCE            1120
+#define IDC_TARGET_BACKUP            1121
+#define IDC_TARGET_STATE             1122
+#define IDC_TARGET_SEARCH            1123
+#define IDC_TARGET_NEXT              1124
+#define IDC_TARGET_FOUND             1125
+#define IDC_TARGET_LIST              1126
+#define IDC_TARGET_COUNTS            1127
+#define IDC_TARGET_NEWEST            1128
+#define IDC_TARGET_UNLISTED          1129
+#define IDC_TARGET_SHOW_SOURCE       1130
+#define IDC_TARGET_SHOW_BACKUP       1131
+#define IDC_TARGET_GO_NEWEST         1132
+#define IDC_RESULT_LIST              1140
+#define IDC_RESULT_OPEN              1141
+#define IDC_RESULT_TARGETS           1142
+#define IDC_RESULT_SAVE              1143
 
 // Password, replace, about and settings: 240-259, controls 1200-1299.
 #define IDD_REPLACE                  146
@@ -255,6 +289,15 @@
 // Texts of the task dialog and the destination dialog: 560-599.
 
 // Texts of filter check, targets and results: 600-639.
+#define IDS_FILTER_EXCLUDED_BY       600
+#define IDS_FILTER_INCLUDED_BY       601
+#define IDS_FILTER_LINE_COUNTS       602
+#define IDS_TARGET_NEWEST            603
+#define IDS_TARGET_NO_NEWEST         604
+#define IDS_TARGET_NOT_FOUND         605
+#define IDS_TARGET_UNLISTED          606
+#define IDS_TARGET_NO_BACKUP         607
+#define IDS_CSV_KIND                 608
 
 // Texts of password, replace, about and settings: 640-679.
 #define IDS_REPLACE_COUNTS           640

@@ -19,6 +19,7 @@ class CResultListModel : public CTableModel {
   void ShowResults(size_t firstRow, const CResults& rows);
   void Clear() { m_rows.clear(); }
 
+  const CResults& Rows() const { return m_rows; }
   const CResult& Row(size_t row) const { return *m_rows[row]; }
   const CResultPtr& Shared(size_t row) const { return m_rows[row]; }
 

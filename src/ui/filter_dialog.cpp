@@ -1,0 +1,98 @@
+#include "ui/filter_dialog.h"
+
+#include <utility>
+
+#include "document/text_file.h"
+#include "platform/message_texts.h"
+#include "platform/shell.h"
+#include "support/strings.h"
+
+namespace qlm {
+
+CFilterDialog::CFilterDialog(CAppContext& context, std::wstring path)
+    : CListDialog(context, IDD_FILTER, context.settings.filterDlg),
+      m_path(std::move(path)),
+      m_model(context.settings.ui, context.ports.engine.texts) {}
+
+std::vector<my::CAnchor> CFilterDialog::Anchors() const {
+  using my::kBottom, my::kLeft, my::kRight, my::kTop;
+  constexpr unsigned kWideAtBottom = kLeft | kRight | kBottom;
+  return {{IDC_FILTER_FILE, kLeft | kTop | kRight},
+          {IDC_FILTER_LINES, kLeft | kTop | kRight | kBottom},
+          {IDC_FILTER_STATUS, kWideAtBottom},
+          {IDC_FILTER_PATH_LABEL, kLeft | kBottom},
+          {IDC_FILTER_PATH, kWideAtBottom},
+          {IDC_FILTER_HINT, kWideAtBottom},
+          {IDC_FILTER_DECISION_LABEL, kLeft | kBottom},
+          {IDC_FILTER_DECISION, kWideAtBottom},
+          {IDC_FILTER_EDIT, kLeft | kBottom},
+          {IDC_FILTER_RELOAD, kLeft | kBottom},
+          {IDC_LIST_COPY, kLeft | kBottom},
+          {IDCANCEL, kRight | kBottom}};
+}
+
+bool CFilterDialog::OnInit() {
+  UseList(m_list, m_model, IDC_FILTER_LINES, IDM_FILTER);
+  SetItemText(IDC_FILTER_FILE, m_path);
+  Load();
+  ::SetFocus(Item(IDC_FILTER_PATH));
+  return false;
+}
+
+bool CFilterDialog::Execute(int id, int code) {
+  switch (id) {
+    case IDC_FILTER_PATH:
+      if (code == EN_CHANGE) Decide();
+      return true;
+    case IDC_FILTER_EDIT: m_context.ports.shell.Open(m_path); return true;
+    case IDC_FILTER_RELOAD: Load(); return true;
+    default: return false;
+  }
+}
+
+bool CFilterDialog::OnKey(UINT key) {
+  if (key != VK_F5) return false;
+  Load();
+  return true;
+}
+
+void CFilterDialog::Load() {
+  const CEnginePorts& ports = m_context.ports.engine;
+  std::vector<std::wstring> lines;
+  const my::CSimpleErr error =
+      my::TrapError(Texts(), [&] { lines = ReadTextLines(ports.files, ports.ansi, m_path); });
+  m_model.Show(std::move(lines));
+  m_list.Refresh();
+  m_hasErrors = error || m_model.HasErrors();
+  SetItemText(IDC_FILTER_STATUS, error ? my::OneLine(error.message) : CountsText());
+  Decide();
+}
+
+std::wstring CFilterDialog::CountsText() const {
+  size_t errors = 0;
+  for (size_t row = 0; row < m_model.RowCount(); ++row) {
+    if (!m_model.Text(row, CFilterCheckModel::ERROR_TEXT).empty()) ++errors;
+  }
+  return Text(IDS_FILTER_LINE_COUNTS, {std::to_wstring(m_model.RowCount()), std::to_wstring(errors)});
+}
+
+void CFilterDialog::Decide() {
+  const std::wstring path = ItemText(IDC_FILTER_PATH);
+  CFilterCheckModel::CDecision decision;
+  const my::CSimpleErr error = my::TrapError(Texts(), [&] {
+    if (!path.empty()) decision = m_model.Decide(path);
+  });
+  SetItemText(IDC_FILTER_DECISION, error ? my::OneLine(error.message) : DecisionText(decision));
+  if (decision.row)
+    ShowRow(*decision.row);
+  else
+    m_list.Select({});
+}
+
+std::wstring CFilterDialog::DecisionText(const CFilterCheckModel::CDecision& decision) const {
+  if (!decision.row) return decision.text;
+  const uint32_t id = decision.excluded ? IDS_FILTER_EXCLUDED_BY : IDS_FILTER_INCLUDED_BY;
+  return Text(id, {std::to_wstring(*decision.row + 1)});
+}
+
+}  // namespace qlm

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "resource.h"
+#include "ui/list_dialog.h"
+#include "ui/list_state.h"
+#include "ui/models/target_list_model.h"
+
+namespace qlm {
+
+// Shows what a test run or a run has found below a task's source, and what becomes of it.
+class CTargetDialog final : public CListDialog {
+ public:
+  CTargetDialog(CAppContext& context, CResultPtr result);
+
+ private:
+  // The row with the newest time stands in bold.
+  class CView final : public my::CListView {
+   public:
+    explicit CView(const CTargetListModel& model) : CListView(model), m_newestRow(model.NewestRow()) {}
+
+   private:
+    LRESULT OnCustomDraw(NMLVCUSTOMDRAW& draw) override;
+    HFONT BoldFont();
+
+    std::optional<size_t> m_newestRow;
+    my::CFont m_font;
+    UINT m_fontDpi = 0;
+  };
+
+  std::vector<my::CAnchor> Anchors() const override;
+  bool OnInit() override;
+  bool Execute(int id, int code) override;
+  bool OnKey(UINT key) override;
+  bool IsWarning(int controlId) const override;
+
+  void ShowTexts() const;
+  std::wstring NewestText() const;
+  std::wstring UnlistedText() const;
+  void Search(bool next);
+  void GoToNewest();
+  void ShowSource();
+  void ShowBackup();
+
+  CResultPtr m_result;
+  CTargetListModel m_model;
+  CView m_list{m_model};
+  CListState m_state{m_list};
+};
+
+}  // namespace qlm
