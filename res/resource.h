@@ -15,6 +15,28 @@
 #define IDC_STATIC_TEXT              (-1)
 
 // Task dialog and destination dialog: 200-219, controls 1000-1099.
+#define IDD_TASK                     200
+#define IDD_DST                      201
+#define IDC_TASK_ID                  1000
+#define IDC_TASK_PATH                1001
+#define IDC_TASK_BROWSE              1002
+#define IDC_TASK_FILTER              1003
+#define IDC_TASK_BROWSE_FILTER       1004
+#define IDC_TASK_CHECK_FILTER        1005
+#define IDC_TASK_DSTS                1006
+#define IDC_TASK_UP                  1007
+#define IDC_TASK_DOWN                1008
+#define IDC_TASK_WARNING             1009
+#define IDC_TASK_DSTS_LABEL          1010
+#define IDC_DST_FOLDER               1020
+#define IDC_DST_BROWSE               1021
+#define IDC_DST_TYPE                 1022
+#define IDC_DST_PATTERN              1023
+#define IDC_DST_TOKENS               1024
+#define IDC_DST_PREVIEW              1025
+#define IDC_DST_NOTE                 1026
+// Commands of the menu of tokens, from here on as many as there are tokens (up to 1059).
+#define IDC_DST_TOKEN_FIRST          1040
 
 // Filter check, targets and results: 220-239, controls 1100-1199.
 #define IDD_FILTER                   220
@@ -287,6 +309,29 @@
 #define IDS_DST_TYPE_AES_256_ZIP     543
 
 // Texts of the task dialog and the destination dialog: 560-599.
+#define IDS_BROWSE_SOURCE            560
+#define IDS_BROWSE_DST               561
+#define IDS_FILTER_FILES             562
+#define IDS_ALL_FILES                563
+#define IDS_TASK_NO_SOURCE           564
+#define IDS_TASK_DST_WITHIN_SOURCE   565
+#define IDS_SAMPLE_TASK_ID           566
+#define IDS_NAME_BAD_CHARACTER       567
+#define IDS_DST_NOTE_PASSWORD        568
+#define IDS_DST_NOTE_AES             569
+#define IDS_TOKEN_ID                 580
+#define IDS_TOKEN_YEAR               581
+#define IDS_TOKEN_YEAR_2             582
+#define IDS_TOKEN_MONTH              583
+#define IDS_TOKEN_MONTH_1            584
+#define IDS_TOKEN_DAY                585
+#define IDS_TOKEN_DAY_1              586
+#define IDS_TOKEN_HOUR               587
+#define IDS_TOKEN_HOUR_1             588
+#define IDS_TOKEN_MINUTE             589
+#define IDS_TOKEN_MINUTE_1           590
+#define IDS_TOKEN_SECOND             591
+#define IDS_TOKEN_SECOND_1           592
 
 // Texts of filter check, targets and results: 600-639.
 #define IDS_FILTER_EXCLUDED_BY       600

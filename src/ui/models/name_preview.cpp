@@ -1,0 +1,52 @@
+#include "ui/models/name_preview.h"
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+#include "document/name_pattern.h"
+#include "platform/message_texts.h"
+#include "resource.h"
+
+namespace qlm {
+namespace {
+
+constexpr CNameToken kTokens[] = {
+    {L"<ID>", IDS_TOKEN_ID},       {L"<Y>", IDS_TOKEN_YEAR, true}, {L"<Y2>", IDS_TOKEN_YEAR_2},
+    {L"<M>", IDS_TOKEN_MONTH},     {L"<M1>", IDS_TOKEN_MONTH_1},   {L"<D>", IDS_TOKEN_DAY},
+    {L"<D1>", IDS_TOKEN_DAY_1},    {L"<h>", IDS_TOKEN_HOUR, true}, {L"<h1>", IDS_TOKEN_HOUR_1},
+    {L"<m>", IDS_TOKEN_MINUTE},    {L"<m1>", IDS_TOKEN_MINUTE_1},  {L"<s>", IDS_TOKEN_SECOND},
+    {L"<s1>", IDS_TOKEN_SECOND_1},
+};
+
+// Separators are not among them: they make subfolders.
+bool IsBadInName(wchar_t c) {
+  constexpr std::wstring_view kBad = L"<>:\"|?*";
+  return c < L' ' || kBad.find(c) != std::wstring_view::npos;
+}
+
+}  // namespace
+
+std::span<const CNameToken> NameTokens() {
+  return kTokens;
+}
+
+bool FitPattern(DstType type, std::wstring& pattern) {
+  return !pattern.empty() && AdjustExtension(type, pattern);
+}
+
+std::wstring SampleTaskId(const CTasks& tasks, const CRows& rows, const my::IMessageTexts& texts) {
+  const size_t row = rows.empty() ? 0 : rows.front();
+  return row < tasks.size() ? tasks[row]->id : texts.Text(IDS_SAMPLE_TASK_ID);
+}
+
+std::wstring NamePreview(const CDst& dst, const std::wstring& taskId, my::CFileTime time,
+                         const my::IClock& clock, const my::IMessageTexts& texts) {
+  if (dst.pattern.empty()) return texts.Text(IDS_PATTERN_EMPTY);
+  std::wstring name = ExpandName(dst, taskId, time, clock);
+  if (std::none_of(name.begin(), name.end(), IsBadInName)) return name;
+  const std::vector<my::CMsgArg> args = {name};
+  return my::MakeText(texts, IDS_NAME_BAD_CHARACTER, args);
+}
+
+}  // namespace qlm
