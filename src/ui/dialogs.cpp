@@ -1,11 +1,18 @@
 #include "ui/dialogs.h"
 
-#include "app/command.h"
+#include "app/replace_tool.h"
+#include "ui/about_dialog.h"
+#include "ui/dst_dialog.h"
+#include "ui/filter_dialog.h"
 #include "ui/framework/file_dialogs.h"
+#include "ui/password_dialog.h"
+#include "ui/replace_dialog.h"
+#include "ui/result_dialog.h"
+#include "ui/settings_sheet.h"
+#include "ui/target_dialog.h"
+#include "ui/task_dialog.h"
 
 namespace qlm {
-class CReplaceDialog {};
-class CResultDialog {};
 namespace {
 
 my::CFileDialogParams ParamsOf(const CFileQuestion& question) {
@@ -35,18 +42,41 @@ std::optional<std::wstring> CDialogs::AskOpenPath(const CFileQuestion& question)
 std::optional<std::wstring> CDialogs::AskSavePath(const CFileQuestion& question) {
   return my::AskSavePath(Owner(), ParamsOf(question));
 }
-bool CDialogs::AskPassword(CPasswordEntry&) {
-  return false;
+
+bool CDialogs::AskPassword(CPasswordEntry& entry) {
+  return CPasswordDialog(*m_context, entry).DoModal(Owner()) == IDOK;
 }
-void CDialogs::ShowSettings(bool) {}
-void CDialogs::OpenReplace(CReplaceTool&) {}
-void CDialogs::FocusReplace() {}
-void CDialogs::CancelReplace() {}
+
+void CDialogs::ShowSettings(bool designPage) {
+  CSettingsSheet(*m_context, designPage ? 1 : 0).DoModal(Owner());
+}
+
+void CDialogs::OpenReplace(CReplaceTool&) {
+  m_replace = std::make_unique<CReplaceDialog>(*m_context, [] {});
+  m_replace->CreateModeless(m_owner, m_loop);
+}
+
+void CDialogs::FocusReplace() {
+  ::SetForegroundWindow(m_replace->Hwnd());
+}
+
+void CDialogs::CancelReplace() {
+  ::SendMessageW(m_replace->Hwnd(), WM_COMMAND, IDCANCEL, 0);
+}
+
+void CDialogs::RefreshReplace() {
+  if (m_replace) m_replace->Refresh();
+}
+
 void CDialogs::EditTask(const CTask& task, const std::function<void(const CTask&)>& confirm) {
-  confirm(task);
+  const auto checkFilter = [this](const std::wstring& filterPath, const std::wstring& sourcePath) {
+    ShowFilter(filterPath, sourcePath);
+  };
+  CTaskDialog(*m_context, task, confirm, checkFilter).DoModal(Owner());
 }
+
 void CDialogs::EditDst(const CDst& dst, const std::function<void(const CDst&)>& confirm) {
-  confirm(dst);
+  CDstDialog(*m_context, dst, confirm).DoModal(Owner());
 }
 
 void CDialogs::Set(const CClip& clip) {
@@ -56,12 +86,30 @@ void CDialogs::Set(const CClip& clip) {
 std::optional<std::string> CDialogs::Document() {
   return m_clipboard.Bytes(m_owner);
 }
-void CDialogs::RefreshReplace() {}
-void CDialogs::ShowResults(const CResultListModel&) {}
-void CDialogs::RefreshResults() {}
-void CDialogs::ShowTargets(const CResultPtr&) {}
-void CDialogs::ShowFilter(const std::wstring&, const std::wstring&) {}
-void CDialogs::ShowAbout() {}
+
+void CDialogs::ShowResults(const CResultListModel& results) {
+  if (!m_results) m_results = std::make_unique<CResultDialog>(*m_context, results);
+  if (m_results->Hwnd())
+    ::SetForegroundWindow(m_results->Hwnd());
+  else
+    m_results->CreateModeless(m_owner, m_loop);
+}
+
+void CDialogs::RefreshResults() {
+  if (m_results) m_results->RowsChanged();
+}
+
+void CDialogs::ShowTargets(const CResultPtr& row) {
+  CTargetDialog(*m_context, row).DoModal(Owner());
+}
+
+void CDialogs::ShowFilter(const std::wstring& filterPath, const std::wstring&) {
+  CFilterDialog(*m_context, filterPath).DoModal(Owner());
+}
+
+void CDialogs::ShowAbout() {
+  CAboutDialog(*m_context).DoModal(Owner());
+}
 
 HWND CDialogs::Owner() const {
   const HWND active = ::GetActiveWindow();
