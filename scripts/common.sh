@@ -28,7 +28,7 @@ to_win() {
 
 # Creates the Wine prefix once. The stamp is written last, so an interrupted start is redone.
 ensure_wine_prefix() {
-  local stamp=$WINEPREFIX/.complete
+  local stamp=$WINEPREFIX/.complete-2
   [[ -e $stamp ]] && return
   mkdir -p "$top/build"
   (
@@ -42,6 +42,7 @@ ensure_wine_prefix() {
     wineserver -w 9>&-
     [[ -d $WINEPREFIX/drive_c/windows/system32 ]] || die "Wine did not create its prefix"
     own_user_folders
+    use_smooth_fonts
     : >"$stamp"
   ) 9>"$top/build/wineprefix.lock"
 }
@@ -55,6 +56,24 @@ own_user_folders() {
       mkdir "$link"
     fi
   done
+}
+
+# Text as today's systems draw it: smooth, in a proportional gothic. The IPA fonts forbid smoothing at the
+# sizes of dialogs. Marlett has the signs of the caption buttons.
+use_smooth_fonts() {
+  local face
+  cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
+  {
+    printf 'REGEDIT4\n\n[HKEY_CURRENT_USER\\Control Panel\\Desktop]\n'
+    printf '"FontSmoothing"="2"\n"FontSmoothingType"=dword:1\n\n'
+    printf '[HKEY_CURRENT_USER\\Software\\Wine\\Fonts\\Replacements]\n'
+    for face in 'MS UI Gothic' 'MS Gothic' 'MS PGothic' Tahoma 'MS Shell Dlg' 'MS Shell Dlg 2' IPAGothic \
+      IPAPGothic 'Meiryo UI' 'Yu Gothic UI'; do
+      printf '"%s"="Noto Sans CJK JP"\n' "$face"
+    done
+  } >"$WINEPREFIX/fonts.reg"
+  LC_ALL=ja_JP.UTF-8 wine regedit /S "$(to_win "$WINEPREFIX/fonts.reg")" </dev/null >/dev/null 2>&1 9>&-
+  wineserver -w 9>&-
 }
 
 # Keeps one Wine server with its system processes while many programs run one after the other.

@@ -6,7 +6,7 @@ packages=(
   cmake ninja-build ccache g++ g++-mingw-w64-x86-64-posix
   clang clang-tidy clang-format libclang-rt-14-dev
   libboost1.81-dev libcli11-dev nlohmann-json3-dev libpugixml-dev googletest
-  wine wine64 xvfb fonts-ipafont-gothic fonts-wine locales
+  wine wine64 xvfb fonts-ipafont-gothic fonts-noto-cjk fonts-wine locales
   strace unzip jq
 )
 # An npm from elsewhere serves as well as Debian's.
