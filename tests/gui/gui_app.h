@@ -83,9 +83,11 @@ class CGuiApp {
   // Does what opens a modal dialog, and plays the user in it, who must close it.
   void DoWithDialog(int id, std::function<void(HWND)> user) {
     m_user = std::move(user);
+    m_patience = 500;
     s_current = this;
     const UINT_PTR timer = ::SetTimer(nullptr, 0, 10, PlayUser);
     Do(id);
+    PumpUntil([this] { return !m_user || !app->Run().IsActive(); });
     ::KillTimer(nullptr, timer);
     if (m_user) ADD_FAILURE() << "no dialog for " << id;
   }
@@ -154,13 +156,19 @@ class CGuiApp {
   static void CALLBACK PlayUser(HWND, UINT, UINT_PTR, DWORD) {
     CGuiApp& self = *s_current;
     const HWND active = ::GetActiveWindow();
-    if (!self.m_user || !active || active == self.frame->Hwnd()) return;
+    if (!active || active == self.frame->Hwnd()) return;
+    if (--self.m_patience == 0) {
+      ADD_FAILURE() << "a dialog that does not close";
+      ::EndDialog(active, IDCANCEL);
+    }
+    if (!self.m_user) return;
     const auto user = std::exchange(self.m_user, nullptr);
     user(active);
   }
 
   inline static CGuiApp* s_current = nullptr;
   std::function<void(HWND)> m_user;
+  int m_patience = 0;  // so often is a dialog that is there after its user looked at
 };
 
 }  // namespace test

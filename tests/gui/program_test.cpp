@@ -1,0 +1,97 @@
+// The built program, from outside: a window of another process that gets messages.
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "gui/gui.h"
+#include "platform/win32/handle.h"
+#include "resource.h"
+#include "support/strings.h"
+#include "wine/scratch_folder.h"
+
+namespace {
+
+class CProgram {
+ public:
+  explicit CProgram(const std::wstring& documentPath) {
+    std::wstring path(MAX_PATH, L'\0');
+    path.resize(::GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
+    std::wstring command =
+        L"\"" + my::JoinPath(my::ParentPath(path), L"Quillmoor.exe") + L"\" \"" + documentPath + L"\"";
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    EXPECT_TRUE(::CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                                 &startup, &process));
+    m_process = my::CKernelHandle(process.hProcess);
+    const my::CKernelHandle thread(process.hThread);
+    m_id = process.dwProcessId;
+  }
+  ~CProgram() { ::TerminateProcess(m_process.Get(), 1); }
+
+  HWND Window() const {
+    struct CSearch {
+      DWORD process;
+      HWND found;
+    } search{m_id, nullptr};
+    const auto look = [](HWND window, LPARAM parameter) -> BOOL {
+      auto& wanted = *reinterpret_cast<CSearch*>(parameter);
+      wchar_t name[64] = L"";
+      ::GetClassNameW(window, name, 64);
+      DWORD process = 0;
+      ::GetWindowThreadProcessId(window, &process);
+      const bool isFrame = std::wstring_view(name) == L"QuillmoorMainFrame";
+      if (process == wanted.process && isFrame && ::IsWindowVisible(window)) wanted.found = window;
+      return wanted.found == nullptr;
+    };
+    ::EnumWindows(look, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+  }
+
+  bool Ended() const { return ::WaitForSingleObject(m_process.Get(), 0) == WAIT_OBJECT_0; }
+  DWORD ExitCode() const {
+    DWORD code = 0xFFFFFFFF;
+    ::GetExitCodeProcess(m_process.Get(), &code);
+    return code;
+  }
+
+ private:
+  my::CKernelHandle m_process;
+  DWORD m_id = 0;
+};
+
+std::wstring TitleOf(HWND window) {
+  wchar_t title[200] = L"";
+  ::GetWindowTextW(window, title, 200);
+  return title;
+}
+
+TEST(Program, opens_the_document_of_its_command_line_runs_it_by_a_key_and_quits) {
+  test::CScratchFolder scratch;
+  scratch.Write(L"a.txt", "content");
+  std::string document =
+      "<?xml version=\"1.0\" encoding=\"utf-8\"?><QuillmoorDoc><Version>1.0.0.0</Version><Dsts><Dst><Folder>";
+  document += my::Utf8FromWide(scratch.At(L"out")) +
+              "</Folder><Type>FOLDER</Type><Pattern>backup</Pattern></Dst></Dsts>";
+  document += "<Tasks><Task><Id>t</Id><Path>" + my::Utf8FromWide(scratch.path) +
+              "</Path><Dsts><Dst>0</Dst></Dsts><FilterPath></FilterPath></Task></Tasks></QuillmoorDoc>";
+  scratch.Write(L"d.qlmr", document);
+  const CProgram program(scratch.At(L"d.qlmr"));
+  ASSERT_TRUE(
+      test::PumpUntil([&] { return program.Window() && TitleOf(program.Window()).find(L"d.qlmr") == 0; }));
+  const HWND window = program.Window();
+  ::PostMessageW(window, WM_KEYDOWN, VK_F5, 0);
+  const std::wstring copied = scratch.At(L"out\\backup\\a.txt");
+  ASSERT_TRUE(test::PumpUntil([&] { return scratch.files.Kind(copied) == my::PathKind::FILE; }));
+  EXPECT_EQ(scratch.files.ReadFile(copied, 100), "content");
+  // "1 / 1  正常終了 ..." is seen as the bar that has come to its end.
+  const HWND bar = ::GetDlgItem(::GetDlgItem(window, IDC_STATUS_BAR), IDC_PROGRESS);
+  EXPECT_TRUE(test::PumpUntil([&] { return ::SendMessageW(bar, PBM_GETPOS, 0, 0) == 1; })) << "state 375";
+  ::PostMessageW(window, WM_CLOSE, 0, 0);
+  EXPECT_TRUE(test::PumpUntil([&] { return program.Ended(); }));
+  EXPECT_EQ(program.ExitCode(), 0u);
+}
+
+}  // namespace

@@ -1,0 +1,156 @@
+#include <gtest/gtest.h>
+
+#include "gui/gui_app.h"
+
+namespace {
+
+using namespace qlm;
+using test::CGuiApp;
+
+void Press(HWND dialog, int id) {
+  ::SendMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(id),
+                 reinterpret_cast<LPARAM>(::GetDlgItem(dialog, id)));
+}
+
+void Type(HWND dialog, int id, const std::wstring& text) {
+  ::SetDlgItemTextW(dialog, id, text.c_str());
+}
+
+// The modeless dialog that a command has opened.
+HWND DialogWith(int controlId) {
+  struct CSearch {
+    int id;
+    HWND found;
+  } search{controlId, nullptr};
+  const auto look = [](HWND window, LPARAM parameter) -> BOOL {
+    auto& wanted = *reinterpret_cast<CSearch*>(parameter);
+    if (::GetDlgItem(window, wanted.id)) wanted.found = window;
+    return wanted.found == nullptr;
+  };
+  ::EnumThreadWindows(::GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+struct Session : testing::Test {
+  void AddByDialogs() {
+    a.DoWithDialog(ID_DST_ADD, [this](HWND dialog) {
+      Type(dialog, IDC_DST_FOLDER, L"");
+      Press(dialog, IDOK);
+      EXPECT_EQ(a.box.texts.back(), a.texts.Text(IDS_PATH_EMPTY));
+      Type(dialog, IDC_DST_FOLDER, a.scratch.At(L"out"));
+      Press(dialog, IDOK);
+    });
+    a.DoWithDialog(ID_TASK_ADD, [this](HWND dialog) {
+      Type(dialog, IDC_TASK_ID, L"a/b");
+      Type(dialog, IDC_TASK_PATH, a.scratch.At(L"書類"));
+      Press(dialog, IDOK);
+      EXPECT_EQ(a.box.texts.back(), a.texts.Text(IDS_ID_BAD_CHARACTER));
+      Type(dialog, IDC_TASK_ID, L"書類");
+      Press(dialog, IDOK);
+    });
+  }
+
+  CGuiApp a;
+};
+
+TEST_F(Session, document_is_built_by_dialogs_saved_run_and_its_results_are_read) {
+  a.scratch.files.CreateFolders(a.scratch.At(L"書類"));
+  a.scratch.Write(L"書類\\a.txt", "x");
+  AddByDialogs();
+  ASSERT_EQ(a.app->Document().Tasks().size(), 1u);
+  EXPECT_EQ(a.app->Document().Tasks()[0]->dsts.size(), 1u) << "the only destination is the first choice";
+  const std::wstring path = a.scratch.At(L"文書.qlmr");
+  a.DoWithDialog(ID_SAVE, [&path](HWND dialog) {
+    constexpr int kNameCombo = 0x47C;
+    Type(dialog, kNameCombo, path);
+    Press(dialog, IDOK);
+  });
+  EXPECT_EQ(a.app->Document().Path(), path);
+  a.RunToEnd();
+  a.Do(ID_RESULTS);
+  const HWND results = DialogWith(IDC_RESULT_LIST);
+  ASSERT_TRUE(results);
+  const HWND list = ::GetDlgItem(results, IDC_RESULT_LIST);
+  ASSERT_EQ(ListView_GetItemCount(list), 1);
+  EXPECT_EQ(CGuiApp::CellOf(list, 0, 0), L"書類");
+  EXPECT_EQ(CGuiApp::CellOf(list, 0, 4), a.texts.Text(IDS_PHASE_CREATED));
+  EXPECT_EQ(a.scratch.files.Kind(CGuiApp::CellOf(list, 0, 1)), my::PathKind::FOLDER);
+}
+
+TEST_F(Session, test_run_shows_what_it_found_and_an_error_shows_the_results) {
+  a.scratch.files.CreateFolders(a.scratch.At(L"書類"));
+  a.scratch.Write(L"書類\\a.txt", "x");
+  AddByDialogs();
+  bool shown = false;
+  a.DoWithDialog(ID_TASK_TARGETS, [&shown](HWND dialog) {
+    shown = ListView_GetItemCount(::GetDlgItem(dialog, IDC_TARGET_LIST)) == 1;
+    Press(dialog, IDCANCEL);
+  });
+  EXPECT_TRUE(shown);
+  a.scratch.files.RemoveFolder(a.scratch.At(L"書類"));
+  EXPECT_FALSE(DialogWith(IDC_RESULT_LIST));
+  a.RunToEnd();
+  EXPECT_TRUE(DialogWith(IDC_RESULT_LIST));
+}
+
+TEST_F(Session, replace_preview_is_seen_in_the_lists_and_follows_the_selection) {
+  a.AddTask(L"alpha", L"C:\\x");
+  a.AddTask(L"beta", L"C:\\x");
+  a.Select(IDC_TASK_LIST, {0});
+  a.Do(ID_REPLACE);
+  const HWND dialog = DialogWith(IDC_REPLACE_SRC);
+  ASSERT_TRUE(dialog);
+  for (const int id : {IDC_REPLACE_ROW_SELECTED, IDC_REPLACE_TASK_ID})
+    ::SendDlgItemMessageW(dialog, id, BM_CLICK, 0, 0);
+  const auto type = [dialog](int id, const wchar_t* text) {
+    Type(dialog, id, text);
+    ::SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, CBN_EDITCHANGE),
+                   reinterpret_cast<LPARAM>(::GetDlgItem(dialog, id)));
+    test::Pump();
+  };
+  type(IDC_REPLACE_SRC, L"a");
+  type(IDC_REPLACE_DST, L"A");
+  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 0, 0), L"AlphA");
+  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 1, 0), L"beta");
+  a.Select(IDC_TASK_LIST, {1});
+  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 0, 0), L"alpha");
+  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 1, 0), L"betA");
+  Press(dialog, IDCANCEL);
+  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 1, 0), L"beta");
+  a.Do(ID_REPLACE);
+  Press(DialogWith(IDC_REPLACE_SRC), IDOK);
+  EXPECT_EQ(a.app->Document().Tasks()[1]->id, L"betA");
+  EXPECT_FALSE(DialogWith(IDC_REPLACE_SRC));
+}
+
+TEST_F(Session, settings_go_round_through_the_sheet_and_the_file) {
+  a.DoWithDialog(ID_SETTINGS, [](HWND sheet) {
+    HWND page = ::GetWindow(sheet, GW_CHILD);
+    while (page && !::GetDlgItem(page, IDC_PASSWORD_TYPE)) page = ::GetWindow(page, GW_HWNDNEXT);
+    ASSERT_TRUE(page);
+    ::SendDlgItemMessageW(page, IDC_PASSWORD_TYPE, CB_SETCURSEL, 2, 0);
+    ::SendMessageW(page, WM_COMMAND, MAKEWPARAM(IDC_PASSWORD_TYPE, CBN_SELCHANGE),
+                   reinterpret_cast<LPARAM>(::GetDlgItem(page, IDC_PASSWORD_TYPE)));
+    Type(page, IDC_PASSWORD, L"秘密");
+    Press(sheet, IDOK);
+  });
+  EXPECT_EQ(a.app->Settings().archive.password, L"秘密");
+  a.Quit();
+  a.Start();
+  EXPECT_EQ(a.app->Settings().archive.passwordType, PasswordType::SAVE);
+  EXPECT_EQ(a.app->Settings().archive.password, L"秘密");
+}
+
+TEST_F(Session, password_is_asked_for_and_a_cancelled_run_does_not_start) {
+  a.AddTask(L"t", a.scratch.path);
+  a.AddDst(a.scratch.At(L"out"), DstType::AES_256_ZIP);
+  SetUse(a.app->Document(), {0}, 0, true);
+  a.DoWithDialog(ID_RUN, [this](HWND dialog) {
+    Press(dialog, IDOK);
+    EXPECT_EQ(a.box.texts.back(), a.texts.Text(IDS_PASSWORD_EMPTY));
+    Press(dialog, IDCANCEL);
+  });
+  EXPECT_EQ(a.app->Run().State(), static_cast<uint32_t>(IDS_STATE_NOT_RUN));
+}
+
+}  // namespace
