@@ -13,7 +13,7 @@ class CFilterDialog final : public CListDialog {
  public:
   // What keeps the file from being read is shown in the dialog. `source` is the folder of the task, for full
   // paths that are pasted; it may be empty.
-  CFilterDialog(CAppContext& context, std::wstring path, std::wstring source);
+  CFilterDialog(CAppContext& context, std::wstring path, std::wstring source = {});
 
  private:
   std::vector<my::CAnchor> Anchors() const override;
