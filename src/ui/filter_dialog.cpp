@@ -5,13 +5,15 @@
 #include "document/text_file.h"
 #include "platform/message_texts.h"
 #include "platform/shell.h"
+#include "support/paths.h"
 #include "support/strings.h"
 
 namespace qlm {
 
-CFilterDialog::CFilterDialog(CAppContext& context, std::wstring path)
+CFilterDialog::CFilterDialog(CAppContext& context, std::wstring path, std::wstring source)
     : CListDialog(context, IDD_FILTER, context.settings.filterDlg),
       m_path(std::move(path)),
+      m_source(my::JoinPath(source, L"")),
       m_model(context.settings.ui, context.ports.engine.texts) {}
 
 std::vector<my::CAnchor> CFilterDialog::Anchors() const {
@@ -76,8 +78,15 @@ std::wstring CFilterDialog::CountsText() const {
   return Text(IDS_FILTER_LINE_COUNTS, {std::to_wstring(m_model.RowCount()), std::to_wstring(errors)});
 }
 
-void CFilterDialog::Decide() {
+// Relative to the source, also when it was typed with it.
+std::wstring CFilterDialog::TypedPath() const {
   const std::wstring path = ItemText(IDC_FILTER_PATH);
+  const bool isFull = !m_source.empty() && my::EqualNoCase(path.substr(0, m_source.size()), m_source);
+  return isFull ? path.substr(m_source.size()) : path;
+}
+
+void CFilterDialog::Decide() {
+  const std::wstring path = TypedPath();
   CFilterCheckModel::CDecision decision;
   const my::CSimpleErr error = my::TrapError(Texts(), [&] {
     if (!path.empty()) decision = m_model.Decide(path);

@@ -11,8 +11,9 @@ namespace qlm {
 // Shows every line of a filter file, and which of them decides for a path that the user types.
 class CFilterDialog final : public CListDialog {
  public:
-  // What keeps the file from being read is shown in the dialog.
-  CFilterDialog(CAppContext& context, std::wstring path);
+  // What keeps the file from being read is shown in the dialog. `source` is the folder of the task, for full
+  // paths that are pasted; it may be empty.
+  CFilterDialog(CAppContext& context, std::wstring path, std::wstring source = {});
 
  private:
   std::vector<my::CAnchor> Anchors() const override;
@@ -23,10 +24,12 @@ class CFilterDialog final : public CListDialog {
 
   void Load();
   std::wstring CountsText() const;
+  std::wstring TypedPath() const;
   void Decide();
   std::wstring DecisionText(const CFilterCheckModel::CDecision& decision) const;
 
   std::wstring m_path;
+  std::wstring m_source;
   bool m_hasErrors = false;
   CFilterCheckModel m_model;
   my::CListView m_list{m_model};

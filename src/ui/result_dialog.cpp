@@ -86,7 +86,7 @@ void CResultDialog::ShowTargets() {
   if (!row || *row >= m_model.RowCount()) throw CListException(IDS_NO_ITEM_SELECTED, m_state);
   // The dialog disables this window only; the main window would let the user end the program behind it.
   const CDisabled owner(::GetWindow(Hwnd(), GW_OWNER));
-  CTargetDialog(m_context, m_model.Rows()[*row]).DoModal(Hwnd());
+  CTargetDialog(m_context, m_model.Shared(*row)).DoModal(Hwnd());
 }
 
 void CResultDialog::SaveCsv() {

@@ -9,10 +9,10 @@
 namespace qlm {
 namespace {
 
-constexpr CColumnSpec kColumns[] = {{IDS_COL_FILTER_LINE, 60, my::ListAlign::Right},
-                                    {IDS_COL_FILTER_SIGN, 50, my::ListAlign::Centre},
-                                    {IDS_COL_FILTER_EXPRESSION, 320},
-                                    {IDS_COL_FILTER_ERROR, 320}};
+constexpr CColumnSpec kColumns[] = {{IDS_COL_FILTER_LINE, 44, my::ListAlign::Right},
+                                    {IDS_COL_FILTER_SIGN, 44, my::ListAlign::Centre},
+                                    {IDS_COL_FILTER_EXPRESSION, 250},
+                                    {IDS_COL_FILTER_ERROR, 270}};
 
 // What stands behind the sign; blanks at the end are part of it.
 std::wstring Expression(const std::wstring& line) {

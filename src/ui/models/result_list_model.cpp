@@ -9,11 +9,11 @@
 namespace qlm {
 namespace {
 
-constexpr CColumnSpec kColumns[] = {{IDS_COL_TASK_ID, 140},
-                                    {IDS_COL_RESULT_PATH, 300},
-                                    {IDS_COL_DST_TYPE, 120},
-                                    {IDS_COL_RESULT_TIME, 140},
-                                    {IDS_COL_RESULT_MESSAGE, 320}};
+constexpr CColumnSpec kColumns[] = {{IDS_COL_TASK_ID, 80},
+                                    {IDS_COL_RESULT_PATH, 170},
+                                    {IDS_COL_DST_TYPE, 110},
+                                    {IDS_COL_RESULT_TIME, 130},
+                                    {IDS_COL_RESULT_MESSAGE, 265}};
 
 // A field with a character that means something to a reader stands in quotes, quotes in it twice.
 void AppendField(std::wstring& csv, const std::wstring& field) {

@@ -7,11 +7,11 @@
 namespace qlm {
 namespace {
 
-constexpr CColumnSpec kColumns[] = {{IDS_COL_TARGET_PATH, 320},
+constexpr CColumnSpec kColumns[] = {{IDS_COL_TARGET_PATH, 260},
                                     {IDS_COL_TARGET_TIME, 140},
-                                    {IDS_COL_TARGET_SIZE, 100, my::ListAlign::Right},
-                                    {IDS_COL_TARGET_ATTRIBUTES, 60},
-                                    {IDS_COL_FILTER_ITEM, 240}};
+                                    {IDS_COL_TARGET_SIZE, 76, my::ListAlign::Right},
+                                    {IDS_COL_TARGET_ATTRIBUTES, 44},
+                                    {IDS_COL_FILTER_ITEM, 216}};
 
 bool Contains(std::wstring_view path, std::wstring_view text) {
   for (; path.size() >= text.size(); path.remove_prefix(1)) {

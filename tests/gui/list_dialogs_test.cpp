@@ -1,0 +1,288 @@
+#include <gtest/gtest.h>
+
+#include <boost/smart_ptr/make_shared.hpp>
+
+#include "app/application.h"
+#include "gui/gui.h"
+#include "platform/win32/msxml_dom.h"
+#include "platform/win32/win32_ansi_codec.h"
+#include "platform/win32/win32_clock.h"
+#include "platform/win32/win32_known_folders.h"
+#include "platform/win32/win32_message_texts.h"
+#include "platform/win32/win32_process.h"
+#include "support/fake_system.h"
+#include "support/fake_windows.h"
+#include "support/memory_file_system.h"
+#include "ui/filter_dialog.h"
+#include "ui/framework/clipboard.h"
+#include "ui/framework/dpi.h"
+#include "ui/framework/window.h"
+#include "ui/result_dialog.h"
+#include "ui/target_dialog.h"
+
+namespace {
+
+using namespace qlm;
+
+constexpr int64_t kNoon = 133'500'000'000'000'000;
+
+bool IsAtEnd(HWND list) {
+  return ListView_GetTopIndex(list) + ListView_GetCountPerPage(list) >= ListView_GetItemCount(list);
+}
+
+void PressKey(HWND control, WPARAM key) {
+  ::SendMessageW(control, WM_KEYDOWN, key, 1);
+}
+
+void PressWithControl(HWND control, WPARAM key) {
+  BYTE keys[256]{};
+  keys[VK_CONTROL] = 0x80;
+  ::SetKeyboardState(keys);
+  PressKey(control, key);
+  keys[VK_CONTROL] = 0;
+  ::SetKeyboardState(keys);
+}
+
+template <class Work>
+DWORD Milliseconds(Work&& work) {
+  const DWORD start = ::GetTickCount();
+  work();
+  return ::GetTickCount() - start;
+}
+
+// Wine does not count for GetGuiResources; there the slots of its table of GDI objects can be asked one by
+// one.
+DWORD GdiObjects() {
+  DWORD count = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS);
+  for (UINT_PTR slot = 1; count == 0 && slot <= 0xFFFF; ++slot)
+    if (::GetObjectType(reinterpret_cast<HGDIOBJ>(slot)) != 0) ++count;
+  return count;
+}
+
+// The program on a disk in memory.
+struct ListDialogs : testing::Test {
+  // Three entries, of which the filter excludes the last, and a folder that could not be read.
+  CResultPtr MakeResult(size_t more = 0) {
+    auto filter = boost::make_shared<CFilter>();
+    filter->Parse({L"- [.]bak$"}, texts);
+    auto targets = boost::make_shared<CTargets>(filter);
+    targets->Add(L"docs\\", {{}, {}, 0, my::kAttributeFolder}, nullptr);
+    targets->Add(L"docs\\a.txt", {{}, {kNoon}, 1234, 0}, nullptr);
+    targets->Add(L"docs\\A.bak", {{}, {kNoon * 2}, 9, 0}, filter->Items()[0].get());
+    for (size_t i = 0; i < more; ++i) targets->Add(L"more\\" + std::to_wstring(i) + L".txt", {}, nullptr);
+    targets->AddUnlisted(L"secret");
+    const CDst dst{L"C:\\backup", DstType::FOLDER, L"<ID>"};
+    const CTask task{L"work", L"C:\\src", L"", {boost::make_shared<CDst>(dst)}};
+    const auto result = boost::make_shared<CResult>();
+    result->message = IDS_PHASE_CREATED;
+    result->task = boost::make_shared<CTask>(task);
+    result->targets = targets;
+    result->newestWriteTime = {kNoon};
+    result->destinationPath = L"C:\\backup\\work_1";
+    return result;
+  }
+
+  static void Click(const my::CDialog& dialog, int id) { ::SendMessageW(dialog.Item(id), BM_CLICK, 0, 0); }
+  static void Type(const my::CDialog& dialog, int id, const wchar_t* text) {
+    ::SendMessageW(dialog.Item(id), EM_SETSEL, 0, -1);
+    ::SendMessageW(dialog.Item(id), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text));
+  }
+  static int Selected(HWND list) { return ListView_GetNextItem(list, -1, LVNI_SELECTED); }
+  static void Select(HWND list, int row) {
+    ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+  }
+  std::wstring LastCall() const { return shell.calls.empty() ? L"" : shell.calls.back(); }
+  bool HasBox(uint32_t id) const {
+    return !box.boxes.empty() && box.boxes.back().find(texts.Text(id)) != std::wstring::npos;
+  }
+
+  test::CMemoryFileSystem files;
+  my::CMsxmlDom dom;
+  my::CWin32Clock clock;
+  my::CWin32AnsiCodec ansi;
+  my::CWin32MessageTexts texts;
+  my::CWin32Process process;
+  my::CWin32KnownFolders folders;
+  test::CManualThreads threads;
+  test::CFakePower power;
+  test::CFakeHash hash;
+  test::CFakeShell shell;
+  test::CFakeWindow window;
+  test::CFakeDialogs box;
+  CAppPorts ports{{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell};
+  CApplication app{ports, box, window, box, L"Quillmoor.exe"};
+  CAppContext& context = app.Context();
+  my::CAutoMessageLoop loop;
+  CResultListModel rows{app.Settings().ui, texts, clock};
+};
+
+TEST_F(ListDialogs, filter_check_tells_the_line_that_decides_while_the_user_types) {
+  files.AddFile(L"C:\\work.flt", "# rules\r\n- [.]bak$\r\n+ ^docs\r\nx\r\n");
+  CFilterDialog dialog(context, L"C:\\work.flt", L"C:\\src");
+  dialog.CreateModeless(nullptr, loop);
+  EXPECT_EQ(dialog.ItemText(IDC_FILTER_STATUS), L"4 行、エラー 1 件");
+  Type(dialog, IDC_FILTER_PATH, L"docs/a.bak");
+  EXPECT_EQ(dialog.ItemText(IDC_FILTER_DECISION), L"2 行目により除外されます");
+  EXPECT_EQ(Selected(dialog.Item(IDC_FILTER_LINES)), 1);
+  Type(dialog, IDC_FILTER_PATH, L"c:\\SRC\\docs\\a.txt");
+  EXPECT_EQ(dialog.ItemText(IDC_FILTER_DECISION), L"3 行目により対象になります");
+  Type(dialog, IDC_FILTER_PATH, L"else");
+  EXPECT_EQ(dialog.ItemText(IDC_FILTER_DECISION), texts.Text(IDS_FILTER_NO_MATCH));
+  EXPECT_EQ(Selected(dialog.Item(IDC_FILTER_LINES)), -1);
+
+  files.AddFile(L"C:\\work.flt", "- else");
+  PressKey(dialog.Item(IDC_FILTER_PATH), VK_F5);
+  EXPECT_EQ(dialog.ItemText(IDC_FILTER_DECISION), L"1 行目により除外されます");
+  files.Remove(L"C:\\work.flt");
+  Click(dialog, IDC_FILTER_RELOAD);
+  EXPECT_NE(dialog.ItemText(IDC_FILTER_STATUS).find(L"work.flt"), std::wstring::npos);
+
+  shell.failure = my::CException(IDS_PATH_EMPTY);
+  Click(dialog, IDC_FILTER_EDIT);
+  EXPECT_EQ(LastCall(), L"Open C:\\work.flt");
+  EXPECT_TRUE(HasBox(IDS_PATH_EMPTY));
+}
+
+TEST_F(ListDialogs, targets_are_found_shown_and_copied) {
+  files.AddFile(L"C:\\src\\docs\\a.txt", "a");
+  files.AddFile(L"C:\\backup\\work_1\\docs\\a.txt", "a");
+  CTargetDialog dialog(context, MakeResult());
+  dialog.CreateModeless(nullptr, loop);
+  const HWND list = dialog.Item(IDC_TARGET_LIST);
+  Click(dialog, IDC_TARGET_SHOW_SOURCE);
+  EXPECT_TRUE(HasBox(IDS_NO_ITEM_SELECTED));
+  EXPECT_EQ(::GetFocus(), list);
+  EXPECT_NE(dialog.ItemText(IDC_TARGET_NEWEST).find(L"docs\\a.txt"), std::wstring::npos);
+  EXPECT_NE(dialog.ItemText(IDC_TARGET_UNLISTED).find(L"1 件あります: secret"), std::wstring::npos);
+
+  Type(dialog, IDC_TARGET_SEARCH, L"a.b");
+  EXPECT_EQ(Selected(list), 2);
+  Type(dialog, IDC_TARGET_SEARCH, L"DOCS");
+  EXPECT_EQ(Selected(list), 2);  // where it still fits
+  PressKey(dialog.Item(IDC_TARGET_SEARCH), VK_F3);
+  EXPECT_EQ(Selected(list), 0);  // around the end
+  Type(dialog, IDC_TARGET_SEARCH, L"nowhere");
+  EXPECT_EQ(dialog.ItemText(IDC_TARGET_FOUND), texts.Text(IDS_TARGET_NOT_FOUND));
+
+  Click(dialog, IDC_TARGET_GO_NEWEST);
+  PressWithControl(list, L'C');
+  const std::wstring copied = my::CClipboard(L"Quillmoor").Text(dialog.Hwnd()).value_or(L"");
+  EXPECT_TRUE(copied.starts_with(L"docs\\a.txt\t2024/"));
+  EXPECT_NE(copied.find(L"\t1,234\t"), std::wstring::npos);
+  PressKey(list, VK_RETURN);
+  EXPECT_EQ(LastCall(), L"Run EXPLORER.EXE /n,/select,\"C:\\src\\docs\\a.txt\"");
+  Click(dialog, IDC_TARGET_SHOW_BACKUP);
+  EXPECT_EQ(LastCall(), L"Run EXPLORER.EXE /n,/select,\"C:\\backup\\work_1\\docs\\a.txt\"");
+}
+
+// What a timer does to the targets above the results.
+VOID CALLBACK CloseTargets(HWND results, UINT, UINT_PTR timer, DWORD) {
+  const HWND targets = ::GetLastActivePopup(results);
+  if (!::GetDlgItem(targets, IDC_TARGET_LIST)) return;
+  ::KillTimer(results, timer);
+  EXPECT_FALSE(::IsWindowEnabled(::GetWindow(results, GW_OWNER)));
+  ::PostMessageW(targets, WM_COMMAND, IDCANCEL, 0);
+}
+
+TEST_F(ListDialogs, results_follow_a_run_and_are_opened_and_saved) {
+  const my::CWindowClass windowClass(L"QuillmoorTestOwner");
+  my::CWindow owner;
+  owner.Create(windowClass, {});
+  CResultDialog dialog(context, rows);
+  dialog.CreateModeless(owner.Hwnd(), loop);
+  const HWND list = dialog.Item(IDC_RESULT_LIST);
+  const CResultPtr row = MakeResult();
+  rows.ShowResults(0, CResults(10'000, row));
+  dialog.RowsChanged();
+  EXPECT_TRUE(IsAtEnd(list));
+  const auto add = [&] {
+    rows.ShowResults(rows.RowCount(), {row});
+    dialog.RowsChanged();
+    ::UpdateWindow(list);
+  };
+  EXPECT_LT(Milliseconds(add), 100u);
+  EXPECT_TRUE(IsAtEnd(list));
+  ListView_EnsureVisible(list, 5, FALSE);
+  const int top = ListView_GetTopIndex(list);
+  add();
+  EXPECT_EQ(ListView_GetTopIndex(list), top);
+
+  files.AddFolder(L"C:\\backup\\work_1");
+  Select(list, 0);
+  PressWithControl(list, L'O');
+  EXPECT_EQ(LastCall(), L"Open C:\\backup\\work_1");
+  box.paths = {L"C:\\out.csv"};
+  Click(dialog, IDC_RESULT_SAVE);
+  EXPECT_EQ(files.Files()[L"C:\\out.csv"], rows.Csv());
+  ::SetTimer(dialog.Hwnd(), 1, 20, CloseTargets);
+  PressKey(list, VK_RETURN);
+  EXPECT_TRUE(::IsWindowEnabled(owner.Hwnd()));
+}
+
+// Every text has room, and no control lies over another or outside.
+void CheckLayout(const my::CDialog& dialog) {
+  RECT client{};
+  ::GetClientRect(dialog.Hwnd(), &client);
+  ::MapWindowPoints(dialog.Hwnd(), nullptr, reinterpret_cast<POINT*>(&client), 2);
+  for (HWND child = ::GetWindow(dialog.Hwnd(), GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT)) {
+    const RECT place = test::Bounds(child);
+    RECT common{};
+    EXPECT_TRUE(::UnionRect(&common, &client, &place) && ::EqualRect(&common, &client));
+    for (HWND other = ::GetWindow(child, GW_HWNDNEXT); other; other = ::GetWindow(other, GW_HWNDNEXT)) {
+      const RECT otherPlace = test::Bounds(other);
+      EXPECT_FALSE(::IntersectRect(&common, &place, &otherPlace)) << ::GetDlgCtrlID(other);
+    }
+    const my::CWindowDc dc(child);
+    const my::CSelect font(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(child, WM_GETFONT, 0, 0)));
+    wchar_t text[200]{};
+    ::GetWindowTextW(child, text, 200);
+    RECT needed{};
+    ::DrawTextW(dc.Get(), text, -1, &needed, DT_CALCRECT | DT_SINGLELINE);
+    EXPECT_LE(needed.right, place.right - place.left) << text << dialog.Dpi();
+    EXPECT_LE(needed.bottom, place.bottom - place.top) << text << dialog.Dpi();
+  }
+}
+
+TEST_F(ListDialogs, texts_have_room_at_every_dpi_and_size) {
+  CFilterDialog filter(context, L"C:\\work.flt", L"");
+  CTargetDialog targets(context, MakeResult());
+  CResultDialog results(context, rows);
+  for (my::CDialog* dialog : std::initializer_list<my::CDialog*>{&filter, &targets, &results}) {
+    dialog->CreateModeless(nullptr, loop);
+    const SIZE size = test::Size(dialog->Hwnd());
+    for (const UINT dpi : {96u, 144u, 192u, 96u}) {
+      const RECT suggested{0, 0, my::Scale(size.cx, dpi), my::Scale(size.cy, dpi)};
+      ::SendMessageW(dialog->Hwnd(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi),
+                     reinterpret_cast<LPARAM>(&suggested));
+      CheckLayout(*dialog);
+    }
+    test::Resize(dialog->Hwnd(), size.cx + 300, size.cy + 200);
+    CheckLayout(*dialog);
+    dialog->Close(IDCANCEL);
+  }
+}
+
+TEST_F(ListDialogs, open_at_once_remember_their_columns_and_leave_nothing_behind) {
+  CTargetDialog large(context, MakeResult(100'000));
+  const auto openLarge = [&] {
+    large.CreateModeless(nullptr, loop);
+    test::Pump();
+  };
+  EXPECT_LT(Milliseconds(openLarge), 1000u);
+  ListView_SetColumnWidth(large.Item(IDC_TARGET_LIST), 1, my::Scale(77, large.Dpi()));
+  large.Close(IDCANCEL);
+
+  const CResultPtr small = MakeResult();
+  const auto open = [&] {
+    CTargetDialog dialog(context, small);
+    dialog.CreateModeless(nullptr, loop);
+    EXPECT_EQ(ListView_GetColumnWidth(dialog.Item(IDC_TARGET_LIST), 1), my::Scale(77, dialog.Dpi()));
+    ::UpdateWindow(dialog.Item(IDC_TARGET_LIST));
+  };
+  for (int i = 0; i < 4; ++i) open();  // what the system keeps for good
+  const DWORD before = GdiObjects();
+  for (int i = 0; i < 60; ++i) open();
+  EXPECT_EQ(GdiObjects(), before);
+}
+
+}  // namespace
