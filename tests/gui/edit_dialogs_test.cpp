@@ -18,12 +18,20 @@
 #include "support/memory_file_system.h"
 #include "ui/dst_dialog.h"
 #include "ui/framework/dpi.h"
-#include "ui/framework/window_placement.h"
 #include "ui/task_dialog.h"
 
 namespace {
 
 using namespace qlm;
+
+// Wine does not count for GetGuiResources; there the slots of its table of GDI objects can be asked one by
+// one.
+DWORD GdiObjects() {
+  DWORD count = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS);
+  for (UINT_PTR slot = 1; count == 0 && slot <= 0xFFFF; ++slot)
+    if (::GetObjectType(reinterpret_cast<HGDIOBJ>(slot)) != 0) ++count;
+  return count;
+}
 
 struct EditDialogs : testing::Test {
   EditDialogs() {
@@ -168,6 +176,23 @@ TEST_F(EditDialogs, the_pattern_follows_the_type_and_shows_its_name) {
   Click(dialog, IDOK);
   EXPECT_EQ(*document.Dsts()[0], (CDst{L"E:\\", DstType::FOLDER, L"x"}));
   EXPECT_EQ(document.Tasks()[0]->dsts[1], document.Dsts()[0]);
+}
+
+TEST_F(EditDialogs, openings_leave_nothing_behind_but_widths) {
+  const auto open = [&](int width) {
+    CTaskDialog task(context, *document.Tasks()[0], {}, {});
+    CDstDialog dst(context, *document.Dsts()[0], {});
+    task.CreateModeless(nullptr, loop);
+    dst.CreateModeless(nullptr, loop);
+    if (width) ListView_SetColumnWidth(task.Item(IDC_TASK_DSTS), 1, my::Scale(width, task.Dpi()));
+    task.Close(IDCANCEL);
+  };
+  open(77);
+  open(0);  // what the system keeps for good
+  const DWORD before = GdiObjects();
+  for (int i = 0; i < 100; ++i) open(0);
+  EXPECT_EQ(GdiObjects(), before);
+  EXPECT_EQ(context.settings.taskDlg.columnWidthes[1], 77);
 }
 
 }  // namespace
