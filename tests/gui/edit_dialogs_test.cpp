@@ -1,0 +1,198 @@
+// The dialogs of one task and of one destination, on a disk in memory.
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "app/application.h"
+#include "document/document_edits.h"
+#include "gui/gui.h"
+#include "platform/win32/msxml_dom.h"
+#include "platform/win32/win32_ansi_codec.h"
+#include "platform/win32/win32_clock.h"
+#include "platform/win32/win32_known_folders.h"
+#include "platform/win32/win32_message_texts.h"
+#include "platform/win32/win32_process.h"
+#include "resource.h"
+#include "support/fake_system.h"
+#include "support/fake_windows.h"
+#include "support/memory_file_system.h"
+#include "ui/dst_dialog.h"
+#include "ui/framework/dpi.h"
+#include "ui/task_dialog.h"
+
+namespace {
+
+using namespace qlm;
+
+// Wine does not count for GetGuiResources; there the slots of its table of GDI objects can be asked one by
+// one.
+DWORD GdiObjects() {
+  DWORD count = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS);
+  for (UINT_PTR slot = 1; count == 0 && slot <= 0xFFFF; ++slot)
+    if (::GetObjectType(reinterpret_cast<HGDIOBJ>(slot)) != 0) ++count;
+  return count;
+}
+
+struct EditDialogs : testing::Test {
+  EditDialogs() {
+    files.AddFolder(L"D:\\docs");
+    for (const wchar_t* folder : {L"C:\\a", L"D:\\docs\\b", L"E:\\"}) InsertDst(document, -1, {folder});
+    InsertTask(document, -1, {L"Docs", L"D:\\docs", L"f.flt", {document.Dsts()[2], document.Dsts()[0]}});
+    InsertTask(document, -1, {L"Mail", L"D:\\docs", L"", {}});
+  }
+
+  static void Click(const my::CDialog& dialog, int id, int code = BN_CLICKED) {
+    ::SendMessageW(dialog.Hwnd(), WM_COMMAND, MAKEWPARAM(id, code),
+                   reinterpret_cast<LPARAM>(dialog.Item(id)));
+  }
+  static void Choose(const my::CDialog& dialog, DstType type) {
+    ::SendMessageW(dialog.Item(IDC_DST_TYPE), CB_SETCURSEL, static_cast<WPARAM>(type), 0);
+    Click(dialog, IDC_DST_TYPE, CBN_SELCHANGE);
+  }
+  static bool HasFocus(const my::CDialog& dialog, int id) { return ::GetFocus() == dialog.Item(id); }
+
+  // What OK is refused with, and the control that has the focus then.
+  std::pair<std::wstring, int> Refused(const my::CDialog& dialog) {
+    dialogs.boxes.clear();
+    ::SetFocus(dialog.Item(IDCANCEL));
+    Click(dialog, IDOK);
+    EXPECT_TRUE(dialog.Hwnd());
+    const std::wstring box = dialogs.boxes.empty() ? L"" : dialogs.boxes.back();
+    return {box.substr(box.find(L": ") + 2), ::GetDlgCtrlID(::GetFocus())};
+  }
+  std::pair<std::wstring, int> Refusal(uint32_t id, int control) const { return {texts.Text(id), control}; }
+
+  CTaskDialog::CConfirm ReplaceFirst() {
+    return [this](const CTask& task) { ReplaceTask(document, 0, task); };
+  }
+
+  test::CMemoryFileSystem files;
+  my::CMsxmlDom dom;
+  my::CWin32Clock clock;
+  my::CWin32AnsiCodec ansi;
+  my::CWin32MessageTexts texts;
+  my::CWin32Process process;
+  my::CWin32KnownFolders folders;
+  test::CManualThreads threads;
+  test::CFakePower power;
+  test::CFakeHash hash;
+  test::CFakeShell shell;
+  test::CFakeWindow window;
+  test::CFakeDialogs dialogs;
+  my::CAutoMessageLoop loop;
+  CApplication app{CAppPorts{{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell},
+                   dialogs, window, dialogs, L"Quillmoor.exe"};
+  CAppContext& context = app.Context();
+  CDocument& document = app.Document();
+};
+
+TEST_F(EditDialogs, a_task_is_refused_at_the_control_that_is_wrong_until_it_is_right) {
+  std::wstring checked;
+  CTaskDialog dialog(context, *document.Tasks()[0], ReplaceFirst(),
+                     [&](const std::wstring& filter, const std::wstring& source) {
+                       checked = filter + L"|" + source;
+                       throw my::CException(IDS_PATTERN_EMPTY);
+                     });
+  dialog.CreateModeless(nullptr, loop);
+  dialog.SetItemText(IDC_TASK_ID, L"Mail");
+  EXPECT_EQ(Refused(dialog), Refusal(IDS_ID_DUPLICATE, IDC_TASK_ID));
+  dialog.SetItemText(IDC_TASK_ID, L"a/b");
+  EXPECT_EQ(Refused(dialog), Refusal(IDS_ID_BAD_CHARACTER, IDC_TASK_ID));
+  dialog.SetItemText(IDC_TASK_ID, L"");
+  EXPECT_EQ(Refused(dialog), Refusal(IDS_ID_EMPTY, IDC_TASK_ID));
+  dialog.SetItemText(IDC_TASK_PATH, L"");
+  EXPECT_EQ(Refused(dialog), Refusal(IDS_PATH_EMPTY, IDC_TASK_PATH));
+
+  Click(dialog, IDC_TASK_CHECK_FILTER);
+  EXPECT_EQ(checked, L"f.flt|");
+  EXPECT_TRUE(HasFocus(dialog, IDC_TASK_FILTER));
+  dialog.SetItemText(IDC_TASK_FILTER, L"");
+  EXPECT_FALSE(::IsWindowEnabled(dialog.Item(IDC_TASK_CHECK_FILTER)));
+  dialogs.paths = {L"C:\\g.flt"};
+  Click(dialog, IDC_TASK_BROWSE_FILTER);
+
+  ::SetFocus(dialog.Item(IDC_TASK_PATH));
+  dialog.SetItemText(IDC_TASK_PATH, L"D:\\docs\\New\\");
+  ::SetFocus(dialog.Item(IDC_TASK_FILTER));
+  EXPECT_EQ(dialog.ItemText(IDC_TASK_ID), L"New");
+  Click(dialog, IDOK);
+  EXPECT_FALSE(dialog.Hwnd());
+  EXPECT_EQ(*document.Tasks()[0],
+            (CTask{L"New", L"D:\\docs\\New\\", L"C:\\g.flt", {document.Dsts()[2], document.Dsts()[0]}}));
+}
+
+TEST_F(EditDialogs, destinations_of_a_task_are_chosen_and_ordered_by_the_keyboard) {
+  CTaskDialog dialog(context, *document.Tasks()[0], ReplaceFirst(), {});
+  dialog.CreateModeless(nullptr, loop);
+  const HWND list = dialog.Item(IDC_TASK_DSTS);
+  const auto select = [&](int row) {
+    ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+  };
+  EXPECT_FALSE(::IsWindowEnabled(dialog.Item(IDC_TASK_UP)));
+  EXPECT_EQ(dialog.ItemText(IDC_TASK_WARNING), L"");
+  select(2);
+  EXPECT_FALSE(::IsWindowEnabled(dialog.Item(IDC_TASK_UP)));
+  ::SendMessageW(list, WM_KEYDOWN, VK_SPACE, 0);
+  EXPECT_NE(dialog.ItemText(IDC_TASK_WARNING).find(L"D:\\docs\\b"), std::wstring::npos);
+  ::SendMessageW(list, WM_SYSKEYDOWN, VK_UP, 1 << 29);
+  ::SetFocus(dialog.Item(IDC_TASK_UP));
+  Click(dialog, IDC_TASK_UP);
+  EXPECT_TRUE(HasFocus(dialog, IDC_TASK_DSTS));
+  select(2);
+  ::SendMessageW(list, WM_KEYDOWN, VK_SPACE, 0);
+  Click(dialog, IDOK);
+  EXPECT_EQ(document.Tasks()[0]->dsts, (CTaskDsts{document.Dsts()[1], document.Dsts()[2]}));
+}
+
+TEST_F(EditDialogs, the_pattern_follows_the_type_and_shows_its_name) {
+  window.tasks.selected = {1};
+  const CDst old = *document.Dsts()[0];
+  CDstDialog dialog(context, old, [this](const CDst& dst) { ReplaceDst(document, 0, dst); });
+  dialog.CreateModeless(nullptr, loop);
+  dialog.SetItemText(IDC_DST_PATTERN, L"a.b_<ID>_");
+  Choose(dialog, DstType::PASSWORD_ZIP);
+  EXPECT_EQ(dialog.ItemText(IDC_DST_PATTERN), L"a.zip");
+  EXPECT_NE(dialog.ItemText(IDC_DST_NOTE), L"");
+  ::SendMessageW(dialog.Item(IDC_DST_PATTERN), EM_SETSEL, 0, 1);
+  Click(dialog, IDC_DST_TOKEN_FIRST, 0);
+  EXPECT_EQ(dialog.ItemText(IDC_DST_PATTERN), L"<ID>.zip");
+  EXPECT_EQ(dialog.ItemText(IDC_DST_PREVIEW), L"Mail.zip");
+  Choose(dialog, DstType::FOLDER);
+  EXPECT_EQ(dialog.ItemText(IDC_DST_NOTE), L"");
+
+  ::SendMessageW(dialog.Item(IDC_DST_PATTERN), EM_SETSEL, 0, -1);
+  Click(dialog, IDC_DST_TOKEN_FIRST, 0);
+  EXPECT_EQ(dialog.ItemText(IDC_DST_PATTERN), L"<ID><ID>");
+  dialog.SetItemText(IDC_DST_PATTERN, L"");
+  Choose(dialog, DstType::ZIP);
+  EXPECT_EQ(Refused(dialog), Refusal(IDS_PATTERN_EMPTY, IDC_DST_PATTERN));
+  dialog.SetItemText(IDC_DST_FOLDER, L"");
+  EXPECT_EQ(Refused(dialog), Refusal(IDS_PATH_EMPTY, IDC_DST_FOLDER));
+  Choose(dialog, DstType::FOLDER);
+  dialog.SetItemText(IDC_DST_FOLDER, L"E:\\");
+  dialog.SetItemText(IDC_DST_PATTERN, old.pattern);
+  EXPECT_EQ(Refused(dialog), Refusal(IDS_DST_DUPLICATE, IDC_DST_PATTERN));
+  dialog.SetItemText(IDC_DST_PATTERN, L"x.zip");
+  Click(dialog, IDOK);
+  EXPECT_EQ(*document.Dsts()[0], (CDst{L"E:\\", DstType::FOLDER, L"x"}));
+  EXPECT_EQ(document.Tasks()[0]->dsts[1], document.Dsts()[0]);
+}
+
+TEST_F(EditDialogs, openings_leave_nothing_behind_but_widths) {
+  const auto open = [&](int width) {
+    CTaskDialog task(context, *document.Tasks()[0], {}, {});
+    CDstDialog dst(context, *document.Dsts()[0], {});
+    task.CreateModeless(nullptr, loop);
+    dst.CreateModeless(nullptr, loop);
+    if (width) ListView_SetColumnWidth(task.Item(IDC_TASK_DSTS), 1, my::Scale(width, task.Dpi()));
+    task.Close(IDCANCEL);
+  };
+  open(77);
+  open(0);  // what the system keeps for good
+  const DWORD before = GdiObjects();
+  for (int i = 0; i < 100; ++i) open(0);
+  EXPECT_EQ(GdiObjects(), before);
+  EXPECT_EQ(context.settings.taskDlg.columnWidthes[1], 77);
+}
+
+}  // namespace

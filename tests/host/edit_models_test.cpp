@@ -1,0 +1,88 @@
+#include <gtest/gtest.h>
+
+#include "document/document_edits.h"
+#include "document/name_pattern.h"
+#include "resource.h"
+#include "support/fake_ports.h"
+#include "support/memory_file_system.h"
+#include "ui/models/name_preview.h"
+#include "ui/models/task_dsts_model.h"
+#include "ui/models/task_warning.h"
+
+namespace {
+
+using namespace qlm;
+
+constexpr my::CFileTime kTime{131'016'350'490'000'000};  // 2016-03-05 07:04:09 UTC
+
+struct EditModels : testing::Test {
+  EditModels() {
+    for (const wchar_t* folder : {L"C:\\a", L"D:\\SRC/b\\", L"C:\\srcs"}) InsertDst(document, -1, {folder});
+  }
+  static std::wstring Numbers(const CTaskDstsModel& model) {
+    std::wstring numbers;
+    for (size_t row = 0; row < model.RowCount(); ++row) numbers += model.Text(row, CTaskDstsModel::NUMBER);
+    return numbers;
+  }
+  std::wstring Preview(const std::wstring& pattern) const {
+    return NamePreview({L"C:\\a", DstType::FOLDER, pattern}, L"Docs", kTime, clock, texts);
+  }
+
+  CDocument document;
+  test::CRcTexts texts;
+  test::CFakeClock clock;
+  test::CMemoryFileSystem files;
+};
+
+TEST_F(EditModels, destinations_of_a_task_are_in_the_order_of_the_rows) {
+  InsertDst(document, -1, {L"E:\\"});
+  const CDsts& dsts = document.Dsts();
+  CTaskDstsModel model(dsts, {dsts[2], dsts[0]}, texts);
+  EXPECT_EQ(Numbers(model), L"3124");
+  EXPECT_EQ(model.StepRow(2, Step::UP), 2u);  // not used
+  model.Toggle(3);
+  EXPECT_EQ(model.Used(), (CTaskDsts{dsts[2], dsts[0], dsts[3]}));
+  EXPECT_FALSE(model.CanStep(0, Step::UP));
+  EXPECT_FALSE(model.CanStep(3, Step::DOWN));
+  EXPECT_EQ(model.StepRow(3, Step::UP), 1u);  // past the one between, which is not used
+  EXPECT_EQ(model.StepRow(0, Step::DOWN), 1u);
+  EXPECT_EQ(model.Used(), (CTaskDsts{dsts[3], dsts[2], dsts[0]}));
+  model.Toggle(1);
+  EXPECT_EQ(Numbers(model), L"4321");
+  EXPECT_EQ(model.Used(), (CTaskDsts{dsts[3], dsts[0]}));
+}
+
+TEST_F(EditModels, a_backup_into_its_own_source_and_a_missing_source_are_told) {
+  files.AddFolder(L"D:\\src");
+  CTask task{L"T", L"D:\\src", L"", {document.Dsts()[0], document.Dsts()[2]}};
+  EXPECT_EQ(TaskWarning(task, files, texts), L"");
+  task.dsts.push_back(document.Dsts()[1]);
+  EXPECT_NE(TaskWarning(task, files, texts).find(L"D:\\SRC/b"), std::wstring::npos);
+  task.path = L"c:/";
+  EXPECT_NE(TaskWarning(task, files, texts).find(L"C:\\a"), std::wstring::npos);
+  task.path = L"D:\\gone";
+  EXPECT_NE(TaskWarning(task, files, texts).find(L"D:\\gone"), std::wstring::npos);
+  for (const wchar_t* silent : {L"", L"\\\\server\\share"}) {
+    task.path = silent;
+    EXPECT_EQ(TaskWarning(task, files, texts), L"");
+  }
+}
+
+TEST_F(EditModels, the_name_is_shown_or_what_is_wrong_with_it) {
+  EXPECT_EQ(Preview(L"<ID>\\<Y2><M1>"), L"Docs\\163");
+  EXPECT_EQ(Preview(L""), texts.Text(IDS_PATTERN_EMPTY));
+  EXPECT_NE(Preview(L"a<y>b").find(L" - a<y>b"), std::wstring::npos);
+  for (const CNameToken& token : NameTokens()) {
+    EXPECT_EQ(Preview(token.text).find(L'<'), std::wstring::npos) << token.descId;
+    EXPECT_FALSE(texts.Text(token.descId).empty());
+  }
+  std::wstring empty;
+  EXPECT_FALSE(FitPattern(DstType::ZIP, empty));
+
+  EXPECT_EQ(SampleTaskId(document.Tasks(), {}, texts), texts.Text(IDS_SAMPLE_TASK_ID));
+  for (const wchar_t* id : {L"A", L"B"}) InsertTask(document, -1, {id, L"C:\\src", L"", {}});
+  EXPECT_EQ(SampleTaskId(document.Tasks(), {}, texts), L"A");
+  EXPECT_EQ(SampleTaskId(document.Tasks(), {1}, texts), L"B");
+}
+
+}  // namespace
