@@ -103,8 +103,8 @@ void CDialogs::ShowTargets(const CResultPtr& row) {
   CTargetDialog(*m_context, row).DoModal(Owner());
 }
 
-void CDialogs::ShowFilter(const std::wstring& filterPath, const std::wstring&) {
-  CFilterDialog(*m_context, filterPath).DoModal(Owner());
+void CDialogs::ShowFilter(const std::wstring& filterPath, const std::wstring& sourcePath) {
+  CFilterDialog(*m_context, filterPath, sourcePath).DoModal(Owner());
 }
 
 void CDialogs::ShowAbout() {

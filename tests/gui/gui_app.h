@@ -156,7 +156,7 @@ class CGuiApp {
   static void CALLBACK PlayUser(HWND, UINT, UINT_PTR, DWORD) {
     CGuiApp& self = *s_current;
     const HWND active = ::GetActiveWindow();
-    if (!active || active == self.frame->Hwnd()) return;
+    if (!active || active == self.frame->Hwnd() || !::IsWindowVisible(active)) return;
     if (--self.m_patience == 0) {
       ADD_FAILURE() << "a dialog that does not close";
       ::EndDialog(active, IDCANCEL);

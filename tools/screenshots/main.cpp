@@ -117,6 +117,9 @@ void ShootModal(
     CGuiApp& a, int command, const std::wstring& name,
     const std::function<void(HWND)>& prepare = [](HWND) {}) {
   if (!Wanted(name)) return;
+  CSettings& settings = a.app->Settings();
+  settings.taskDlg = settings.filterDlg = settings.targetDlg = {};
+  settings.dstDlg = {};  // the last picture left it at 200 %
   a.DoWithDialog(command, [&](HWND dialog) {
     prepare(dialog);
     ShootAtAllDpis(dialog, name);
@@ -131,8 +134,6 @@ void ShootMain() {
   CGuiApp b;
   FillSample(b);
   b.Select(IDC_TASK_LIST, {0, 1});
-  ShootAtAllDpis(b.frame->Hwnd(), L"main_document");
-  SetDpi(b.frame->Hwnd(), 96);
   b.Do(ID_RUN);
   Shoot(b.frame->Hwnd(), L"main_running");
   test::PumpUntil([&b] { return !b.app->Run().IsActive(); });
@@ -140,6 +141,7 @@ void ShootMain() {
   ShootAtAllDpis(ModelessWith(IDC_RESULT_LIST), L"results");
   ::SendMessageW(ModelessWith(IDC_RESULT_LIST), WM_CLOSE, 0, 0);
   Shoot(b.frame->Hwnd(), L"main_error");
+  ShootAtAllDpis(b.frame->Hwnd(), L"main_document");
 }
 
 void ShootReplace(CGuiApp& a) {
