@@ -99,6 +99,8 @@
 #define IDC_REPLACE_PREVIEW          1211
 #define IDC_REPLACE_COUNTS           1212
 #define IDC_REPLACE_STATUS           1213
+#define IDC_REPLACE_ROW_GROUP        1214
+#define IDC_REPLACE_COL_GROUP        1215
 #define IDC_ABOUT_ICON               1220
 #define IDC_ABOUT_NAME               1221
 #define IDC_ABOUT_VERSION            1222

@@ -46,7 +46,9 @@ void CReplaceDialog::Refresh() {
 
 std::vector<my::CAnchor> CReplaceDialog::Anchors() const {
   using namespace my;
-  return {{IDC_REPLACE_SRC, kLeft | kTop | kRight},
+  return {{IDC_REPLACE_ROW_GROUP, kLeft | kTop | kRight},
+          {IDC_REPLACE_COL_GROUP, kLeft | kTop | kRight},
+          {IDC_REPLACE_SRC, kLeft | kTop | kRight},
           {IDC_REPLACE_DST, kLeft | kTop | kRight},
           {IDC_REPLACE_COUNTS, kLeft | kTop | kRight},
           {IDC_REPLACE_STATUS, kLeft | kTop | kRight | kBottom},
@@ -95,7 +97,7 @@ std::optional<LRESULT> CReplaceDialog::OnMessage(UINT message, WPARAM, LPARAM) {
 }
 
 void CReplaceDialog::OnClosed(int) {
-  if (m_context.replace.IsOpen()) m_context.replace.Cancel(ReadOptions());
+  if (m_context.replace.IsOpen()) m_context.replace.Cancel(m_context.replace.Options());
   if (m_closed) m_closed();
 }
 

@@ -140,24 +140,6 @@ TEST_F(Dialog, failing_handlers_reach_the_caller_or_the_handler_of_failures) {
   SetFailureHandler(before);
 }
 
-// Wine does not count for GetGuiResources; there the slots of its table of GDI objects can be asked one by
-// one.
-DWORD GdiObjects() {
-  DWORD count = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS);
-  if (count != 0) return count;
-  for (UINT_PTR slot = 1; slot <= 0xFFFF; ++slot)
-    if (::GetObjectType(reinterpret_cast<HGDIOBJ>(slot)) != 0) ++count;
-  return count;
-}
-
-// There only windows are counted.
-DWORD UserObjects() {
-  DWORD count = ::GetGuiResources(::GetCurrentProcess(), GR_USEROBJECTS);
-  const auto countOne = [](HWND, LPARAM sum) -> BOOL { return ++*reinterpret_cast<DWORD*>(sum) != 0; };
-  if (count == 0) ::EnumThreadWindows(::GetCurrentThreadId(), countOne, reinterpret_cast<LPARAM>(&count));
-  return count;
-}
-
 TEST(Dialogs, leave_nothing_behind) {
   CAutoMessageLoop loop;
   const auto open = [&](int i) {
@@ -171,11 +153,11 @@ TEST(Dialogs, leave_nothing_behind) {
     EXPECT_EQ(dialog.DoModal(nullptr), IDCANCEL);
   };
   for (int i = 0; i < 4; ++i) open(i);  // what the system keeps for good
-  const DWORD gdi = GdiObjects();
-  const DWORD user = UserObjects();
+  const DWORD gdi = test::GdiObjects();
+  const DWORD user = test::UserObjects();
   for (int i = 0; i < 200; ++i) open(i);
-  EXPECT_EQ(GdiObjects(), gdi);
-  EXPECT_EQ(UserObjects(), user);
+  EXPECT_EQ(test::GdiObjects(), gdi);
+  EXPECT_EQ(test::UserObjects(), user);
 }
 
 }  // namespace

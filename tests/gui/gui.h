@@ -46,6 +46,24 @@ inline void Resize(HWND window, int width, int height) {
   ::SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+// Wine does not count for GetGuiResources; there the slots of its table of GDI objects can be asked one by
+// one.
+inline DWORD GdiObjects() {
+  DWORD count = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS);
+  if (count != 0) return count;
+  for (UINT_PTR slot = 1; slot <= 0xFFFF; ++slot)
+    if (::GetObjectType(reinterpret_cast<HGDIOBJ>(slot)) != 0) ++count;
+  return count;
+}
+
+// There only windows are counted.
+inline DWORD UserObjects() {
+  DWORD count = ::GetGuiResources(::GetCurrentProcess(), GR_USEROBJECTS);
+  const auto countOne = [](HWND, LPARAM sum) -> BOOL { return ++*reinterpret_cast<DWORD*>(sum) != 0; };
+  if (count == 0) ::EnumThreadWindows(::GetCurrentThreadId(), countOne, reinterpret_cast<LPARAM>(&count));
+  return count;
+}
+
 struct CRows : my::IListModel {
   size_t count = 10000;
   std::vector<my::ListCheck> checks = {my::ListCheck::Unchecked, my::ListCheck::Checked,

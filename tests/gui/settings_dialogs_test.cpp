@@ -1,0 +1,268 @@
+#include <gtest/gtest.h>
+
+#include <boost/smart_ptr/make_shared.hpp>
+#include <memory>
+
+#include "app/password.h"
+#include "gui/dialog_app.h"
+#include "resource.h"
+#include "ui/about_dialog.h"
+#include "ui/file_version.h"
+#include "ui/password_dialog.h"
+#include "ui/replace_dialog.h"
+#include "ui/settings_sheet.h"
+
+namespace {
+
+using namespace qlm;
+using test::Choose;
+using test::Click;
+using test::TextOf;
+using test::Type;
+
+// The texts of the labels and buttons below `window` that do not fit.
+std::vector<std::wstring> Clipped(HWND window) {
+  std::vector<std::wstring> clipped;
+  const my::CWindowDc dc(nullptr);
+  for (HWND at = ::FindWindowExW(window, nullptr, nullptr, nullptr); at; at = ::GetWindow(at, GW_HWNDNEXT)) {
+    const auto inner = Clipped(at);
+    clipped.insert(clipped.end(), inner.begin(), inner.end());
+    wchar_t name[16]{};
+    wchar_t text[256]{};
+    ::GetClassNameW(at, name, 16);
+    const bool label = std::wstring(name) == L"Static";
+    if (!label && std::wstring(name) != L"Button") continue;
+    ::GetWindowTextW(at, text, 256);
+    const my::CSelect font(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(at, WM_GETFONT, 0, 0)));
+    RECT needed{0, 0, test::Size(at).cx, 0};
+    ::DrawTextW(dc.Get(), text, -1, &needed, DT_CALCRECT | (label ? DT_WORDBREAK : DT_SINGLELINE));
+    const LONG box = (::GetWindowLongW(at, GWL_STYLE) & BS_TYPEMASK) < BS_AUTOCHECKBOX || label ? 0 : 16;
+    if (needed.right + box > test::Size(at).cx || needed.bottom > test::Size(at).cy) clipped.push_back(text);
+  }
+  return clipped;
+}
+
+struct SettingsDialogs : testing::Test, test::CDialogApp {
+  CArchiveSetting& Archive() { return Settings().archive; }
+
+  void Fill() {
+    app.Document().Edit(DocChangeEventFlags::RESET, [](CContent& content) {
+      for (const wchar_t* id : {L"ab1", L"ab2"}) {
+        content.tasks.Insert(-1, boost::make_shared<CTask>(CTask{id, L"C:\\src", L"", {}}));
+      }
+      return true;
+    });
+  }
+  std::wstring FirstId() { return app.Document().Tasks()[0]->id; }
+  bool IsPreviewed() { return app.Document().Tasks()[0]->replaceRule != nullptr; }
+
+  CReplaceDialog& OpenReplace() {
+    app.Replace().Show();
+    replace.CreateModeless(nullptr, loop);
+    return replace;
+  }
+
+  int closed = 0;
+  CReplaceDialog replace{Context(), [this] { ++closed; }};
+};
+
+TEST_F(SettingsDialogs, password_is_masked_checked_and_handed_over_once) {
+  Archive().passwordHash = "00";
+  CPasswordEntry entry(Archive(), hash, Context().messenger);
+  CPasswordDialog dialog(Context(), entry);
+  dialog.CreateModeless(nullptr, loop);
+  const auto mask = [&] { return ::SendMessageW(dialog.Item(IDC_PASSWORD), EM_GETPASSWORDCHAR, 0, 0); };
+  EXPECT_NE(mask(), 0);
+  Click(dialog.Hwnd(), IDC_HIDE_PASSWORD);
+  EXPECT_EQ(mask(), 0);
+
+  Click(dialog.Hwnd(), IDOK);
+  EXPECT_TRUE(Said(IDS_PASSWORD_EMPTY));
+  Type(dialog.Hwnd(), IDC_PASSWORD, L"a b");
+  Click(dialog.Hwnd(), IDOK);
+  EXPECT_TRUE(Said(IDS_PASSWORD_BAD_CHARACTER));
+  Type(dialog.Hwnd(), IDC_PASSWORD, L"abc");
+  Click(dialog.Hwnd(), IDOK);  // the question is cancelled
+  EXPECT_TRUE(Said(IDS_ASK_PASSWORD_DIFFERS));
+  ASSERT_NE(dialog.Hwnd(), nullptr);
+  EXPECT_EQ(entry.Setting().passwordHash, "00");
+  dialogs.buttons = {true};
+  Click(dialog.Hwnd(), IDOK);
+  EXPECT_EQ(dialog.Hwnd(), nullptr);
+  EXPECT_EQ(entry.Setting().password, L"abc");
+  EXPECT_FALSE(entry.Setting().hidePassword);
+}
+
+TEST_F(SettingsDialogs, replacement_is_previewed_as_it_is_typed_and_committed) {
+  Fill();
+  Settings().replaceDlg.srcs.Add(L"b2");
+  OpenReplace();
+  Click(replace.Hwnd(), IDC_REPLACE_TASK_ID);
+  Type(replace.Hwnd(), IDC_REPLACE_SRC, L"ab");
+  Type(replace.Hwnd(), IDC_REPLACE_DST, L"x");
+  EXPECT_EQ(ShownValue(*app.Document().Tasks()[0], kReplaceTaskId), L"x1");
+  EXPECT_EQ(replace.ItemText(IDC_REPLACE_COUNTS), L"バックアップタスク 2 件、バックアップ先 0 件");
+  Choose(replace.Hwnd(), IDC_REPLACE_SRC, 0);
+  EXPECT_EQ(ShownValue(*app.Document().Tasks()[1], kReplaceTaskId), L"ax");
+
+  Click(replace.Hwnd(), IDC_REPLACE_ROW_FOCUSED);
+  EXPECT_FALSE(IsPreviewed());
+  window.tasks.focused = 0;
+  replace.Refresh();
+  EXPECT_TRUE(IsPreviewed());
+  Click(replace.Hwnd(), IDC_REPLACE_PREVIEW);
+  EXPECT_FALSE(IsPreviewed());
+
+  Type(replace.Hwnd(), IDC_REPLACE_SRC, L"ab");
+  Click(replace.Hwnd(), IDOK);
+  EXPECT_EQ(FirstId(), L"x1");
+  EXPECT_EQ(replace.Hwnd(), nullptr);
+  EXPECT_EQ(closed, 1);
+  EXPECT_EQ(Settings().replaceDlg.replace.row, ReplaceRow::FOCUSED);
+  EXPECT_NE(Settings().replaceDlg.rect, CRect{});
+  replace.Refresh();  // as the document tells of its change
+}
+
+TEST_F(SettingsDialogs, refused_replacement_stays_open_at_the_text_to_blame) {
+  Fill();
+  OpenReplace();
+  const auto hasFocus = [&](int id) { return ::IsChild(replace.Item(id), ::GetFocus()) != FALSE; };
+  Click(replace.Hwnd(), IDC_REPLACE_TASK_ID);
+  Click(replace.Hwnd(), IDC_REPLACE_REGEX);
+  Type(replace.Hwnd(), IDC_REPLACE_SRC, L"(a");
+  EXPECT_NE(replace.ItemText(IDC_REPLACE_STATUS), L"");
+  Click(replace.Hwnd(), IDOK);
+  EXPECT_EQ(dialogs.boxes.size(), 1u);
+  EXPECT_TRUE(hasFocus(IDC_REPLACE_SRC));
+  Type(replace.Hwnd(), IDC_REPLACE_SRC, L".*");
+  EXPECT_EQ(replace.ItemText(IDC_REPLACE_STATUS), L"");
+  Click(replace.Hwnd(), IDOK);
+  EXPECT_TRUE(Said(IDS_ID_EMPTY));
+  EXPECT_TRUE(hasFocus(IDC_REPLACE_DST));
+  EXPECT_EQ(FirstId(), L"ab1");
+
+  ::DestroyWindow(replace.Hwnd());  // with the main window
+  EXPECT_FALSE(app.Replace().IsOpen());
+  EXPECT_FALSE(IsPreviewed());
+  EXPECT_TRUE(Settings().replaceDlg.replace.regex);
+  OpenReplace();
+  EXPECT_EQ(replace.ItemText(IDC_REPLACE_SRC), L".*");
+  EXPECT_TRUE(replace.IsChecked(IDC_REPLACE_REGEX));
+  EXPECT_TRUE(replace.IsChecked(IDC_REPLACE_TASK_ID));
+}
+
+struct SettingsSheet : SettingsDialogs {
+  void Open() {
+    sheet.CreateModeless(nullptr, loop);
+    page = ::FindWindowExW(sheet.Hwnd(), nullptr, L"#32770", nullptr);
+  }
+
+  CSettingsSheet sheet{Context(), 1};
+  HWND page = nullptr;
+};
+
+TEST_F(SettingsSheet, stores_when_confirmed_and_only_then) {
+  Archive().password = L"session";
+  for (const int button : {IDCANCEL, IDC_APPLY, IDOK}) {
+    Open();
+    EXPECT_FALSE(::IsWindowEnabled(sheet.Item(IDC_APPLY)));
+    Type(page, IDC_ARCHIVER_PATH, L" \"C:\\7z.exe\" ");
+    Choose(page, IDC_POWER_OFF_TYPE, static_cast<int>(PowerOffType::SLEEP));
+    Click(page, IDC_HYBRID_SHUTDOWN);  // means nothing to sleeping
+    Type(page, IDC_PASSWORD, L"ignored");
+    Click(sheet.Hwnd(), button);
+    EXPECT_EQ(sheet.Hwnd() != nullptr, button == IDC_APPLY);
+    if (sheet.Hwnd()) sheet.Close(IDCANCEL);
+    const bool stored = button != IDCANCEL;
+    const CUISetting& ui = Settings().ui;
+    EXPECT_EQ(Archive().sevenZipPath, stored ? L"C:\\7z.exe" : L"");
+    EXPECT_EQ(ui.powerOffType, stored ? PowerOffType::SLEEP : PowerOffType::POWEROFF);
+    EXPECT_TRUE(ui.hybridShutdown);
+    EXPECT_EQ(Archive().password, L"session");
+    Settings().ui = {};
+    Archive().sevenZipPath.clear();
+  }
+}
+
+TEST_F(SettingsSheet, refuses_a_password_and_stores_nothing_of_the_rest) {
+  Open();
+  Choose(page, IDC_POWER_OFF_TYPE, static_cast<int>(PowerOffType::LOGOFF));
+  Choose(page, IDC_PASSWORD_TYPE, static_cast<int>(PasswordType::SAVE));
+  EXPECT_EQ(TextOf(page, IDC_PASSWORD_DESC), texts.Text(IDS_PASSWORD_DESC_SAVE));
+  Type(page, IDC_PASSWORD, L"a b");
+  Click(sheet.Hwnd(), IDOK);
+  EXPECT_TRUE(Said(IDS_PASSWORD_BAD_CHARACTER));
+  ASSERT_NE(sheet.Hwnd(), nullptr);
+  EXPECT_EQ(::GetFocus(), ::GetDlgItem(page, IDC_PASSWORD));
+  EXPECT_EQ(Settings().ui.powerOffType, PowerOffType::POWEROFF);
+  Type(page, IDC_PASSWORD, L"abc");
+  Click(sheet.Hwnd(), IDOK);
+  EXPECT_EQ(Archive().password, L"abc");
+  EXPECT_EQ(Archive().passwordType, PasswordType::SAVE);
+
+  Open();
+  EXPECT_EQ(TextOf(page, IDC_PASSWORD), L"abc");
+  Choose(page, IDC_PASSWORD_TYPE, static_cast<int>(PasswordType::EXEC));
+  Click(sheet.Hwnd(), IDOK);
+  EXPECT_EQ(Archive().password, L"");
+}
+
+TEST_F(SettingsSheet, tells_which_archiver_it_found) {
+  wchar_t program[MAX_PATH]{};
+  ::GetModuleFileNameW(nullptr, program, MAX_PATH);
+  Archive().sevenZipPath = program;
+  Open();
+  EXPECT_EQ(TextOf(page, IDC_ARCHIVER_VERSION), L"Quillmoor " + OwnVersion().version);
+  Type(page, IDC_ARCHIVER_PATH, L"C:\\none.exe");
+  EXPECT_EQ(TextOf(page, IDC_ARCHIVER_VERSION), L"");
+  ::SetFocus(sheet.Item(IDOK));
+  EXPECT_EQ(TextOf(page, IDC_ARCHIVER_VERSION), texts.Text(IDS_ARCHIVER_NOT_FOUND));
+}
+
+TEST_F(SettingsSheet, texts_fit_at_every_dpi_and_the_page_stays_in_its_frame) {
+  CPasswordEntry entry(Archive(), hash, Context().messenger);
+  CPasswordDialog password(Context(), entry);
+  CAboutDialog about(Context());
+  OpenReplace();
+  for (my::CDialog* dialog : std::vector<my::CDialog*>{&sheet, &replace, &password, &about}) {
+    if (!dialog->Hwnd()) dialog->CreateModeless(nullptr, loop);
+    const SIZE size = test::Size(dialog->Hwnd());
+    for (const int dpi : {96, 144, 192}) {
+      RECT bounds{0, 0, ::MulDiv(size.cx, dpi, 96), ::MulDiv(size.cy, dpi, 96)};
+      ::SendMessageW(dialog->Hwnd(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&bounds));
+      EXPECT_EQ(Clipped(dialog->Hwnd()), std::vector<std::wstring>()) << dpi;
+    }
+  }
+  page = ::FindWindowExW(sheet.Hwnd(), nullptr, L"#32770", nullptr);
+  EXPECT_GE(test::Bounds(page).bottom, test::Bounds(::GetDlgItem(page, IDC_INSTALL_UPDATES)).bottom);
+  EXPECT_GE(test::Bounds(sheet.Item(IDC_SETTINGS_TAB)).bottom, test::Bounds(page).bottom);
+}
+
+TEST_F(SettingsDialogs, about_leads_to_the_home_page) {
+  CAboutDialog dialog(Context());
+  dialog.CreateModeless(nullptr, loop);
+  EXPECT_NE(OwnVersion().version, L"");
+  EXPECT_EQ(dialog.ItemText(IDC_ABOUT_VERSION), L"バージョン " + OwnVersion().version);
+  NMHDR clicked{dialog.Item(IDC_ABOUT_HOME_PAGE), IDC_ABOUT_HOME_PAGE, NM_CLICK};
+  ::SendMessageW(dialog.Hwnd(), WM_NOTIFY, IDC_ABOUT_HOME_PAGE, reinterpret_cast<LPARAM>(&clicked));
+  EXPECT_EQ(shell.calls, std::vector<std::wstring>{L"Open " + texts.Text(IDS_HOME_PAGE_URL)});
+}
+
+TEST_F(SettingsDialogs, leave_nothing_behind) {
+  const auto open = [this] {
+    CPasswordEntry entry(Archive(), hash, Context().messenger);
+    CPasswordDialog(Context(), entry).CreateModeless(nullptr, loop);
+    CAboutDialog(Context()).CreateModeless(nullptr, loop);
+    CSettingsSheet(Context(), 0).CreateModeless(nullptr, loop);
+    OpenReplace().Close(IDCANCEL);
+    test::Pump();
+  };
+  for (int i = 0; i < 4; ++i) open();  // what the system keeps for good
+  const DWORD gdi = test::GdiObjects();
+  const DWORD user = test::UserObjects();
+  for (int i = 0; i < 50; ++i) open();
+  EXPECT_EQ(test::GdiObjects(), gdi);
+  EXPECT_EQ(test::UserObjects(), user);
+}
+
+}  // namespace
