@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <boost/smart_ptr/make_shared.hpp>
 #include <functional>
-#include <set>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -119,6 +118,11 @@ CDstPtr NumberedCopy(const CDst& dst, const CDsts& others) {
     copy->pattern.insert(stemEnd, L"_" + std::to_wstring(number));
   }
   return copy;
+}
+
+DstUse UseBy(size_t users, size_t tasks) {
+  if (users == 0) return DstUse::NONE;
+  return users == tasks ? DstUse::ALL : DstUse::MIXED;
 }
 
 }  // namespace
@@ -271,22 +275,27 @@ void SetUse(CDocument& document, const CRows& tasks, size_t dst, bool use) {
 }
 
 std::vector<DstUse> UsesOf(const CContent& content, const CRows& tasks) {
-  std::unordered_map<const CDst*, size_t> users;
+  struct CUsers {
+    size_t count = 0;
+    const CTask* last = nullptr;  // a file may name a destination of a task twice
+  };
+  std::unordered_map<const CDst*, CUsers> users;
   for (const size_t row : tasks) {
-    const CTaskDsts& dsts = content.tasks[row]->dsts;
-    // A file may name a destination of a task twice.
-    for (const CDstPtr& dst : std::set<CDstPtr>(dsts.begin(), dsts.end())) ++users[dst.get()];
+    const CTask* task = content.tasks[row].get();
+    for (const CDstPtr& dst : task->dsts) {
+      CUsers& entry = users[dst.get()];
+      if (std::exchange(entry.last, task) != task) ++entry.count;
+    }
   }
   std::vector<DstUse> uses;
-  for (const CDstPtr& dst : content.dsts) {
-    const size_t count = users[dst.get()];
-    uses.push_back(count == 0 ? DstUse::NONE : count == tasks.size() ? DstUse::ALL : DstUse::MIXED);
-  }
+  for (const CDstPtr& dst : content.dsts) uses.push_back(UseBy(users[dst.get()].count, tasks.size()));
   return uses;
 }
 
 DstUse UseOf(const CDocument& document, const CRows& tasks, size_t dst) {
-  return UsesOf(document.Content(), tasks)[dst];
+  const CDstPtr& object = document.Dsts()[dst];
+  const auto uses = [&](size_t row) { return Uses(*document.Tasks()[row], object); };
+  return UseBy(static_cast<size_t>(std::ranges::count_if(tasks, uses)), tasks.size());
 }
 
 size_t CountUsers(const CDocument& document, const CRows& dsts) {

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/win32/win32_file_system.h"
+#include "support/exception.h"
 #include "support/paths.h"
 
 namespace test {
@@ -17,7 +18,13 @@ class CScratchFolder {
     path = my::FreeNumberedPath(files.TemporaryFolder(), L"qlm_test", L"", exists);
     files.CreateFolders(path);
   }
-  ~CScratchFolder() { files.RemoveFolder(path); }
+  ~CScratchFolder() {
+    try {
+      files.RemoveFolder(path);
+    } catch (const my::CException&) {
+      // Another program may look at it just now; the next prefix is without it.
+    }
+  }
   CScratchFolder(const CScratchFolder&) = delete;
   CScratchFolder& operator=(const CScratchFolder&) = delete;
 

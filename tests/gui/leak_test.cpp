@@ -1,0 +1,42 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "gui/gui_app.h"
+
+namespace {
+
+using test::CGuiApp;
+
+// QLM_OPENINGS=200 takes some minutes under Wine.
+int Openings() {
+  const char* wanted = std::getenv("QLM_OPENINGS");
+  return wanted ? std::atoi(wanted) : 12;
+}
+
+TEST(Leaks, every_dialog_of_the_main_window_leaves_the_counts_where_they_were) {
+  CGuiApp a;
+  a.scratch.Write(L"a.flt", "- x\n");
+  a.scratch.files.CreateFolders(a.scratch.At(L"s"));
+  a.scratch.Write(L"s\\file", "x");
+  a.AddDst(a.scratch.At(L"out"), qlm::DstType::AES_256_ZIP);
+  a.AddTask(L"t", a.scratch.At(L"s"));
+  SetUse(a.app->Document(), {0}, 0, true);
+  SetTaskFilter(a.app->Document(), 0, a.scratch.At(L"a.flt"));
+  a.Select(IDC_DST_LIST, {0});
+  a.Select(IDC_TASK_LIST, {0});
+  for (const int id : {ID_TASK_EDIT, ID_DST_EDIT, ID_FILTER_CHECK, ID_TASK_TARGETS, ID_SETTINGS, ID_DESIGN,
+                       ID_ABOUT, ID_RUN}) {
+    const auto open = [&a, id] {
+      a.DoWithDialog(id, [](HWND dialog) { ::SendMessageW(dialog, WM_COMMAND, IDCANCEL, 0); });
+    };
+    for (int i = 0; i < 3; ++i) open();  // what the system keeps for good
+    const DWORD gdi = test::GdiObjects();
+    const DWORD user = test::UserObjects();
+    for (int i = 0; i < Openings(); ++i) open();
+    EXPECT_EQ(test::GdiObjects(), gdi) << id;
+    EXPECT_EQ(test::UserObjects(), user) << id;
+  }
+}
+
+}  // namespace
