@@ -22,7 +22,7 @@ class CApplication : private IRunObserver {
                std::wstring commandLine);
   CApplication(const CApplication&) = delete;
   CApplication& operator=(const CApplication&) = delete;
-  ~CApplication();
+  ~CApplication() override;
 
   CAppContext& Context() { return m_context; }
   CDocument& Document() { return m_document; }

@@ -15,16 +15,16 @@ my::CCtrlException ShowCurrentFailure(const CAppContext& context) {
   } catch (const CListException& failure) {
     context.messenger.ShowError(failure);
     failure.List().Focus();
-    return failure;
+    return my::CCtrlException(static_cast<const my::CException&>(failure));
   } catch (const my::CException& failure) {
     context.messenger.ShowError(failure);
     return my::CCtrlException(failure);
   } catch (const std::exception& failure) {
-    const my::CCtrlException shown(IDS_STD_ERROR, {my::WideFromUtf8(failure.what())});
+    my::CCtrlException shown(IDS_STD_ERROR, {my::WideFromUtf8(failure.what())});
     context.messenger.ShowError(shown);
     return shown;
   } catch (...) {
-    const my::CCtrlException shown(IDS_INTERNAL_ERROR, {L"unknown exception"});
+    my::CCtrlException shown(IDS_INTERNAL_ERROR, {L"unknown exception"});
     context.messenger.ShowError(shown);
     return shown;
   }

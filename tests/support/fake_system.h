@@ -32,7 +32,7 @@ class CFakePower : public my::IPower {
     return setSuspendStateCode;
   }
   uint32_t ShutDown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
-                            uint32_t reason) override {
+                    uint32_t reason) override {
     calls.push_back(L"ShutDown \"" + message + L"\" " + std::to_wstring(graceSeconds) + L" " +
                     my::HexText(flags) + L" " + my::HexText(reason));
     return initiateShutdownCode;
