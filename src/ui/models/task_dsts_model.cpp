@@ -9,7 +9,7 @@ namespace qlm {
 namespace {
 
 constexpr CColumnSpec kColumns[] = {
-    {IDS_COL_DST_NUMBER, 48}, {IDS_COL_DST_FOLDER, 156}, {IDS_COL_DST_TYPE, 118}, {IDS_COL_DST_PATTERN, 182}};
+    {IDS_COL_DST_NUMBER, 48}, {IDS_COL_DST_FOLDER, 190}, {IDS_COL_DST_TYPE, 118}, {IDS_COL_DST_PATTERN, 212}};
 
 }  // namespace
 
