@@ -31,6 +31,21 @@ bool PumpUntil(Test test) {
   return test();
 }
 
+// The modeless dialog that a command has opened.
+inline HWND DialogWith(int controlId) {
+  struct CSearch {
+    int id;
+    HWND found;
+  } search{controlId, nullptr};
+  const auto look = [](HWND window, LPARAM parameter) -> BOOL {
+    auto& wanted = *reinterpret_cast<CSearch*>(parameter);
+    if (::GetDlgItem(window, wanted.id)) wanted.found = window;
+    return wanted.found == nullptr;
+  };
+  ::EnumThreadWindows(::GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
 inline RECT Bounds(HWND window) {
   RECT rect{};
   ::GetWindowRect(window, &rect);

@@ -16,21 +16,6 @@ void Type(HWND dialog, int id, const std::wstring& text) {
   ::SetDlgItemTextW(dialog, id, text.c_str());
 }
 
-// The modeless dialog that a command has opened.
-HWND DialogWith(int controlId) {
-  struct CSearch {
-    int id;
-    HWND found;
-  } search{controlId, nullptr};
-  const auto look = [](HWND window, LPARAM parameter) -> BOOL {
-    auto& wanted = *reinterpret_cast<CSearch*>(parameter);
-    if (::GetDlgItem(window, wanted.id)) wanted.found = window;
-    return wanted.found == nullptr;
-  };
-  ::EnumThreadWindows(::GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&search));
-  return search.found;
-}
-
 struct Session : testing::Test {
   void AddByDialogs() {
     a.DoWithDialog(ID_DST_ADD, [this](HWND dialog) {
@@ -68,7 +53,7 @@ TEST_F(Session, document_is_built_by_dialogs_saved_run_and_its_results_are_read)
   EXPECT_EQ(a.app->Document().Path(), path);
   a.RunToEnd();
   a.Do(ID_RESULTS);
-  const HWND results = DialogWith(IDC_RESULT_LIST);
+  const HWND results = test::DialogWith(IDC_RESULT_LIST);
   ASSERT_TRUE(results);
   const HWND list = ::GetDlgItem(results, IDC_RESULT_LIST);
   ASSERT_EQ(ListView_GetItemCount(list), 1);
@@ -88,9 +73,9 @@ TEST_F(Session, test_run_shows_what_it_found_and_an_error_shows_the_results) {
   });
   EXPECT_TRUE(shown);
   a.scratch.files.RemoveFolder(a.scratch.At(L"書類"));
-  EXPECT_FALSE(DialogWith(IDC_RESULT_LIST));
+  EXPECT_FALSE(test::DialogWith(IDC_RESULT_LIST));
   a.RunToEnd();
-  EXPECT_TRUE(DialogWith(IDC_RESULT_LIST));
+  EXPECT_TRUE(test::DialogWith(IDC_RESULT_LIST));
 }
 
 TEST_F(Session, replace_preview_is_seen_in_the_lists_and_follows_the_selection) {
@@ -98,7 +83,7 @@ TEST_F(Session, replace_preview_is_seen_in_the_lists_and_follows_the_selection) 
   a.AddTask(L"beta", L"C:\\x");
   a.Select(IDC_TASK_LIST, {0});
   a.Do(ID_REPLACE);
-  const HWND dialog = DialogWith(IDC_REPLACE_SRC);
+  const HWND dialog = test::DialogWith(IDC_REPLACE_SRC);
   ASSERT_TRUE(dialog);
   for (const int id : {IDC_REPLACE_ROW_SELECTED, IDC_REPLACE_TASK_ID})
     ::SendDlgItemMessageW(dialog, id, BM_CLICK, 0, 0);
@@ -118,9 +103,9 @@ TEST_F(Session, replace_preview_is_seen_in_the_lists_and_follows_the_selection) 
   Press(dialog, IDCANCEL);
   EXPECT_EQ(a.Cell(IDC_TASK_LIST, 1, 0), L"beta");
   a.Do(ID_REPLACE);
-  Press(DialogWith(IDC_REPLACE_SRC), IDOK);
+  Press(test::DialogWith(IDC_REPLACE_SRC), IDOK);
   EXPECT_EQ(a.app->Document().Tasks()[1]->id, L"betA");
-  EXPECT_FALSE(DialogWith(IDC_REPLACE_SRC));
+  EXPECT_FALSE(test::DialogWith(IDC_REPLACE_SRC));
 }
 
 TEST_F(Session, settings_go_round_through_the_sheet_and_the_file) {

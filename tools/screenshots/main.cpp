@@ -99,20 +99,6 @@ void FillSample(CGuiApp& a) {
   a.app->Document().Reset(content, L"C:\\Users\\佐藤\\文書\\毎日のバックアップ.qlmr");
 }
 
-HWND ModelessWith(int controlId) {
-  struct CSearch {
-    int id;
-    HWND found;
-  } search{controlId, nullptr};
-  const auto look = [](HWND window, LPARAM parameter) -> BOOL {
-    auto& wanted = *reinterpret_cast<CSearch*>(parameter);
-    if (::GetDlgItem(window, wanted.id)) wanted.found = window;
-    return wanted.found == nullptr;
-  };
-  ::EnumThreadWindows(::GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&search));
-  return search.found;
-}
-
 void ShootModal(
     CGuiApp& a, int command, const std::wstring& name,
     const std::function<void(HWND)>& prepare = [](HWND) {}) {
@@ -138,8 +124,8 @@ void ShootMain() {
   Shoot(b.frame->Hwnd(), L"main_running");
   test::PumpUntil([&b] { return !b.app->Run().IsActive(); });
   test::Pump();
-  ShootAtAllDpis(ModelessWith(IDC_RESULT_LIST), L"results");
-  ::SendMessageW(ModelessWith(IDC_RESULT_LIST), WM_CLOSE, 0, 0);
+  ShootAtAllDpis(test::DialogWith(IDC_RESULT_LIST), L"results");
+  ::SendMessageW(test::DialogWith(IDC_RESULT_LIST), WM_CLOSE, 0, 0);
   Shoot(b.frame->Hwnd(), L"main_error");
   ShootAtAllDpis(b.frame->Hwnd(), L"main_document");
 }
@@ -149,7 +135,7 @@ void ShootReplace(CGuiApp& a) {
   a.app->Settings().replaceDlg.replace = {
       ReplaceRow::ALL, kReplaceTaskPath | kReplaceTaskId, L"([", L"D:", true, true};
   a.Do(ID_REPLACE);
-  const HWND dialog = ModelessWith(IDC_REPLACE_SRC);
+  const HWND dialog = test::DialogWith(IDC_REPLACE_SRC);
   ShootAtAllDpis(dialog, L"replace");
   ::SendMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
 }
