@@ -16,8 +16,10 @@
 
 namespace test {
 
-struct CDialogApp {
-  my::CWin32FileSystem files;
+// `TFiles` is the disk: the real one, or one in memory.
+template <class TFiles>
+struct CDialogAppOn {
+  TFiles files;
   my::CWin32Clock clock;
   my::CWin32AnsiCodec ansi;
   my::CWin32MessageTexts texts;
@@ -40,12 +42,14 @@ struct CDialogApp {
   qlm::CAppContext& Context() { return app.Context(); }
   qlm::CSettings& Settings() { return app.Settings(); }
 
-  // The id of the text in the last message box; 0 when there was none since the last question.
+  // Whether the last message box since the last question has the text.
   bool Said(uint32_t id) {
     const auto boxes = std::exchange(dialogs.boxes, {});
     return !boxes.empty() && boxes.back().find(texts.Text(id)) != std::wstring::npos;
   }
 };
+
+using CDialogApp = CDialogAppOn<my::CWin32FileSystem>;
 
 // As if the user did it. A control that is disabled is left alone.
 inline void Click(HWND dialog, int id) {

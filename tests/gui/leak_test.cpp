@@ -26,8 +26,14 @@ TEST(Leaks, every_dialog_of_the_main_window_leaves_the_counts_where_they_were) {
   a.Select(IDC_DST_LIST, {0});
   a.Select(IDC_TASK_LIST, {0});
   for (const int id : {ID_TASK_EDIT, ID_DST_EDIT, ID_FILTER_CHECK, ID_TASK_TARGETS, ID_SETTINGS, ID_DESIGN,
-                       ID_ABOUT, ID_RUN}) {
+                       ID_ABOUT, ID_RUN, ID_REPLACE, ID_RESULTS}) {
     const auto open = [&a, id] {
+      if (id == ID_REPLACE || id == ID_RESULTS) {  // modeless
+        a.Do(id);
+        ::SendMessageW(test::DialogWith(id == ID_REPLACE ? IDC_REPLACE_SRC : IDC_RESULT_LIST), WM_CLOSE, 0,
+                       0);
+        return;
+      }
       a.DoWithDialog(id, [](HWND dialog) { ::SendMessageW(dialog, WM_COMMAND, IDCANCEL, 0); });
     };
     for (int i = 0; i < 3; ++i) open();  // what the system keeps for good

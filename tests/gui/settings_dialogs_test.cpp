@@ -248,21 +248,4 @@ TEST_F(SettingsDialogs, about_leads_to_the_home_page) {
   EXPECT_EQ(shell.calls, std::vector<std::wstring>{L"Open " + texts.Text(IDS_HOME_PAGE_URL)});
 }
 
-TEST_F(SettingsDialogs, leave_nothing_behind) {
-  const auto open = [this] {
-    CPasswordEntry entry(Archive(), hash, Context().messenger);
-    CPasswordDialog(Context(), entry).CreateModeless(nullptr, loop);
-    CAboutDialog(Context()).CreateModeless(nullptr, loop);
-    CSettingsSheet(Context(), 0).CreateModeless(nullptr, loop);
-    OpenReplace().Close(IDCANCEL);
-    test::Pump();
-  };
-  for (int i = 0; i < 4; ++i) open();  // what the system keeps for good
-  const DWORD gdi = test::GdiObjects();
-  const DWORD user = test::UserObjects();
-  for (int i = 0; i < 50; ++i) open();
-  EXPECT_EQ(test::GdiObjects(), gdi);
-  EXPECT_EQ(test::UserObjects(), user);
-}
-
 }  // namespace

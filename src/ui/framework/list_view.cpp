@@ -60,12 +60,17 @@ void CListView::Create(HWND parent, int id, Boxes boxes, DWORD style) {
 
 void CListView::Attach(HWND list, Boxes boxes) {
   m_list = list;
-  m_parent = ::GetParent(list);
   m_boxes = boxes == Boxes::Yes;
   m_dpi = WindowDpi(list);
-  const auto id = reinterpret_cast<UINT_PTR>(this);
-  ::SetWindowSubclass(m_list, ListThunk, id, id);
-  ::SetWindowSubclass(m_parent, ParentThunk, id, id);
+  m_listHook.Attach(m_list, [this](UINT message, WPARAM wParam, LPARAM lParam) {
+    return HandleMessage(message, wParam, lParam);
+  });
+  m_parentHook.Attach(::GetParent(list), [this](UINT message, WPARAM, LPARAM lParam) -> std::optional<LRESULT> {
+    if (message != WM_NOTIFY) return {};
+    auto& header = *reinterpret_cast<NMHDR*>(lParam);
+    if (header.hwndFrom != m_list) return {};
+    return HandleNotify(header);
+  });
   ListView_SetExtendedListViewStyle(list, kExtendedStyle);
   if (m_boxes) ListView_SetCallbackMask(list, LVIS_STATEIMAGEMASK);
   UseImages();
@@ -74,10 +79,9 @@ void CListView::Attach(HWND list, Boxes boxes) {
 }
 
 void CListView::Detach() {
-  const auto id = reinterpret_cast<UINT_PTR>(this);
   m_drag.Cancel();
-  ::RemoveWindowSubclass(m_parent, ParentThunk, id);
-  ::RemoveWindowSubclass(m_list, ListThunk, id);
+  m_parentHook.Detach();
+  m_listHook.Detach();
   // The control would destroy the images, which are ours.
   ListView_SetImageList(m_list, nullptr, LVSIL_STATE);
   m_list = nullptr;
@@ -188,27 +192,6 @@ LRESULT CListView::OnCustomDraw(NMLVCUSTOMDRAW& draw) {
   return CDRF_DODEFAULT;
 }
 
-LRESULT CALLBACK CListView::ListThunk(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                      DWORD_PTR reference) noexcept {
-  auto* view = reinterpret_cast<CListView*>(reference);
-  const auto result =
-      Guarded(std::optional<LRESULT>{}, [&] { return view->HandleMessage(message, wParam, lParam); });
-  return result ? *result : ::DefSubclassProc(hwnd, message, wParam, lParam);
-}
-
-LRESULT CALLBACK CListView::ParentThunk(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                        DWORD_PTR reference) noexcept {
-  auto* view = reinterpret_cast<CListView*>(reference);
-  const auto handle = [&]() -> std::optional<LRESULT> {
-    if (message != WM_NOTIFY) return {};
-    auto& header = *reinterpret_cast<NMHDR*>(lParam);
-    if (header.hwndFrom != view->m_list) return {};
-    return view->HandleNotify(header);
-  };
-  const auto result = Guarded(std::optional<LRESULT>{}, handle);
-  return result ? *result : ::DefSubclassProc(hwnd, message, wParam, lParam);
-}
-
 std::optional<LRESULT> CListView::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (auto result = OnMessage(message, wParam, lParam)) return result;
   if (message == DpiMessage()) {
@@ -224,7 +207,7 @@ std::optional<LRESULT> CListView::HandleMessage(UINT message, WPARAM wParam, LPA
       return {};
     case WM_GETDLGCODE:
       if (m_events.activate && wParam == VK_RETURN)
-        return ::DefSubclassProc(m_list, message, wParam, lParam) | DLGC_WANTMESSAGE;
+        return m_listHook.Default(message, wParam, lParam) | DLGC_WANTMESSAGE;
       return {};
     case WM_CONTEXTMENU:
       if (reinterpret_cast<HWND>(wParam) == m_list) HandleContextMenu(lParam);

@@ -10,6 +10,7 @@
 #include "settings/settings.h"
 #include "ui/framework/gdi.h"
 #include "ui/framework/list_drag.h"
+#include "ui/framework/subclass.h"
 #include "ui/models/list_model.h"
 
 namespace my {
@@ -71,10 +72,6 @@ class CListView {
   UINT Dpi() const { return m_dpi; }
 
  private:
-  static LRESULT CALLBACK ListThunk(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                    DWORD_PTR view) noexcept;
-  static LRESULT CALLBACK ParentThunk(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                      DWORD_PTR view) noexcept;
   void Detach();
   void AddColumns();
   void UseImages();
@@ -94,13 +91,14 @@ class CListView {
   const IListModel& m_model;
   CListEvents m_events;
   HWND m_list = nullptr;
-  HWND m_parent = nullptr;
   bool m_owned = false;
   bool m_boxes = false;
   bool m_quiet = false;  // the selection is being changed through the object
   UINT m_dpi = 0;
   CImageList m_images;
   CListDrag m_drag;
+  CSubclass m_parentHook;
+  CSubclass m_listHook;
 };
 
 }  // namespace my
