@@ -16,6 +16,7 @@ constexpr int kMargin = 6;
 constexpr int kGap = 4;
 constexpr int kButtonPadding = 12;
 constexpr int kButtonHeight = 24;
+constexpr int kRoomForDescription = 150;  // of the whole pane
 
 const my::CWindowClass& PaneClass() {
   static const my::CWindowClass paneClass(L"QuillmoorListPane", 0, COLOR_BTNFACE + 1);
@@ -187,10 +188,12 @@ int CListPane::ArrangeDescription(const SIZE& client) const {
   if ((::GetWindowLongW(m_description, GWL_STYLE) & WS_VISIBLE) == 0) return client.cy;
   const int margin = my::Scale(kMargin, m_dpi);
   const int gap = my::Scale(kGap, m_dpi);
-  const int height = TextSize(m_title).cy;  // an empty text has none
+  // A low pane is left to its list.
+  const bool fits = client.cy >= my::Scale(kRoomForDescription, m_dpi);
+  const int height = fits ? TextSize(m_title).cy : 0;
   const int top = static_cast<int>(client.cy) - gap - height;
   ::MoveWindow(m_description, margin, top, std::max<int>(0, client.cx - 2 * margin), height, TRUE);
-  return top - gap;
+  return fits ? top - gap : client.cy;
 }
 
 SIZE CListPane::TextSize(HWND control) const {

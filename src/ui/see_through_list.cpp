@@ -111,9 +111,9 @@ void CSeeThroughList::DrawBox(HDC dc, size_t row) const {
   int width = 0;
   int height = 0;
   ::ImageList_GetIconSize(images, &width, &height);
-  const RECT icon = PartOf(row, LVIR_ICON);
-  const int top = (icon.top + icon.bottom - height) / 2;
-  ::ImageList_Draw(images, static_cast<int>(image) - 1, dc, icon.left - width, top, ILD_NORMAL);
+  const RECT bounds = PartOf(row, LVIR_BOUNDS);
+  const int top = (bounds.top + bounds.bottom - height) / 2;
+  ::ImageList_Draw(images, static_cast<int>(image) - 1, dc, PartOf(row, LVIR_ICON).left - width, top, ILD_NORMAL);
 }
 
 void CSeeThroughList::DrawCell(HDC dc, size_t row, size_t column) const {
