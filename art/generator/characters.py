@@ -39,7 +39,7 @@ class Table:
     def item(self, item):
         opacity = round(item.opacity * 255)
         if isinstance(item, scene.Use):
-            matrix = index_of(self.matrices, tuple(round(value, 4) for value in item.matrix))
+            matrix = index_of(self.matrices, stored_matrix(item.matrix))
             return (-1 - self.part_groups[item.part], matrix, opacity)
         return (index_of(self.shapes, self.shape(item)), 0, opacity)
 
@@ -52,6 +52,10 @@ class Table:
             self.points += points
         return (self.verbs.index(shape.verbs), len(shape.verbs), self.known_points[points], color(shape.fill),
                 color(shape.stroke), round(shape.width * SCALE))
+
+
+def stored_matrix(matrix):
+    return (*(round(value, 4) for value in matrix[:4]), *(round(value * SCALE, 1) for value in matrix[4:]))
 
 
 def index_of(rows, row):
@@ -95,7 +99,7 @@ def number(value):
 def array(kind, name, values):
     per_line = PER_LINE if kind in ("char", "int16_t", "uint16_t") else 3
     lines = [", ".join(values[at:at + per_line]) for at in range(0, len(values), per_line)]
-    return f"extern constexpr {kind} {name}[] = {{\n" + ",\n".join(lines) + "};\n"
+    return f"constexpr {kind} {name}[] = {{\n" + ",\n".join(lines) + "};\n"
 
 
 def outside(shapes):

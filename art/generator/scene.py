@@ -177,7 +177,7 @@ def svg_path(shape):
     path = "".join(verb + " ".join(f"{x:.2f},{y:.2f}" for x, y in (next(points) for _ in range(COUNTS[verb])))
                    for verb in shape.verbs)
     return (f'<path d="{path}" fill="{shape.fill}" stroke="{shape.stroke}" stroke-width="{shape.width:.2f}" '
-            f'opacity="{shape.opacity:.2f}"/>')
+            f'fill-opacity="{shape.opacity:.2f}" stroke-opacity="{shape.opacity:.2f}"/>')
 
 
 COUNTS = {"M": 1, "L": 1, "C": 3, "Z": 0}

@@ -25,7 +25,7 @@ struct CShape {
 };
 
 struct CItem {
-  int16_t index;  // a shape; below zero the group -1 - index
+  int16_t index;    // a shape; below zero the group -1 - index
   uint16_t matrix;  // of a group
   uint8_t opacity;
 };
