@@ -4,6 +4,7 @@
 #include <exception>
 #include <vector>
 
+#include "ui/art/character.h"
 #include "ui/framework/dpi.h"
 #include "ui/models/background_model.h"
 
@@ -36,6 +37,10 @@ bool IsHighContrast() {
   info.cbSize = sizeof info;
   return ::SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof info, &info, 0) &&
          (info.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
+BkImgType ImageOf(const CDesignSetting& design) {
+  return design.bkImgType == BkImgType::DEFAULT ? PickCharacter(design.random) : design.bkImgType;
 }
 
 // GDI+ works on the pixels in place.
@@ -95,7 +100,7 @@ std::exception_ptr CBackground::Load(std::optional<CLoaded>& loaded, const std::
 }
 
 void CBackground::UsePlain() {
-  const BkImgType image = ShownImage(m_design);
+  const BkImgType image = ImageOf(m_design);
   const bool hasImage = image == BkImgType::CUSTOM ? m_image.has_value() : image != BkImgType::NONE;
   m_plain = IsHighContrast() || (m_design.bkBrushType == BrushType::OS_DEFAULT && !hasImage);
 }
@@ -144,7 +149,7 @@ void CBackground::DrawBrush() {
 }
 
 void CBackground::DrawImage() {
-  const BkImgType type = ShownImage(m_design);
+  const BkImgType type = ImageOf(m_design);
   if (type == BkImgType::NONE || (type == BkImgType::CUSTOM && !m_image)) return;
   const SIZE size = m_bitmap->Size();
   std::vector<uint32_t> layer(m_bitmap->Pixels().size());
@@ -154,7 +159,7 @@ void CBackground::DrawImage() {
     if (type == BkImgType::CUSTOM)
       DrawPicture(graphics, size);
     else
-      DrawCharacter(graphics, size);
+      DrawCharacter(graphics, type, size);
   }
   const CContrastTable table = CContrastTable::Soft(Text());
   for (CPixel& pixel : layer) pixel = ApplyToLayer(table, pixel);
@@ -174,14 +179,13 @@ void CBackground::DrawPicture(Gdiplus::Graphics& graphics, SIZE view) {
                      static_cast<INT>(picture.size.cy), Gdiplus::UnitPixel, &attributes);
 }
 
-void CBackground::DrawCharacter(Gdiplus::Graphics& graphics, SIZE view) const {
-  if (!m_drawCharacter) return;
+void CBackground::DrawCharacter(Gdiplus::Graphics& graphics, BkImgType type, SIZE view) const {
   const int side = my::Scale(kCharacterSize, m_dpi);
   const CRect place = PlaceImage(ExtentOf(view), {side, side}, m_design.bkImgFitType, m_design.bkImgOrigin);
   const Gdiplus::Rect rect = RectOf(place);
-  m_drawCharacter(graphics, ShownImage(m_design),
-                  {static_cast<float>(rect.X), static_cast<float>(rect.Y), static_cast<float>(rect.Width),
-                   static_cast<float>(rect.Height)});
+  qlm::DrawCharacter(graphics, type,
+                     {static_cast<float>(rect.X), static_cast<float>(rect.Y), static_cast<float>(rect.Width),
+                      static_cast<float>(rect.Height)});
 }
 
 }  // namespace qlm

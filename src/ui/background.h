@@ -18,10 +18,6 @@ namespace qlm {
 // that this object hands out has a contrast of at least 4.5 : 1 wherever it stands.
 class CBackground {
  public:
-  using FDrawCharacter = void (*)(Gdiplus::Graphics&, BkImgType, const Gdiplus::RectF&);
-
-  explicit CBackground(FDrawCharacter drawCharacter) : m_drawCharacter(drawCharacter) {}
-
   // The window whose client area is filled. To be called before anything is drawn.
   void SetView(HWND view) { m_view = view; }
   void SetDpi(UINT dpi);
@@ -66,10 +62,9 @@ class CBackground {
   void DrawBrush();
   void DrawImage();
   void DrawPicture(Gdiplus::Graphics& graphics, SIZE view);
-  void DrawCharacter(Gdiplus::Graphics& graphics, SIZE view) const;
+  void DrawCharacter(Gdiplus::Graphics& graphics, BkImgType type, SIZE view) const;
   my::CColor Text() const;
 
-  FDrawCharacter m_drawCharacter;
   HWND m_view = nullptr;
   UINT m_dpi = 96;
   my::CGdiplus m_gdiplus;

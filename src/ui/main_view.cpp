@@ -46,7 +46,6 @@ CMainView::CMainView(const CDocument& document, const CUISetting& setting, const
       m_texts(texts),
       m_taskModel(document, setting, texts),
       m_dstModel(document, texts),
-      m_background(nullptr),
       m_tasks(texts, m_taskModel, m_background),
       m_dsts(texts, m_dstModel, m_background),
       m_described(&m_tasks) {}

@@ -113,7 +113,8 @@ void CSeeThroughList::DrawBox(HDC dc, size_t row) const {
   ::ImageList_GetIconSize(images, &width, &height);
   const RECT bounds = PartOf(row, LVIR_BOUNDS);
   const int top = (bounds.top + bounds.bottom - height) / 2;
-  ::ImageList_Draw(images, static_cast<int>(image) - 1, dc, PartOf(row, LVIR_ICON).left - width, top, ILD_NORMAL);
+  ::ImageList_Draw(images, static_cast<int>(image) - 1, dc, PartOf(row, LVIR_ICON).left - width, top,
+                   ILD_NORMAL);
 }
 
 void CSeeThroughList::DrawCell(HDC dc, size_t row, size_t column) const {

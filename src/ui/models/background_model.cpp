@@ -6,8 +6,6 @@
 namespace qlm {
 namespace {
 
-constexpr int kCharacters = static_cast<int>(BkImgType::GETTODAZE) - static_cast<int>(BkImgType::OK) + 1;
-
 // Pixels at 96 DPI.
 constexpr int kCheckSize = 16;
 constexpr int kDiamondSize = 24;
@@ -107,12 +105,6 @@ CRect InCorner(CExtent view, CExtent image, ImgOrigin origin) {
 }
 
 }  // namespace
-
-BkImgType ShownImage(const CDesignSetting& design) {
-  if (design.bkImgType != BkImgType::DEFAULT) return design.bkImgType;
-  return static_cast<BkImgType>(static_cast<int>(BkImgType::OK) +
-                                static_cast<int>(design.random % kCharacters));
-}
 
 CRect PlaceImage(CExtent view, CExtent image, FitType fit, ImgOrigin origin) {
   return InCorner(view, ScaledExtent(image, FitScale(view, image, fit)), origin);

@@ -16,13 +16,6 @@ struct CExtent {
   friend bool operator==(const CExtent&, const CExtent&) = default;
 };
 
-// The image that a design means: never BkImgType::DEFAULT.
-BkImgType ShownImage(const CDesignSetting& design);
-
-inline bool IsCharacter(BkImgType type) {
-  return type >= BkImgType::OK;
-}
-
 // Where an image goes; it may reach beyond the view.
 CRect PlaceImage(CExtent view, CExtent image, FitType fit, ImgOrigin origin);
 
