@@ -1,6 +1,8 @@
 #include "ui/design_page.h"
 
 #include <commdlg.h>
+#include <uxtheme.h>
+#include <vssym32.h>
 
 #include <algorithm>
 #include <utility>
@@ -45,6 +47,21 @@ std::optional<my::CColor> AskColor(HWND owner, my::CColor color) {
   choice.Flags = CC_RGBINIT | CC_FULLOPEN;
   if (!::ChooseColorW(&choice)) return {};
   return my::CColor{GetRValue(choice.rgbResult), GetGValue(choice.rgbResult), GetBValue(choice.rgbResult)};
+}
+
+using CTheme = my::CHandle<HTHEME, &::CloseThemeData>;
+
+void DrawPushButton(const DRAWITEMSTRUCT& draw, bool disabled) {
+  const bool pressed = (draw.itemState & ODS_SELECTED) != 0;
+  RECT rect = draw.rcItem;
+  const CTheme theme(::OpenThemeData(draw.hwndItem, L"BUTTON"));
+  if (!theme) {
+    ::DrawFrameControl(draw.hDC, &rect, DFC_BUTTON, DFCS_BUTTONPUSH | (pressed ? DFCS_PUSHED : 0U));
+    return;
+  }
+  const int state = disabled ? PBS_DISABLED : pressed ? PBS_PRESSED : PBS_NORMAL;
+  ::DrawThemeParentBackground(draw.hwndItem, draw.hDC, &rect);
+  ::DrawThemeBackground(theme.Get(), draw.hDC, BP_PUSHBUTTON, state, &rect, nullptr);
 }
 
 }  // namespace
@@ -198,9 +215,8 @@ std::optional<LRESULT> CDesignPage::OnMessage(UINT message, WPARAM, LPARAM lPara
 void CDesignPage::DrawSwatch(const DRAWITEMSTRUCT& draw) {
   const HDC dc = draw.hDC;
   RECT rect = draw.rcItem;
-  const bool pressed = (draw.itemState & ODS_SELECTED) != 0;
   const bool disabled = (draw.itemState & ODS_DISABLED) != 0;
-  ::DrawFrameControl(dc, &rect, DFC_BUTTON, DFCS_BUTTONPUSH | (pressed ? DFCS_PUSHED : 0U));
+  DrawPushButton(draw, disabled);
   const int margin = my::Scale(kSwatchMargin, Dpi());
   ::InflateRect(&rect, -margin, -margin);
   if ((draw.itemState & ODS_FOCUS) != 0) ::DrawFocusRect(dc, &rect);

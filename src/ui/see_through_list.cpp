@@ -84,6 +84,8 @@ void CSeeThroughList::DrawRow(HDC dc, size_t row) const {
   if (colors.back) {
     ::SetBkColor(dc, *colors.back);
     ::ExtTextOutW(dc, 0, 0, ETO_OPAQUE, &bounds, nullptr, 0, nullptr);
+    // Without the keyboard the fill may be near to the background's colour.
+    ::FrameRect(dc, &bounds, ::GetSysColorBrush(COLOR_HIGHLIGHT));
   }
   ::SetBkColor(dc, RGB(0, 0, 0));
   ::SetTextColor(dc, RGB(255, 255, 255));
