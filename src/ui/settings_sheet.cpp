@@ -17,7 +17,7 @@
 
 namespace qlm {
 
-CSettingsSheet::CSettingsSheet(CAppContext& context, FPreview preview, size_t firstPage)
+CSettingsSheet::CSettingsSheet(CAppContext& context, size_t firstPage, FPreview preview)
     : CDialog(IDD_SETTINGS), m_context(context), m_preview(std::move(preview)) {
   m_pages.push_back(std::make_unique<CGeneralPage>(context));
   m_pages.push_back(std::make_unique<CDesignPage>(context, m_preview));

@@ -21,7 +21,8 @@ class CSettingsSheet : public my::CDialog {
   using FPreview = std::function<void(const CDesignSetting&)>;
 
   // Opens at a page, counted from 0; at the last one when there are fewer.
-  CSettingsSheet(CAppContext& context, FPreview preview, size_t firstPage);
+  CSettingsSheet(
+      CAppContext& context, size_t firstPage, FPreview preview = [](const CDesignSetting&) {});
 
  protected:
   bool OnInit() override;
