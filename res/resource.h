@@ -131,6 +131,26 @@
 #define IDC_PANE_TITLE               1308
 #define IDC_PANE_HINT                1309
 
+// Design page: 280-299, controls 1400-1499.
+#define IDD_DESIGN_PAGE              280
+#define IDC_PANE_DESCRIPTION         1400
+#define IDC_TEXT_COLOR               1401
+#define IDC_BRUSH_TYPE               1402
+#define IDC_BRUSH_COLOR              1403
+#define IDC_BRUSH_PATH               1404
+#define IDC_BRUSH_BROWSE             1405
+#define IDC_IMAGE_TYPE               1406
+#define IDC_IMAGE_PATH               1407
+#define IDC_IMAGE_BROWSE             1408
+#define IDC_IMAGE_FIT                1409
+#define IDC_IMAGE_ORIGIN             1410
+#define IDC_SHOW_DESCRIPTION         1411
+#define IDC_BRUSH_COLOR_LABEL        1412
+#define IDC_BRUSH_PATH_LABEL         1413
+#define IDC_IMAGE_PATH_LABEL         1414
+#define IDC_IMAGE_FIT_LABEL          1415
+#define IDC_IMAGE_ORIGIN_LABEL       1416
+
 // --- texts and commands ---
 
 // Commands of the windows.
@@ -390,6 +410,67 @@
 #define IDS_DROP_FILTER_ON_TASK      713
 #define IDS_DROP_UNKNOWN             714
 #define IDS_NO_RECENT                715
+
+// Design: 800-899. Brushes, images, fits and corners: first id + BrushType, BkImgType, FitType, ImgOrigin.
+#define IDS_DESIGN_PAGE              800
+#define IDS_IMAGE_NOT_READ           801
+#define IDS_IMAGE_FILES              802
+#define IDS_DESCRIPTION              803
+#define IDS_DESCRIPTION_TASKS        804
+#define IDS_DESCRIPTION_DSTS         805
+#define IDS_NEXT_ADD_TASK            806
+#define IDS_NEXT_ADD_DST             807
+#define IDS_NEXT_SELECT_TASK         808
+#define IDS_NEXT_CHECK_DST           809
+#define IDS_NEXT_RUN                 810
+
+#define IDS_BRUSH_DEFAULT            820
+#define IDS_BRUSH_OS_DEFAULT         821
+#define IDS_BRUSH_CUSTOM_COLOR       822
+#define IDS_BRUSH_CUSTOM_BK          823
+#define IDS_BRUSH_CHECK              824
+#define IDS_BRUSH_DIA                825
+#define IDS_BRUSH_STRIPE             826
+#define IDS_BRUSH_INTERLACE          827
+
+#define IDS_IMAGE_DEFAULT            830
+#define IDS_IMAGE_NONE               831
+#define IDS_IMAGE_CUSTOM             832
+#define IDS_IMAGE_OK                 833
+#define IDS_IMAGE_LOVELOVE           834
+#define IDS_IMAGE_NO                 835
+#define IDS_IMAGE_HATENA             836
+#define IDS_IMAGE_MASSAKASAMA        837
+#define IDS_IMAGE_ASE                838
+#define IDS_IMAGE_GAKKURI            839
+#define IDS_IMAGE_PEROON             840
+#define IDS_IMAGE_DARUDARU           841
+#define IDS_IMAGE_CHOUDAI            842
+#define IDS_IMAGE_DOGEZA             843
+#define IDS_IMAGE_MANEKI             844
+#define IDS_IMAGE_ONEGAI             845
+#define IDS_IMAGE_BUTSUYO            846
+#define IDS_IMAGE_GUROKKII           847
+#define IDS_IMAGE_GUTTARI            848
+#define IDS_IMAGE_DOWN               849
+#define IDS_IMAGE_IYAIYA             850
+#define IDS_IMAGE_OMOI               851
+#define IDS_IMAGE_ZUKO               852
+#define IDS_IMAGE_BIRIBIRI           853
+#define IDS_IMAGE_URAMIMASU          854
+#define IDS_IMAGE_CHANCE             855
+#define IDS_IMAGE_GETTODAZE          856
+
+#define IDS_FIT_NONE                 860
+#define IDS_FIT_WIDTH                861
+#define IDS_FIT_HEIGHT               862
+#define IDS_FIT_AUTO_FIT             863
+#define IDS_FIT_AUTO_FILL            864
+
+#define IDS_ORIGIN_LT                870
+#define IDS_ORIGIN_LB                871
+#define IDS_ORIGIN_RB                872
+#define IDS_ORIGIN_RT                873
 
 // Command text of the replace tool; the number is also the command's id.
 #define IDS_CMD_REPLACE              57641

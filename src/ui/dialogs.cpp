@@ -48,7 +48,7 @@ bool CDialogs::AskPassword(CPasswordEntry& entry) {
 }
 
 void CDialogs::ShowSettings(bool designPage) {
-  CSettingsSheet(*m_context, designPage ? 1 : 0).DoModal(Owner());
+  CSettingsSheet(*m_context, designPage ? 1 : 0, m_preview).DoModal(Owner());
 }
 
 void CDialogs::OpenReplace(CReplaceTool&) {

@@ -2,7 +2,9 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include "app/windows.h"
 #include "engine/result.h"
@@ -15,6 +17,7 @@ namespace qlm {
 class CReplaceDialog;
 class CResultDialog;
 class CResultListModel;
+struct CDesignSetting;
 
 // The program's dialogs, over the window that is active: those that the commands ask for, and the others.
 class CDialogs : public IDialogs, public IItemDialogs, public IClipboard {
@@ -24,6 +27,9 @@ class CDialogs : public IDialogs, public IItemDialogs, public IClipboard {
 
   // To be called before any other function.
   void SetOwner(HWND owner, CAppContext& context);
+
+  // Shows a design in the main window at once; throws what is wrong with it.
+  void SetPreview(std::function<void(const CDesignSetting&)> preview) { m_preview = std::move(preview); }
 
   std::optional<std::wstring> AskOpenPath(const CFileQuestion& question) override;
   std::optional<std::wstring> AskSavePath(const CFileQuestion& question) override;
@@ -57,6 +63,7 @@ class CDialogs : public IDialogs, public IItemDialogs, public IClipboard {
   my::CAutoMessageLoop& m_loop;
   HWND m_owner = nullptr;
   CAppContext* m_context = nullptr;
+  std::function<void(const CDesignSetting&)> m_preview;
   my::CClipboard m_clipboard;
   std::unique_ptr<CReplaceDialog> m_replace;
   std::unique_ptr<CResultDialog> m_results;

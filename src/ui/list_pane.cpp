@@ -5,6 +5,7 @@
 
 #include "platform/message_texts.h"
 #include "resource.h"
+#include "ui/background.h"
 #include "ui/framework/dpi.h"
 
 namespace qlm {
@@ -15,6 +16,7 @@ constexpr int kMargin = 6;
 constexpr int kGap = 4;
 constexpr int kButtonPadding = 12;
 constexpr int kButtonHeight = 24;
+constexpr int kRoomForDescription = 150;  // of the whole pane
 
 const my::CWindowClass& PaneClass() {
   static const my::CWindowClass paneClass(L"QuillmoorListPane", 0, COLOR_BTNFACE + 1);
@@ -39,11 +41,14 @@ void CListPane::CreateIn(HWND parent, int paneId, int listId, my::CListView::Box
   m_list.Create(Hwnd(), listId, boxes);
   m_hint = AddControl(L"STATIC", m_spec.hintId, SS_CENTER | SS_NOPREFIX, IDC_PANE_HINT);
   m_hintButton = AddControl(L"BUTTON", m_spec.hintButton.textId, WS_TABSTOP, m_spec.hintButton.id);
+  m_description = AddControl(L"STATIC", 0, SS_RIGHT | SS_NOPREFIX | SS_ENDELLIPSIS, IDC_PANE_DESCRIPTION);
   UseDpi(my::WindowDpi(Hwnd()));
+  UseBackground();
 }
 
 HWND CListPane::AddControl(const wchar_t* className, uint32_t textId, DWORD style, int id) const {
-  return ::CreateWindowExW(0, className, m_texts.Text(textId).c_str(), WS_CHILD | style, 0, 0, 0, 0, Hwnd(),
+  const std::wstring text = textId ? m_texts.Text(textId) : std::wstring();
+  return ::CreateWindowExW(0, className, text.c_str(), WS_CHILD | style, 0, 0, 0, 0, Hwnd(),
                            reinterpret_cast<HMENU>(INT_PTR{id}), nullptr, nullptr);
 }
 
@@ -59,6 +64,19 @@ void CListPane::ShowHint(bool show) {
   if (hadFocus) SetFocus();
 }
 
+void CListPane::ShowDescription(const std::wstring& text) {
+  const bool shown = (::GetWindowLongW(m_description, GWL_STYLE) & WS_VISIBLE) != 0;
+  ::SetWindowTextW(m_description, text.c_str());
+  if (shown != text.empty()) return;
+  ::ShowWindow(m_description, text.empty() ? SW_HIDE : SW_SHOWNA);
+  Arrange();
+}
+
+void CListPane::UseBackground() {
+  m_list.UseBackground();
+  ::RedrawWindow(Hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
 void CListPane::SetFocus() const {
   const bool hintShown = (::GetWindowLongW(m_hintButton, GWL_STYLE) & WS_VISIBLE) != 0;
   ::SetFocus(hintShown ? m_hintButton : m_list.Hwnd());
@@ -72,18 +90,54 @@ LRESULT CListPane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_COMMAND: return ::SendMessageW(Parent(), message, wParam, lParam);
     case WM_SIZE: Arrange(); return 0;
-    default: return CWindow::OnMessage(message, wParam, lParam);
+    case WM_WINDOWPOSCHANGED: {
+      // Another slice of the background is behind it now.
+      ::RedrawWindow(Hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+      break;
+    }
+    case WM_ERASEBKGND:
+      if (m_background.IsPlain()) break;
+      Erase(reinterpret_cast<HDC>(wParam));
+      return TRUE;
+    case WM_CTLCOLORSTATIC:
+      if (m_background.IsPlain()) break;
+      return ColorStatic(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
+    case WM_NOTIFY:
+      if (reinterpret_cast<const NMHDR*>(lParam)->code == NM_SETFOCUS && onAttention) onAttention();
+      break;
+    case WM_SETCURSOR:
+      if (onAttention) onAttention();
+      break;
+    default: break;
   }
+  return CWindow::OnMessage(message, wParam, lParam);
+}
+
+void CListPane::Erase(HDC dc) {
+  RECT area{};
+  ::GetClientRect(Hwnd(), &area);
+  m_background.Draw(dc, Hwnd(), area);
+}
+
+// A text has no background of its own: it is drawn right before the text.
+LRESULT CListPane::ColorStatic(HDC dc, HWND control) {
+  RECT area{};
+  ::GetClientRect(control, &area);
+  m_background.Draw(dc, control, area);
+  ::SetBkMode(dc, TRANSPARENT);
+  ::SetTextColor(dc, m_background.TextColor());
+  return reinterpret_cast<LRESULT>(::GetStockObject(NULL_BRUSH));
 }
 
 void CListPane::UseDpi(UINT dpi) {
   m_dpi = dpi;
+  m_background.SetDpi(dpi);
   my::CFont font = my::MessageFont(dpi);
   LOGFONTW bold = my::MessageLogFont(dpi);
   bold.lfWeight = FW_BOLD;
   my::CFont titleFont(::CreateFontIndirectW(&bold));
   std::vector<HWND> controls = m_buttons;
-  controls.insert(controls.end(), {m_hint, m_hintButton, m_list.Hwnd()});
+  controls.insert(controls.end(), {m_hint, m_hintButton, m_description, m_list.Hwnd()});
   for (const HWND control : controls)
     ::SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), TRUE);
   ::SendMessageW(m_title, WM_SETFONT, reinterpret_cast<WPARAM>(titleFont.Get()), TRUE);
@@ -96,7 +150,7 @@ void CListPane::Arrange() const {
   if (m_dpi == 0) return;
   const SIZE client = ClientSize();
   const int top = ArrangeHeader(client.cx);
-  const RECT area{0, top, client.cx, std::max<LONG>(top, client.cy)};
+  const RECT area{0, top, client.cx, std::max<LONG>(top, ArrangeDescription(client))};
   ::MoveWindow(m_list.Hwnd(), area.left, area.top, area.right, area.bottom - area.top, TRUE);
   ArrangeHint(area);
 }
@@ -128,6 +182,18 @@ void CListPane::ArrangeHint(const RECT& area) const {
   const int top = std::max<int>(area.top, (area.top + area.bottom - text.cy - gap - button.cy) / 2);
   ::MoveWindow(m_hint, area.left, top, area.right - area.left, text.cy, TRUE);
   ::MoveWindow(m_hintButton, middle - button.cx / 2, top + text.cy + gap, button.cx, button.cy, TRUE);
+}
+
+int CListPane::ArrangeDescription(const SIZE& client) const {
+  if ((::GetWindowLongW(m_description, GWL_STYLE) & WS_VISIBLE) == 0) return client.cy;
+  const int margin = my::Scale(kMargin, m_dpi);
+  const int gap = my::Scale(kGap, m_dpi);
+  // A low pane is left to its list.
+  const bool fits = client.cy >= my::Scale(kRoomForDescription, m_dpi);
+  const int height = fits ? TextSize(m_title).cy : 0;
+  const int top = static_cast<int>(client.cy) - gap - height;
+  ::MoveWindow(m_description, margin, top, std::max<int>(0, client.cx - 2 * margin), height, TRUE);
+  return fits ? top - gap : client.cy;
 }
 
 SIZE CListPane::TextSize(HWND control) const {

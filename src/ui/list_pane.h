@@ -2,12 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "ui/framework/gdi.h"
-#include "ui/framework/list_view.h"
 #include "ui/framework/window.h"
+#include "ui/see_through_list.h"
 
 namespace my {
 class IMessageTexts;
@@ -30,8 +31,9 @@ struct CPaneSpec {
 // What the user does with the buttons goes to the parent as WM_COMMAND.
 class CListPane : public my::CWindow {
  public:
-  // Both outlive the pane.
-  CListPane(const my::IMessageTexts& texts, const my::IListModel& model) : m_texts(texts), m_list(model) {}
+  // All outlive the pane.
+  CListPane(const my::IMessageTexts& texts, const my::IListModel& model, CBackground& background)
+      : m_texts(texts), m_background(background), m_list(model, background) {}
 
   void CreateIn(HWND parent, int paneId, int listId, my::CListView::Boxes boxes, CPaneSpec spec);
 
@@ -43,6 +45,15 @@ class CListPane : public my::CWindow {
 
   // Whether the hint stands in place of the list.
   void ShowHint(bool show);
+
+  // A line below the list; empty: none.
+  void ShowDescription(const std::wstring& text);
+
+  // The background is another one.
+  void UseBackground();
+
+  // The user has turned to this pane: the pointer came over it, or its list got the keyboard.
+  std::function<void()> onAttention;
 
   // Where the keyboard goes: the list, or the hint's button.
   void SetFocus() const;
@@ -56,14 +67,19 @@ class CListPane : public my::CWindow {
   void Arrange() const;
   int ArrangeHeader(int width) const;  // answers its height
   void ArrangeHint(const RECT& area) const;
+  int ArrangeDescription(const SIZE& client) const;  // answers its top
+  LRESULT ColorStatic(HDC dc, HWND control);
+  void Erase(HDC dc);
   SIZE TextSize(HWND control) const;
 
   const my::IMessageTexts& m_texts;
-  my::CListView m_list;
+  CBackground& m_background;
+  CSeeThroughList m_list;
   CPaneSpec m_spec;
   HWND m_title = nullptr;
   HWND m_hint = nullptr;
   HWND m_hintButton = nullptr;
+  HWND m_description = nullptr;
   std::vector<HWND> m_buttons;
   UINT m_dpi = 0;
   my::CFont m_font;

@@ -118,6 +118,7 @@ bool CMainFrame::Create(CApplication& application) {
 
 void CMainFrame::OnCreate() {
   m_dialogs.SetOwner(Hwnd(), m_app->Context());
+  m_dialogs.SetPreview([this](const CDesignSetting& design) { m_parts->view.ShowDesign(design); });
   m_parts = std::make_unique<CParts>(*m_app, *this);
   m_parts->toolBar.CreateIn(Hwnd());
   m_parts->view.CreateIn(Hwnd());
@@ -178,6 +179,11 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CLOSE:
       if (m_app->OnClose()) Destroy();
       return 0;
+    case WM_SYSCOLORCHANGE:
+    case WM_SETTINGCHANGE:
+    case WM_THEMECHANGED:
+      if (m_parts) m_parts->view.OnSystemChanged();
+      return CWindow::OnMessage(message, wParam, lParam);
     case WM_QUERYENDSESSION: return MayEndSession();
     case WM_ENDSESSION:
       if (wParam) m_app->OnEndSession();
@@ -285,6 +291,12 @@ void CMainFrame::ApplySettings(const CSettings& settings) {
   ::ShowWindow(Hwnd(), frame.maximized ? SW_SHOWMAXIMIZED : m_showCommand);
   if (frame.fullScreen) ToggleFullScreen();
   m_parts->view.Current().SetFocus();
+  try {
+    m_parts->view.ShowDesign(settings.design);
+  } catch (const my::CException& failure) {
+    // The picture may be on a drive that is away now; the program works without.
+    m_app->Context().messenger.ShowError(failure);
+  }
 }
 
 void CMainFrame::StoreSettings(CSettings& settings) {

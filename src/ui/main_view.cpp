@@ -1,9 +1,11 @@
 #include "ui/main_view.h"
 
 #include "document/document.h"
+#include "platform/message_texts.h"
 #include "resource.h"
 #include "settings/settings.h"
 #include "ui/framework/dpi.h"
+#include "ui/models/next_step.h"
 
 namespace qlm {
 namespace {
@@ -41,17 +43,21 @@ void SelectFirst(my::CListView& list, bool empty) {
 
 CMainView::CMainView(const CDocument& document, const CUISetting& setting, const my::IMessageTexts& texts)
     : m_document(document),
+      m_texts(texts),
       m_taskModel(document, setting, texts),
       m_dstModel(document, texts),
-      m_tasks(texts, m_taskModel),
-      m_dsts(texts, m_dstModel) {}
+      m_tasks(texts, m_taskModel, m_background),
+      m_dsts(texts, m_dstModel, m_background),
+      m_described(&m_tasks) {}
 
 void CMainView::CreateIn(HWND parent) {
   m_splitter.CreateIn(parent, IDC_SPLITTER);
+  m_background.SetView(m_splitter.Hwnd());
   m_tasks.CreateIn(m_splitter.Hwnd(), IDC_TASK_PANE, IDC_TASK_LIST, my::CListView::Boxes::No, kTaskPane);
   m_dsts.CreateIn(m_splitter.Hwnd(), IDC_DST_PANE, IDC_DST_LIST, my::CListView::Boxes::Yes, kDstPane);
   m_splitter.SetUpper(kDefaultTasksHeight);
   m_splitter.SetPanes(m_tasks.Hwnd(), m_dsts.Hwnd());
+  for (CListPane* pane : {&m_tasks, &m_dsts}) pane->onAttention = [this, pane] { Describe(*pane); };
 }
 
 CListPane& CMainView::Current() {
@@ -83,6 +89,7 @@ void CMainView::OnDocumentChanged(bool reset) {
 void CMainView::OnTaskSelection() {
   m_dstModel.Refresh(m_tasks.List().Selection());
   m_dsts.List().Refresh();
+  UpdateDescription();
 }
 
 void CMainView::EnableButtons(const std::function<bool(int id)>& isEnabled) const {
@@ -94,6 +101,49 @@ void CMainView::EnableButtons(const std::function<bool(int id)>& isEnabled) cons
 void CMainView::Redraw() {
   m_tasks.List().Refresh();
   m_dsts.List().Refresh();
+}
+
+void CMainView::ShowDesign(const CDesignSetting& design) {
+  m_showDescription = design.showDesc;
+  UpdateDescription();
+  try {
+    m_background.SetDesign(design);
+  } catch (...) {
+    UseBackground();
+    throw;
+  }
+  UseBackground();
+}
+
+void CMainView::OnSystemChanged() {
+  m_background.OnSystemChanged();
+  UseBackground();
+}
+
+void CMainView::UseBackground() {
+  m_splitter.drawBehind = nullptr;
+  if (!m_background.IsPlain())
+    m_splitter.drawBehind = [this](HDC dc, const RECT& area) { m_background.Draw(dc, Hwnd(), area); };
+  m_splitter.Invalidate();
+  m_tasks.UseBackground();
+  m_dsts.UseBackground();
+}
+
+void CMainView::Describe(CListPane& pane) {
+  if (m_described == &pane) return;
+  m_described = &pane;
+  UpdateDescription();
+}
+
+void CMainView::UpdateDescription() {
+  std::wstring text;
+  if (m_showDescription) {
+    const uint32_t what = m_described == &m_tasks ? IDS_DESCRIPTION_TASKS : IDS_DESCRIPTION_DSTS;
+    const my::CMsgArg parts[] = {my::CTextId{what},
+                                 my::CTextId{NextStep(m_document, m_tasks.List().Selection())}};
+    text = my::MakeText(m_texts, IDS_DESCRIPTION, parts);
+  }
+  m_dsts.ShowDescription(text);
 }
 
 void CMainView::ApplySettings(const CMainFrameSetting& setting) {

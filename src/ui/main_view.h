@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "app/windows.h"
+#include "ui/background.h"
 #include "ui/framework/splitter.h"
 #include "ui/list_pane.h"
 #include "ui/models/dst_list_model.h"
@@ -43,17 +44,31 @@ class CMainView {
 
   void Redraw();  // the texts have changed, the document has not
 
+  // Shows a design at once. Throws IDS_IMAGE_NOT_READ; all of it but the picture is shown then.
+  void ShowDesign(const CDesignSetting& design);
+
+  // Colours or contrast of the system have changed.
+  void OnSystemChanged();
+
   void ApplySettings(const CMainFrameSetting& setting);
   void StoreSettings(CMainFrameSetting& setting) const;
 
  private:
+  void UseBackground();
+  void Describe(CListPane& pane);
+  void UpdateDescription();
+
   const CDocument& m_document;
+  const my::IMessageTexts& m_texts;
   CTaskListModel m_taskModel;
   CDstListModel m_dstModel;
+  CBackground m_background;
   my::CSplitter m_splitter;
   CListPane m_tasks;
   CListPane m_dsts;
   bool m_dstsCurrent = false;
+  bool m_showDescription = true;
+  CListPane* m_described = nullptr;  // the user turned to it last
 };
 
 }  // namespace qlm

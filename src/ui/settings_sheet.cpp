@@ -4,6 +4,7 @@
 #include <uxtheme.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "app/command.h"
 #include "app/messenger.h"
@@ -11,13 +12,15 @@
 #include "settings/settings.h"
 #include "support/secret.h"
 #include "ui/controls.h"
+#include "ui/design_page.h"
 #include "ui/general_page.h"
 
 namespace qlm {
 
-CSettingsSheet::CSettingsSheet(CAppContext& context, size_t firstPage)
-    : CDialog(IDD_SETTINGS), m_context(context) {
+CSettingsSheet::CSettingsSheet(CAppContext& context, size_t firstPage, FPreview preview)
+    : CDialog(IDD_SETTINGS), m_context(context), m_preview(std::move(preview)) {
   m_pages.push_back(std::make_unique<CGeneralPage>(context));
+  m_pages.push_back(std::make_unique<CDesignPage>(context, m_preview));
   m_shown = std::min(firstPage, m_pages.size() - 1);
 }
 
@@ -32,6 +35,16 @@ bool CSettingsSheet::OnInit() {
 
 void CSettingsSheet::OnOk() {
   if (Apply()) Close(IDOK);
+}
+
+// The main window shows what was being tried.
+void CSettingsSheet::OnCancel() {
+  try {
+    m_preview(m_context.settings.design);
+  } catch (const my::CException&) {
+    // A picture that could not be read before the sheet opened either.
+  }
+  Close(IDCANCEL);
 }
 
 bool CSettingsSheet::OnCommand(int id, int code) {

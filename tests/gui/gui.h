@@ -46,6 +46,13 @@ inline HWND DialogWith(int controlId) {
   return search.found;
 }
 
+// The child that holds a control; null when there is none.
+inline HWND ChildWith(HWND parent, int id) {
+  HWND child = ::GetWindow(parent, GW_CHILD);
+  while (child && !::GetDlgItem(child, id)) child = ::GetWindow(child, GW_HWNDNEXT);
+  return child;
+}
+
 inline RECT Bounds(HWND window) {
   RECT rect{};
   ::GetWindowRect(window, &rect);

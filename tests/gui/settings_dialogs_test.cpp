@@ -154,10 +154,10 @@ TEST_F(SettingsDialogs, refused_replacement_stays_open_at_the_text_to_blame) {
 struct SettingsSheet : SettingsDialogs {
   void Open() {
     sheet.CreateModeless(nullptr, loop);
-    page = ::FindWindowExW(sheet.Hwnd(), nullptr, L"#32770", nullptr);
+    page = test::ChildWith(sheet.Hwnd(), IDC_ARCHIVER_PATH);
   }
 
-  CSettingsSheet sheet{Context(), 1};
+  CSettingsSheet sheet{Context(), 0};
   HWND page = nullptr;
 };
 

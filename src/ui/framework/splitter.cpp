@@ -85,12 +85,14 @@ void CSplitter::Arrange() const {
   const SIZE size = ClientSize();
   const int top = BarTop();
   const int below = top + BarHeight();
-  constexpr UINT kFlags = SWP_NOZORDER | SWP_NOACTIVATE;
+  // What stands behind the panes does not move with them.
+  const UINT kept = drawBehind ? SWP_NOCOPYBITS : 0U;
+  const UINT flags = SWP_NOZORDER | SWP_NOACTIVATE | kept;
   HDWP moves = ::BeginDeferWindowPos(2);
-  moves = ::DeferWindowPos(moves, m_upperPane, nullptr, 0, 0, size.cx, top, kFlags);
+  moves = ::DeferWindowPos(moves, m_upperPane, nullptr, 0, 0, size.cx, top, flags);
   if (moves)
     moves = ::DeferWindowPos(moves, m_lowerPane, nullptr, 0, below, size.cx, std::max(0L, size.cy - below),
-                             kFlags);
+                             flags);
   if (moves) ::EndDeferWindowPos(moves);
   Invalidate();
 }
@@ -123,7 +125,10 @@ bool CSplitter::HandleKey(UINT key) {
 
 void CSplitter::Paint() const {
   const CPaint paint(Hwnd());
-  ::FillRect(paint.Get(), &paint.Area(), ::GetSysColorBrush(COLOR_BTNFACE));
+  if (drawBehind)
+    drawBehind(paint.Get(), paint.Area());
+  else
+    ::FillRect(paint.Get(), &paint.Area(), ::GetSysColorBrush(COLOR_BTNFACE));
   if (::GetFocus() != Hwnd()) return;
   const int top = BarTop();
   const RECT bar{0, top, ClientSize().cx, top + BarHeight()};

@@ -24,6 +24,9 @@ class CSplitter : public CWindow {
   // After the user moved the bar.
   std::function<void()> onMoved;
 
+  // Draws what is behind bar and panes; empty: the system's face colour.
+  std::function<void(HDC dc, const RECT& area)> drawBehind;
+
  protected:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 

@@ -1,0 +1,86 @@
+#!/usr/bin/env python3
+"""art.py: the program's drawings. Makes from art/ what the program is built with.
+
+art.py           writes the generated files, and previews to build/art/
+art.py --check   fails when the generated files are not what the sources give
+"""
+
+import subprocess
+import sys
+from pathlib import Path
+
+TOP = Path(__file__).resolve().parent.parent
+sys.path.insert(0, str(TOP / "art"))
+
+from generator import characters, scene  # noqa: E402
+
+# In the order of BkImgType.
+CHARACTERS = ("OK LOVELOVE NO HATENA MASSAKASAMA ASE GAKKURI PEROON DARUDARU CHOUDAI DOGEZA MANEKI ONEGAI BUTSUYO "
+              "GUROKKII GUTTARI DOWN IYAIYA OMOI ZUKO BIRIBIRI URAMIMASU CHANCE GETTODAZE").split()
+PREVIEWS = TOP / "build" / "art"
+COLUMNS = 6
+
+
+def read_characters():
+    parts = scene.Reader(TOP / "art/characters/parts.svg").parts()
+    drawings = [scene.Reader(TOP / f"art/characters/{name.lower()}.svg").read() for name in CHARACTERS]
+    for name, items in zip(CHARACTERS, drawings):
+        if characters.outside(scene.flatten(items, parts)):
+            raise SystemExit(f"art: {name} reaches over its edge")
+    return drawings, parts
+
+
+def generated_files():
+    """File name and content of all that is checked in."""
+    drawings, parts = read_characters()
+    return {"src/ui/art/character_data.cpp": characters.make_data(drawings, parts).encode()}
+
+
+def contact_sheet(pictures, cell):
+    """An SVG drawing of all, each with its name below."""
+    rows = -(-len(pictures) // COLUMNS)
+    lines = [f'<svg xmlns="http://www.w3.org/2000/svg" width="{COLUMNS * cell}" height="{rows * (cell + 20)}">',
+             '<rect width="100%" height="100%" fill="#ffffff"/>']
+    for index, (name, shapes) in enumerate(pictures):
+        x, y = index % COLUMNS * cell, index // COLUMNS * (cell + 20)
+        lines.append(f'<g transform="translate({x} {y}) scale({cell / characters.SIZE})" stroke-linejoin="round" '
+                     f'stroke-linecap="round">' + "".join(map(scene.svg_path, shapes)) + "</g>")
+        lines.append(f'<text x="{x + cell / 2}" y="{y + cell + 14}" font-size="12" text-anchor="middle" '
+                     f'font-family="sans-serif">{name}</text>')
+    return "\n".join(lines + ["</svg>"])
+
+
+def render(svg, file, size=()):
+    subprocess.run(["rsvg-convert", *size, "-o", str(file)], input=svg.encode(), check=True)
+
+
+def write_previews():
+    PREVIEWS.mkdir(parents=True, exist_ok=True)
+    drawings, parts = read_characters()
+    pictures = [(name, list(scene.flatten(items, parts))) for name, items in zip(CHARACTERS, drawings)]
+    for name, shapes in pictures:
+        render(scene.to_svg(shapes, characters.SIZE, "#ffffff"), PREVIEWS / f"{name.lower()}.png", ["-w", "400"])
+    for cell in (200, 400):
+        render(contact_sheet(pictures, cell), PREVIEWS / f"characters_{cell}.png")
+
+
+def check():
+    stale = [name for name, content in generated_files().items()
+             if not (TOP / name).exists() or (TOP / name).read_bytes() != content]
+    for name in stale:
+        print(f"{name}:1: not what art/ gives: run scripts/art.py")
+    return 1 if stale else 0
+
+
+def main():
+    if sys.argv[1:] == ["--check"]:
+        return check()
+    for name, content in generated_files().items():
+        (TOP / name).parent.mkdir(parents=True, exist_ok=True)
+        (TOP / name).write_bytes(content)
+    write_previews()
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,175 @@
+#include "ui/models/background_model.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace qlm {
+namespace {
+
+// Pixels at 96 DPI.
+constexpr int kCheckSize = 16;
+constexpr int kDiamondSize = 24;
+constexpr int kStripeWidth = 12;
+constexpr int kLineHeight = 2;
+
+// Percent of the brush colour.
+constexpr int kPatternShade = 12;
+constexpr int kGradientShade = 22;
+
+// Lighter, or darker with a negative percentage.
+my::CColor Shade(my::CColor color, int percent) {
+  const auto shade = [percent](uint8_t value) {
+    return static_cast<uint8_t>(std::clamp(value + (value + 16) * percent / 100, 0, 255));
+  };
+  return {shade(color.red), shade(color.green), shade(color.blue)};
+}
+
+my::CColor Between(my::CColor from, my::CColor to, int part, int whole) {
+  const auto mix = [&](uint8_t a, uint8_t b) { return static_cast<uint8_t>(a + (b - a) * part / whole); };
+  return {mix(from.red, to.red), mix(from.green, to.green), mix(from.blue, to.blue)};
+}
+
+int Scaled(int pixels, int dpi) {
+  return std::max(1, pixels * dpi / 96);
+}
+
+int FloorDiv(int value, int divisor) {
+  return value >= 0 ? value / divisor : -1 - (-1 - value) / divisor;
+}
+
+// Whether a point lies on the lighter part of a pattern.
+bool IsLight(BrushType type, int x, int y, int dpi) {
+  switch (type) {
+    case BrushType::CHECK: {
+      const int size = Scaled(kCheckSize, dpi);
+      return ((x / size + y / size) & 1) == 0;
+    }
+    case BrushType::DIA: {
+      const int size = Scaled(kDiamondSize, dpi);
+      return ((FloorDiv(x + y, size) + FloorDiv(x - y, size)) & 1) == 0;
+    }
+    case BrushType::STRIPE: return (x / Scaled(kStripeWidth, dpi) & 1) == 0;
+    case BrushType::INTERLACE: return (y / Scaled(kLineHeight, dpi) & 1) == 0;
+    default: return false;
+  }
+}
+
+void FillGradient(std::span<CPixel> pixels, int width, my::CColor color) {
+  const auto row = static_cast<size_t>(width);
+  const auto rows = static_cast<int>(pixels.size() / row);
+  const my::CColor top = Shade(color, kGradientShade);
+  const my::CColor bottom = Shade(color, -kGradientShade);
+  for (int y = 0; y < rows; ++y) {
+    const auto line = pixels.subspan(static_cast<size_t>(y) * row, row);
+    std::fill(line.begin(), line.end(), PixelOf(Between(top, bottom, y, rows)));
+  }
+}
+
+void FillPattern(std::span<CPixel> pixels, int width, BrushType type, my::CColor color, int dpi) {
+  const CPixel shades[] = {PixelOf(Shade(color, -kPatternShade)), PixelOf(Shade(color, kPatternShade))};
+  int x = 0;
+  int y = 0;
+  for (CPixel& pixel : pixels) {
+    pixel = shades[IsLight(type, x, y, dpi) ? 1 : 0];
+    if (++x < width) continue;
+    x = 0;
+    ++y;
+  }
+}
+
+// By how much an image is scaled.
+double FitScale(CExtent view, CExtent image, FitType fit) {
+  const double x = static_cast<double>(view.width) / image.width;
+  const double y = static_cast<double>(view.height) / image.height;
+  switch (fit) {
+    case FitType::WIDTH: return x;
+    case FitType::HEIGHT: return y;
+    case FitType::AUTO_FIT: return std::min(x, y);
+    case FitType::AUTO_FILL: return std::max(x, y);
+    case FitType::NONE: break;
+  }
+  return 1;
+}
+
+CExtent ScaledExtent(CExtent extent, double scale) {
+  return {std::max(1, static_cast<int>(std::lround(extent.width * scale))),
+          std::max(1, static_cast<int>(std::lround(extent.height * scale)))};
+}
+
+CRect InCorner(CExtent view, CExtent image, ImgOrigin origin) {
+  const bool right = origin == ImgOrigin::RB || origin == ImgOrigin::RT;
+  const bool bottom = origin == ImgOrigin::LB || origin == ImgOrigin::RB;
+  const int left = right ? view.width - image.width : 0;
+  const int top = bottom ? view.height - image.height : 0;
+  return {left, top, left + image.width, top + image.height};
+}
+
+}  // namespace
+
+CRect PlaceImage(CExtent view, CExtent image, FitType fit, ImgOrigin origin) {
+  return InCorner(view, ScaledExtent(image, FitScale(view, image, fit)), origin);
+}
+
+CPicturePart NeededPart(CExtent picture, CExtent screen, FitType fit, ImgOrigin origin) {
+  const CExtent shown{std::min(picture.width, screen.width), std::min(picture.height, screen.height)};
+  if (fit == FitType::NONE) return {InCorner(picture, shown, origin), shown};
+  const double pixels = static_cast<double>(picture.width) * picture.height;
+  const double most = 4.0 * screen.width * screen.height;  // long and thin ones would stay large
+  const double scale = std::min({1.0, FitScale(screen, picture, fit), std::sqrt(most / pixels)});
+  return {{0, 0, picture.width, picture.height}, ScaledExtent(picture, scale)};
+}
+
+void FillBrush(std::span<CPixel> pixels, int width, BrushType type, my::CColor color, int dpi) {
+  switch (type) {
+    case BrushType::DEFAULT: return FillGradient(pixels, width, color);
+    case BrushType::CHECK:
+    case BrushType::DIA:
+    case BrushType::STRIPE:
+    case BrushType::INTERLACE: return FillPattern(pixels, width, type, color, dpi);
+    default: std::fill(pixels.begin(), pixels.end(), PixelOf(color));
+  }
+}
+
+void FillTiles(std::span<CPixel> pixels, int width, std::span<const CPixel> tile, int tileWidth) {
+  const auto row = static_cast<size_t>(width);
+  const auto tileRow = static_cast<size_t>(tileWidth);
+  const size_t tileRows = tile.size() / tileRow;
+  for (size_t y = 0; y * row < pixels.size(); ++y) {
+    const auto from = tile.subspan(y % tileRows * tileRow, tileRow);
+    const auto to = pixels.subspan(y * row, row);
+    for (size_t x = 0; x < row; x += tileRow) Blend(to.subspan(x, std::min(tileRow, row - x)), from);
+  }
+}
+
+void Blend(std::span<CPixel> pixels, std::span<const CPixel> layer) {
+  for (size_t i = 0; i < pixels.size(); ++i) {
+    const CPixel over = layer[i];
+    const uint32_t alpha = over >> 24;
+    if (alpha == 0) continue;
+    const auto mix = [&](int shift) {
+      const uint32_t below = (pixels[i] >> shift & 0xFF) * (255 - alpha) / 255;
+      return std::min(255U, (over >> shift & 0xFF) + below) << shift;
+    };
+    pixels[i] = 0xFF000000U | mix(16) | mix(8) | mix(0);
+  }
+}
+
+double LimitPixels(std::span<CPixel> pixels, my::CColor text) {
+  const CContrastTable limit = CContrastTable::Limit(text);
+  const bool dark = NeedsDark(text);
+  double nearest = dark ? 0 : 1;
+  CPixel before = 0;
+  CPixel result = 0;  // neighbours are often alike
+  for (CPixel& pixel : pixels) {
+    if (pixel != before) {
+      before = pixel;
+      result = limit.Apply(pixel);
+      const double luminance = Luminance(ColorOf(result));
+      nearest = dark ? std::max(nearest, luminance) : std::min(nearest, luminance);
+    }
+    pixel = result;
+  }
+  return nearest;
+}
+
+}  // namespace qlm

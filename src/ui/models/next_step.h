@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdint>
+
+#include "document/document_edits.h"
+
+namespace qlm {
+
+class CDocument;
+
+// The text that tells the user what to do next: one of IDS_NEXT_*.
+uint32_t NextStep(const CDocument& document, const CRows& selectedTasks);
+
+}  // namespace qlm

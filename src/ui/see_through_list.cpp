@@ -1,0 +1,139 @@
+#include "ui/see_through_list.h"
+
+#include <commctrl.h>
+
+#include "ui/background.h"
+#include "ui/framework/check_images.h"
+#include "ui/framework/dpi.h"
+
+namespace qlm {
+namespace {
+
+constexpr int kCellMargin = 6;  // pixels at 96 DPI
+
+my::CColor SystemColor(int index) {
+  const COLORREF color = ::GetSysColor(index);
+  return {GetRValue(color), GetGValue(color), GetBValue(color)};
+}
+
+UINT Flags(my::ListAlign align) {
+  constexpr UINT kFlags = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS;
+  switch (align) {
+    case my::ListAlign::Right: return kFlags | DT_RIGHT;
+    case my::ListAlign::Centre: return kFlags | DT_CENTER;
+    case my::ListAlign::Left: break;
+  }
+  return kFlags | DT_LEFT;
+}
+
+}  // namespace
+
+void CSeeThroughList::UseBackground() {
+  m_flags.clear();
+  for (size_t i = 0; i < Model().ColumnCount(); ++i) m_flags.push_back(Flags(Model().Column(i).align));
+  const bool plain = m_background.IsPlain();
+  // Without a colour of its own the control does not move its pixels when it scrolls.
+  ListView_SetBkColor(Hwnd(), plain ? ::GetSysColor(COLOR_WINDOW) : CLR_NONE);
+  ListView_SetTextBkColor(Hwnd(), plain ? ::GetSysColor(COLOR_WINDOW) : CLR_NONE);
+  ListView_SetTextColor(Hwnd(), plain ? ::GetSysColor(COLOR_WINDOWTEXT) : m_background.TextColor());
+  ::InvalidateRect(Hwnd(), nullptr, TRUE);
+}
+
+std::optional<LRESULT> CSeeThroughList::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (m_background.IsPlain()) return CListView::OnMessage(message, wParam, lParam);
+  switch (message) {
+    case WM_ERASEBKGND: return TRUE;  // painting begins with the background
+    case WM_HSCROLL:
+    case WM_VSCROLL:
+    case WM_MOUSEWHEEL:
+    case WM_MOUSEHWHEEL: ::InvalidateRect(Hwnd(), nullptr, FALSE); break;
+    default: break;
+  }
+  return CListView::OnMessage(message, wParam, lParam);
+}
+
+LRESULT CSeeThroughList::OnCustomDraw(NMLVCUSTOMDRAW& draw) {
+  if (m_background.IsPlain()) return CListView::OnCustomDraw(draw);
+  const HDC dc = draw.nmcd.hdc;
+  if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) {
+    RECT area{};
+    ::GetClientRect(Hwnd(), &area);
+    m_background.Draw(dc, Hwnd(), area);
+    RedrawScrolled();
+  }
+  if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CListView::OnCustomDraw(draw);
+  if (draw.nmcd.dwItemSpec < Model().RowCount()) DrawRow(dc, draw.nmcd.dwItemSpec);
+  return CDRF_SKIPDEFAULT;
+}
+
+// Keys and the program scroll, too, and what was on the screen may have been moved with the rows.
+void CSeeThroughList::RedrawScrolled() {
+  const POINT scrolled{::GetScrollPos(Hwnd(), SB_HORZ), ::GetScrollPos(Hwnd(), SB_VERT)};
+  if (scrolled.x == m_scrolled.x && scrolled.y == m_scrolled.y) return;
+  m_scrolled = scrolled;
+  ::InvalidateRect(Hwnd(), nullptr, FALSE);
+}
+
+void CSeeThroughList::DrawRow(HDC dc, size_t row) const {
+  const int saved = ::SaveDC(dc);
+  const bool active = ::GetFocus() == Hwnd();
+  const UINT state = ListView_GetItemState(Hwnd(), static_cast<int>(row), LVIS_SELECTED | LVIS_FOCUSED);
+  const CRowColors colors = ColorsOf(row, (state & LVIS_SELECTED) != 0, active);
+  const RECT bounds = PartOf(row, LVIR_BOUNDS);
+  ::SetBkMode(dc, OPAQUE);
+  if (colors.back) {
+    ::SetBkColor(dc, *colors.back);
+    ::ExtTextOutW(dc, 0, 0, ETO_OPAQUE, &bounds, nullptr, 0, nullptr);
+    // Without the keyboard the fill may be near to the background's colour.
+    ::FrameRect(dc, &bounds, ::GetSysColorBrush(COLOR_HIGHLIGHT));
+  }
+  ::SetBkColor(dc, RGB(0, 0, 0));
+  ::SetTextColor(dc, RGB(255, 255, 255));
+  if (active && (state & LVIS_FOCUSED) != 0) ::DrawFocusRect(dc, &bounds);
+  ::SetBkMode(dc, TRANSPARENT);
+  ::SetTextColor(dc, colors.text);
+  ::SelectObject(dc, reinterpret_cast<HFONT>(::SendMessageW(Hwnd(), WM_GETFONT, 0, 0)));
+  DrawBox(dc, row);
+  for (size_t column = 0; column < Model().ColumnCount(); ++column) DrawCell(dc, row, column);
+  ::RestoreDC(dc, saved);
+}
+
+CSeeThroughList::CRowColors CSeeThroughList::ColorsOf(size_t row, bool selected, bool active) const {
+  if (selected && active) return {::GetSysColor(COLOR_HIGHLIGHT), ::GetSysColor(COLOR_HIGHLIGHTTEXT)};
+  if (selected) return {::GetSysColor(COLOR_BTNFACE), ::GetSysColor(COLOR_BTNTEXT)};
+  const my::CListLook look = Model().Look(row);
+  if (look.grey) return {{}, m_background.Readable(SystemColor(COLOR_GRAYTEXT))};
+  return {{}, look.color ? m_background.Readable(*look.color) : m_background.TextColor()};
+}
+
+void CSeeThroughList::DrawBox(HDC dc, size_t row) const {
+  const HIMAGELIST images = ListView_GetImageList(Hwnd(), LVSIL_STATE);
+  const UINT image = my::CheckImageIndex(Model().Check(row));
+  if (!images || image == 0) return;
+  int width = 0;
+  int height = 0;
+  ::ImageList_GetIconSize(images, &width, &height);
+  const RECT bounds = PartOf(row, LVIR_BOUNDS);
+  const int top = (bounds.top + bounds.bottom - height) / 2;
+  ::ImageList_Draw(images, static_cast<int>(image) - 1, dc, PartOf(row, LVIR_ICON).left - width, top,
+                   ILD_NORMAL);
+}
+
+void CSeeThroughList::DrawCell(HDC dc, size_t row, size_t column) const {
+  RECT cell = PartOf(row, LVIR_LABEL);
+  if (column > 0)
+    ListView_GetSubItemRect(Hwnd(), static_cast<int>(row), static_cast<int>(column), LVIR_LABEL, &cell);
+  const int margin = my::Scale(column > 0 ? kCellMargin : kCellMargin / 3, Dpi());
+  ::InflateRect(&cell, -margin, 0);
+  if (cell.right <= cell.left || !::RectVisible(dc, &cell)) return;
+  const std::wstring text = Model().Text(row, column);
+  ::DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &cell, m_flags[column]);
+}
+
+RECT CSeeThroughList::PartOf(size_t row, int part) const {
+  RECT rect{};
+  ListView_GetItemRect(Hwnd(), static_cast<int>(row), &rect, part);
+  return rect;
+}
+
+}  // namespace qlm

@@ -1,0 +1,78 @@
+#include "ui/art/character.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+using namespace qlm;
+using Gdiplus::Bitmap;
+
+constexpr int kAll = static_cast<int>(BkImgType::GETTODAZE) - static_cast<int>(BkImgType::OK) + 1;
+
+BkImgType Nth(int index) {
+  return static_cast<BkImgType>(static_cast<int>(BkImgType::OK) + index);
+}
+
+// How many pixels inside and outside the square of the given side in the middle are not transparent.
+struct CCover {
+  int inside = 0;
+  int outside = 0;
+  int smooth = 0;  // pixels on an edge
+};
+
+CCover CoverOf(BkImgType type, int side) {
+  const int margin = 8;
+  const int size = side + 2 * margin;
+  Bitmap bitmap(size, size, PixelFormat32bppARGB);
+  Gdiplus::Graphics graphics(&bitmap);
+  const auto place = static_cast<float>(margin);
+  DrawCharacter(graphics, type, {place, place, static_cast<float>(side), static_cast<float>(side)});
+  Gdiplus::BitmapData data;
+  const Gdiplus::Rect all(0, 0, size, size);
+  bitmap.LockBits(&all, Gdiplus::ImageLockModeRead, PixelFormat32bppARGB, &data);
+  CCover cover;
+  for (int y = 0; y < size; ++y) {
+    const auto* row =
+        reinterpret_cast<const uint32_t*>(static_cast<const BYTE*>(data.Scan0) + y * data.Stride);
+    for (int x = 0; x < size; ++x) {
+      if (row[x] >> 24 == 0) continue;
+      if (row[x] >> 24 != 0xFF) ++cover.smooth;
+      const bool in = std::min(x, y) >= margin && std::max(x, y) < size - margin;
+      ++(in ? cover.inside : cover.outside);
+    }
+  }
+  bitmap.UnlockBits(&data);
+  return cover;
+}
+
+TEST(Character, stays_in_its_place_at_any_size) {
+  const my::CGdiplus gdiplus;
+  for (int i = 0; i < kAll; ++i) {
+    for (const int side : {50, 200, 800}) {
+      const CCover cover = CoverOf(Nth(i), side);
+      EXPECT_GT(cover.inside, side * side / 5) << i << " at " << side;
+      EXPECT_EQ(cover.outside, 0) << i << " at " << side;
+      EXPECT_GT(cover.smooth, side) << i << " at " << side;
+    }
+  }
+  EXPECT_EQ(CoverOf(BkImgType::NONE, 50).inside, 0);
+}
+
+// Draws all into the picture that QLM_CHARACTER_SHEET names, to be looked at.
+TEST(Character, sheet) {
+  const wchar_t* file = ::_wgetenv(L"QLM_CHARACTER_SHEET");
+  if (!file) GTEST_SKIP();
+  const my::CGdiplus gdiplus;
+  Bitmap bitmap(6 * 200, 4 * 200, PixelFormat32bppARGB);
+  Gdiplus::Graphics graphics(&bitmap);
+  graphics.Clear(Gdiplus::Color::White);
+  for (int i = 0; i < kAll; ++i)
+    DrawCharacter(graphics, Nth(i), {200.0F * (i % 6), 200.0F * (i / 6), 200, 200});
+  const CLSID png{0x557cf406, 0x1a04, 0x11d3, {0x9a, 0x73, 0, 0, 0xf8, 0x1e, 0xf3, 0x2e}};
+  EXPECT_EQ(bitmap.Save(file, &png, nullptr), Gdiplus::Ok);
+}
+
+}  // namespace

@@ -1,0 +1,266 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+
+#include "gui/gui_app.h"
+#include "ui/framework/pixel_bitmap.h"
+#include "ui/models/background_model.h"
+
+namespace {
+
+using namespace qlm;
+using test::CGuiApp;
+
+using CPixels = std::vector<uint32_t>;
+
+CPixels PixelsOf(HWND window) {
+  ::UpdateWindow(window);
+  test::Pump();
+  const my::CPixelBitmap copy(test::Size(window));
+  const HDC dc = ::GetDCEx(window, nullptr, DCX_CACHE);  // with its children
+  ::BitBlt(copy.Dc(), 0, 0, copy.Size().cx, copy.Size().cy, dc, 0, 0, SRCCOPY);
+  ::ReleaseDC(window, dc);
+  ::GdiFlush();
+  return {copy.Pixels().begin(), copy.Pixels().end()};
+}
+
+// A main view in a frame of its own.
+struct Design : testing::Test {
+  ~Design() override { ::DestroyWindow(frame); }
+
+  HWND ViewOfApp() const { return ::GetDlgItem(a.frame->Hwnd(), IDC_SPLITTER); }
+
+  static void Choose(HWND page, int combo, int value) {
+    ::SendDlgItemMessageW(page, combo, CB_SETCURSEL, static_cast<WPARAM>(value), 0);
+    ::SendMessageW(page, WM_COMMAND, MAKEWPARAM(combo, CBN_SELCHANGE), 0);
+  }
+
+  // In the design page of the settings; the sheet has to be closed.
+  void InPage(const std::function<void(HWND sheet, HWND page)>& user) {
+    a.DoWithDialog(ID_DESIGN, [&](HWND sheet) { user(sheet, test::ChildWith(sheet, IDC_BRUSH_TYPE)); });
+  }
+
+  // Writes a picture, and in the name's other form, L"bad...", one whose end is missing.
+  void WritePictures(const std::wstring& name, const wchar_t* encoderType) {
+    UINT count = 0;
+    UINT bytes = 0;
+    Gdiplus::GetImageEncodersSize(&count, &bytes);
+    std::vector<char> memory(bytes);
+    auto* encoders = reinterpret_cast<Gdiplus::ImageCodecInfo*>(memory.data());
+    Gdiplus::GetImageEncoders(count, bytes, encoders);
+    Gdiplus::Bitmap bitmap(64, 48, PixelFormat24bppRGB);
+    for (INT i = 0; i < 64 * 48; ++i)
+      bitmap.SetPixel(i % 64, i / 64, Gdiplus::Color(static_cast<BYTE>(i * 7), static_cast<BYTE>(i), 99));
+    for (UINT i = 0; i < count; ++i)
+      if (std::wstring(encoders[i].MimeType) == encoderType)
+        bitmap.Save(a.scratch.At(name).c_str(), &encoders[i].Clsid, nullptr);
+    const std::string whole = a.scratch.files.ReadFile(a.scratch.At(name), 1 << 20);
+    ASSERT_GT(whole.size(), 100u);
+    a.scratch.Write(L"bad" + name, whole.substr(0, 24) + "broken");
+  }
+
+  void Show(const CDesignSetting& design) {
+    view.ShowDesign(design);
+    ::UpdateWindow(frame);
+  }
+
+  const my::CGdiplus gdiplus;
+  CGuiApp a;
+  CMainView view{a.app->Document(), a.app->Settings().ui, a.texts};
+  HWND frame = ::CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 1000, 700,
+                                 nullptr, nullptr, nullptr, nullptr);
+};
+
+TEST_F(Design, choices_show_at_once_and_survive_a_restart) {
+  CPixels before = PixelsOf(ViewOfApp());
+  const auto expectChange = [&](const char* what) {
+    CPixels now = PixelsOf(ViewOfApp());
+    EXPECT_NE(now, before) << what;
+    before = std::move(now);
+  };
+  InPage([&](HWND sheet, HWND page) {
+    for (int type = 1; type <= static_cast<int>(BrushType::INTERLACE); ++type) {
+      if (type == static_cast<int>(BrushType::CUSTOM_BK)) continue;  // has no picture
+      Choose(page, IDC_BRUSH_TYPE, type);
+      expectChange("brush");
+    }
+    Choose(page, IDC_IMAGE_TYPE, static_cast<int>(BkImgType::ZUKO));
+    expectChange("image");
+    Choose(page, IDC_IMAGE_ORIGIN, static_cast<int>(ImgOrigin::RT));
+    expectChange("corner");
+    Choose(page, IDC_IMAGE_FIT, static_cast<int>(FitType::HEIGHT));
+    expectChange("fit");
+    ::SendDlgItemMessageW(page, IDC_SHOW_DESCRIPTION, BM_CLICK, 0, 0);
+    expectChange("description");
+    ::SendMessageW(sheet, WM_COMMAND, IDOK, 0);
+  });
+  CDesignSetting& design = a.app->Settings().design;
+  design.textColor = {0, 0, 0};
+  design.bkBrushColor = {0x20, 0x80, 0x40};
+  a.Quit();
+  a.Start();
+  expectChange("colours");
+  const CDesignSetting& now = a.app->Settings().design;
+  EXPECT_EQ(now.bkBrushType, BrushType::INTERLACE);
+  EXPECT_EQ(now.bkImgType, BkImgType::ZUKO);
+  EXPECT_EQ(now.bkImgFitType, FitType::HEIGHT);
+  EXPECT_EQ(now.bkImgOrigin, ImgOrigin::RT);
+  EXPECT_FALSE(now.showDesc);
+}
+
+TEST_F(Design, cancelling_brings_back_what_was) {
+  const CPixels before = PixelsOf(ViewOfApp());
+  InPage([&](HWND sheet, HWND page) {
+    Choose(page, IDC_BRUSH_TYPE, static_cast<int>(BrushType::DIA));
+    Choose(page, IDC_IMAGE_TYPE, static_cast<int>(BkImgType::NONE));
+    EXPECT_FALSE(::IsWindowEnabled(::GetDlgItem(page, IDC_IMAGE_FIT)));
+    EXPECT_NE(PixelsOf(ViewOfApp()), before);
+    ::SendMessageW(sheet, WM_COMMAND, IDCANCEL, 0);
+  });
+  EXPECT_EQ(PixelsOf(ViewOfApp()), before);
+  EXPECT_EQ(a.app->Settings().design.bkBrushType, BrushType::DEFAULT);
+}
+
+TEST_F(Design, damaged_pictures_are_refused_and_the_old_one_stays) {
+  const std::pair<const wchar_t*, const wchar_t*> kFiles[] = {{L"a.png", L"image/png"},
+                                                              {L"b.jpg", L"image/jpeg"},
+                                                              {L"c.bmp", L"image/bmp"},
+                                                              {L"d.gif", L"image/gif"}};
+  for (const auto& [name, type] : kFiles) WritePictures(name, type);
+  InPage([&](HWND sheet, HWND page) {
+    Choose(page, IDC_IMAGE_TYPE, static_cast<int>(BkImgType::CUSTOM));
+    const auto use = [&](const std::wstring& file) {
+      ::SetDlgItemTextW(page, IDC_IMAGE_PATH, a.scratch.At(file).c_str());
+      ::SendMessageW(page, WM_COMMAND, MAKEWPARAM(IDC_IMAGE_PATH, EN_KILLFOCUS), 0);
+      return PixelsOf(ViewOfApp());
+    };
+    const CPixels none = PixelsOf(ViewOfApp());
+    for (const auto& [name, type] : kFiles) {
+      const CPixels good = use(name);
+      EXPECT_NE(good, none) << name;
+      EXPECT_EQ(use(L"bad" + std::wstring(name)), good) << name;
+      a.box.texts.clear();
+      ::SendMessageW(sheet, WM_COMMAND, IDOK, 0);
+      ASSERT_EQ(a.box.texts.size(), 1u) << name;
+      EXPECT_NE(a.box.texts[0].find(L"bad" + std::wstring(name)), std::wstring::npos);
+      EXPECT_EQ(::GetDlgCtrlID(::GetFocus()), IDC_IMAGE_PATH);
+    }
+    ::SendMessageW(sheet, WM_COMMAND, IDCANCEL, 0);
+  });
+}
+
+TEST_F(Design, text_is_read_on_every_brush_and_every_character) {
+  view.CreateIn(frame);
+  ::MoveWindow(view.Hwnd(), 0, 0, 400, 300, FALSE);
+  CBackground background;
+  background.SetView(view.Hwnd());
+  CDesignSetting design;
+  my::CPixelBitmap copy({400, 300});
+  for (int i = 0; i < 8 * 27; ++i) {
+    design.bkBrushType = static_cast<BrushType>(i % 8);
+    design.bkImgType = static_cast<BkImgType>(i / 8);
+    background.SetDesign(design);
+    background.Draw(copy.Dc(), view.Hwnd(), {0, 0, 400, 300});
+    ::GdiFlush();
+    const COLORREF text = background.TextColor();
+    const COLORREF state = background.Readable(a.app->Settings().ui.stateColors[2]);
+    const my::CColor colors[] = {{GetRValue(text), GetGValue(text), GetBValue(text)},
+                                 {GetRValue(state), GetGValue(state), GetBValue(state)}};
+    for (const my::CColor color : colors) {
+      double least = 21;
+      for (const CPixel pixel : copy.Pixels()) least = std::min(least, Contrast(ColorOf(pixel), color));
+      EXPECT_GE(least, kReadable) << "brush " << i % 8 << ", image " << i / 8;
+    }
+  }
+}
+
+TEST_F(Design, background_stands_still_while_rows_and_panes_move) {
+  for (int i = 0; i < 60; ++i) a.AddTask(std::to_wstring(i), L"");
+  view.CreateIn(frame);
+  ::MoveWindow(view.Hwnd(), 0, 0, 900, 600, FALSE);
+  view.OnDocumentChanged(false);
+  CDesignSetting design;
+  design.bkBrushType = BrushType::CHECK;
+  Show(design);
+  const HWND list = view.Tasks().List().Hwnd();
+  // Right of the columns' texts.
+  const auto strip = [&] {
+    ::UpdateWindow(frame);
+    test::Pump();
+    const CPixels all = PixelsOf(list);
+    const auto width = static_cast<size_t>(test::Size(list).cx);
+    CPixels part;
+    for (size_t row = 40; row < 200; ++row)
+      part.insert(part.end(), all.begin() + static_cast<ptrdiff_t>(row * width + 600),
+                  all.begin() + static_cast<ptrdiff_t>(row * width + 700));
+    return part;
+  };
+  const CPixels before = strip();
+  ::SendMessageW(list, WM_VSCROLL, SB_LINEDOWN, 0);
+  EXPECT_EQ(strip(), before);
+  view.Tasks().List().EnsureVisible(50);
+  EXPECT_EQ(strip(), before);
+  view.Tasks().List().Select({48, 50});
+  EXPECT_NE(strip(), before) << "the selection is seen";
+  view.Tasks().List().Select({});
+  EXPECT_EQ(strip(), before);
+}
+
+TEST_F(Design, repainting_and_changing_leave_nothing_behind) {
+  view.CreateIn(frame);
+  ::MoveWindow(view.Hwnd(), 0, 0, 500, 400, FALSE);
+  const auto use = [&](int i) {
+    CDesignSetting design;
+    design.bkBrushType = static_cast<BrushType>(i % 8);
+    design.bkImgType = static_cast<BkImgType>(i % 27);
+    Show(design);
+  };
+  const auto repaint = [&] {
+    ::RedrawWindow(view.Hwnd(), nullptr, nullptr,
+                   RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+  };
+  for (int i = 0; i < 30; ++i) use(i);
+  repaint();
+  const DWORD gdi = test::GdiObjects();
+  for (int i = 0; i < 200; ++i) use(i);
+  for (int i = 0; i < 1000; ++i) repaint();
+  use(29);
+  EXPECT_EQ(test::GdiObjects(), gdi);
+}
+
+TEST_F(Design, a_large_view_is_repainted_within_a_frame) {
+  a.app->Document().Edit(DocChangeEventFlags::CHNAGE_TASKS, [&](CContent& content) {
+    for (int i = 0; i < 1000; ++i) {
+      const std::wstring id = std::to_wstring(i);
+      content.tasks.Insert(-1, boost::make_shared<CTask>(CTask{id, L"C:\\folder\\" + id, L"", {}}));
+    }
+    return true;
+  });
+  ::MoveWindow(frame, 0, 0, 1920, 1080, FALSE);
+  view.CreateIn(frame);
+  ::MoveWindow(view.Hwnd(), 0, 0, 1920, 1080, FALSE);
+  view.OnDocumentChanged(true);
+  const auto measure = [&](BrushType brush, BkImgType image) {
+    CDesignSetting design;
+    design.bkBrushType = brush;
+    design.bkImgType = image;
+    Show(design);
+    double best = 1e9;
+    for (int i = 0; i < 30; ++i) {
+      const auto start = std::chrono::steady_clock::now();
+      ::RedrawWindow(view.Hwnd(), nullptr, nullptr,
+                     RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+      const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - start;
+      best = std::min(best, took.count());
+    }
+    return best;
+  };
+  const double plain = measure(BrushType::OS_DEFAULT, BkImgType::NONE);
+  const double drawn = measure(BrushType::CHECK, BkImgType::OK);
+  std::printf("repaint: %.1f ms, plain %.1f ms, ratio %.2f\n", drawn, plain, drawn / plain);
+  EXPECT_LT(drawn, 16);
+}
+
+}  // namespace
