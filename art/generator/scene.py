@@ -87,6 +87,9 @@ def parse_path(text):
         if verb == "Q":
             start, (control, end) = points[-1], new
             new = [tuple(p + (q - p) * 2 / 3 for p, q in zip(side, control)) for side in (start, end)] + [end]
+        if verb == "C" and is_s_shaped(points[-1], *new):
+            verbs += "C"
+            new = halves(points[-1], *new)
         verbs += "C" if verb == "Q" else verb
         points += new
         if verb == "M":
@@ -94,11 +97,26 @@ def parse_path(text):
     return verbs, points
 
 
+# A curve that crosses the line between its ends in the middle: there it must be cut, or what flattens curves
+# by their middle takes it for straight.
+def is_s_shaped(start, first, second, end):
+    side = lambda p: (end[0] - start[0]) * (p[1] - start[1]) - (end[1] - start[1]) * (p[0] - start[0])
+    return side(first) * side(second) < 0
+
+
+def halves(start, first, second, end):
+    middle = lambda p, q: ((p[0] + q[0]) / 2, (p[1] + q[1]) / 2)
+    a, b, c = middle(start, first), middle(first, second), middle(second, end)
+    d, e = middle(a, b), middle(b, c)
+    return [a, d, middle(d, e), e, c, end]
+
+
+# Left open: the round ends of its line meet, and a fill closes it.
 def ellipse_path(cx, cy, rx, ry):
     x, y = rx * CIRCLE, ry * CIRCLE
     ring = [(rx, 0), (rx, y), (x, ry), (0, ry), (-x, ry), (-rx, y), (-rx, 0), (-rx, -y), (-x, -ry), (0, -ry),
             (x, -ry), (rx, -y), (rx, 0)]
-    return "MCCCCZ", [(cx + px, cy + py) for px, py in ring]
+    return "MCCCC", [(cx + px, cy + py) for px, py in ring]
 
 
 def outline(node):
