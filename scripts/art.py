@@ -12,7 +12,7 @@ from pathlib import Path
 TOP = Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(TOP / "art"))
 
-from generator import characters, scene  # noqa: E402
+from generator import characters, icons, images, scene  # noqa: E402
 
 # In the order of BkImgType.
 CHARACTERS = ("OK LOVELOVE NO HATENA MASSAKASAMA ASE GAKKURI PEROON DARUDARU CHOUDAI DOGEZA MANEKI ONEGAI BUTSUYO "
@@ -33,7 +33,14 @@ def read_characters():
 def generated_files():
     """File name and content of all that is checked in."""
     drawings, parts = read_characters()
-    return {"src/ui/art/character_data.cpp": characters.make_data(drawings, parts).encode()}
+    folder = TOP / "art/icons"
+    files = {"src/ui/art/character_data.cpp": characters.make_data(drawings, parts).encode(),
+             "src/ui/art/tool_icons.h": icons.make_header().encode()}
+    for name in ("quillmoor", "document"):
+        files[f"res/icons/{name}.ico"] = icons.make_icon(folder, name, parts)
+    for size, rows in icons.make_strips(folder).items():
+        files[f"res/icons/tools_{size}.png"] = images.encode_png(rows)
+    return files
 
 
 def contact_sheet(pictures, cell):

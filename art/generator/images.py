@@ -1,0 +1,85 @@
+"""Pictures: PNG in and out, and icon files."""
+
+import struct
+import subprocess
+import zlib
+
+SIGNATURE = b"\x89PNG\r\n\x1a\n"
+
+
+def render(svg, width, height):
+    """Draws an SVG text; the result is rows of RGBA bytes."""
+    png = subprocess.run(["rsvg-convert", "-w", str(width), "-h", str(height)], input=svg.encode(),
+                         capture_output=True, check=True).stdout
+    return decode_png(png)
+
+
+def decode_png(png):
+    """Only what the renderer writes: 8 bits, RGBA, not interlaced."""
+    at, data, header = len(SIGNATURE), b"", None
+    while at < len(png):
+        length, kind = struct.unpack_from(">I4s", png, at)
+        body = png[at + 8:at + 8 + length]
+        if kind == b"IHDR":
+            header = struct.unpack(">IIBBBBB", body)
+        if kind == b"IDAT":
+            data += body
+        at += length + 12
+    width, height = header[:2]
+    if header[2:] != (8, 6, 0, 0, 0):
+        raise ValueError("a picture of another kind")
+    return unfilter(zlib.decompress(data), width * 4, height)
+
+
+def unfilter(data, length, height):
+    rows, above = [], bytes(length)
+    for y in range(height):
+        start = y * (length + 1)
+        row = bytearray(data[start + 1:start + 1 + length])
+        for x in range(length):
+            left, corner = (row[x - 4], above[x - 4]) if x >= 4 else (0, 0)
+            row[x] = (row[x] + predict(data[start], left, above[x], corner)) & 255
+        rows.append(bytes(row))
+        above = row
+    return rows
+
+
+def predict(kind, left, above, corner):
+    if kind == 4:
+        guess = left + above - corner
+        return min((left, above, corner), key=lambda value: abs(guess - value))
+    return (0, left, above, (left + above) // 2)[kind]
+
+
+def encode_png(rows):
+    width = len(rows[0]) // 4
+    chunk = lambda kind, body: (struct.pack(">I", len(body)) + kind + body +
+                                struct.pack(">I", zlib.crc32(kind + body)))
+    data = b"".join(b"\0" + row for row in rows)
+    return (SIGNATURE + chunk(b"IHDR", struct.pack(">IIBBBBB", width, len(rows), 8, 6, 0, 0, 0)) +
+            chunk(b"IDAT", zlib.compress(data, 9)) + chunk(b"IEND", b""))
+
+
+def encode_bitmap(rows):
+    """As it stands in an icon: bottom up, BGRA, and a mask that hides nothing."""
+    size = len(rows)
+    pixels = b"".join(bytes(row[x + i] for x in range(0, len(row), 4) for i in (2, 1, 0, 3)) for row in rows[::-1])
+    mask = bytes((size + 31) // 32 * 4 * size)
+    return struct.pack("<IiiHHIIiiII", 40, size, 2 * size, 1, 32, 0, len(pixels) + len(mask), 0, 0, 0, 0) + pixels + mask
+
+
+def encode_icon(pictures):
+    """An icon file of square pictures; the largest is compressed."""
+    bodies = [encode_png(rows) if len(rows) == 256 else encode_bitmap(rows) for rows in pictures]
+    at = 6 + 16 * len(bodies)
+    entries = b""
+    for rows, body in zip(pictures, bodies):
+        size = len(rows) % 256  # 0 stands for 256
+        entries += struct.pack("<BBBBHHII", size, size, 0, 0, 1, 32, len(body), at)
+        at += len(body)
+    return struct.pack("<HHH", 0, 1, len(bodies)) + entries + b"".join(bodies)
+
+
+def beside(pictures):
+    """One row of pictures of the same height."""
+    return [b"".join(rows) for rows in zip(*pictures)]
