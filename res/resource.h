@@ -11,6 +11,14 @@
 
 // --- dialogs and controls; ids of both count apart from those of texts ---
 
+// Icons: 1-9. The system shows a program with the icon of the lowest id.
+#define IDI_QUILLMOOR                1
+#define IDI_DOCUMENT                 2
+#define IDR_TOOLS_16                 3
+#define IDR_TOOLS_24                 4
+#define IDR_TOOLS_32                 5
+#define IDR_TOOLS_48                 6
+
 // Controls of the system's dialogs.
 #define IDC_STATIC_TEXT              (-1)
 

@@ -5,6 +5,10 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "gui/gui.h"
+#include "ui/art/tool_icons.h"
+#include "ui/framework/gdi.h"
+
 namespace {
 
 using namespace qlm;
@@ -59,6 +63,36 @@ TEST(Character, stays_in_its_place_at_any_size) {
     }
   }
   EXPECT_EQ(CoverOf(BkImgType::NONE, 50).inside, 0);
+}
+
+TEST(Character, leaves_nothing_behind) {
+  const my::CGdiplus gdiplus;
+  Bitmap bitmap(16, 16, PixelFormat32bppARGB);
+  Gdiplus::Graphics graphics(&bitmap);
+  const auto draw = [&](int i) {
+    DrawCharacter(graphics, PickCharacter(static_cast<uint32_t>(i)), {0, 0, 16, 16});
+  };
+  for (int i = 0; i < kAll; ++i) draw(i);
+  const DWORD gdi = test::GdiObjects();
+  for (int i = 0; i < 1000; ++i) draw(i);
+  EXPECT_EQ(test::GdiObjects(), gdi);
+}
+
+// A strip is a PNG file, with its width and height in the first chunk.
+TEST(Icons, are_in_the_program) {
+  for (const int icon : {IDI_QUILLMOOR, IDI_DOCUMENT}) {
+    const my::CIcon loaded(static_cast<HICON>(
+        ::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(icon), IMAGE_ICON, 256, 256, 0)));
+    EXPECT_NE(loaded.Get(), nullptr) << icon;
+  }
+  const int strips[][2] = {{IDR_TOOLS_16, 16}, {IDR_TOOLS_24, 24}, {IDR_TOOLS_32, 32}, {IDR_TOOLS_48, 48}};
+  for (const auto& [id, size] : strips) {
+    const HRSRC found = ::FindResourceW(nullptr, MAKEINTRESOURCEW(id), MAKEINTRESOURCEW(10));  // RT_RCDATA
+    ASSERT_NE(found, nullptr);
+    const auto* bytes = static_cast<const BYTE*>(::LockResource(::LoadResource(nullptr, found)));
+    EXPECT_EQ(bytes[18] << 8 | bytes[19], size * kToolIconCount);
+    EXPECT_EQ(bytes[23], size);
+  }
 }
 
 // Draws all into the picture that QLM_CHARACTER_SHEET names, to be looked at.

@@ -10,9 +10,9 @@ namespace qlm {
 
 constexpr float kCharacterRatio = 1;  // width to height
 
-// Draws the character in the middle of `where` (pixels), as large as it fits in; what it does not cover stays.
-// The types before OK have no drawing. GDI+ must have been started. Takes some milliseconds: keep the picture
-// of one that is shown often.
+// Draws the character in the middle of `where` (pixels), as large as it fits in; what it does not cover
+// stays. The types before OK have no drawing. GDI+ must have been started. Takes some milliseconds: keep the
+// picture of one that is shown often.
 void DrawCharacter(Gdiplus::Graphics& graphics, BkImgType type, const Gdiplus::RectF& where);
 
 // One of the characters; each for the same share of the numbers.
