@@ -12,6 +12,7 @@ import sys
 from pathlib import Path
 
 TOP = Path(__file__).resolve().parent.parent
+sys.dont_write_bytecode = True
 sys.path.insert(0, str(TOP / "art"))
 
 from generator import characters, icons, images, scene  # noqa: E402
