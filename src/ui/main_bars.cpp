@@ -38,13 +38,12 @@ void CToolBar::CreateIn(HWND parent) {
   m_bar = ::CreateWindowExW(0, TOOLBARCLASSNAMEW, nullptr, kStyle, 0, 0, 0, 0, parent,
                             reinterpret_cast<HMENU>(INT_PTR{IDC_TOOLBAR}), nullptr, nullptr);
   ::SendMessageW(m_bar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
-  ::SendMessageW(m_bar, TB_SETBITMAPSIZE, 0, 0);
   for (const auto& tool : kTools) {
     const std::wstring text = tool.textId ? m_texts.Text(tool.textId) : std::wstring();
     TBBUTTON button{};
     button.idCommand = tool.id;
     button.fsState = TBSTATE_ENABLED;
-    button.iBitmap = I_IMAGENONE;
+    button.iBitmap = static_cast<int>(ToolIconOf(tool.id));
     button.fsStyle = tool.id ? BTNS_BUTTON | BTNS_AUTOSIZE | BTNS_SHOWTEXT : BTNS_SEP;
     button.iString = tool.id ? reinterpret_cast<INT_PTR>(text.c_str()) : 0;
     ::SendMessageW(m_bar, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&button));
@@ -59,12 +58,13 @@ void CToolBar::Enable(int id, bool enable) const {
   ::SendMessageW(m_bar, TB_ENABLEBUTTON, static_cast<WPARAM>(id), MAKELPARAM(enable, 0));
 }
 
-void CToolBar::SetText(int id, uint32_t textId) const {
+void CToolBar::Change(int id, uint32_t textId, ToolIcon icon) const {
   std::wstring text = m_texts.Text(textId);
   TBBUTTONINFOW info{};
   info.cbSize = sizeof info;
-  info.dwMask = TBIF_TEXT;
+  info.dwMask = TBIF_TEXT | TBIF_IMAGE;
   info.pszText = text.data();
+  info.iImage = static_cast<int>(icon);
   ::SendMessageW(m_bar, TB_SETBUTTONINFOW, static_cast<WPARAM>(id), reinterpret_cast<LPARAM>(&info));
 }
 
@@ -76,8 +76,11 @@ std::vector<int> CToolBar::Ids() const {
   return ids;
 }
 
-void CToolBar::UseFont(HFONT font) const {
+void CToolBar::Use(HFONT font, const CToolImages& images) const {
+  ::SendMessageW(m_bar, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images.List()));
   ::SendMessageW(m_bar, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+  const int height = images.Size() * 3 / 2;
+  ::SendMessageW(m_bar, TB_SETBUTTONSIZE, 0, MAKELPARAM(height, height));
   Resize();
 }
 

@@ -7,6 +7,7 @@
 
 #include "engine/backup_thread.h"
 #include "ui/framework/gdi.h"
+#include "ui/tool_images.h"
 
 namespace my {
 class IMessageTexts;
@@ -14,7 +15,7 @@ class IMessageTexts;
 
 namespace qlm {
 
-// Buttons with their texts; their commands go to the parent.
+// Buttons with their pictures and texts; their commands go to the parent.
 class CToolBar {
  public:
   explicit CToolBar(const my::IMessageTexts& texts) : m_texts(texts) {}
@@ -24,9 +25,10 @@ class CToolBar {
   int Height() const;
 
   void Enable(int id, bool enable) const;
-  void SetText(int id, uint32_t textId) const;
+  void Change(int id, uint32_t textId, ToolIcon icon) const;
   std::vector<int> Ids() const;
-  void UseFont(HFONT font) const;
+  // Both outlive the bar, or its next use of others.
+  void Use(HFONT font, const CToolImages& images) const;
   void Resize() const { ::SendMessageW(m_bar, TB_AUTOSIZE, 0, 0); }
 
  private:

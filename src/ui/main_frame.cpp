@@ -143,7 +143,7 @@ void CMainFrame::ListenToList(ListKind kind) {
   events.activate = [this, tasks](size_t) { OnCommand(tasks ? ID_TASK_EDIT : ID_DST_EDIT); };
   events.selectionChanged = [this, kind] { OnSelectionChanged(kind); };
   events.contextMenu = [this, tasks](POINT screen) {
-    TrackMenu(Hwnd(), tasks ? IDR_TASK_MENU : IDR_DST_MENU, screen, [this](int id) { return IsEnabled(id); });
+    TrackMenu(Hwnd(), tasks ? IDR_TASK_MENU : IDR_DST_MENU, screen);
   };
   events.canDrag = [this] { return !m_app->Replace().IsOpen(); };
   events.drop = [this, kind](size_t before) { m_parts->edits.MoveBefore(kind, before); };
@@ -243,6 +243,7 @@ void CMainFrame::OnMenu(HMENU menu) const {
   SetItemText(menu, ID_RUN, TextsOf(*m_app).Text(m_app->Run().IsActive() ? IDS_MENU_STOP : IDS_MENU_RUN));
   ::CheckMenuItem(menu, ID_FULL_SCREEN, MF_BYCOMMAND | (m_fullScreen ? MF_CHECKED : MF_UNCHECKED));
   EnableItems(menu, [this](int id) { return IsEnabled(id); });
+  ShowPictures(menu, m_images);
 }
 
 void CMainFrame::OnDrop(HDROP drop) {
@@ -348,7 +349,8 @@ void CMainFrame::ShowRunStatus() {
 
 void CMainFrame::ShowRunState() {
   const bool active = m_app->Run().IsActive();
-  m_parts->toolBar.SetText(ID_RUN, active ? IDS_TOOL_STOP : IDS_TOOL_RUN);
+  m_parts->toolBar.Change(ID_RUN, active ? IDS_TOOL_STOP : IDS_TOOL_RUN,
+                          active ? ToolIcon::Stop : ToolIcon::Run);
   if (active && !m_runShown) m_parts->indicator.Begin(Hwnd(), TextsOf(*m_app).Text(IDS_SHUTDOWN_REASON));
   if (!active && m_runShown) {
     m_parts->indicator.End(Hwnd(), m_app->Run().HasErrors());
@@ -375,11 +377,29 @@ bool CMainFrame::MayEndSession() const {
 void CMainFrame::UseDpi(UINT dpi) {
   m_dpi = dpi;
   my::CFont font = my::MessageFont(dpi);
-  m_parts->toolBar.UseFont(font.Get());
+  CToolImages images(dpi);
+  m_parts->toolBar.Use(font.Get(), images);
   m_parts->statusBar.UseFont(font.Get());
-  m_font = std::move(font);  // the old one is in use until here
+  m_font = std::move(font);  // the old ones are in use until here
+  m_images = std::move(images);
+  ShowIcons();
   my::BroadcastDpi(Hwnd(), dpi);
   Arrange();
+}
+
+void CMainFrame::ShowIcons() {
+  const auto load = [this](int metric) {
+    const int size = my::SystemMetric(metric, m_dpi);
+    return my::CIcon(
+        static_cast<HICON>(::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_QUILLMOOR),
+                                        IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+  };
+  my::CIcon small = load(SM_CXSMICON);
+  my::CIcon large = load(SM_CXICON);
+  ::SendMessageW(Hwnd(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small.Get()));
+  ::SendMessageW(Hwnd(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(large.Get()));
+  m_smallIcon = std::move(small);  // the old ones are in use until here
+  m_largeIcon = std::move(large);
 }
 
 void CMainFrame::Arrange() {

@@ -16,6 +16,7 @@
 #include "ui/models/edit_actions.h"
 #include "ui/models/result_list_model.h"
 #include "ui/run_indicator.h"
+#include "ui/tool_images.h"
 
 namespace qlm {
 
@@ -95,6 +96,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void ShowTargets();
   void UpdateCommands() const;
   void UseDpi(UINT dpi);
+  void ShowIcons();
   void Arrange();
   void ToggleFullScreen();
   ListKind CurrentList() const;
@@ -109,6 +111,9 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   my::CAccelerators m_keys;
   my::CTranslation m_translation;
   my::CFont m_font;
+  CToolImages m_images;
+  my::CIcon m_smallIcon;
+  my::CIcon m_largeIcon;
   UINT m_dpi = 0;
   bool m_testRun = false;   // the run is one that only lists
   bool m_runShown = false;  // the system has been told of the run

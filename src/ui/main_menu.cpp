@@ -78,10 +78,19 @@ void SetItemText(HMENU menu, int id, const std::wstring& text) {
   ::SetMenuItemInfoW(menu, static_cast<UINT>(id), FALSE, &item);
 }
 
-void TrackMenu(HWND window, int menuId, POINT screen, const std::function<bool(int id)>& isEnabled) {
+void ShowPictures(HMENU menu, const CToolImages& images) {
+  for (int i = 0; i < ::GetMenuItemCount(menu); ++i) {
+    MENUITEMINFOW item{};
+    item.cbSize = sizeof item;
+    item.fMask = MIIM_BITMAP;
+    item.hbmpItem = images.Bitmap(static_cast<int>(::GetMenuItemID(menu, i)));
+    if (item.hbmpItem) ::SetMenuItemInfoW(menu, static_cast<UINT>(i), TRUE, &item);
+  }
+}
+
+void TrackMenu(HWND window, int menuId, POINT screen) {
   const my::CMenu menu(::LoadMenuW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(menuId)));
   const HMENU popup = ::GetSubMenu(menu.Get(), 0);
-  EnableItems(popup, isEnabled);
   ::TrackPopupMenu(popup, TPM_LEFTALIGN | TPM_RIGHTBUTTON, screen.x, screen.y, 0, window, nullptr);
 }
 

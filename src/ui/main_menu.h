@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "ui/models/edit_actions.h"
+#include "ui/tool_images.h"
 
 namespace qlm {
 
@@ -29,7 +30,10 @@ void ShowRecent(HMENU menu, const std::vector<std::wstring>& paths, const std::w
 
 void SetItemText(HMENU menu, int id, const std::wstring& text);
 
-// Shows the first popup of a menu of the resources at a place on the screen; its commands go to the window.
-void TrackMenu(HWND window, int menuId, POINT screen, const std::function<bool(int id)>& isEnabled);
+// Puts the pictures of the commands beside them.
+void ShowPictures(HMENU menu, const CToolImages& images);
+
+// Shows the first popup of a menu of the resources at a place on the screen; its messages go to the window.
+void TrackMenu(HWND window, int menuId, POINT screen);
 
 }  // namespace qlm
