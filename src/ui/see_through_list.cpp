@@ -10,6 +10,7 @@ namespace qlm {
 namespace {
 
 constexpr int kCellMargin = 6;  // pixels at 96 DPI
+constexpr int kRowMargin = 2;   // pixels at any DPI: not every system redraws them with a row
 
 my::CColor SystemColor(int index) {
   const COLORREF color = ::GetSysColor(index);
@@ -81,7 +82,8 @@ void CSeeThroughList::DrawRow(HDC dc, size_t row) const {
   const bool active = ::GetFocus() == Hwnd();
   const UINT state = ListView_GetItemState(Hwnd(), static_cast<int>(row), LVIS_SELECTED | LVIS_FOCUSED);
   const CRowColors colors = ColorsOf(row, (state & LVIS_SELECTED) != 0, active);
-  const RECT bounds = PartOf(row, LVIR_BOUNDS);
+  RECT bounds = PartOf(row, LVIR_BOUNDS);
+  bounds.left += kRowMargin;
   ::SetBkMode(dc, OPAQUE);
   if (colors.back) {
     ::SetBkColor(dc, *colors.back);
@@ -114,19 +116,18 @@ CSeeThroughList::CRowColors CSeeThroughList::ColorsOf(size_t row, bool selected,
 int CSeeThroughList::DrawBox(HDC dc, size_t row, const RECT& bounds) const {
   const HIMAGELIST images = ListView_GetImageList(Hwnd(), LVSIL_STATE);
   const UINT image = my::CheckImageIndex(Model().Check(row));
-  if (!images || image == 0) return bounds.left;
+  if (!images || image == 0) return bounds.left - kRowMargin;
   int width = 0;
   int height = 0;
   ::ImageList_GetIconSize(images, &width, &height);
   const int top = (bounds.top + bounds.bottom - height) / 2;
   ::ImageList_Draw(images, static_cast<int>(image) - 1, dc, PartOf(row, LVIR_ICON).left - width, top,
                    ILD_NORMAL);
-  return PartOf(row, LVIR_LABEL).left;
+  return PartOf(row, LVIR_LABEL).left - kRowMargin;
 }
 
 void CSeeThroughList::DrawCell(HDC dc, size_t row, size_t column, RECT cell) const {
-  const int margin = my::Scale(column > 0 ? kCellMargin : kCellMargin / 3, Dpi());
-  ::InflateRect(&cell, -margin, 0);
+  ::InflateRect(&cell, -my::Scale(kCellMargin, Dpi()), 0);
   if (cell.right <= cell.left || !::RectVisible(dc, &cell)) return;
   const std::wstring text = Model().Text(row, column);
   if (text.empty()) return;
