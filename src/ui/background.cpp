@@ -144,8 +144,10 @@ void CBackground::DrawBrush() {
   if (type == BrushType::OS_DEFAULT) color = SystemColor(COLOR_WINDOW);
   const int width = static_cast<int>(m_bitmap->Size().cx);
   FillBrush(m_bitmap->Pixels(), width, type, color, static_cast<int>(m_dpi));
-  if (m_brush)
-    FillTiles(m_bitmap->Pixels(), width, m_brush->picture.pixels, static_cast<int>(m_brush->picture.size.cx));
+  if (!m_brush) return;
+  FillTiles(m_bitmap->Pixels(), width, m_brush->picture.pixels, static_cast<int>(m_brush->picture.size.cx));
+  const CContrastTable table = CContrastTable::Soft(Text());
+  for (CPixel& pixel : m_bitmap->Pixels()) pixel = table.Apply(pixel);
 }
 
 void CBackground::DrawImage() {

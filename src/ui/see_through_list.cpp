@@ -10,6 +10,7 @@ namespace qlm {
 namespace {
 
 constexpr int kCellMargin = 6;  // pixels at 96 DPI
+constexpr int kRowMargin = 2;   // pixels at any DPI: not every system redraws them with a row
 
 my::CColor SystemColor(int index) {
   const COLORREF color = ::GetSysColor(index);
@@ -29,8 +30,9 @@ UINT Flags(my::ListAlign align) {
 }  // namespace
 
 void CSeeThroughList::UseBackground() {
-  m_flags.clear();
-  for (size_t i = 0; i < Model().ColumnCount(); ++i) m_flags.push_back(Flags(Model().Column(i).align));
+  m_columns.clear();
+  for (size_t i = 0; i < Model().ColumnCount(); ++i)
+    m_columns.push_back({Flags(Model().Column(i).align), {}});
   const bool plain = m_background.IsPlain();
   // Without a colour of its own the control does not move its pixels when it scrolls.
   ListView_SetBkColor(Hwnd(), plain ? ::GetSysColor(COLOR_WINDOW) : CLR_NONE);
@@ -59,6 +61,7 @@ LRESULT CSeeThroughList::OnCustomDraw(NMLVCUSTOMDRAW& draw) {
     RECT area{};
     ::GetClientRect(Hwnd(), &area);
     m_background.Draw(dc, Hwnd(), area);
+    UpdateColumns();
     RedrawScrolled();
   }
   if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CListView::OnCustomDraw(draw);
@@ -79,7 +82,8 @@ void CSeeThroughList::DrawRow(HDC dc, size_t row) const {
   const bool active = ::GetFocus() == Hwnd();
   const UINT state = ListView_GetItemState(Hwnd(), static_cast<int>(row), LVIS_SELECTED | LVIS_FOCUSED);
   const CRowColors colors = ColorsOf(row, (state & LVIS_SELECTED) != 0, active);
-  const RECT bounds = PartOf(row, LVIR_BOUNDS);
+  RECT bounds = PartOf(row, LVIR_BOUNDS);
+  bounds.left += kRowMargin;
   ::SetBkMode(dc, OPAQUE);
   if (colors.back) {
     ::SetBkColor(dc, *colors.back);
@@ -93,8 +97,11 @@ void CSeeThroughList::DrawRow(HDC dc, size_t row) const {
   ::SetBkMode(dc, TRANSPARENT);
   ::SetTextColor(dc, colors.text);
   ::SelectObject(dc, reinterpret_cast<HFONT>(::SendMessageW(Hwnd(), WM_GETFONT, 0, 0)));
-  DrawBox(dc, row);
-  for (size_t column = 0; column < Model().ColumnCount(); ++column) DrawCell(dc, row, column);
+  const int boxed = DrawBox(dc, row, bounds);
+  for (size_t column = 0; column < m_columns.size(); ++column) {
+    const RECT& place = m_columns[column].place;
+    DrawCell(dc, row, column, {column == 0 ? boxed : place.left, bounds.top, place.right, bounds.bottom});
+  }
   ::RestoreDC(dc, saved);
 }
 
@@ -106,28 +113,35 @@ CSeeThroughList::CRowColors CSeeThroughList::ColorsOf(size_t row, bool selected,
   return {{}, look.color ? m_background.Readable(*look.color) : m_background.TextColor()};
 }
 
-void CSeeThroughList::DrawBox(HDC dc, size_t row) const {
+int CSeeThroughList::DrawBox(HDC dc, size_t row, const RECT& bounds) const {
   const HIMAGELIST images = ListView_GetImageList(Hwnd(), LVSIL_STATE);
   const UINT image = my::CheckImageIndex(Model().Check(row));
-  if (!images || image == 0) return;
+  if (!images || image == 0) return bounds.left - kRowMargin;
   int width = 0;
   int height = 0;
   ::ImageList_GetIconSize(images, &width, &height);
-  const RECT bounds = PartOf(row, LVIR_BOUNDS);
   const int top = (bounds.top + bounds.bottom - height) / 2;
   ::ImageList_Draw(images, static_cast<int>(image) - 1, dc, PartOf(row, LVIR_ICON).left - width, top,
                    ILD_NORMAL);
+  return PartOf(row, LVIR_LABEL).left - kRowMargin;
 }
 
-void CSeeThroughList::DrawCell(HDC dc, size_t row, size_t column) const {
-  RECT cell = PartOf(row, LVIR_LABEL);
-  if (column > 0)
-    ListView_GetSubItemRect(Hwnd(), static_cast<int>(row), static_cast<int>(column), LVIR_LABEL, &cell);
-  const int margin = my::Scale(column > 0 ? kCellMargin : kCellMargin / 3, Dpi());
-  ::InflateRect(&cell, -margin, 0);
+void CSeeThroughList::DrawCell(HDC dc, size_t row, size_t column, RECT cell) const {
+  ::InflateRect(&cell, -my::Scale(kCellMargin, Dpi()), 0);
   if (cell.right <= cell.left || !::RectVisible(dc, &cell)) return;
   const std::wstring text = Model().Text(row, column);
-  ::DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &cell, m_flags[column]);
+  if (text.empty()) return;
+  ::DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &cell, m_columns[column].flags);
+}
+
+// The places of the columns are those of the header, which scrolls with them.
+void CSeeThroughList::UpdateColumns() {
+  const HWND header = ListView_GetHeader(Hwnd());
+  for (size_t i = 0; i < m_columns.size(); ++i) {
+    RECT& place = m_columns[i].place;
+    ::SendMessageW(header, HDM_GETITEMRECT, i, reinterpret_cast<LPARAM>(&place));
+    ::MapWindowPoints(header, Hwnd(), reinterpret_cast<POINT*>(&place), 2);
+  }
 }
 
 RECT CSeeThroughList::PartOf(size_t row, int part) const {

@@ -26,16 +26,22 @@ class CSeeThroughList : public my::CListView {
     COLORREF text = 0;
   };
 
+  struct CColumn {
+    UINT flags = 0;  // of its texts
+    RECT place{};    // from left to right, in the control
+  };
+
   void RedrawScrolled();
   void DrawRow(HDC dc, size_t row) const;
   CRowColors ColorsOf(size_t row, bool selected, bool active) const;
-  void DrawBox(HDC dc, size_t row) const;
-  void DrawCell(HDC dc, size_t row, size_t column) const;
+  int DrawBox(HDC dc, size_t row, const RECT& bounds) const;  // answers where the text begins
+  void DrawCell(HDC dc, size_t row, size_t column, RECT cell) const;
+  void UpdateColumns();
   RECT PartOf(size_t row, int part) const;
 
   CBackground& m_background;
-  std::vector<UINT> m_flags;  // of each column's text
-  POINT m_scrolled{};         // when it was drawn last
+  std::vector<CColumn> m_columns;
+  POINT m_scrolled{};  // when it was drawn last
 };
 
 }  // namespace qlm
