@@ -107,9 +107,18 @@ void CBackground::UsePlain() {
 
 void CBackground::Draw(HDC dc, HWND window, const RECT& area) {
   Update();
+  Copy(*m_bitmap, dc, window, area);
+}
+
+void CBackground::DrawShade(HDC dc, HWND window, const RECT& area) {
+  Update();
+  Copy(*m_shade, dc, window, area);
+}
+
+void CBackground::Copy(const my::CPixelBitmap& bitmap, HDC dc, HWND window, const RECT& area) const {
   POINT from{area.left, area.top};
   ::MapWindowPoints(window, m_view, &from, 1);
-  ::BitBlt(dc, area.left, area.top, area.right - area.left, area.bottom - area.top, m_bitmap->Dc(), from.x,
+  ::BitBlt(dc, area.left, area.top, area.right - area.left, area.bottom - area.top, bitmap.Dc(), from.x,
            from.y, SRCCOPY);
 }
 
@@ -132,9 +141,10 @@ void CBackground::Update() {
   const SIZE size{std::max(1L, client.right), std::max(1L, client.bottom)};
   if (m_bitmap && m_bitmap->Size().cx == size.cx && m_bitmap->Size().cy == size.cy) return;
   m_bitmap.emplace(size);
+  m_shade.emplace(size);
   DrawBrush();
   DrawImage();
-  m_luminance = LimitPixels(m_bitmap->Pixels(), Text());
+  m_luminance = LimitPixels(m_shade->Pixels(), Text());
 }
 
 void CBackground::DrawBrush() {
@@ -144,10 +154,12 @@ void CBackground::DrawBrush() {
   if (type == BrushType::OS_DEFAULT) color = SystemColor(COLOR_WINDOW);
   const int width = static_cast<int>(m_bitmap->Size().cx);
   FillBrush(m_bitmap->Pixels(), width, type, color, static_cast<int>(m_dpi));
+  if (m_brush)
+    FillTiles(m_bitmap->Pixels(), width, m_brush->picture.pixels, static_cast<int>(m_brush->picture.size.cx));
+  std::ranges::copy(m_bitmap->Pixels(), m_shade->Pixels().begin());
   if (!m_brush) return;
-  FillTiles(m_bitmap->Pixels(), width, m_brush->picture.pixels, static_cast<int>(m_brush->picture.size.cx));
   const CContrastTable table = CContrastTable::Soft(Text());
-  for (CPixel& pixel : m_bitmap->Pixels()) pixel = table.Apply(pixel);
+  for (CPixel& pixel : m_shade->Pixels()) pixel = table.Apply(pixel);
 }
 
 void CBackground::DrawImage() {
@@ -163,9 +175,10 @@ void CBackground::DrawImage() {
     else
       DrawCharacter(graphics, type, size);
   }
+  Blend(m_bitmap->Pixels(), layer);
   const CContrastTable table = CContrastTable::Soft(Text());
   for (CPixel& pixel : layer) pixel = ApplyToLayer(table, pixel);
-  Blend(m_bitmap->Pixels(), layer);
+  Blend(m_shade->Pixels(), layer);
 }
 
 void CBackground::DrawPicture(Gdiplus::Graphics& graphics, SIZE view) {

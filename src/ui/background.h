@@ -14,8 +14,9 @@
 
 namespace qlm {
 
-// Drawn once for each size of the view, in which every window below it shows its slice. Text in the colours
-// that this object hands out has a contrast of at least 4.5 : 1 wherever it stands.
+// Drawn once for each size of the view, in which every window below it shows its slice: as it is, and shaded
+// for what lies behind text. Text in the colours that this object hands out has a contrast of at least 4.5 :
+// 1 wherever the shade is behind it.
 class CBackground {
  public:
   // The window whose client area is filled. To be called before anything is drawn.
@@ -34,6 +35,7 @@ class CBackground {
 
   // `area` in client coordinates of `window`, a part of the view; so is `dc`.
   void Draw(HDC dc, HWND window, const RECT& area);
+  void DrawShade(HDC dc, HWND window, const RECT& area);
 
   COLORREF TextColor() const;
 
@@ -58,7 +60,8 @@ class CBackground {
                                  ImgOrigin origin);
 
   void UsePlain();
-  void Update();  // the bitmap, to the view's size
+  void Update();  // the bitmaps, to the view's size
+  void Copy(const my::CPixelBitmap& bitmap, HDC dc, HWND window, const RECT& area) const;
   void DrawBrush();
   void DrawImage();
   void DrawPicture(Gdiplus::Graphics& graphics, SIZE view);
@@ -73,7 +76,8 @@ class CBackground {
   std::optional<CLoaded> m_brush;
   std::optional<CLoaded> m_image;
   std::optional<my::CPixelBitmap> m_bitmap;  // empty: to be drawn anew
-  double m_luminance = 0;                    // of the bitmap, where it comes nearest to the text
+  std::optional<my::CPixelBitmap> m_shade;   // of the same size
+  double m_luminance = 0;                    // of the shade, where it comes nearest to the text
 };
 
 }  // namespace qlm

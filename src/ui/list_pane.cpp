@@ -123,7 +123,7 @@ void CListPane::Erase(HDC dc) {
 LRESULT CListPane::ColorStatic(HDC dc, HWND control) {
   RECT area{};
   ::GetClientRect(control, &area);
-  m_background.Draw(dc, control, area);
+  m_background.DrawShade(dc, control, area);
   ::SetBkMode(dc, TRANSPARENT);
   ::SetTextColor(dc, m_background.TextColor());
   return reinterpret_cast<LRESULT>(::GetStockObject(NULL_BRUSH));

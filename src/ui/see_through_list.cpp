@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "ui/background.h"
 #include "ui/framework/check_images.h"
 #include "ui/framework/dpi.h"
@@ -9,8 +11,11 @@
 namespace qlm {
 namespace {
 
-constexpr int kCellMargin = 6;  // pixels at 96 DPI
-constexpr int kRowMargin = 2;   // pixels at any DPI: not every system redraws them with a row
+// Pixels at 96 DPI.
+constexpr int kCellMargin = 6;
+constexpr int kShadeMargin = 3;
+
+constexpr int kRowMargin = 2;  // pixels at any DPI: not every system redraws them with a row
 
 my::CColor SystemColor(int index) {
   const COLORREF color = ::GetSysColor(index);
@@ -100,7 +105,8 @@ void CSeeThroughList::DrawRow(HDC dc, size_t row) const {
   const int boxed = DrawBox(dc, row, bounds);
   for (size_t column = 0; column < m_columns.size(); ++column) {
     const RECT& place = m_columns[column].place;
-    DrawCell(dc, row, column, {column == 0 ? boxed : place.left, bounds.top, place.right, bounds.bottom});
+    DrawCell(dc, row, column, {column == 0 ? boxed : place.left, bounds.top, place.right, bounds.bottom},
+             !colors.back);
   }
   ::RestoreDC(dc, saved);
 }
@@ -126,12 +132,24 @@ int CSeeThroughList::DrawBox(HDC dc, size_t row, const RECT& bounds) const {
   return PartOf(row, LVIR_LABEL).left - kRowMargin;
 }
 
-void CSeeThroughList::DrawCell(HDC dc, size_t row, size_t column, RECT cell) const {
+void CSeeThroughList::DrawCell(HDC dc, size_t row, size_t column, RECT cell, bool shade) const {
   ::InflateRect(&cell, -my::Scale(kCellMargin, Dpi()), 0);
   if (cell.right <= cell.left || !::RectVisible(dc, &cell)) return;
   const std::wstring text = Model().Text(row, column);
   if (text.empty()) return;
+  if (shade) DrawShade(dc, text, cell, m_columns[column].flags);
   ::DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &cell, m_columns[column].flags);
+}
+
+// Only behind the text itself: the picture stays as bright as it is beside it.
+void CSeeThroughList::DrawShade(HDC dc, const std::wstring& text, const RECT& cell, UINT flags) const {
+  SIZE size{};
+  ::GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
+  const int free = std::max<int>(0, cell.right - cell.left - size.cx);
+  const int before = (flags & DT_RIGHT) != 0 ? free : (flags & DT_CENTER) != 0 ? free / 2 : 0;
+  const int margin = my::Scale(kShadeMargin, Dpi());
+  const int left = cell.left + before - margin;
+  m_background.DrawShade(dc, Hwnd(), {left, cell.top, cell.right - free + before + margin, cell.bottom});
 }
 
 // The places of the columns are those of the header, which scrolls with them.

@@ -35,7 +35,8 @@ class CSeeThroughList : public my::CListView {
   void DrawRow(HDC dc, size_t row) const;
   CRowColors ColorsOf(size_t row, bool selected, bool active) const;
   int DrawBox(HDC dc, size_t row, const RECT& bounds) const;  // answers where the text begins
-  void DrawCell(HDC dc, size_t row, size_t column, RECT cell) const;
+  void DrawCell(HDC dc, size_t row, size_t column, RECT cell, bool shade) const;
+  void DrawShade(HDC dc, const std::wstring& text, const RECT& cell, UINT flags) const;
   void UpdateColumns();
   RECT PartOf(size_t row, int part) const;
 

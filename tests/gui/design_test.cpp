@@ -169,7 +169,7 @@ TEST_F(Design, text_is_read_on_every_brush_and_every_character) {
     design.bkBrushType = static_cast<BrushType>(i % 8);
     design.bkImgType = static_cast<BkImgType>(i);
     background.SetDesign(design);
-    background.Draw(copy.Dc(), view.Hwnd(), {0, 0, 400, 300});
+    background.DrawShade(copy.Dc(), view.Hwnd(), {0, 0, 400, 300});
     ::GdiFlush();
     const COLORREF text = background.TextColor();
     const COLORREF state = background.Readable(a.app->Settings().ui.stateColors[2]);
