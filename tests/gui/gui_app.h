@@ -1,6 +1,8 @@
 // The whole program with its real windows in the test's process, and a script in place of the user.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <windows.h>
 
 #include <deque>

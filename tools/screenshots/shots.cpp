@@ -1,0 +1,108 @@
+#include "screenshots/shots.h"
+
+#include <cstdio>
+
+#include "document/document_edits.h"
+#include "ui/framework/dpi.h"
+#include "ui/framework/gdiplus.h"
+
+namespace shots {
+
+using namespace qlm;
+
+namespace {
+
+std::wstring g_folder;
+std::vector<std::wstring> g_names;  // empty: all
+
+CLSID PngEncoder() {
+  CLSID png{};
+  ::CLSIDFromString(L"{557CF406-1A04-11D3-9A73-0000F81EF32E}", &png);
+  return png;
+}
+
+}  // namespace
+
+void Begin(std::wstring folder, std::vector<std::wstring> names) {
+  g_folder = std::move(folder);
+  g_names = std::move(names);
+}
+
+bool Wanted(const std::wstring& name) {
+  return g_names.empty() || std::find(g_names.begin(), g_names.end(), name) != g_names.end();
+}
+
+void Save(HBITMAP bitmap, const std::wstring& name) {
+  const CLSID png = PngEncoder();
+  Gdiplus::Bitmap picture(bitmap, nullptr);
+  const std::wstring path = g_folder + L"\\" + name + L".png";
+  std::printf("%ls: %s\n", name.c_str(),
+              picture.Save(path.c_str(), &png, nullptr) == Gdiplus::Ok ? "ok" : "failed");
+}
+
+// What stands on the screen where the window is, so that its menus and frame are in the picture.
+void Shoot(HWND window, const std::wstring& name) {
+  ::SetForegroundWindow(window);
+  ::RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW | RDW_FRAME);
+  test::Pump();
+  const RECT bounds = test::Bounds(window);
+  const SIZE size = test::Size(window);
+  const my::CWindowDc screen(nullptr);
+  const my::CMemoryDc memory(::CreateCompatibleDC(screen.Get()));
+  const my::CBitmap bitmap(::CreateCompatibleBitmap(screen.Get(), size.cx, size.cy));
+  {
+    const my::CSelect select(memory.Get(), bitmap.Get());
+    ::BitBlt(memory.Get(), 0, 0, size.cx, size.cy, screen.Get(), bounds.left, bounds.top, SRCCOPY);
+  }
+  Save(bitmap.Get(), name);
+}
+
+void SetDpi(HWND window, UINT dpi) {
+  RECT bounds = test::Bounds(window);
+  const UINT now = my::WindowDpi(window);
+  bounds = {0, 0, ::MulDiv(bounds.right - bounds.left, static_cast<int>(dpi), static_cast<int>(now)),
+            ::MulDiv(bounds.bottom - bounds.top, static_cast<int>(dpi), static_cast<int>(now))};
+  ::SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&bounds));
+  ::SetWindowPos(window, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+  test::Pump();
+}
+
+void ShootAtAllDpis(HWND window, const std::wstring& name) {
+  Shoot(window, name);
+  for (const UINT dpi : {144u, 192u}) {
+    SetDpi(window, dpi);
+    Shoot(window, name + L"_" + std::to_wstring(dpi * 100 / 96));
+  }
+}
+
+// A document as people have it, with a source that exists.
+void FillSample(test::CGuiApp& a) {
+  my::IFileSystem& files = a.scratch.files;
+  for (const wchar_t* name : {L"書類", L"書類\\見積書", L"写真"}) files.CreateFolders(a.scratch.At(name));
+  for (const wchar_t* name :
+       {L"書類\\議事録.txt", L"書類\\見積書\\2024年度.xlsx", L"書類\\見積書\\2025年度.xlsx",
+        L"書類\\下書き.tmp", L"書類\\名簿.bak", L"写真\\旅行.jpg"})
+    a.scratch.Write(name, std::string(12'345, 'x'));
+  a.scratch.Write(L"書類.flt", "\xEF\xBB\xBF# \xE4\xB8\x80\xE6\x99\x82\n- \\.tmp$\n- \\.bak$\n+ .*\n- ([\n");
+  a.scratch.Write(L"filter.flt", "- \\.tmp$\n- \\.bak$\n");
+  CContent content;
+  const auto dst = [&](const std::wstring& folder, DstType type, const std::wstring& pattern) {
+    auto item = boost::make_shared<CDst>(CDst{folder, type, pattern});
+    content.dsts.Insert(-1, item);
+    return item;
+  };
+  const auto folder = dst(a.scratch.At(L"バックアップ"), DstType::FOLDER, L"<ID>_<Y>_<M>_<D>_<h>_<m>");
+  const auto zip = dst(a.scratch.At(L"書庫"), DstType::ZIP, L"<ID>_<Y><M><D>.zip");
+  const auto nas = dst(L"\\\\NAS\\backup\\社内", DstType::AES_256_ZIP, L"<ID>_<Y><M><D>_<h><m>.zip");
+  const auto add = [&](const std::wstring& id, const std::wstring& path, CTaskDsts dsts,
+                       const std::wstring& filter) {
+    content.tasks.Insert(-1, boost::make_shared<CTask>(CTask{id, path, filter, std::move(dsts)}));
+  };
+  add(L"書類", a.scratch.At(L"書類"), {folder}, a.scratch.At(L"filter.flt"));
+  add(L"写真", a.scratch.At(L"写真"), {folder}, L"");
+  add(L"会計データ", L"D:\\会計\\2025", {folder}, L"");
+  add(L"ソースコード", L"D:\\開発\\quill", {}, L"D:\\開発\\source.flt");
+  a.app->Document().Reset(content, L"C:\\Users\\佐藤\\文書\\毎日のバックアップ.qlmr");
+}
+
+}  // namespace shots

@@ -1,0 +1,28 @@
+// What the pictures of the windows share.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "gui/gui_app.h"
+
+namespace shots {
+
+// Where the pictures go, and which; all of them for no names.
+void Begin(std::wstring folder, std::vector<std::wstring> names);
+bool Wanted(const std::wstring& name);
+
+void Save(HBITMAP bitmap, const std::wstring& name);
+void Shoot(HWND window, const std::wstring& name);  // as it stands on the screen
+void SetDpi(HWND window, UINT dpi);                 // as if it came to such a screen
+void ShootAtAllDpis(HWND window, const std::wstring& name);
+
+// A document as people have it, with sources that exist.
+void FillSample(test::CGuiApp& a);
+
+// The design of the main view: brushes, pictures, high contrast, and the characters with their names.
+void ShootDesign();
+
+}  // namespace shots
