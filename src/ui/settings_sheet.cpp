@@ -20,11 +20,13 @@ namespace qlm {
 CSettingsSheet::CSettingsSheet(CAppContext& context, size_t firstPage, FPreview preview)
     : CDialog(IDD_SETTINGS), m_context(context), m_preview(std::move(preview)) {
   m_pages.push_back(std::make_unique<CGeneralPage>(context));
-  m_pages.push_back(std::make_unique<CDesignPage>(context, m_preview));
+  m_pages.push_back(
+      std::make_unique<CDesignPage>(context, [this](const CDesignSetting& design) { Preview(design); }));
   m_shown = std::min(firstPage, m_pages.size() - 1);
 }
 
 bool CSettingsSheet::OnInit() {
+  m_cancelled = false;
   for (const auto& page : m_pages) AddPage(*page);
   TabCtrl_SetCurSel(Item(IDC_SETTINGS_TAB), static_cast<int>(m_shown));
   ShowPage(m_shown);
@@ -39,12 +41,18 @@ void CSettingsSheet::OnOk() {
 
 // The main window shows what was being tried.
 void CSettingsSheet::OnCancel() {
+  m_cancelled = true;
   try {
     m_preview(m_context.settings.design);
   } catch (const my::CException&) {
     // A picture that could not be read before the sheet opened either.
   }
   Close(IDCANCEL);
+}
+
+// A control that loses the keyboard because the sheet goes has nothing to show any more.
+void CSettingsSheet::Preview(const CDesignSetting& design) const {
+  if (!m_cancelled) m_preview(design);
 }
 
 bool CSettingsSheet::OnCommand(int id, int code) {

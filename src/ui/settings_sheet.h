@@ -36,11 +36,13 @@ class CSettingsSheet : public my::CDialog {
   void AddPage(CSettingsPage& page);
   RECT PageArea() const;
   void ShowPage(size_t index);
+  void Preview(const CDesignSetting& design) const;
   bool Apply();
   bool StorePages(CSettings& settings);
 
   CAppContext& m_context;
   FPreview m_preview;
+  bool m_cancelled = false;
   size_t m_shown;
   my::CAutoMessageLoop m_pageKeys;  // never runs: the modal loop of the sheet translates the pages' keys
   std::vector<std::unique_ptr<CSettingsPage>> m_pages;

@@ -119,6 +119,8 @@ TEST_F(Design, cancelling_brings_back_what_was) {
     Choose(page, IDC_IMAGE_TYPE, static_cast<int>(BkImgType::NONE));
     EXPECT_FALSE(::IsWindowEnabled(::GetDlgItem(page, IDC_IMAGE_FIT)));
     EXPECT_NE(PixelsOf(ViewOfApp()), before);
+    Choose(page, IDC_IMAGE_TYPE, static_cast<int>(BkImgType::CUSTOM));
+    ::SetFocus(::GetDlgItem(page, IDC_IMAGE_PATH));  // which it loses as the sheet goes
     ::SendMessageW(sheet, WM_COMMAND, IDCANCEL, 0);
   });
   EXPECT_EQ(PixelsOf(ViewOfApp()), before);

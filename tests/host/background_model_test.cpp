@@ -2,7 +2,10 @@
 
 #include <vector>
 
+#include "document/document.h"
+#include "resource.h"
 #include "ui/models/background_model.h"
+#include "ui/models/next_step.h"
 
 namespace {
 
@@ -96,6 +99,18 @@ TEST(Background, tiles_repeat_over_the_whole_view_and_let_the_brush_through) {
   EXPECT_TRUE(std::equal(pixels.begin(), pixels.begin() + 5, expected));
   EXPECT_TRUE(std::equal(pixels.begin() + 10, pixels.end(), expected));
   EXPECT_EQ(pixels[5], 0xFF040484U);
+}
+
+TEST(NextStep, leads_from_an_empty_document_to_the_run) {
+  CDocument document;
+  EXPECT_EQ(NextStep(document, {}), uint32_t{IDS_NEXT_ADD_TASK});
+  InsertTask(document, -1, {L"a", L"C:\\a", L"", {}});
+  EXPECT_EQ(NextStep(document, {0}), uint32_t{IDS_NEXT_ADD_DST});
+  InsertDst(document, -1, {L"D:\\"});
+  EXPECT_EQ(NextStep(document, {}), uint32_t{IDS_NEXT_SELECT_TASK});
+  EXPECT_EQ(NextStep(document, {0}), uint32_t{IDS_NEXT_CHECK_DST});
+  SetUse(document, {0}, 0, true);
+  EXPECT_EQ(NextStep(document, {0}), uint32_t{IDS_NEXT_RUN});
 }
 
 }  // namespace
