@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
 # gui-run.sh PROGRAM ARGS...: runs a Windows program on a screen of its own, or on the one that
-# QLM_DISPLAY names (as :81), and ends with its exit code.
+# QLM_DISPLAY names (as :81), and ends with its exit code. QLM_SCREEN is the screen's size.
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 (($# > 0)) || die "usage: gui-run.sh PROGRAM ARGS..."
 ensure_wine_prefix
+
+size=${QLM_SCREEN:-1280x900}
 
 close_screen() {
   [[ -z ${screen-} ]] || kill "$screen" 2>/dev/null || true
@@ -14,7 +16,7 @@ close_screen() {
 # The server picks a free display itself, and writes its number once it takes programs.
 open_screen() {
   mkfifo "$folder/display"
-  Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp 3>"$folder/display" >"$folder/log" 2>&1 &
+  Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp 3>"$folder/display" >"$folder/log" 2>&1 &
   screen=$!
   read -r number <"$folder/display" || die "gui-run: no screen: $(<"$folder/log")"
   export DISPLAY=:$number
@@ -25,7 +27,7 @@ open_screen() {
 give_desktop() {
   local key='HKCU\Software\Wine'
   run_wine reg add "$key\\AppDefaults\\$(basename "$1")\\Explorer" /v Desktop /d qlm /f >/dev/null 2>&1
-  run_wine reg add "$key\\Explorer\\Desktops" /v qlm /d 1280x900 /f >/dev/null 2>&1
+  run_wine reg add "$key\\Explorer\\Desktops" /v qlm /d "$size" /f >/dev/null 2>&1
 }
 
 if [[ ${QLM_DISPLAY-} ]]; then

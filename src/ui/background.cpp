@@ -6,6 +6,7 @@
 
 #include "ui/art/character.h"
 #include "ui/framework/dpi.h"
+#include "ui/framework/high_contrast.h"
 #include "ui/models/background_model.h"
 
 namespace qlm {
@@ -30,13 +31,6 @@ my::CColor SystemColor(int index) {
 
 COLORREF ColorRef(my::CColor color) {
   return RGB(color.red, color.green, color.blue);
-}
-
-bool IsHighContrast() {
-  HIGHCONTRASTW info{};
-  info.cbSize = sizeof info;
-  return ::SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof info, &info, 0) &&
-         (info.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
 
 BkImgType ImageOf(const CDesignSetting& design) {
@@ -102,7 +96,7 @@ std::exception_ptr CBackground::Load(std::optional<CLoaded>& loaded, const std::
 void CBackground::UsePlain() {
   const BkImgType image = ImageOf(m_design);
   const bool hasImage = image == BkImgType::CUSTOM ? m_image.has_value() : image != BkImgType::NONE;
-  m_plain = IsHighContrast() || (m_design.bkBrushType == BrushType::OS_DEFAULT && !hasImage);
+  m_plain = my::IsHighContrast() || (m_design.bkBrushType == BrushType::OS_DEFAULT && !hasImage);
 }
 
 void CBackground::Draw(HDC dc, HWND window, const RECT& area) {

@@ -119,11 +119,21 @@ void CListPane::Erase(HDC dc) {
   m_background.Draw(dc, Hwnd(), area);
 }
 
+// Where the text of a static control stands in its area.
+RECT CListPane::TextArea(HWND control, const RECT& area) const {
+  const LONG width = std::min(TextSize(control).cx, area.right - area.left);
+  const LONG free = area.right - area.left - width;
+  const LONG kind = ::GetWindowLongW(control, GWL_STYLE) & SS_TYPEMASK;
+  const LONG left = area.left + (kind == SS_RIGHT ? free : kind == SS_CENTER ? free / 2 : 0);
+  return {left, area.top, left + width, area.bottom};
+}
+
 // A text has no background of its own: it is drawn right before the text.
 LRESULT CListPane::ColorStatic(HDC dc, HWND control) {
   RECT area{};
   ::GetClientRect(control, &area);
-  m_background.DrawShade(dc, control, area);
+  m_background.Draw(dc, control, area);
+  m_background.DrawShade(dc, control, TextArea(control, area));
   ::SetBkMode(dc, TRANSPARENT);
   ::SetTextColor(dc, m_background.TextColor());
   return reinterpret_cast<LRESULT>(::GetStockObject(NULL_BRUSH));

@@ -71,6 +71,7 @@ class CListPane : public my::CWindow {
   LRESULT ColorStatic(HDC dc, HWND control);
   void Erase(HDC dc);
   SIZE TextSize(HWND control) const;
+  RECT TextArea(HWND control, const RECT& area) const;
 
   const my::IMessageTexts& m_texts;
   CBackground& m_background;

@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "gui/gui_app.h"
+#include "ui/framework/high_contrast.h"
 #include "ui/framework/pixel_bitmap.h"
 #include "ui/models/background_model.h"
 
@@ -183,6 +184,19 @@ TEST_F(Design, text_is_read_on_every_brush_and_every_character) {
       EXPECT_GE(least, kReadable) << "brush " << i % 8 << ", image " << i;
     }
   }
+}
+
+TEST_F(Design, high_contrast_of_the_system_goes_before_the_design) {
+  const CPixels designed = PixelsOf(ViewOfApp());
+  my::AssumeHighContrast(true);
+  ::SendMessageW(a.frame->Hwnd(), WM_SETTINGCHANGE, SPI_SETHIGHCONTRAST, 0);
+  test::Pump();
+  EXPECT_NE(PixelsOf(ViewOfApp()), designed);
+  EXPECT_EQ(ListView_GetBkColor(a.List(IDC_TASK_LIST)), ::GetSysColor(COLOR_WINDOW));
+  my::AssumeHighContrast({});
+  ::SendMessageW(a.frame->Hwnd(), WM_SETTINGCHANGE, SPI_SETHIGHCONTRAST, 0);
+  test::Pump();
+  EXPECT_EQ(PixelsOf(ViewOfApp()), designed);
 }
 
 TEST_F(Design, background_stands_still_while_rows_and_panes_move) {

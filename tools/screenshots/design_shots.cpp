@@ -4,6 +4,7 @@
 #include "ui/art/character.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/gdiplus.h"
+#include "ui/framework/high_contrast.h"
 
 namespace shots {
 namespace {
@@ -37,15 +38,10 @@ void ShootWith(test::CGuiApp& a, const CDesignSetting& design, const std::wstrin
 }
 
 void ShootHighContrast(test::CGuiApp& a) {
-  HIGHCONTRASTW before{};
-  before.cbSize = sizeof before;
-  ::SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof before, &before, 0);
-  HIGHCONTRASTW contrast = before;
-  contrast.dwFlags |= HCF_HIGHCONTRASTON;
-  ::SystemParametersInfoW(SPI_SETHIGHCONTRAST, sizeof contrast, &contrast, 0);
+  my::AssumeHighContrast(true);
   ::SendMessageW(a.frame->Hwnd(), WM_SETTINGCHANGE, SPI_SETHIGHCONTRAST, 0);
   ShootWith(a, {}, L"high_contrast");
-  ::SystemParametersInfoW(SPI_SETHIGHCONTRAST, sizeof before, &before, 0);
+  my::AssumeHighContrast({});
 }
 
 // All characters with their names, in six columns.
