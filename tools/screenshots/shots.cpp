@@ -57,20 +57,14 @@ void Shoot(HWND window, const std::wstring& name) {
   Save(bitmap.Get(), name);
 }
 
-void SetDpi(HWND window, UINT dpi) {
-  RECT bounds = test::Bounds(window);
-  const UINT now = my::WindowDpi(window);
-  bounds = {0, 0, ::MulDiv(bounds.right - bounds.left, static_cast<int>(dpi), static_cast<int>(now)),
-            ::MulDiv(bounds.bottom - bounds.top, static_cast<int>(dpi), static_cast<int>(now))};
-  ::SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&bounds));
-  ::SetWindowPos(window, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-  test::Pump();
-}
-
 void ShootAtAllDpis(HWND window, const std::wstring& name) {
   Shoot(window, name);
+  const SIZE size = test::Size(window);
   for (const UINT dpi : {144u, 192u}) {
-    SetDpi(window, dpi);
+    RECT bounds{0, 0, my::Scale(size.cx, dpi), my::Scale(size.cy, dpi)};
+    ::SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&bounds));
+    ::SetWindowPos(window, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    test::Pump();
     Shoot(window, name + L"_" + std::to_wstring(dpi * 100 / 96));
   }
 }

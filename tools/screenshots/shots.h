@@ -16,7 +16,8 @@ bool Wanted(const std::wstring& name);
 
 void Save(HBITMAP bitmap, const std::wstring& name);
 void Shoot(HWND window, const std::wstring& name);  // as it stands on the screen
-void SetDpi(HWND window, UINT dpi);                 // as if it came to such a screen
+
+// Also as if it came to screens of 150 and 200 %.
 void ShootAtAllDpis(HWND window, const std::wstring& name);
 
 // A document as people have it, with sources that exist.

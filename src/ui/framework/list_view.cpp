@@ -9,6 +9,7 @@
 #include "ui/framework/check_images.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/failures.h"
+#include "ui/models/contrast.h"
 
 namespace my {
 namespace {
@@ -38,6 +39,13 @@ class CFlag {
   bool m_before;
 };
 
+COLORREF ReadableOn(COLORREF background, CColor color) {
+  const double luminance =
+      qlm::Luminance({GetRValue(background), GetGValue(background), GetBValue(background)});
+  const CColor moved = qlm::Readable(color, luminance, luminance < 0.18);
+  return RGB(moved.red, moved.green, moved.blue);
+}
+
 }  // namespace
 
 CListView::CListView(const IListModel& model) : m_model(model) {}
@@ -65,12 +73,13 @@ void CListView::Attach(HWND list, Boxes boxes) {
   m_listHook.Attach(m_list, [this](UINT message, WPARAM wParam, LPARAM lParam) {
     return HandleMessage(message, wParam, lParam);
   });
-  m_parentHook.Attach(::GetParent(list), [this](UINT message, WPARAM, LPARAM lParam) -> std::optional<LRESULT> {
-    if (message != WM_NOTIFY) return {};
-    auto& header = *reinterpret_cast<NMHDR*>(lParam);
-    if (header.hwndFrom != m_list) return {};
-    return HandleNotify(header);
-  });
+  m_parentHook.Attach(::GetParent(list),
+                      [this](UINT message, WPARAM, LPARAM lParam) -> std::optional<LRESULT> {
+                        if (message != WM_NOTIFY) return {};
+                        auto& header = *reinterpret_cast<NMHDR*>(lParam);
+                        if (header.hwndFrom != m_list) return {};
+                        return HandleNotify(header);
+                      });
   ListView_SetExtendedListViewStyle(list, kExtendedStyle);
   if (m_boxes) ListView_SetCallbackMask(list, LVIS_STATEIMAGEMASK);
   UseImages();
@@ -188,7 +197,7 @@ LRESULT CListView::OnCustomDraw(NMLVCUSTOMDRAW& draw) {
   if (look.grey)
     draw.clrText = ::GetSysColor(COLOR_GRAYTEXT);
   else if (look.color)
-    draw.clrText = RGB(look.color->red, look.color->green, look.color->blue);
+    draw.clrText = ReadableOn(::GetSysColor(COLOR_WINDOW), *look.color);
   return CDRF_DODEFAULT;
 }
 
