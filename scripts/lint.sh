@@ -173,6 +173,13 @@ check_string_ids() {
     }' res/resource.h res/strings.rc | sort) || true
 }
 
+# What scripts/art.py makes is kept; it must be what the drawings give.
+check_art() {
+  [[ -e $tree/scripts/art.py ]] || return 0
+  (cd "$tree" && python3 scripts/art.py --check >/dev/null 2>&1) ||
+    say 'scripts/art.py:1: generated files are not those of the drawings: scripts/art.py'
+}
+
 all_checks() {
   check_floors
   check_os_headers
@@ -182,6 +189,7 @@ all_checks() {
   check_leftovers
   check_shell
   check_format
+  check_art
   check_tidy
 }
 
