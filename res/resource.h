@@ -431,6 +431,7 @@
 #define IDS_NEXT_SELECT_TASK         808
 #define IDS_NEXT_CHECK_DST           809
 #define IDS_NEXT_RUN                 810
+#define IDS_NEXT_RUNNING             811
 
 #define IDS_BRUSH_DEFAULT            820
 #define IDS_BRUSH_OS_DEFAULT         821

@@ -3,10 +3,8 @@
 
 art.py           writes the generated files, and previews to build/art/
 art.py --check   fails when the generated files are not what the sources give
-art.py --sheet   draws the characters as the program does: build/art/program.png; it must have been built
 """
 
-import os
 import subprocess
 import sys
 from pathlib import Path
@@ -82,19 +80,9 @@ def check():
     return 1 if stale else 0
 
 
-def draw_by_program():
-    file = PREVIEWS / "program.png"
-    PREVIEWS.mkdir(parents=True, exist_ok=True)
-    command = [TOP / "scripts/gui-run.sh", TOP / "build/mingw/bin/qlm_gui_tests.exe", "--gtest_filter=Character.sheet"]
-    sheet = "Z:" + str(file).replace("/", "\\")
-    return subprocess.run(command, env=os.environ | {"QLM_CHARACTER_SHEET": sheet}).returncode
-
-
 def main():
     if sys.argv[1:] == ["--check"]:
         return check()
-    if sys.argv[1:] == ["--sheet"]:
-        return draw_by_program()
     for name, content in generated_files().items():
         (TOP / name).parent.mkdir(parents=True, exist_ok=True)
         (TOP / name).write_bytes(content)

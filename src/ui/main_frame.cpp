@@ -351,6 +351,7 @@ void CMainFrame::ShowRunState() {
   const bool active = m_app->Run().IsActive();
   m_parts->toolBar.Change(ID_RUN, active ? IDS_TOOL_STOP : IDS_TOOL_RUN,
                           active ? ToolIcon::Stop : ToolIcon::Run);
+  m_parts->view.ShowRunning(active);
   if (active && !m_runShown) m_parts->indicator.Begin(Hwnd(), TextsOf(*m_app).Text(IDS_SHUTDOWN_REASON));
   if (!active && m_runShown) {
     m_parts->indicator.End(Hwnd(), m_app->Run().HasErrors());

@@ -135,12 +135,17 @@ void CMainView::Describe(CListPane& pane) {
   UpdateDescription();
 }
 
+void CMainView::ShowRunning(bool running) {
+  m_running = running;
+  UpdateDescription();
+}
+
 void CMainView::UpdateDescription() {
   std::wstring text;
   if (m_showDescription) {
     const uint32_t what = m_described == &m_tasks ? IDS_DESCRIPTION_TASKS : IDS_DESCRIPTION_DSTS;
     const my::CMsgArg parts[] = {my::CTextId{what},
-                                 my::CTextId{NextStep(m_document, m_tasks.List().Selection())}};
+                                 my::CTextId{NextStep(m_document, m_tasks.List().Selection(), m_running)}};
     text = my::MakeText(m_texts, IDS_DESCRIPTION, parts);
   }
   m_dsts.ShowDescription(text);

@@ -47,6 +47,9 @@ class CMainView {
   // Shows a design at once. Throws IDS_IMAGE_NOT_READ; all of it but the picture is shown then.
   void ShowDesign(const CDesignSetting& design);
 
+  // A run has begun or ended.
+  void ShowRunning(bool running);
+
   // Colours or contrast of the system have changed.
   void OnSystemChanged();
 
@@ -68,6 +71,7 @@ class CMainView {
   CListPane m_dsts;
   bool m_dstsCurrent = false;
   bool m_showDescription = true;
+  bool m_running = false;
   CListPane* m_described = nullptr;  // the user turned to it last
 };
 

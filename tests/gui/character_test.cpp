@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "gui/gui.h"
 #include "ui/art/tool_icons.h"
@@ -93,20 +92,6 @@ TEST(Icons, are_in_the_program) {
     EXPECT_EQ(bytes[18] << 8 | bytes[19], size * kToolIconCount);
     EXPECT_EQ(bytes[23], size);
   }
-}
-
-// Draws all into the picture that QLM_CHARACTER_SHEET names, to be looked at.
-TEST(Character, sheet) {
-  const wchar_t* file = ::_wgetenv(L"QLM_CHARACTER_SHEET");
-  if (!file) GTEST_SKIP();
-  const my::CGdiplus gdiplus;
-  Bitmap bitmap(6 * 200, 4 * 200, PixelFormat32bppARGB);
-  Gdiplus::Graphics graphics(&bitmap);
-  graphics.Clear(Gdiplus::Color::White);
-  for (int i = 0; i < kAll; ++i)
-    DrawCharacter(graphics, Nth(i), {200.0F * (i % 6), 200.0F * (i / 6), 200, 200});
-  const CLSID png{0x557cf406, 0x1a04, 0x11d3, {0x9a, 0x73, 0, 0, 0xf8, 0x1e, 0xf3, 0x2e}};
-  EXPECT_EQ(bitmap.Save(file, &png, nullptr), Gdiplus::Ok);
 }
 
 }  // namespace

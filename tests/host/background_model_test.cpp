@@ -103,14 +103,15 @@ TEST(Background, tiles_repeat_over_the_whole_view_and_let_the_brush_through) {
 
 TEST(NextStep, leads_from_an_empty_document_to_the_run) {
   CDocument document;
-  EXPECT_EQ(NextStep(document, {}), uint32_t{IDS_NEXT_ADD_TASK});
+  EXPECT_EQ(NextStep(document, {}, false), uint32_t{IDS_NEXT_ADD_TASK});
   InsertTask(document, -1, {L"a", L"C:\\a", L"", {}});
-  EXPECT_EQ(NextStep(document, {0}), uint32_t{IDS_NEXT_ADD_DST});
+  EXPECT_EQ(NextStep(document, {0}, false), uint32_t{IDS_NEXT_ADD_DST});
   InsertDst(document, -1, {L"D:\\"});
-  EXPECT_EQ(NextStep(document, {}), uint32_t{IDS_NEXT_SELECT_TASK});
-  EXPECT_EQ(NextStep(document, {0}), uint32_t{IDS_NEXT_CHECK_DST});
+  EXPECT_EQ(NextStep(document, {}, false), uint32_t{IDS_NEXT_SELECT_TASK});
+  EXPECT_EQ(NextStep(document, {0}, false), uint32_t{IDS_NEXT_CHECK_DST});
   SetUse(document, {0}, 0, true);
-  EXPECT_EQ(NextStep(document, {0}), uint32_t{IDS_NEXT_RUN});
+  EXPECT_EQ(NextStep(document, {0}, false), uint32_t{IDS_NEXT_RUN});
+  EXPECT_EQ(NextStep(document, {0}, true), uint32_t{IDS_NEXT_RUNNING});
 }
 
 }  // namespace

@@ -7,7 +7,8 @@
 
 namespace qlm {
 
-uint32_t NextStep(const CDocument& document, const CRows& selectedTasks) {
+uint32_t NextStep(const CDocument& document, const CRows& selectedTasks, bool running) {
+  if (running) return IDS_NEXT_RUNNING;
   const CTasks& tasks = document.Tasks();
   if (tasks.empty()) return IDS_NEXT_ADD_TASK;
   if (document.Dsts().empty()) return IDS_NEXT_ADD_DST;

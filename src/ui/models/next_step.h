@@ -9,6 +9,6 @@ namespace qlm {
 class CDocument;
 
 // The text that tells the user what to do next: one of IDS_NEXT_*.
-uint32_t NextStep(const CDocument& document, const CRows& selectedTasks);
+uint32_t NextStep(const CDocument& document, const CRows& selectedTasks, bool running);
 
 }  // namespace qlm
