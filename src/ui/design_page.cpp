@@ -90,27 +90,19 @@ void CDesignPage::FocusRefused() {
 
 bool CDesignPage::OnInit() {
   m_design = m_context.settings.design;
-  FillFromTexts(IDC_BRUSH_TYPE, IDS_BRUSH_DEFAULT, kBrushes, static_cast<int>(m_design.bkBrushType));
-  FillFromTexts(IDC_IMAGE_TYPE, IDS_IMAGE_DEFAULT, kImages, static_cast<int>(m_design.bkImgType));
-  FillFromTexts(IDC_IMAGE_FIT, IDS_FIT_NONE, kFits, static_cast<int>(m_design.bkImgFitType));
-  FillFromTexts(IDC_IMAGE_ORIGIN, IDS_ORIGIN_LT, kOrigins, static_cast<int>(m_design.bkImgOrigin));
+  FillFromTexts(Item(IDC_BRUSH_TYPE), m_context.ports.engine.texts, IDS_BRUSH_DEFAULT, kBrushes,
+                static_cast<int>(m_design.bkBrushType));
+  FillFromTexts(Item(IDC_IMAGE_TYPE), m_context.ports.engine.texts, IDS_IMAGE_DEFAULT, kImages,
+                static_cast<int>(m_design.bkImgType));
+  FillFromTexts(Item(IDC_IMAGE_FIT), m_context.ports.engine.texts, IDS_FIT_NONE, kFits,
+                static_cast<int>(m_design.bkImgFitType));
+  FillFromTexts(Item(IDC_IMAGE_ORIGIN), m_context.ports.engine.texts, IDS_ORIGIN_LT, kOrigins,
+                static_cast<int>(m_design.bkImgOrigin));
   SetItemText(IDC_BRUSH_PATH, m_design.bkBrushPath);
   SetItemText(IDC_IMAGE_PATH, m_design.bkImgPath);
   SetChecked(IDC_SHOW_DESCRIPTION, m_design.showDesc);
   EnableControls();
   return false;
-}
-
-void CDesignPage::FillFromTexts(int id, UINT firstText, int count, int chosen) {
-  std::vector<std::wstring> items;
-  for (int i = 0; i < count; ++i)
-    items.push_back(m_context.ports.engine.texts.Text(firstText + static_cast<UINT>(i)));
-  FillCombo(Item(id), items);
-  ::SendMessageW(Item(id), CB_SETCURSEL, static_cast<WPARAM>(chosen), 0);
-}
-
-int CDesignPage::Chosen(int id) const {
-  return static_cast<int>(::SendMessageW(Item(id), CB_GETCURSEL, 0, 0));
 }
 
 bool CDesignPage::OnCommand(int id, int code) {
@@ -137,10 +129,10 @@ bool CDesignPage::OnCommand(int id, int code) {
 }
 
 void CDesignPage::OnChosen() {
-  m_design.bkBrushType = static_cast<BrushType>(Chosen(IDC_BRUSH_TYPE));
-  m_design.bkImgType = static_cast<BkImgType>(Chosen(IDC_IMAGE_TYPE));
-  m_design.bkImgFitType = static_cast<FitType>(Chosen(IDC_IMAGE_FIT));
-  m_design.bkImgOrigin = static_cast<ImgOrigin>(Chosen(IDC_IMAGE_ORIGIN));
+  m_design.bkBrushType = static_cast<BrushType>(Chosen(Item(IDC_BRUSH_TYPE)));
+  m_design.bkImgType = static_cast<BkImgType>(Chosen(Item(IDC_IMAGE_TYPE)));
+  m_design.bkImgFitType = static_cast<FitType>(Chosen(Item(IDC_IMAGE_FIT)));
+  m_design.bkImgOrigin = static_cast<ImgOrigin>(Chosen(Item(IDC_IMAGE_ORIGIN)));
   EnableControls();
   Edited();
 }

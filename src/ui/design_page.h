@@ -30,8 +30,6 @@ class CDesignPage : public CSettingsPage {
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
-  void FillFromTexts(int id, UINT firstText, int count, int chosen);
-  int Chosen(int id) const;
   std::wstring PathIn(int id) const;
   bool OnPath(int id, int code);
   void OnChosen();

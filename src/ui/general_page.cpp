@@ -36,14 +36,14 @@ void CGeneralPage::Store(CSettings& settings) {
   CArchiveSetting archive = settings.archive;
   const my::CWipeAtEnd wipe(archive.password);
   archive.sevenZipPath = ArchiverPath();
-  archive.passwordType = static_cast<PasswordType>(Chosen(IDC_PASSWORD_TYPE));
+  archive.passwordType = static_cast<PasswordType>(Chosen(Item(IDC_PASSWORD_TYPE)));
   archive.hidePassword = IsChecked(IDC_HIDE_PASSWORD);
   if (archive.passwordType == PasswordType::SAVE) {
     my::Wipe(archive.password);
     archive.password = ItemText(IDC_PASSWORD);
   }
   SetArchiveSetting(settings.archive, archive);
-  settings.ui.powerOffType = static_cast<PowerOffType>(Chosen(IDC_POWER_OFF_TYPE));
+  settings.ui.powerOffType = static_cast<PowerOffType>(Chosen(Item(IDC_POWER_OFF_TYPE)));
   settings.ui.hybridShutdown = IsChecked(IDC_HYBRID_SHUTDOWN);
   settings.ui.installUpdates = IsChecked(IDC_INSTALL_UPDATES);
 }
@@ -73,7 +73,7 @@ void CGeneralPage::InitArchiver() {
 
 void CGeneralPage::InitPassword() {
   const CArchiveSetting& setting = m_context.settings.archive;
-  FillFromTexts(IDC_PASSWORD_TYPE, IDS_PASSWORD_TYPE_EXEC, kPasswordTypes,
+  FillFromTexts(Item(IDC_PASSWORD_TYPE), m_context.ports.engine.texts, IDS_PASSWORD_TYPE_EXEC, kPasswordTypes,
                 static_cast<int>(setting.passwordType));
   SetItemText(IDC_PASSWORD, setting.password);
   SetChecked(IDC_HIDE_PASSWORD, setting.hidePassword);
@@ -83,20 +83,11 @@ void CGeneralPage::InitPassword() {
 
 void CGeneralPage::InitPowerOff() {
   const CUISetting& setting = m_context.settings.ui;
-  FillFromTexts(IDC_POWER_OFF_TYPE, IDS_POWER_OFF_TYPE_LOGOFF, kPowerOffTypes,
-                static_cast<int>(setting.powerOffType));
+  FillFromTexts(Item(IDC_POWER_OFF_TYPE), m_context.ports.engine.texts, IDS_POWER_OFF_TYPE_LOGOFF,
+                kPowerOffTypes, static_cast<int>(setting.powerOffType));
   SetChecked(IDC_HYBRID_SHUTDOWN, setting.hybridShutdown);
   SetChecked(IDC_INSTALL_UPDATES, setting.installUpdates);
   ShowPowerOffType();
-}
-
-void CGeneralPage::FillFromTexts(int id, UINT firstText, int count, int chosen) {
-  std::vector<std::wstring> items;
-  for (int i = 0; i < count; ++i) {
-    items.push_back(m_context.ports.engine.texts.Text(firstText + static_cast<UINT>(i)));
-  }
-  FillCombo(Item(id), items);
-  ::SendMessageW(Item(id), CB_SETCURSEL, static_cast<WPARAM>(chosen), 0);
 }
 
 bool CGeneralPage::OnCommand(int id, int code) {
@@ -175,14 +166,14 @@ void CGeneralPage::ShowArchiverVersion() {
 }
 
 void CGeneralPage::ShowPasswordType() {
-  const int type = Chosen(IDC_PASSWORD_TYPE);
+  const int type = Chosen(Item(IDC_PASSWORD_TYPE));
   const UINT text = IDS_PASSWORD_DESC_EXEC + static_cast<UINT>(type);
   SetItemText(IDC_PASSWORD_DESC, m_context.ports.engine.texts.Text(text));
   EnableItem(IDC_PASSWORD, static_cast<PasswordType>(type) == PasswordType::SAVE);
 }
 
 void CGeneralPage::ShowPowerOffType() {
-  const int type = Chosen(IDC_POWER_OFF_TYPE);
+  const int type = Chosen(Item(IDC_POWER_OFF_TYPE));
   const UINT text = IDS_POWER_OFF_DESC_LOGOFF + static_cast<UINT>(type);
   SetItemText(IDC_POWER_OFF_DESC, m_context.ports.engine.texts.Text(text));
   const bool turnsOff = static_cast<PowerOffType>(type) == PowerOffType::POWEROFF;
@@ -194,10 +185,6 @@ void CGeneralPage::ShowPowerOffType() {
 std::wstring CGeneralPage::ArchiverPath() const {
   const std::wstring text = ItemText(IDC_ARCHIVER_PATH);
   return std::wstring(my::Trim(text, L" \t\r\n\""));
-}
-
-int CGeneralPage::Chosen(int id) const {
-  return static_cast<int>(::SendMessageW(Item(id), CB_GETCURSEL, 0, 0));
 }
 
 }  // namespace qlm

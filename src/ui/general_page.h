@@ -27,14 +27,12 @@ class CGeneralPage : public CSettingsPage {
   void InitArchiver();
   void InitPassword();
   void InitPowerOff();
-  void FillFromTexts(int id, UINT firstText, int count, int chosen);
   bool OnArchiverPath(int code);
   void BrowseArchiver();
   void ShowArchiverVersion();
   void ShowPasswordType();
   void ShowPowerOffType();
   std::wstring ArchiverPath() const;
-  int Chosen(int id) const;
 
   CAppContext& m_context;
 };
