@@ -38,10 +38,22 @@ std::unique_ptr<Gdiplus::Bitmap> LoadPicture(int id) {
   return picture->GetLastStatus() == Gdiplus::Ok ? std::move(picture) : nullptr;
 }
 
-// One picture of the strip with its transparency.
-my::CBitmap CutOut(Gdiplus::Bitmap& strip, int index, int size) {
+// Wine draws menus without regard to the transparency of their pictures.
+bool BlendsMenuPictures() {
+  return ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "wine_get_version") == nullptr;
+}
+
+Gdiplus::Color MenuColor() {
+  Gdiplus::Color color;
+  color.SetFromCOLORREF(::GetSysColor(COLOR_MENU));
+  return color;
+}
+
+// One picture of the strip.
+my::CBitmap CutOut(Gdiplus::Bitmap& strip, int index, int size, const Gdiplus::Color& background) {
   Gdiplus::Bitmap one(size, size, PixelFormat32bppPARGB);
   Gdiplus::Graphics graphics(&one);
+  graphics.Clear(background);
   graphics.DrawImage(&strip, Gdiplus::Rect(0, 0, size, size), index * size, 0, size, size,
                      Gdiplus::UnitPixel);
   HBITMAP bitmap = nullptr;
@@ -56,9 +68,12 @@ CToolImages::CToolImages(UINT dpi) {
   m_size = strip.size;
   m_list = my::CImageList(::ImageList_Create(m_size, m_size, ILC_COLOR32, kToolIconCount, 0));
   const auto picture = LoadPicture(strip.id);
+  const Gdiplus::Color transparent(0, 0, 0, 0);
+  const Gdiplus::Color menuColor = BlendsMenuPictures() ? transparent : MenuColor();
   for (int i = 0; picture && i < kToolIconCount; ++i) {
-    m_bitmaps.push_back(CutOut(*picture, i, m_size));
-    ::ImageList_Add(m_list.Get(), m_bitmaps.back().Get(), nullptr);
+    const my::CBitmap clear = CutOut(*picture, i, m_size, transparent);
+    ::ImageList_Add(m_list.Get(), clear.Get(), nullptr);
+    m_bitmaps.push_back(CutOut(*picture, i, m_size, menuColor));
   }
 }
 

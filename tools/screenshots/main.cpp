@@ -44,6 +44,7 @@ void ShootMain() {
   ShootAtAllDpis(test::DialogWith(IDC_RESULT_LIST), L"results");
   ::SendMessageW(test::DialogWith(IDC_RESULT_LIST), WM_CLOSE, 0, 0);
   Shoot(b.frame->Hwnd(), L"main_error");
+  ShootMenu(b.frame->Hwnd(), L'e', L"menu");
   ShootAtAllDpis(b.frame->Hwnd(), L"main_document");
 }
 

@@ -41,10 +41,7 @@ void Save(HBITMAP bitmap, const std::wstring& name) {
 }
 
 // What stands on the screen where the window is, so that its menus and frame are in the picture.
-void Shoot(HWND window, const std::wstring& name) {
-  ::SetForegroundWindow(window);
-  ::RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW | RDW_FRAME);
-  test::Pump();
+void Capture(HWND window, const std::wstring& name) {
   const RECT bounds = test::Bounds(window);
   const SIZE size = test::Size(window);
   const my::CWindowDc screen(nullptr);
@@ -55,6 +52,28 @@ void Shoot(HWND window, const std::wstring& name) {
     ::BitBlt(memory.Get(), 0, 0, size.cx, size.cy, screen.Get(), bounds.left, bounds.top, SRCCOPY);
   }
   Save(bitmap.Get(), name);
+}
+
+void ShootMenu(HWND window, wchar_t key, const std::wstring& name) {
+  static HWND s_window;
+  static std::wstring s_name;
+  s_window = window;
+  s_name = name;
+  const auto shoot = [](HWND, UINT, UINT_PTR timer, DWORD) {
+    ::KillTimer(nullptr, timer);
+    Capture(s_window, s_name);
+    ::EndMenu();
+  };
+  ::SetTimer(nullptr, 0, 500, shoot);
+  ::SendMessageW(window, WM_SYSCOMMAND, SC_KEYMENU, key);
+  test::Pump();
+}
+
+void Shoot(HWND window, const std::wstring& name) {
+  ::SetForegroundWindow(window);
+  ::RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW | RDW_FRAME);
+  test::Pump();
+  Capture(window, name);
 }
 
 void ShootAtAllDpis(HWND window, const std::wstring& name) {

@@ -17,6 +17,8 @@ bool Wanted(const std::wstring& name);
 void Save(HBITMAP bitmap, const std::wstring& name);
 void Shoot(HWND window, const std::wstring& name);  // as it stands on the screen
 
+void ShootMenu(HWND window, wchar_t key, const std::wstring& name);  // with the menu of that key open
+
 // Also as if it came to screens of 150 and 200 %.
 void ShootAtAllDpis(HWND window, const std::wstring& name);
 
