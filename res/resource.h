@@ -418,6 +418,7 @@
 #define IDS_DROP_FILTER_ON_TASK      713
 #define IDS_DROP_UNKNOWN             714
 #define IDS_NO_RECENT                715
+#define IDS_ERROR_COUNT              716
 
 // Design: 800-899. Brushes, images, fits and corners: first id + BrushType, BkImgType, FitType, ImgOrigin.
 #define IDS_DESIGN_PAGE              800

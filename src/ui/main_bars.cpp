@@ -23,7 +23,7 @@ constexpr int kCountsPart = 2;
 
 // Pixels at 96 DPI.
 constexpr int kProgressWidth = 200;
-constexpr int kCountsWidth = 190;
+constexpr int kCountsWidth = 250;
 
 int HeightOf(HWND window) {
   RECT bounds{};

@@ -27,11 +27,16 @@ const my::IMessageTexts& TextsOf(CApplication& app) {
   return app.Context().ports.engine.texts;
 }
 
-std::wstring CountsText(CApplication& app) {
+std::wstring CountsText(CApplication& app, size_t errors) {
+  std::wstring text;
+  if (errors != 0) {
+    const my::CMsgArg count = std::to_wstring(errors);
+    text = my::MakeText(TextsOf(app), IDS_ERROR_COUNT, {&count, 1}) + L"  ";
+  }
   const CDocument& document = app.Document();
   const my::CMsgArg counts[] = {std::to_wstring(document.Tasks().size()),
                                 std::to_wstring(document.Dsts().size())};
-  return my::MakeText(TextsOf(app), IDS_ITEM_COUNTS, counts);
+  return text + my::MakeText(TextsOf(app), IDS_ITEM_COUNTS, counts);
 }
 
 // The row of the list under a point of the screen.
@@ -264,7 +269,7 @@ void CMainFrame::CheckFilter() {
 
 void CMainFrame::OnDocumentChanged(DocChangeEventFlags what) {
   m_parts->view.OnDocumentChanged(Has(what, DocChangeEventFlags::RESET));
-  m_parts->statusBar.ShowCounts(CountsText(*m_app));
+  ShowCounts();
   UpdateTitle();
   UpdateCommands();
 }
@@ -347,6 +352,10 @@ void CMainFrame::ShowRunStatus() {
   m_parts->indicator.ShowProgress(Hwnd(), run.Progress(), run.HasErrors());
 }
 
+void CMainFrame::ShowCounts() const {
+  m_parts->statusBar.ShowCounts(CountsText(*m_app, m_parts->results.ErrorCount()));
+}
+
 void CMainFrame::ShowRunState() {
   const bool active = m_app->Run().IsActive();
   m_parts->toolBar.Change(ID_RUN, active ? IDS_TOOL_STOP : IDS_TOOL_RUN,
@@ -359,6 +368,7 @@ void CMainFrame::ShowRunState() {
   }
   m_runShown = active;
   ShowRunStatus();
+  ShowCounts();
   UpdateCommands();
 }
 

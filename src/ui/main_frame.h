@@ -93,7 +93,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void OnRunEnded();
   bool MayEndSession() const;
   void CheckFilter();
-  void ShowTargets();
+  void ShowCounts() const;
   void UpdateCommands() const;
   void UseDpi(UINT dpi);
   void ShowIcons();

@@ -76,6 +76,10 @@ TEST_F(Session, test_run_shows_what_it_found_and_an_error_shows_the_results) {
   EXPECT_FALSE(test::DialogWith(IDC_RESULT_LIST));
   a.RunToEnd();
   EXPECT_TRUE(test::DialogWith(IDC_RESULT_LIST));
+  wchar_t status[200] = L"";
+  ::SendMessageW(::GetDlgItem(a.frame->Hwnd(), IDC_STATUS_BAR), SB_GETTEXTW, 2,
+                 reinterpret_cast<LPARAM>(status));
+  EXPECT_EQ(std::wstring(status).find(L"エラー 1 件"), 0U) << status;
 }
 
 TEST_F(Session, replace_preview_is_seen_in_the_lists_and_follows_the_selection) {

@@ -37,6 +37,11 @@ void CResultListModel::ShowResults(size_t firstRow, const CResults& rows) {
   std::copy(rows.begin(), rows.end(), m_rows.begin() + static_cast<std::ptrdiff_t>(firstRow));
 }
 
+size_t CResultListModel::ErrorCount() const {
+  const auto failed = [](const CResultPtr& row) { return static_cast<bool>(row->error); };
+  return static_cast<size_t>(std::count_if(m_rows.begin(), m_rows.end(), failed));
+}
+
 std::string CResultListModel::Csv() const {
   std::wstring csv = L"\xFEFF";
   const auto line = [&](const auto& field) {

@@ -20,6 +20,7 @@ class CResultListModel : public CTableModel {
   void Clear() { m_rows.clear(); }
 
   const CResults& Rows() const { return m_rows; }
+  size_t ErrorCount() const;
   const CResult& Row(size_t row) const { return *m_rows[row]; }
   const CResultPtr& Shared(size_t row) const { return m_rows[row]; }
 
