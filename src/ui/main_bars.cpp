@@ -96,11 +96,15 @@ int CStatusBar::Height() const {
 }
 
 void CStatusBar::ShowRun(const std::wstring& text, const CRunProgress& progress, bool hasErrors) const {
-  ::SendMessageW(m_bar, SB_SETTEXTW, kRunPart, reinterpret_cast<LPARAM>(text.c_str()));
+  ShowText(text);
   ::ShowWindow(m_progress, text.empty() ? SW_HIDE : SW_SHOWNA);
   ::SendMessageW(m_progress, PBM_SETRANGE32, 0, static_cast<LPARAM>(progress.range));
   ::SendMessageW(m_progress, PBM_SETSTATE, hasErrors ? PBST_ERROR : PBST_NORMAL, 0);
   ::SendMessageW(m_progress, PBM_SETPOS, progress.position, 0);
+}
+
+void CStatusBar::ShowText(const std::wstring& text) const {
+  ::SendMessageW(m_bar, SB_SETTEXTW, kRunPart, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
 void CStatusBar::ShowCounts(const std::wstring& text) const {

@@ -42,6 +42,7 @@ class CStatusBar {
   int Height() const;
 
   void ShowRun(const std::wstring& text, const CRunProgress& progress, bool hasErrors) const;
+  void ShowText(const std::wstring& text) const;  // in place of the run's, until that is shown again
   void ShowCounts(const std::wstring& text) const;
   void UseFont(HFONT font) const { ::SendMessageW(m_bar, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE); }
   void Resize(UINT dpi) const;

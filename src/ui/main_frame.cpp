@@ -164,6 +164,7 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_COMMAND: OnCommand(LOWORD(wParam)); return 0;
     case WM_INITMENUPOPUP: OnMenu(reinterpret_cast<HMENU>(wParam)); return 0;
+    case WM_MENUSELECT: OnMenuSelect(LOWORD(wParam), HIWORD(wParam)); return 0;
     case WM_DROPFILES: OnDrop(reinterpret_cast<HDROP>(wParam)); return 0;
     case WM_DPICHANGED: {
       const RECT& bounds = *reinterpret_cast<const RECT*>(lParam);
@@ -249,6 +250,14 @@ void CMainFrame::OnMenu(HMENU menu) const {
   ::CheckMenuItem(menu, ID_FULL_SCREEN, MF_BYCOMMAND | (m_fullScreen ? MF_CHECKED : MF_UNCHECKED));
   EnableItems(menu, [this](int id) { return IsEnabled(id); });
   ShowPictures(menu, m_images);
+}
+
+// A command that has a text of its own in the string table is explained by its first line.
+void CMainFrame::OnMenuSelect(int id, UINT flags) {
+  const bool isItem = (flags & (MF_POPUP | MF_SEPARATOR | MF_SYSMENU)) == 0;
+  const std::wstring text = isItem ? TextsOf(*m_app).Text(static_cast<uint32_t>(id)) : std::wstring();
+  if (text.empty()) return ShowRunStatus();
+  m_parts->statusBar.ShowText(text.substr(0, text.find(L'\n')));
 }
 
 void CMainFrame::OnDrop(HDROP drop) {

@@ -89,6 +89,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void Execute(int id);
   bool IsEnabled(int id) const;
   void OnMenu(HMENU menu) const;
+  void OnMenuSelect(int id, UINT flags);
   void OnDrop(HDROP drop);
   void OnRunEnded();
   bool MayEndSession() const;

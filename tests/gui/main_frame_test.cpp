@@ -54,6 +54,20 @@ TEST(MainFrame, every_menu_item_and_key_is_known_to_somebody) {
   }
 }
 
+TEST(MainFrame, menu_item_is_explained_while_it_is_selected) {
+  CGuiApp a;
+  const auto selected = [&a](WORD id, WORD flags) {
+    ::SendMessageW(a.frame->Hwnd(), WM_MENUSELECT, MAKEWPARAM(id, flags), 0);
+    wchar_t text[200] = L"";
+    ::SendMessageW(::GetDlgItem(a.frame->Hwnd(), IDC_STATUS_BAR), SB_GETTEXTW, 0,
+                   reinterpret_cast<LPARAM>(text));
+    return std::wstring(text);
+  };
+  EXPECT_EQ(selected(ID_REPLACE, 0), L"指定のテキストを置換します");
+  EXPECT_EQ(selected(ID_POWER_OFF, 0), L"コンピューターの電源を切ります");
+  EXPECT_EQ(selected(0, 0xFFFF), L"") << "the menu has gone";
+}
+
 TEST(MainFrame, keys_reach_their_commands_in_the_list_that_has_the_keyboard) {
   CGuiApp a;
   a.AddTask(L"a", L"C:\\a");
