@@ -11,23 +11,6 @@ void KeepAwake(bool keep) {
   ::SetThreadExecutionState(keep ? ES_CONTINUOUS | ES_SYSTEM_REQUIRED : ES_CONTINUOUS);
 }
 
-// The functions are missing where sessions end without a question.
-template <class Function>
-Function SessionFunction(const char* name) {
-  const HMODULE module = ::GetModuleHandleW(L"user32.dll");
-  return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(::GetProcAddress(module, name)));
-}
-
-void HoldSession(HWND window, const std::wstring& reason) {
-  const auto hold = SessionFunction<BOOL(WINAPI*)(HWND, LPCWSTR)>("ShutdownBlockReasonCreate");
-  if (hold) hold(window, reason.c_str());
-}
-
-void FreeSession(HWND window) {
-  const auto free = SessionFunction<BOOL(WINAPI*)(HWND)>("ShutdownBlockReasonDestroy");
-  if (free) free(window);
-}
-
 }  // namespace
 
 CRunIndicator::CRunIndicator() {
@@ -47,17 +30,15 @@ void CRunIndicator::ShowProgress(HWND window, const CRunProgress& progress, bool
   m_taskbar->SetProgressValue(window, progress.position, progress.range);
 }
 
-void CRunIndicator::Begin(HWND window, const std::wstring& reason) {
+void CRunIndicator::Begin() {
   m_active = true;
   KeepAwake(true);
-  HoldSession(window, reason);
 }
 
 void CRunIndicator::End(HWND window, bool hasErrors) {
   if (!m_active) return;
   m_active = false;
   KeepAwake(false);
-  FreeSession(window);
   // An error stays red until the next run, so that it is seen.
   if (m_taskbar) m_taskbar->SetProgressState(window, hasErrors ? TBPF_ERROR : TBPF_NOPROGRESS);
   if (::GetForegroundWindow() == window) return;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "support/exception.h"
+#include "ui/framework/disabled_windows.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/failures.h"
 #include "ui/framework/window_placement.h"
@@ -56,6 +57,7 @@ CDialog::~CDialog() {
 
 int CDialog::DoModal(HWND parent) {
   m_modal = true;
+  const CDisabledWindows others(parent);
   const INT_PTR result = ::DialogBoxParamW(Instance(), MAKEINTRESOURCEW(m_templateId), parent, Thunk,
                                            reinterpret_cast<LPARAM>(this));
   const DWORD error = ::GetLastError();
@@ -108,6 +110,10 @@ std::optional<LRESULT> CDialog::OnMessage(UINT, WPARAM, LPARAM) {
 }
 
 void CDialog::OnClosed(int) {}
+
+void CDialog::Remember() {
+  if (m_placement && m_hwnd) *m_placement = ReadPlacement(m_hwnd);
+}
 
 INT_PTR CALLBACK CDialog::Thunk(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
   if (message == WM_INITDIALOG) {
@@ -231,7 +237,7 @@ void CDialog::RethrowFailure() {
 }
 
 void CDialog::OnDestroy() {
-  if (m_placement) *m_placement = ReadPlacement(m_hwnd);
+  Remember();
   m_translation = {};
   OnClosed(m_result);
 }

@@ -39,16 +39,22 @@ qlm::CRect WindowBounds(HWND window) {
 }
 
 qlm::CDlgSetting ReadPlacement(HWND window) {
-  const bool minimized = ::IsIconic(window) != FALSE;
-  if (!minimized && !::IsZoomed(window)) return {false, WindowBounds(window)};
+  if (!::IsIconic(window) && !::IsZoomed(window)) return {false, WindowBounds(window)};
   WINDOWPLACEMENT placement{};
   placement.length = sizeof placement;
   ::GetWindowPlacement(window, &placement);
+  return ReadPlacement(window, placement);
+}
+
+qlm::CDlgSetting ReadPlacement(HWND window, const WINDOWPLACEMENT& placement) {
   RECT normal = placement.rcNormalPosition;
   // The system counts these from the work area, not from the screen.
   const MONITORINFO screen = ScreenOf(window);
   ::OffsetRect(&normal, screen.rcWork.left - screen.rcMonitor.left, screen.rcWork.top - screen.rcMonitor.top);
-  return {!minimized || (placement.flags & WPF_RESTORETOMAXIMIZED) != 0, FromRect(normal)};
+  const bool minimized = placement.showCmd == SW_SHOWMINIMIZED;
+  const bool maximized =
+      minimized ? (placement.flags & WPF_RESTORETOMAXIMIZED) != 0 : placement.showCmd == SW_SHOWMAXIMIZED;
+  return {maximized, FromRect(normal)};
 }
 
 void PlaceWindow(HWND window, const qlm::CRect& bounds) {

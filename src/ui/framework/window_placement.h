@@ -18,6 +18,9 @@ qlm::CRect WindowBounds(HWND window);
 // The bounds of the restored window, also of a maximized or minimized one.
 qlm::CDlgSetting ReadPlacement(HWND window);
 
+// The same of a window that had this placement when it was on its present screen.
+qlm::CDlgSetting ReadPlacement(HWND window, const WINDOWPLACEMENT& placement);
+
 // Moves the window to `bounds`, pulled back onto a screen; does not show it.
 void PlaceWindow(HWND window, const qlm::CRect& bounds);
 
