@@ -6,11 +6,11 @@
 #include <utility>
 
 #include "support/exception.h"
+#include "ui/framework/combo_texts.h"
 #include "ui/framework/disabled_windows.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/failures.h"
 #include "ui/framework/window_placement.h"
-#include "ui/models/placement.h"
 
 namespace my {
 namespace {
@@ -183,7 +183,7 @@ void CDialog::InitPlacement() {
   qlm::CRect bounds = DefaultBounds(m_hwnd, smallest);
   if (m_placement && m_placement->rect != qlm::CRect{}) {
     // Pulled back before sums are made of it: the settings file may hold any numbers.
-    const qlm::CRect pulled = PullBack(m_placement->rect, WorkAreas());
+    const qlm::CRect pulled = PulledBack(m_hwnd, m_placement->rect);
     bounds = {pulled.left, pulled.top, pulled.left + smallest.cx, pulled.top + smallest.cy};
     if (IsResizable()) {
       bounds.right = std::max(bounds.right, pulled.right);
@@ -207,6 +207,7 @@ void CDialog::ChangeDpi(UINT dpi, const RECT& suggested) {
 }
 
 void CDialog::UseFont() {
+  const CComboTexts texts(m_hwnd);
   // The old one must live until no control uses it.
   CFont font = MessageFont(m_dpi);
   ::SendMessageW(m_hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), FALSE);
