@@ -310,7 +310,16 @@
 #define IDS_PASSWORD_BAD_CHARACTER 496
 #define IDS_PATH_NOT_RESPONDING 497
 
-// Columns and kinds in lists: 500-559.
+// Reasons why a regular expression is refused: 521-527.
+#define IDS_REGEX_BRACKETS 521
+#define IDS_REGEX_BRACES 522
+#define IDS_REGEX_ESCAPE 523
+#define IDS_REGEX_BACK_REFERENCE 524
+#define IDS_REGEX_REPEAT 525
+#define IDS_REGEX_CLASS 526
+#define IDS_REGEX_EXTENSION 527
+
+// Columns and kinds in lists: 500-520, 540-559.
 #define IDS_COL_TASK_ID 500
 #define IDS_COL_TASK_PATH 501
 #define IDS_COL_TASK_FILTER 502

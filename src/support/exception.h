@@ -31,9 +31,10 @@ inline constexpr uint32_t kErrorFileExists = 80;
 inline constexpr uint32_t kErrorDiskFull = 112;
 inline constexpr uint32_t kErrorAlreadyExists = 183;
 
-// A text of the string table as an argument of another one.
+// A text of the string table as an argument of another one, with arguments of its own.
 struct CTextId {
   uint32_t id = 0;
+  std::vector<std::wstring> args = {};
 
   friend bool operator==(const CTextId&, const CTextId&) = default;
 };

@@ -29,6 +29,14 @@ TEST(Strings, utf8_marks_every_byte_that_is_no_text) {
   }
 }
 
+TEST(Strings, half_a_character_does_not_stand_in_a_message) {
+  CException failure(IDS_WARNING, {std::wstring(L"𠮷") + wchar_t(0xD842) + L"b"});
+  failure.SetWhere(std::wstring(L"C:\\") + wchar_t(0xDFB7));
+  EXPECT_EQ(MakeErrorText(texts, failure),
+            L"警告: 𠮷\xFFFD"
+            L"b\n\nC:\\\xFFFD");
+}
+
 TEST(Paths, way_up_ends_at_the_root) {
   // Each path with all its parents.
   for (const std::vector<std::wstring>& way : std::vector<std::vector<std::wstring>>{
