@@ -9,6 +9,7 @@
 #include "engine/backup_thread.h"
 #include "platform/console.h"
 #include "platform/message_texts.h"
+#include "platform/power.h"
 #include "resource.h"
 #include "run/archive_choice.h"
 #include "run/exit_codes.h"
@@ -60,6 +61,7 @@ class CRunSession : private IRunObserver {
       job->SetPassword(archive.password);
       m_controller.Add(job);
     }
+    const std::unique_ptr<my::IStayAwake> awake = m_ports.power.KeepAwake();
     m_controller.Start(m_options.listOnly, false);
     while (m_controller.IsActive()) {
       m_controller.WaitForJobs(kTickMs);
