@@ -107,11 +107,14 @@ runner=$!
 await_archiver "$work/dst" >/dev/null || fail 'the archiver did not start'
 kill -9 $runner
 wait $runner 2>/dev/null || true
-for ((waited = 0; waited < 50; ++waited)); do
+for ((waited = 0; waited < 500; ++waited)); do
   [[ $(archivers "$work/dst") ]] || break
   sleep 0.02
 done
-[[ ! $(archivers "$work/dst") ]] || fail 'the archiver outlives the runner'
+[[ ! $(archivers "$work/dst") ]] || fail 'the archiver does not end'
+for archive in "$work"/dst/_tmp*_2019*.zip; do
+  ! "$native" t "$archive" >/dev/null 2>&1 || fail 'the archiver has outlived the runner'
+done
 expect_no_file "$work/dst/書類_2019.zip"
 rm -f $(comm -13 <(printf '%s\n' "$lists_before") <(lists)) # the killed runner could not
 echo PASS
