@@ -291,6 +291,11 @@
 #define IDS_REFUSED_DURING_REPLACE   470
 
 // Further checks of the engine, the readers and the command line.
+#define IDS_PATH_UNREADABLE          471
+#define IDS_LIST_FOLDER_FAILED       472
+#define IDS_NAME_ONLY_DOTS           473
+#define IDS_NAME_IS_DEVICE           474
+#define IDS_NAME_HAS_COLON           475
 #define IDS_ARCHIVE_INCOMPLETE       480
 #define IDS_DOCTYPE_REFUSED          481
 #define IDS_READ_BACK_FAILED         482
