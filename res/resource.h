@@ -313,6 +313,7 @@
 #define IDS_DOCUMENT_KIND            494
 #define IDS_TOO_MANY_DSTS            495
 #define IDS_PASSWORD_BAD_CHARACTER   496
+#define IDS_PATH_NOT_RESPONDING      497
 
 // Columns and kinds in lists: 500-559.
 #define IDS_COL_TASK_ID              500

@@ -1,15 +1,40 @@
 #include "support/paths.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 
 #include "resource.h"
 #include "support/exception.h"
+#include "support/strings.h"
 
 namespace my {
 namespace {
 
 constexpr std::wstring_view kSeparators = L"\\/";
+
+// The position after the separator that ends the component at `from`, or the path's length.
+size_t AfterComponent(std::wstring_view path, size_t from) {
+  const size_t end = path.find_first_of(kSeparators, from);
+  return end == path.npos ? path.size() : end + 1;
+}
+
+// The length of a root of the forms "\\server\share\", "\\?\C:\" and "\\?\UNC\server\share\". The last
+// separator may be missing.
+size_t NetworkRootLength(std::wstring_view path) {
+  const size_t first = AfterComponent(path, 2);
+  const size_t second = AfterComponent(path, first);
+  const bool device = first == 4 && (path[2] == L'?' || path[2] == L'.');
+  if (!device || !EqualNoCase(path.substr(first, 3), L"UNC") || second != first + 4) return second;
+  return AfterComponent(path, AfterComponent(path, second));
+}
+
+// The length of the part that has no parent ("C:\", "\", a share), 0 for a relative path.
+size_t RootLength(std::wstring_view path) {
+  if (path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1])) return NetworkRootLength(path);
+  if (path.size() >= 3 && path[1] == L':' && IsSeparator(path[2])) return 3;
+  return !path.empty() && IsSeparator(path[0]) ? 1 : 0;
+}
 
 // Names in a row that may be refused before the folder itself is taken to be the reason.
 constexpr int kMostRefusals = 10;
@@ -41,10 +66,10 @@ std::wstring JoinPath(std::wstring_view folder, std::wstring_view name) {
 }
 
 std::wstring_view ParentPath(std::wstring_view path) {
+  const size_t root = RootLength(path);
   const size_t at = path.find_last_of(kSeparators);
-  if (at == path.npos) return {};
-  const bool driveRoot = at == 2 && path[1] == L':';
-  return path.substr(0, driveRoot ? at + 1 : at);
+  if (at == path.npos || root == path.size()) return {};
+  return path.substr(0, std::max(root, at));
 }
 
 std::wstring_view LastComponent(std::wstring_view path) {
@@ -60,7 +85,8 @@ CStemAndExtension SplitExtension(std::wstring_view name) {
 
 std::wstring TakeTemporaryPath(std::wstring_view path, const CTakePath& take) {
   const std::wstring_view name = LastComponent(path);
-  if (name.empty()) throw CException(IDS_PATH_NO_FILE_NAME, {std::wstring(path)});
+  if (name.empty() || RootLength(path) == path.size())
+    throw CException(IDS_PATH_NO_FILE_NAME, {std::wstring(path)});
   const CStemAndExtension parts = SplitExtension(name);
   std::wstring tail = L"_" + std::wstring(parts.stem);
   if (!parts.extension.empty()) tail.append(L".").append(parts.extension);

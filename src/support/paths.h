@@ -16,8 +16,9 @@ constexpr bool IsSeparator(wchar_t c) {
 // `folder` and `name` with exactly one separator between them; an empty folder yields the name alone.
 std::wstring JoinPath(std::wstring_view folder, std::wstring_view name);
 
-// The path without its last component and the separator before that ("C:\a" of "C:\a\b"); the root of a
-// drive keeps its separator ("C:\" of "C:\a"); empty when there is no parent.
+// The path without its last component and the separator before that ("C:\a" of "C:\a\b"). A root keeps its
+// separator ("C:\" of "C:\a", "\\server\share\" of "\\server\share\a"). Empty if there is no parent: for a
+// root and for a single relative name.
 std::wstring_view ParentPath(std::wstring_view path);
 
 // What follows the last separator; empty when the path ends in one.

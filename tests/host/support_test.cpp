@@ -30,17 +30,34 @@ TEST(Strings, utf8_marks_every_byte_that_is_no_text) {
   }
 }
 
+TEST(Paths, way_up_ends_at_the_root) {
+  // Each path with all its parents.
+  for (const std::vector<std::wstring>& way : std::vector<std::vector<std::wstring>>{
+           {L"Q:\\a/b\\c", L"Q:\\a/b", L"Q:\\a", L"Q:\\"},
+           {L"\\\\server\\share\\a\\b", L"\\\\server\\share\\a", L"\\\\server\\share\\"},
+           {L"//server/share"},
+           {L"\\\\server"},
+           {L"\\\\?\\C:\\a", L"\\\\?\\C:\\"},
+           {L"\\\\?\\unc\\server\\share\\a", L"\\\\?\\unc\\server\\share\\"},
+           {L"\\a", L"\\"},
+           {L"a\\b", L"a"}}) {
+    std::vector<std::wstring> walked{way[0]};
+    while (walked.size() < 9 && !ParentPath(walked.back()).empty())
+      walked.emplace_back(ParentPath(walked.back()));
+    EXPECT_EQ(walked, way);
+  }
+}
+
 TEST(Paths, name_that_is_taken_is_not_used) {
   std::wstring taken;
   const auto take = [&](const std::wstring& path) { return taken.find(path + L"|") == taken.npos; };
-  EXPECT_EQ(ParentPath(L"C:\\a"), L"C:\\");
-  EXPECT_EQ(ParentPath(L"C:\\a/b"), L"C:\\a");
   EXPECT_EQ(TakeTemporaryPath(L"C:\\d.e\\a", take), L"C:\\d.e\\_tmp_a");
   EXPECT_EQ(TakeNumberedPath(L"C:\\t\\", L"q", L".x", take), L"C:\\t\\q0.x");
   taken = L"C:\\_tmp_a.b.zip|C:\\_tmp1_a.b.zip|C:\\t\\q0.x|";
   EXPECT_EQ(TakeTemporaryPath(L"C:\\a.b.zip", take), L"C:\\_tmp2_a.b.zip");
   EXPECT_EQ(TakeNumberedPath(L"C:\\t", L"q", L".x", take), L"C:\\t\\q1.x");
-  EXPECT_EQ(test::ThrownId([&] { TakeTemporaryPath(L"C:\\d\\", take); }), IDS_PATH_NO_FILE_NAME);
+  for (const wchar_t* nameless : {L"C:\\d\\", L"\\\\server\\share"})
+    EXPECT_EQ(test::ThrownId([&] { TakeTemporaryPath(nameless, take); }), IDS_PATH_NO_FILE_NAME);
 }
 
 TEST(Paths, name_that_is_being_deleted_is_stepped_over_but_not_a_denied_folder) {
