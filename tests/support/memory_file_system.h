@@ -69,11 +69,12 @@ class CMemoryFileSystem : public my::IFileSystem {
 
   // A symbolic link: listed with size 0, opened as the file that it names. Without one it is a junction that
   // denies listing.
-  void AddLink(const std::wstring& path, std::wstring target = {}) {
+  void AddLink(const std::wstring& path, std::wstring target = {}, my::CFileTime time = {}) {
     AddFolder(std::wstring(my::ParentPath(path)));
     const CEntryPtr entry = Insert(path, target.empty());
     entry->attributes |= my::kAttributeLink;
     entry->linkTarget = std::move(target);
+    entry->time = time;
   }
 
   void AddFolder(const std::wstring& path) {
@@ -432,7 +433,7 @@ class CMemoryFileSystem : public my::IFileSystem {
     step.RefuseIf(target && target->folder, my::kErrorAccessDenied);
     step.RefuseIf(source->open || (target && target->open), my::kErrorSharingViolation);
     const uint32_t refusal = source->folder ? my::kErrorAccessDenied : my::kErrorSharingViolation;
-    if (!step.crash) step.RefuseIf(source->renameRefusals-- > 0, refusal);
+    if (!step.Broken()) step.RefuseIf(source->renameRefusals-- > 0, refusal);
     if (!step.crash) step.End();
     std::erase(m_entries, target);
     for (const CEntryPtr& entry : m_entries) {
