@@ -41,8 +41,8 @@ void CCommandQuit::Execute(bool run) {
   if (m_skipSave) return;
   RunInline(m_context, false, [this] {
     const CAppPorts& ports = m_context.ports;
-    SaveSettings(ports.engine.files, ports.dom, SettingsPath(ports.folders, ports.engine.texts),
-                 m_context.settings);
+    SaveSettings(ports.engine.files, ports.engine.clock, ports.dom,
+                 SettingsPath(ports.folders, ports.engine.texts), m_context.settings);
   });
 }
 

@@ -14,7 +14,6 @@
 #include "run/archive_choice.h"
 #include "run/exit_codes.h"
 #include "run/run_output.h"
-#include "support/paths.h"
 
 namespace qlm {
 namespace {
@@ -98,9 +97,9 @@ class CRunSession : private IRunObserver {
 
   // A folder that could not be read is missing in the backup, and nobody else would tell.
   void WarnOfUnlisted(const CResult& row) {
-    for (const std::wstring& folder : row.targets->Unlisted()) {
-      const my::CMsgArg path = my::JoinPath(row.task->path, folder);
-      const my::CMsgArg text = my::MakeText(m_ports.engine.texts, IDS_FOLDERS_NOT_LISTED, {&path, 1});
+    for (const CUnlistedFolder& unlisted : row.targets->Unlisted()) {
+      const my::CMsgArg what = UnlistedText(m_ports.engine.texts, *row.task, unlisted);
+      const my::CMsgArg text = my::MakeText(m_ports.engine.texts, IDS_FOLDERS_NOT_LISTED, {&what, 1});
       m_ports.console.Write(my::IConsole::Stream::ERRORS,
                             my::MakeText(m_ports.engine.texts, IDS_WARNING, {&text, 1}) + L"\n");
     }

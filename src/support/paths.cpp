@@ -36,12 +36,20 @@ size_t RootLength(std::wstring_view path) {
   return !path.empty() && IsSeparator(path[0]) ? 1 : 0;
 }
 
-// Counts n = 0, 1, 2, ... until the path that `candidate` makes of it is free.
-std::wstring FirstFree(const std::function<std::wstring(uint32_t)>& candidate,
-                       const std::function<bool(const std::wstring&)>& exists) {
+// Names in a row that may be refused before the folder itself is taken to be the reason.
+constexpr int kMostRefusals = 10;
+
+// Counts n = 0, 1, 2, ... until the path that `candidate` makes of it could be taken.
+std::wstring TakeFirst(const std::function<std::wstring(uint32_t)>& candidate, const CTakePath& take) {
+  int refusals = 0;
   for (uint32_t n = 0; n < std::numeric_limits<uint32_t>::max(); ++n) {
     std::wstring path = candidate(n);
-    if (!exists(path)) return path;
+    try {
+      if (take(path)) return path;
+      refusals = 0;
+    } catch (const CException& failure) {
+      if (!failure.SystemError().Is(kErrorAccessDenied) || ++refusals == kMostRefusals) throw;
+    }
   }
   throw CException(IDS_TEMP_PATH_FAILED);
 }
@@ -75,8 +83,7 @@ CStemAndExtension SplitExtension(std::wstring_view name) {
   return {name.substr(0, dot), name.substr(dot + 1)};
 }
 
-std::wstring FreeTemporaryPath(std::wstring_view path,
-                               const std::function<bool(const std::wstring&)>& exists) {
+std::wstring TakeTemporaryPath(std::wstring_view path, const CTakePath& take) {
   const std::wstring_view name = LastComponent(path);
   if (name.empty() || RootLength(path) == path.size())
     throw CException(IDS_PATH_NO_FILE_NAME, {std::wstring(path)});
@@ -87,15 +94,15 @@ std::wstring FreeTemporaryPath(std::wstring_view path,
   const auto candidate = [&](uint32_t n) {
     return JoinPath(parent, L"_tmp" + (n == 0 ? std::wstring() : std::to_wstring(n)) + tail);
   };
-  return FirstFree(candidate, exists);
+  return TakeFirst(candidate, take);
 }
 
-std::wstring FreeNumberedPath(std::wstring_view folder, std::wstring_view prefix, std::wstring_view suffix,
-                              const std::function<bool(const std::wstring&)>& exists) {
+std::wstring TakeNumberedPath(std::wstring_view folder, std::wstring_view prefix, std::wstring_view suffix,
+                              const CTakePath& take) {
   const auto candidate = [&](uint32_t n) {
     return JoinPath(folder, std::wstring(prefix) + std::to_wstring(n) + std::wstring(suffix));
   };
-  return FirstFree(candidate, exists);
+  return TakeFirst(candidate, take);
 }
 
 }  // namespace my

@@ -99,9 +99,9 @@ TEST_F(Runner, folder_that_cannot_be_read_is_warned_of) {
   files.AddFolder(L"C:\\src\\locked");
   files.FailAt(test::Op::FIND, 2, my::kErrorAccessDenied);
   EXPECT_EQ(Run({L"--task", L"plain"}), qlm::kExitDone);
-  EXPECT_EQ(
-      console.errors,
-      L"警告: 読み取れなかったため、バックアップに含まれないフォルダーがあります - C:\\src\\locked\\\n");
+  EXPECT_EQ(console.errors,
+            L"警告: 読み取れなかったため、バックアップに含まれないフォルダーがあります - C:\\src\\locked\\ "
+            L"(system error (0x80070005))\n");
 }
 
 }  // namespace

@@ -80,7 +80,7 @@ TEST_F(MsxmlDom, texts_come_back_as_they_were) {
     content.tasks.Insert(-1, task);
   }
   const std::wstring path = m_scratch.At(L"文書.qlmr");
-  qlm::SaveDocument(m_scratch.files, m_dom, qlm::CDocument(content), path);
+  qlm::SaveDocument(m_scratch.files, my::CWin32Clock(), m_dom, qlm::CDocument(content), path);
   const qlm::CDocument loaded = qlm::LoadDocument(m_scratch.files, m_dom, path);
   ASSERT_EQ(loaded.Tasks().size(), content.tasks.size());
   for (size_t i = 0; i < loaded.Tasks().size(); ++i) {
@@ -88,7 +88,8 @@ TEST_F(MsxmlDom, texts_come_back_as_they_were) {
     EXPECT_EQ(loaded.Tasks()[i]->dsts[1], loaded.Dsts()[0]) << "destinations are shared";
   }
   content.tasks[0]->path = L"control \x01";
-  EXPECT_THROW(qlm::SaveDocument(m_scratch.files, m_dom, qlm::CDocument(content), path), my::CException);
+  EXPECT_THROW(qlm::SaveDocument(m_scratch.files, my::CWin32Clock(), m_dom, qlm::CDocument(content), path),
+               my::CException);
   EXPECT_EQ(qlm::LoadDocument(m_scratch.files, m_dom, path).Tasks()[0]->path, L" ");
 }
 

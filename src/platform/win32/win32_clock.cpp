@@ -20,6 +20,10 @@ uint64_t CWin32Clock::TickCount() const {
   return ::GetTickCount64();
 }
 
+void CWin32Clock::Sleep(uint32_t ms) const {
+  ::Sleep(ms);
+}
+
 CCalendar CWin32Clock::LocalCalendar(CFileTime time) const {
   const FILETIME utc{static_cast<DWORD>(time.ticks), static_cast<DWORD>(time.ticks >> 32)};
   FILETIME local{};
