@@ -16,14 +16,14 @@ class CFakeFind : public my::IFindFiles {
   CFakeFind(size_t count, size_t nameLength, uint32_t attributes)
       : m_left(count), m_attributes(attributes), m_name(nameLength, L'0') {}
 
-  Result Next(my::CFindData& entry) override {
-    if (m_left == 0) return Result::END;
+  bool Next(my::CFindData& entry) override {
+    if (m_left == 0) return false;
     --m_left;
     size_t at = m_name.size() - 1;
     for (; m_name[at] == L'9'; --at) m_name[at] = L'0';
     ++m_name[at];
     entry = {m_name, {133'000'000'000'000'000}, 4096, m_attributes};
-    return Result::ENTRY;
+    return true;
   }
 
  private:
@@ -58,12 +58,14 @@ class CFakeFiles : public my::IFileSystem {
 
   uint64_t FileSize(const std::wstring&) override { Refuse(); }
   void CreateFolders(const std::wstring&) override { Refuse(); }
+  bool CreateNewFolder(const std::wstring&) override { Refuse(); }
+  uint64_t FlushFile(const std::wstring&, my::FlushDepth) override { Refuse(); }
   void Copy(const std::wstring&, const std::wstring&) override { Refuse(); }
   void Move(const std::wstring&, const std::wstring&) override { Refuse(); }
   void MoveOver(const std::wstring&, const std::wstring&) override { Refuse(); }
   void RemoveFile(const std::wstring&) override { Refuse(); }
   void RemoveFolder(const std::wstring&) override { Refuse(); }
-  std::unique_ptr<my::INewFile> CreateNewFile(const std::wstring&) override { Refuse(); }
+  std::unique_ptr<my::INewFile> CreateNewFile(const std::wstring&, my::FileLife) override { Refuse(); }
   std::string ReadFile(const std::wstring&, uint64_t, uint64_t) override { Refuse(); }
   std::wstring TemporaryFolder() override { Refuse(); }
 

@@ -11,6 +11,7 @@
 #include "engine/targets.h"
 #include "harness.h"
 #include "platform/win32/handle.h"
+#include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_file_system.h"
 #include "platform/win32/win32_process.h"
 #include "support/paths.h"
@@ -58,6 +59,7 @@ void MeasureZip(const COptions& options) {
   const std::wstring list = my::JoinPath(options.root, L"bench.txt");
   my::CWin32FileSystem files;
   my::CWin32Process process;
+  const my::CWin32Clock clock;
   const auto listed = [&] {
     qlm::CTargets targets;
     qlm::ListSource(files, qlm::CFilter(), nullptr, tree, targets);
@@ -70,7 +72,7 @@ void MeasureZip(const COptions& options) {
     return TimeMs(work);
   };
   const auto engine = [&] {
-    qlm::WriteArchive({files, process, nullptr},
+    qlm::WriteArchive({{files, clock, nullptr}, process},
                       {options.archiver, L"", tree, listed(), archive, qlm::DstType::ZIP});
   };
   const auto bare = [&] { RunBarely(options.archiver, L"a -ssw " + archive + L" @" + list, tree); };

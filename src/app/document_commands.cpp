@@ -89,7 +89,8 @@ void CCommandSave::Execute(bool run) {
   if (!run) return;
   std::wstring path = m_context.document.Path();
   if ((m_saveAs || path.empty()) && !ChoosePath(path)) return;
-  SaveDocument(m_context.ports.engine.files, m_context.ports.dom, m_context.document, path);
+  const CEnginePorts& engine = m_context.ports.engine;
+  SaveDocument(engine.files, engine.clock, m_context.ports.dom, m_context.document, path);
   Remember(m_context, path);
   m_context.document.SetSaved(path);
   m_context.window.UpdateTitle();

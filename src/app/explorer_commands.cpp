@@ -1,7 +1,11 @@
 #include "app/explorer_commands.h"
 
+#include <algorithm>
+
 #include "app/messenger.h"
 #include "document/document.h"
+#include "platform/bounded_call.h"
+#include "platform/clock.h"
 #include "platform/file_system.h"
 #include "platform/known_folders.h"
 #include "platform/message_texts.h"
@@ -10,10 +14,57 @@
 namespace qlm {
 namespace {
 
-std::wstring NearestExisting(my::IFileSystem& files, std::wstring path) {
-  while (!path.empty() && files.Kind(path) == my::PathKind::NONE) path = std::wstring(my::ParentPath(path));
-  return path;
+constexpr uint32_t kLookUpLimitMs = 4000;  // for all of a command
+
+struct CPlace {
+  std::wstring path;
+  my::PathKind kind = my::PathKind::NONE;
+  my::CSystemError error = my::CSystemError::FromWin32(my::kErrorPathNotFound);  // if it is NONE
+};
+
+CPlace PlaceAt(my::IFileSystem& files, const std::wstring& path) {
+  CPlace place{path};
+  try {
+    place.kind = files.Kind(path);
+  } catch (const my::CException& failure) {
+    place.error = {static_cast<int32_t>(failure.Detail())};  // unreachable or denied
+  }
+  return place;
 }
+
+// The path or its nearest parent that exists. If there is none, the path itself with its error.
+CPlace NearestPlace(my::IFileSystem& files, const std::wstring& path) {
+  CPlace origin = PlaceAt(files, path);
+  CPlace place = origin;
+  while (place.kind == my::PathKind::NONE) {
+    const std::wstring parent(my::ParentPath(place.path));
+    if (parent.empty()) return origin;
+    place = PlaceAt(files, parent);
+  }
+  return place;
+}
+
+// Looks places up on a thread of its own: a network that does not respond blocks for a minute.
+class CLookUp {
+ public:
+  explicit CLookUp(const CAppPorts& ports) : m_ports(ports) {}
+
+  // Calls PlaceAt or NearestPlace. Throws IDS_PATH_NOT_RESPONDING when the limit is reached.
+  CPlace Place(CPlace (&find)(my::IFileSystem&, const std::wstring&), const std::wstring& path) {
+    const my::IClock& clock = m_ports.engine.clock;
+    const uint64_t start = clock.TickCount();
+    my::IFileSystem& files = m_ports.engine.files;
+    auto place =
+        my::CallWithin(m_ports.threads, m_leftMs, [&files, &find, path] { return find(files, path); });
+    if (!place) throw my::CException(IDS_PATH_NOT_RESPONDING, {path});
+    m_leftMs -= static_cast<uint32_t>(std::min<uint64_t>(clock.TickCount() - start, m_leftMs));
+    return *std::move(place);
+  }
+
+ private:
+  const CAppPorts& m_ports;
+  uint32_t m_leftMs = kLookUpLimitMs;
+};
 
 const CTarget& TargetAt(const CTargets& targets, size_t row) {
   return targets.begin()[static_cast<std::ptrdiff_t>(row)];
@@ -29,20 +80,17 @@ const std::wstring& DestinationOf(const CResult& result) {
 void CCommandExplorer::Execute(bool run) {
   if (m_path.empty() && m_idList.empty()) throw my::CException(IDS_ID_LIST_EMPTY);
   if (!run) return;
-  my::IFileSystem& files = m_context.ports.engine.files;
   my::IShell& shell = m_context.ports.shell;
-  std::wstring path = m_path.empty() ? shell.PathOf(m_idList) : m_path;
-  if (files.Kind(path) == my::PathKind::NONE) {
+  const std::wstring path = m_path.empty() ? shell.PathOf(m_idList) : m_path;
+  CLookUp lookUp(m_context.ports);
+  CPlace place = lookUp.Place(PlaceAt, path);
+  if (place.kind == my::PathKind::NONE) {
     if (!m_context.messenger.Ask(IDS_ASK_OPEN_NEAREST_FOLDER)) return;
-    path = NearestExisting(files, path);
+    place = lookUp.Place(NearestPlace, path);
   }
-  const my::PathKind kind = files.Kind(path);
-  if (m_openFolder && kind == my::PathKind::FOLDER) return shell.Open(path);
-  if (kind == my::PathKind::NONE) {
-    const auto error = my::CSystemError::FromWin32(my::kErrorPathNotFound);
-    throw my::CException(IDS_SHELL_OPEN_FAILED, {error, path.empty() ? m_path : path});
-  }
-  shell.Run(L"EXPLORER.EXE", L"/n,/select,\"" + path + L"\"");
+  if (place.kind == my::PathKind::NONE) throw my::CException(IDS_SHELL_OPEN_FAILED, {place.error, path});
+  if (m_openFolder && place.kind == my::PathKind::FOLDER) return shell.Open(place.path);
+  shell.Run(L"EXPLORER.EXE", L"/n,/select,\"" + place.path + L"\"");
 }
 
 std::wstring SourceFolderOf(const CTasks& tasks, size_t row) {

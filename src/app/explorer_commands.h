@@ -22,7 +22,9 @@ class CCommandExplorer final : public CCommand {
   CCommandExplorer(CAppContext& context, my::CShellIdList idList, bool openFolder)
       : CCommand(context), m_idList(std::move(idList)), m_openFolder(openFolder) {}
 
-  // Throws IDS_ID_LIST_EMPTY without path and list, IDS_ID_LIST_TO_PATH_FAILED or IDS_SHELL_OPEN_FAILED.
+  // Throws IDS_ID_LIST_EMPTY without path and list, IDS_ID_LIST_TO_PATH_FAILED, IDS_SHELL_OPEN_FAILED, or
+  // IDS_PATH_NOT_RESPONDING after some seconds; the look-up then ends by itself, and uses the file system of
+  // the ports until then.
   void Execute(bool run) override;
 
  private:

@@ -43,8 +43,8 @@ void CCommandQuit::Store() {
   m_context.settings.ui.lastPath = m_context.document.Path();
   if (m_skipSave) return;
   const CAppPorts& ports = m_context.ports;
-  SaveSettings(ports.engine.files, ports.dom, SettingsPath(ports.folders, ports.engine.texts),
-               m_context.settings);
+  SaveSettings(ports.engine.files, ports.engine.clock, ports.dom,
+               SettingsPath(ports.folders, ports.engine.texts), m_context.settings);
 }
 
 void CCommandInit::Execute(bool run) {

@@ -93,12 +93,12 @@ CDocument LoadDocument(my::IFileSystem& files, my::IXmlDom& dom, const std::wstr
       path, [&] { return CDocument(ReadContent(my::LoadXmlFile(files, dom, path, kRoot).root), path); });
 }
 
-void SaveDocument(my::IFileSystem& files, my::IXmlDom& dom, const CDocument& document,
-                  const std::wstring& path) {
+void SaveDocument(my::IFileSystem& files, const my::IClock& clock, my::IXmlDom& dom,
+                  const CDocument& document, const std::wstring& path) {
   my::NamingFile(path, [&] {
     const std::string bytes = DocumentBytes(dom, document.Content());
     CheckReadsBack(dom, document, bytes, path);
-    my::SaveXmlFile(files, path, bytes);
+    my::SaveXmlFile(files, clock, path, bytes);
   });
 }
 

@@ -6,6 +6,7 @@
 #include "support/enum_names.h"
 
 namespace my {
+class IClock;
 class IFileSystem;
 class IXmlDom;
 }  // namespace my
@@ -26,8 +27,8 @@ CDocument LoadDocument(my::IFileSystem& files, my::IXmlDom& dom, const std::wstr
 
 // Writes the document to the file. A failure (the XML layer's messages, IDS_DST_NOT_COMMON) leaves the old
 // file as it was; what was written is known to read back as the same document.
-void SaveDocument(my::IFileSystem& files, my::IXmlDom& dom, const CDocument& document,
-                  const std::wstring& path);
+void SaveDocument(my::IFileSystem& files, const my::IClock& clock, my::IXmlDom& dom,
+                  const CDocument& document, const std::wstring& path);
 
 // What a document file has in it, as bytes. Throws what SaveDocument throws; a task's destinations must be
 // among the content's.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <boost/smart_ptr/make_shared.hpp>
-#include <stdexcept>
 
 #include "document/text_file.h"
 #include "platform/message_texts.h"
@@ -43,21 +42,15 @@ std::wstring WithBackslashes(std::wstring_view rule) {
   return expression;
 }
 
-my::CRegex Compile(const std::wstring& expression) {
-  try {
-    return my::CRegex(expression);
-  } catch (const std::runtime_error& failure) {
-    throw my::CException(IDS_REGEX_ERROR, {my::WideFromUtf8(failure.what())});
-  }
-}
-
 // Fills the item from its line and answers the text of its expression.
 std::wstring ParseRule(CFilterItem& item) {
   const wchar_t sign = item.line.front();
-  if (sign != L'+' && sign != L'-') throw my::CException(IDS_FILTER_BAD_SIGN, {std::wstring(1, sign)});
+  if (sign != L'+' && sign != L'-') {
+    throw my::CException(IDS_FILTER_BAD_SIGN, {std::wstring(my::FirstCharacter(item.line))});
+  }
   std::wstring expression = WithBackslashes(RulePart(item.line));
   item.exclude = sign == L'-';
-  item.expression = Compile(expression);
+  item.expression = my::CRegex(expression);
   return expression;
 }
 

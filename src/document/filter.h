@@ -57,7 +57,7 @@ class CFilter {
 
   // The first item whose expression is found in the path ("docs\a.txt"; a folder ends in "\"), null for none.
   // Owned by the filter. `scratch` is the caller's, so that threads may share a filter.
-  // Throws std::runtime_error when an expression runs away.
+  // Throws IDS_REGEX_TOO_COMPLEX when an expression runs away.
   const CFilterItem* Find(std::wstring_view relativePath, my::CRegexMatch& scratch) const;
 
  private:

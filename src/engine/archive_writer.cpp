@@ -8,7 +8,6 @@
 #include "engine/targets.h"
 #include "engine/task_base.h"
 #include "engine/zip_end_record.h"
-#include "platform/file_system.h"
 #include "platform/known_folders.h"
 #include "platform/process.h"
 #include "resource.h"
@@ -25,21 +24,13 @@ struct CNewListFile {
   std::unique_ptr<my::INewFile> file;
 };
 
-// Another run may take the same free name at the same moment; then the next one is tried.
 CNewListFile CreateListFile(my::IFileSystem& files) {
-  constexpr uint32_t kTaken =
-      static_cast<uint32_t>(my::CSystemError::FromWin32(my::kErrorFileExists).hresult);
-  const auto exists = [&files](const std::wstring& path) { return files.Kind(path) != my::PathKind::NONE; };
-  const std::wstring folder = files.TemporaryFolder();
-  for (;;) {
-    std::wstring path = my::FreeNumberedPath(folder, L"qlm", L".txt", exists);
-    try {
-      auto file = files.CreateNewFile(path);
-      return {std::move(path), std::move(file)};
-    } catch (const my::CException& failure) {
-      if (failure.Detail() != kTaken) throw;
-    }
-  }
+  CNewListFile list;
+  list.path = my::TakeNumberedPath(files.TemporaryFolder(), L"qlm", L".txt", [&](const std::wstring& path) {
+    list.file = files.CreateNewFile(path);
+    return list.file != nullptr;
+  });
+  return list;
 }
 
 // Writes a line for every counted file; answers how many there are.
@@ -48,7 +39,7 @@ uint64_t WriteList(my::INewFile& file, const CArchivePorts& ports, const CTarget
   std::string lines;
   uint64_t count = 0;
   for (const CTarget& target : targets) {
-    my::CheckStop(ports.stop);
+    my::CheckStop(ports.transfer.stop);
     if (!target.IsCountedFile()) continue;
     lines += my::Utf8FromWide(target.RelativePath());
     lines += '\n';
@@ -70,7 +61,8 @@ void RunArchiver(const CArchivePorts& ports, const CArchiveJob& job, const std::
   start.arguments.reserve(options.size() + job.archivePath.size() + listPath.size() + 3);
   // Neither path is quoted: a path with a blank reaches the archiver as two arguments.
   start.arguments.append(options).append(L" ").append(job.archivePath).append(L" @").append(listPath);
-  start.workingFolder = job.source;  // the list's relative paths begin there
+  // The list's relative paths begin there. Without a separator "D:" would be that drive's current folder.
+  start.workingFolder = job.source.ends_with(L':') ? job.source + my::kSeparator : job.source;
   const uint32_t exitCode = ports.process.Run(start);
   if (exitCode != 0) throw my::CException(IDS_PROCESS_EXIT_CODE, {std::to_wstring(exitCode)});
 }
@@ -102,14 +94,16 @@ std::wstring ArchiverOptions(DstType type, const std::wstring& password) {
 }
 
 void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job) {
-  CNewListFile list = CreateListFile(ports.files);
+  my::IFileSystem& files = ports.transfer.files;
+  CNewListFile list = CreateListFile(files);
   // Declared before the file is handed on, so that the file is closed before it is deleted.
-  const CAutoDeleteFile deleteList(ports.files, list.path);
+  const CAutoDeleteFile deleteList(files, list.path);
   const std::unique_ptr<my::INewFile> file = std::move(list.file);
   const uint64_t count = WriteList(*file, ports, job.targets);
   file->Close();
   RunArchiver(ports, job, list.path);
-  CheckArchive(ports.files, job.archivePath, count);
+  CheckArchive(files, job.archivePath, count);
+  FlushFresh(ports.transfer, job.archivePath, my::FlushDepth::DEVICE);
 }
 
 std::vector<std::wstring> ArchiverCandidates(const my::IKnownFolders& folders) {
@@ -122,7 +116,7 @@ std::vector<std::wstring> ArchiverCandidates(const my::IKnownFolders& folders) {
 
 std::wstring FindArchiver(my::IFileSystem& files, const my::IKnownFolders& folders) {
   for (const std::wstring& candidate : ArchiverCandidates(folders)) {
-    if (files.Kind(candidate) != my::PathKind::NONE) return candidate;
+    if (my::KindIfKnown(files, candidate) == my::PathKind::FILE) return candidate;
   }
   return {};
 }

@@ -7,12 +7,12 @@
 #include <vector>
 
 #include "document/dst.h"
+#include "engine/fresh_files.h"
 
 namespace my {
 class IFileSystem;
 class IKnownFolders;
 class IProcess;
-class IStopQuery;
 }  // namespace my
 
 namespace qlm {
@@ -20,9 +20,8 @@ namespace qlm {
 class CTargets;
 
 struct CArchivePorts {
-  my::IFileSystem& files;
+  CTransferPorts transfer;
   my::IProcess& process;
-  const my::IStopQuery* stop;
 };
 
 struct CArchiveJob {
@@ -34,9 +33,9 @@ struct CArchiveJob {
   DstType type;
 };
 
-// Archives every counted file of the list and looks at the archive before it believes the archiver. A stop is
-// noticed while the list is written; once the archiver runs, it is waited for.
-// Throws IDS_STOPPED, IDS_TEMP_PATH_FAILED, IDS_CREATE_FILE_FAILED, IDS_WRITE_FILE_FAILED,
+// Archives every counted file of the list, verifies the archive instead of trusting the exit code, and
+// flushes it to its device. A stop is noticed while the list is written; once the archiver runs, it is waited
+// for. Throws IDS_STOPPED, IDS_TEMP_PATH_FAILED, IDS_CREATE_FILE_FAILED, IDS_WRITE_FILE_FAILED,
 // IDS_CREATE_PROCESS_FAILED, IDS_PROCESS_EXIT_CODE, IDS_ARCHIVE_INCOMPLETE.
 void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job);
 

@@ -2,15 +2,31 @@
 
 #include "document/name_pattern.h"
 #include "engine/archive_writer.h"
+#include "engine/auto_delete_file.h"
 #include "engine/folder_copy.h"
+#include "engine/fresh_files.h"
 #include "engine/source_listing.h"
+#include "engine/temporary_target.h"
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
 #include "resource.h"
+#include "support/name_faults.h"
 #include "support/paths.h"
 #include "support/strings.h"
 
 namespace qlm {
+namespace {
+
+std::wstring_view DestinationFolder(const CDst& dst) {
+  return my::TrimEnd(my::Trim(dst.folder, my::kBlanks), L"/\\");
+}
+
+// What a finished backup is on disk.
+my::PathKind KindOf(const CDst& dst) {
+  return IsZip(dst.type) ? my::PathKind::FILE : my::PathKind::FOLDER;
+}
+
+}  // namespace
 
 void CBackupTask::SetTask(const qlm::CTask& task) {
   const auto copy = boost::make_shared<qlm::CTask>(task);
@@ -34,7 +50,10 @@ void CBackupTask::MainRun() {
   Notify();
   LoadFilter();
   ListTargets();
-  if (m_listOnly) return FillRow(m_task->dsts.empty() ? CTaskDsts() : CTaskDsts{m_task->dsts.front()});
+  if (m_listOnly) {
+    FillRow(m_task->dsts.empty() ? CTaskDsts() : CTaskDsts{m_task->dsts.front()});
+    return CheckDestinationNames();
+  }
   for (size_t i = 0; i < m_task->dsts.size(); ++i) {
     if (i > 0) AddRow();
     FillRow({m_task->dsts[i]});
@@ -82,23 +101,30 @@ std::wstring CBackupTask::DestinationPath(const CResult& row) const {
   if (!dst) return {};
   const std::wstring expanded = ExpandName(*dst, m_task->id, row.newestWriteTime, m_ports.clock);
   const std::wstring_view name = my::Trim(my::Trim(expanded, my::kBlanks), L"/\\");
-  const std::wstring_view folder = my::TrimEnd(my::Trim(dst->folder, my::kBlanks), L"/\\");
-  return std::wstring(folder).append(1, my::kSeparator).append(name);
+  return std::wstring(DestinationFolder(*dst)).append(1, my::kSeparator).append(name);
+}
+
+// Throws IDS_NAME_... if the system would take the destination's name for something else. Such a path exists,
+// or seems to be created, without any backup.
+void CBackupTask::CheckDestinationNames() const {
+  const CResult& row = m_rows.back();
+  if (!row.Dst()) return;
+  const std::wstring_view folder = DestinationFolder(*row.Dst());
+  const std::wstring_view name = std::wstring_view(row.destinationPath).substr(folder.size());
+  const auto fault = my::FindNameFault(folder, name);
+  if (fault) throw my::CException(fault->id, {fault->name});
 }
 
 void CBackupTask::BackUpTo(const CDst& dst) {
   const std::wstring path = LastRow().destinationPath;
   // Without a name of its own the path is the destination folder, which exists and would pass for a backup.
   if (my::LastComponent(path).empty()) throw my::CException(IDS_PATH_NO_FILE_NAME, {path});
+  CheckDestinationNames();
   if (IsUpToDate(dst)) return SetPhase(IDS_PHASE_SKIPPED);
-  const auto exists = [this](const std::wstring& candidate) {
-    return m_ports.files.Kind(candidate) != my::PathKind::NONE;
-  };
-  // A half-written backup must never bear the final name: the next run would take it for a finished one.
-  const std::wstring temporary = my::FreeTemporaryPath(path, exists);
-  m_ports.files.CreateFolders(IsZip(dst.type) ? std::wstring(my::ParentPath(temporary)) : temporary);
-  Transfer(dst, temporary);
-  m_ports.files.Move(temporary, path);
+  // A half-written backup must never have the final name: the next run would take it for a finished one.
+  const CTemporaryTarget temporary = TakeTemporaryTarget(m_ports.files, path, dst.type);
+  Transfer(dst, temporary.path);
+  if (!TakeFinalName(dst, temporary.path)) return SetPhase(IDS_PHASE_SKIPPED);
   LastRow().message = IDS_PHASE_CREATED;
 }
 
@@ -107,19 +133,32 @@ bool CBackupTask::IsUpToDate(const CDst& dst) const {
   const std::wstring& path = m_rows.back().destinationPath;
   const my::PathKind kind = m_ports.files.Kind(path);
   if (kind == my::PathKind::NONE) return false;
-  const my::PathKind wanted = IsZip(dst.type) ? my::PathKind::FILE : my::PathKind::FOLDER;
-  if (kind == wanted) return true;
+  if (kind == KindOf(dst)) return true;
   throw my::CException(IsZip(dst.type) ? IDS_TARGET_IS_FOLDER : IDS_TARGET_IS_FILE, {path});
 }
 
 void CBackupTask::Transfer(const CDst& dst, const std::wstring& temporaryPath) {
   if (!IsZip(dst.type)) {
     SetPhase(IDS_PHASE_COPYING);
-    return CopyToFolder(m_ports.files, m_stop, m_task->path, *m_targets, temporaryPath);
+    return CopyToFolder(TransferPorts(), m_task->path, *m_targets, temporaryPath);
   }
   SetPhase(IDS_PHASE_ARCHIVING);
-  WriteArchive({m_ports.files, m_ports.process, m_stop},
+  WriteArchive({TransferPorts(), m_ports.process},
                {m_archiverPath, m_password, m_task->path, *m_targets, temporaryPath, dst.type});
+}
+
+// Returns false if another run has created the same backup meanwhile; this one is then removed.
+bool CBackupTask::TakeFinalName(const CDst& dst, const std::wstring& temporaryPath) {
+  const std::wstring& path = LastRow().destinationPath;
+  try {
+    RenameFresh(TransferPorts(), temporaryPath, path);
+    return true;
+  } catch (const my::CException&) {
+    if (my::KindIfKnown(m_ports.files, path) != KindOf(dst)) throw;
+  }
+  const auto kind = IsZip(dst.type) ? CAutoDeleteFile::Kind::FILE : CAutoDeleteFile::Kind::FOLDER;
+  CAutoDeleteFile(m_ports.files, temporaryPath, kind).Delete();
+  return false;
 }
 
 void CBackupTask::AddRow() {

@@ -8,6 +8,7 @@
 
 #include "document/filter.h"
 #include "document/task.h"
+#include "engine/fresh_files.h"
 #include "engine/result.h"
 #include "engine/task_base.h"
 #include "support/secret.h"
@@ -68,15 +69,18 @@ class CBackupTask : public my::CTask<CBackupTask, CBackupTaskClient, my::CSimple
   void ListTargets();
   void FillRow(const CTaskDsts& dsts);
   std::wstring DestinationPath(const CResult& row) const;
+  void CheckDestinationNames() const;
   void BackUpTo(const CDst& dst);
   bool IsUpToDate(const CDst& dst) const;
   void Transfer(const CDst& dst, const std::wstring& temporaryPath);
+  bool TakeFinalName(const CDst& dst, const std::wstring& temporaryPath);
   void AddRow();
   void SetPhase(uint32_t message);
   void Publish();
   void Notify();
 
   CResult& LastRow() { return m_rows.back(); }
+  CTransferPorts TransferPorts() const { return {m_ports.files, m_ports.clock, m_stop}; }
 
   CEnginePorts m_ports;
   bool m_listOnly = false;

@@ -1,10 +1,8 @@
 #include "engine/folder_copy.h"
 
-#include <algorithm>
-
+#include "engine/fresh_files.h"
 #include "engine/targets.h"
 #include "engine/task_base.h"
-#include "platform/file_system.h"
 #include "resource.h"
 #include "support/exception.h"
 #include "support/paths.h"
@@ -13,36 +11,43 @@
 namespace qlm {
 namespace {
 
-// A system can answer that all went well after it read only a part of the file. The source may have grown or
-// shrunk since it was listed, so any size between then and now is that of a whole copy.
-void CheckCopied(my::IFileSystem& files, const CTarget& target, const std::wstring& from,
+// A system may report success for a truncated copy. A source that grows or shrinks meanwhile, such as a log,
+// is no failure: the copy is whole if it is as long as the source was when it was listed, or as it is now.
+void CheckCopied(my::IFileSystem& files, uint64_t listed, uint64_t copied, const std::wstring& from,
                  const std::wstring& to) {
-  const uint64_t copied = files.FileSize(to);
-  if (copied == target.Size()) return;
+  if (copied >= listed) return;
   const uint64_t now = files.FileSize(from);
-  if (copied >= std::min(now, target.Size()) && copied <= std::max(now, target.Size())) return;
+  if (copied >= now) return;
   const std::wstring sizes = std::to_wstring(now) + L" -> " + std::to_wstring(copied);
   throw my::CException(IDS_COPY_INCOMPLETE, {sizes, from, to});
 }
 
+void CopyFile(const CTransferPorts& ports, const CTarget& target, const std::wstring& from,
+              const std::wstring& to) {
+  const uint64_t listed = target.IsLink() ? ports.files.FileSize(from) : target.Size();
+  ports.files.Copy(from, to);
+  CheckCopied(ports.files, listed, FlushFresh(ports, to, my::FlushDepth::WRITE_OUT), from, to);
+}
+
 }  // namespace
 
-void CopyToFolder(my::IFileSystem& files, const my::IStopQuery* stop, const std::wstring& source,
-                  const CTargets& targets, const std::wstring& folder) {
+void CopyToFolder(const CTransferPorts& ports, const std::wstring& source, const CTargets& targets,
+                  const std::wstring& folder) {
+  std::wstring to;
   std::wstring lastParent;
   for (const CTarget& target : targets) {
-    my::CheckStop(stop);
+    my::CheckStop(ports.stop);
     if (!target.IsCountedFile()) continue;
-    const std::wstring from = my::JoinPath(source, target.RelativePath());
-    const std::wstring to = my::JoinPath(folder, target.RelativePath());
+    to = my::JoinPath(folder, target.RelativePath());
     const std::wstring_view parent = my::ParentPath(to);
     if (!my::EqualNoCase(parent, lastParent)) {
       lastParent = parent;
-      files.CreateFolders(lastParent);
+      ports.files.CreateFolders(lastParent);
     }
-    files.Copy(from, to);
-    CheckCopied(files, target, from, to);
+    CopyFile(ports, target, my::JoinPath(source, target.RelativePath()), to);
   }
+  // One flush of the device for all that was handed to it.
+  if (!to.empty()) FlushFresh(ports, to, my::FlushDepth::DEVICE);
 }
 
 }  // namespace qlm

@@ -2,6 +2,7 @@
 
 #include "platform/message_texts.h"
 #include "resource.h"
+#include "support/paths.h"
 #include "support/strings.h"
 
 namespace qlm {
@@ -14,6 +15,12 @@ std::wstring ResultText(const my::IMessageTexts& texts, const CResult& result) {
   const uint32_t id = result.message + (IDS_ERR_LISTING - IDS_PHASE_LISTING);
   const my::CMsgArg cause = result.error.message;
   return my::OneLine(my::MakeText(texts, id, {&cause, 1}));
+}
+
+std::wstring UnlistedText(const my::IMessageTexts& texts, const CTask& task,
+                          const CUnlistedFolder& unlisted) {
+  const my::CMsgArg error = unlisted.error;
+  return my::JoinPath(task.path, unlisted.folder) + L" (" + my::MakeText(texts, 0, {&error, 1}) + L")";
 }
 
 }  // namespace qlm

@@ -4,6 +4,7 @@
 #include "engine/targets.h"
 #include "engine/task_base.h"
 #include "platform/file_system.h"
+#include "support/exception.h"
 #include "support/paths.h"
 
 namespace qlm {
@@ -18,25 +19,43 @@ class CListing {
       : m_files(files), m_filter(filter), m_stop(stop), m_source(source), m_targets(targets) {}
 
   // Lists the folder that m_path names (relative, empty or with its "\" at the end).
-  void ListFolder() {
+  void ListFolder(uint32_t attributes) {
     const std::wstring pattern = my::JoinPath(my::JoinPath(m_source, m_path), L"*.*");
-    const auto find = pattern.size() < kPatternLimit ? m_files.Find(pattern) : nullptr;
-    if (!find) {
+    if (pattern.size() >= kPatternLimit)
+      return NoteUnlisted(my::CSystemError::FromWin32(my::kErrorNameTooLong));
+    std::unique_ptr<my::IFindFiles> find;
+    try {
+      find = m_files.Find(pattern);
+    } catch (const my::CException& failure) {
       // A source that cannot be read at all shows by itself: nothing is found in it.
-      if (!m_path.empty()) m_targets.AddUnlisted(m_path);
-      return;
+      if (m_path.empty() || IsGuardedLink(attributes, failure)) return;
+      return NoteUnlisted(failure.SystemError());
     }
-    for (;;) {
-      my::CFindData entry;
-      const auto result = find->Next(entry);
-      if (result == my::IFindFiles::Result::FAILED) return m_targets.AddUnlisted(m_path);
-      if (result == my::IFindFiles::Result::END) return;
+    my::CFindData entry;
+    while (Next(*find, entry)) {
       my::CheckStop(m_stop);
       AddEntry(entry);
     }
   }
 
  private:
+  // Every user folder has junctions such as "My Music" that lead to another folder of it under an old name.
+  // They deny listing to everybody, and what they lead to is listed where it is.
+  static bool IsGuardedLink(uint32_t attributes, const my::CException& failure) {
+    return (attributes & my::kAttributeLink) != 0 && failure.SystemError().Is(my::kErrorAccessDenied);
+  }
+
+  bool Next(my::IFindFiles& find, my::CFindData& entry) {
+    try {
+      return find.Next(entry);
+    } catch (const my::CException& failure) {
+      NoteUnlisted(failure.SystemError());
+      return false;
+    }
+  }
+
+  void NoteUnlisted(my::CSystemError error) { m_targets.AddUnlisted(m_path, error); }
+
   void AddEntry(const my::CFindData& entry) {
     const bool folder = (entry.attributes & my::kAttributeFolder) != 0;
     if (folder && (entry.name == L"." || entry.name == L"..")) return;
@@ -45,7 +64,7 @@ class CListing {
     if (folder) m_path += my::kSeparator;
     const CFilterItem* const item = m_filter.Items().empty() ? nullptr : m_filter.Find(m_path, m_scratch);
     const CTarget& target = m_targets.Add(m_path, entry, item);
-    if (folder && !target.IsExcluded()) ListFolder();
+    if (folder && !target.IsExcluded()) ListFolder(entry.attributes);
     m_path.resize(parentLength);
   }
 
@@ -62,7 +81,7 @@ class CListing {
 
 void ListSource(my::IFileSystem& files, const CFilter& filter, const my::IStopQuery* stop,
                 const std::wstring& source, CTargets& targets) {
-  CListing(files, filter, stop, source, targets).ListFolder();
+  CListing(files, filter, stop, source, targets).ListFolder(0);
 }
 
 }  // namespace qlm

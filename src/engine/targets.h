@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/file_system.h"
+#include "support/exception.h"
 #include "support/file_time.h"
 
 namespace qlm {
@@ -37,6 +38,9 @@ class CTarget {
   // The filter item that decided, null when none matched.
   const CFilterItem* FilterItem() const { return m_item; }
 
+  // A link has the size of the link, not of what it points to.
+  bool IsLink() const { return (m_attributes & my::kAttributeLink) != 0; }
+
   bool IsFolder() const { return (m_attributes & my::kAttributeFolder) != 0; }
   bool IsExcluded() const;
 
@@ -50,6 +54,12 @@ class CTarget {
   my::CFileTime m_lastWriteTime;
   uint64_t m_size;
   const CFilterItem* m_item;
+};
+
+// A folder that could not be listed, or not to its end.
+struct CUnlistedFolder {
+  std::wstring folder;  // relative to the source and ending in "\"; the source itself is ""
+  my::CSystemError error;
 };
 
 // Every entry below a task's source in listing order: a folder stands before its contents.
@@ -67,9 +77,11 @@ class CTargets {
   // Keeps a copy of the path.
   const CTarget& Add(std::wstring_view relativePath, const my::CFindData& found, const CFilterItem* item);
 
-  // The folders that could not be listed, or not to their end: relative to the source, which itself is "".
-  const std::vector<std::wstring>& Unlisted() const { return m_unlisted; }
-  void AddUnlisted(std::wstring_view relativeFolder) { m_unlisted.emplace_back(relativeFolder); }
+  // What is missing from the list, and so from every backup made of it.
+  const std::vector<CUnlistedFolder>& Unlisted() const { return m_unlisted; }
+  void AddUnlisted(std::wstring_view relativeFolder, my::CSystemError error) {
+    m_unlisted.push_back({std::wstring(relativeFolder), error});
+  }
 
  private:
   std::wstring_view Store(std::wstring_view text);
@@ -79,7 +91,7 @@ class CTargets {
   std::vector<std::unique_ptr<wchar_t[]>> m_blocks;
   size_t m_blockLeft = 0;
   wchar_t* m_blockNext = nullptr;
-  std::vector<std::wstring> m_unlisted;
+  std::vector<CUnlistedFolder> m_unlisted;
 };
 
 using CTargetsPtr = boost::shared_ptr<const CTargets>;

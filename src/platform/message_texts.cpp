@@ -7,9 +7,12 @@
 namespace my {
 namespace {
 
+// Names of files may hold half a character, which neither a console nor a file of texts takes.
 std::wstring ArgText(const IMessageTexts& texts, const CMsgArg& arg) {
-  if (const auto* text = std::get_if<std::wstring>(&arg)) return *text;
-  if (const auto* id = std::get_if<CTextId>(&arg)) return texts.Text(id->id);
+  if (const auto* text = std::get_if<std::wstring>(&arg)) return WellFormed(*text);
+  if (const auto* id = std::get_if<CTextId>(&arg)) {
+    return MakeText(texts, id->id, std::vector<CMsgArg>(id->args.begin(), id->args.end()));
+  }
   const CSystemError error = std::get<CSystemError>(arg);
   const std::wstring code = HexText(static_cast<uint32_t>(error.hresult));
   const std::wstring text = texts.SystemText(error.hresult);
@@ -34,7 +37,7 @@ std::wstring MakeText(const IMessageTexts& texts, uint32_t id, std::span<const C
 
 std::wstring MakeErrorText(const IMessageTexts& texts, const CException& failure) {
   std::wstring text = MakeText(texts, failure.Id(), failure.Args());
-  const std::wstring& where = failure.Where();
+  const std::wstring where = ArgText(texts, failure.Where());
   if (!where.empty() && text.find(where) == text.npos) text.append(L"\n\n").append(where);
   return text;
 }

@@ -1,4 +1,4 @@
-// The door to the computer's power. The GUI thread calls.
+// The port to the computer's power. The program's first thread calls.
 #pragma once
 
 #include <cstdint>
@@ -13,10 +13,19 @@ class IPrivilege {
   virtual ~IPrivilege() = default;
 };
 
+// Keeps the computer from falling asleep until it is destroyed, on the thread that has made it.
+class IStayAwake {
+ public:
+  virtual ~IStayAwake() = default;
+};
+
 // The actions answer the system's code, 0 for success. What they are given goes to the system as it is.
 class IPower {
  public:
   virtual ~IPower() = default;
+
+  // One at a time. The screen may still be switched off.
+  virtual std::unique_ptr<IStayAwake> KeepAwake() = 0;
 
   // Opens the process's token and enables the privilege. Throws IDS_OPEN_TOKEN_FAILED,
   // IDS_PRIVILEGE_NOT_FOUND or IDS_ADJUST_PRIVILEGE_FAILED. One that was not granted is not noticed here.

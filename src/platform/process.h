@@ -20,7 +20,8 @@ class IProcess {
 
   virtual ~IProcess() = default;
 
-  // Runs a program and answers its exit code. Callable from any thread.
+  // Runs a program and answers its exit code. A program that is waited for ends with this process, also if
+  // this process is killed. Callable from any thread.
   // Throws IDS_CREATE_PROCESS_FAILED, IDS_EXIT_CODE_FAILED.
   virtual uint32_t Run(const CProcessStart& start) = 0;
 };

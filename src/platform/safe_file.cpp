@@ -1,6 +1,7 @@
 #include "platform/safe_file.h"
 
 #include "platform/file_system.h"
+#include "platform/retry.h"
 #include "resource.h"
 #include "support/exception.h"
 #include "support/paths.h"
@@ -21,7 +22,7 @@ void CheckWritten(IFileSystem& files, const std::wstring& path, std::string_view
 
 // The failure that is on its way matters more than one of clearing up after it.
 void RemoveQuietly(IFileSystem& files, const std::wstring& path) {
-  if (files.Kind(path) != PathKind::FILE) return;
+  if (KindIfKnown(files, path) != PathKind::FILE) return;
   try {
     files.RemoveFile(path);
   } catch (const CException&) {
@@ -31,16 +32,19 @@ void RemoveQuietly(IFileSystem& files, const std::wstring& path) {
 
 }  // namespace
 
-void WriteFileSafely(IFileSystem& files, const std::wstring& path, std::string_view bytes) {
-  const auto exists = [&files](const std::wstring& candidate) {
-    return files.Kind(candidate) != PathKind::NONE;
-  };
-  const std::wstring temporary = FreeTemporaryPath(path, exists);
-  auto file = files.CreateNewFile(temporary);  // when this fails, what stands there is somebody else's
+void WriteFileSafely(IFileSystem& files, const IClock& clock, const std::wstring& path,
+                     std::string_view bytes) {
+  constexpr uint32_t kRenameLimitMs = 2000;  // a user is waiting
+  std::unique_ptr<INewFile> file;
+  const std::wstring temporary = TakeTemporaryPath(path, [&](const std::wstring& candidate) {
+    file = files.CreateNewFile(candidate);
+    return file != nullptr;
+  });
   try {
     WriteNew(std::move(file), bytes);
     CheckWritten(files, temporary, bytes);
-    files.MoveOver(temporary, path);
+    RetryWhileRefused(
+        clock, kRenameLimitMs, [&] { files.MoveOver(temporary, path); }, [] { return true; });
   } catch (...) {
     RemoveQuietly(files, temporary);
     throw;

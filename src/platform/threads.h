@@ -11,7 +11,7 @@ namespace my {
 
 inline constexpr uint32_t kNoTimeOut = std::numeric_limits<uint32_t>::max();
 
-// A thread that was started; must not be destroyed before it has ended.
+// A thread that was started. It may be destroyed while the thread runs; the thread then goes on by itself.
 class IRunningThread {
  public:
   virtual ~IRunningThread() = default;
@@ -23,6 +23,7 @@ class IRunningThread {
 class IThreads {
  public:
   static constexpr int kIdlePriority = -15;
+  static constexpr int kNormalPriority = 0;
 
   virtual ~IThreads() = default;
 

@@ -153,10 +153,10 @@ void AppendText(IXmlNode& parent, const std::wstring& name, const std::wstring& 
   parent.Append(name)->SetText(text);
 }
 
-void SaveXmlFile(IFileSystem& files, const std::wstring& path, std::string_view bytes) {
+void SaveXmlFile(IFileSystem& files, const IClock& clock, const std::wstring& path, std::string_view bytes) {
   NamingFile(path, [&] {
     try {
-      WriteFileSafely(files, path, bytes);
+      WriteFileSafely(files, clock, path, bytes);
     } catch (const CException& failure) {
       throw CException(IDS_XML_SAVE_FAILED, {failure.Cause()});
     }

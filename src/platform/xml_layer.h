@@ -14,6 +14,7 @@
 
 namespace my {
 
+class IClock;
 class IFileSystem;
 
 // The largest file that is loaded, in bytes: far above what a user's document comes to.
@@ -82,7 +83,7 @@ class CXmlBuilder {
 void AppendText(IXmlNode& parent, const std::wstring& name, const std::wstring& text);
 
 // Saves the bytes of a document. Throws IDS_XML_SAVE_FAILED; the old file is then as it was.
-void SaveXmlFile(IFileSystem& files, const std::wstring& path, std::string_view bytes);
+void SaveXmlFile(IFileSystem& files, const IClock& clock, const std::wstring& path, std::string_view bytes);
 
 // Runs the work; its failure then names the file.
 template <class Work>

@@ -2,12 +2,10 @@
 
 #include <algorithm>
 #include <boost/smart_ptr/make_shared.hpp>
-#include <stdexcept>
 #include <utility>
 
 #include "resource.h"
 #include "support/exception.h"
-#include "support/strings.h"
 
 namespace qlm {
 namespace {
@@ -63,13 +61,7 @@ std::wstring LibraryFormat(std::wstring_view format) {
 
 my::CRegex Compile(const std::wstring& expression) {
   if (expression.empty()) throw my::CException(IDS_REGEX_EMPTY);
-  try {
-    return my::CRegex(expression);
-  } catch (const std::runtime_error& failure) {
-    std::wstring what = my::WideFromUtf8(failure.what());
-    if (what.empty()) throw my::CException(IDS_REGEX_INVALID);
-    throw my::CException(IDS_REGEX_ERROR, {std::move(what)});
-  }
+  return my::CRegex(expression);
 }
 
 std::wstring ReplaceAll(const std::wstring& text, const std::wstring& src, const std::wstring& dst) {
@@ -118,12 +110,7 @@ CReplaceRule::CReplaceRule(CReplaceOptions options) : m_options(std::move(option
 
 std::wstring CReplaceRule::Value(ReplaceCol column, const std::wstring& value) const {
   if ((m_options.col & column) == 0 || m_options.src.empty()) return value;
-  if (!m_regex) return ReplaceAll(value, m_options.src, m_options.dst);
-  try {
-    return m_regex->Replace(value, m_format);
-  } catch (const std::runtime_error&) {
-    throw my::CException(IDS_REGEX_TOO_COMPLEX);
-  }
+  return m_regex ? m_regex->Replace(value, m_format) : ReplaceAll(value, m_options.src, m_options.dst);
 }
 
 CTaskPtr Replaced(const CReplaceRule& rule, const CTask& task) {

@@ -18,8 +18,7 @@ class CReplaceRule {
  public:
   CReplaceRule() = default;
 
-  // Compiles the expression when there is one. Throws IDS_REGEX_EMPTY, IDS_REGEX_INVALID or IDS_REGEX_ERROR
-  // with the library's text.
+  // Compiles the expression when there is one. Throws IDS_REGEX_EMPTY and what CRegex throws.
   explicit CReplaceRule(CReplaceOptions options);
 
   const CReplaceOptions& Options() const { return m_options; }

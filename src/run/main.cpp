@@ -12,6 +12,7 @@
 #include "platform/win32/win32_file_system.h"
 #include "platform/win32/win32_known_folders.h"
 #include "platform/win32/win32_message_texts.h"
+#include "platform/win32/win32_power.h"
 #include "platform/win32/win32_process.h"
 #include "platform/win32/win32_threads.h"
 #include "run/exit_codes.h"
@@ -34,6 +35,7 @@ int wmain(int argc, wchar_t** argv) {
   my::CWin32Process process;
   my::CWin32Threads threads;
   const my::CWin32KnownFolders folders;
-  return qlm::RunDocument({{files, clock, ansi, texts, process}, dom, threads, console, folders},
+  my::CWin32Power power;
+  return qlm::RunDocument({{files, clock, ansi, texts, process}, dom, threads, console, folders, power},
                           parsed.options);
 }

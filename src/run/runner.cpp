@@ -9,11 +9,11 @@
 #include "engine/backup_thread.h"
 #include "platform/console.h"
 #include "platform/message_texts.h"
+#include "platform/power.h"
 #include "resource.h"
 #include "run/archive_choice.h"
 #include "run/exit_codes.h"
 #include "run/run_output.h"
-#include "support/paths.h"
 
 namespace qlm {
 namespace {
@@ -60,6 +60,7 @@ class CRunSession : private IRunObserver {
       job->SetPassword(archive.password);
       m_controller.Add(job);
     }
+    const std::unique_ptr<my::IStayAwake> awake = m_ports.power.KeepAwake();
     m_controller.Start(m_options.listOnly, false);
     while (m_controller.IsActive()) {
       m_controller.WaitForJobs(kTickMs);
@@ -96,9 +97,9 @@ class CRunSession : private IRunObserver {
 
   // A folder that could not be read is missing in the backup, and nobody else would tell.
   void WarnOfUnlisted(const CResult& row) {
-    for (const std::wstring& folder : row.targets->Unlisted()) {
-      const my::CMsgArg path = my::JoinPath(row.task->path, folder);
-      const my::CMsgArg text = my::MakeText(m_ports.engine.texts, IDS_FOLDERS_NOT_LISTED, {&path, 1});
+    for (const CUnlistedFolder& unlisted : row.targets->Unlisted()) {
+      const my::CMsgArg what = UnlistedText(m_ports.engine.texts, *row.task, unlisted);
+      const my::CMsgArg text = my::MakeText(m_ports.engine.texts, IDS_FOLDERS_NOT_LISTED, {&what, 1});
       m_ports.console.Write(my::IConsole::Stream::ERRORS,
                             my::MakeText(m_ports.engine.texts, IDS_WARNING, {&text, 1}) + L"\n");
     }

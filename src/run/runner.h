@@ -6,6 +6,7 @@
 namespace my {
 class IConsole;
 class IKnownFolders;
+class IPower;
 class IThreads;
 class IXmlDom;
 }  // namespace my
@@ -18,6 +19,7 @@ struct CRunnerPorts {
   my::IThreads& threads;
   my::IConsole& console;
   const my::IKnownFolders& folders;
+  my::IPower& power;
 };
 
 // Runs a document as the options ask and answers the exit code (exit_codes.h). What keeps the run from

@@ -46,10 +46,10 @@ my::CVersion LoadSettings(my::IFileSystem& files, my::IXmlDom& dom, const std::w
                         [&] { return ReadSettings(my::LoadXmlFile(files, dom, path, kRoot).root, live); });
 }
 
-void SaveSettings(my::IFileSystem& files, my::IXmlDom& dom, const std::wstring& path,
+void SaveSettings(my::IFileSystem& files, const my::IClock& clock, my::IXmlDom& dom, const std::wstring& path,
                   const CSettings& settings) {
   files.CreateFolders(std::wstring(my::ParentPath(path)));
-  my::NamingFile(path, [&] { my::SaveXmlFile(files, path, SettingsBytes(dom, settings)); });
+  my::NamingFile(path, [&] { my::SaveXmlFile(files, clock, path, SettingsBytes(dom, settings)); });
 }
 
 }  // namespace qlm

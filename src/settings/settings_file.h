@@ -5,6 +5,7 @@
 #include "support/value_codecs.h"
 
 namespace my {
+class IClock;
 class IFileSystem;
 class IKnownFolders;
 class IMessageTexts;
@@ -30,7 +31,7 @@ my::CVersion LoadSettings(my::IFileSystem& files, my::IXmlDom& dom, const std::w
 
 // Writes the file, and makes its folder when there is none (IDS_CREATE_FOLDER_FAILED). The password is left
 // out unless the user wants it stored. A failure (the XML layer's messages) leaves the old file as it was.
-void SaveSettings(my::IFileSystem& files, my::IXmlDom& dom, const std::wstring& path,
+void SaveSettings(my::IFileSystem& files, const my::IClock& clock, my::IXmlDom& dom, const std::wstring& path,
                   const CSettings& settings);
 
 }  // namespace qlm

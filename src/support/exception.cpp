@@ -11,11 +11,11 @@ uint32_t CException::Code() const {
   return m_id != 0 ? m_id : Detail();
 }
 
-uint32_t CException::Detail() const {
+CSystemError CException::SystemError() const {
   for (const CMsgArg& arg : m_args) {
-    if (const auto* error = std::get_if<CSystemError>(&arg)) return static_cast<uint32_t>(error->hresult);
+    if (const auto* error = std::get_if<CSystemError>(&arg)) return *error;
   }
-  return 0;
+  return {};
 }
 
 CMsgArg CException::Cause() const {

@@ -20,20 +20,26 @@ struct CSystemError {
     return {value > 0 ? static_cast<int32_t>((code & 0xFFFF) | 0x80070000u) : value};
   }
 
-  friend bool operator==(const CSystemError&, const CSystemError&) = default;
+  // Whether this is the Win32 code `code`.
+  constexpr bool Is(uint32_t code) const { return *this == FromWin32(code); }
+
+  friend constexpr bool operator==(const CSystemError&, const CSystemError&) = default;
 };
 
 // Win32 codes that the program itself names.
 inline constexpr uint32_t kErrorFileNotFound = 2;
 inline constexpr uint32_t kErrorPathNotFound = 3;
 inline constexpr uint32_t kErrorAccessDenied = 5;
+inline constexpr uint32_t kErrorSharingViolation = 32;
 inline constexpr uint32_t kErrorFileExists = 80;
 inline constexpr uint32_t kErrorDiskFull = 112;
 inline constexpr uint32_t kErrorAlreadyExists = 183;
+inline constexpr uint32_t kErrorNameTooLong = 206;
 
-// A text of the string table as an argument of another one.
+// A text of the string table as an argument of another one, with arguments of its own.
 struct CTextId {
   uint32_t id = 0;
+  std::vector<std::wstring> args = {};
 
   friend bool operator==(const CTextId&, const CTextId&) = default;
 };
@@ -54,8 +60,9 @@ class CException : public std::exception {
   // The id, or for the system's own text its HRESULT: never 0.
   uint32_t Code() const;
 
-  // The HRESULT of the first system error among the arguments, 0 when there is none.
-  uint32_t Detail() const;
+  // The first system error among the arguments, one of value 0 if there is none.
+  CSystemError SystemError() const;
+  uint32_t Detail() const { return static_cast<uint32_t>(SystemError().hresult); }
 
   // What went wrong below this failure, to be named by a message about the whole: the first argument, or
   // the failure's own text when there is none.

@@ -1,22 +1,55 @@
 #include "support/paths.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 
 #include "resource.h"
 #include "support/exception.h"
+#include "support/strings.h"
 
 namespace my {
 namespace {
 
 constexpr std::wstring_view kSeparators = L"\\/";
 
-// Counts n = 0, 1, 2, ... until the path that `candidate` makes of it is free.
-std::wstring FirstFree(const std::function<std::wstring(uint32_t)>& candidate,
-                       const std::function<bool(const std::wstring&)>& exists) {
+// The position after the separator that ends the component at `from`, or the path's length.
+size_t AfterComponent(std::wstring_view path, size_t from) {
+  const size_t end = path.find_first_of(kSeparators, from);
+  return end == path.npos ? path.size() : end + 1;
+}
+
+// The length of a root of the forms "\\server\share\", "\\?\C:\" and "\\?\UNC\server\share\". The last
+// separator may be missing.
+size_t NetworkRootLength(std::wstring_view path) {
+  const size_t first = AfterComponent(path, 2);
+  const size_t second = AfterComponent(path, first);
+  const bool device = first == 4 && (path[2] == L'?' || path[2] == L'.');
+  if (!device || !EqualNoCase(path.substr(first, 3), L"UNC") || second != first + 4) return second;
+  return AfterComponent(path, AfterComponent(path, second));
+}
+
+// The length of the part that has no parent ("C:\", "\", a share), 0 for a relative path.
+size_t RootLength(std::wstring_view path) {
+  if (path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1])) return NetworkRootLength(path);
+  if (path.size() >= 3 && path[1] == L':' && IsSeparator(path[2])) return 3;
+  return !path.empty() && IsSeparator(path[0]) ? 1 : 0;
+}
+
+// Names in a row that may be refused before the folder itself is taken to be the reason.
+constexpr int kMostRefusals = 10;
+
+// Counts n = 0, 1, 2, ... until the path that `candidate` makes of it could be taken.
+std::wstring TakeFirst(const std::function<std::wstring(uint32_t)>& candidate, const CTakePath& take) {
+  int refusals = 0;
   for (uint32_t n = 0; n < std::numeric_limits<uint32_t>::max(); ++n) {
     std::wstring path = candidate(n);
-    if (!exists(path)) return path;
+    try {
+      if (take(path)) return path;
+      refusals = 0;
+    } catch (const CException& failure) {
+      if (!failure.SystemError().Is(kErrorAccessDenied) || ++refusals == kMostRefusals) throw;
+    }
   }
   throw CException(IDS_TEMP_PATH_FAILED);
 }
@@ -33,10 +66,10 @@ std::wstring JoinPath(std::wstring_view folder, std::wstring_view name) {
 }
 
 std::wstring_view ParentPath(std::wstring_view path) {
+  const size_t root = RootLength(path);
   const size_t at = path.find_last_of(kSeparators);
-  if (at == path.npos) return {};
-  const bool driveRoot = at == 2 && path[1] == L':';
-  return path.substr(0, driveRoot ? at + 1 : at);
+  if (at == path.npos || root == path.size()) return {};
+  return path.substr(0, std::max(root, at));
 }
 
 std::wstring_view LastComponent(std::wstring_view path) {
@@ -50,10 +83,10 @@ CStemAndExtension SplitExtension(std::wstring_view name) {
   return {name.substr(0, dot), name.substr(dot + 1)};
 }
 
-std::wstring FreeTemporaryPath(std::wstring_view path,
-                               const std::function<bool(const std::wstring&)>& exists) {
+std::wstring TakeTemporaryPath(std::wstring_view path, const CTakePath& take) {
   const std::wstring_view name = LastComponent(path);
-  if (name.empty()) throw CException(IDS_PATH_NO_FILE_NAME, {std::wstring(path)});
+  if (name.empty() || RootLength(path) == path.size())
+    throw CException(IDS_PATH_NO_FILE_NAME, {std::wstring(path)});
   const CStemAndExtension parts = SplitExtension(name);
   std::wstring tail = L"_" + std::wstring(parts.stem);
   if (!parts.extension.empty()) tail.append(L".").append(parts.extension);
@@ -61,15 +94,15 @@ std::wstring FreeTemporaryPath(std::wstring_view path,
   const auto candidate = [&](uint32_t n) {
     return JoinPath(parent, L"_tmp" + (n == 0 ? std::wstring() : std::to_wstring(n)) + tail);
   };
-  return FirstFree(candidate, exists);
+  return TakeFirst(candidate, take);
 }
 
-std::wstring FreeNumberedPath(std::wstring_view folder, std::wstring_view prefix, std::wstring_view suffix,
-                              const std::function<bool(const std::wstring&)>& exists) {
+std::wstring TakeNumberedPath(std::wstring_view folder, std::wstring_view prefix, std::wstring_view suffix,
+                              const CTakePath& take) {
   const auto candidate = [&](uint32_t n) {
     return JoinPath(folder, std::wstring(prefix) + std::to_wstring(n) + std::wstring(suffix));
   };
-  return FirstFree(candidate, exists);
+  return TakeFirst(candidate, take);
 }
 
 }  // namespace my

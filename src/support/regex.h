@@ -29,15 +29,15 @@ class CRegexMatch {
 // A compiled expression; copies share it. Threads may search with one expression at the same time.
 class CRegex {
  public:
-  // Throws std::runtime_error with the library's message when the expression is not valid.
+  // Throws IDS_REGEX_ERROR with a reason, IDS_REGEX_INVALID or IDS_REGEX_TOO_COMPLEX.
   explicit CRegex(std::wstring_view expression);
 
-  // Whether the expression is found anywhere in the text. Throws std::runtime_error with the library's
-  // message when the search grows beyond the library's bounds.
+  // Whether the expression is found anywhere in the text. Throws IDS_REGEX_TOO_COMPLEX if the search grows
+  // beyond the library's bounds.
   bool Search(std::wstring_view text, CRegexMatch& match) const;
   bool Found(std::wstring_view text) const;
 
-  // The text with every match replaced by the format, in Perl's format syntax.
+  // The text with every match replaced by the format, in Perl's format syntax. Throws like Search.
   std::wstring Replace(const std::wstring& text, const std::wstring& format) const;
 
  private:

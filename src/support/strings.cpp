@@ -82,6 +82,22 @@ char32_t NextCodePoint(std::wstring_view text, size_t& at) {
   return 0x10000 + ((first - 0xD800) << 10) + (second - 0xDC00);
 }
 
+std::wstring_view FirstCharacter(std::wstring_view text) {
+  size_t end = 0;
+  if (!text.empty()) NextCodePoint(text, end);
+  return text.substr(0, end);
+}
+
+std::wstring WellFormed(std::wstring_view text) {
+  std::wstring out;
+  out.reserve(text.size());
+  for (size_t at = 0; at < text.size();) {
+    const char32_t c = NextCodePoint(text, at);
+    AppendCodePoint(out, IsSurrogate(c) ? kReplacementChar : c);
+  }
+  return out;
+}
+
 std::string Utf8FromWide(std::wstring_view text) {
   std::string out;
   out.reserve(text.size());

@@ -23,6 +23,12 @@ void AppendCodePoint(std::wstring& text, char32_t codePoint);
 // Reads the code point at `at` and moves `at` behind it; a lone surrogate is returned as it is.
 char32_t NextCodePoint(std::wstring_view text, size_t& at);
 
+// The first character of a text; both halves of a surrogate pair.
+std::wstring_view FirstCharacter(std::wstring_view text);
+
+// The text with U+FFFD in place of every surrogate without its partner.
+std::wstring WellFormed(std::wstring_view text);
+
 constexpr bool IsSurrogate(char32_t codePoint) {
   return codePoint >= 0xD800 && codePoint <= 0xDFFF;
 }

@@ -63,7 +63,7 @@ void CGeneralPage::InitArchiver() {
   std::vector<std::wstring> paths = ArchiverCandidates(m_context.ports.folders);
   const std::wstring& own = m_context.settings.archive.sevenZipPath;
   std::erase_if(paths, [&](const std::wstring& path) {
-    return path == own || m_context.ports.engine.files.Kind(path) == my::PathKind::NONE;
+    return path == own || my::KindIfKnown(m_context.ports.engine.files, path) != my::PathKind::FILE;
   });
   if (!own.empty()) paths.insert(paths.begin(), own);
   FillCombo(Item(IDC_ARCHIVER_PATH), paths);
@@ -157,7 +157,7 @@ void CGeneralPage::BrowseArchiver() {
 void CGeneralPage::ShowArchiverVersion() {
   const my::IMessageTexts& texts = m_context.ports.engine.texts;
   const std::wstring path = ArchiverPath();
-  if (path.empty() || m_context.ports.engine.files.Kind(path) != my::PathKind::FILE) {
+  if (path.empty() || my::KindIfKnown(m_context.ports.engine.files, path) != my::PathKind::FILE) {
     return SetItemText(IDC_ARCHIVER_VERSION, texts.Text(IDS_ARCHIVER_NOT_FOUND));
   }
   const auto version = ReadFileVersion(path);

@@ -97,7 +97,8 @@ CMainFrame::CParts::CParts(CApplication& application, CMainFrame& frame)
     : view(application.Document(), application.Settings().ui, TextsOf(application)),
       toolBar(TextsOf(application)),
       results(application.Settings().ui, TextsOf(application), application.Context().ports.engine.clock),
-      edits(application.Context(), frame.m_taskList, frame.m_dstList, frame.m_dialogs, frame.m_dialogs) {}
+      edits(application.Context(), frame.m_taskList, frame.m_dstList, frame.m_dialogs, frame.m_dialogs),
+      indicator(application.Context().ports.power) {}
 
 CMainFrame::CMainFrame(my::CAutoMessageLoop& loop, int showCommand)
     : m_loop(loop),

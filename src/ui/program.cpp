@@ -23,10 +23,16 @@
 namespace qlm {
 namespace {
 
+// Never destroyed: a look-up on a network that does not respond may still use it while the process ends.
+my::CWin32FileSystem& Files() {
+  static auto* const files = new my::CWin32FileSystem;
+  return *files;
+}
+
 // What the commands know of Windows.
 struct CWin32Ports {
   my::CMsxmlDom dom;
-  my::CWin32FileSystem files;
+  my::CWin32FileSystem& files = Files();
   my::CWin32Clock clock;
   my::CWin32AnsiCodec ansi;
   my::CWin32MessageTexts texts;

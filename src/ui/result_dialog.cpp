@@ -74,7 +74,8 @@ void CResultDialog::SaveCsv() {
   question.defaultExtension = L"csv";
   question.flags = OFN_EXPLORER | OFN_ENABLESIZING | OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY;
   const auto path = m_context.dialogs.AskSavePath(question);
-  if (path) my::WriteFileSafely(m_context.ports.engine.files, *path, m_model.Csv());
+  const CEnginePorts& engine = m_context.ports.engine;
+  if (path) my::WriteFileSafely(engine.files, engine.clock, *path, m_model.Csv());
 }
 
 }  // namespace qlm

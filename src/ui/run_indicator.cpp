@@ -5,40 +5,28 @@
 #include <shobjidl.h>
 
 namespace qlm {
-namespace {
-
-void KeepAwake(bool keep) {
-  ::SetThreadExecutionState(keep ? ES_CONTINUOUS | ES_SYSTEM_REQUIRED : ES_CONTINUOUS);
-}
-
-}  // namespace
-
-CRunIndicator::CRunIndicator() {
+CRunIndicator::CRunIndicator(my::IPower& power) : m_power(power) {
   if (FAILED(::CoCreateInstance(CLSID_TaskbarList, nullptr, CLSCTX_INPROC_SERVER, IID_ITaskbarList3,
                                 reinterpret_cast<void**>(m_taskbar.Out()))))
     return;
   if (FAILED(m_taskbar->HrInit())) m_taskbar = {};
 }
 
-CRunIndicator::~CRunIndicator() {
-  if (m_active) KeepAwake(false);
-}
+CRunIndicator::~CRunIndicator() = default;
 
 void CRunIndicator::ShowProgress(HWND window, const CRunProgress& progress, bool hasErrors) const {
-  if (!m_taskbar || !m_active) return;
+  if (!m_taskbar || !m_awake) return;
   m_taskbar->SetProgressState(window, hasErrors ? TBPF_ERROR : TBPF_NORMAL);
   m_taskbar->SetProgressValue(window, progress.position, progress.range);
 }
 
 void CRunIndicator::Begin() {
-  m_active = true;
-  KeepAwake(true);
+  m_awake = m_power.KeepAwake();
 }
 
 void CRunIndicator::End(HWND window, bool hasErrors) {
-  if (!m_active) return;
-  m_active = false;
-  KeepAwake(false);
+  if (!m_awake) return;
+  m_awake.reset();
   // An error stays red until the next run, so that it is seen.
   if (m_taskbar) m_taskbar->SetProgressState(window, hasErrors ? TBPF_ERROR : TBPF_NOPROGRESS);
   if (::GetForegroundWindow() == window) return;

@@ -1,7 +1,10 @@
 // What the system is told of a run: the button in the taskbar, and that the computer must stay awake.
 #pragma once
 
+#include <memory>
+
 #include "engine/backup_thread.h"
+#include "platform/power.h"
 #include "platform/win32/com.h"
 
 struct ITaskbarList3;
@@ -11,7 +14,7 @@ namespace qlm {
 // Of the thread of the window, which has COM.
 class CRunIndicator {
  public:
-  CRunIndicator();
+  explicit CRunIndicator(my::IPower& power);
   ~CRunIndicator();
   CRunIndicator(const CRunIndicator&) = delete;
   CRunIndicator& operator=(const CRunIndicator&) = delete;
@@ -26,7 +29,8 @@ class CRunIndicator {
 
  private:
   my::CComPtr<ITaskbarList3> m_taskbar;  // none on a system without a taskbar
-  bool m_active = false;
+  my::IPower& m_power;
+  std::unique_ptr<my::IStayAwake> m_awake;  // while there is a run
 };
 
 }  // namespace qlm

@@ -84,12 +84,12 @@ std::wstring CTargetDialog::NewestText() const {
 }
 
 std::wstring CTargetDialog::UnlistedText() const {
-  const std::vector<std::wstring>& folders = m_result->targets->Unlisted();
+  const std::vector<CUnlistedFolder>& folders = m_result->targets->Unlisted();
   if (folders.empty()) return {};
   std::wstring names;
   for (size_t i = 0; i < folders.size() && i < kNamedFolders; ++i) {
     if (i != 0) names += L", ";
-    names += folders[i].empty() ? m_result->task->path : folders[i];
+    names += folders[i].folder.empty() ? m_result->task->path : folders[i].folder;
   }
   const std::wstring warning = Text(IDS_TARGET_UNLISTED, {GroupedText(folders.size()), names});
   return Text(IDS_WARNING, {warning});

@@ -30,6 +30,26 @@ run_qlm() {
   LC_ALL=ja_JP.UTF-8 timeout --kill-after=10 120 wine "$qlm_run" "$@" </dev/null >"$out" 2>"$err" || code=$?
 }
 
+# The list files of archives in the user's temporary folder; one may be left from a run that was killed.
+lists() { find "$WINEPREFIX/drive_c/users/$(id -un)/Temp" -maxdepth 1 -name 'qlm*.txt' | sort; }
+
+# The processes whose command line holds the Windows form of a path, one a line; none is no failure.
+processes_of() { pgrep -f -- "$(to_win "$1" | sed 's/[][\.*^$+?(){}|]/\\&/g')" || true; }
+
+# The archivers at work on an archive in this folder.
+archivers() { processes_of "$1/_tmp"; }
+
+# Waits up to 40 s for an archiver to be at work, and prints its process.
+await_archiver() {
+  local pid waited
+  for ((waited = 0; waited < 2000; ++waited)); do
+    pid=$(archivers "$1" | head -n 1)
+    [[ $pid ]] && { say "$pid"; return; }
+    sleep 0.02
+  done
+  return 1
+}
+
 expect_code() { [[ $code == "$1" ]] || fail "exit code $code, expected $1"; }
 expect_file() { [[ -f $1 ]] || fail "no file $1"; }
 expect_folder() { [[ -d $1 ]] || fail "no folder $1"; }

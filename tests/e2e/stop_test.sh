@@ -38,4 +38,5 @@ done
 for ((id = stopped; id <= 5; ++id)); do expect_no_file "$work/dst/$id"; done
 expect_no_file "$work/dst/_tmp_$((stopped + 1))"
 pgrep -f "$work/doc.qlmr" >/dev/null && fail 'a process is left'
+[[ ! $(processes_of "$work/doc.qlmr") ]] || fail 'a process is left'
 echo PASS

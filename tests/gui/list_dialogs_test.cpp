@@ -52,7 +52,7 @@ struct ListDialogs : testing::Test, test::CDialogAppOn<test::CMemoryFileSystem> 
     targets->Add(L"docs\\a.txt", {{}, {kNoon}, 1234, 0}, nullptr);
     targets->Add(L"docs\\A.bak", {{}, {kNoon * 2}, 9, 0}, filter->Items()[0].get());
     for (size_t i = 0; i < more; ++i) targets->Add(L"more\\" + std::to_wstring(i) + L".txt", {}, nullptr);
-    targets->AddUnlisted(L"secret");
+    targets->AddUnlisted(L"secret", my::CSystemError::FromWin32(my::kErrorAccessDenied));
     const CDst dst{L"C:\\backup", DstType::FOLDER, L"<ID>"};
     const CTask task{L"work", L"C:\\src", L"", {boost::make_shared<CDst>(dst)}};
     const auto result = boost::make_shared<CResult>();

@@ -32,7 +32,7 @@ class ArchiveWriter : public testing::Test {
     targets.Add(L"sub\\𠮷.txt", file, nullptr);
     process.OnRun([this](const my::CProcessStart&) {
       list = files.Files().at(expectedList);
-      if (!archive.empty()) files.AddFile(L"D:\\d x\\_tmp_a.zip", archive, {1});
+      if (!archive.empty()) files.AddUnflushedFile(L"D:\\d x\\_tmp_a.zip", archive);
       return exitCode;
     });
   }
@@ -40,7 +40,7 @@ class ArchiveWriter : public testing::Test {
   // The id of the message that archiving throws, 0 for none.
   uint32_t Write(DstType type = DstType::ZIP) {
     try {
-      qlm::WriteArchive({files, process, nullptr},
+      qlm::WriteArchive({{files, clock, nullptr}, process},
                         {L"C:\\7 z.exe", L"p w", L"C:\\src", targets, L"D:\\d x\\_tmp_a.zip", type});
     } catch (const my::CException& failure) {
       return failure.Id();
@@ -49,6 +49,7 @@ class ArchiveWriter : public testing::Test {
   }
 
   test::CMemoryFileSystem files;
+  test::CFakeClock clock;
   test::CFakeProcess process;
   qlm::CTargets targets;
   std::wstring expectedList = L"C:\\temp\\qlm0.txt";
@@ -78,8 +79,8 @@ TEST_F(ArchiveWriter, list_of_another_run_is_left_alone) {
   expectedList = L"C:\\temp\\qlm1.txt";
   EXPECT_EQ(Write(), 0u);
   EXPECT_EQ(files.Files().at(L"C:\\temp\\qlm0.txt"), "other");
-  // Taken by somebody else between the look and the creation.
-  files.FailAt(test::Op::CREATE_FILE, 1, my::kErrorFileExists);
+  // One that is being deleted refuses every access.
+  files.FailAt(test::Op::CREATE_FILE, 1, my::kErrorAccessDenied);
   EXPECT_EQ(Write(), 0u);
 }
 

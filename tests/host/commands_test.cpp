@@ -346,6 +346,15 @@ TEST_F(Commands, file_manager_shows_what_is_focused_or_the_nearest_folder) {
   a.Do(ID_EXPLORER_DST);
   EXPECT_NE(a.TakeBoxes().find(L"(0x80070003)\n\n\\\\gone\\x"), std::wstring::npos);
 
+  a.threads.hang = true;  // as a share of a computer that was switched off
+  a.shell.calls.clear();
+  a.Do(ID_EXPLORER_DST);
+  EXPECT_NE(a.TakeBoxes().find(L"もう一度実行してください\n\n\\\\gone\\x\n"), std::wstring::npos);
+  a.threads.hang = false;
+  a.Do(ID_EXPLORER_SRC);
+  a.threads.Work();  // what was given up comes to its end
+  EXPECT_EQ(a.shell.calls, std::vector<std::wstring>{L"Run EXPLORER.EXE /n,/select,\"C:\\src\""});
+
   CAppContext& context = a.app->Context();
   EXPECT_EQ(ThrownId([&] { CCommandExplorer(context, L"", true).Execute(false); }), IDS_ID_LIST_EMPTY);
   a.shell.path = L"C:\\src\\a.txt";

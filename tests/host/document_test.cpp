@@ -132,11 +132,12 @@ class DocumentFile : public testing::Test {
   }
 
   std::string Saved(const CDocument& document) {
-    SaveDocument(files, dom, document, kPath);
+    SaveDocument(files, clock, dom, document, kPath);
     return files.Files().at(kPath);
   }
 
   test::CMemoryFileSystem files;
+  test::CFakeClock clock;
   test::CPugiDom dom;
   test::CRcTexts texts;
 };

@@ -59,7 +59,10 @@ TEST(Filter, bad_line_keeps_its_error_and_matches_nothing) {
     EXPECT_EQ(filter.FirstError()->error.code, id) << line;
     EXPECT_EQ(Deciding(filter, L"a.tmp"), 2);
   }
-  EXPECT_NE(Filter({L"?"}).FirstError()->error.message.find(L"(?)"), std::wstring::npos);
+  EXPECT_NE(Filter({L"𠮷"}).FirstError()->error.message.find(L"(𠮷)"), std::wstring::npos);
+  EXPECT_EQ(Filter({L"- 𠮷(古[写真"}).FirstError()->error.message,
+            L"正規表現エラー: 括弧 ( ) や [ ] が対応していません（𠮷(古[写真）")
+      << "the expression is shown as it was typed";
 }
 
 TEST(Filter, first_match_decides_and_no_line_means_no_rule) {
@@ -149,7 +152,7 @@ TEST(Filter, quick_look_never_contradicts_the_expression) {
       bool expected = false;
       try {
         expected = filter.Items()[0]->expression->Found(path);
-      } catch (const std::runtime_error&) {
+      } catch (const my::CException&) {
         continue;  // grew beyond the bounds
       }
       ++counts[expected];

@@ -5,6 +5,7 @@
 #include "resource.h"
 #include "run/exit_codes.h"
 #include "support/fake_ports.h"
+#include "support/fake_system.h"
 #include "support/memory_file_system.h"
 #include "support/pugi_dom.h"
 
@@ -34,7 +35,7 @@ class Runner : public testing::Test {
     arguments.push_back(L"C:\\doc.qlmr");
     const qlm::CParsedOptions parsed = qlm::ParseOptions(arguments);
     if (parsed.exitCode >= 0) return parsed.exitCode;
-    return qlm::RunDocument({{files, clock, ansi, texts, process}, dom, threads, console, folders},
+    return qlm::RunDocument({{files, clock, ansi, texts, process}, dom, threads, console, folders, power},
                             parsed.options);
   }
 
@@ -47,6 +48,7 @@ class Runner : public testing::Test {
   test::CStdThreads threads;
   test::CFakeConsole console;
   test::CFakeFolders folders;
+  test::CFakePower power;
 };
 
 TEST_F(Runner, terminal_gets_a_progress_line_that_gives_way_to_rows) {
@@ -77,8 +79,12 @@ TEST_F(Runner, nothing_is_written_when_the_run_cannot_start) {
 
 TEST_F(Runner, archiver_and_password_come_from_the_options_or_else_the_settings) {
   console.input = {L"p1"};
+  std::vector<std::wstring> callsBefore;
+  process.OnRun([&](const my::CProcessStart&) { return callsBefore = power.calls, 0; });
   Run({L"--task", L"zip", L"--password-stdin", L"--7z", L"C:\\opt.exe"});
   ASSERT_EQ(process.Starts().size(), 1u);
+  EXPECT_EQ(callsBefore, std::vector<std::wstring>{L"KeepAwake"}) << "the computer must not fall asleep";
+  EXPECT_EQ(power.calls, (std::vector<std::wstring>{L"KeepAwake", L"LetSleep"}));
   EXPECT_EQ(process.Starts()[0].program, L"C:\\opt.exe");
   EXPECT_TRUE(process.Starts()[0].arguments.starts_with(L"a -mem=AES256 -ssw -pp1 D:\\dst\\_tmp_all.zip @"));
 
@@ -93,9 +99,9 @@ TEST_F(Runner, folder_that_cannot_be_read_is_warned_of) {
   files.AddFolder(L"C:\\src\\locked");
   files.FailAt(test::Op::FIND, 2, my::kErrorAccessDenied);
   EXPECT_EQ(Run({L"--task", L"plain"}), qlm::kExitDone);
-  EXPECT_EQ(
-      console.errors,
-      L"警告: 読み取れなかったため、バックアップに含まれないフォルダーがあります - C:\\src\\locked\\\n");
+  EXPECT_EQ(console.errors,
+            L"警告: 読み取れなかったため、バックアップに含まれないフォルダーがあります - C:\\src\\locked\\ "
+            L"(system error (0x80070005))\n");
 }
 
 }  // namespace

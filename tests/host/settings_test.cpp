@@ -72,11 +72,12 @@ class SettingsFile : public testing::Test {
     return Load(std::string(full).replace(full.find(from), from.size(), to));
   }
   std::string Saved(const CSettings& settings) {
-    SaveSettings(files, dom, path, settings);
+    SaveSettings(files, clock, dom, path, settings);
     return files.Files().at(path);
   }
 
   test::CMemoryFileSystem files;
+  test::CFakeClock clock;
   test::CPugiDom dom;
   test::CRcTexts texts;
   const std::wstring path = SettingsPath(test::CFakeFolders(), texts);

@@ -3,6 +3,7 @@
 #include "resource.h"
 #include "support/fake_ports.h"
 #include "support/mru_strings.h"
+#include "support/name_faults.h"
 #include "support/paths.h"
 #include "support/strings.h"
 #include "support/thrown.h"
@@ -29,17 +30,81 @@ TEST(Strings, utf8_marks_every_byte_that_is_no_text) {
   }
 }
 
+TEST(Strings, half_a_character_does_not_stand_in_a_message) {
+  CException failure(IDS_WARNING, {std::wstring(L"𠮷") + wchar_t(0xD842) + L"b"});
+  failure.SetWhere(std::wstring(L"C:\\") + wchar_t(0xDFB7));
+  EXPECT_EQ(MakeErrorText(texts, failure),
+            L"警告: 𠮷\xFFFD"
+            L"b\n\nC:\\\xFFFD");
+}
+
+TEST(Paths, way_up_ends_at_the_root) {
+  // Each path with all its parents.
+  for (const std::vector<std::wstring>& way : std::vector<std::vector<std::wstring>>{
+           {L"Q:\\a/b\\c", L"Q:\\a/b", L"Q:\\a", L"Q:\\"},
+           {L"\\\\server\\share\\a\\b", L"\\\\server\\share\\a", L"\\\\server\\share\\"},
+           {L"//server/share"},
+           {L"\\\\server"},
+           {L"\\\\?\\C:\\a", L"\\\\?\\C:\\"},
+           {L"\\\\?\\unc\\server\\share\\a", L"\\\\?\\unc\\server\\share\\"},
+           {L"\\a", L"\\"},
+           {L"a\\b", L"a"}}) {
+    std::vector<std::wstring> walked{way[0]};
+    while (walked.size() < 9 && !ParentPath(walked.back()).empty())
+      walked.emplace_back(ParentPath(walked.back()));
+    EXPECT_EQ(walked, way);
+  }
+}
+
 TEST(Paths, name_that_is_taken_is_not_used) {
   std::wstring taken;
-  const auto exists = [&](const std::wstring& path) { return taken.find(path + L"|") != taken.npos; };
-  EXPECT_EQ(ParentPath(L"C:\\a"), L"C:\\");
-  EXPECT_EQ(ParentPath(L"C:\\a/b"), L"C:\\a");
-  EXPECT_EQ(FreeTemporaryPath(L"C:\\d.e\\a", exists), L"C:\\d.e\\_tmp_a");
-  EXPECT_EQ(FreeNumberedPath(L"C:\\t\\", L"q", L".x", exists), L"C:\\t\\q0.x");
+  const auto take = [&](const std::wstring& path) { return taken.find(path + L"|") == taken.npos; };
+  EXPECT_EQ(TakeTemporaryPath(L"C:\\d.e\\a", take), L"C:\\d.e\\_tmp_a");
+  EXPECT_EQ(TakeNumberedPath(L"C:\\t\\", L"q", L".x", take), L"C:\\t\\q0.x");
   taken = L"C:\\_tmp_a.b.zip|C:\\_tmp1_a.b.zip|C:\\t\\q0.x|";
-  EXPECT_EQ(FreeTemporaryPath(L"C:\\a.b.zip", exists), L"C:\\_tmp2_a.b.zip");
-  EXPECT_EQ(FreeNumberedPath(L"C:\\t", L"q", L".x", exists), L"C:\\t\\q1.x");
-  EXPECT_EQ(test::ThrownId([&] { FreeTemporaryPath(L"C:\\d\\", exists); }), IDS_PATH_NO_FILE_NAME);
+  EXPECT_EQ(TakeTemporaryPath(L"C:\\a.b.zip", take), L"C:\\_tmp2_a.b.zip");
+  EXPECT_EQ(TakeNumberedPath(L"C:\\t", L"q", L".x", take), L"C:\\t\\q1.x");
+  for (const wchar_t* nameless : {L"C:\\d\\", L"\\\\server\\share"})
+    EXPECT_EQ(test::ThrownId([&] { TakeTemporaryPath(nameless, take); }), IDS_PATH_NO_FILE_NAME);
+}
+
+TEST(Paths, name_that_is_being_deleted_is_stepped_over_but_not_a_denied_folder) {
+  int refusals = 0;
+  int left = 0;
+  const auto take = [&](const std::wstring&) -> bool {
+    if (left-- <= 0) return true;
+    ++refusals;
+    throw CException(IDS_CREATE_FILE_FAILED, {CSystemError::FromWin32(kErrorAccessDenied)});
+  };
+  left = 3;
+  EXPECT_EQ(TakeNumberedPath(L"C:\\t", L"q", L".x", take), L"C:\\t\\q3.x");
+  refusals = 0;
+  left = 1'000'000;
+  EXPECT_EQ(test::ThrownId([&] { TakeNumberedPath(L"C:\\t", L"q", L".x", take); }), IDS_CREATE_FILE_FAILED);
+  EXPECT_LT(refusals, 20);
+}
+
+TEST(NameFaults, name_that_windows_takes_for_something_else_is_found) {
+  const auto fault = [](std::wstring_view folder, std::wstring_view name) {
+    const auto found = FindNameFault(folder, name);
+    return found ? std::to_wstring(found->id) + L" " + found->name : std::wstring();
+  };
+  const std::wstring dots = std::to_wstring(IDS_NAME_ONLY_DOTS) + L" ";
+  const std::wstring device = std::to_wstring(IDS_NAME_IS_DEVICE) + L" ";
+  const std::wstring colon = std::to_wstring(IDS_NAME_HAS_COLON) + L" ";
+  EXPECT_EQ(fault(L"D:\\b", L"..."), dots + L"...");
+  EXPECT_EQ(fault(L"D:\\b", L"\\a\\..\\.. "), dots + L"..");
+  EXPECT_EQ(fault(L"D:\\b", L". ."), dots + L". .");
+  EXPECT_EQ(fault(L"D:\\b", L"x\\Com1.2024.zip"), device + L"Com1.2024.zip");
+  EXPECT_EQ(fault(L"D:\\aux \\b", L"x"), device + L"aux ");
+  for (const wchar_t* name : {L"con", L"nul.txt", L"LPT\u00B2", L"conin$", L"prn  .a", L"COM0"}) {
+    EXPECT_EQ(fault(L"D:\\b", name), device + name);
+  }
+  EXPECT_EQ(fault(L"D:\\b", L"8:30"), colon + L"8:30");
+  EXPECT_EQ(fault(L"D:\\a:b", L"x"), colon + L"a:b");
+  for (const wchar_t* folder : {L"D:", L"\\\\?\\D:\\b", L"\\\\server\\share", L"..\\b", L""}) {
+    EXPECT_EQ(fault(folder, L"\\.a\\b.\\communal\\com10\\nul_1.zip"), L"") << folder;
+  }
 }
 
 TEST(ValueCodecs, text_that_is_no_value_is_refused) {

@@ -6,6 +6,7 @@
 #include <future>
 #include <map>
 #include <regex>
+#include <thread>
 
 #include "support/strings.h"
 
@@ -36,7 +37,11 @@ std::map<uint32_t, std::wstring> ReadTexts() {
 }
 
 struct CStdThread : my::IRunningThread {
-  explicit CStdThread(std::function<void()> body) : ended(std::async(std::launch::async, std::move(body))) {}
+  explicit CStdThread(std::function<void()> body) {
+    std::packaged_task<void()> task(std::move(body));
+    ended = task.get_future();
+    std::thread(std::move(task)).detach();
+  }
 
   bool Wait(uint32_t timeOutMs) override {
     if (timeOutMs == my::kNoTimeOut) return ended.wait(), true;

@@ -23,10 +23,11 @@ class CFakeClock : public my::IClock {
   void SetOffsetMinutes(int minutes) { m_offsetMinutes = minutes; }  // of the user's time zone
 
   uint64_t TickCount() const override { return m_tick; }
+  void Sleep(uint32_t ms) const override { m_tick += ms; }
   my::CCalendar LocalCalendar(my::CFileTime time) const override;
 
  private:
-  std::atomic<uint64_t> m_tick = 0;
+  mutable std::atomic<uint64_t> m_tick = 0;
   std::atomic<int> m_offsetMinutes = 0;
 };
 

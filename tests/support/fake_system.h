@@ -19,6 +19,14 @@ namespace test {
 // Must outlive the privileges that it gives.
 class CFakePower : public my::IPower {
  public:
+  std::unique_ptr<my::IStayAwake> KeepAwake() override {
+    struct CAwake : my::IStayAwake {
+      explicit CAwake(std::vector<std::wstring>& log) : calls(log) { calls.emplace_back(L"KeepAwake"); }
+      ~CAwake() override { calls.emplace_back(L"LetSleep"); }
+      std::vector<std::wstring>& calls;
+    };
+    return std::make_unique<CAwake>(calls);
+  }
   std::unique_ptr<my::IPrivilege> EnablePrivilege(const std::wstring& name) override {
     calls.push_back(L"EnablePrivilege " + name);
     if (failure) throw *failure;

@@ -116,45 +116,47 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
   qlm::CReplaceTool* tool = nullptr;
 };
 
-// A worker that works only while it is waited for without a limit, or when the test says so: runs stay active
-// for as long as a test wants.
+// A worker (of idle priority) works only while it is waited for without a limit, or when the test says so:
+// runs stay active for as long as a test wants. Other threads work while they are waited for, unless they
+// hang.
 class CManualThreads : public my::IThreads {
  public:
-  std::unique_ptr<my::IRunningThread> Start(std::function<void()> body, int,
+  std::unique_ptr<my::IRunningThread> Start(std::function<void()> body, int priority,
                                             my::CSystemError& error) override {
     if (fail) return error = my::CSystemError::FromWin32(8), nullptr;
-    auto thread = std::make_unique<CThread>(*this, std::move(body));
-    m_last = thread.get();
-    return thread;
+    m_bodies.push_back(std::make_shared<CBody>(std::move(body)));
+    return std::make_unique<CThread>(m_bodies.back(), priority != kIdlePriority && !hang);
   }
+
+  // Lets every thread come to its end, also those whose owner has given them up.
   void Work() {
-    if (m_last) m_last->Work();
+    for (const auto& body : std::exchange(m_bodies, {})) Run(*body);
   }
 
   bool fail = false;
+  bool hang = false;
 
  private:
-  class CThread : public my::IRunningThread {
-   public:
-    CThread(CManualThreads& threads, std::function<void()> body)
-        : m_threads(threads), m_body(std::move(body)) {}
-    ~CThread() override {
-      if (m_threads.m_last == this) m_threads.m_last = nullptr;
-    }
+  using CBody = std::function<void()>;
+
+  static void Run(CBody& body) {
+    if (const CBody once = std::exchange(body, nullptr)) once();
+  }
+
+  struct CThread : my::IRunningThread {
+    CThread(std::shared_ptr<CBody> threadBody, bool works)
+        : body(std::move(threadBody)), worksInTime(works) {}
+
     bool Wait(uint32_t timeOutMs) override {
-      if (timeOutMs == my::kNoTimeOut) Work();
-      return !m_body;
-    }
-    void Work() {
-      if (const auto body = std::exchange(m_body, nullptr)) body();
+      if (timeOutMs == my::kNoTimeOut || (worksInTime && timeOutMs > 0)) Run(*body);
+      return !*body;
     }
 
-   private:
-    CManualThreads& m_threads;
-    std::function<void()> m_body;
+    std::shared_ptr<CBody> body;
+    bool worksInTime;
   };
 
-  CThread* m_last = nullptr;
+  std::vector<std::shared_ptr<CBody>> m_bodies;
 };
 
 }  // namespace test

@@ -1,11 +1,16 @@
-// A disk in memory for the tests: case-insensitive, with failures and crashes where a test wants them.
+// A disk in memory for the tests, meaner than a real one: names are case-insensitive, trailing dots and
+// spaces are dropped, devices exist in every folder, ":" opens a stream, drives can be missing, a fresh file
+// or folder refuses its first renaming, and a crash takes every byte that was not flushed. Failures come
+// where a test wants them.
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/file_system.h"
@@ -26,6 +31,7 @@ enum class Op {
   TEMP_FOLDER,
   CREATE_FOLDERS,
   COPY,
+  FLUSH_FILE,
   MOVE,
   MOVE_OVER,
   REMOVE,
@@ -38,7 +44,7 @@ enum class Op {
 // The program was killed and the power failed; no handler of exceptions gets an operation done any more.
 struct CCrash {};
 
-// Roots of drives exist, and so does the folder for temporary files. Assigning {} makes a new disk.
+// The drives C: and D: exist, and the folder for temporary files. Assigning {} makes a new disk.
 class CMemoryFileSystem : public my::IFileSystem {
  public:
   CMemoryFileSystem() { AddFolder(m_temporaryFolder); }
@@ -50,6 +56,24 @@ class CMemoryFileSystem : public my::IFileSystem {
     CEntryPtr entry = Lookup(path);
     if (!entry) entry = Insert(path, false);
     entry->content = std::move(content);
+    entry->time = time;
+  }
+
+  // What another program writes and does not flush.
+  void AddUnflushedFile(const std::wstring& path, std::string content) {
+    AddFile(path, std::move(content));
+    const CEntryPtr entry = Lookup(path);
+    entry->cache = Cache::SYSTEM;
+    entry->renameRefusals = m_renameRefusals;
+  }
+
+  // A symbolic link: listed with size 0, opened as the file that it names. Without one it is a junction that
+  // denies listing.
+  void AddLink(const std::wstring& path, std::wstring target = {}, my::CFileTime time = {}) {
+    AddFolder(std::wstring(my::ParentPath(path)));
+    const CEntryPtr entry = Insert(path, target.empty());
+    entry->attributes |= my::kAttributeLink;
+    entry->linkTarget = std::move(target);
     entry->time = time;
   }
 
@@ -77,11 +101,17 @@ class CMemoryFileSystem : public my::IFileSystem {
   // Whether copies succeed with half of the content. A failed copy leaves half of it in any case.
   void ShortenCopies(bool shorten) { m_shortenCopies = shorten; }
 
+  // How often a fresh file, or a folder with one in it, refuses to be renamed; 1 at first.
+  void RefuseRenames(int count) { m_renameRefusals = count; }
+
+  // Runs once, at the next operation of that kind before it begins: what somebody else does meanwhile.
+  void Meanwhile(Op op, std::function<void()> work) { m_meanwhile[op] = std::move(work); }
+
   // Lets the n-th operation of that kind from now on fail, n from 1; each kind has a countdown of its own.
   void FailAt(Op op, int n, uint32_t win32 = my::kErrorDiskFull) { m_faults[op] = {n, win32}; }
 
   // Crashes at the n-th changing operation from now on: a rename is done, others are half done where they can
-  // be, files that were written and not flushed lose their second half, and every later operation throws
+  // be, files that were not flushed to the device lose their second half, and every later operation throws
   // CCrash.
   void CrashAt(int n) { m_crashIn = n; }
 
@@ -95,9 +125,12 @@ class CMemoryFileSystem : public my::IFileSystem {
   const std::vector<std::wstring>& Log() const { return m_log; }  // "copy C:\a -> C:\b"
 
   std::unique_ptr<my::IFindFiles> Find(const std::wstring& pattern) override {
-    const CStep step = Begin(Op::FIND, L"find", 0, {pattern});
+    CStep step = Begin(Op::FIND, L"find", IDS_LIST_FOLDER_FAILED, {pattern});
     const std::wstring_view folder = my::ParentPath(pattern);
-    if (step.Broken() || !IsFolder(folder)) return nullptr;
+    step.RefuseIf(!IsFolder(folder), my::kErrorPathNotFound);
+    const CEntryPtr self = Lookup(folder);
+    step.RefuseIf(self && self->IsLink(), my::kErrorAccessDenied);
+    step.End();
     std::vector<CEntryPtr> found;
     for (const wchar_t* name : {L".", L".."}) {
       found.push_back(std::make_shared<CEntry>(CEntry{name, true, {}, {}}));
@@ -109,14 +142,14 @@ class CMemoryFileSystem : public my::IFileSystem {
   }
 
   my::PathKind Kind(const std::wstring& path) override {
-    const CStep step = Begin(Op::KIND, L"kind", 0, {path});
-    if (!step.Broken() && IsFolder(path)) return my::PathKind::FOLDER;
-    return !step.Broken() && Lookup(path) ? my::PathKind::FILE : my::PathKind::NONE;
+    Begin(Op::KIND, L"kind", IDS_PATH_UNREADABLE, {path}).End();
+    if (IsFolder(path)) return my::PathKind::FOLDER;
+    return IsDevice(path) || Lookup(path) ? my::PathKind::FILE : my::PathKind::NONE;
   }
 
   uint64_t FileSize(const std::wstring& path) override {
     CStep step = Begin(Op::SIZE, L"size", IDS_READ_FILE_FAILED, {path});
-    const CEntryPtr entry = Lookup(path);
+    const CEntryPtr entry = Open(path);
     step.RefuseIf(!entry, my::kErrorFileNotFound);
     step.End();
     return entry->content.size();
@@ -125,16 +158,27 @@ class CMemoryFileSystem : public my::IFileSystem {
   void CreateFolders(const std::wstring& path) override {
     CStep step = Begin(Op::CREATE_FOLDERS, L"create folders", IDS_CREATE_FOLDER_FAILED, {path});
     std::vector<std::wstring> missing = MissingFolders(path);
-    for (const std::wstring& folder : missing)
+    for (const std::wstring& folder : missing) {
       step.RefuseIf(Lookup(folder) != nullptr, my::kErrorAlreadyExists);
+      step.RefuseIf(folder.size() <= 2, my::kErrorPathNotFound);  // a drive
+    }
     missing.resize(step.Done(missing.size()));
     for (const std::wstring& folder : missing) Insert(folder, true);
     step.End();
   }
 
+  bool CreateNewFolder(const std::wstring& path) override {
+    CStep step = Begin(Op::CREATE_FOLDERS, L"create folder", IDS_CREATE_FOLDER_FAILED, {path});
+    step.RefuseIf(!IsFolder(my::ParentPath(path)), my::kErrorPathNotFound);
+    if (IsFolder(path) || IsDevice(path) || Lookup(path)) return false;
+    if (!step.Broken()) Insert(path, true)->renameRefusals = m_renameRefusals;
+    step.End();
+    return true;
+  }
+
   void Copy(const std::wstring& from, const std::wstring& to) override {
     CStep step = Begin(Op::COPY, L"copy", IDS_COPY_FILE_FAILED, {from, to});
-    const CEntryPtr source = Lookup(from);
+    const CEntryPtr source = Open(from);
     step.RefuseIf(!source, my::kErrorFileNotFound);
     step.RefuseIf(source->folder, my::kErrorAccessDenied);
     step.RefuseIf(!IsFolder(my::ParentPath(to)), my::kErrorPathNotFound);
@@ -143,12 +187,23 @@ class CMemoryFileSystem : public my::IFileSystem {
     const CEntryPtr copy = Insert(to, false);
     copy->content = source->content.substr(0, m_shortenCopies ? whole / 2 : step.Done(whole));
     copy->time = source->time;
+    copy->cache = Cache::SYSTEM;
     step.End();
+  }
+
+  uint64_t FlushFile(const std::wstring& path, my::FlushDepth depth) override {
+    const bool device = depth == my::FlushDepth::DEVICE;
+    CStep step = Begin(Op::FLUSH_FILE, device ? L"flush device" : L"flush", IDS_WRITE_FILE_FAILED, {path});
+    const CEntryPtr entry = Lookup(path);
+    step.RefuseIf(!entry, my::kErrorFileNotFound);
+    step.End();
+    FlushEntry(*entry, depth);
+    return entry->content.size();
   }
 
   void Move(const std::wstring& from, const std::wstring& to) override {
     CStep step = Begin(Op::MOVE, L"move", IDS_MOVE_FILE_FAILED, {from, to});
-    step.RefuseIf(Lookup(to) != nullptr, my::kErrorAlreadyExists);
+    step.RefuseIf(IsDevice(to) || Lookup(to) != nullptr, my::kErrorAlreadyExists);
     Rename(step, from, to);
   }
 
@@ -160,19 +215,21 @@ class CMemoryFileSystem : public my::IFileSystem {
   void RemoveFile(const std::wstring& path) override { Delete(path, false); }
   void RemoveFolder(const std::wstring& path) override { Delete(path, true); }
 
-  std::unique_ptr<my::INewFile> CreateNewFile(const std::wstring& path) override {
+  std::unique_ptr<my::INewFile> CreateNewFile(const std::wstring& path, my::FileLife life) override {
     CStep step = Begin(Op::CREATE_FILE, L"create", IDS_CREATE_FILE_FAILED, {path});
     step.RefuseIf(!IsFolder(my::ParentPath(path)), my::kErrorPathNotFound);
-    step.RefuseIf(Lookup(path) != nullptr, my::kErrorFileExists);
+    if (Lookup(path)) return nullptr;
     step.End();
-    return std::make_unique<CNewFile>(*this, Insert(path, false));
+    const CEntryPtr entry = Insert(path, false);
+    entry->renameRefusals = m_renameRefusals;
+    return std::make_unique<CNewFile>(*this, entry, life);
   }
 
   std::string ReadFile(const std::wstring& path, uint64_t most, uint64_t offset = 0) override {
     CStep step = Begin(Op::READ, L"read", IDS_READ_FILE_FAILED, {path});
     step.End();
     step.messageId = IDS_OPEN_FILE_FAILED;
-    const CEntryPtr entry = Lookup(path);
+    const CEntryPtr entry = Open(path);
     step.RefuseIf(!entry, my::kErrorFileNotFound);
     step.RefuseIf(entry->folder, my::kErrorAccessDenied);
     return entry->content.substr(std::min<uint64_t>(offset, entry->content.size()), most);
@@ -184,7 +241,12 @@ class CMemoryFileSystem : public my::IFileSystem {
   }
 
  private:
+  // Where the newest bytes of a file are.
+  enum class Cache { NONE, DEVICE, SYSTEM };
+
   struct CEntry {
+    bool IsLink() const { return (attributes & my::kAttributeLink) != 0; }
+
     bool IsWithin(std::wstring_view other) const {
       return my::EqualNoCase(std::wstring_view(path).substr(0, other.size()), other) &&
              (path.size() == other.size() || path[other.size()] == my::kSeparator);
@@ -194,8 +256,11 @@ class CMemoryFileSystem : public my::IFileSystem {
     bool folder = false;
     my::CFileTime time;
     std::string content;
-    bool unflushed = false;
+    uint32_t attributes = folder ? my::kAttributeFolder : 0;
+    std::wstring linkTarget = {};
+    Cache cache = Cache::NONE;
     bool open = false;  // for writing: it can be neither renamed nor removed
+    int renameRefusals = 0;
   };
   using CEntryPtr = std::shared_ptr<CEntry>;
 
@@ -228,14 +293,13 @@ class CMemoryFileSystem : public my::IFileSystem {
   struct CFind : my::IFindFiles {
     CFind(CMemoryFileSystem& owner, std::vector<CEntryPtr> found) : disk(owner), entries(std::move(found)) {}
 
-    Result Next(my::CFindData& data) override {
-      const CStep step = disk.Begin(Op::NEXT, L"next", 0, {});
-      if (step.Broken()) return Result::FAILED;
-      if (next == entries.size()) return Result::END;
+    bool Next(my::CFindData& data) override {
+      disk.Begin(Op::NEXT, L"next", IDS_LIST_FOLDER_FAILED, {L""}).End();
+      if (next == entries.size()) return false;
       const CEntry& entry = *entries[next++];
       name = my::LastComponent(entry.path);
-      data = {name, entry.time, entry.content.size(), entry.folder ? my::kAttributeFolder : 0};
-      return Result::ENTRY;
+      data = {name, entry.time, entry.content.size(), entry.attributes};
+      return true;
     }
 
     CMemoryFileSystem& disk;
@@ -245,21 +309,27 @@ class CMemoryFileSystem : public my::IFileSystem {
   };
 
   struct CNewFile : my::INewFile {
-    CNewFile(CMemoryFileSystem& owner, CEntryPtr made) : disk(owner), entry(std::move(made)) {
+    CNewFile(CMemoryFileSystem& owner, CEntryPtr made, my::FileLife howLong)
+        : disk(owner), entry(std::move(made)), life(howLong) {
       entry->open = true;
     }
-    ~CNewFile() override { entry->open = false; }
+    ~CNewFile() override {
+      const std::lock_guard hold(*disk.m_lock);
+      entry->open = false;
+      if (life == my::FileLife::UNTIL_CLOSED) std::erase(disk.m_entries, entry);
+    }
 
     void Write(std::string_view bytes) override {
       const CStep step = Begin(Op::WRITE, L"write");
       entry->content += bytes.substr(0, step.Done(bytes.size()));
-      entry->unflushed = true;
+      entry->cache = Cache::SYSTEM;
       step.End();
     }
 
     void Flush() override {
-      Begin(Op::FLUSH, L"flush").End();
-      entry->unflushed = false;
+      const CStep step = Begin(Op::FLUSH, L"flush");
+      step.End();
+      disk.FlushEntry(*entry, my::FlushDepth::DEVICE);
     }
 
     void Close() override {
@@ -273,6 +343,7 @@ class CMemoryFileSystem : public my::IFileSystem {
 
     CMemoryFileSystem& disk;
     CEntryPtr entry;
+    my::FileLife life;
   };
 
   struct CFault {
@@ -281,6 +352,7 @@ class CMemoryFileSystem : public my::IFileSystem {
   };
 
   CStep Begin(Op op, const wchar_t* name, uint32_t messageId, const std::vector<std::wstring>& paths) {
+    if (const auto work = std::exchange(m_meanwhile[op], nullptr)) work();
     CStep step{std::unique_lock(*m_lock), messageId, paths};
     if (m_crashed) throw CCrash();
     m_log.emplace_back(name);
@@ -288,7 +360,7 @@ class CMemoryFileSystem : public my::IFileSystem {
     if (op >= Op::CREATE_FOLDERS && --m_crashIn == 0) {
       step.crash = m_crashed = true;
       for (const CEntryPtr& entry : m_entries) {
-        if (entry->unflushed) entry->content.resize(entry->content.size() / 2);
+        if (entry->cache != Cache::NONE) entry->content.resize(entry->content.size() / 2);
       }
     }
     const auto fault = m_faults.find(op);
@@ -299,19 +371,49 @@ class CMemoryFileSystem : public my::IFileSystem {
     return step;
   }
 
-  CEntryPtr Lookup(std::wstring_view path) const {
+  void FlushEntry(CEntry& entry, my::FlushDepth depth) {
+    if (entry.cache == Cache::SYSTEM) entry.cache = Cache::DEVICE;
+    if (depth != my::FlushDepth::DEVICE) return;
+    for (const CEntryPtr& other : m_entries) {
+      if (other->cache == Cache::DEVICE) other->cache = Cache::NONE;
+    }
+  }
+
+  static bool IsDevice(std::wstring_view path) {
+    const std::wstring_view name = my::LastComponent(path);
+    const std::wstring_view stem = my::TrimEnd(name.substr(0, name.find_first_of(L".:")), L" ");
+    return my::EqualNoCase(stem, L"nul") || my::EqualNoCase(stem, L"com1");
+  }
+
+  // The file itself, or what it links to.
+  CEntryPtr Open(std::wstring_view path) const {
+    const CEntryPtr entry = Lookup(path);
+    return entry && !entry->linkTarget.empty() ? Lookup(entry->linkTarget) : entry;
+  }
+
+  // The path as the system takes it: without dots and spaces at its end, and without the name of a stream.
+  static std::wstring_view Meant(std::wstring_view path) {
+    path = my::TrimEnd(path, L". ");
+    const size_t colon = path.find(L':', std::min<size_t>(path.size(), 2));
+    return colon == path.npos ? path : path.substr(0, colon);
+  }
+
+  CEntryPtr Lookup(std::wstring_view given) const {
+    std::wstring_view path = my::TrimEnd(Meant(given), L"\\");
     const auto isIt = [path](const CEntryPtr& entry) { return my::EqualNoCase(entry->path, path); };
     const auto found = std::find_if(m_entries.begin(), m_entries.end(), isIt);
     return found == m_entries.end() ? nullptr : *found;
   }
 
   bool IsFolder(std::wstring_view path) const {
-    const CEntryPtr entry = Lookup(my::TrimEnd(path, L"\\"));
-    return (path.size() <= 3 && path.ends_with(L":\\")) || (entry && entry->folder);
+    const CEntryPtr entry = Lookup(path);
+    const bool drive = my::EqualNoCase(path, L"C:\\") || my::EqualNoCase(path, L"D:\\");
+    return drive || (entry && entry->folder);
   }
 
   CEntryPtr Insert(const std::wstring& path, bool folder) {
-    return m_entries.emplace_back(std::make_shared<CEntry>(CEntry{path, folder, {}, {}}));
+    return m_entries.emplace_back(
+        std::make_shared<CEntry>(CEntry{std::wstring(Meant(path)), folder, {}, {}}));
   }
 
   // The folders that the path needs to be one, from the outermost on.
@@ -329,7 +431,9 @@ class CMemoryFileSystem : public my::IFileSystem {
     step.RefuseIf(!source, my::kErrorFileNotFound);
     step.RefuseIf(!IsFolder(my::ParentPath(to)), my::kErrorPathNotFound);
     step.RefuseIf(target && target->folder, my::kErrorAccessDenied);
-    step.RefuseIf(source->open || (target && target->open), kErrorSharingViolation);
+    step.RefuseIf(source->open || (target && target->open), my::kErrorSharingViolation);
+    const uint32_t refusal = source->folder ? my::kErrorAccessDenied : my::kErrorSharingViolation;
+    if (!step.Broken()) step.RefuseIf(source->renameRefusals-- > 0, refusal);
     if (!step.crash) step.End();
     std::erase(m_entries, target);
     for (const CEntryPtr& entry : m_entries) {
@@ -343,7 +447,7 @@ class CMemoryFileSystem : public my::IFileSystem {
     const CEntryPtr entry = Lookup(path);
     step.RefuseIf(!entry, my::kErrorFileNotFound);
     step.RefuseIf(entry->folder && !folder, my::kErrorAccessDenied);
-    step.RefuseIf(entry->open, kErrorSharingViolation);
+    step.RefuseIf(entry->open, my::kErrorSharingViolation);
     const auto isWithin = [&path](const CEntryPtr& other) { return other->IsWithin(path); };
     auto left = step.Done(std::count_if(m_entries.begin(), m_entries.end(), isWithin));
     for (auto at = m_entries.end(); left > 0;) {  // children first
@@ -352,12 +456,12 @@ class CMemoryFileSystem : public my::IFileSystem {
     step.End();
   }
 
-  static constexpr uint32_t kErrorSharingViolation = 32;
-
   std::unique_ptr<std::mutex> m_lock = std::make_unique<std::mutex>();
   std::vector<CEntryPtr> m_entries;  // in the order in which they came
   std::wstring m_temporaryFolder = L"C:\\Temp\\";
   bool m_shortenCopies = false;
+  int m_renameRefusals = 1;
+  std::map<Op, std::function<void()>> m_meanwhile;
   std::map<Op, CFault> m_faults;
   std::vector<std::wstring> m_log;
   int m_crashIn = 0;

@@ -1,6 +1,7 @@
 #include "platform/win32/msxml_dom.h"
 
 #include <gtest/gtest.h>
+#include <windows.h>
 
 #include <boost/smart_ptr/make_shared.hpp>
 
@@ -79,7 +80,7 @@ TEST_F(MsxmlDom, texts_come_back_as_they_were) {
     content.tasks.Insert(-1, task);
   }
   const std::wstring path = m_scratch.At(L"文書.qlmr");
-  qlm::SaveDocument(m_scratch.files, m_dom, qlm::CDocument(content), path);
+  qlm::SaveDocument(m_scratch.files, my::CWin32Clock(), m_dom, qlm::CDocument(content), path);
   const qlm::CDocument loaded = qlm::LoadDocument(m_scratch.files, m_dom, path);
   ASSERT_EQ(loaded.Tasks().size(), content.tasks.size());
   for (size_t i = 0; i < loaded.Tasks().size(); ++i) {
@@ -87,23 +88,37 @@ TEST_F(MsxmlDom, texts_come_back_as_they_were) {
     EXPECT_EQ(loaded.Tasks()[i]->dsts[1], loaded.Dsts()[0]) << "destinations are shared";
   }
   content.tasks[0]->path = L"control \x01";
-  EXPECT_THROW(qlm::SaveDocument(m_scratch.files, m_dom, qlm::CDocument(content), path), my::CException);
+  EXPECT_THROW(qlm::SaveDocument(m_scratch.files, my::CWin32Clock(), m_dom, qlm::CDocument(content), path),
+               my::CException);
   EXPECT_EQ(qlm::LoadDocument(m_scratch.files, m_dom, path).Tasks()[0]->path, L" ");
 }
 
-TEST(Win32AnsiCodec, reads_code_page_932_and_marks_what_is_none) {
-  const my::CWin32AnsiCodec codec;
-  EXPECT_EQ(codec.Decode("\x93\xFA\x96\x7B\x8C\xEA \xB1"), L"日本語 ｱ");
-  EXPECT_EQ(codec.Decode("a\xFF\x93\xFA\x81"), L"a\xFFFD日\xFFFD");
+TEST(Win32AnsiCodec, invalid_bytes_are_marked_and_the_others_kept) {
+  const my::CWin32AnsiCodec shiftJis(932);
+  EXPECT_EQ(shiftJis.Decode("\x93\xFA\x96\x7B\x8C\xEA \xB1"), L"日本語 ｱ");
+  EXPECT_EQ(shiftJis.Decode("a\xFF\x93\xFA\x81"), L"a\xFFFD日\xFFFD");
+  const my::CWin32AnsiCodec utf8(65001);  // a user may make it the system's code page
+  EXPECT_EQ(utf8.Decode("\xFF\xC3\xA9\xE6\x97\xA5\xF0\xA0\xAE\xB7\xE6\x97z"), L"\xFFFDé日𠮷\xFFFD\xFFFDz");
+  if (!::IsValidCodePage(54936)) return;  // Wine has it not
+  const my::CWin32AnsiCodec gb18030(54936);
+  EXPECT_EQ(gb18030.Decode("\xFF\xC8\xD5\x95\x34\xB2\x35z"), L"\xFFFD日𠮷z");
 }
 
+// The suite sets a time zone of +05:45 here, in which every field but the second differs.
 TEST(Win32Clock, converts_to_local_time_and_refuses_what_is_none) {
   const my::CWin32Clock clock;
-  const my::CFileTime time{131'016'350'490'000'000};  // 2016-03-05 07:04:09 UTC
-  const my::CCalendar local = clock.LocalCalendar(time);
-  EXPECT_EQ(local.second, my::UtcCalendar(time).second);
-  EXPECT_EQ(my::UtcCalendar(time), (my::CCalendar{2016, 3, 5, 7, 4, 9}));
-  EXPECT_THROW(clock.LocalCalendar({~uint64_t{0}}), my::CException);
+  const my::CFileTime time{130'960'799'580'000'000};
+  EXPECT_EQ(my::UtcCalendar(time), (my::CCalendar{2015, 12, 31, 23, 59, 18}));
+  TIME_ZONE_INFORMATION zone{};
+  const bool summer = ::GetTimeZoneInformation(&zone) == TIME_ZONE_ID_DAYLIGHT;
+  const int64_t minutes = -zone.Bias - (summer ? zone.DaylightBias : zone.StandardBias);
+  const my::CFileTime shifted{
+      static_cast<uint64_t>(static_cast<int64_t>(time.ticks) + minutes * 600'000'000)};
+  EXPECT_EQ(clock.LocalCalendar(time), my::UtcCalendar(shifted));
+  EXPECT_TRUE(minutes == 345 || ::GetEnvironmentVariableW(L"QLM_TIME_ZONE", nullptr, 0) == 0) << minutes;
+  for (const uint64_t outside : {~uint64_t{0}, uint64_t{1} << 63}) {
+    EXPECT_THROW(clock.LocalCalendar({outside}), my::CException);
+  }
 }
 
 }  // namespace

@@ -12,11 +12,9 @@ namespace test {
 class CScratchFolder {
  public:
   CScratchFolder() {
-    const auto exists = [this](const std::wstring& candidate) {
-      return files.Kind(candidate) != my::PathKind::NONE;
-    };
-    path = my::FreeNumberedPath(files.TemporaryFolder(), L"qlm_test", L"", exists);
-    files.CreateFolders(path);
+    path = my::TakeNumberedPath(
+        files.TemporaryFolder(), L"qlm_test", L"",
+        [this](const std::wstring& candidate) { return files.CreateNewFolder(candidate); });
   }
   ~CScratchFolder() {
     try {

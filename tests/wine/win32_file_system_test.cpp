@@ -5,6 +5,7 @@
 
 #include "platform/safe_file.h"
 #include "platform/win32/handle.h"
+#include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_message_texts.h"
 #include "resource.h"
 #include "scratch_folder.h"
@@ -47,7 +48,10 @@ TEST(Win32FileSystem, failures_carry_their_operation_and_code) {
   EXPECT_EQ(Failure([&] { files.Copy(none, deep); }), Code(IDS_COPY_FILE_FAILED, ERROR_FILE_NOT_FOUND));
   EXPECT_EQ(Failure([&] { files.Copy(a, deep); }), Code(IDS_COPY_FILE_FAILED, ERROR_PATH_NOT_FOUND));
   EXPECT_EQ(Failure([&] { files.Move(a, b); }), Code(IDS_MOVE_FILE_FAILED, ERROR_ALREADY_EXISTS));
-  EXPECT_EQ(Failure([&] { files.CreateNewFile(a); }), Code(IDS_CREATE_FILE_FAILED, ERROR_FILE_EXISTS));
+  EXPECT_FALSE(files.CreateNewFile(a) || files.CreateNewFolder(a)) << "a file is there";
+  EXPECT_EQ(Failure([&] { files.CreateNewFile(deep); }), Code(IDS_CREATE_FILE_FAILED, ERROR_PATH_NOT_FOUND));
+  EXPECT_EQ(Failure([&] { files.FlushFile(none, my::FlushDepth::DEVICE); }),
+            Code(IDS_WRITE_FILE_FAILED, ERROR_FILE_NOT_FOUND));
   EXPECT_EQ(Failure([&] { files.ReadFile(none, 9); }), Code(IDS_OPEN_FILE_FAILED, ERROR_FILE_NOT_FOUND));
   EXPECT_EQ(Failure([&] { files.FileSize(none); }), Code(IDS_READ_FILE_FAILED, ERROR_FILE_NOT_FOUND));
   EXPECT_EQ(Failure([&] { files.RemoveFile(none); }), Code(IDS_DELETE_FAILED, ERROR_FILE_NOT_FOUND));
@@ -62,15 +66,16 @@ TEST(Win32FileSystem, failures_carry_their_operation_and_code) {
 
 TEST(Win32FileSystem, save_over_a_locked_file_leaves_it_and_nothing_beside) {
   test::CScratchFolder scratch;
+  const my::CWin32Clock clock;
   scratch.Write(L"doc", "old");
   {
     const auto lock = Lock(scratch.At(L"doc"));
-    EXPECT_EQ(Failure([&] { my::WriteFileSafely(scratch.files, scratch.At(L"doc"), "new"); }).first,
+    EXPECT_EQ(Failure([&] { my::WriteFileSafely(scratch.files, clock, scratch.At(L"doc"), "new"); }).first,
               IDS_MOVE_FILE_FAILED);
   }
   EXPECT_EQ(scratch.files.ReadFile(scratch.At(L"doc"), 9), "old");
   EXPECT_EQ(scratch.files.Kind(scratch.At(L"_tmp_doc")), PathKind::NONE);
-  my::WriteFileSafely(scratch.files, scratch.At(L"doc"), "new");
+  my::WriteFileSafely(scratch.files, clock, scratch.At(L"doc"), "new");
   EXPECT_EQ(scratch.files.ReadFile(scratch.At(L"doc"), 9), "new");
 }
 
@@ -80,9 +85,8 @@ TEST(Win32FileSystem, enumeration_reports_what_a_file_is) {
   scratch.files.CreateFolders(scratch.At(L"sub\\deeper"));
   std::set<std::wstring> seen;
   const auto find = scratch.files.Find(scratch.At(L"*.*"));
-  ASSERT_TRUE(find);
   my::CFindData entry;
-  while (find->Next(entry) == my::IFindFiles::Result::ENTRY) {
+  while (find->Next(entry)) {
     seen.emplace(entry.name);
     const bool folder = (entry.attributes & my::kAttributeFolder) != 0;
     EXPECT_EQ(folder, entry.name != L"長い名前の.txt");
@@ -91,7 +95,30 @@ TEST(Win32FileSystem, enumeration_reports_what_a_file_is) {
     EXPECT_GT(entry.lastWriteTime.ticks, 0u);
   }
   EXPECT_EQ(seen, (std::set<std::wstring>{L".", L"..", L"sub", L"長い名前の.txt"}));
-  EXPECT_FALSE(scratch.files.Find(scratch.At(L"none\\*.*")));
+  EXPECT_EQ(Failure([&] { scratch.files.Find(scratch.At(L"none\\*.*")); }),
+            Code(IDS_LIST_FOLDER_FAILED, ERROR_PATH_NOT_FOUND));
+}
+
+TEST(Win32FileSystem, read_only_copy_is_flushed_and_stays_read_only) {
+  test::CScratchFolder scratch;
+  scratch.Write(L"a", "abc");
+  const auto a = scratch.At(L"a");
+  ASSERT_TRUE(::SetFileAttributesW(a.c_str(), FILE_ATTRIBUTE_READONLY));
+  for (const auto depth : {my::FlushDepth::WRITE_OUT, my::FlushDepth::DEVICE}) {
+    EXPECT_EQ(scratch.files.FlushFile(a, depth), 3u);
+    EXPECT_TRUE(::GetFileAttributesW(a.c_str()) & FILE_ATTRIBUTE_READONLY);
+  }
+  ::SetFileAttributesW(a.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST(Win32FileSystem, reserved_name_is_taken_until_it_is_closed) {
+  test::CScratchFolder scratch;
+  const auto name = scratch.At(L"_lck_a.zip");
+  auto reservation = scratch.files.CreateNewFile(name, my::FileLife::UNTIL_CLOSED);
+  ASSERT_TRUE(reservation);
+  EXPECT_FALSE(scratch.files.CreateNewFile(name, my::FileLife::UNTIL_CLOSED));
+  reservation.reset();
+  EXPECT_EQ(scratch.files.Kind(name), PathKind::NONE);
 }
 
 TEST(Win32MessageTexts, system_and_table_speak_japanese) {

@@ -3,10 +3,14 @@
 
 #include <shlobj.h>
 
+#include <atomic>
+#include <thread>
+
 #include "platform/win32/win32_hash.h"
 #include "platform/win32/win32_known_folders.h"
 #include "platform/win32/win32_power.h"
 #include "platform/win32/win32_shell.h"
+#include "platform/win32/win32_threads.h"
 #include "resource.h"
 #include "scratch_folder.h"
 #include "support/thrown.h"
@@ -38,6 +42,49 @@ TEST(Win32Power, privilege_leaves_no_token_behind_even_on_failure) {
     test::ThrownId(unknown);
   }
   EXPECT_EQ(HandleCount(), before + 1);
+}
+
+TEST(Win32Power, computer_may_sleep_again_after_a_run) {
+  constexpr DWORD kAwake = ES_CONTINUOUS | ES_SYSTEM_REQUIRED;
+  auto awake = my::CWin32Power().KeepAwake();
+  EXPECT_EQ(::SetThreadExecutionState(kAwake), kAwake) << "the state before";
+  awake.reset();
+  EXPECT_EQ(::SetThreadExecutionState(ES_CONTINUOUS), DWORD{ES_CONTINUOUS});
+}
+
+TEST(Win32Threads, thread_that_nobody_waits_for_goes_on) {
+  std::atomic<bool> go = false;
+  std::atomic<bool> done = false;
+  my::CSystemError error;
+  const auto body = [&] {
+    while (!go) std::this_thread::yield();
+    done = true;
+  };
+  EXPECT_FALSE(my::CWin32Threads().Start(body, my::IThreads::kNormalPriority, error)->Wait(1));
+  go = true;
+  for (int waited = 0; waited < 1000 && !done; ++waited) ::Sleep(10);
+  EXPECT_TRUE(done);
+}
+
+// The manifest of a program beside this one.
+std::string Manifest(const wchar_t* program) {
+  const std::wstring path = my::JoinPath(my::CWin32KnownFolders().ProgramFolder(), program);
+  const HMODULE module = ::LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+  const HRSRC resource = ::FindResourceW(module, CREATEPROCESS_MANIFEST_RESOURCE_ID, RT_MANIFEST);
+  if (!resource) return {};
+  const auto* const bytes = static_cast<const char*>(::LockResource(::LoadResource(module, resource)));
+  std::string manifest(bytes, ::SizeofResource(module, resource));
+  ::FreeLibrary(module);
+  return manifest;
+}
+
+TEST(Manifests, promise_long_paths_and_no_system_that_cannot_list_folders) {
+  for (const wchar_t* program : {L"Quillmoor.exe", L"QuillmoorRun.exe"}) {
+    const std::string manifest = Manifest(program);
+    EXPECT_NE(manifest.find("<longPathAware"), manifest.npos) << program;
+    EXPECT_NE(manifest.find("{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}"), manifest.npos) << "Windows 10";
+    EXPECT_EQ(manifest.find("{35138b9a-5d96-4fbd-8e2d-a2440225f93a}"), manifest.npos) << "Windows 7";
+  }
 }
 
 TEST(Win32Hash, md5_of_something_and_of_nothing) {

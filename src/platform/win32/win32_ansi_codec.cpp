@@ -9,31 +9,43 @@
 namespace my {
 namespace {
 
-// Appends the bytes as text; answers false, with nothing appended, when a byte among them is no text.
-bool AppendDecoded(std::wstring& out, std::string_view bytes) {
+// Appends the bytes as text; returns false, with nothing appended, if a byte among them is invalid.
+bool AppendDecoded(std::wstring& out, UINT codePage, std::string_view bytes) {
   if (bytes.empty()) return true;
   const auto size = static_cast<int>(bytes.size());
-  const int length = ::MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, bytes.data(), size, nullptr, 0);
+  const int length = ::MultiByteToWideChar(codePage, MB_ERR_INVALID_CHARS, bytes.data(), size, nullptr, 0);
   if (length <= 0) return false;
   const size_t before = out.size();
   out.resize(before + static_cast<size_t>(length));
-  ::MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, bytes.data(), size, out.data() + before, length);
+  ::MultiByteToWideChar(codePage, MB_ERR_INVALID_CHARS, bytes.data(), size, out.data() + before, length);
   return true;
+}
+
+size_t LongestCharacter(UINT codePage) {
+  CPINFO information{};
+  return ::GetCPInfo(codePage, &information) ? information.MaxCharSize : 1;
+}
+
+// Appends the character at the start of the bytes and returns its length; 0 if there is none.
+size_t AppendCharacter(std::wstring& out, UINT codePage, std::string_view bytes, size_t longest) {
+  // Only code pages of two bytes have lead bytes; in the others every length is tried.
+  const bool lead = ::IsDBCSLeadByteEx(codePage, static_cast<BYTE>(bytes[0]));
+  for (size_t length = lead ? 2 : 1; length <= std::min(longest, bytes.size()); ++length) {
+    if (AppendDecoded(out, codePage, bytes.substr(0, length))) return length;
+  }
+  return 0;
 }
 
 }  // namespace
 
 std::wstring CWin32AnsiCodec::Decode(std::string_view bytes) const {
   std::wstring out;
-  if (AppendDecoded(out, bytes)) return out;
+  if (AppendDecoded(out, m_codePage, bytes)) return out;
+  const size_t longest = LongestCharacter(m_codePage);
   while (!bytes.empty()) {
-    const bool pair = bytes.size() > 1 && ::IsDBCSLeadByteEx(CP_ACP, static_cast<BYTE>(bytes[0]));
-    size_t used = pair ? 2 : 1;
-    if (!AppendDecoded(out, bytes.substr(0, used))) {
-      out += static_cast<wchar_t>(kReplacementChar);
-      used = 1;
-    }
-    bytes.remove_prefix(used);
+    const size_t length = AppendCharacter(out, m_codePage, bytes, longest);
+    if (length == 0) out += static_cast<wchar_t>(kReplacementChar);
+    bytes.remove_prefix(std::max<size_t>(length, 1));
   }
   return out;
 }

@@ -1,12 +1,20 @@
 #pragma once
 
+#include <cstdint>
+
 #include "platform/ansi_codec.h"
 
 namespace my {
 
 class CWin32AnsiCodec : public IAnsiCodec {
  public:
+  // The code page is the system's own, CP_ACP, unless another one is named.
+  explicit CWin32AnsiCodec(uint32_t codePage = 0) : m_codePage(codePage) {}
+
   std::wstring Decode(std::string_view bytes) const override;
+
+ private:
+  uint32_t m_codePage;
 };
 
 }  // namespace my

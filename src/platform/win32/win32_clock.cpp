@@ -5,16 +5,31 @@
 #include "support/exception.h"
 
 namespace my {
+namespace {
+
+// Whether the time is within the calendar. Not every version of the conversions refuses what is not.
+bool IsInCalendar(const FILETIME& time) {
+  if (time.dwHighDateTime >> 31 == 0) return true;
+  ::SetLastError(ERROR_INVALID_PARAMETER);
+  return false;
+}
+
+}  // namespace
 
 uint64_t CWin32Clock::TickCount() const {
   return ::GetTickCount64();
+}
+
+void CWin32Clock::Sleep(uint32_t ms) const {
+  ::Sleep(ms);
 }
 
 CCalendar CWin32Clock::LocalCalendar(CFileTime time) const {
   const FILETIME utc{static_cast<DWORD>(time.ticks), static_cast<DWORD>(time.ticks >> 32)};
   FILETIME local{};
   SYSTEMTIME fields{};
-  if (!::FileTimeToLocalFileTime(&utc, &local) || !::FileTimeToSystemTime(&local, &fields)) {
+  if (!IsInCalendar(utc) || !::FileTimeToLocalFileTime(&utc, &local) || !IsInCalendar(local) ||
+      !::FileTimeToSystemTime(&local, &fields)) {
     throw CException(CSystemError::FromWin32(::GetLastError()));
   }
   return {fields.wYear, fields.wMonth, fields.wDay, fields.wHour, fields.wMinute, fields.wSecond};

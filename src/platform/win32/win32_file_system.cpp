@@ -3,8 +3,10 @@
 #include <windows.h>
 
 #include <shellapi.h>
+#include <winternl.h>
 
 #include <algorithm>
+#include <optional>
 
 #include "platform/win32/handle.h"
 #include "resource.h"
@@ -20,44 +22,42 @@ CSystemError LastError() {
   return CSystemError::FromWin32(::GetLastError());
 }
 
-constexpr uint64_t Join(DWORD high, DWORD low) {
-  return static_cast<uint64_t>(high) << 32 | low;
-}
-
 // Enumerates a folder through its handle: entries and order are those of FindFirstFile with "*.*", without
 // the cost of short names and of a copy of every entry. (Only the root of a drive may show a "." more.)
 class CFindFiles : public IFindFiles {
  public:
   // The folder's path ends in a separator, so that no name in it is taken for a device or loses its last dot.
   explicit CFindFiles(const std::wstring& folder)
-      : m_folder(::CreateFileW(folder.c_str(), FILE_LIST_DIRECTORY, kShareAll, nullptr, OPEN_EXISTING,
+      : m_path(folder),
+        m_folder(::CreateFileW(folder.c_str(), FILE_LIST_DIRECTORY, kShareAll, nullptr, OPEN_EXISTING,
                                FILE_FLAG_BACKUP_SEMANTICS, nullptr)) {
-    if (m_folder) Fill();
+    if (!m_folder) throw CException(IDS_LIST_FOLDER_FAILED, {LastError(), m_path});
+    Fill();
   }
 
-  bool Started() const { return m_next != nullptr; }
-
-  Result Next(CFindData& entry) override {
-    if (!m_next && !Fill()) return ::GetLastError() == ERROR_NO_MORE_FILES ? Result::END : Result::FAILED;
+  bool Next(CFindData& entry) override {
+    if (!m_next && !Fill()) return false;
     const auto& found = *reinterpret_cast<const FILE_FULL_DIR_INFO*>(m_next);
     entry.name = {found.FileName, found.FileNameLength / sizeof(wchar_t)};
     entry.lastWriteTime = {static_cast<uint64_t>(found.LastWriteTime.QuadPart)};
     entry.size = static_cast<uint64_t>(found.EndOfFile.QuadPart);
     entry.attributes = found.FileAttributes;
     m_next = found.NextEntryOffset == 0 ? nullptr : m_next + found.NextEntryOffset;
-    return Result::ENTRY;
-  }
-
- private:
-  // False, with the system's error, when there are no more entries or they cannot be read.
-  bool Fill() {
-    if (!::GetFileInformationByHandleEx(m_folder.Get(), FileFullDirectoryInfo, m_buffer, sizeof(m_buffer))) {
-      return false;
-    }
-    m_next = m_buffer;
     return true;
   }
 
+ private:
+  // Returns false if there are no more entries.
+  bool Fill() {
+    if (::GetFileInformationByHandleEx(m_folder.Get(), FileFullDirectoryInfo, m_buffer, sizeof(m_buffer))) {
+      m_next = m_buffer;
+      return true;
+    }
+    if (::GetLastError() == ERROR_NO_MORE_FILES) return false;
+    throw CException(IDS_LIST_FOLDER_FAILED, {LastError(), m_path});
+  }
+
+  std::wstring m_path;
   CKernelHandle m_folder;
   const char* m_next = nullptr;
   alignas(FILE_FULL_DIR_INFO) char m_buffer[32 * 1024];
@@ -65,12 +65,7 @@ class CFindFiles : public IFindFiles {
 
 class CNewFile : public INewFile {
  public:
-  explicit CNewFile(const std::wstring& path)
-      : m_path(path),
-        m_file(::CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW,
-                             FILE_ATTRIBUTE_NORMAL, nullptr)) {
-    if (!m_file) throw CException(IDS_CREATE_FILE_FAILED, {LastError(), path});
-  }
+  CNewFile(const std::wstring& path, CKernelHandle file) : m_path(path), m_file(std::move(file)) {}
 
   void Write(std::string_view bytes) override {
     while (!bytes.empty()) {
@@ -98,26 +93,98 @@ void MovePath(const std::wstring& from, const std::wstring& to, DWORD flags) {
   throw CException(IDS_MOVE_FILE_FAILED, {LastError(), from, to});
 }
 
+bool MeansAbsent(DWORD error) {
+  return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND || error == ERROR_INVALID_NAME;
+}
+
+bool MeansTaken(DWORD error) {
+  return error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS;
+}
+
+// Returns the size of an open file. Throws `messageId`.
+uint64_t SizeOf(const CKernelHandle& file, const std::wstring& path, uint32_t messageId) {
+  LARGE_INTEGER size{};
+  if (!::GetFileSizeEx(file.Get(), &size)) throw CException(messageId, {LastError(), path});
+  return static_cast<uint64_t>(size.QuadPart);
+}
+
+// Lifts the read-only attribute, which a copy takes over from its source, for as long as it lives.
+class CReadOnlyLift {
+ public:
+  explicit CReadOnlyLift(const std::wstring& path)
+      : m_path(path), m_attributes(::GetFileAttributesW(path.c_str())) {
+    if (IsReadOnly()) ::SetFileAttributesW(m_path.c_str(), m_attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
+  }
+  CReadOnlyLift(const CReadOnlyLift&) = delete;
+  CReadOnlyLift& operator=(const CReadOnlyLift&) = delete;
+  ~CReadOnlyLift() {
+    if (IsReadOnly()) ::SetFileAttributesW(m_path.c_str(), m_attributes);
+  }
+
+ private:
+  bool IsReadOnly() const {
+    return m_attributes != INVALID_FILE_ATTRIBUTES && (m_attributes & FILE_ATTRIBUTE_READONLY) != 0;
+  }
+
+  const std::wstring& m_path;
+  DWORD m_attributes;
+};
+
+// Flushing needs write access, though nothing is written.
+CKernelHandle OpenForFlush(const std::wstring& path) {
+  return CKernelHandle(::CreateFileW(path.c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING,
+                                     FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+// Writes a file's data and metadata out without a flush of the device, and returns the Win32 code.
+// ERROR_NOT_SUPPORTED where the system (before Windows 8) or the file system (other than NTFS) cannot.
+DWORD FlushWithoutSync(const CKernelHandle& file) {
+  using Function = NTSTATUS(NTAPI*)(HANDLE, ULONG flags, void* parameters, ULONG size, IO_STATUS_BLOCK*);
+  constexpr ULONG kNoSync = 2;  // FLUSH_FLAGS_NO_SYNC
+  static const auto flush = reinterpret_cast<Function>(
+      reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "NtFlushBuffersFileEx")));
+  if (!flush) return ERROR_NOT_SUPPORTED;
+  IO_STATUS_BLOCK status{};
+  const NTSTATUS result = flush(file.Get(), kNoSync, nullptr, 0, &status);
+  if (result >= 0) return ERROR_SUCCESS;
+  const DWORD error = ::RtlNtStatusToDosError(result);
+  const bool unknown = error == ERROR_INVALID_PARAMETER || error == ERROR_INVALID_FUNCTION;
+  return unknown ? ERROR_NOT_SUPPORTED : error;
+}
+
+DWORD FlushFully(const CKernelHandle& file) {
+  return ::FlushFileBuffers(file.Get()) ? ERROR_SUCCESS : ::GetLastError();
+}
+
+DWORD Flush(const CKernelHandle& file, uint64_t size, FlushDepth depth) {
+  constexpr uint64_t kSmall = 1u << 20;  // a device flush for each of many smaller files would take hours
+  if (depth == FlushDepth::DEVICE) return FlushFully(file);
+  const DWORD error = FlushWithoutSync(file);
+  if (error != ERROR_NOT_SUPPORTED) return error;
+  return size > kSmall ? FlushFully(file) : ERROR_SUCCESS;
+}
+
 }  // namespace
 
 std::unique_ptr<IFindFiles> CWin32FileSystem::Find(const std::wstring& pattern) {
-  auto find = std::make_unique<CFindFiles>(pattern.substr(0, pattern.find_last_of(L"\\/") + 1));
-  if (!find->Started()) return nullptr;
-  return find;
+  return std::make_unique<CFindFiles>(pattern.substr(0, pattern.find_last_of(L"\\/") + 1));
 }
 
 PathKind CWin32FileSystem::Kind(const std::wstring& path) {
   const DWORD attributes = ::GetFileAttributesW(path.c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES) return PathKind::NONE;
-  return attributes & FILE_ATTRIBUTE_DIRECTORY ? PathKind::FOLDER : PathKind::FILE;
+  if (attributes != INVALID_FILE_ATTRIBUTES) {
+    return attributes & FILE_ATTRIBUTE_DIRECTORY ? PathKind::FOLDER : PathKind::FILE;
+  }
+  const DWORD error = ::GetLastError();
+  if (MeansAbsent(error)) return PathKind::NONE;
+  throw CException(IDS_PATH_UNREADABLE, {CSystemError::FromWin32(error), path});
 }
 
 uint64_t CWin32FileSystem::FileSize(const std::wstring& path) {
-  WIN32_FILE_ATTRIBUTE_DATA data{};
-  if (!::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data)) {
-    throw CException(IDS_READ_FILE_FAILED, {LastError(), path});
-  }
-  return Join(data.nFileSizeHigh, data.nFileSizeLow);
+  const CKernelHandle file(::CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
+                                         OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file) throw CException(IDS_READ_FILE_FAILED, {LastError(), path});
+  return SizeOf(file, path, IDS_READ_FILE_FAILED);
 }
 
 void CWin32FileSystem::CreateFolders(const std::wstring& path) {
@@ -136,9 +203,32 @@ void CWin32FileSystem::CreateFolders(const std::wstring& path) {
   throw CException(IDS_CREATE_FOLDER_FAILED, {CSystemError::FromWin32(error), path});
 }
 
+bool CWin32FileSystem::CreateNewFolder(const std::wstring& path) {
+  if (::CreateDirectoryW(path.c_str(), nullptr)) return true;
+  const DWORD error = ::GetLastError();
+  if (MeansTaken(error)) return false;
+  throw CException(IDS_CREATE_FOLDER_FAILED, {CSystemError::FromWin32(error), path});
+}
+
 void CWin32FileSystem::Copy(const std::wstring& from, const std::wstring& to) {
   if (::CopyFileW(from.c_str(), to.c_str(), TRUE)) return;
   throw CException(IDS_COPY_FILE_FAILED, {LastError(), from, to});
+}
+
+uint64_t CWin32FileSystem::FlushFile(const std::wstring& path, FlushDepth depth) {
+  CKernelHandle file = OpenForFlush(path);
+  std::optional<CReadOnlyLift> lift;
+  if (!file && ::GetLastError() == ERROR_ACCESS_DENIED) {
+    lift.emplace(path);
+    file = OpenForFlush(path);
+  }
+  if (!file) throw CException(IDS_WRITE_FILE_FAILED, {LastError(), path});
+  const uint64_t size = SizeOf(file, path, IDS_WRITE_FILE_FAILED);
+  const DWORD error = Flush(file, size, depth);
+  if (error != ERROR_SUCCESS) {
+    throw CException(IDS_WRITE_FILE_FAILED, {CSystemError::FromWin32(error), path});
+  }
+  return size;
 }
 
 void CWin32FileSystem::Move(const std::wstring& from, const std::wstring& to) {
@@ -165,8 +255,16 @@ void CWin32FileSystem::RemoveFolder(const std::wstring& path) {
   }
 }
 
-std::unique_ptr<INewFile> CWin32FileSystem::CreateNewFile(const std::wstring& path) {
-  return std::make_unique<CNewFile>(path);
+std::unique_ptr<INewFile> CWin32FileSystem::CreateNewFile(const std::wstring& path, FileLife life) {
+  const bool kept = life == FileLife::KEPT;
+  const DWORD share = kept ? FILE_SHARE_READ : 0;
+  const DWORD flags = kept ? FILE_ATTRIBUTE_NORMAL
+                           : FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE;
+  CKernelHandle file(::CreateFileW(path.c_str(), GENERIC_WRITE, share, nullptr, CREATE_NEW, flags, nullptr));
+  const DWORD error = ::GetLastError();
+  if (file) return std::make_unique<CNewFile>(path, std::move(file));
+  if (MeansTaken(error)) return nullptr;
+  throw CException(IDS_CREATE_FILE_FAILED, {CSystemError::FromWin32(error), path});
 }
 
 std::string CWin32FileSystem::ReadFile(const std::wstring& path, uint64_t most, uint64_t offset) {

@@ -10,12 +10,14 @@ class CWin32FileSystem : public IFileSystem {
   PathKind Kind(const std::wstring& path) override;
   uint64_t FileSize(const std::wstring& path) override;
   void CreateFolders(const std::wstring& path) override;
+  bool CreateNewFolder(const std::wstring& path) override;
   void Copy(const std::wstring& from, const std::wstring& to) override;
+  uint64_t FlushFile(const std::wstring& path, FlushDepth depth) override;
   void Move(const std::wstring& from, const std::wstring& to) override;
   void MoveOver(const std::wstring& from, const std::wstring& to) override;
   void RemoveFile(const std::wstring& path) override;
   void RemoveFolder(const std::wstring& path) override;
-  std::unique_ptr<INewFile> CreateNewFile(const std::wstring& path) override;
+  std::unique_ptr<INewFile> CreateNewFile(const std::wstring& path, FileLife life) override;
   std::string ReadFile(const std::wstring& path, uint64_t most, uint64_t offset) override;
   std::wstring TemporaryFolder() override;
 };

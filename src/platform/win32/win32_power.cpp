@@ -19,6 +19,13 @@ class CTokenPrivilege : public IPrivilege {
   CKernelHandle m_token;
 };
 
+struct CStayAwake : IStayAwake {
+  CStayAwake() { ::SetThreadExecutionState(ES_CONTINUOUS | ES_SYSTEM_REQUIRED); }
+  CStayAwake(const CStayAwake&) = delete;
+  CStayAwake& operator=(const CStayAwake&) = delete;
+  ~CStayAwake() override { ::SetThreadExecutionState(ES_CONTINUOUS); }
+};
+
 CKernelHandle OpenToken() {
   HANDLE token = nullptr;
   if (!::OpenProcessToken(::GetCurrentProcess(), TOKEN_ADJUST_PRIVILEGES | TOKEN_QUERY, &token)) {
@@ -35,6 +42,10 @@ uint32_t FailureCode() {
 }
 
 }  // namespace
+
+std::unique_ptr<IStayAwake> CWin32Power::KeepAwake() {
+  return std::make_unique<CStayAwake>();
+}
 
 std::unique_ptr<IPrivilege> CWin32Power::EnablePrivilege(const std::wstring& name) {
   CKernelHandle token = OpenToken();

@@ -6,6 +6,7 @@ namespace my {
 
 class CWin32Power : public IPower {
  public:
+  std::unique_ptr<IStayAwake> KeepAwake() override;
   std::unique_ptr<IPrivilege> EnablePrivilege(const std::wstring& name) override;
 
   uint32_t EndSession(uint32_t flags, uint32_t reason) override;

@@ -186,7 +186,7 @@ void CEditActions::DropPaths(const std::vector<std::wstring>& paths, std::option
 void CEditActions::DropPath(const std::wstring& path, std::optional<size_t> taskRow, bool append) {
   RefuseDuringReplace(m_context);
   CDocument& document = m_context.document;
-  if (m_context.ports.engine.files.Kind(path) == my::PathKind::FOLDER) {
+  if (my::KindIfKnown(m_context.ports.engine.files, path) == my::PathKind::FOLDER) {
     m_tasks.Select({AddFolderTask(document, InsertPosition(ListKind::TASKS), path)});
   } else if (HasExtension(path, L"flt") || HasExtension(path, L"txt")) {
     if (!taskRow) throw CListException(IDS_DROP_FILTER_ON_TASK, m_tasks);

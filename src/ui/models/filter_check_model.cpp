@@ -50,7 +50,7 @@ std::wstring CFilterCheckModel::Text(size_t row, size_t column) const {
   const std::wstring& line = m_lines[row];
   switch (column) {
     case LINE: return std::to_wstring(row + 1);
-    case SIGN: return item ? line.substr(0, 1) : std::wstring();
+    case SIGN: return item ? std::wstring(my::FirstCharacter(line)) : std::wstring();
     case EXPRESSION: return item ? Expression(line) : line;
     default: return item ? my::OneLine(item->error.message) : std::wstring();
   }

@@ -42,7 +42,7 @@ std::wstring TaskWarning(const CTask& task, my::IFileSystem& files, const my::IM
   for (const CDstPtr& dst : task.dsts) {
     if (LiesWithin(dst->folder, task.path)) return Warning(texts, IDS_TASK_DST_WITHIN_SOURCE, dst->folder);
   }
-  if (IsOnNetwork(task.path) || files.Kind(task.path) == my::PathKind::FOLDER) return {};
+  if (IsOnNetwork(task.path) || my::KindIfKnown(files, task.path) == my::PathKind::FOLDER) return {};
   return Warning(texts, IDS_TASK_NO_SOURCE, task.path);
 }
 

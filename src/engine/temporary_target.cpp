@@ -1,0 +1,35 @@
+#include "engine/temporary_target.h"
+
+#include "platform/file_system.h"
+#include "support/paths.h"
+
+namespace qlm {
+namespace {
+
+// "_lck1_a.zip" for "_tmp1_a.zip".
+std::wstring ReservationPath(const std::wstring& path) {
+  constexpr size_t kPrefix = 4;
+  const std::wstring_view name = my::LastComponent(path);
+  return path.substr(0, path.size() - name.size()) + L"_lck" + std::wstring(name.substr(kPrefix));
+}
+
+}  // namespace
+
+CTemporaryTarget TakeTemporaryTarget(my::IFileSystem& files, const std::wstring& destination, DstType type) {
+  files.CreateFolders(std::wstring(my::ParentPath(destination)));
+  CTemporaryTarget target;
+  const auto takeFolder = [&](const std::wstring& path) { return files.CreateNewFolder(path); };
+  // The archiver wants to create the archive itself, so another file holds the name. Looking for an archive
+  // comes second: who held the name before may have left one.
+  const auto takeArchive = [&](const std::wstring& path) {
+    auto reservation = files.CreateNewFile(ReservationPath(path), my::FileLife::UNTIL_CLOSED);
+    if (!reservation || files.Kind(path) != my::PathKind::NONE) return false;
+    target.reservation = std::move(reservation);
+    return true;
+  };
+  target.path = IsZip(type) ? my::TakeTemporaryPath(destination, takeArchive)
+                            : my::TakeTemporaryPath(destination, takeFolder);
+  return target;
+}
+
+}  // namespace qlm
