@@ -398,6 +398,8 @@
 #define IDS_WAIT_ARCHIVE             545
 #define IDS_WAIT_JOB                 546
 #define IDS_WAIT_RUN                 547
+#define IDS_UNLISTED_REMARK          548
+#define IDS_UNLISTED_COUNT           549
 
 // Texts of password, replace, about and settings: 640-679.
 #define IDS_REPLACE_COUNTS           640

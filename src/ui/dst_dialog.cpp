@@ -87,6 +87,9 @@ bool CDstDialog::OnCommand(int id, int code) {
       ShowPreview();
       ShowNote();
       return true;
+    case IDC_DST_FOLDER:
+      if (code == EN_CHANGE) ShowPreview();
+      return true;
     case IDC_DST_PATTERN:
       if (code == EN_CHANGE) ShowPreview();
       if (code == EN_KILLFOCUS) FitExtension();

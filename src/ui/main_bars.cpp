@@ -17,6 +17,8 @@ constexpr struct {
     {ID_RUN, IDS_TOOL_RUN},         {ID_TASK_TARGETS, IDS_TOOL_TEST}, {ID_RESULTS, IDS_TOOL_RESULTS}, {0, 0},
     {ID_REPLACE, IDS_TOOL_REPLACE}, {ID_SETTINGS, IDS_TOOL_SETTINGS}};
 
+constexpr WPARAM kBarStates[] = {PBST_NORMAL, PBST_PAUSED, PBST_ERROR};  // by RunHealth
+
 constexpr int kRunPart = 0;
 constexpr int kProgressPart = 1;
 constexpr int kCountsPart = 2;
@@ -95,11 +97,11 @@ int CStatusBar::Height() const {
   return HeightOf(m_bar);
 }
 
-void CStatusBar::ShowRun(const std::wstring& text, const CRunProgress& progress, bool hasErrors) const {
+void CStatusBar::ShowRun(const std::wstring& text, const CRunProgress& progress, RunHealth health) const {
   ShowText(text);
   ::ShowWindow(m_progress, text.empty() ? SW_HIDE : SW_SHOWNA);
   ::SendMessageW(m_progress, PBM_SETRANGE32, 0, static_cast<LPARAM>(progress.range));
-  ::SendMessageW(m_progress, PBM_SETSTATE, hasErrors ? PBST_ERROR : PBST_NORMAL, 0);
+  ::SendMessageW(m_progress, PBM_SETSTATE, kBarStates[static_cast<size_t>(health)], 0);
   ::SendMessageW(m_progress, PBM_SETPOS, progress.position, 0);
 }
 

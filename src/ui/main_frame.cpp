@@ -364,7 +364,16 @@ void CMainFrame::ShowResults(size_t firstRow, const CResults& rows) {
 
 void CMainFrame::ShowRunStatus() {
   const CBackupThread& run = m_app->Run();
-  m_parts->statusBar.ShowRun(run.StatusText(), run.Progress(), run.HasErrors());
+  const size_t unlisted = m_parts->results.UnlistedCount();
+  const RunHealth health = run.HasErrors() ? RunHealth::Failed
+                           : unlisted != 0 ? RunHealth::Incomplete
+                                           : RunHealth::Good;
+  std::wstring text = run.StatusText();
+  if (unlisted != 0) {
+    const my::CMsgArg count = std::to_wstring(unlisted);
+    text += L"  " + my::MakeText(TextsOf(*m_app), IDS_UNLISTED_COUNT, {&count, 1});
+  }
+  m_parts->statusBar.ShowRun(text, run.Progress(), health);
   m_parts->indicator.ShowProgress(Hwnd(), run.Progress(), run.HasErrors());
   if (!m_app->IsClosing()) return;
   const CResults& rows = m_parts->results.Rows();

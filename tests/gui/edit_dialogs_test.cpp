@@ -123,6 +123,8 @@ TEST_F(EditDialogs, the_pattern_follows_the_type_and_shows_its_name) {
   Click(dialog, IDC_DST_TOKEN_FIRST, 0);
   EXPECT_EQ(dialog.ItemText(IDC_DST_PATTERN), L"<ID>.zip");
   EXPECT_EQ(dialog.ItemText(IDC_DST_PREVIEW), L"Mail.zip");
+  dialog.SetItemText(IDC_DST_FOLDER, L"C:\\con\\x");
+  EXPECT_NE(dialog.ItemText(IDC_DST_PREVIEW).find(L"「con」"), std::wstring::npos);
   Choose(dialog, DstType::FOLDER);
   EXPECT_EQ(dialog.ItemText(IDC_DST_NOTE), L"");
 

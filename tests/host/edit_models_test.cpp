@@ -24,8 +24,8 @@ struct EditModels : testing::Test {
     for (size_t row = 0; row < model.RowCount(); ++row) numbers += model.Text(row, CTaskDstsModel::NUMBER);
     return numbers;
   }
-  std::wstring Preview(const std::wstring& pattern) const {
-    return NamePreview({L"C:\\a", DstType::FOLDER, pattern}, L"Docs", kTime, clock, texts);
+  std::wstring Preview(const std::wstring& pattern, const std::wstring& folder = L"C:\\a") const {
+    return NamePreview({folder, DstType::FOLDER, pattern}, L"Docs", kTime, clock, texts);
   }
 
   CDocument document;
@@ -72,6 +72,10 @@ TEST_F(EditModels, the_name_is_shown_or_what_is_wrong_with_it) {
   EXPECT_EQ(Preview(L"<ID>\\<Y2><M1>"), L"Docs\\163");
   EXPECT_EQ(Preview(L""), texts.Text(IDS_PATTERN_EMPTY));
   EXPECT_NE(Preview(L"a<y>b").find(L" - a<y>b"), std::wstring::npos);
+  EXPECT_NE(Preview(L" .. ").find(L"点と空白以外"), std::wstring::npos);
+  EXPECT_NE(Preview(L"x\\nul.zip").find(L"「nul.zip」は Windows のデバイス名"), std::wstring::npos);
+  EXPECT_NE(Preview(L"x", L"C:\\a:b\\c").find(L"「a:b」には :"), std::wstring::npos);
+  EXPECT_EQ(Preview(L"x", L" ..\\a "), L"x") << "a folder may be relative to another one";
   for (const CNameToken& token : NameTokens()) {
     EXPECT_EQ(Preview(token.text).find(L'<'), std::wstring::npos) << token.descId;
     EXPECT_FALSE(texts.Text(token.descId).empty());

@@ -22,6 +22,9 @@ using my::ListCheck;
 
 constexpr my::CFileTime kTime{131'016'350'490'000'000};  // 2016-03-05 07:04:09 UTC
 
+// What is told of two folders that could not be listed.
+const std::wstring kUnlisted = L"（読み取れなかったフォルダー 2 件: C:\\a\\x (system error (0x80070005))）";
+
 class ListModels : public testing::Test {
  protected:
   ListModels() {
@@ -73,6 +76,18 @@ TEST_F(ListModels, task_shows_destinations_preview_and_worst_state) {
   const CTaskPtr task = document.Tasks()[0];
   model.ShowResults({Row(task, IDS_PHASE_SKIPPED), Row(task, IDS_PHASE_CREATED)});
   EXPECT_EQ(model.Look(0).color, setting.stateColors[0]) << "created";
+  auto partial = boost::make_shared<CResult>(*Row(task, IDS_PHASE_SKIPPED));
+  auto targets = boost::make_shared<CTargets>();
+  targets->AddUnlisted(L"x", my::CSystemError::FromWin32(5));
+  targets->AddUnlisted(L"y", my::CSystemError::FromWin32(5));
+  partial->targets = targets;
+  model.ShowResults({Row(task, IDS_PHASE_CREATED), partial});
+  EXPECT_NE(model.Look(0).color, setting.stateColors[0]) << "not simply good";
+  EXPECT_EQ(model.Text(0, CTaskListModel::STATE), texts.Text(IDS_PHASE_SKIPPED) + kUnlisted);
+  CResultListModel results(setting, texts, clock);
+  results.ShowResults(0, {partial, partial});
+  EXPECT_EQ(results.Text(1, CResultListModel::MESSAGE), texts.Text(IDS_PHASE_SKIPPED) + kUnlisted);
+  EXPECT_EQ(results.UnlistedCount(), 2U) << "rows of one job share their list";
   model.ShowResults({Row(task, IDS_PHASE_COPYING, L"disk\r\nfull"), Row(task, IDS_PHASE_COPYING)});
   EXPECT_EQ(model.Look(0).color, setting.stateColors[3]) << "failed";
   EXPECT_FALSE(model.Look(1).color);

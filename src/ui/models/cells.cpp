@@ -11,8 +11,14 @@
 #include "resource.h"
 #include "settings/settings.h"
 #include "support/exception.h"
+#include "support/strings.h"
 
 namespace qlm {
+namespace {
+
+constexpr my::CColor kIncompleteColor{0x8A, 0x5A, 0x00};
+
+}  // namespace
 
 my::CListColumn CTableModel::Column(size_t column) const {
   const CColumnSpec& spec = m_columns[column];
@@ -21,11 +27,23 @@ my::CListColumn CTableModel::Column(size_t column) const {
 
 ResultState StateOf(const CResult& result) {
   if (result.error) return ResultState::FAILED;
-  if (result.message == IDS_PHASE_CREATED) return ResultState::CREATED;
-  return result.message == IDS_PHASE_SKIPPED ? ResultState::NOT_UPDATED : ResultState::RUNNING;
+  const bool created = result.message == IDS_PHASE_CREATED;
+  if (!created && result.message != IDS_PHASE_SKIPPED) return ResultState::RUNNING;
+  if (!result.targets->Unlisted().empty()) return ResultState::INCOMPLETE;
+  return created ? ResultState::CREATED : ResultState::NOT_UPDATED;
+}
+
+std::wstring RowText(const my::IMessageTexts& texts, const CResult& result) {
+  std::wstring text = ResultText(texts, result);
+  const auto& unlisted = result.targets->Unlisted();
+  if (unlisted.empty()) return text;
+  const my::CMsgArg parts[] = {std::move(text), GroupedText(unlisted.size()),
+                               UnlistedText(texts, *result.task, unlisted.front())};
+  return my::OneLine(my::MakeText(texts, IDS_UNLISTED_REMARK, parts));
 }
 
 my::CListLook StateLook(const CUISetting& setting, ResultState state) {
+  if (state == ResultState::INCOMPLETE) return {kIncompleteColor, false};
   return {setting.stateColors[static_cast<size_t>(state)], false};
 }
 

@@ -43,8 +43,13 @@ class CTableModel : public my::IListModel {
   std::span<const CColumnSpec> m_columns;
 };
 
-// In the order of the state colours in the settings.
-enum class ResultState { CREATED, RUNNING, NOT_UPDATED, FAILED };
+// In the order of the state colours in the settings. INCOMPLETE has none there: the row has ended without an
+// error, but folders of its source could not be listed.
+enum class ResultState { CREATED, RUNNING, NOT_UPDATED, FAILED, INCOMPLETE };
+
+// What the lists of the window show for a row: its phase or error, and the first folder that could not be
+// listed, with the reason. On one line.
+std::wstring RowText(const my::IMessageTexts& texts, const CResult& result);
 
 ResultState StateOf(const CResult& result);
 my::CListLook StateLook(const CUISetting& setting, ResultState state);

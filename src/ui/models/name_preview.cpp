@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <string_view>
-#include <vector>
 
 #include "document/name_pattern.h"
 #include "platform/message_texts.h"
 #include "resource.h"
+#include "support/name_faults.h"
+#include "support/strings.h"
 
 namespace qlm {
 namespace {
@@ -44,9 +45,14 @@ std::wstring NamePreview(const CDst& dst, const std::wstring& taskId, my::CFileT
                          const my::IClock& clock, const my::IMessageTexts& texts) {
   if (dst.pattern.empty()) return texts.Text(IDS_PATTERN_EMPTY);
   std::wstring name = ExpandName(dst, taskId, time, clock);
-  if (std::none_of(name.begin(), name.end(), IsBadInName)) return name;
-  const std::vector<my::CMsgArg> args = {name};
-  return my::MakeText(texts, IDS_NAME_BAD_CHARACTER, args);
+  if (std::any_of(name.begin(), name.end(), IsBadInName)) {
+    const my::CMsgArg bad = name;
+    return my::MakeText(texts, IDS_NAME_BAD_CHARACTER, {&bad, 1});
+  }
+  const auto fault = my::FindNameFault(my::Trim(dst.folder, my::kBlanks), my::Trim(name, my::kBlanks));
+  if (!fault) return name;
+  const my::CMsgArg at = fault->name;
+  return my::MakeText(texts, fault->id, {&at, 1});
 }
 
 }  // namespace qlm

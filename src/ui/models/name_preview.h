@@ -31,8 +31,8 @@ bool FitPattern(DstType type, std::wstring& pattern);
 // The ID of the task for which names are shown: the first of these rows, else the first task, else a sample.
 std::wstring SampleTaskId(const CTasks& tasks, const CRows& rows, const my::IMessageTexts& texts);
 
-// The name that the destination gets for this task ID and time (UTC); what is wrong with the pattern, when no
-// file could bear its name.
+// The name that the destination gets for this task ID and time (UTC); what is wrong with the pattern or the
+// folder, if no file could have such a name.
 std::wstring NamePreview(const CDst& dst, const std::wstring& taskId, my::CFileTime time,
                          const my::IClock& clock, const my::IMessageTexts& texts);
 

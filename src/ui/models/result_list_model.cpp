@@ -42,6 +42,16 @@ size_t CResultListModel::ErrorCount() const {
   return static_cast<size_t>(std::count_if(m_rows.begin(), m_rows.end(), failed));
 }
 
+size_t CResultListModel::UnlistedCount() const {
+  size_t count = 0;
+  const CTargets* last = nullptr;  // the rows of a job share its list
+  for (const CResultPtr& row : m_rows) {
+    if (row->targets.get() != last) count += row->targets->Unlisted().size();
+    last = row->targets.get();
+  }
+  return count;
+}
+
 std::string CResultListModel::Csv() const {
   std::wstring csv = L"\xFEFF";
   const auto line = [&](const auto& field) {
@@ -65,7 +75,7 @@ std::wstring CResultListModel::Text(size_t row, size_t column) const {
     case PATH: return result.destinationPath;
     case TYPE: return result.Dst() ? DstTypeText(m_texts, result.Dst()->type) : std::wstring();
     case TIME: return LocalTimeText(m_clock, result.newestWriteTime);
-    default: return ResultText(m_texts, result);
+    default: return RowText(m_texts, result);
   }
 }
 

@@ -21,6 +21,7 @@ class CResultListModel : public CTableModel {
 
   const CResults& Rows() const { return m_rows; }
   size_t ErrorCount() const;
+  size_t UnlistedCount() const;  // folders that could not be listed
   const CResult& Row(size_t row) const { return *m_rows[row]; }
   const CResultPtr& Shared(size_t row) const { return m_rows[row]; }
 

@@ -19,10 +19,11 @@ int Urgency(ResultState state) {
   switch (state) {
     case ResultState::FAILED: return 0;
     case ResultState::RUNNING: return 1;
-    case ResultState::CREATED: return 2;
+    case ResultState::INCOMPLETE: return 2;
+    case ResultState::CREATED: return 3;
     case ResultState::NOT_UPDATED: break;
   }
-  return 3;
+  return 4;
 }
 
 }  // namespace
@@ -43,7 +44,7 @@ void CTaskListModel::ShowResults(const CResults& rows) {
   for (const CResultPtr& row : rows) {
     if (!worst || Urgency(StateOf(*row)) < Urgency(StateOf(*worst))) worst = row.get();
   }
-  if (worst) m_states[worst->task->id] = {StateOf(*worst), ResultText(m_texts, *worst)};
+  if (worst) m_states[worst->task->id] = {StateOf(*worst), RowText(m_texts, *worst)};
 }
 
 size_t CTaskListModel::RowCount() const {
