@@ -92,6 +92,7 @@
 #define IDD_ABOUT                    241
 #define IDD_SETTINGS                 242
 #define IDD_GENERAL_PAGE             243
+#define IDD_CLOSING                  244
 // First control + ReplaceRow, first control + number of the ReplaceCol's bit.
 #define IDC_REPLACE_ROW_ALL          1200
 #define IDC_REPLACE_ROW_SELECTED     1201
@@ -128,6 +129,9 @@
 #define IDR_MAIN_KEYS                261
 #define IDR_TASK_MENU                262
 #define IDR_DST_MENU                 263
+#define IDC_CLOSING_TEXT             1260
+#define IDC_CLOSING_PATH             1261
+#define IDC_CLOSING_PROGRESS         1262
 #define IDC_SPLITTER                 1300
 #define IDC_TASK_PANE                1301
 #define IDC_DST_PANE                 1302
@@ -388,6 +392,12 @@
 #define IDS_TARGET_UNLISTED          606
 #define IDS_TARGET_NO_BACKUP         607
 #define IDS_CSV_KIND                 608
+
+// Texts of the end of session and program: 544-559.
+#define IDS_SHUTDOWN_REASON_EDITS    544
+#define IDS_WAIT_ARCHIVE             545
+#define IDS_WAIT_JOB                 546
+#define IDS_WAIT_RUN                 547
 
 // Texts of password, replace, about and settings: 640-679.
 #define IDS_REPLACE_COUNTS           640

@@ -1,7 +1,10 @@
 #include "app/application.h"
 
+#include <utility>
+
 #include "app/windows.h"
 #include "platform/clock.h"
+#include "platform/message_texts.h"
 #include "resource.h"
 #include "support/secret.h"
 
@@ -20,8 +23,11 @@ CApplication::CApplication(const CAppPorts& ports, my::IMessageBox& box, IMainWi
       m_messenger(ports.engine.texts, box, m_document),
       m_run(ports.threads, ports.engine.clock, ports.engine.texts, *this),
       m_replace(m_document, m_settings.replaceDlg, window, dialogs),
-      m_context{ports, m_messenger, m_settings, m_document, m_run, m_replace, window, dialogs},
-      m_table(m_context, std::move(commandLine)) {}
+      m_session(m_document, m_run),
+      m_context{ports, m_messenger, m_settings, m_document, m_run, m_replace, m_session, window, dialogs},
+      m_table(m_context, std::move(commandLine)) {
+  m_document.AddListener([this](DocChangeEventFlags) { OnDocumentChanged(); });
+}
 
 CApplication::~CApplication() {
   my::Wipe(m_settings.archive.password);
@@ -32,6 +38,7 @@ void CApplication::Start() {
 }
 
 bool CApplication::Execute(uint32_t id) {
+  if (m_closing) return true;
   if (IsMru(id)) {
     CCommandOpenMru command(m_context, id - ID_MRU_FIRST);
     RunCommand(m_context, command, true, false);
@@ -43,6 +50,7 @@ bool CApplication::Execute(uint32_t id) {
 }
 
 bool CApplication::IsEnabled(uint32_t id) {
+  if (m_closing) return false;
   try {
     if (IsMru(id)) {
       CCommandOpenMru(m_context, id - ID_MRU_FIRST).Execute(false);
@@ -65,19 +73,55 @@ void CApplication::ShowFailure(const std::exception_ptr& failure) const {
 }
 
 bool CApplication::OnClose() {
+  if (m_closing) {
+    if (m_run.IsActive()) return false;
+    RunCommand(m_context, *m_table.quit, true, false);
+    return true;
+  }
   if (m_replace.IsOpen()) {
     m_context.dialogs.CancelReplace();
     if (m_replace.IsOpen()) return false;
   }
   if (!m_messenger.ConfirmDiscard()) return false;
   if (m_run.IsActive() && !m_messenger.Ask(IDS_ASK_STOP_AND_QUIT)) return false;
-  m_run.StopAndWait();
+  // The run may have ended, or been stopped, while the question was open.
+  if (m_run.IsActive()) {
+    m_closing = true;
+    if (m_run.State() == IDS_STATE_RUNNING) m_run.Stop();
+    m_context.window.ShowClosing();
+    return false;
+  }
   RunCommand(m_context, *m_table.quit, true, false);
   return true;
 }
 
-void CApplication::OnEndSession() {
-  RunCommand(m_context, *m_table.quit, true, false);
+bool CApplication::OnQueryEndSession() {
+  UpdateHold();
+  return m_session.BlockReason() == 0;
+}
+
+void CApplication::OnEndSession(bool ends) {
+  if (!ends) {
+    m_session.Withdraw();
+    return UpdateHold();
+  }
+  try {
+    if (m_replace.IsOpen()) m_context.dialogs.CancelReplace();
+    m_table.quit->Store();
+  } catch (...) {
+    return;  // the process ends before anybody could read a message
+  }
+}
+
+void CApplication::OnDocumentChanged() {
+  if (m_document.IsModified()) m_session.Withdraw();
+  UpdateHold();
+}
+
+void CApplication::UpdateHold() {
+  const uint32_t reason = m_session.BlockReason();
+  if (std::exchange(m_holdReason, reason) == reason) return;
+  m_context.window.HoldSession(reason == 0 ? std::wstring() : m_context.ports.engine.texts.Text(reason));
 }
 
 void CApplication::OnResults(size_t firstRow, const CResults& rows) {
@@ -89,7 +133,10 @@ void CApplication::OnStatus() {
 }
 
 void CApplication::OnStateChanged() {
+  if (m_run.State() == IDS_STATE_RUNNING) m_session.Withdraw();
   if (!m_run.IsActive()) m_context.window.StopTimer();
+  if (!m_run.IsActive() && m_closing) m_context.window.PostClose();
+  UpdateHold();
   m_context.window.ShowRunState();
 }
 

@@ -9,6 +9,7 @@
 #include "app/command_table.h"
 #include "app/messenger.h"
 #include "app/replace_tool.h"
+#include "app/session_end.h"
 #include "document/document.h"
 #include "engine/backup_thread.h"
 #include "settings/settings.h"
@@ -44,11 +45,19 @@ class CApplication : private IRunObserver {
 
   void OnTimer() { m_run.Tick(); }
 
-  // The user closes the main window; answers whether it may be destroyed.
+  // The user closes the main window. Returns whether it may be destroyed now. If not, and IsClosing, the run
+  // has been told to stop, and IMainWindow::PostClose follows once it has ended.
   bool OnClose();
 
-  // The session ends, whatever the user wants.
-  void OnEndSession();
+  // Whether the program only waits for the run to end before it ends itself. Every command is refused.
+  bool IsClosing() const { return m_closing; }
+
+  // The system asks whether the session may end. Shows no message box: the system waits for a few seconds
+  // only.
+  bool OnQueryEndSession();
+
+  // The session ends now or, without `ends`, goes on.
+  void OnEndSession(bool ends);
 
  private:
   void OnResults(size_t firstRow, const CResults& rows) override;
@@ -56,13 +65,19 @@ class CApplication : private IRunObserver {
   void OnStateChanged() override;
   void OnPowerOff() override;
 
+  void OnDocumentChanged();
+  void UpdateHold();
+
   CSettings m_settings;
   CDocument m_document;
   CMsg m_messenger;
   CBackupThread m_run;
   CReplaceTool m_replace;
+  CSessionEnd m_session;
   CAppContext m_context;
   CCommandTable m_table;
+  uint32_t m_holdReason = 0;  // the text that the system has been told
+  bool m_closing = false;
 };
 
 }  // namespace qlm

@@ -19,6 +19,7 @@ namespace qlm {
 class CBackupThread;
 class CDocument;
 class CReplaceTool;
+class CSessionEnd;
 class IDialogs;
 class IListState;
 class IMainWindow;
@@ -42,6 +43,7 @@ struct CAppContext {
   CDocument& document;
   CBackupThread& run;
   CReplaceTool& replace;
+  CSessionEnd& session;
   IMainWindow& window;
   IDialogs& dialogs;
 };

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "app/messenger.h"
+#include "app/session_end.h"
 #include "engine/backup_thread.h"
 #include "platform/message_texts.h"
 #include "platform/power.h"
@@ -17,6 +18,10 @@ constexpr uint32_t kShutdownPowerOff = 0x8;
 constexpr uint32_t kShutdownHybrid = 0x200;
 constexpr uint32_t kShutdownInstallUpdates = 0x40;
 constexpr uint32_t kReasonPlannedApplication = 0x80040000;
+
+bool EndsSession(PowerOffType type) {
+  return type == PowerOffType::LOGOFF || type == PowerOffType::POWEROFF;
+}
 
 uint32_t Act(my::IPower& power, const my::IMessageTexts& texts, PowerOffType type, uint32_t shutdownFlags) {
   switch (type) {
@@ -43,8 +48,15 @@ void CCommandPowerOff::Execute(bool run) {
   my::IPower& power = m_context.ports.power;
   const auto privilege = power.EnablePrivilege(L"SeShutdownPrivilege");
   const CUISetting& ui = m_context.settings.ui;
-  PowerOff(power, m_context.ports.engine.texts, ui.powerOffType,
-           ShutdownFlags(ui.hybridShutdown, ui.installUpdates));
+  // The system may put its question before the call returns.
+  if (EndsSession(ui.powerOffType)) m_context.session.Request();
+  try {
+    PowerOff(power, m_context.ports.engine.texts, ui.powerOffType,
+             ShutdownFlags(ui.hybridShutdown, ui.installUpdates));
+  } catch (...) {
+    m_context.session.Withdraw();
+    throw;
+  }
 }
 
 uint32_t ShutdownFlags(bool hybrid, bool installUpdates) {

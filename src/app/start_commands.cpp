@@ -35,15 +35,16 @@ void RunInline(CAppContext& context, bool rethrow, Work work) {
 }  // namespace
 
 void CCommandQuit::Execute(bool run) {
-  if (!run) return;
+  if (run) RunInline(m_context, false, [this] { Store(); });
+}
+
+void CCommandQuit::Store() {
   m_context.window.StoreSettings(m_context.settings);
   m_context.settings.ui.lastPath = m_context.document.Path();
   if (m_skipSave) return;
-  RunInline(m_context, false, [this] {
-    const CAppPorts& ports = m_context.ports;
-    SaveSettings(ports.engine.files, ports.engine.clock, ports.dom,
-                 SettingsPath(ports.folders, ports.engine.texts), m_context.settings);
-  });
+  const CAppPorts& ports = m_context.ports;
+  SaveSettings(ports.engine.files, ports.engine.clock, ports.dom,
+               SettingsPath(ports.folders, ports.engine.texts), m_context.settings);
 }
 
 void CCommandInit::Execute(bool run) {

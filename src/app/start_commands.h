@@ -13,8 +13,11 @@ class CCommandQuit final : public CCommand {
  public:
   using CCommand::CCommand;
 
-  // A file that cannot be written is told and keeps nobody from leaving.
+  // A write failure is reported but does not block exit.
   void Execute(bool run) override;
+
+  // Does the same without a message box. Throws what SaveSettings throws.
+  void Store();
 
   // A start that the user gave up must not overwrite the file that could not be read.
   void SetSkipSave(bool skip) { m_skipSave = skip; }

@@ -43,6 +43,12 @@ class IMainWindow {
   // As if the user closed the window, once the current command has ended.
   virtual void PostClose() = 0;
 
+  // Tells the system why the session must not end now; an empty text tells it that it may.
+  virtual void HoldSession(const std::wstring& reason) = 0;
+
+  // The program ends as soon as the run does: disables every window and shows what the program waits for.
+  virtual void ShowClosing() = 0;
+
   virtual void StartTimer(uint32_t periodMs) = 0;  // of the run tick
   virtual void StopTimer() = 0;
 

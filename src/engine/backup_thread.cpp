@@ -56,13 +56,6 @@ void CBackupThread::Stop() {
   m_pool.Stop(true);
 }
 
-void CBackupThread::StopAndWait() {
-  if (!IsActive()) return;
-  if (m_state == IDS_STATE_RUNNING) Stop();
-  m_pool.WaitAll(my::kNoTimeOut);
-  Finish();
-}
-
 void CBackupThread::Tick() {
   if (!IsActive()) return;
   m_currentTick = m_clock.TickCount();

@@ -49,9 +49,6 @@ class CBackupThread : private CBackupTaskClient {
   // Throws IDS_ALREADY_STOPPING or IDS_NOT_RUNNING.
   void Stop();
 
-  // Stops what runs, if anything does, and waits for its end without a limit.
-  void StopAndWait();
-
   // Waits for the running jobs to end, at most that many milliseconds. The end shows at the next Tick.
   void WaitForJobs(uint32_t timeOutMs) { m_pool.WaitAll(timeOutMs); }
 

@@ -31,6 +31,14 @@ bool HasColor(BrushType type) {
   return type == BrushType::CUSTOM_COLOR || type >= BrushType::CHECK;
 }
 
+bool UsesBrushOf(const CDesignSetting& a, const CDesignSetting& b) {
+  return a.bkBrushType == b.bkBrushType && a.bkBrushPath == b.bkBrushPath;
+}
+
+bool UsesImageOf(const CDesignSetting& a, const CDesignSetting& b) {
+  return a.bkImgType == b.bkImgType && a.bkImgPath == b.bkImgPath;
+}
+
 bool Names(const my::CException& failure, const std::wstring& path) {
   const auto& args = failure.Args();
   return std::find(args.begin(), args.end(), my::CMsgArg(path)) != args.end();
@@ -74,14 +82,26 @@ std::wstring CDesignPage::Title() const {
 }
 
 void CDesignPage::Store(CSettings& settings) {
-  try {
-    m_preview(m_design);
-  } catch (const my::CException& failure) {
-    const bool brush = m_design.bkBrushType == BrushType::CUSTOM_BK && Names(failure, m_design.bkBrushPath);
-    m_refused = brush ? IDC_BRUSH_PATH : IDC_IMAGE_PATH;
-    throw;
-  }
+  Check(m_design, !UsesBrushOf(m_design, settings.design), !UsesImageOf(m_design, settings.design));
   settings.design = m_design;
+}
+
+// A picture that was accepted before may be on a drive that is away now; only a new one is refused.
+void CDesignPage::Check(const CDesignSetting& design, bool newBrush, bool newImage) {
+  try {
+    m_preview(design);
+    return;
+  } catch (const my::CException& failure) {
+    const bool isBrush = design.bkBrushType == BrushType::CUSTOM_BK && Names(failure, design.bkBrushPath);
+    m_refused = isBrush ? IDC_BRUSH_PATH : IDC_IMAGE_PATH;
+    if (isBrush ? newBrush : newImage) throw;
+    if (!isBrush || !newImage) return;
+  }
+  // The missing brush may have hidden what is wrong with the image.
+  CDesignSetting withoutBrush = design;
+  withoutBrush.bkBrushType = BrushType::DEFAULT;
+  Check(withoutBrush, false, true);
+  Show();
 }
 
 void CDesignPage::FocusRefused() {

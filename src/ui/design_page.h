@@ -35,6 +35,7 @@ class CDesignPage : public CSettingsPage {
   void OnChosen();
   void OnColor(int id);
   void Browse(int pathId);
+  void Check(const CDesignSetting& design, bool newBrush, bool newImage);
   void EnableControls();
   void Edited();
   void Show();

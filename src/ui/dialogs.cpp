@@ -2,8 +2,10 @@
 
 #include "app/replace_tool.h"
 #include "ui/about_dialog.h"
+#include "ui/closing_dialog.h"
 #include "ui/dst_dialog.h"
 #include "ui/filter_dialog.h"
+#include "ui/framework/disabled_windows.h"
 #include "ui/framework/file_dialogs.h"
 #include "ui/password_dialog.h"
 #include "ui/replace_dialog.h"
@@ -109,6 +111,22 @@ void CDialogs::ShowFilter(const std::wstring& filterPath, const std::wstring& so
 
 void CDialogs::ShowAbout() {
   CAboutDialog(*m_context).DoModal(Owner());
+}
+
+void CDialogs::OpenClosing() {
+  m_disabled = std::make_unique<my::CDisabledWindows>(nullptr);
+  auto dialog = std::make_unique<CClosingDialog>();
+  dialog->CreateModeless(m_owner, m_loop);
+  m_closing = std::move(dialog);
+}
+
+void CDialogs::ShowClosing(const std::wstring& text, const std::wstring& path) {
+  if (m_closing) m_closing->Show(text, path);
+}
+
+void CDialogs::RememberOpen() {
+  if (m_replace) m_replace->Remember();
+  if (m_results) m_results->Remember();
 }
 
 HWND CDialogs::Owner() const {

@@ -12,8 +12,13 @@
 #include "ui/framework/message_loop.h"
 #include "ui/models/edit_actions.h"
 
+namespace my {
+class CDisabledWindows;
+}
+
 namespace qlm {
 
+class CClosingDialog;
 class CReplaceDialog;
 class CResultDialog;
 class CResultListModel;
@@ -57,6 +62,13 @@ class CDialogs : public IDialogs, public IItemDialogs, public IClipboard {
   void ShowFilter(const std::wstring& filterPath, const std::wstring& sourcePath);
   void ShowAbout();
 
+  // Disables every window and says that the program ends, and what it waits for.
+  void OpenClosing();
+  void ShowClosing(const std::wstring& text, const std::wstring& path);  // once it is open
+
+  // Lets the dialogs that are open beside the main window keep what they remember.
+  void RememberOpen();
+
  private:
   HWND Owner() const;
 
@@ -67,6 +79,8 @@ class CDialogs : public IDialogs, public IItemDialogs, public IClipboard {
   my::CClipboard m_clipboard;
   std::unique_ptr<CReplaceDialog> m_replace;
   std::unique_ptr<CResultDialog> m_results;
+  std::unique_ptr<my::CDisabledWindows> m_disabled;
+  std::unique_ptr<CClosingDialog> m_closing;
 };
 
 }  // namespace qlm

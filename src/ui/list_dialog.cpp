@@ -78,7 +78,8 @@ std::optional<LRESULT> CListDialog::OnMessage(UINT message, WPARAM wParam, LPARA
   return reinterpret_cast<LRESULT>(::GetSysColorBrush(COLOR_BTNFACE));
 }
 
-void CListDialog::OnClosed(int) {
+void CListDialog::Remember() {
+  CDialog::Remember();
   if (m_list && m_list->Hwnd()) m_setting.columnWidthes = m_list->Widths();
 }
 

@@ -13,6 +13,9 @@ namespace qlm {
 // The base of the dialogs around one list: its column widths, its context menu, its clipboard, and failures
 // that are shown while the dialog stays open.
 class CListDialog : public my::CDialog {
+ public:
+  void Remember() override;
+
  protected:
   // Both outlive the dialog; `setting` keeps placement and column widths.
   CListDialog(CAppContext& context, UINT templateId, CColumnsDlgSetting& setting)
@@ -37,7 +40,6 @@ class CListDialog : public my::CDialog {
   virtual bool IsWarning(int) const { return false; }
 
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-  void OnClosed(int result) override;
 
   // Selects the row alone, where it can be seen.
   void ShowRow(size_t row) const;

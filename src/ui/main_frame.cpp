@@ -7,6 +7,7 @@
 #include "ui/framework/dpi.h"
 #include "ui/framework/window_placement.h"
 #include "ui/main_menu.h"
+#include "ui/models/closing_text.h"
 
 namespace qlm {
 namespace {
@@ -164,7 +165,11 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (m_parts) m_parts->view.Current().SetFocus();
       return 0;
     case WM_COMMAND: OnCommand(LOWORD(wParam)); return 0;
-    case WM_INITMENUPOPUP: OnMenu(reinterpret_cast<HMENU>(wParam)); return 0;
+    case WM_INITMENUPOPUP:
+      // The items of the system menu are the system's, and so is the close button that goes with one of them.
+      if (HIWORD(lParam) != 0) return CWindow::OnMessage(message, wParam, lParam);
+      OnMenu(reinterpret_cast<HMENU>(wParam));
+      return 0;
     case WM_MENUSELECT: OnMenuSelect(LOWORD(wParam), HIWORD(wParam)); return 0;
     case WM_DROPFILES: OnDrop(reinterpret_cast<HDROP>(wParam)); return 0;
     case WM_DPICHANGED: {
@@ -183,24 +188,21 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (wParam == kRunTimer) m_app->OnTimer();
       return 0;
     case kRunEnded: OnRunEnded(); return 0;
-    case WM_CLOSE:
-      if (m_app->OnClose()) Destroy();
-      return 0;
+    case WM_CLOSE: OnClose(); return 0;
     case WM_SYSCOLORCHANGE:
     case WM_SETTINGCHANGE:
     case WM_THEMECHANGED:
       if (m_parts) m_parts->view.OnSystemChanged();
       return CWindow::OnMessage(message, wParam, lParam);
-    case WM_QUERYENDSESSION: return MayEndSession();
-    case WM_ENDSESSION:
-      if (wParam) m_app->OnEndSession();
-      return 0;
+    case WM_QUERYENDSESSION: return m_app->OnQueryEndSession();
+    case WM_ENDSESSION: m_app->OnEndSession(wParam != 0); return 0;
     case WM_DESTROY: ::PostQuitMessage(0); return 0;
     default: return CWindow::OnMessage(message, wParam, lParam);
   }
 }
 
 void CMainFrame::OnCommand(int id) {
+  if (m_app->IsClosing()) return;
   const HWND focus = ::GetFocus();
   Execute(id);
   // A button of a pane does its work and gives the keyboard back.
@@ -227,6 +229,7 @@ void CMainFrame::Execute(int id) {
 }
 
 bool CMainFrame::IsEnabled(int id) const {
+  if (m_app->IsClosing()) return false;
   if (const auto edit = EditOf(id, CurrentList())) return m_parts->edits.IsEnabled(edit->list, edit->action);
   switch (id) {
     case ID_UNDO: return m_parts->edits.CanUndo();
@@ -266,6 +269,8 @@ void CMainFrame::OnDrop(HDROP drop) {
   POINT at{};
   ::DragQueryPoint(drop, &at);
   ::DragFinish(drop);
+  // The system delivers drops to a disabled window, too.
+  if (!::IsWindowEnabled(Hwnd())) return;
   ::ClientToScreen(Hwnd(), &at);
   const auto row = RowAt(m_parts->view.Tasks().List().Hwnd(), at);
   m_parts->edits.DropPaths(paths, row, ::GetKeyState(VK_CONTROL) < 0);
@@ -318,11 +323,12 @@ void CMainFrame::ApplySettings(const CSettings& settings) {
 void CMainFrame::StoreSettings(CSettings& settings) {
   CMainFrameSetting& frame = settings.mainFrame;
   frame.fullScreen = m_fullScreen;
-  if (m_fullScreen) ToggleFullScreen();
-  const CDlgSetting placement = my::ReadPlacement(Hwnd());
+  const CDlgSetting placement =
+      m_fullScreen ? my::ReadPlacement(Hwnd(), m_beforeFullScreen) : my::ReadPlacement(Hwnd());
   frame.maximized = placement.maximized;
   frame.normalBounds = placement.rect;
   m_parts->view.StoreSettings(frame);
+  m_dialogs.RememberOpen();
 }
 
 void CMainFrame::UpdateTitle() {
@@ -360,6 +366,10 @@ void CMainFrame::ShowRunStatus() {
   const CBackupThread& run = m_app->Run();
   m_parts->statusBar.ShowRun(run.StatusText(), run.Progress(), run.HasErrors());
   m_parts->indicator.ShowProgress(Hwnd(), run.Progress(), run.HasErrors());
+  if (!m_app->IsClosing()) return;
+  const CResults& rows = m_parts->results.Rows();
+  m_dialogs.ShowClosing(ClosingText(TextsOf(*m_app), rows),
+                        rows.empty() ? std::wstring() : rows.back()->destinationPath);
 }
 
 void CMainFrame::ShowCounts() const {
@@ -371,7 +381,7 @@ void CMainFrame::ShowRunState() {
   m_parts->toolBar.Change(ID_RUN, active ? IDS_TOOL_STOP : IDS_TOOL_RUN,
                           active ? ToolIcon::Stop : ToolIcon::Run);
   m_parts->view.ShowRunning(active);
-  if (active && !m_runShown) m_parts->indicator.Begin(Hwnd(), TextsOf(*m_app).Text(IDS_SHUTDOWN_REASON));
+  if (active && !m_runShown) m_parts->indicator.Begin();
   if (!active && m_runShown) {
     m_parts->indicator.End(Hwnd(), m_app->Run().HasErrors());
     ::PostMessageW(Hwnd(), kRunEnded, 0, 0);
@@ -384,15 +394,23 @@ void CMainFrame::ShowRunState() {
 
 // What was asked for is shown, and so is what went wrong.
 void CMainFrame::OnRunEnded() {
-  if (m_app->Run().IsActive()) return;
+  if (m_app->Run().IsActive() || m_app->IsClosing()) return;
   const bool listed = m_testRun && m_parts->results.RowCount() == 1 && !m_app->Run().HasErrors();
   if (listed && m_app->Run().State() == IDS_STATE_ENDED)
     return m_dialogs.ShowTargets(m_parts->results.Shared(0));
   if (m_app->Run().HasErrors()) m_dialogs.ShowResults(m_parts->results);
 }
 
-bool CMainFrame::MayEndSession() const {
-  return !m_app->Run().IsActive() && m_app->Context().messenger.ConfirmDiscard();
+// While a modal dialog is open, only another program can send the message: the work in the dialog goes first.
+void CMainFrame::OnClose() {
+  if (!::IsWindowEnabled(Hwnd()) && !m_app->IsClosing()) return;
+  if (m_app->OnClose()) Destroy();
+}
+
+void CMainFrame::ShowClosing() {
+  m_dialogs.OpenClosing();
+  ShowRunStatus();
+  UpdateCommands();
 }
 
 void CMainFrame::UseDpi(UINT dpi) {

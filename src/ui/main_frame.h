@@ -10,6 +10,7 @@
 #include "app/windows.h"
 #include "ui/dialogs.h"
 #include "ui/framework/message_loop.h"
+#include "ui/framework/session_hold.h"
 #include "ui/framework/window.h"
 #include "ui/main_bars.h"
 #include "ui/main_view.h"
@@ -74,6 +75,8 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void StoreSettings(CSettings& settings) override;
   void UpdateTitle() override;
   void PostClose() override { ::PostMessageW(Hwnd(), WM_CLOSE, 0, 0); }
+  void HoldSession(const std::wstring& reason) override { my::HoldSession(Hwnd(), reason); }
+  void ShowClosing() override;
   void StartTimer(uint32_t periodMs) override;
   void StopTimer() override;
   void ClearResults() override;
@@ -92,7 +95,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void OnMenuSelect(int id, UINT flags);
   void OnDrop(HDROP drop);
   void OnRunEnded();
-  bool MayEndSession() const;
+  void OnClose();
   void CheckFilter();
   void ShowCounts() const;
   void UpdateCommands() const;

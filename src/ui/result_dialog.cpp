@@ -9,25 +9,6 @@
 #include "ui/target_dialog.h"
 
 namespace qlm {
-namespace {
-
-// Keeps the user out of a window as long as it lives.
-class CDisabled {
- public:
-  explicit CDisabled(HWND window) : m_window(::IsWindowEnabled(window) ? window : nullptr) {
-    if (m_window) ::EnableWindow(m_window, FALSE);
-  }
-  CDisabled(const CDisabled&) = delete;
-  CDisabled& operator=(const CDisabled&) = delete;
-  ~CDisabled() {
-    if (m_window) ::EnableWindow(m_window, TRUE);
-  }
-
- private:
-  HWND m_window;
-};
-
-}  // namespace
 
 std::vector<my::CAnchor> CResultDialog::Anchors() const {
   using my::kBottom, my::kLeft, my::kRight, my::kTop;
@@ -84,8 +65,6 @@ void CResultDialog::OpenDestination() {
 void CResultDialog::ShowTargets() {
   const auto row = m_state.FocusedRow();
   if (!row || *row >= m_model.RowCount()) throw CListException(IDS_NO_ITEM_SELECTED, m_state);
-  // The dialog disables this window only; the main window would let the user end the program behind it.
-  const CDisabled owner(::GetWindow(Hwnd(), GW_OWNER));
   CTargetDialog(m_context, m_model.Shared(*row)).DoModal(Hwnd());
 }
 

@@ -5,27 +5,6 @@
 #include <shobjidl.h>
 
 namespace qlm {
-namespace {
-
-// The functions are missing where sessions end without a question.
-template <class Function>
-Function SessionFunction(const char* name) {
-  const HMODULE module = ::GetModuleHandleW(L"user32.dll");
-  return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(::GetProcAddress(module, name)));
-}
-
-void HoldSession(HWND window, const std::wstring& reason) {
-  const auto hold = SessionFunction<BOOL(WINAPI*)(HWND, LPCWSTR)>("ShutdownBlockReasonCreate");
-  if (hold) hold(window, reason.c_str());
-}
-
-void FreeSession(HWND window) {
-  const auto free = SessionFunction<BOOL(WINAPI*)(HWND)>("ShutdownBlockReasonDestroy");
-  if (free) free(window);
-}
-
-}  // namespace
-
 CRunIndicator::CRunIndicator(my::IPower& power) : m_power(power) {
   if (FAILED(::CoCreateInstance(CLSID_TaskbarList, nullptr, CLSCTX_INPROC_SERVER, IID_ITaskbarList3,
                                 reinterpret_cast<void**>(m_taskbar.Out()))))
@@ -41,15 +20,13 @@ void CRunIndicator::ShowProgress(HWND window, const CRunProgress& progress, bool
   m_taskbar->SetProgressValue(window, progress.position, progress.range);
 }
 
-void CRunIndicator::Begin(HWND window, const std::wstring& reason) {
+void CRunIndicator::Begin() {
   m_awake = m_power.KeepAwake();
-  HoldSession(window, reason);
 }
 
 void CRunIndicator::End(HWND window, bool hasErrors) {
   if (!m_awake) return;
   m_awake.reset();
-  FreeSession(window);
   // An error stays red until the next run, so that it is seen.
   if (m_taskbar) m_taskbar->SetProgressState(window, hasErrors ? TBPF_ERROR : TBPF_NOPROGRESS);
   if (::GetForegroundWindow() == window) return;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <memory>
-#include <string>
 
 #include "engine/backup_thread.h"
 #include "platform/power.h"
@@ -22,8 +21,8 @@ class CRunIndicator {
 
   void ShowProgress(HWND window, const CRunProgress& progress, bool hasErrors) const;
 
-  // A run has begun: the computer does not fall asleep, and the session ends only when the user insists.
-  void Begin(HWND window, const std::wstring& reason);
+  // A run has begun: the computer does not fall asleep.
+  void Begin();
 
   // It has ended: the window draws attention to itself when another one is used.
   void End(HWND window, bool hasErrors);

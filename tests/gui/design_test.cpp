@@ -161,6 +161,26 @@ TEST_F(Design, damaged_pictures_are_refused_and_the_old_one_stays) {
   });
 }
 
+TEST_F(Design, pictures_that_are_away_for_now_do_not_refuse_other_changes) {
+  CDesignSetting& design = a.app->Settings().design;
+  design.bkBrushType = BrushType::CUSTOM_BK;
+  design.bkBrushPath = a.scratch.At(L"away\\brush.png");
+  InPage([&](HWND sheet, HWND page) {
+    a.box.texts.clear();
+    ::SendDlgItemMessageW(page, IDC_SHOW_DESCRIPTION, BM_CLICK, 0, 0);
+    Choose(page, IDC_IMAGE_TYPE, static_cast<int>(BkImgType::CUSTOM));
+    ::SetDlgItemTextW(page, IDC_IMAGE_PATH, a.scratch.At(L"none.png").c_str());
+    ::SendMessageW(sheet, WM_COMMAND, IDOK, 0);
+    EXPECT_EQ(a.box.texts.size(), 1u) << "the new picture is refused";
+    EXPECT_EQ(::GetDlgCtrlID(::GetFocus()), IDC_IMAGE_PATH);
+    Choose(page, IDC_IMAGE_TYPE, static_cast<int>(BkImgType::NONE));
+    ::SendMessageW(sheet, WM_COMMAND, IDOK, 0);
+    EXPECT_EQ(a.box.texts.size(), 1u) << "the old one is not";
+  });
+  EXPECT_FALSE(design.showDesc);
+  EXPECT_EQ(design.bkBrushPath, a.scratch.At(L"away\\brush.png"));
+}
+
 TEST_F(Design, text_is_read_on_every_brush_and_every_character) {
   view.CreateIn(frame);
   ::MoveWindow(view.Hwnd(), 0, 0, 400, 300, FALSE);

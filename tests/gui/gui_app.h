@@ -62,7 +62,7 @@ class CGuiApp {
     app.reset();
     frame = std::make_unique<qlm::CMainFrame>(loop, SW_SHOW);
     const qlm::CAppPorts ports{
-        {scratch.real, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell};
+        {scratch.real, clock, ansi, texts, process}, dom, *worker, folders, power, hash, shell};
     app = std::make_unique<qlm::CApplication>(ports, box, *frame, frame->Dialogs(),
                                               L"q.exe \"" + documentPath + L"\"");
     my::SetFailureHandler([this](std::exception_ptr failure) { app->ShowFailure(failure); });
@@ -145,6 +145,7 @@ class CGuiApp {
   my::CWin32MessageTexts texts;
   my::CWin32Process process;
   my::CWin32Threads threads;
+  my::IThreads* worker = &threads;  // of the next start
   CScratchFolders folders{scratch.path};
   CFakePower power;
   my::CWin32Hash hash;

@@ -150,7 +150,9 @@ VOID CALLBACK CloseTargets(HWND results, UINT, UINT_PTR timer, DWORD) {
 TEST_F(ListDialogs, results_follow_a_run_and_are_opened_and_saved) {
   const my::CWindowClass windowClass(L"QuillmoorTestOwner");
   my::CWindow owner;
-  owner.Create(windowClass, {});
+  my::CWindowParams shown;
+  shown.style |= WS_VISIBLE;
+  owner.Create(windowClass, shown);
   CResultDialog dialog(context, rows);
   dialog.CreateModeless(owner.Hwnd(), loop);
   const HWND list = dialog.Item(IDC_RESULT_LIST);

@@ -54,6 +54,14 @@ TEST(MainFrame, every_menu_item_and_key_is_known_to_somebody) {
   }
 }
 
+TEST(MainFrame, system_menu_keeps_its_close_button) {
+  CGuiApp a;
+  const HWND frame = a.frame->Hwnd();
+  const HMENU menu = ::GetSystemMenu(frame, FALSE);
+  ::SendMessageW(frame, WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), MAKELPARAM(0, TRUE));
+  EXPECT_EQ(::GetMenuState(menu, SC_CLOSE, MF_BYCOMMAND) & (MF_GRAYED | MF_DISABLED), 0U);
+}
+
 TEST(MainFrame, menu_item_is_explained_while_it_is_selected) {
   CGuiApp a;
   const auto selected = [&a](WORD id, WORD flags) {
@@ -157,6 +165,10 @@ TEST(MainFrame, dropped_things_become_what_they_are) {
   ::MapWindowPoints(a.List(IDC_TASK_LIST), a.frame->Hwnd(), &at, 1);
   drop(L"C:\\x.FLT", at);
   EXPECT_EQ(a.Cell(IDC_TASK_LIST, 1, 2), L"C:\\x.FLT");
+  ::EnableWindow(a.frame->Hwnd(), FALSE);  // by a modal dialog
+  drop(L"C:\\y.FLT", at);
+  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 1, 2), L"C:\\x.FLT");
+  ::EnableWindow(a.frame->Hwnd(), TRUE);
   drop(L"C:\\x.exe", at);
   EXPECT_NE(a.box.texts.back().find(L"C:\\x.exe"), std::wstring::npos);
 }

@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include <boost/smart_ptr/make_shared.hpp>
 #include <memory>
 
@@ -121,6 +125,34 @@ TEST_F(SettingsDialogs, replacement_is_previewed_as_it_is_typed_and_committed) {
   EXPECT_EQ(Settings().replaceDlg.replace.row, ReplaceRow::FOCUSED);
   EXPECT_NE(Settings().replaceDlg.rect, CRect{});
   replace.Refresh();  // as the document tells of its change
+}
+
+// As the system's combo box, which completes its text when its size changes.
+LRESULT CALLBACK CompleteText(HWND combo, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+  const LRESULT result = ::DefSubclassProc(combo, message, wParam, lParam);
+  if (message != WM_SIZE && message != WM_SETFONT) return result;
+  wchar_t text[100]{};
+  ::GetWindowTextW(combo, text, 100);
+  const LRESULT found =
+      ::SendMessageW(combo, CB_FINDSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text));
+  if (found >= 0) ::SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(found), 0);
+  return result;
+}
+
+TEST_F(SettingsDialogs, typed_replacement_outlives_a_resized_window) {
+  Fill();
+  Settings().replaceDlg.srcs.Add(L"ab12");
+  const CReplaceDialog& dialog = OpenReplace();
+  ::SetWindowSubclass(dialog.Item(IDC_REPLACE_SRC), CompleteText, 0, 0);
+  Type(dialog.Hwnd(), IDC_REPLACE_SRC, L"ab");
+  ::SendMessageW(dialog.Item(IDC_REPLACE_SRC), CB_SETEDITSEL, 0, MAKELPARAM(1, 2));
+  RECT bounds = test::Bounds(dialog.Hwnd());
+  test::Resize(dialog.Hwnd(), bounds.right - bounds.left + 50, bounds.bottom - bounds.top);
+  EXPECT_EQ(TextOf(dialog.Hwnd(), IDC_REPLACE_SRC), L"ab");
+  EXPECT_EQ(::SendMessageW(dialog.Item(IDC_REPLACE_SRC), CB_GETEDITSEL, 0, 0), MAKELRESULT(1, 2));
+  bounds.right += 100;
+  ::SendMessageW(dialog.Hwnd(), WM_DPICHANGED, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&bounds));
+  EXPECT_EQ(TextOf(dialog.Hwnd(), IDC_REPLACE_SRC), L"ab");
 }
 
 TEST_F(SettingsDialogs, refused_replacement_stays_open_at_the_text_to_blame) {

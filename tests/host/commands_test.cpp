@@ -385,7 +385,7 @@ TEST_F(Commands, settings_and_replace_open_their_windows) {
   EXPECT_TRUE(a.app->OnClose());
 }
 
-TEST_F(Commands, closing_asks_about_edits_and_runs_and_waits_for_the_worker) {
+TEST_F(Commands, closing_asks_about_edits_and_runs_and_goes_on_while_the_worker_ends) {
   StartIn(IDS_STATE_RUNNING, true);
   EXPECT_FALSE(a.app->OnClose());
   EXPECT_EQ(a.TakeBoxes(), L"確認: " + a.Text(IDS_ASK_DISCARD) + L"\n");
@@ -396,15 +396,87 @@ TEST_F(Commands, closing_asks_about_edits_and_runs_and_waits_for_the_worker) {
   EXPECT_EQ(a.State(), IDS_STATE_RUNNING);
   EXPECT_EQ(a.files.Kind(kSettingsFile), my::PathKind::NONE);
   a.dialogs.buttons = {true, true};
-  EXPECT_TRUE(a.app->OnClose());
+  EXPECT_FALSE(a.app->OnClose());
+  EXPECT_EQ(a.State(), IDS_STATE_STOPPING);
+  EXPECT_EQ(a.window.closingShown, 1);
+  a.TakeBoxes();
+  const size_t tasks = a.app->Document().Tasks().size();
+  for (const uint32_t id : {ID_NEW, ID_RUN, ID_POWER_OFF, ID_SETTINGS}) {
+    EXPECT_FALSE(a.app->IsEnabled(id)) << id;
+    a.Do(id);
+  }
+  EXPECT_FALSE(a.app->OnClose()) << "the user closes once more";
+  EXPECT_EQ(a.TakeBoxes(), L"") << "nothing is asked, started or refused aloud meanwhile";
+  EXPECT_EQ(a.app->Document().Tasks().size(), tasks);
+  EXPECT_FALSE(a.app->OnQueryEndSession()) << "the worker has not ended";
+  EXPECT_FALSE(a.window.closing);
+  a.EndRun();
   EXPECT_EQ(a.State(), IDS_STATE_STOPPED);
+  EXPECT_TRUE(a.window.closing);
+  EXPECT_TRUE(a.app->OnClose());
   EXPECT_EQ(a.files.Kind(kSettingsFile), my::PathKind::FILE);
   a.files.FailAt(Op::CREATE_FOLDERS, 1, my::kErrorAccessDenied);
-  a.dialogs.buttons = {true};
-  a.TakeBoxes();
   EXPECT_TRUE(a.app->OnClose()) << "settings that cannot be written keep nobody";
   EXPECT_NE(a.TakeBoxes().find(L"フォルダーの作成に失敗しました"), std::wstring::npos);
-  a.app->OnEndSession();
+}
+
+TEST_F(Commands, session_ends_at_the_programs_own_request_and_else_waits_for_work) {
+  const auto mayEnd = [this] { return a.app->OnQueryEndSession(); };
+  bool vetoed = false;
+  a.power.onSessionEnd = [&] { vetoed = !mayEnd(); };
+  StartIn(IDS_STATE_NOT_RUN);
+  EXPECT_TRUE(mayEnd());
+  for (const auto type : {PowerOffType::LOGOFF, PowerOffType::POWEROFF}) {
+    StartIn(IDS_STATE_RUNNING, true);
+    EXPECT_EQ(a.window.hold, a.Text(IDS_SHUTDOWN_REASON));
+    EXPECT_FALSE(mayEnd());
+    a.app->Settings().ui.powerOffType = type;
+    a.dialogs.buttons = {true, true};
+    vetoed = true;
+    a.Do(ID_POWER_OFF);
+    EXPECT_FALSE(vetoed) << "asked before the call returned";
+    EXPECT_TRUE(a.app->Run().IsActive() && a.app->Document().IsModified() && mayEnd());
+    EXPECT_EQ(a.window.hold, L"");
+    a.app->OnEndSession(false);
+    EXPECT_EQ(a.window.hold, a.Text(IDS_SHUTDOWN_REASON)) << "the session goes on, and so does the run";
+    a.EndRun();
+    EXPECT_EQ(a.window.hold, a.Text(IDS_SHUTDOWN_REASON_EDITS));
+    EXPECT_FALSE(mayEnd());
+    a.app->Document().Undo();
+    EXPECT_EQ(a.window.hold, L"");
+  }
+  const auto requestAfter = [&](PowerOffType type, bool modified = true) {
+    StartIn(IDS_STATE_NOT_RUN, modified);
+    a.app->Settings().ui.powerOffType = type;
+    a.dialogs.buttons = {true};
+    a.Do(ID_POWER_OFF);
+  };
+  for (const auto type : {PowerOffType::SLEEP, PowerOffType::HIBERNATE}) {
+    requestAfter(type);
+    EXPECT_FALSE(mayEnd()) << "the session does not end by this";
+  }
+  requestAfter(PowerOffType::POWEROFF, false);
+  a.Fill(content);
+  EXPECT_FALSE(mayEnd()) << "edits made since, when another program has vetoed";
+  requestAfter(PowerOffType::POWEROFF, false);
+  a.Do(ID_RUN);
+  EXPECT_FALSE(mayEnd());
+  a.power.initiateShutdownCode = 5;
+  a.TakeBoxes();
+  requestAfter(PowerOffType::POWEROFF);
+  EXPECT_FALSE(mayEnd()) << "the request failed";
+}
+
+TEST_F(Commands, end_of_session_stores_what_closing_stores_without_a_box) {
+  StartIn(IDS_STATE_NOT_RUN, true);
+  a.Do(ID_REPLACE);
+  EXPECT_FALSE(a.app->OnQueryEndSession());
+  a.app->OnEndSession(true);
+  EXPECT_FALSE(a.app->Replace().IsOpen());
+  EXPECT_EQ(a.files.Kind(kSettingsFile), my::PathKind::FILE);
+  a.files.FailAt(Op::CREATE_FOLDERS, 1, my::kErrorAccessDenied);
+  a.app->OnEndSession(true);
+  EXPECT_EQ(a.TakeBoxes(), L"");
 }
 
 TEST(CommandLine, quotes_keep_blanks_and_vanish) {

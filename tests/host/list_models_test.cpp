@@ -8,6 +8,7 @@
 #include "resource.h"
 #include "settings/settings.h"
 #include "support/fake_ports.h"
+#include "ui/models/closing_text.h"
 #include "ui/models/dst_list_model.h"
 #include "ui/models/filter_check_model.h"
 #include "ui/models/result_list_model.h"
@@ -53,6 +54,16 @@ class ListModels : public testing::Test {
   CUISetting setting;
   CDocument document;
 };
+
+TEST_F(ListModels, closing_waits_for_the_archiver_of_the_last_row) {
+  const CTasks& tasks = document.Tasks();
+  EXPECT_EQ(ClosingText(texts, {}), texts.Text(IDS_WAIT_RUN));
+  const CResultPtr copying = Row(tasks[0], IDS_PHASE_COPYING);
+  EXPECT_EQ(ClosingText(texts, {Row(tasks[1], IDS_PHASE_ARCHIVING), copying}),
+            L"「A」の処理が中断されるのを待っています");
+  EXPECT_EQ(ClosingText(texts, {copying, Row(tasks[1], IDS_PHASE_ARCHIVING)}),
+            L"「B」の圧縮が終わるのを待っています");
+}
 
 TEST_F(ListModels, task_shows_destinations_preview_and_worst_state) {
   CTaskListModel model(document, setting, texts);

@@ -134,7 +134,11 @@ class CWalk {
   }
 
   bool Close() {
-    if (!a.app->OnClose()) return false;
+    if (!a.app->OnClose()) {
+      if (!a.app->IsClosing()) return false;
+      a.EndRun();
+      EXPECT_TRUE(a.window.closing && a.app->OnClose());
+    }
     EXPECT_FALSE(a.app->Run().IsActive());
     EXPECT_TRUE(!m_wasModified || m_discardAsked);
     Restart();

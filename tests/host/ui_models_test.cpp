@@ -21,6 +21,10 @@ TEST(Placement, window_is_pulled_back_onto_the_screen_that_it_is_nearest_to) {
   EXPECT_EQ(PullBack({INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN}, {left}), (CRect{1000, 800, 1000, 800}));
   EXPECT_EQ(PullBack({INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX}, screens), left);
   EXPECT_EQ(PullBack(inside, {}), inside);
+  // A window that the system has snapped to the left half, and one that only looks like it.
+  const CBorder border{7, 0, 7, 7};
+  EXPECT_EQ(PullBack({-7, 0, 507, 807}, {left}, border), (CRect{-7, 0, 507, 807}));
+  EXPECT_EQ(PullBack({-8, -1, 506, 500}, {left}, border), (CRect{0, 0, 514, 501}));
   EXPECT_EQ(CentreOn({0, 0, 200, 100}, {100, 100, 500, 300}), (CRect{200, 150, 400, 250}));
 }
 

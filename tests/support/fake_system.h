@@ -2,6 +2,7 @@
 #pragma once
 
 #include <boost/uuid/detail/md5.hpp>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -33,6 +34,7 @@ class CFakePower : public my::IPower {
   }
   uint32_t EndSession(uint32_t flags, uint32_t reason) override {
     calls.push_back(L"EndSession " + my::HexText(flags) + L" " + my::HexText(reason));
+    if (onSessionEnd) onSessionEnd();
     return exitWindowsCode;
   }
   uint32_t SetSuspendState(bool hibernate, bool force, bool disableWakeEvents) override {
@@ -43,6 +45,7 @@ class CFakePower : public my::IPower {
                     uint32_t reason) override {
     calls.push_back(L"ShutDown \"" + message + L"\" " + std::to_wstring(graceSeconds) + L" " +
                     my::HexText(flags) + L" " + my::HexText(reason));
+    if (onSessionEnd) onSessionEnd();
     return initiateShutdownCode;
   }
 
@@ -51,6 +54,7 @@ class CFakePower : public my::IPower {
   uint32_t setSuspendStateCode = 0;
   uint32_t initiateShutdownCode = 0;
   int livePrivileges = 0;
+  std::function<void()> onSessionEnd;  // the system may ask the program before its call returns
   // As in `EnablePrivilege SeShutdownPrivilege`, `EndSession 0x00000010 0x00000000`,
   // `SetSuspendState 1 0 0`, `ShutDown "message" 0 0x00000008 0x80040000`.
   std::vector<std::wstring> calls;

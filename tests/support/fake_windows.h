@@ -35,6 +35,8 @@ struct CFakeWindow : qlm::IMainWindow {
   void StoreSettings(qlm::CSettings& settings) override { settings.mainFrame.normalBounds = bounds; }
   void UpdateTitle() override { ++titles; }
   void PostClose() override { closing = true; }
+  void HoldSession(const std::wstring& reason) override { hold = reason; }
+  void ShowClosing() override { ++closingShown; }
   void StartTimer(uint32_t) override { timer = true; }
   void StopTimer() override { timer = false; }
   void ClearResults() override { results.clear(); }
@@ -52,6 +54,8 @@ struct CFakeWindow : qlm::IMainWindow {
   bool closing = false;
   bool timer = false;
   int titles = 0;
+  std::wstring hold;  // why the session must not end
+  int closingShown = 0;
   qlm::CResults results;
 };
 

@@ -6,10 +6,11 @@
 #include <utility>
 
 #include "support/exception.h"
+#include "ui/framework/combo_texts.h"
+#include "ui/framework/disabled_windows.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/failures.h"
 #include "ui/framework/window_placement.h"
-#include "ui/models/placement.h"
 
 namespace my {
 namespace {
@@ -56,6 +57,7 @@ CDialog::~CDialog() {
 
 int CDialog::DoModal(HWND parent) {
   m_modal = true;
+  const CDisabledWindows others(parent);
   const INT_PTR result = ::DialogBoxParamW(Instance(), MAKEINTRESOURCEW(m_templateId), parent, Thunk,
                                            reinterpret_cast<LPARAM>(this));
   const DWORD error = ::GetLastError();
@@ -108,6 +110,10 @@ std::optional<LRESULT> CDialog::OnMessage(UINT, WPARAM, LPARAM) {
 }
 
 void CDialog::OnClosed(int) {}
+
+void CDialog::Remember() {
+  if (m_placement && m_hwnd) *m_placement = ReadPlacement(m_hwnd);
+}
 
 INT_PTR CALLBACK CDialog::Thunk(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
   if (message == WM_INITDIALOG) {
@@ -177,7 +183,7 @@ void CDialog::InitPlacement() {
   qlm::CRect bounds = DefaultBounds(m_hwnd, smallest);
   if (m_placement && m_placement->rect != qlm::CRect{}) {
     // Pulled back before sums are made of it: the settings file may hold any numbers.
-    const qlm::CRect pulled = PullBack(m_placement->rect, WorkAreas());
+    const qlm::CRect pulled = PulledBack(m_hwnd, m_placement->rect);
     bounds = {pulled.left, pulled.top, pulled.left + smallest.cx, pulled.top + smallest.cy};
     if (IsResizable()) {
       bounds.right = std::max(bounds.right, pulled.right);
@@ -201,6 +207,7 @@ void CDialog::ChangeDpi(UINT dpi, const RECT& suggested) {
 }
 
 void CDialog::UseFont() {
+  const CComboTexts texts(m_hwnd);
   // The old one must live until no control uses it.
   CFont font = MessageFont(m_dpi);
   ::SendMessageW(m_hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), FALSE);
@@ -231,7 +238,7 @@ void CDialog::RethrowFailure() {
 }
 
 void CDialog::OnDestroy() {
-  if (m_placement) *m_placement = ReadPlacement(m_hwnd);
+  Remember();
   m_translation = {};
   OnClosed(m_result);
 }

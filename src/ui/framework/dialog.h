@@ -37,6 +37,9 @@ class CDialog {
   // Ends a modal dialog, destroys a modeless one.
   void Close(int result);
 
+  // Keeps what the dialog remembers, as closing it does. Does nothing while there is no window.
+  virtual void Remember();
+
   // Null while there is no window.
   HWND Hwnd() const { return m_hwnd; }
   HWND Item(int id) const { return ::GetDlgItem(m_hwnd, id); }

@@ -9,6 +9,7 @@
 
 #include "platform/win32/com.h"
 #include "support/exception.h"
+#include "ui/framework/disabled_windows.h"
 
 namespace my {
 namespace {
@@ -123,10 +124,12 @@ std::optional<std::wstring> AskFolderByTree(HWND owner, const std::wstring& titl
 }  // namespace
 
 std::optional<std::wstring> AskOpenPath(HWND owner, const CFileDialogParams& params) {
+  const CDisabledWindows others(owner);
   return AskPath(::GetOpenFileNameW, owner, params);
 }
 
 std::optional<std::wstring> AskSavePath(HWND owner, const CFileDialogParams& params) {
+  const CDisabledWindows others(owner);
   return AskPath(::GetSaveFileNameW, owner, params);
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "ui/framework/combo_texts.h"
 #include "ui/framework/gdi.h"
 
 namespace my {
@@ -61,6 +62,7 @@ SIZE CLayout::DesignSize(const CDialogUnits& units) const {
 }
 
 void CLayout::Apply(HWND window, const CDialogUnits& units) const {
+  const CComboTexts texts(window);
   RECT client{};
   ::GetClientRect(window, &client);
   const double extraX = client.right - m_width * units.x;

@@ -1,5 +1,8 @@
 #include "ui/framework/window_placement.h"
 
+#include <optional>
+
+#include "ui/framework/dpi.h"
 #include "ui/models/placement.h"
 
 namespace my {
@@ -18,6 +21,39 @@ MONITORINFO ScreenOf(HWND window) {
   info.cbSize = sizeof info;
   ::GetMonitorInfoW(::MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &info);
   return info;
+}
+
+// Empty where the system does not compose windows.
+std::optional<RECT> VisibleBounds(HWND window) {
+  using Function = HRESULT WINAPI(HWND, DWORD, void*, DWORD);
+  constexpr DWORD kExtendedFrameBounds = 9;  // DWMWA_EXTENDED_FRAME_BOUNDS
+  // Stays loaded as long as the program runs.
+  static const HMODULE module = ::LoadLibraryExW(L"dwmapi.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+  if (!module) return {};
+  static const auto get = reinterpret_cast<Function*>(
+      reinterpret_cast<void (*)()>(::GetProcAddress(module, "DwmGetWindowAttribute")));
+  RECT bounds{};
+  if (!get || FAILED(get(window, kExtendedFrameBounds, &bounds, sizeof bounds))) return {};
+  return bounds;
+}
+
+// Where windows are composed, the frame by which one is resized is not drawn but for its last pixel.
+CBorder UsualBorder(HWND window) {
+  if ((::GetWindowLongPtrW(window, GWL_STYLE) & WS_THICKFRAME) == 0) return {};
+  const UINT dpi = WindowDpi(window);
+  const int frame = SystemMetric(SM_CXSIZEFRAME, dpi) + SystemMetric(SM_CXPADDEDBORDER, dpi) - 1;
+  return {frame, 0, frame, frame};
+}
+
+CBorder InvisibleBorder(HWND window) {
+  // The system knows the visible bounds only of windows that have been shown.
+  if (!::IsWindowVisible(window) || ::IsIconic(window) || ::IsZoomed(window)) return UsualBorder(window);
+  const auto visible = VisibleBounds(window);
+  if (!visible) return {};
+  RECT outer{};
+  ::GetWindowRect(window, &outer);
+  return {visible->left - outer.left, visible->top - outer.top, outer.right - visible->right,
+          outer.bottom - visible->bottom};
 }
 
 }  // namespace
@@ -39,20 +75,30 @@ qlm::CRect WindowBounds(HWND window) {
 }
 
 qlm::CDlgSetting ReadPlacement(HWND window) {
-  const bool minimized = ::IsIconic(window) != FALSE;
-  if (!minimized && !::IsZoomed(window)) return {false, WindowBounds(window)};
+  if (!::IsIconic(window) && !::IsZoomed(window)) return {false, WindowBounds(window)};
   WINDOWPLACEMENT placement{};
   placement.length = sizeof placement;
   ::GetWindowPlacement(window, &placement);
+  return ReadPlacement(window, placement);
+}
+
+qlm::CDlgSetting ReadPlacement(HWND window, const WINDOWPLACEMENT& placement) {
   RECT normal = placement.rcNormalPosition;
   // The system counts these from the work area, not from the screen.
   const MONITORINFO screen = ScreenOf(window);
   ::OffsetRect(&normal, screen.rcWork.left - screen.rcMonitor.left, screen.rcWork.top - screen.rcMonitor.top);
-  return {!minimized || (placement.flags & WPF_RESTORETOMAXIMIZED) != 0, FromRect(normal)};
+  const bool minimized = placement.showCmd == SW_SHOWMINIMIZED;
+  const bool maximized =
+      minimized ? (placement.flags & WPF_RESTORETOMAXIMIZED) != 0 : placement.showCmd == SW_SHOWMAXIMIZED;
+  return {maximized, FromRect(normal)};
+}
+
+qlm::CRect PulledBack(HWND window, const qlm::CRect& bounds) {
+  return PullBack(bounds, WorkAreas(), InvisibleBorder(window));
 }
 
 void PlaceWindow(HWND window, const qlm::CRect& bounds) {
-  const qlm::CRect place = PullBack(bounds, WorkAreas());
+  const qlm::CRect place = PulledBack(window, bounds);
   // Twice: on its way to a screen of another DPI the window is scaled, but these bounds are that screen's.
   for (int i = 0; i < 2; ++i)
     ::SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,

@@ -18,7 +18,13 @@ qlm::CRect WindowBounds(HWND window);
 // The bounds of the restored window, also of a maximized or minimized one.
 qlm::CDlgSetting ReadPlacement(HWND window);
 
-// Moves the window to `bounds`, pulled back onto a screen; does not show it.
+// The same of a window that had this placement when it was on its present screen.
+qlm::CDlgSetting ReadPlacement(HWND window, const WINDOWPLACEMENT& placement);
+
+// Returns `bounds`, pulled back until what is seen of the window lies on a screen.
+qlm::CRect PulledBack(HWND window, const qlm::CRect& bounds);
+
+// Moves the window to `bounds`, pulled back until what is seen of it lies on a screen; does not show it.
 void PlaceWindow(HWND window, const qlm::CRect& bounds);
 
 // Where a window of this size goes by default: centred on its owner, or without one that can be seen on

@@ -30,9 +30,13 @@ void PullRange(int32_t& low, int32_t& high, int32_t from, int32_t to) {
   high = static_cast<int32_t>(start + length);
 }
 
+bool IsWithin(int32_t low, int32_t high, int32_t from, int32_t to) {
+  return from <= low && low <= high && high <= to;
+}
+
 }  // namespace
 
-CRect PullBack(const CRect& window, const std::vector<CRect>& workAreas) {
+CRect PullBack(const CRect& window, const std::vector<CRect>& workAreas, const CBorder& border) {
   if (workAreas.empty()) return window;
   const auto rank = [&](const CRect& area) {
     return std::make_tuple(-Overlap(window, area), Distance(window, area));
@@ -40,8 +44,10 @@ CRect PullBack(const CRect& window, const std::vector<CRect>& workAreas) {
   const CRect area = *std::min_element(workAreas.begin(), workAreas.end(),
                                        [&](const CRect& a, const CRect& b) { return rank(a) < rank(b); });
   CRect pulled = window;
-  PullRange(pulled.left, pulled.right, area.left, area.right);
-  PullRange(pulled.top, pulled.bottom, area.top, area.bottom);
+  if (!IsWithin(window.left, window.right, area.left - border.left, area.right + border.right))
+    PullRange(pulled.left, pulled.right, area.left, area.right);
+  if (!IsWithin(window.top, window.bottom, area.top - border.top, area.bottom + border.bottom))
+    PullRange(pulled.top, pulled.bottom, area.top, area.bottom);
   return pulled;
 }
 

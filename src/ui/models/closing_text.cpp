@@ -1,0 +1,17 @@
+#include "ui/models/closing_text.h"
+
+#include "platform/message_texts.h"
+#include "resource.h"
+
+namespace qlm {
+
+std::wstring ClosingText(const my::IMessageTexts& texts, const CResults& rows) {
+  if (rows.empty()) return texts.Text(IDS_WAIT_RUN);
+  const CResult& row = *rows.back();
+  // The archiver is not interrupted; all else ends before its next file.
+  const bool archive = !row.error && row.message == IDS_PHASE_ARCHIVING;
+  const my::CMsgArg id = row.task->id;
+  return my::MakeText(texts, archive ? IDS_WAIT_ARCHIVE : IDS_WAIT_JOB, {&id, 1});
+}
+
+}  // namespace qlm

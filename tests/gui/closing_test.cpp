@@ -1,0 +1,108 @@
+// The end of the session and of the program, as the system and the user ask for it.
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+#include "document/document_edits.h"
+#include "gui/gui_app.h"
+#include "support/fake_windows.h"
+#include "ui/framework/message_box.h"
+#include "ui/framework/window_placement.h"
+
+namespace {
+
+using namespace qlm;
+
+struct Closing : testing::Test {
+  bool MayEnd() const { return ::SendMessageW(a.frame->Hwnd(), WM_QUERYENDSESSION, 0, 0) != 0; }
+  void EndSession(bool ends) const { ::SendMessageW(a.frame->Hwnd(), WM_ENDSESSION, ends, 0); }
+  HWND OpenResults() {
+    a.Do(ID_RESULTS);
+    return test::DialogWith(IDC_RESULT_LIST);
+  }
+
+  test::CManualThreads manual;
+  test::CGuiApp a;
+};
+
+TEST_F(Closing, session_is_held_for_edits_but_not_against_the_programs_own_power_off) {
+  EXPECT_TRUE(MayEnd());
+  a.AddTask(L"a", L"C:\\a");
+  EXPECT_FALSE(MayEnd());
+  EXPECT_TRUE(a.box.texts.empty()) << "no box while the system waits";
+  a.box.answers = {true};
+  a.Do(ID_POWER_OFF);
+  EXPECT_TRUE(MayEnd());
+  EndSession(false);
+  EXPECT_FALSE(MayEnd());
+}
+
+TEST_F(Closing, end_of_session_stores_what_open_windows_remember) {
+  const HWND results = OpenResults();
+  ::MoveWindow(results, 30, 40, 1000, 600, FALSE);
+  ListView_SetColumnWidth(::GetDlgItem(results, IDC_RESULT_LIST), 0, 123);
+  a.Do(ID_REPLACE);
+  ::MoveWindow(test::DialogWith(IDC_REPLACE_SRC), 50, 60, 800, 600, FALSE);
+  const CRect normal = my::WindowBounds(a.frame->Hwnd());
+  a.Do(ID_FULL_SCREEN);
+  EndSession(true);
+  EndSession(true);  // a second look must not find the window changed by the first
+  a.Start();
+  const CSettings& settings = a.app->Settings();
+  EXPECT_EQ(settings.resultDlg.rect, (CRect{30, 40, 1030, 640}));
+  EXPECT_EQ(settings.resultDlg.columnWidthes.at(0), 123);
+  EXPECT_EQ(settings.replaceDlg.rect, (CRect{50, 60, 850, 660}));
+  EXPECT_TRUE(settings.mainFrame.fullScreen);
+  EXPECT_EQ(settings.mainFrame.normalBounds, normal);
+}
+
+TEST_F(Closing, window_keeps_painting_and_refuses_work_while_the_worker_ends) {
+  a.worker = &manual;
+  a.Start();
+  a.scratch.Write(L"file.txt", "x");
+  a.AddDst(a.scratch.At(L"out"));
+  a.AddTask(L"書類", a.scratch.path);
+  SetUse(a.app->Document(), {0}, 0, true);
+  a.Do(ID_RUN);
+  const HWND results = OpenResults();
+  const HWND frame = a.frame->Hwnd();
+  a.Quit();
+  ASSERT_TRUE(::IsWindow(frame));
+  const HWND waiting = test::DialogWith(IDC_CLOSING_TEXT);
+  ASSERT_TRUE(waiting);
+  EXPECT_FALSE(::IsWindowEnabled(frame) || ::IsWindowEnabled(results));
+  ::SendMessageW(waiting, WM_CLOSE, 0, 0);
+  a.Do(ID_NEW);
+  a.Do(ID_TASK_DUPLICATE);
+  EXPECT_EQ(a.app->Document().Tasks().size(), 1u);
+  ::InvalidateRect(frame, nullptr, TRUE);
+  test::Pump();
+  EXPECT_FALSE(::GetUpdateRect(frame, nullptr, FALSE));
+  EXPECT_TRUE(::IsWindow(waiting));
+  EXPECT_EQ(a.scratch.files.Kind(a.scratch.At(L"out")), my::PathKind::NONE);
+  manual.Work();
+  EXPECT_TRUE(test::PumpUntil([&] { return !::IsWindow(frame); }));
+}
+
+TEST_F(Closing, box_over_the_results_keeps_the_user_out_of_the_main_window) {
+  static HWND frame = nullptr;
+  static bool wasEnabled = true;
+  frame = a.frame->Hwnd();
+  const HWND results = OpenResults();
+  ::SetActiveWindow(results);
+  const auto answer = [](HWND, UINT, UINT_PTR, DWORD) {
+    const HWND box = ::GetActiveWindow();
+    if (box == frame || !::GetDlgItem(box, IDCANCEL) || ::GetDlgItem(box, IDC_RESULT_LIST)) return;
+    wasEnabled = ::IsWindowEnabled(frame);
+    ::SendMessageW(frame, WM_CLOSE, 0, 0);  // of the task manager
+    ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
+  };
+  const UINT_PTR timer = ::SetTimer(nullptr, 0, 20, answer);
+  EXPECT_EQ(my::CMessageBox().Show(L"text", L"caption", MB_OKCANCEL), IDCANCEL);
+  ::KillTimer(nullptr, timer);
+  EXPECT_FALSE(wasEnabled);
+  EXPECT_TRUE(::IsWindow(frame));
+  EXPECT_TRUE(::IsWindowEnabled(frame) && ::IsWindowEnabled(results));
+}
+
+}  // namespace
