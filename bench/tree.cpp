@@ -24,7 +24,7 @@ std::wstring FileName(int index) {
   return kStems[index % std::size(kStems)] + std::to_wstring(1000 + index) + extension;
 }
 
-void FillFolder(my::CWin32FileSystem& files, const std::wstring& folder, const CTreeShape& shape) {
+void FillFolder(my::IFileSystem& files, const std::wstring& folder, const CTreeShape& shape) {
   files.CreateFolders(folder);
   for (int i = 0; i < shape.files; ++i) {
     const auto file = files.CreateNewFile(my::JoinPath(folder, FileName(i)));
@@ -58,7 +58,7 @@ std::wstring EnsureTree(const std::wstring& root, const CTreeShape& shape) {
     const std::wstring project = my::JoinPath(tree, ProjectName(i));
     for (const wchar_t* const folder : kFolders) FillFolder(files, my::JoinPath(project, folder), shape);
   }
-  files.CreateNewFile(marker)->Close();
+  files.CreateNewFile(marker, my::FileLife::KEPT)->Close();
   return tree;
 }
 

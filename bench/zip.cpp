@@ -21,7 +21,7 @@
 namespace bench {
 namespace {
 
-void WriteListFile(my::CWin32FileSystem& files, const qlm::CTargets& targets, const std::wstring& path) {
+void WriteListFile(my::IFileSystem& files, const qlm::CTargets& targets, const std::wstring& path) {
   ::DeleteFileW(path.c_str());
   std::string lines;
   for (const qlm::CTarget& target : targets) {

@@ -54,8 +54,8 @@ for ((round = 0; round < rounds; ++round)); do
   for task in folder zip; do
     rows=$(json_rows | jq -c "select(.event == \"row\" and .task == \"$task\")")
     [[ $(wc -l <<<"$rows") == "$runners" ]] || fail "round $round: a runner reports nothing of $task"
-    ((created += $(grep -c '"phase":439,' <<<"$rows" || true)))
-    ((errors += $(grep -vc '"error":0,' <<<"$rows" || true)))
+    created=$((created + $(grep -c '"phase":439,' <<<"$rows" || true)))
+    errors=$((errors + $(grep -vc '"error":0,' <<<"$rows" || true)))
   done
 done
 rm -f "$out".[0-9] "$err".[0-9]

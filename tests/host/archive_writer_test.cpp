@@ -41,7 +41,7 @@ class ArchiveWriter : public testing::Test {
   uint32_t Write(DstType type = DstType::ZIP) {
     try {
       qlm::WriteArchive({{files, clock, nullptr}, process},
-                        {L"C:\\7 z.exe", L"p w", L"C:\\src", targets, L"D:\\d x\\_tmp_a.zip", type});
+                        {L"C:\\7 z.exe", L"p w", source, targets, L"D:\\d x\\_tmp_a.zip", type});
     } catch (const my::CException& failure) {
       return failure.Id();
     }
@@ -51,6 +51,7 @@ class ArchiveWriter : public testing::Test {
   test::CMemoryFileSystem files;
   test::CFakeClock clock;
   test::CFakeProcess process;
+  std::wstring source = L"C:\\src";
   qlm::CTargets targets;
   std::wstring expectedList = L"C:\\temp\\qlm0.txt";
   std::string list;
@@ -68,6 +69,9 @@ TEST_F(ArchiveWriter, command_line_is_passed_unquoted_and_the_list_is_plain_utf8
   EXPECT_FALSE(start.console);
   EXPECT_EQ(list, "a b.txt\nsub\\\xF0\xA0\xAE\xB7.txt\n");
   EXPECT_FALSE(files.Files().contains(expectedList)) << "the list is deleted";
+  source = L"D:";
+  Write();
+  EXPECT_EQ(process.Starts().back().workingFolder, L"D:\\") << "not the current folder of the drive";
 
   EXPECT_EQ(qlm::ArchiverOptions(DstType::PASSWORD_ZIP, L"p w"), L"a -ssw -pp w");
   EXPECT_EQ(qlm::ArchiverOptions(DstType::AES_256_ZIP, L"p"), L"a -mem=AES256 -ssw -pp");

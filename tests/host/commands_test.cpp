@@ -525,8 +525,14 @@ TEST_F(Commands, start_that_is_given_up_leaves_the_settings_file) {
     EXPECT_TRUE(a.app->OnClose());
     EXPECT_NE(a.files.Files().at(kSettingsFile), content_);
   }
+  a.files.AddFile(kSettingsFile, good);
+  a.files.FailAt(test::Op::KIND, 1, 53);  // the profile is on a share that cannot be reached just now
+  a.Start();
+  EXPECT_TRUE(a.window.closing && a.app->OnClose());
+  EXPECT_EQ(a.files.Files().at(kSettingsFile), good) << "not replaced by defaults";
   const std::wstring boxes = a.TakeBoxes();
   EXPECT_NE(boxes.find(L"設定ファイル: " + kSettingsFile + L"\nXML"), std::wstring::npos) << "named once";
+  EXPECT_NE(boxes.find(L"有無を確認できませんでした"), std::wstring::npos);
   EXPECT_NE(boxes.find(L"新しいバージョン用の設定ファイル"), std::wstring::npos);
 }
 
