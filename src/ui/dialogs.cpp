@@ -46,7 +46,7 @@ std::optional<std::wstring> CDialogs::AskSavePath(const CFileQuestion& question)
 }
 
 bool CDialogs::AskPassword(CPasswordEntry& entry) {
-  return CPasswordDialog(*m_context, entry).DoModal(Owner()) == IDOK;
+  return CPasswordDlg(*m_context, entry).DoModal(Owner()) == IDOK;
 }
 
 void CDialogs::ShowSettings(bool designPage) {
