@@ -13,7 +13,8 @@ class CCommandNew final : public CCommand {
   void Execute(bool run) override;
 };
 
-// Opens a document in place of the one that is open, or appends its content to that.
+// Opens a document in place of the one that is open, or inserts its content into that: at the first selected
+// task, or else at the end.
 class CCommandOpen final : public CCommand {
  public:
   // Asks for the path when it is empty.

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "app/windows.h"
+#include "document/file_formats.h"
 #include "platform/message_texts.h"
 #include "resource.h"
 #include "settings/settings.h"
@@ -152,8 +153,9 @@ void CTaskDialog::BrowseFilter() {
   const my::IMessageTexts& texts = m_context.ports.engine.texts;
   CFileQuestion question;
   question.initialPath = ItemText(IDC_TASK_FILTER);
-  question.kinds = {{texts.Text(IDS_FILTER_FILES), L"*.flt;*.txt"}, {texts.Text(IDS_ALL_FILES), L"*.*"}};
-  question.defaultExtension = L"flt";
+  question.kinds = {{texts.Text(IDS_FILTER_FILES), std::wstring(FormatOf(FilterFormat::FLT).pattern)},
+                    {texts.Text(IDS_FILTER_TEXT_FILES), std::wstring(FormatOf(FilterFormat::TXT).pattern)}};
+  question.defaultExtension = FormatOf(FilterFormat::FLT).extension;
   question.flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
   if (const auto path = m_context.dialogs.AskOpenPath(question)) SetItemText(IDC_TASK_FILTER, *path);
 }

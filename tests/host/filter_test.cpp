@@ -43,7 +43,7 @@ TEST(Filter, line_yields_its_expression) {
   for (const auto& [line, match, other] : table) {
     const qlm::CFilter filter = Filter({L"# note", line});
     ASSERT_TRUE(filter.Items().size() == 1 && !filter.HasErrors()) << line;
-    EXPECT_EQ(filter.Items()[0]->exclude, line[0] == L'-');
+    EXPECT_EQ(filter.Items()[0]->IsExclude(), line[0] == L'-');
     EXPECT_EQ(Deciding(filter, match), 1) << line;
     EXPECT_EQ(Deciding(filter, other), -1) << line;
   }
@@ -59,6 +59,7 @@ TEST(Filter, bad_line_keeps_its_error_and_matches_nothing) {
     EXPECT_EQ(filter.FirstError()->error.code, id) << line;
     EXPECT_EQ(Deciding(filter, L"a.tmp"), 2);
   }
+  EXPECT_EQ(Filter({L"+abc def/"}).Items()[0]->pattern, L"def/") << "what was taken, as it was typed";
   EXPECT_NE(Filter({L"𠮷"}).FirstError()->error.message.find(L"(𠮷)"), std::wstring::npos);
   EXPECT_EQ(Filter({L"- 𠮷(古[写真"}).FirstError()->error.message,
             L"正規表現エラー: 括弧 ( ) や [ ] が対応していません（𠮷(古[写真）")

@@ -465,7 +465,7 @@ class CMemoryFileSystem : public my::IFileSystem {
   std::unique_ptr<std::mutex> m_lock = std::make_unique<std::mutex>();
   std::vector<CEntryPtr> m_entries;  // in the order in which they came
   std::wstring m_temporaryFolder = L"C:\\Temp\\";
-  std::wstring m_currentFolder = L"C:\\work";
+  std::wstring m_currentFolder = L"C:\\";
   bool m_shortenCopies = false;
   int m_renameRefusals = 1;
   std::map<Op, std::function<void()>> m_meanwhile;
