@@ -260,16 +260,6 @@ TEST_F(BackupTask, stop_ends_the_job_at_its_next_check) {
   EXPECT_EQ(Outcome(Run(&never)), "439/0 ");
 }
 
-TEST_F(BackupTask, consecutive_files_of_a_folder_make_it_once) {
-  AddDst(L"x");
-  Run();
-  std::vector<std::wstring> made;
-  for (const auto& line : files.Log()) {
-    if (line.starts_with(L"create folders")) made.push_back(line.substr(line.rfind(L'\\') + 1));
-  }
-  EXPECT_EQ(made, (std::vector<std::wstring>{L"dst", L"_tmp_x", L"sub", L"deep", L"_tmp_x"}));
-}
-
 constexpr Op kAllOps[] = {Op::FIND,  Op::NEXT, Op::KIND,        Op::SIZE,        Op::CREATE_FOLDERS,
                           Op::COPY,  Op::MOVE, Op::REMOVE,      Op::CREATE_FILE, Op::WRITE,
                           Op::CLOSE, Op::READ, Op::TEMP_FOLDER, Op::FLUSH_FILE};
