@@ -300,6 +300,8 @@
 #define IDS_NAME_ONLY_DOTS           473
 #define IDS_NAME_IS_DEVICE           474
 #define IDS_NAME_HAS_COLON           475
+#define IDS_ARCHIVE_PATH_HAS_BLANK   476
+#define IDS_SETTINGS_PARTLY_READ     477
 #define IDS_ARCHIVE_INCOMPLETE       480
 #define IDS_DOCTYPE_REFUSED          481
 #define IDS_READ_BACK_FAILED         482
@@ -318,6 +320,7 @@
 #define IDS_TOO_MANY_DSTS            495
 #define IDS_PASSWORD_BAD_CHARACTER   496
 #define IDS_PATH_NOT_RESPONDING      497
+#define IDS_FILTER_TEXT_FILES        498
 
 // Reasons why a regular expression is refused.
 #define IDS_REGEX_BRACKETS           521
@@ -361,7 +364,6 @@
 #define IDS_BROWSE_SOURCE            560
 #define IDS_BROWSE_DST               561
 #define IDS_FILTER_FILES             562
-#define IDS_ALL_FILES                563
 #define IDS_TASK_NO_SOURCE           564
 #define IDS_TASK_DST_WITHIN_SOURCE   565
 #define IDS_SAMPLE_TASK_ID           566

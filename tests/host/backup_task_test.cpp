@@ -104,7 +104,9 @@ TEST_F(BackupTask, source_without_a_counted_file_fails_before_any_destination) {
   task.path = L"C:\\src";
   task.filterPath = L"C:\\all.flt";
   files.AddFile(task.filterPath, "- [a-z]\\.txt$\n", kOlder);
-  EXPECT_EQ(Outcome(Run()), "435/465 ");
+  const qlm::CResults rows = Run();
+  EXPECT_EQ(Outcome(rows), "435/465 ");
+  EXPECT_EQ(qlm::CountTargets(*rows[0]->targets).excluded, kSource.size()) << "shows what excluded them";
   EXPECT_EQ(files.Kind(L"D:\\dst"), my::PathKind::NONE);
 }
 

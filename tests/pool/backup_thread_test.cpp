@@ -93,6 +93,7 @@ TEST_F(BackupThread, run_counts_its_rows_and_ends_at_the_full_bar) {
   EXPECT_EQ(controller.StatusText(), L"");
   controller.Start(false, false);
   EXPECT_EQ(controller.Total(), 3u);
+  EXPECT_FALSE(controller.IsListOnly());
   EXPECT_EQ(Refusal([&] { controller.Start(false, false); }), IDS_ALREADY_RUNNING);
   TickToEnd();
   EXPECT_EQ(controller.State(), IDS_STATE_ENDED);
@@ -106,6 +107,7 @@ TEST_F(BackupThread, run_counts_its_rows_and_ends_at_the_full_bar) {
   AddJob(L"3", {L"x", L"x"});
   controller.Start(true, false);  // a second run may follow; a listing has one row a job
   EXPECT_EQ(controller.Total(), 1u);
+  EXPECT_TRUE(controller.IsListOnly());
   TickToEnd();
   EXPECT_EQ(controller.RowCount(), 1u);
 }

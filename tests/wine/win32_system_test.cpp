@@ -60,7 +60,7 @@ TEST(Win32Threads, thread_that_nobody_waits_for_goes_on) {
     while (!go) std::this_thread::yield();
     done = true;
   };
-  EXPECT_FALSE(my::CWin32Threads().Start(body, my::IThreads::kNormalPriority, error)->Wait(1));
+  EXPECT_FALSE(my::CWin32Threads().Start(body, {}, error)->Wait(1));
   go = true;
   for (int waited = 0; waited < 1000 && !done; ++waited) ::Sleep(10);
   EXPECT_TRUE(done);
