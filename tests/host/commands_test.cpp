@@ -348,11 +348,15 @@ TEST_F(Commands, file_manager_shows_what_is_focused_or_the_nearest_folder) {
   a.dialogs.buttons = {true, true};
   a.Do(ID_EXPLORER_DST);
   EXPECT_EQ(a.shell.calls, std::vector<std::wstring>{L"Open D:\\"});
-  content.dsts.Replace(0, MakeDst(L"\\\\gone\\x"));
-  a.app->Document().Reset(content, L"");
-  a.TakeBoxes();
-  a.Do(ID_EXPLORER_DST);
-  EXPECT_NE(a.TakeBoxes().find(L"(0x80070003)\n\n\\\\gone\\x"), std::wstring::npos);
+  for (const std::wstring gone : {L"Q:\\x\\y", L"\\\\gone\\x"}) {
+    content.dsts.Replace(0, MakeDst(gone));
+    a.app->Document().Reset(content, L"");
+    a.TakeBoxes();
+    a.dialogs.buttons = {true};
+    a.Do(ID_EXPLORER_DST);
+    EXPECT_NE(a.TakeBoxes().find(L"(0x80070003)\n\n" + gone), std::wstring::npos)
+        << "not the root of a drive";
+  }
 
   a.threads.hang = true;  // as a share of a computer that was switched off
   a.shell.calls.clear();

@@ -66,15 +66,6 @@ TEST(Filter, bad_line_keeps_its_error_and_matches_nothing) {
       << "the expression is shown as it was typed";
 }
 
-TEST(Filter, first_match_decides_and_no_line_means_no_rule) {
-  const qlm::CFilter filter = Filter({L"", L" \t", L"#- a", L"- ^old/", L"+ ^old/keep", L"+ b", L"- ."});
-  EXPECT_EQ(filter.Items().size(), 4u);
-  EXPECT_EQ(Deciding(filter, L"old\\keep"), 3);
-  EXPECT_EQ(Deciding(filter, L"b"), 5);
-  EXPECT_EQ(Deciding(filter, L"a"), 6);
-  EXPECT_EQ(Deciding(Filter({L"# only", L""}), L"a"), -1);
-}
-
 TEST(TextFile, encoding_and_line_ends) {
   const std::pair<std::string, std::vector<std::wstring>> table[] = {
       {"", {}},

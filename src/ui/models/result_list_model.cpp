@@ -13,7 +13,7 @@ constexpr CColumnSpec kColumns[] = {{IDS_COL_TASK_ID, 80},
                                     {IDS_COL_RESULT_PATH, 170},
                                     {IDS_COL_DST_TYPE, 110},
                                     {IDS_COL_RESULT_TIME, 130},
-                                    {IDS_COL_RESULT_MESSAGE, 265}};
+                                    {IDS_COL_RESULT_MESSAGE, 420}};
 
 // A field with a character that means something to a reader stands in quotes, quotes in it twice.
 void AppendField(std::wstring& csv, const std::wstring& field) {
