@@ -56,6 +56,7 @@ class CFakeFiles : public my::IFileSystem {
     return my::PathKind::FOLDER;
   }
 
+  std::wstring FullPath(const std::wstring&) override { Refuse(); }
   uint64_t FileSize(const std::wstring&) override { Refuse(); }
   void CreateFolders(const std::wstring&) override { Refuse(); }
   bool CreateNewFolder(const std::wstring&) override { Refuse(); }

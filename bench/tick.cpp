@@ -22,7 +22,8 @@ class CIdleObserver : public qlm::IRunObserver {
 // Leaves the worker's work to whoever measures, so that ticks fall between its steps and not into them.
 class CHeldThreads : public my::IThreads {
  public:
-  std::unique_ptr<my::IRunningThread> Start(std::function<void()> body, int, my::CSystemError&) override {
+  std::unique_ptr<my::IRunningThread> Start(std::function<void()> body, const my::CThreadStart&,
+                                            my::CSystemError&) override {
     m_body = std::move(body);
     m_ended = false;
     return std::make_unique<CHeldThread>(m_ended);
@@ -37,6 +38,7 @@ class CHeldThreads : public my::IThreads {
   struct CHeldThread : my::IRunningThread {
     explicit CHeldThread(const bool& isEnded) : ended(isEnded) {}
     bool Wait(uint32_t) override { return ended; }
+    uint32_t Id() const override { return 1; }
     const bool& ended;
   };
 

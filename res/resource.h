@@ -302,6 +302,8 @@
 #define IDS_NAME_ONLY_DOTS           473
 #define IDS_NAME_IS_DEVICE           474
 #define IDS_NAME_HAS_COLON           475
+#define IDS_ARCHIVE_PATH_HAS_BLANK   476
+#define IDS_SETTINGS_PARTLY_READ     477
 #define IDS_ARCHIVE_INCOMPLETE       480
 #define IDS_DOCTYPE_REFUSED          481
 #define IDS_READ_BACK_FAILED         482

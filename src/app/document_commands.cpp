@@ -4,19 +4,14 @@
 #include "app/windows.h"
 #include "document/document.h"
 #include "document/document_file.h"
+#include "document/file_formats.h"
+#include "platform/file_system.h"
 #include "platform/message_texts.h"
 #include "resource.h"
 #include "settings/settings.h"
-#include "support/strings.h"
 
 namespace qlm {
 namespace {
-
-constexpr uint32_t kHideReadOnly = 0x4;
-constexpr uint32_t kOverwritePrompt = 0x2;
-constexpr uint32_t kFileMustExist = 0x1000;
-constexpr uint32_t kExplorer = 0x80000;
-constexpr uint32_t kEnableSizing = 0x800000;
 
 void Guard(const CAppContext& context) {
   RefuseDuringRun(context);
@@ -24,20 +19,17 @@ void Guard(const CAppContext& context) {
 }
 
 CFileQuestion Question(const CAppContext& context, std::wstring initialPath, uint32_t flags) {
-  const my::IMessageTexts& texts = context.ports.engine.texts;
+  const auto kind = [&context](uint32_t labelId, FileFormat format) {
+    return std::pair(context.ports.engine.texts.Text(labelId), std::wstring(FormatOf(format).pattern));
+  };
   return {std::move(initialPath),
-          {{texts.Text(IDS_DOCUMENT_KIND), L"*.qlmr"}, {texts.Text(IDS_XML_FILE_KIND), L"*.xml"}},
+          {kind(IDS_DOCUMENT_KIND, FileFormat::QLMR), kind(IDS_XML_FILE_KIND, FileFormat::XML)},
           {},
-          kExplorer | kEnableSizing | flags};
-}
-
-// A name with half a character cannot stand in the settings file, and must not keep it from being written.
-bool IsWellFormed(const std::wstring& path) {
-  return my::WideFromUtf8(my::Utf8FromWide(path)) == path;
+          kDialogExplorer | kDialogSizing | flags};
 }
 
 void Remember(CAppContext& context, const std::wstring& path) {
-  if (IsWellFormed(path)) context.settings.ui.mruPathes.Add(path);
+  context.settings.ui.mruPathes.Add(path);
 }
 
 }  // namespace
@@ -55,10 +47,13 @@ void CCommandOpen::Execute(bool run) {
   if (!m_append && !m_context.messenger.ConfirmDiscard()) return;
   std::wstring path = m_path;
   if (path.empty() && !AskPath(path)) return;
+  path = m_context.ports.engine.files.FullPath(path);
   const CDocument opened = LoadDocument(m_context.ports.engine.files, m_context.ports.dom, path);
   if (m_append) {
-    const auto focused = m_context.window.TaskList().FocusedRow();
-    m_context.document.Merge(opened.Content(), focused ? static_cast<std::ptrdiff_t>(*focused) : -1);
+    const std::vector<size_t> selected = m_context.window.TaskList().SelectedRows();
+    const std::ptrdiff_t end = -1;
+    m_context.document.Merge(opened.Content(),
+                             selected.empty() ? end : static_cast<std::ptrdiff_t>(selected.front()));
   } else {
     m_context.document.Reset(opened.Content(), path);
     Remember(m_context, path);
@@ -70,7 +65,8 @@ bool CCommandOpen::AskPath(std::wstring& path) const {
   const auto& recent = m_context.settings.ui.mruPathes.Items();
   std::wstring initial = m_context.document.Path();
   if (initial.empty() && !recent.empty()) initial = recent.front();
-  const auto answer = m_context.dialogs.AskOpenPath(Question(m_context, std::move(initial), kFileMustExist));
+  const auto answer =
+      m_context.dialogs.AskOpenPath(Question(m_context, std::move(initial), kDialogFileMustExist));
   if (answer) path = *answer;
   return answer.has_value();
 }
@@ -91,6 +87,7 @@ void CCommandSave::Execute(bool run) {
   std::wstring path = m_context.document.Path();
   if ((m_saveAs || path.empty()) && !ChoosePath(path)) return;
   const CEnginePorts& engine = m_context.ports.engine;
+  path = engine.files.FullPath(path);
   SaveDocument(engine.files, engine.clock, m_context.ports.dom, m_context.document, path);
   Remember(m_context, path);
   m_context.document.SetSaved(path);
@@ -98,8 +95,8 @@ void CCommandSave::Execute(bool run) {
 }
 
 bool CCommandSave::ChoosePath(std::wstring& path) const {
-  CFileQuestion question = Question(m_context, path, kOverwritePrompt | kHideReadOnly);
-  question.defaultExtension = L"qlmr";
+  CFileQuestion question = Question(m_context, path, kDialogOverwritePrompt | kDialogHideReadOnly);
+  question.defaultExtension = FormatOf(FileFormat::QLMR).extension;
   const auto answer = m_context.dialogs.AskSavePath(question);
   if (answer) path = *answer;
   return answer.has_value();

@@ -17,7 +17,8 @@ class CCommandNew final : public CCommand {
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
-// Opens a document in place of the one that is open, or appends its content to that.
+// Opens a document in place of the one that is open, or inserts its content into that: at the first selected
+// task, or else at the end.
 class CCommandOpen : public CCommand {
  public:
   // Asks for the path when it is empty.

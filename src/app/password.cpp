@@ -10,21 +10,6 @@
 #include "support/strings.h"
 
 namespace qlm {
-namespace {
-
-std::string HexOf(std::string_view bytes) {
-  constexpr char kDigits[] = "0123456789ABCDEF";
-  std::string text;
-  for (const char byte : bytes) {
-    const auto value = static_cast<unsigned char>(byte);
-    text += kDigits[value >> 4];
-    text += kDigits[value & 0xF];
-  }
-  return text;
-}
-
-}  // namespace
-
 std::string HashPassword(const my::IHash& hash, std::wstring_view password) {
   if (password.empty()) return {};
   std::string utf8 = my::Utf8FromWide(password);
@@ -42,7 +27,13 @@ CPasswordEntry::~CPasswordEntry() {
 bool CPasswordEntry::Accept(const std::wstring& password, bool hide) {
   if (password.empty()) throw my::CException(IDS_PASSWORD_EMPTY);
   CheckPassword(password);
-  const std::string hash = HexOf(HashPassword(m_hash, password));
+  std::string hash;
+  try {
+    hash = HashPassword(m_hash, password);
+  } catch (const my::CException& failure) {
+    m_failure = failure;
+    return true;
+  }
   const std::string& last = m_setting.passwordHash;
   if (!last.empty() && hash != last && !m_messenger.Ask(IDS_ASK_PASSWORD_DIFFERS)) return false;
   m_setting.password = password;
@@ -55,6 +46,7 @@ bool AskPassword(CAppContext& context, CArchiveSetting& runCopy) {
   if (runCopy.password.empty()) {
     CPasswordEntry entry(runCopy, context.ports.hash, context.messenger);
     if (!context.dialogs.AskPassword(entry)) return false;
+    if (entry.Failure()) throw my::CException(*entry.Failure());
     runCopy = entry.Setting();
     SetArchiveSetting(context.settings.archive, runCopy);
   }

@@ -13,24 +13,18 @@
 namespace qlm {
 namespace {
 
-constexpr uint32_t kLogOffForceIfHung = 0x10;
-constexpr uint32_t kShutdownPowerOff = 0x8;
-constexpr uint32_t kShutdownHybrid = 0x200;
-constexpr uint32_t kShutdownInstallUpdates = 0x40;
-constexpr uint32_t kReasonPlannedApplication = 0x80040000;
-
 bool EndsSession(PowerOffType type) {
   return type == PowerOffType::LOGOFF || type == PowerOffType::POWEROFF;
 }
 
 uint32_t Act(my::IPower& power, const my::IMessageTexts& texts, PowerOffType type, uint32_t shutdownFlags) {
   switch (type) {
-    case PowerOffType::LOGOFF: return power.EndSession(kLogOffForceIfHung, 0);
+    case PowerOffType::LOGOFF: return power.EndSession(my::kLogOffForceIfHung, 0);
     case PowerOffType::SLEEP: return power.SetSuspendState(false, false, false);
     case PowerOffType::HIBERNATE: return power.SetSuspendState(true, false, false);
     case PowerOffType::POWEROFF:
-      return power.ShutDown(texts.Text(IDS_POWER_OFF_MESSAGE), 0, shutdownFlags | kShutdownPowerOff,
-                            kReasonPlannedApplication);
+      return power.ShutDown(texts.Text(IDS_POWER_OFF_MESSAGE), 0, shutdownFlags | my::kShutdownPowerOff,
+                            my::kReasonPlannedApplication);
   }
   throw my::CException(IDS_INTERNAL_ERROR,
                        {L"Unkonwn PowerOff type: " + std::to_wstring(static_cast<int>(type))});
@@ -60,7 +54,8 @@ void CCommandPowerOff::Execute(bool run) {
 }
 
 uint32_t ShutdownFlags(bool hybrid, bool installUpdates) {
-  return kShutdownPowerOff | (hybrid ? kShutdownHybrid : 0) | (installUpdates ? kShutdownInstallUpdates : 0);
+  return my::kShutdownPowerOff | (hybrid ? my::kShutdownHybrid : 0) |
+         (installUpdates ? my::kShutdownInstallUpdates : 0);
 }
 
 void PowerOff(my::IPower& power, const my::IMessageTexts& texts, PowerOffType type, uint32_t shutdownFlags) {

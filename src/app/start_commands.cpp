@@ -5,12 +5,12 @@
 #include "app/messenger.h"
 #include "app/windows.h"
 #include "document/document.h"
+#include "engine/archive_writer.h"
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
 #include "resource.h"
 #include "settings/settings.h"
 #include "settings/settings_file.h"
-#include "support/secret.h"
 
 namespace qlm {
 namespace {
@@ -53,6 +53,7 @@ void CCommandInit::Execute(bool run) {
     m_context.window.PostClose();
     return;
   }
+  FindArchiverIfUnknown();
   m_quit->SetSkipSave(false);
   m_context.window.ApplySettings(m_context.settings);
   m_context.document.Reset({}, {});
@@ -68,7 +69,6 @@ bool CCommandInit::LoadSettings() {
     path = SettingsPath(ports.folders, ports.engine.texts);
     if (ports.engine.files.Kind(path) == my::PathKind::NONE) return true;
     const my::CVersion version = qlm::LoadSettings(ports.engine.files, ports.dom, path, settings);
-    if (settings.archive.passwordType != PasswordType::SAVE) my::Wipe(settings.archive.password);
     return version <= kSettingsVersion || m_context.messenger.Ask(IDS_ASK_SETTINGS_NEWER);
   } catch (const my::CException& failure) {
     return AskAboutFailure(path, failure);
@@ -80,6 +80,11 @@ bool CCommandInit::AskAboutFailure(const std::wstring& path, my::CException fail
   const std::wstring text = my::MakeErrorText(m_context.ports.engine.texts, failure);
   if (path.empty()) return m_context.messenger.Ask(IDS_ASK_SETTINGS_ERROR, {text});
   return m_context.messenger.Ask(IDS_ASK_SETTINGS_FILE_ERROR, {path, text});
+}
+
+void CCommandInit::FindArchiverIfUnknown() {
+  std::wstring& path = m_context.settings.archive.sevenZipPath;
+  if (path.empty()) path = FindArchiver(m_context.ports.engine.files, m_context.ports.folders);
 }
 
 void CCommandInit::OpenFirstDocument() {

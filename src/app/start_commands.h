@@ -39,6 +39,7 @@ class CCommandInit final : public CCommand {
  private:
   bool LoadSettings();
   bool AskAboutFailure(const std::wstring& path, my::CException failure);
+  void FindArchiverIfUnknown();
   void OpenFirstDocument();
 
   const boost::shared_ptr<CCommandQuit>& m_quit;

@@ -59,11 +59,19 @@ class IMainWindow {
   virtual void ShowRunState() = 0;   // a run has begun, is ending or has ended
 };
 
+// Flags of file questions, values of the system.
+inline constexpr uint32_t kDialogOverwritePrompt = 0x2;
+inline constexpr uint32_t kDialogHideReadOnly = 0x4;
+inline constexpr uint32_t kDialogNoChangeDir = 0x8;
+inline constexpr uint32_t kDialogFileMustExist = 0x1000;
+inline constexpr uint32_t kDialogExplorer = 0x80000;
+inline constexpr uint32_t kDialogSizing = 0x800000;
+
 struct CFileQuestion {
   std::wstring initialPath;                                  // empty: the system's choice
   std::vector<std::pair<std::wstring, std::wstring>> kinds;  // label and pattern, "*.qlmr"
   std::wstring defaultExtension;                             // without a dot; empty: none
-  uint32_t flags = 0;                                        // as the system's file dialogs take them
+  uint32_t flags = 0;                                        // kDialog...
 };
 
 class IDialogs {
@@ -74,8 +82,8 @@ class IDialogs {
   virtual std::optional<std::wstring> AskOpenPath(const CFileQuestion& question) = 0;
   virtual std::optional<std::wstring> AskSavePath(const CFileQuestion& question) = 0;
 
-  // Modal; shows the entry and hands what was typed to CPasswordEntry::Accept until that answers true.
-  // Answers false when the user cancelled.
+  // Modal; shows the entry and hands what was typed to CPasswordEntry::Accept until that returns true.
+  // Returns false if the user cancelled.
   virtual bool AskPassword(CPasswordEntry& entry) = 0;
 
   virtual void ShowSettings(bool designPage) = 0;  // modal

@@ -63,7 +63,6 @@ void CDsts::Replace(size_t index, CDstPtr dst) {
 }
 
 void CTasks::Insert(std::ptrdiff_t position, CTaskPtr task) {
-  CheckId(task->id);
   if (FindId(task->id)) throw my::CException(IDS_ID_DUPLICATE);
   InsertAt(position, std::move(task));
 }
@@ -73,7 +72,6 @@ CTaskPtr CTasks::FindId(const std::wstring& id) const {
 }
 
 void CTasks::Replace(size_t index, CTaskPtr task) {
-  CheckId(task->id);
   const CTaskPtr sameId = FindId(task->id);
   if (sameId && sameId != (*this)[index]) throw my::CException(IDS_ID_DUPLICATE);
   Set(index, std::move(task));

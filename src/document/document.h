@@ -26,10 +26,11 @@ class CDsts : public CItemList<CDst> {
   void Replace(size_t index, CDstPtr dst);
 };
 
-// The tasks; no two have the same ID.
+// The tasks; no two have the same ID. What else must hold of an ID is checked by the editors (CheckTask): a
+// file may have others.
 class CTasks : public CItemList<CTask> {
  public:
-  // Throws what CheckId throws, or IDS_ID_DUPLICATE when a task of that ID is in the list.
+  // Throws IDS_ID_DUPLICATE if a task of that ID is in the list.
   void Insert(std::ptrdiff_t position, CTaskPtr task);
 
   // Puts the task in the place of another one. Throws what Insert throws, the task that goes not counted.

@@ -12,15 +12,18 @@ namespace qlm {
 namespace {
 
 const std::wstring kRoot = L"QuillmoorDoc";
-constexpr std::wstring_view kFormatNames[] = {L"QLMR", L"XML"};
+
+DstType TypeOf(const my::CXmlElement& element) {
+  const std::wstring name = element.Text();
+  const auto type = my::EnumValue(kDstTypeNames, name);
+  if (!type) throw my::CException(IDS_UNKNOWN_NAME, {std::wstring(kDstTypeNames.enumName), name});
+  return static_cast<DstType>(*type);
+}
 
 CDstPtr ReadDst(const my::CXmlElement& element) {
   auto dst = boost::make_shared<CDst>();
   dst->folder = element.Child(L"Folder").Text();
-  const std::wstring typeName = element.Child(L"Type").Text();
-  const auto type = my::EnumValue(kDstTypeNames, typeName);
-  if (!type) throw my::CException(IDS_UNKNOWN_NAME, {std::wstring(kDstTypeNames.enumName), typeName});
-  dst->type = static_cast<DstType>(*type);
+  dst->type = my::NamingElement(element.Child(L"Type"), TypeOf);
   dst->pattern = element.Child(L"Pattern").Text();
   return dst;
 }
@@ -30,9 +33,11 @@ CTaskPtr ReadTask(const my::CXmlElement& element, const CDsts& dsts) {
   task->id = element.Child(L"Id").Text();
   task->path = element.Child(L"Path").Text();
   for (const my::CXmlElement& reference : element.Child(L"Dsts").Children(L"Dst")) {
-    const uint32_t index = reference.Dword();
-    if (index >= dsts.size()) throw my::CException(IDS_DST_NOT_COMMON);
-    task->dsts.push_back(dsts[index]);
+    task->dsts.push_back(my::NamingElement(reference, [&dsts](const my::CXmlElement& number) {
+      const uint32_t index = number.Dword();
+      if (index >= dsts.size()) throw my::CException(IDS_DST_NOT_COMMON);
+      return dsts[index];
+    }));
   }
   task->filterPath = element.Child(L"FilterPath").Text();
   return task;
@@ -42,10 +47,12 @@ CContent ReadContent(const my::CXmlElement& root) {
   CContent content;
   root.Child(L"Version").Version();  // any well-formed version is accepted
   for (const my::CXmlElement& element : root.Child(L"Dsts").Children(L"Dst")) {
-    content.dsts.Insert(-1, ReadDst(element));
+    const CDstPtr dst = ReadDst(element);
+    my::NamingElement(element.Child(L"Folder"), [&](const auto&) { content.dsts.Insert(-1, dst); });
   }
   for (const my::CXmlElement& element : root.Child(L"Tasks").Children(L"Task")) {
-    content.tasks.Insert(-1, ReadTask(element, content.dsts));
+    const CTaskPtr task = ReadTask(element, content.dsts);
+    my::NamingElement(element.Child(L"Id"), [&](const auto&) { content.tasks.Insert(-1, task); });
   }
   return content;
 }
@@ -85,8 +92,6 @@ void CheckReadsBack(my::IXmlDom& dom, const CDocument& document, std::string_vie
 }
 
 }  // namespace
-
-const my::CEnumTable kFileFormatNames{L"FileFormat", kFormatNames};
 
 CDocument LoadDocument(my::IFileSystem& files, my::IXmlDom& dom, const std::wstring& path) {
   return my::NamingFile(

@@ -3,8 +3,6 @@
 #include <string>
 #include <string_view>
 
-#include "support/enum_names.h"
-
 namespace my {
 class IClock;
 class IFileSystem;
@@ -16,13 +14,10 @@ namespace qlm {
 class CDocument;
 struct CContent;
 
-// The kinds of file that the dialogs offer; both are read and written the same way.
-enum class FileFormat { QLMR, XML };
-extern const my::CEnumTable kFileFormatNames;
-
 // Reads a document file (.qlmr, UTF-8 XML) and answers it as a document with that path. Throws the XML
-// layer's messages, IDS_UNKNOWN_NAME for a bad type name, IDS_DST_NOT_COMMON for a bad index; the failure's
-// text names the file.
+// layer's messages, IDS_UNKNOWN_NAME for a bad type name, IDS_DST_NOT_COMMON for a bad index,
+// IDS_ID_DUPLICATE, IDS_DST_DUPLICATE; the failure's text names the file and the element. Other IDs and empty
+// values, which the editors refuse, are accepted.
 CDocument LoadDocument(my::IFileSystem& files, my::IXmlDom& dom, const std::wstring& path);
 
 // Writes the document to the file. A failure (the XML layer's messages, IDS_DST_NOT_COMMON) leaves the old

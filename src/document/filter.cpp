@@ -11,9 +11,6 @@
 namespace qlm {
 namespace {
 
-constexpr std::wstring_view kFormatNames[] = {L"FLT", L"TXT"};
-constexpr std::wstring_view kFlagNames[] = {L"EXCLUDE"};
-
 bool IsSkipped(const std::wstring& line) {
   static const my::CRegex blank(L"^[ \\t]*$");
   static const my::CRegex comment(L"^#");
@@ -48,16 +45,14 @@ std::wstring ParseRule(CFilterItem& item) {
   if (sign != L'+' && sign != L'-') {
     throw my::CException(IDS_FILTER_BAD_SIGN, {std::wstring(my::FirstCharacter(item.line))});
   }
-  std::wstring expression = WithBackslashes(RulePart(item.line));
-  item.exclude = sign == L'-';
+  item.pattern = RulePart(item.line);
+  std::wstring expression = WithBackslashes(item.pattern);
+  if (sign == L'-') item.flags = FilterFlags::EXCLUDE;
   item.expression = my::CRegex(expression);
   return expression;
 }
 
 }  // namespace
-
-const my::CEnumTable kFilterFormatNames{L"FilterFormat", kFormatNames};
-const my::CEnumTable kFilterFlagNames{L"FilterFlags", kFlagNames};
 
 void CFilter::Load(my::IFileSystem& files, const my::IAnsiCodec& ansi, const my::IMessageTexts& texts,
                    const std::wstring& path) {

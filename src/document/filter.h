@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "document/literal_test.h"
-#include "support/enum_names.h"
 #include "support/exception.h"
 #include "support/regex.h"
 
@@ -22,20 +21,18 @@ class IMessageTexts;
 
 namespace qlm {
 
-// The kinds of file that the dialogs offer; both are read the same way.
-enum class FilterFormat { FLT, TXT };
-extern const my::CEnumTable kFilterFormatNames;
-
 enum class FilterFlags : uint32_t { EXCLUDE = 1 };
-extern const my::CEnumTable kFilterFlagNames;
 
 // One rule line.
 struct CFilterItem {
+  bool IsExclude() const { return flags == FilterFlags::EXCLUDE; }
+
   my::CSimpleErr error;    // set when the line is no rule: the item then matches nothing
   uint32_t lineIndex = 0;  // 0-based, counts every line of the file
   std::wstring line;       // the whole line as read
-  bool exclude = false;    // "-"
-  std::optional<my::CRegex> expression;
+  FilterFlags flags{};     // EXCLUDE for "-"
+  std::wstring pattern;    // what follows the sign, as typed; empty if the line has no such form
+  std::optional<my::CRegex> expression;  // of the pattern with "\\" for "/"
 };
 
 using CFilterItemPtr = boost::shared_ptr<const CFilterItem>;

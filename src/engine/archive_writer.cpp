@@ -4,11 +4,13 @@
 #include <memory>
 #include <vector>
 
+#include "document/name_pattern.h"
 #include "engine/auto_delete_file.h"
 #include "engine/targets.h"
 #include "engine/task_base.h"
 #include "engine/zip_end_record.h"
 #include "platform/known_folders.h"
+#include "platform/message_texts.h"
 #include "platform/process.h"
 #include "resource.h"
 #include "support/exception.h"
@@ -62,21 +64,43 @@ void RunArchiver(const CArchivePorts& ports, const CArchiveJob& job, const std::
   // Neither path is quoted: a path with a blank reaches the archiver as two arguments.
   start.arguments.append(options).append(L" ").append(job.archivePath).append(L" @").append(listPath);
   // The list's relative paths begin there. Without a separator "D:" would be that drive's current folder.
+  start.creationFlags = my::CProcessStart::kNoWindow;
+  start.inheritHandles = true;
   start.workingFolder = job.source.ends_with(L':') ? job.source + my::kSeparator : job.source;
   const uint32_t exitCode = ports.process.Run(start);
   if (exitCode != 0) throw my::CException(IDS_PROCESS_EXIT_CODE, {std::to_wstring(exitCode)});
 }
 
-// An archiver that was killed can report success. So the archive must be there and count as many entries as
-// it was told to hold.
+// An archiver that was killed can report success. So the archive must be there and, if it is a zip, count as
+// many entries as it was told to hold: the archiver chooses the format by the extension.
 void CheckArchive(my::IFileSystem& files, const std::wstring& path, uint64_t wanted) {
   const bool exists = files.Kind(path) == my::PathKind::FILE;
-  const uint64_t found = exists ? CountZipEntries(files, path).value_or(0) : 0;
-  if (found == wanted) return;
+  const bool isZip = HasFittingExtension(DstType::ZIP, path);
+  if (exists && !isZip && files.FileSize(path) != 0) return;
+  const uint64_t found = exists && isZip ? CountZipEntries(files, path).value_or(0) : 0;
+  if (found == wanted && isZip) return;
   throw my::CException(IDS_ARCHIVE_INCOMPLETE, {std::to_wstring(wanted), std::to_wstring(found), path});
 }
 
+// Runs the work; a failure is explained if one of the paths cannot reach the archiver as one argument.
+template <class Work>
+void ExplainingBlanks(const CArchivePorts& ports, std::initializer_list<std::wstring_view> paths, Work work) {
+  try {
+    work();
+  } catch (my::CException& failure) {
+    const auto bad = std::find_if(paths.begin(), paths.end(), IsSplitByArchiver);
+    if (bad == paths.end() || failure.Id() == IDS_CREATE_PROCESS_FAILED) throw;
+    const my::CMsgArg path = std::wstring(*bad);
+    failure.SetWhere(my::MakeText(ports.texts, IDS_ARCHIVE_PATH_HAS_BLANK, {&path, 1}));
+    throw;
+  }
+}
+
 }  // namespace
+
+bool IsSplitByArchiver(std::wstring_view path) {
+  return path.find_first_of(L" \t") != path.npos;
+}
 
 void CheckPassword(const std::wstring& password) {
   const auto isBad = [](wchar_t c) { return c <= L' ' || c == L'"' || c == 0x7F; };
@@ -97,21 +121,26 @@ void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job) {
   my::IFileSystem& files = ports.transfer.files;
   CNewListFile list = CreateListFile(files);
   // Declared before the file is handed on, so that the file is closed before it is deleted.
-  const CAutoDeleteFile deleteList(files, list.path);
+  const CAutoDeleteFile deleteList(files, ports.texts, list.path);
   const std::unique_ptr<my::INewFile> file = std::move(list.file);
   const uint64_t count = WriteList(*file, ports, job.targets);
   file->Close();
-  RunArchiver(ports, job, list.path);
-  CheckArchive(files, job.archivePath, count);
+  ExplainingBlanks(ports, {job.archivePath, list.path}, [&] {
+    RunArchiver(ports, job, list.path);
+    CheckArchive(files, job.archivePath, count);
+  });
   FlushFresh(ports.transfer, job.archivePath, my::FlushDepth::DEVICE);
 }
 
 std::vector<std::wstring> ArchiverCandidates(const my::IKnownFolders& folders) {
   const auto programs = folders.ProgramFiles();
   if (!programs) return {L"C:\\Program Files\\7-Zip\\7z.exe"};
-  // A 32-bit program is told the folder of 32-bit programs; beside it stands the other one.
-  return {my::JoinPath(my::ParentPath(*programs), L"Program Files\\7-Zip\\7z.exe"),
-          my::JoinPath(*programs, L"7-Zip\\7z.exe")};
+  // The folder of 64-bit programs is beside that of the 32-bit ones, or the same on a 32-bit system.
+  std::vector<std::wstring> candidates = {
+      my::JoinPath(my::ParentPath(*programs), L"Program Files\\7-Zip\\7z.exe"),
+      my::JoinPath(*programs, L"7-Zip\\7z.exe")};
+  if (my::EqualNoCase(candidates[0], candidates[1])) candidates.pop_back();
+  return candidates;
 }
 
 std::wstring FindArchiver(my::IFileSystem& files, const my::IKnownFolders& folders) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "document/dst.h"
@@ -12,6 +13,7 @@
 namespace my {
 class IFileSystem;
 class IKnownFolders;
+class IMessageTexts;
 class IProcess;
 }  // namespace my
 
@@ -22,6 +24,7 @@ class CTargets;
 struct CArchivePorts {
   CTransferPorts transfer;
   my::IProcess& process;
+  const my::IMessageTexts& texts;
 };
 
 struct CArchiveJob {
@@ -36,8 +39,13 @@ struct CArchiveJob {
 // Archives every counted file of the list, verifies the archive instead of trusting the exit code, and
 // flushes it to its device. A stop is noticed while the list is written; once the archiver runs, it is waited
 // for. Throws IDS_STOPPED, IDS_TEMP_PATH_FAILED, IDS_CREATE_FILE_FAILED, IDS_WRITE_FILE_FAILED,
-// IDS_CREATE_PROCESS_FAILED, IDS_PROCESS_EXIT_CODE, IDS_ARCHIVE_INCOMPLETE.
+// IDS_CREATE_PROCESS_FAILED, IDS_PROCESS_EXIT_CODE, IDS_ARCHIVE_INCOMPLETE; a path that
+// could not be passed is named behind the message.
 void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job);
+
+// Returns whether the archiver would take the path for several arguments: its command line quotes none. An
+// archive's path and the list's path in the system's temporary folder must not be split.
+bool IsSplitByArchiver(std::wstring_view path);
 
 // Throws IDS_PASSWORD_BAD_CHARACTER for a password that would not reach the archiver as one argument: with a
 // blank in it, what follows would be taken for the archive's name.

@@ -3,18 +3,23 @@
 #include <utility>
 
 #include "platform/file_system.h"
+#include "platform/message_texts.h"
 
 namespace qlm {
 
-CAutoDeleteFile::CAutoDeleteFile(my::IFileSystem& files, std::wstring path, Kind kind, OnFailure onFailure)
-    : m_files(files), m_kind(kind), m_onFailure(onFailure), m_path(std::move(path)) {}
+CAutoDeleteFile::CAutoDeleteFile(my::IFileSystem& files, const my::IMessageTexts& texts, std::wstring path,
+                                 Kind kind, OnFailure onFailure)
+    : m_isFolder(kind == Kind::FOLDER),
+      m_throws(onFailure == OnFailure::THROW),
+      m_path(std::move(path)),
+      m_files(files),
+      m_texts(texts) {}
 
 CAutoDeleteFile::~CAutoDeleteFile() {
-  m_onFailure = OnFailure::KEEP_ERROR;
+  m_throws = false;
   try {
     Delete();
-  } catch (...) {
-    m_failed = true;  // there is nobody left to tell
+  } catch (...) {  // a destructor has nobody to report to
   }
 }
 
@@ -24,13 +29,13 @@ void CAutoDeleteFile::Delete() {
   try {
     DeletePath(path);
   } catch (const my::CException& failure) {
-    m_failed = true;
-    if (m_onFailure == OnFailure::THROW) throw my::CCtrlException(failure.Id(), failure.Args());
+    m_error = my::CurrentError(m_texts);
+    if (m_throws) throw my::CCtrlException(failure);
   }
 }
 
 void CAutoDeleteFile::DeletePath(const std::wstring& path) {
-  if (m_kind == Kind::FOLDER) return m_files.RemoveFolder(path);
+  if (m_isFolder) return m_files.RemoveFolder(path);
   m_files.RemoveFile(path);
 }
 

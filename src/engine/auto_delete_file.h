@@ -17,8 +17,8 @@ class CAutoDeleteFile {
   enum class Kind { FILE, FOLDER };
   enum class OnFailure { KEEP_ERROR, THROW };
 
-  CAutoDeleteFile(my::IFileSystem& files, std::wstring path, Kind kind = Kind::FILE,
-                  OnFailure onFailure = OnFailure::KEEP_ERROR);
+  CAutoDeleteFile(my::IFileSystem& files, const my::IMessageTexts& texts, std::wstring path,
+                  Kind kind = Kind::FILE, OnFailure onFailure = OnFailure::KEEP_ERROR);
   CAutoDeleteFile(const CAutoDeleteFile&) = delete;
   CAutoDeleteFile& operator=(const CAutoDeleteFile&) = delete;
   virtual ~CAutoDeleteFile();  // never throws
@@ -28,16 +28,17 @@ class CAutoDeleteFile {
   void Delete();
 
   const std::wstring& Path() const { return m_path; }
-  bool Failed() const { return m_failed; }
+  const my::CSimpleErr& Error() const { return m_error; }  // of the deletion; not set if it succeeded
 
  private:
   void DeletePath(const std::wstring& path);
 
-  my::IFileSystem& m_files;
-  bool m_failed = false;
-  Kind m_kind;
-  OnFailure m_onFailure;
+  my::CSimpleErr m_error;
+  bool m_isFolder;
+  bool m_throws;
   std::wstring m_path;
+  my::IFileSystem& m_files;
+  const my::IMessageTexts& m_texts;
 };
 
 }  // namespace qlm

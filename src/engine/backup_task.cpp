@@ -35,7 +35,7 @@ void CBackupTask::SetTask(const qlm::CTask& task) {
   m_task = copy;
   m_rows.clear();
   AddRow();
-  const std::lock_guard lock(m_publishedLock);
+  const my::CAutoLock<my::CAutoCriticalSection> lock(m_publishedLock);
   m_published = {boost::make_shared<CResult>(LastRow())};
 }
 
@@ -80,6 +80,7 @@ void CBackupTask::ListTargets() {
   auto targets = boost::make_shared<CTargets>(m_filter);
   m_targets = targets;
   ListSource(m_ports.files, *m_filter, m_stop, m_task->path, *targets);
+  LastRow().targets = targets;  // also for a run that ends here: the list shows what the filter excluded
   m_newest = NewestWriteTime(*m_targets);
   if (!m_newest) throw my::CException(IDS_NO_FILES);
 }
@@ -143,7 +144,7 @@ void CBackupTask::Transfer(const CDst& dst, const std::wstring& temporaryPath) {
     return CopyToFolder(TransferPorts(), m_task->path, *m_targets, temporaryPath);
   }
   SetPhase(IDS_PHASE_ARCHIVING);
-  WriteArchive({TransferPorts(), m_ports.process},
+  WriteArchive({TransferPorts(), m_ports.process, m_ports.texts},
                {m_archiverPath, m_password, m_task->path, *m_targets, temporaryPath, dst.type});
 }
 
@@ -157,7 +158,7 @@ bool CBackupTask::TakeFinalName(const CDst& dst, const std::wstring& temporaryPa
     if (my::KindIfKnown(m_ports.files, path) != KindOf(dst)) throw;
   }
   const auto kind = IsZip(dst.type) ? CAutoDeleteFile::Kind::FILE : CAutoDeleteFile::Kind::FOLDER;
-  CAutoDeleteFile(m_ports.files, temporaryPath, kind).Delete();
+  CAutoDeleteFile(m_ports.files, m_ports.texts, temporaryPath, kind).Delete();
   return false;
 }
 
@@ -174,13 +175,13 @@ void CBackupTask::SetPhase(uint32_t message) {
 }
 
 CResults CBackupTask::Results() const {
-  const std::lock_guard lock(m_publishedLock);
+  const my::CAutoLock<my::CAutoCriticalSection> lock(m_publishedLock);
   return m_published;
 }
 
 // Rows are handed out as copies that do not change, so that nobody reads a row while it is being written.
 void CBackupTask::Publish() {
-  const std::lock_guard lock(m_publishedLock);
+  const my::CAutoLock<my::CAutoCriticalSection> lock(m_publishedLock);
   // The row that was last before may have changed since; those in front of it have not.
   if (!m_published.empty()) m_published.pop_back();
   while (m_published.size() < m_rows.size()) {

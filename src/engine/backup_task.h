@@ -2,12 +2,12 @@
 #pragma once
 
 #include <boost/smart_ptr/shared_ptr.hpp>
-#include <mutex>
 #include <string>
 #include <vector>
 
 #include "document/filter.h"
 #include "document/task.h"
+#include "engine/auto_lock.h"
 #include "engine/fresh_files.h"
 #include "engine/result.h"
 #include "engine/task_base.h"
@@ -92,7 +92,7 @@ class CBackupTask : public my::CTask<CBackupTask, CBackupTaskClient, my::CSimple
   my::CFileTime m_newest;
   std::vector<CResult> m_rows;  // the worker's own
 
-  mutable std::mutex m_publishedLock;
+  mutable my::CAutoCriticalSection m_publishedLock;
   CResults m_published;  // what other threads see of m_rows
 };
 

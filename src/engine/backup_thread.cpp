@@ -32,6 +32,7 @@ void CBackupThread::ResetResults() {
 
 void CBackupThread::Start(bool listOnly, bool powerOff) {
   if (IsActive()) throw my::CException(IDS_ALREADY_RUNNING);
+  m_listOnly = listOnly;
   m_powerOff = false;
   m_startTick = m_currentTick = m_clock.TickCount();
   m_total = 0;
@@ -76,14 +77,14 @@ bool CBackupThread::HasErrors() const {
 }
 
 void CBackupThread::NoteChanged(const CBackupTaskPtr& job) {
-  const std::lock_guard lock(m_changedLock);
+  const my::CAutoLock<my::CAutoCriticalSection> lock(m_changedLock);
   if (std::find(m_changed.begin(), m_changed.end(), job) == m_changed.end()) m_changed.push_back(job);
 }
 
 void CBackupThread::Collect() {
   std::vector<CBackupTaskPtr> changed;
   {
-    const std::lock_guard lock(m_changedLock);
+    const my::CAutoLock<my::CAutoCriticalSection> lock(m_changedLock);
     changed.swap(m_changed);
   }
   for (const CBackupTaskPtr& job : changed) Show(job);

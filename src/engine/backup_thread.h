@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <mutex>
 #include <string>
 #include <vector>
 
@@ -31,7 +30,7 @@ struct CRunProgress {
 // Owned and called by one thread; only the client's two notifications come from the worker.
 class CBackupThread : private CBackupTaskClient {
  public:
-  using Pool = my::CMultiTaskThreadPool<CBackupTask, my::CMultiTaskThread<CBackupTask>>;
+  using Pool = my::CMultiTaskThreadPool<CBackupTask, my::CMultiTaskThread<CBackupTask, 1>>;
 
   CBackupThread(my::IThreads& threads, const my::IClock& clock, const my::IMessageTexts& texts,
                 IRunObserver& observer);
@@ -57,6 +56,7 @@ class CBackupThread : private CBackupTaskClient {
 
   uint32_t State() const { return m_state; }  // IDS_STATE_...
   bool IsActive() const;
+  bool IsListOnly() const { return m_listOnly; }  // of the last run
   size_t Total() const { return m_total; }  // rows that the run will have when all jobs come to their end
   size_t RowCount() const { return m_rowCount; }
   bool HasErrors() const;
@@ -85,6 +85,7 @@ class CBackupThread : private CBackupTaskClient {
   const my::IMessageTexts& m_texts;
   IRunObserver& m_observer;
   uint32_t m_state;
+  bool m_listOnly = false;
   bool m_powerOff = false;
   uint64_t m_startTick = 0;
   uint64_t m_currentTick = 0;
@@ -92,7 +93,7 @@ class CBackupThread : private CBackupTaskClient {
   size_t m_rowCount = 0;
   std::vector<CShownJob> m_shown;  // in the order in which the jobs came up
 
-  std::mutex m_changedLock;
+  my::CAutoCriticalSection m_changedLock;
   std::vector<CBackupTaskPtr> m_changed;
 
   Pool m_pool;  // last, so that its workers end before what they use goes away

@@ -5,9 +5,11 @@
 #include <boost/smart_ptr/make_shared.hpp>
 #include <boost/smart_ptr/shared_ptr.hpp>
 #include <list>
-#include <mutex>
+#include <utility>
 #include <vector>
 
+#include "engine/auto_lock.h"
+#include "engine/task_base.h"
 #include "engine/thread.h"
 
 namespace my {
@@ -19,13 +21,13 @@ class CJobQueue {
   using Ptr = boost::shared_ptr<TJob>;
 
   void Push(Ptr job) {
-    const std::lock_guard lock(m_lock);
+    const CAutoLock<CAutoCriticalSection> lock(m_lock);
     m_jobs.push_back(std::move(job));
   }
 
   // Empty when no job waits.
   Ptr Pop() {
-    const std::lock_guard lock(m_lock);
+    const CAutoLock<CAutoCriticalSection> lock(m_lock);
     if (m_jobs.empty()) return {};
     Ptr job = std::move(m_jobs.front());
     m_jobs.pop_front();
@@ -33,31 +35,37 @@ class CJobQueue {
   }
 
   std::list<Ptr> TakeAll() {
-    const std::lock_guard lock(m_lock);
+    const CAutoLock<CAutoCriticalSection> lock(m_lock);
     return std::exchange(m_jobs, {});
   }
 
   template <class Visit>
   void ForEach(Visit visit) {
-    const std::lock_guard lock(m_lock);
+    const CAutoLock<CAutoCriticalSection> lock(m_lock);
     for (const Ptr& job : m_jobs) visit(*job);
   }
 
  private:
-  std::mutex m_lock;
+  CAutoCriticalSection m_lock;
   std::list<Ptr> m_jobs;
 };
 
-// A worker: runs one job after the other until the queue is empty or it is asked to stop.
-template <class TJob>
-class CMultiTaskThread : public CThreadImpl<CMultiTaskThread<TJob>> {
+// A worker: runs one job after the other until the queue is empty or it is asked to stop. It gives way to
+// other work at any moment if `kKeepsPriority` is not 0 (see CThreadImpl).
+template <class TJob, int kKeepsPriority>
+class CMultiTaskThread : public CThreadImpl<CMultiTaskThread<TJob, kKeepsPriority>, kKeepsPriority, 0>,
+                         private IStopQuery {
+  using Base = CThreadImpl<CMultiTaskThread, kKeepsPriority, 0>;
+
  public:
-  CMultiTaskThread(IThreads& threads, CJobQueue<TJob>& queue)
-      : CThreadImpl<CMultiTaskThread<TJob>>(threads), m_queue(queue) {}
+  CMultiTaskThread(IThreads& threads, CJobQueue<TJob>& queue) : Base(threads), m_queue(&queue) {}
+
+  // Also what the running job asks.
+  bool IsStopRequested() const override { return Base::IsStopRequested(); }
 
   void Body() override {
-    while (!this->IsStopRequested()) {
-      m_current = m_queue.Pop();
+    while (!IsStopRequested()) {
+      m_current = m_queue->Pop();
       if (!m_current) return;
       m_current->SetStopQuery(this);
       m_current->Run();
@@ -66,7 +74,7 @@ class CMultiTaskThread : public CThreadImpl<CMultiTaskThread<TJob>> {
   }
 
  private:
-  CJobQueue<TJob>& m_queue;
+  CJobQueue<TJob>* m_queue;
   boost::shared_ptr<TJob> m_current;  // touched by the worker only
 };
 

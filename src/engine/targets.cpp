@@ -7,7 +7,7 @@
 namespace qlm {
 
 bool CTarget::IsExcluded() const {
-  return m_item && m_item->exclude;
+  return m_item && m_item->IsExclude();
 }
 
 const CTarget& CTargets::Add(std::wstring_view relativePath, const my::CFindData& found,

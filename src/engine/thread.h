@@ -4,42 +4,49 @@
 #include <cstdint>
 #include <memory>
 
-#include "engine/task_base.h"
 #include "platform/threads.h"
 
 namespace my {
 
 // A thread that can be started again after it has ended, and asked to end. Its owner starts and waits on one
 // thread; the flags may be set and read on any.
-class CThread : public IStopQuery {
+class CThread {
  public:
+  CThread() = default;
+  CThread(const CThread&) = delete;
+  CThread& operator=(const CThread&) = delete;
+  virtual ~CThread() = default;
+
   virtual void Body() = 0;
 
-  // False when there is no thread to be had (see StartError) or the thread was aborted.
+  // Returns false if the system has no thread to give (see StartError) or the thread was aborted.
   virtual bool Start() = 0;
 
-  // Waits for the end of the thread; answers whether it has ended (or never ran).
+  // Waits for the end of the thread; returns whether it has ended (or never ran).
   virtual bool Wait(uint32_t timeOutMs);
 
-  bool IsStopRequested() const override { return m_stop || m_abort; }
+  virtual bool IsStopRequested() const { return m_stop || m_abort; }
   virtual bool IsAborted() const { return m_abort; }
   virtual void SetStop(bool stop) { m_stop = stop; }
   virtual void SetAbort(bool abort) { m_abort = abort; }
 
   bool IsActive() const { return m_thread && !m_thread->Wait(0); }
   void SetPriority(int priority) { m_priority = priority; }
+  uint32_t ThreadId() const { return m_threadId; }  // of the last start; 0 before the first
   CSystemError StartError() const { return m_startError; }
 
  protected:
   std::atomic<bool> m_stop = false;
   std::atomic<bool> m_abort = false;
   std::unique_ptr<IRunningThread> m_thread;
-  int m_priority = 0;
+  int m_priority = IThreads::kNormalPriority;
+  uint32_t m_threadId = 0;
   CSystemError m_startError;
 };
 
-// The start of a thread of class T through the platform.
-template <class T>
+// The start of a thread of class T through the platform. `kKeepsPriority` other than 0 denies the system to
+// raise the thread's priority for a while; `kStackBytes` is the size of its stack, 0 for the default.
+template <class T, int kKeepsPriority, uint32_t kStackBytes>
 class CThreadImpl : public CThread {
  public:
   explicit CThreadImpl(IThreads& threads) : m_threads(threads) {}
@@ -49,7 +56,9 @@ class CThreadImpl : public CThread {
     if (IsActive()) return true;
     Wait(kNoTimeOut);
     m_stop = false;
-    m_thread = m_threads.Start([this] { static_cast<T*>(this)->Body(); }, m_priority, m_startError);
+    m_thread = m_threads.Start([this] { static_cast<T*>(this)->Body(); },
+                               {m_priority, kKeepsPriority == 0, kStackBytes}, m_startError);
+    if (m_thread) m_threadId = m_thread->Id();
     return m_thread != nullptr;
   }
 

@@ -34,7 +34,7 @@ std::optional<std::invoke_result_t<Work&>> CallWithin(IThreads& threads, uint32_
     }
   };
   CSystemError error;
-  const auto thread = threads.Start(body, IThreads::kNormalPriority, error);
+  const auto thread = threads.Start(body, {}, error);
   if (!thread) throw CException(IDS_START_THREAD_FAILED, {error});
   if (!thread->Wait(limitMs)) return {};
   if (call->failure) std::rethrow_exception(call->failure);

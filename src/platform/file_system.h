@@ -13,6 +13,7 @@
 
 namespace my {
 
+// Values of the system.
 inline constexpr uint32_t kAttributeFolder = 0x10;
 inline constexpr uint32_t kAttributeLink = 0x400;  // a reparse point: junction, symbolic link, cloud file
 
@@ -55,6 +56,10 @@ enum class FlushDepth { WRITE_OUT, DEVICE };
 class IFileSystem {
  public:
   virtual ~IFileSystem() = default;
+
+  // Returns the absolute path: what is relative refers to the process's current folder, which the system's
+  // dialogs change. Nothing has to exist. Throws the system's error.
+  virtual std::wstring FullPath(const std::wstring& path) = 0;
 
   // Starts the enumeration of all entries of a folder, given with the pattern that matches them ("C:\a\*.*"),
   // in the order of the file system. Never null. Throws IDS_LIST_FOLDER_FAILED.

@@ -9,7 +9,7 @@ class IKnownFolders {
  public:
   virtual ~IKnownFolders() = default;
 
-  // The folder of installed programs; nothing when the system cannot tell.
+  // The folder of installed 32-bit programs; no value if the system cannot tell.
   virtual std::optional<std::wstring> ProgramFiles() const = 0;
 
   // The user's roaming application data. Throws IDS_SETTINGS_LOCATION_FAILED.

@@ -7,6 +7,13 @@
 
 namespace my {
 
+// Values of the system: flags of EndSession and ShutDown, and a reason.
+inline constexpr uint32_t kLogOffForceIfHung = 0x10;
+inline constexpr uint32_t kShutdownPowerOff = 0x8;
+inline constexpr uint32_t kShutdownHybrid = 0x200;
+inline constexpr uint32_t kShutdownInstallUpdates = 0x40;
+inline constexpr uint32_t kReasonPlannedApplication = 0x80040000;
+
 // A privilege of the process's token; the token is closed, not the privilege taken back, on destruction.
 class IPrivilege {
  public:

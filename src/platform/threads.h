@@ -18,6 +18,15 @@ class IRunningThread {
 
   // Waits for the end of the thread, at most that many milliseconds; answers whether it has ended.
   virtual bool Wait(uint32_t timeOutMs) = 0;
+
+  // The system's number of the thread; not 0.
+  virtual uint32_t Id() const = 0;
+};
+
+struct CThreadStart {
+  int priority = 0;         // of the system's scale, -15 (idle) to 15
+  bool boost = false;       // whether the system may raise the priority for a while
+  uint32_t stackBytes = 0;  // 0: the program's default
 };
 
 class IThreads {
@@ -27,9 +36,9 @@ class IThreads {
 
   virtual ~IThreads() = default;
 
-  // Starts a thread with a priority of the system's scale (kIdlePriority to 15) and without its boosts.
-  // Empty, with the error told, when there is no thread to be had. `body` must not throw.
-  virtual std::unique_ptr<IRunningThread> Start(std::function<void()> body, int priority,
+  // Starts a thread. Returns null and sets `error` if the system has no thread to give. `body` must not
+  // throw.
+  virtual std::unique_ptr<IRunningThread> Start(std::function<void()> body, const CThreadStart& start,
                                                 CSystemError& error) = 0;
 };
 

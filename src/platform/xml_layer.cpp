@@ -24,13 +24,6 @@ bool IsXmlChar(char32_t c) {
   return !IsSurrogate(c) && c != 0xFFFE && c != 0xFFFF;
 }
 
-bool IsXmlText(std::wstring_view text) {
-  for (size_t at = 0; at < text.size();) {
-    if (!IsXmlChar(NextCodePoint(text, at))) return false;
-  }
-  return true;
-}
-
 void AppendEscaped(std::wstring& out, std::wstring_view text) {
   for (const wchar_t c : text) {
     switch (c) {
@@ -90,7 +83,7 @@ std::wstring CXmlElement::Text() const {
 }
 
 std::wstring CXmlElement::Shown() const {
-  return m_node->Text() + L"\n\n" + m_place;
+  return L"\"" + m_node->Text() + L"\"\n\n" + m_place;
 }
 
 template <class T>
@@ -146,6 +139,13 @@ std::string CXmlBuilder::Bytes() const {
   std::wstring text = TemplateHead(m_rootName);
   for (const auto& child : m_root->Children()) AppendElement(text, *child);
   return Utf8FromWide(text.append(TemplateTail(m_rootName)));
+}
+
+bool IsXmlText(std::wstring_view text) {
+  for (size_t at = 0; at < text.size();) {
+    if (!IsXmlChar(NextCodePoint(text, at))) return false;
+  }
+  return true;
 }
 
 void AppendText(IXmlNode& parent, const std::wstring& name, const std::wstring& text) {

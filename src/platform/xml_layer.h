@@ -2,6 +2,7 @@
 // are loaded with a limit and saved safely, and every failure names the place.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -36,7 +37,8 @@ class CXmlElement {
   CColor Color() const;       // throws IDS_XML_BAD_COLOR
   std::string Bytes() const;  // throws IDS_XML_BAD_BYTES
 
-  // The text and the place, as the messages about a bad value show them.
+  // The text in quotes, so that line breaks at its ends can be seen, and the place: as messages about a bad
+  // value show them.
   std::wstring Shown() const;
 
  private:
@@ -78,20 +80,38 @@ class CXmlBuilder {
   std::unique_ptr<IXmlNode> m_root;
 };
 
-// Appends an element with a text. Throws IDS_XML_SET_TEXT_FAILED, also for a text that XML cannot carry
-// (control characters, lone surrogates).
+// Whether XML can carry the text: it has neither control characters nor lone surrogates.
+bool IsXmlText(std::wstring_view text);
+
+// Appends an element with a text. Throws IDS_XML_SET_TEXT_FAILED, also for a text that is no
+// XML text.
 void AppendText(IXmlNode& parent, const std::wstring& name, const std::wstring& text);
 
 // Saves the bytes of a document. Throws IDS_XML_SAVE_FAILED; the old file is then as it was.
 void SaveXmlFile(IFileSystem& files, const IClock& clock, const std::wstring& path, std::string_view bytes);
 
-// Runs the work; its failure then names the file.
+// Runs the work; its failure then names the file, after what it names already.
 template <class Work>
 auto NamingFile(const std::wstring& path, Work work) {
   try {
     return work();
   } catch (CException& failure) {
-    failure.SetWhere(path);
+    const std::wstring& place = failure.Where();
+    if (!place.ends_with(path)) failure.SetWhere(place.empty() ? path : place + L"\n\n" + path);
+    throw;
+  }
+}
+
+// Runs the work with an element; its failure then shows the element, once.
+template <class Work>
+auto NamingElement(const CXmlElement& element, Work work) {
+  try {
+    return work(element);
+  } catch (CException& failure) {
+    const CMsgArg shown = element.Shown();
+    if (std::ranges::find(failure.Args(), shown) == failure.Args().end()) {
+      failure.SetWhere(std::get<std::wstring>(shown));
+    }
     throw;
   }
 }

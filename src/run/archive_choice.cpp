@@ -3,11 +3,10 @@
 #include <algorithm>
 
 #include "engine/archive_writer.h"
-#include "platform/clock.h"
 #include "platform/console.h"
 #include "platform/file_system.h"
+#include "platform/message_texts.h"
 #include "resource.h"
-#include "settings/settings.h"
 #include "settings/settings_file.h"
 
 namespace qlm {
@@ -21,16 +20,23 @@ bool AnyDst(const std::vector<CTaskPtr>& tasks, Test test) {
   });
 }
 
+void WarnOfDamage(const CRunnerPorts& ports, const std::wstring& path, my::CException failure) {
+  const my::IMessageTexts& texts = ports.engine.texts;
+  failure.SetWhere(path);
+  const my::CMsgArg reason = my::MakeErrorText(texts, failure);
+  const my::CMsgArg text = my::MakeText(texts, IDS_SETTINGS_PARTLY_READ, {&reason, 1});
+  ports.console.Write(my::IConsole::Stream::ERRORS, my::MakeText(texts, IDS_WARNING, {&text, 1}) + L"\n");
+}
+
 // The archive settings of the file. Without a file at the user's own place there are the defaults; a file
 // that was named must be there.
 CArchiveSetting ReadArchiveSetting(const CRunnerPorts& ports, const COptions& options) {
-  CSettings settings(ports.engine.clock.TickCount());
   const bool named = !options.settingsPath.empty();
   const std::wstring path = named ? options.settingsPath : SettingsPath(ports.folders, ports.engine.texts);
-  if (named || ports.engine.files.Kind(path) != my::PathKind::NONE) {
-    LoadSettings(ports.engine.files, ports.dom, path, settings);
-  }
-  return settings.archive;
+  if (!named && ports.engine.files.Kind(path) == my::PathKind::NONE) return {};
+  const CArchiveLoad load = LoadArchiveSetting(ports.engine.files, ports.dom, path);
+  if (load.laterFailure) WarnOfDamage(ports, path, *load.laterFailure);
+  return load.archive;
 }
 
 std::wstring ReadPassword(const CRunnerPorts& ports, const COptions& options,

@@ -33,7 +33,8 @@ class CTextOutput : public IRunOutput {
     // Until the source is listed there is no destination path; then the source is what the row is about.
     const std::wstring& path = row.destinationPath.empty() ? row.task->path : row.destinationPath;
     std::wstring line = row.task->id + L" | " + path + L" | " + ResultText(m_texts, row);
-    if (m_listOnly && !row.error) line += L" | " + CountsText(m_texts, *row.targets);
+    const bool counts = m_listOnly || row.error.code == IDS_NO_FILES;  // a filter may exclude everything
+    if (counts && row.targets->size() != 0) line += L" | " + CountsText(m_texts, *row.targets);
     ClearProgress();
     m_console.Write(kOutput, line + L"\n");
   }

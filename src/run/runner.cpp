@@ -8,6 +8,7 @@
 #include "document/document_file.h"
 #include "engine/backup_thread.h"
 #include "platform/console.h"
+#include "platform/file_system.h"
 #include "platform/message_texts.h"
 #include "platform/power.h"
 #include "resource.h"
@@ -119,7 +120,8 @@ class CRunSession : private IRunObserver {
 int RunDocument(const CRunnerPorts& ports, const COptions& options) {
   int exitCode = kExitUnusable;
   const my::CSimpleErr error = my::TrapError(ports.engine.texts, [&] {
-    const CDocument document = LoadDocument(ports.engine.files, ports.dom, options.documentPath);
+    const std::wstring path = ports.engine.files.FullPath(options.documentPath);
+    const CDocument document = LoadDocument(ports.engine.files, ports.dom, path);
     const std::vector<CTaskPtr> tasks = SelectTasks(document, options);
     exitCode = CRunSession(ports, options).Run(tasks, ChooseArchive(ports, options, tasks));
   });

@@ -62,7 +62,7 @@ struct CArchiveSetting {
   PasswordType passwordType = PasswordType::EXEC_ONCE;
   bool hidePassword = true;
   std::wstring password;     // empty: to be asked for; reaches the file only with PasswordType::SAVE
-  std::string passwordHash;  // MD5 of the last password as hexadecimal digits; empty: none entered yet
+  std::string passwordHash;  // the 16 bytes of the MD5 of the last password; empty: none entered yet
 };
 
 struct CUISetting {

@@ -49,7 +49,9 @@ void CSettingsWriter::Ints(const std::wstring& name, const std::wstring& itemNam
 void CSettingsWriter::Strings(const std::wstring& name, const std::wstring& itemName,
                               const my::CMruStrings& values) const {
   const auto list = m_node.Append(name);
-  for (const std::wstring& value : values.Items()) my::AppendText(*list, itemName, value);
+  for (const std::wstring& value : values.Items()) {
+    if (my::IsXmlText(value)) my::AppendText(*list, itemName, value);
+  }
 }
 
 void CSettingsWriter::Flags(const std::wstring& name, const my::CEnumTable& table, uint32_t value) const {

@@ -56,14 +56,15 @@ class CSettingsReader {
 };
 
 // Appends children to one element. Throws IDS_XML_UNKNOWN_ENUM or IDS_XML_UNKNOWN_FLAG for a value that has
-// no name, and the XML layer's messages.
+// no name, and the XML layer's messages. A text that XML cannot carry, such as a path with half a character,
+// is left out: it must not keep everything else from being written.
 class CSettingsWriter {
  public:
   // The node must outlive the writer.
   explicit CSettingsWriter(my::IXmlNode& node) : m_node(node) {}
 
   void Text(const std::wstring& name, const std::wstring& value) const {
-    my::AppendText(m_node, name, value);
+    my::AppendText(m_node, name, my::IsXmlText(value) ? value : std::wstring());
   }
   void Bool(const std::wstring& name, bool value) const { Text(name, my::BoolText(value)); }
   void Int(const std::wstring& name, int32_t value) const { Text(name, std::to_wstring(value)); }

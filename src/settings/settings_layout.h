@@ -88,8 +88,9 @@ void Describe(const Visitor& v, CDesignSetting& s) {
   v.Bool(L"ShowDesc", s.showDesc);
 }
 
+// The groups up to "Archive", which is all that a run needs.
 template <class Visitor>
-void Describe(const Visitor& v, CSettings& s) {
+void DescribeToArchive(const Visitor& v, CSettings& s) {
   v.Group(L"MainFrame", s.mainFrame);
   v.Group(L"TaskDlg", s.taskDlg);
   v.Group(L"DstDlg", s.dstDlg);
@@ -98,8 +99,18 @@ void Describe(const Visitor& v, CSettings& s) {
   v.Group(L"FilterDlg", s.filterDlg);
   v.GroupSince(kReplaceDlgSince, L"ReplaceDlg", s.replaceDlg);
   v.Group(L"Archive", s.archive);
+}
+
+template <class Visitor>
+void DescribeRest(const Visitor& v, CSettings& s) {
   v.Group(L"UI", s.ui);
   v.Group(L"Design", s.design);
+}
+
+template <class Visitor>
+void Describe(const Visitor& v, CSettings& s) {
+  DescribeToArchive(v, s);
+  DescribeRest(v, s);
 }
 
 }  // namespace qlm

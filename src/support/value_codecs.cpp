@@ -8,16 +8,15 @@ namespace {
 // A whole text as one number; nothing when a character is left over or the number does not fit.
 template <class T>
 std::optional<T> ParseNumber(std::wstring_view text, int base) {
-  constexpr size_t kLongest = 11;  // "-2147483648"
-  char digits[kLongest];
-  if (text.empty() || text.size() > kLongest) return {};
-  for (size_t i = 0; i < text.size(); ++i) {
-    if (text[i] > 0x7E) return {};
-    digits[i] = static_cast<char>(text[i]);
+  std::string digits;
+  for (const wchar_t c : text) {
+    if (c > 0x7E) return {};
+    digits += static_cast<char>(c);
   }
   T value{};
-  const auto [end, error] = std::from_chars(digits, digits + text.size(), value, base);
-  if (error != std::errc() || end != digits + text.size()) return {};
+  const char* const last = digits.data() + digits.size();
+  const auto [end, error] = std::from_chars(digits.data(), last, value, base);
+  if (error != std::errc() || end != last) return {};
   return value;
 }
 
@@ -92,15 +91,21 @@ std::wstring HexText(uint32_t value) {
 
 std::wstring BytesText(std::string_view bytes) {
   std::wstring text;
-  for (const char byte : bytes) text += static_cast<wchar_t>(static_cast<unsigned char>(byte));
+  for (const char byte : bytes) {
+    const auto value = static_cast<unsigned char>(byte);
+    text += kHexDigits[value >> 4];
+    text += kHexDigits[value & 0xF];
+  }
   return text;
 }
 
 std::optional<std::string> ParseBytes(std::wstring_view text) {
+  if (text.size() % 2 != 0) return {};
   std::string bytes;
-  for (const wchar_t c : text) {
-    if (c > 0xFF) return {};
-    bytes += static_cast<char>(c);
+  for (; !text.empty(); text.remove_prefix(2)) {
+    const auto byte = ParseNumber<uint8_t>(text.substr(0, 2), 16);
+    if (!byte) return {};
+    bytes += static_cast<char>(*byte);
   }
   return bytes;
 }

@@ -37,7 +37,7 @@ std::optional<CColor> ParseColor(std::wstring_view text);
 
 std::wstring HexText(uint32_t value);
 
-// Bytes as narrow text, one character a byte.
+// Bytes as upper-case hexadecimal digits, two for each; both cases are read.
 std::wstring BytesText(std::string_view bytes);
 std::optional<std::string> ParseBytes(std::wstring_view text);
 

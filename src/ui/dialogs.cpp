@@ -17,6 +17,10 @@
 namespace qlm {
 namespace {
 
+static_assert(kDialogOverwritePrompt == OFN_OVERWRITEPROMPT && kDialogHideReadOnly == OFN_HIDEREADONLY);
+static_assert(kDialogFileMustExist == OFN_FILEMUSTEXIST && kDialogExplorer == OFN_EXPLORER);
+static_assert(kDialogSizing == OFN_ENABLESIZING && kDialogNoChangeDir == OFN_NOCHANGEDIR);
+
 my::CFileDialogParams ParamsOf(const CFileQuestion& question) {
   my::CFileDialogParams params;
   for (const auto& [name, pattern] : question.kinds) params.kinds.push_back({name, pattern});

@@ -63,7 +63,8 @@ void CGeneralPage::InitArchiver() {
   std::vector<std::wstring> paths = ArchiverCandidates(m_context.ports.folders);
   const std::wstring& own = m_context.settings.archive.sevenZipPath;
   std::erase_if(paths, [&](const std::wstring& path) {
-    return path == own || my::KindIfKnown(m_context.ports.engine.files, path) != my::PathKind::FILE;
+    return my::EqualNoCase(path, own) ||
+           my::KindIfKnown(m_context.ports.engine.files, path) != my::PathKind::FILE;
   });
   if (!own.empty()) paths.insert(paths.begin(), own);
   FillCombo(Item(IDC_ARCHIVER_PATH), paths);

@@ -232,7 +232,6 @@ void CMainFrame::Execute(int id) {
     case ID_QUIT: return PostClose();
     default: break;
   }
-  if (!m_app->Run().IsActive()) m_testRun = id == ID_TASK_TARGETS;
   if (!m_app->Execute(static_cast<uint32_t>(id)))
     throw my::CException(IDS_INTERNAL_ERROR, {L"Unknown command: " + std::to_wstring(id)});
 }
@@ -417,7 +416,8 @@ void CMainFrame::ShowRunState() {
 // What was asked for is shown, and so is what went wrong.
 void CMainFrame::OnRunEnded() {
   if (m_app->Run().IsActive() || m_app->IsClosing()) return;
-  const bool listed = m_testRun && m_parts->results.RowCount() == 1 && !m_app->Run().HasErrors();
+  const bool listed =
+      m_app->Run().IsListOnly() && m_parts->results.RowCount() == 1 && !m_app->Run().HasErrors();
   if (listed && m_app->Run().State() == IDS_STATE_ENDED)
     return m_dialogs.ShowTargets(m_parts->results.Shared(0));
   if (m_app->Run().HasErrors()) m_dialogs.ShowResults(m_parts->results);

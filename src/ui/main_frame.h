@@ -121,7 +121,6 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   my::CIcon m_smallIcon;
   my::CIcon m_largeIcon;
   UINT m_dpi = 0;
-  bool m_testRun = false;   // the run is one that only lists
   bool m_runShown = false;  // the system has been told of the run
   bool m_fullScreen = false;
   WINDOWPLACEMENT m_beforeFullScreen{};

@@ -1,5 +1,7 @@
 #include "ui/target_dialog.h"
 
+#include <algorithm>
+#include <initializer_list>
 #include <utility>
 
 #include "app/explorer_commands.h"
@@ -8,6 +10,16 @@
 
 namespace qlm {
 namespace {
+
+constexpr bool LettersStandFor(std::initializer_list<uint32_t> bits) {
+  return std::ranges::equal(kAttributeLetters, bits, {}, &CAttributeLetter::bit);
+}
+
+static_assert(LettersStandFor({FILE_ATTRIBUTE_READONLY, FILE_ATTRIBUTE_HIDDEN, FILE_ATTRIBUTE_SYSTEM,
+                               FILE_ATTRIBUTE_DIRECTORY, FILE_ATTRIBUTE_ARCHIVE, FILE_ATTRIBUTE_TEMPORARY,
+                               FILE_ATTRIBUTE_SPARSE_FILE, FILE_ATTRIBUTE_REPARSE_POINT,
+                               FILE_ATTRIBUTE_COMPRESSED, FILE_ATTRIBUTE_OFFLINE,
+                               FILE_ATTRIBUTE_NOT_CONTENT_INDEXED, FILE_ATTRIBUTE_ENCRYPTED}));
 
 // More than these would not be seen on one line.
 constexpr size_t kNamedFolders = 8;

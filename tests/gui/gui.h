@@ -86,6 +86,12 @@ inline DWORD UserObjects() {
   return count;
 }
 
+inline std::wstring CellOf(HWND list, int row, int column) {
+  wchar_t text[1024] = L"";
+  ListView_GetItemText(list, row, column, text, static_cast<int>(std::size(text)));
+  return text;
+}
+
 struct CRows : my::IListModel {
   size_t count = 10000;
   std::vector<my::ListCheck> checks = {my::ListCheck::Unchecked, my::ListCheck::Checked,

@@ -134,12 +134,6 @@ class CGuiApp {
     });
   }
 
-  static std::wstring CellOf(HWND list, int row, int column) {
-    wchar_t text[1024] = L"";
-    ListView_GetItemText(list, row, column, text, static_cast<int>(std::size(text)));
-    return text;
-  }
-
   my::CComApartment com;
   CScratchFolder scratch;
   my::CMsxmlDom dom;

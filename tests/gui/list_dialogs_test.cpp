@@ -109,13 +109,15 @@ TEST_F(ListDialogs, filter_check_tells_the_line_that_decides_in_any_file_and_has
   Click(dialog, IDC_FILTER_EDIT);
   EXPECT_EQ(LastCall(), L"Run notepad.exe \"C:\\work.flt\"");
 
-  files.AddFile(L"C:\\my rules.txt", "- else\n- else\n");
+  files.AddFile(L"C:\\my rules.txt", "+abc def\n- \"a b \"\n");
   dialogs.paths = {L"C:\\my rules.txt"};
   Click(dialog, IDC_FILTER_OPEN);
   EXPECT_EQ(dialogs.questions.back().kinds.at(0).second + dialogs.questions.back().kinds.at(1).second,
             L"*.flt*.txt");
   EXPECT_EQ(dialog.ItemText(IDC_FILTER_FILE), L"C:\\my rules.txt");
   EXPECT_EQ(dialog.ItemText(IDC_FILTER_STATUS), L"2 行、エラー 0 件");
+  const HWND lines = dialog.Item(IDC_FILTER_LINES);
+  EXPECT_EQ(test::CellOf(lines, 0, 2) + test::CellOf(lines, 1, 2), L"defa b ");
 }
 
 TEST_F(ListDialogs, targets_are_found_shown_and_copied) {

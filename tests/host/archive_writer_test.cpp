@@ -5,6 +5,7 @@
 #include "engine/auto_delete_file.h"
 #include "engine/targets.h"
 #include "engine/zip_end_record.h"
+#include "platform/message_texts.h"
 #include "resource.h"
 #include "support/fake_ports.h"
 #include "support/memory_file_system.h"
@@ -32,26 +33,28 @@ class ArchiveWriter : public testing::Test {
     targets.Add(L"sub\\𠮷.txt", file, nullptr);
     process.OnRun([this](const my::CProcessStart&) {
       list = files.Files().at(expectedList);
-      if (!archive.empty()) files.AddUnflushedFile(L"D:\\d x\\_tmp_a.zip", archive);
+      if (!archive.empty()) files.AddUnflushedFile(archivePath, archive);
       return exitCode;
     });
   }
 
-  // The id of the message that archiving throws, 0 for none.
+  // The id of the message that archiving throws, 0 for none; its text is kept.
   uint32_t Write(DstType type = DstType::ZIP) {
-    try {
-      qlm::WriteArchive({{files, clock, nullptr}, process},
-                        {L"C:\\7 z.exe", L"p w", source, targets, L"D:\\d x\\_tmp_a.zip", type});
-    } catch (const my::CException& failure) {
-      return failure.Id();
-    }
-    return 0;
+    const my::CSimpleErr error = my::TrapError(texts, [&] {
+      qlm::WriteArchive({{files, clock, nullptr}, process, texts},
+                        {L"C:\\7 z.exe", L"p w", source, targets, archivePath, type});
+    });
+    text = error.message;
+    return error.code;
   }
 
   test::CMemoryFileSystem files;
   test::CFakeClock clock;
+  test::CRcTexts texts;
   test::CFakeProcess process;
   std::wstring source = L"C:\\src";
+  std::wstring archivePath = L"D:\\d x\\_tmp_a.zip";
+  std::wstring text;
   qlm::CTargets targets;
   std::wstring expectedList = L"C:\\temp\\qlm0.txt";
   std::string list;
@@ -66,7 +69,8 @@ TEST_F(ArchiveWriter, command_line_is_passed_unquoted_and_the_list_is_plain_utf8
   EXPECT_EQ(start.arguments, L"a -ssw D:\\d x\\_tmp_a.zip @C:\\temp\\qlm0.txt");
   EXPECT_EQ(start.workingFolder, L"C:\\src");
   EXPECT_TRUE(start.wait);
-  EXPECT_FALSE(start.console);
+  EXPECT_EQ(start.creationFlags, my::CProcessStart::kNoWindow);
+  EXPECT_TRUE(start.inheritHandles);
   EXPECT_EQ(list, "a b.txt\nsub\\\xF0\xA0\xAE\xB7.txt\n");
   EXPECT_FALSE(files.Files().contains(expectedList)) << "the list is deleted";
   source = L"D:";
@@ -91,12 +95,18 @@ TEST_F(ArchiveWriter, list_of_another_run_is_left_alone) {
 TEST_F(ArchiveWriter, archiver_is_not_believed) {
   exitCode = 1;  // warnings: a file was left out
   EXPECT_EQ(Write(), IDS_PROCESS_EXIT_CODE);
+  EXPECT_TRUE(text.ends_with(L" - " + archivePath)) << "says that the archiver got two arguments";
   exitCode = 0;
   for (const std::string& made :
        {std::string(), std::string("PK"), EndRecord(1), EndRecord(3), EndRecord(2) + "x"}) {
     archive = made;
-    if (files.Kind(L"D:\\d x\\_tmp_a.zip") != my::PathKind::NONE) files.Remove(L"D:\\d x\\_tmp_a.zip");
+    files.Remove(archivePath);
     EXPECT_EQ(Write(), IDS_ARCHIVE_INCOMPLETE) << made;
+  }
+  archivePath = L"D:\\d\\_tmp_a.7z";
+  for (const std::string& made : {std::string(), std::string("7z")}) {
+    archive = made;
+    EXPECT_EQ(Write(), made.empty() ? IDS_ARCHIVE_INCOMPLETE : 0u) << "only a zip has entries to count";
   }
   EXPECT_FALSE(files.Files().contains(expectedList));
 }
@@ -121,23 +131,26 @@ TEST_F(ArchiveWriter, archiver_is_found_where_it_is_installed) {
   EXPECT_EQ(qlm::FindArchiver(files, folders), L"E:\\Program Files (x86)\\7-Zip\\7z.exe");
   files.AddFile(L"E:\\Program Files\\7-Zip\\7z.exe", "", {1});
   EXPECT_EQ(qlm::FindArchiver(files, folders), L"E:\\Program Files\\7-Zip\\7z.exe");
+  folders.programs = L"E:\\PROGRAM FILES";  // a 32-bit system
+  EXPECT_EQ(qlm::ArchiverCandidates(folders).size(), 1u) << "none is offered twice";
 }
 
 TEST_F(ArchiveWriter, owner_of_a_path_deletes_it_once) {
   files.AddFile(L"C:\\temp\\x", "", {1});
   {
-    qlm::CAutoDeleteFile file(files, L"C:\\temp\\x", qlm::CAutoDeleteFile::Kind::FILE,
+    qlm::CAutoDeleteFile file(files, texts, L"C:\\temp\\x", qlm::CAutoDeleteFile::Kind::FILE,
                               qlm::CAutoDeleteFile::OnFailure::THROW);
     file.Delete();
     files.AddFile(L"C:\\temp\\x", "new", {1});
   }
   EXPECT_TRUE(files.Files().contains(L"C:\\temp\\x")) << "its path was empty after the first time";
-  qlm::CAutoDeleteFile missing(files, L"C:\\temp\\y", qlm::CAutoDeleteFile::Kind::FILE,
+  qlm::CAutoDeleteFile missing(files, texts, L"C:\\temp\\y", qlm::CAutoDeleteFile::Kind::FILE,
                                qlm::CAutoDeleteFile::OnFailure::THROW);
   EXPECT_THROW(missing.Delete(), my::CCtrlException);
-  qlm::CAutoDeleteFile quiet(files, L"C:\\temp\\y");
+  qlm::CAutoDeleteFile quiet(files, texts, L"C:\\temp\\y");
   quiet.Delete();
-  EXPECT_TRUE(quiet.Failed());
+  EXPECT_EQ(quiet.Error().code, IDS_DELETE_FAILED);
+  EXPECT_EQ(quiet.Error().detail, 0x80070002u);
 }
 
 }  // namespace

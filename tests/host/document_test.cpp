@@ -80,6 +80,14 @@ TEST(Document, merge_renames_clashing_id) {
   document.Redo();
   EXPECT_EQ(document.Tasks().size(), 7u);
   EXPECT_TRUE(document.IsModified());
+
+  CContent other;
+  other.tasks.Insert(-1, Task(L"backup", L"q"));
+  for (const std::ptrdiff_t outside : {-1, 4, 99}) {
+    CDocument filled(content);
+    EXPECT_TRUE(filled.Merge(other, outside));
+    EXPECT_EQ(Ids(filled), L"Backup Backup2 A backup ") << "at the end; case tells IDs apart";
+  }
 }
 
 TEST(NamePattern, tokens_yield_local_time_and_id) {
@@ -151,14 +159,19 @@ TEST_F(DocumentFile, bad_file_is_refused_with_its_message) {
   const std::tuple<const char*, const char*, uint32_t, const wchar_t*> table[] = {
       {"^", "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"utf-8\"?>", 0, L""},
       {"QuillmoorDoc", "Other", IDS_XML_NODE_NOT_FOUND, L"QuillmoorDoc"},
-      {"<Dst>0", "<Dst>1", IDS_DST_NOT_COMMON, L""},
-      {"<Dst>0", "<Dst>-1", IDS_XML_BAD_DWORD, L"-1\n\n/QuillmoorDoc/Tasks/Task[1]/Dsts/Dst[1]"},
+      {"<Dst>0", "<Dst>000000000000", 0, L""},
+      {"<Id>I", "<Id>a/b", 0, L""},  // the editors' rules are not those of a file
+      {"<Id>I</Id>", "<Id/>", 0, L""},
+      {"<Dst>0", "<Dst>1", IDS_DST_NOT_COMMON, L"\"1\"\n\n/QuillmoorDoc/Tasks/Task[1]/Dsts/Dst[1]\n\n"},
+      {"<Dst>0", "<Dst>-1", IDS_XML_BAD_DWORD,
+       L"\n\n\"-1\"\n\n/QuillmoorDoc/Tasks/Task[1]/Dsts/Dst[1]\n\nC:"},
       {"<Dst>0", "<Dst> 0", IDS_XML_BAD_DWORD, L""},
       {"<Dsts><Dst>0</Dst></Dsts>", "", IDS_XML_NODE_NOT_FOUND, L"Dsts"},
       {"ZIP", "zip", IDS_UNKNOWN_NAME, L"DstType として不明な名前 zip "},
+      {"ZIP", "ZIP\n", IDS_UNKNOWN_NAME, L"\"ZIP\n\"\n\n/QuillmoorDoc/Dsts/Dst[1]/Type"},
       {"2.5.0.0", "2.5.0", IDS_XML_BAD_VERSION, L"2.5.0"},
-      {"<Dst><Type>.*</Dst>", "$&$&", IDS_DST_DUPLICATE, L""},
-      {"<Task>.*</Task>", "$&$&", IDS_ID_DUPLICATE, L""},
+      {"<Dst><Type>.*</Dst>", "$&$&", IDS_DST_DUPLICATE, L"\"F\"\n\n/QuillmoorDoc/Dsts/Dst[2]/Folder"},
+      {"<Task>.*</Task>", "$&$&", IDS_ID_DUPLICATE, L"\"I\"\n\n/QuillmoorDoc/Tasks/Task[2]/Id"},
       {"<Quill", "<!DOCTYPE a [<!ENTITY b 'c'>]><Quill", IDS_XML_LOAD_FAILED, L"DOCTYPE"},
       {"<Id>I", "<Id>\xE2\x82", IDS_XML_LOAD_FAILED, L""}};
   for (const auto& [from, to, id, named] : table) {
@@ -222,8 +235,10 @@ TEST_F(DocumentFile, document_that_could_not_be_read_back_leaves_the_old_file) {
   }
   *content.tasks[0] = *Task(L"a", L"", {Dst(L"x")});
   EXPECT_EQ(ThrownId([&] { Saved(CDocument(content)); }), IDS_DST_NOT_COMMON) << "equal, but not of the list";
-  *content.tasks[0] = *Task(L"", L"");
-  EXPECT_EQ(ThrownId([&] { Saved(CDocument(content)); }), IDS_ID_EMPTY);
+  *content.tasks[0] = *Task(L"a", L"");
+  content.tasks.Insert(-1, Task(L"b", L""));
+  content.tasks[1]->id = L"a";
+  EXPECT_EQ(ThrownId([&] { Saved(CDocument(content)); }), IDS_ID_DUPLICATE);
   EXPECT_EQ(files.Files(), (std::map<std::wstring, std::string>{{kPath, "old"}}));
 }
 

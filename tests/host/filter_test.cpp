@@ -43,7 +43,7 @@ TEST(Filter, line_yields_its_expression) {
   for (const auto& [line, match, other] : table) {
     const qlm::CFilter filter = Filter({L"# note", line});
     ASSERT_TRUE(filter.Items().size() == 1 && !filter.HasErrors()) << line;
-    EXPECT_EQ(filter.Items()[0]->exclude, line[0] == L'-');
+    EXPECT_EQ(filter.Items()[0]->IsExclude(), line[0] == L'-');
     EXPECT_EQ(Deciding(filter, match), 1) << line;
     EXPECT_EQ(Deciding(filter, other), -1) << line;
   }
@@ -59,19 +59,11 @@ TEST(Filter, bad_line_keeps_its_error_and_matches_nothing) {
     EXPECT_EQ(filter.FirstError()->error.code, id) << line;
     EXPECT_EQ(Deciding(filter, L"a.tmp"), 2);
   }
+  EXPECT_EQ(Filter({L"+abc def/"}).Items()[0]->pattern, L"def/") << "what was taken, as it was typed";
   EXPECT_NE(Filter({L"𠮷"}).FirstError()->error.message.find(L"(𠮷)"), std::wstring::npos);
   EXPECT_EQ(Filter({L"- 𠮷(古[写真"}).FirstError()->error.message,
             L"正規表現エラー: 括弧 ( ) や [ ] が対応していません（𠮷(古[写真）")
       << "the expression is shown as it was typed";
-}
-
-TEST(Filter, first_match_decides_and_no_line_means_no_rule) {
-  const qlm::CFilter filter = Filter({L"", L" \t", L"#- a", L"- ^old/", L"+ ^old/keep", L"+ b", L"- ."});
-  EXPECT_EQ(filter.Items().size(), 4u);
-  EXPECT_EQ(Deciding(filter, L"old\\keep"), 3);
-  EXPECT_EQ(Deciding(filter, L"b"), 5);
-  EXPECT_EQ(Deciding(filter, L"a"), 6);
-  EXPECT_EQ(Deciding(Filter({L"# only", L""}), L"a"), -1);
 }
 
 TEST(TextFile, encoding_and_line_ends) {

@@ -126,20 +126,6 @@ TEST_F(CReplaceTest, commit_is_one_step_that_leaves_no_rule_behind) {
   }
 }
 
-TEST_F(CReplaceTest, ids_may_be_exchanged_unseen_beside_a_task_broken_before) {
-  tool.Cancel(tool.Options());
-  document.Edit({}, [](CContent& content) {
-    content.tasks.Insert(-1, boost::make_shared<CTask>(CTask{L"no path", L"", L"", {}}));
-    return true;
-  });
-  tool.Show();
-  CReplaceOptions options = Options(L"^(.)(.)$", L"$2$1", true);
-  options.preview = false;
-  tool.Commit(options);
-  EXPECT_EQ(document.Tasks()[0]->id + document.Tasks()[1]->id, L"baab");
-  EXPECT_EQ(told, DocChangeEventFlags::CHNAGE_TASKS);
-}
-
 TEST_F(CReplaceTest, failed_commit_changes_nothing_and_leaves_the_tool_open) {
   struct CCase {
     const wchar_t *src, *dst;

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/message_texts.h"
 #include "resource.h"
 #include "run/exit_codes.h"
+#include "settings/settings_file.h"
 #include "support/fake_ports.h"
 #include "support/fake_system.h"
 #include "support/memory_file_system.h"
@@ -93,6 +95,27 @@ TEST_F(Runner, archiver_and_password_come_from_the_options_or_else_the_settings)
   EXPECT_EQ(Run({L"--task", L"zip"}), qlm::kExitUnusable) << "a damaged settings file is not passed over";
   EXPECT_NE(console.errors.find(settings), std::wstring::npos);
   EXPECT_EQ(Run({L"--task", L"plain"}), qlm::kExitDone) << "unless nothing is wanted of it";
+
+  qlm::CSettings stored(1);
+  stored.archive.sevenZipPath = L"C:\\set.exe";
+  qlm::SaveSettings(files, clock, dom, settings, stored);
+  const std::string bytes = files.Files().at(settings);
+  files.AddFile(settings, bytes.substr(0, bytes.find("<UI>")) + "</QuillmoorSetting>", kTime);
+  console.input = {L"p1"};
+  Run({L"--task", L"zip", L"--password-stdin"});
+  EXPECT_EQ(process.Starts().back().program, L"C:\\set.exe") << "what comes after it is not needed";
+  EXPECT_TRUE(console.errors.starts_with(L"警告: 設定ファイルが途中まで"));
+  EXPECT_NE(console.errors.find(L"UI\n\n"), std::wstring::npos) << console.errors;
+}
+
+TEST_F(Runner, filter_that_excludes_everything_shows_its_counts) {
+  files.AddFile(L"C:\\all.flt", "- .", kTime);
+  std::string document = files.Files().at(L"C:\\doc.qlmr");
+  document.replace(document.find("<FilterPath/>"), 13, "<FilterPath>C:\\all.flt</FilterPath>");
+  files.AddFile(L"C:\\doc.qlmr", document, kTime);
+  EXPECT_EQ(Run({L"--task", L"plain"}), qlm::kExitErrors);
+  const my::CMsgArg counts[] = {L"1", L"0", L"1"};
+  EXPECT_NE(console.output.find(L" | " + my::MakeText(texts, IDS_COUNTS, counts)), std::wstring::npos);
 }
 
 TEST_F(Runner, folder_that_cannot_be_read_is_warned_of) {

@@ -45,7 +45,7 @@ CSettings FullSettings() {
   s.replaceDlg = {
       {true, {21, 22, 23, 24}}, replace, my::CMruStrings(kMruMaximum, {L"newest", L"", L" "}), dsts};
   s.archive = {L"C:\\Tools\\7z.exe", PasswordType::SAVE, false, L" pä<ß𠮷 ",
-               "900150983CD24FB0D6963F7D28E17F72"};
+               "\x90\x01\x50\x98\x3C\xD2\x4F\xB0\xD6\x96\x3F\x7D\x28\xE1\x7F\x72"};
   const my::CMruStrings paths(kMruMaximum, {L"D:\\書類\\a.qlmr", L"C:\\b.qlmr"});
   s.ui = {L"D:\\書類\\a.qlmr", paths, PowerOffType::HIBERNATE, false, false};
   s.design = {{0, 0xA1, 0xFE},    BrushType::INTERLACE, {15, 15, 15},
@@ -114,6 +114,7 @@ TEST_F(SettingsFile, bad_values_get_the_message_of_their_kind) {
   EXPECT_EQ(LoadWith("TASK_PATH|", "TASK_PATH||"), IDS_XML_UNKNOWN_FLAG);
   EXPECT_EQ(LoadWith("00A1FE", "12345"), IDS_XML_BAD_COLOR);
   EXPECT_EQ(LoadWith("9001", "あ"), IDS_XML_BAD_BYTES);
+  EXPECT_EQ(LoadWith("9001", "900"), IDS_XML_BAD_BYTES);
   EXPECT_EQ(LoadWith("1.0.1.0", "1.0.1"), IDS_XML_BAD_VERSION);
   EXPECT_EQ(LoadWith("<bottom>4</bottom>", ""), IDS_XML_NODE_NOT_FOUND);
   EXPECT_TRUE(text.ends_with(L"/QuillmoorSetting/MainFrame/NormalBounds\n\n" + path)) << "place and file";
@@ -138,6 +139,25 @@ TEST_F(SettingsFile, password_reaches_the_file_only_when_it_is_to_be_stored) {
     live.archive.passwordType = type;
     EXPECT_EQ(Saved(live).find("<Password/>") == std::string::npos, type == PasswordType::SAVE);
   }
+  ASSERT_EQ(LoadWith("9001", "9001"), 0u);
+  std::string handmade = Saved(live);
+  handmade.replace(handmade.find(">SAVE<"), 6, ">EXEC<");
+  handmade.replace(handmade.find("3CD24FB0"), 8, "3cd24fb0");
+  handmade.resize(handmade.find("<Design>"));
+  EXPECT_EQ(Load(handmade + "</QuillmoorSetting>"), IDS_XML_NODE_NOT_FOUND);
+  EXPECT_EQ(live.archive.password, L"") << "also if the load ends later on";
+  EXPECT_EQ(live.archive.passwordHash, FullSettings().archive.passwordHash) << "in either case";
+}
+
+TEST_F(SettingsFile, text_that_xml_cannot_carry_is_left_out_and_nothing_else) {
+  CSettings settings = FullSettings();
+  const std::wstring half = std::wstring(L"C:\\") + wchar_t(0xD800);
+  settings.ui.lastPath = half;
+  settings.ui.mruPathes.Add(half);
+  std::string expected = full;
+  const size_t from = expected.find("<LastPath>");
+  expected.replace(from, expected.find("<MruPathes>") - from, "<LastPath/>");
+  EXPECT_EQ(Saved(settings), expected);
 }
 
 TEST_F(SettingsFile, values_without_a_name_are_not_written) {

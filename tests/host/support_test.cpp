@@ -112,7 +112,8 @@ TEST(ValueCodecs, text_that_is_no_value_is_refused) {
   EXPECT_EQ(ParseDword(L"4294967295"), UINT32_MAX);
   EXPECT_EQ(ParseVersion(VersionText({1, 20, 0, UINT32_MAX})), (CVersion{1, 20, 0, UINT32_MAX}));
   EXPECT_TRUE(*ParseBool(BoolText(true)) && !*ParseBool(BoolText(false)));
-  EXPECT_EQ(ParseBytes(BytesText("\x7F\xFF")), "\x7F\xFF");
+  EXPECT_EQ(BytesText("\x7F\xFF"), L"7FFF");
+  EXPECT_EQ(ParseInt(L"-0000000000012"), -12);
   EXPECT_FALSE(ParseBytes(L"\x100") || ParseInt(L"2147483648") || ParseDword(L"-1"));
   for (const wchar_t* bad : {L"", L" 1", L"1 ", L"+1", L"0x1", L"1.0", L"１", L"4294967296", L"--1", L"True",
                              L"1.2.3", L"1.2.3.4.5", L"1..2.3", L"1.2.3.4.", L"-1.0.0.0"}) {

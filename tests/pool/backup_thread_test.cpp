@@ -93,6 +93,7 @@ TEST_F(BackupThread, run_counts_its_rows_and_ends_at_the_full_bar) {
   EXPECT_EQ(controller.StatusText(), L"");
   controller.Start(false, false);
   EXPECT_EQ(controller.Total(), 3u);
+  EXPECT_FALSE(controller.IsListOnly());
   EXPECT_EQ(Refusal([&] { controller.Start(false, false); }), IDS_ALREADY_RUNNING);
   TickToEnd();
   EXPECT_EQ(controller.State(), IDS_STATE_ENDED);
@@ -106,6 +107,7 @@ TEST_F(BackupThread, run_counts_its_rows_and_ends_at_the_full_bar) {
   AddJob(L"3", {L"x", L"x"});
   controller.Start(true, false);  // a second run may follow; a listing has one row a job
   EXPECT_EQ(controller.Total(), 1u);
+  EXPECT_TRUE(controller.IsListOnly());
   TickToEnd();
   EXPECT_EQ(controller.RowCount(), 1u);
 }
@@ -135,20 +137,6 @@ TEST_F(BackupThread, stop_drops_what_waits_and_ends_what_runs) {
   EXPECT_EQ(shown.powerOffs, 0);
 }
 
-TEST_F(BackupThread, power_off_follows_only_a_run_without_errors) {
-  files.AddFile(L"D:\\dst\\x.zip", "", kTime);
-  AddJob(L"good", {L"x"});
-  controller.Start(false, true);
-  TickToEnd();
-  EXPECT_EQ(shown.powerOffs, 1);
-  AddJob(L"bad", {L"x"}, L"C:\\none");
-  controller.Start(false, true);
-  TickToEnd();
-  EXPECT_EQ(controller.State(), IDS_STATE_ENDED) << "errors of rows do not stop a run";
-  EXPECT_TRUE(controller.HasErrors());
-  EXPECT_EQ(shown.powerOffs, 1);
-}
-
 TEST_F(BackupThread, missing_thread_ends_the_run_before_it_began) {
   threads.FailToStart(true);
   AddJob(L"1", {L"x"});
@@ -167,12 +155,6 @@ TEST_F(BackupThread, rows_may_be_read_while_the_worker_writes_them) {
   controller.Start(false, false);
   TickToEnd();
   EXPECT_EQ(shown.rows.size(), 1000u);
-}
-
-TEST(ElapsedText, shows_hours_only_when_there_are_any) {
-  EXPECT_EQ(qlm::ElapsedText(59'999), L"0:59");
-  EXPECT_EQ(qlm::ElapsedText(3'599'000), L"59:59");
-  EXPECT_EQ(qlm::ElapsedText(3'661'000), L"1:01:01");
 }
 
 }  // namespace

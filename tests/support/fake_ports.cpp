@@ -48,6 +48,8 @@ struct CStdThread : my::IRunningThread {
     return ended.wait_for(std::chrono::milliseconds(timeOutMs)) == std::future_status::ready;
   }
 
+  uint32_t Id() const override { return 1; }
+
   std::future<void> ended;
 };
 
@@ -90,7 +92,7 @@ uint32_t CFakeProcess::Run(const my::CProcessStart& start) {
   return m_program ? m_program(start) : 0;
 }
 
-std::unique_ptr<my::IRunningThread> CStdThreads::Start(std::function<void()> body, int,
+std::unique_ptr<my::IRunningThread> CStdThreads::Start(std::function<void()> body, const my::CThreadStart&,
                                                        my::CSystemError& error) {
   if (!m_fail) return std::make_unique<CStdThread>(std::move(body));
   error = my::CSystemError::FromWin32(8);

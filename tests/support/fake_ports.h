@@ -72,7 +72,7 @@ class CFakeProcess : public my::IProcess {
 class CStdThreads : public my::IThreads {
  public:
   void FailToStart(bool fail) { m_fail = fail; }
-  std::unique_ptr<my::IRunningThread> Start(std::function<void()> body, int priority,
+  std::unique_ptr<my::IRunningThread> Start(std::function<void()> body, const my::CThreadStart& start,
                                             my::CSystemError& error) override;
 
  private:

@@ -121,11 +121,11 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
 // hang.
 class CManualThreads : public my::IThreads {
  public:
-  std::unique_ptr<my::IRunningThread> Start(std::function<void()> body, int priority,
+  std::unique_ptr<my::IRunningThread> Start(std::function<void()> body, const my::CThreadStart& start,
                                             my::CSystemError& error) override {
     if (fail) return error = my::CSystemError::FromWin32(8), nullptr;
     m_bodies.push_back(std::make_shared<CBody>(std::move(body)));
-    return std::make_unique<CThread>(m_bodies.back(), priority != kIdlePriority && !hang);
+    return std::make_unique<CThread>(m_bodies.back(), start.priority != kIdlePriority && !hang);
   }
 
   // Lets every thread come to its end, also those whose owner has given them up.
@@ -151,6 +151,8 @@ class CManualThreads : public my::IThreads {
       if (timeOutMs == my::kNoTimeOut || (worksInTime && timeOutMs > 0)) Run(*body);
       return !*body;
     }
+
+    uint32_t Id() const override { return 1; }
 
     std::shared_ptr<CBody> body;
     bool worksInTime;

@@ -124,6 +124,12 @@ class CMemoryFileSystem : public my::IFileSystem {
   bool Failed() const { return m_failed; }
   const std::vector<std::wstring>& Log() const { return m_log; }  // "copy C:\a -> C:\b"
 
+  // The current folder moves with every question, as if each were the system's open dialog.
+  std::wstring FullPath(const std::wstring& path) override {
+    const bool full = path.starts_with(L"\\\\") || path.substr(1, 2) == L":\\";
+    return full ? path : my::JoinPath(std::exchange(m_currentFolder, L"D:\\elsewhere"), path);
+  }
+
   std::unique_ptr<my::IFindFiles> Find(const std::wstring& pattern) override {
     CStep step = Begin(Op::FIND, L"find", IDS_LIST_FOLDER_FAILED, {pattern});
     const std::wstring_view folder = my::ParentPath(pattern);
@@ -459,6 +465,7 @@ class CMemoryFileSystem : public my::IFileSystem {
   std::unique_ptr<std::mutex> m_lock = std::make_unique<std::mutex>();
   std::vector<CEntryPtr> m_entries;  // in the order in which they came
   std::wstring m_temporaryFolder = L"C:\\Temp\\";
+  std::wstring m_currentFolder = L"C:\\";
   bool m_shortenCopies = false;
   int m_renameRefusals = 1;
   std::map<Op, std::function<void()>> m_meanwhile;

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <boost/smart_ptr/make_shared.hpp>
+#include <fstream>
 
 #include "document/document.h"
 #include "document/document_file.h"
@@ -14,6 +15,7 @@
 #include "platform/xml_layer.h"
 #include "resource.h"
 #include "scratch_folder.h"
+#include "settings/settings_file.h"
 #include "support/exception.h"
 
 namespace {
@@ -91,6 +93,26 @@ TEST_F(MsxmlDom, texts_come_back_as_they_were) {
   EXPECT_THROW(qlm::SaveDocument(m_scratch.files, my::CWin32Clock(), m_dom, qlm::CDocument(content), path),
                my::CException);
   EXPECT_EQ(qlm::LoadDocument(m_scratch.files, m_dom, path).Tasks()[0]->path, L" ");
+}
+
+TEST_F(MsxmlDom, known_files_come_back_byte_for_byte) {
+  const std::wstring path = m_scratch.At(L"file");
+  const my::CWin32Clock clock;
+  for (const std::string name : {"document.qlmr", "settings_default.config", "settings_full.config"}) {
+    std::ifstream stream("Z:" QLM_SOURCE_DIR "/tests/host/golden/" + name, std::ios::binary);
+    const std::string golden(std::istreambuf_iterator<char>(stream), {});
+    ASSERT_FALSE(golden.empty());
+    m_scratch.Write(L"file", golden);
+    qlm::CSettings settings(1);
+    if (name == "document.qlmr") {
+      qlm::SaveDocument(m_scratch.files, clock, m_dom, qlm::LoadDocument(m_scratch.files, m_dom, path), path);
+    } else {
+      qlm::LoadSettings(m_scratch.files, m_dom, path, settings);
+      qlm::SaveSettings(m_scratch.files, clock, m_dom, path, settings);
+    }
+    EXPECT_EQ(m_scratch.files.ReadFile(path, 1 << 20), golden) << name;
+    m_scratch.files.RemoveFile(path);
+  }
 }
 
 TEST(Win32AnsiCodec, invalid_bytes_are_marked_and_the_others_kept) {

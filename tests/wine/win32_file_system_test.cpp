@@ -120,6 +120,14 @@ TEST(Win32FileSystem, reserved_name_is_taken_until_it_is_closed) {
   EXPECT_EQ(scratch.files.Kind(name), PathKind::NONE);
 }
 
+TEST(Win32FileSystem, relative_path_is_in_the_current_folder_however_long_it_is) {
+  my::CWin32FileSystem files;
+  const std::wstring longName(400, L'x');
+  const std::wstring full = files.FullPath(longName);
+  EXPECT_TRUE(full.size() > 402 && full[1] == L':' && full.ends_with(L"\\" + longName)) << full;
+  EXPECT_EQ(files.FullPath(L"C:\\a\\..\\b.qlmr"), L"C:\\b.qlmr");
+}
+
 TEST(Win32MessageTexts, system_and_table_speak_japanese) {
   const my::CWin32MessageTexts texts;
   EXPECT_EQ(texts.Text(IDS_PHASE_SKIPPED), L"正常終了 - 更新されていないためスキップされました");

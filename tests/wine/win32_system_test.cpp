@@ -9,6 +9,7 @@
 #include "platform/win32/win32_hash.h"
 #include "platform/win32/win32_known_folders.h"
 #include "platform/win32/win32_power.h"
+#include "platform/win32/win32_process.h"
 #include "platform/win32/win32_shell.h"
 #include "platform/win32/win32_threads.h"
 #include "resource.h"
@@ -60,10 +61,29 @@ TEST(Win32Threads, thread_that_nobody_waits_for_goes_on) {
     while (!go) std::this_thread::yield();
     done = true;
   };
-  EXPECT_FALSE(my::CWin32Threads().Start(body, my::IThreads::kNormalPriority, error)->Wait(1));
+  const auto thread = my::CWin32Threads().Start(body, {}, error);
+  EXPECT_FALSE(thread->Wait(1));
   go = true;
   for (int waited = 0; waited < 1000 && !done; ++waited) ::Sleep(10);
   EXPECT_TRUE(done);
+  EXPECT_NE(thread->Id(), 0u);
+}
+
+TEST(Win32Process, program_gets_what_it_is_started_with) {
+  test::CScratchFolder scratch;
+  scratch.Write(L"here.txt", "");
+  my::CProcessStart start;
+  start.program = L"C:\\windows\\system32\\cmd.exe";
+  start.arguments = L"/c if exist here.txt exit %QLM_CODE%";
+  start.workingFolder = scratch.At(L"");
+  start.creationFlags = my::CProcessStart::kNoWindow;
+  start.environment = {{L"QLM_CODE=7", L"SystemRoot=C:\\windows"}};
+  start.startup.title = L"title";
+  start.startup.showMode = SW_HIDE;
+  start.processSecurity.inherit = true;
+  EXPECT_EQ(my::CWin32Process().Run(start), 7u);
+  start.wait = false;
+  EXPECT_EQ(my::CWin32Process().Run(start), my::IProcess::kStillActive);
 }
 
 // The manifest of a program beside this one.

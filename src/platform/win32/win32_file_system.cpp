@@ -16,6 +16,13 @@
 namespace my {
 namespace {
 
+static_assert(kAttributeFolder == FILE_ATTRIBUTE_DIRECTORY && kAttributeLink == FILE_ATTRIBUTE_REPARSE_POINT);
+static_assert(kErrorFileNotFound == ERROR_FILE_NOT_FOUND && kErrorPathNotFound == ERROR_PATH_NOT_FOUND);
+static_assert(kErrorAccessDenied == ERROR_ACCESS_DENIED);
+static_assert(kErrorSharingViolation == ERROR_SHARING_VIOLATION && kErrorDiskFull == ERROR_DISK_FULL);
+static_assert(kErrorFileExists == ERROR_FILE_EXISTS && kErrorAlreadyExists == ERROR_ALREADY_EXISTS);
+static_assert(kErrorNameTooLong == ERROR_FILENAME_EXCED_RANGE);
+
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 CSystemError LastError() {
@@ -165,6 +172,17 @@ DWORD Flush(const CKernelHandle& file, uint64_t size, FlushDepth depth) {
 }
 
 }  // namespace
+
+std::wstring CWin32FileSystem::FullPath(const std::wstring& path) {
+  for (std::wstring full(MAX_PATH, L'\0');;) {
+    const DWORD length =
+        ::GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+    if (length == 0) throw CException(LastError());
+    const bool fits = length < full.size();
+    full.resize(length);  // without the end mark, or else the room that the system asks for
+    if (fits) return full;
+  }
+}
 
 std::unique_ptr<IFindFiles> CWin32FileSystem::Find(const std::wstring& pattern) {
   return std::make_unique<CFindFiles>(pattern.substr(0, pattern.find_last_of(L"\\/") + 1));

@@ -12,7 +12,8 @@ namespace my {
 
 std::optional<std::wstring> CWin32KnownFolders::ProgramFiles() const {
   wchar_t path[MAX_PATH];
-  if (::SHGetFolderPathW(nullptr, CSIDL_PROGRAM_FILES, nullptr, SHGFP_TYPE_CURRENT, path) != S_OK) return {};
+  if (::SHGetFolderPathW(nullptr, CSIDL_PROGRAM_FILESX86, nullptr, SHGFP_TYPE_CURRENT, path) != S_OK)
+    return {};
   return path;
 }
 

@@ -11,6 +11,12 @@
 namespace my {
 namespace {
 
+static_assert(kLogOffForceIfHung == (EWX_LOGOFF | EWX_FORCEIFHUNG));
+static_assert(kShutdownPowerOff == SHUTDOWN_POWEROFF && kShutdownHybrid == SHUTDOWN_HYBRID);
+static_assert(kShutdownInstallUpdates == SHUTDOWN_INSTALL_UPDATES);
+static_assert(kReasonPlannedApplication == (SHTDN_REASON_FLAG_PLANNED | SHTDN_REASON_MAJOR_APPLICATION));
+static_assert(ES_SYSTEM_REQUIRED == 0x1 && ES_CONTINUOUS == 0x80000000);
+
 class CTokenPrivilege : public IPrivilege {
  public:
   explicit CTokenPrivilege(CKernelHandle token) : m_token(std::move(token)) {}

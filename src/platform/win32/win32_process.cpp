@@ -10,6 +10,8 @@
 namespace my {
 namespace {
 
+static_assert(CProcessStart::kNoWindow == CREATE_NO_WINDOW && IProcess::kStillActive == STILL_ACTIVE);
+
 // A job that ends its processes when its last handle is closed, and so when this process ends in any way.
 // Empty if the system has none to give. Child processes do not inherit the handle.
 CKernelHandle KillOnCloseJob() {
@@ -31,6 +33,54 @@ void Resume(HANDLE process, HANDLE thread, const std::wstring& program) {
   throw CException(IDS_CREATE_PROCESS_FAILED, {error, program});
 }
 
+STARTUPINFOW StartupOf(CStartupInformation& information) {
+  STARTUPINFOW startup{};
+  startup.cb = sizeof(startup);
+  if (!information.desktop.empty()) startup.lpDesktop = information.desktop.data();
+  if (!information.title.empty()) startup.lpTitle = information.title.data();
+  if (information.showMode) {
+    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.wShowWindow = *information.showMode;
+  }
+  return startup;
+}
+
+SECURITY_ATTRIBUTES AttributesOf(CHandleSecurity& security) {
+  SECURITY_ATTRIBUTES attributes{};
+  attributes.nLength = sizeof(attributes);
+  attributes.lpSecurityDescriptor = security.descriptor.empty() ? nullptr : security.descriptor.data();
+  attributes.bInheritHandle = security.inherit;
+  return attributes;
+}
+
+// Each variable with its end mark, and one more at the end of all.
+std::wstring EnvironmentBlock(const std::vector<std::wstring>& variables) {
+  std::wstring block;
+  for (const std::wstring& variable : variables) block.append(variable).append(1, L'\0');
+  if (block.empty()) block.append(1, L'\0');
+  return block.append(1, L'\0');
+}
+
+// Creates the process suspended.
+PROCESS_INFORMATION Create(const CProcessStart& start, std::wstring& commandLine) {
+  // The system wants all of these writable.
+  CStartupInformation appearance = start.startup;
+  CHandleSecurity processSecurity = start.processSecurity;
+  CHandleSecurity threadSecurity = start.threadSecurity;
+  STARTUPINFOW startup = StartupOf(appearance);
+  SECURITY_ATTRIBUTES ofProcess = AttributesOf(processSecurity);
+  SECURITY_ATTRIBUTES ofThread = AttributesOf(threadSecurity);
+  std::wstring environment = start.environment ? EnvironmentBlock(*start.environment) : std::wstring();
+  const wchar_t* const folder = start.workingFolder.empty() ? nullptr : start.workingFolder.c_str();
+  const DWORD flags = start.creationFlags | CREATE_SUSPENDED | CREATE_UNICODE_ENVIRONMENT;
+  PROCESS_INFORMATION information{};
+  const BOOL created = ::CreateProcessW(
+      start.program.c_str(), commandLine.data(), &ofProcess, &ofThread, start.inheritHandles, flags,
+      start.environment ? environment.data() : nullptr, folder, &startup, &information);
+  if (created) return information;
+  throw CException(IDS_CREATE_PROCESS_FAILED, {CSystemError::FromWin32(::GetLastError()), start.program});
+}
+
 }  // namespace
 
 uint32_t CWin32Process::Run(const CProcessStart& start) {
@@ -38,15 +88,7 @@ uint32_t CWin32Process::Run(const CProcessStart& start) {
   const CWipeAtEnd wipe(commandLine);  // the arguments may hold a password
   commandLine.reserve(commandLine.size() + start.arguments.size() + 1);
   if (!start.arguments.empty()) commandLine.append(L" ").append(start.arguments);
-  const wchar_t* const folder = start.workingFolder.empty() ? nullptr : start.workingFolder.c_str();
-  STARTUPINFOW startup{};
-  startup.cb = sizeof(startup);
-  PROCESS_INFORMATION information{};
-  const DWORD flags = CREATE_SUSPENDED | (start.console ? 0 : CREATE_NO_WINDOW);
-  if (!::CreateProcessW(start.program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, flags, nullptr,
-                        folder, &startup, &information)) {
-    throw CException(IDS_CREATE_PROCESS_FAILED, {CSystemError::FromWin32(::GetLastError()), start.program});
-  }
+  const PROCESS_INFORMATION information = Create(start, commandLine);
   const CKernelHandle process(information.hProcess);
   const CKernelHandle thread(information.hThread);
   const CKernelHandle job = start.wait ? KillOnCloseJob() : CKernelHandle();

@@ -9,16 +9,22 @@
 namespace my {
 namespace {
 
+static_assert(IThreads::kIdlePriority == THREAD_PRIORITY_IDLE);
+static_assert(IThreads::kNormalPriority == THREAD_PRIORITY_NORMAL && kNoTimeOut == INFINITE);
+
 class CRunningThread : public IRunningThread {
  public:
-  explicit CRunningThread(CKernelHandle thread) : m_thread(std::move(thread)) {}
+  CRunningThread(CKernelHandle thread, uint32_t id) : m_thread(std::move(thread)), m_id(id) {}
 
   bool Wait(uint32_t timeOutMs) override {
     return ::WaitForSingleObject(m_thread.Get(), timeOutMs) == WAIT_OBJECT_0;
   }
 
+  uint32_t Id() const override { return m_id; }
+
  private:
   CKernelHandle m_thread;
+  uint32_t m_id;
 };
 
 unsigned __stdcall Enter(void* parameter) {
@@ -29,21 +35,22 @@ unsigned __stdcall Enter(void* parameter) {
 
 }  // namespace
 
-std::unique_ptr<IRunningThread> CWin32Threads::Start(std::function<void()> body, int priority,
+std::unique_ptr<IRunningThread> CWin32Threads::Start(std::function<void()> body, const CThreadStart& start,
                                                      CSystemError& error) {
   auto parameter = std::make_unique<std::function<void()>>(std::move(body));
+  unsigned id = 0;
   // Suspended until its priority is set. The C run-time's function sets the system's error, too.
   CKernelHandle thread(reinterpret_cast<HANDLE>(
-      ::_beginthreadex(nullptr, 0, Enter, parameter.get(), CREATE_SUSPENDED, nullptr)));
+      ::_beginthreadex(nullptr, start.stackBytes, Enter, parameter.get(), CREATE_SUSPENDED, &id)));
   if (!thread) {
     error = CSystemError::FromWin32(::GetLastError());
     return nullptr;
   }
-  ::SetThreadPriority(thread.Get(), priority);
-  ::SetThreadPriorityBoost(thread.Get(), TRUE);
+  ::SetThreadPriority(thread.Get(), start.priority);
+  ::SetThreadPriorityBoost(thread.Get(), !start.boost);
   parameter.release();  // the thread's own from here on
   ::ResumeThread(thread.Get());
-  return std::make_unique<CRunningThread>(std::move(thread));
+  return std::make_unique<CRunningThread>(std::move(thread), id);
 }
 
 }  // namespace my

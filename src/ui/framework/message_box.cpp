@@ -4,6 +4,9 @@
 
 namespace my {
 
+static_assert(kBoxOkCancel == MB_OKCANCEL && kBoxIconError == MB_ICONERROR && kBoxIconMask == MB_ICONMASK);
+static_assert(kBoxIconWarning == MB_ICONWARNING && kButtonOk == IDOK && kButtonCancel == IDCANCEL);
+
 int CMessageBox::Show(const std::wstring& text, const std::wstring& caption, uint32_t style) {
   const HWND active = ::GetActiveWindow();
   const HWND owner = ::IsWindow(m_owner) ? m_owner : nullptr;

@@ -65,11 +65,8 @@ std::wstring GroupedText(uint64_t number) {
 }
 
 std::wstring AttributesText(uint32_t attributes) {
-  constexpr std::pair<uint32_t, wchar_t> kLetters[] = {
-      {0x1, L'R'},   {0x2, L'H'},   {0x4, L'S'},   {0x10, L'D'},   {0x20, L'A'},   {0x100, L'T'},
-      {0x200, L'P'}, {0x400, L'L'}, {0x800, L'C'}, {0x1000, L'O'}, {0x2000, L'I'}, {0x4000, L'E'}};
   std::wstring letters;
-  for (const auto& [bit, letter] : kLetters) {
+  for (const auto& [bit, letter] : kAttributeLetters) {
     if ((attributes & bit) != 0) letters += letter;
   }
   return letters;

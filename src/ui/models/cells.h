@@ -59,7 +59,16 @@ std::wstring LocalTimeText(const my::IClock& clock, my::CFileTime time);
 
 std::wstring GroupedText(uint64_t number);  // "1,234,567"
 
-// A letter for each attribute that is set, in the order "RHSDATPLCOIE".
+struct CAttributeLetter {
+  uint32_t bit;  // a value of the system
+  wchar_t letter;
+};
+
+inline constexpr CAttributeLetter kAttributeLetters[] = {
+    {0x1, L'R'},   {0x2, L'H'},   {0x4, L'S'},   {0x10, L'D'},   {0x20, L'A'},   {0x100, L'T'},
+    {0x200, L'P'}, {0x400, L'L'}, {0x800, L'C'}, {0x1000, L'O'}, {0x2000, L'I'}, {0x4000, L'E'}};
+
+// The letters of the attributes that are set, in the order of the table.
 std::wstring AttributesText(uint32_t attributes);
 
 std::wstring DstTypeText(const my::IMessageTexts& texts, DstType type);

@@ -14,9 +14,10 @@ constexpr CColumnSpec kColumns[] = {{IDS_COL_FILTER_LINE, 44, my::ListAlign::Rig
                                     {IDS_COL_FILTER_EXPRESSION, 250},
                                     {IDS_COL_FILTER_ERROR, 270}};
 
-// What stands behind the sign; blanks at the end are part of it.
-std::wstring Expression(const std::wstring& line) {
-  return std::wstring(my::TrimStart(std::wstring_view(line).substr(1), my::kBlanks));
+// The pattern as it was understood, or what follows the first character of a line that is no rule.
+std::wstring Expression(const CFilterItem& item) {
+  if (!item.pattern.empty()) return item.pattern;
+  return std::wstring(my::TrimStart(std::wstring_view(item.line).substr(1), my::kBlanks));
 }
 
 }  // namespace
@@ -41,7 +42,7 @@ CFilterCheckModel::CDecision CFilterCheckModel::Decide(std::wstring_view relativ
   decision.text = FilterItemText(m_texts, item);
   if (!item) return decision;
   decision.row = item->lineIndex;
-  decision.excluded = item->exclude;
+  decision.excluded = item->IsExclude();
   return decision;
 }
 
@@ -51,7 +52,7 @@ std::wstring CFilterCheckModel::Text(size_t row, size_t column) const {
   switch (column) {
     case LINE: return std::to_wstring(row + 1);
     case SIGN: return item ? std::wstring(my::FirstCharacter(line)) : std::wstring();
-    case EXPRESSION: return item ? Expression(line) : line;
+    case EXPRESSION: return item ? Expression(*item) : line;
     default: return item ? my::OneLine(item->error.message) : std::wstring();
   }
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "document/name_pattern.h"
+#include "engine/archive_writer.h"
 #include "engine/backup_task.h"
 #include "platform/clock.h"
 #include "platform/file_system.h"
@@ -36,10 +37,6 @@ bool IsOnNetwork(std::wstring_view path) {
 std::wstring Warning(const my::IMessageTexts& texts, uint32_t id, const std::vector<my::CMsgArg>& args) {
   const my::CMsgArg text = my::MakeText(texts, id, args);
   return my::MakeText(texts, IDS_WARNING, {&text, 1});
-}
-
-bool HasSpace(std::wstring_view text) {
-  return text.find_first_of(L" \t") != text.npos;
 }
 
 std::wstring TemporaryFolder(my::IFileSystem& files) {
@@ -81,11 +78,11 @@ std::wstring ArchiveWarning(const CDst& dst, const std::wstring& taskId, const C
   };
   // The run trims both.
   const std::wstring folder(my::Trim(dst.folder, my::kBlanks));
-  if (HasSpace(folder)) return warning(IDS_SPACE_IN_FOLDER, folder);
+  if (IsSplitByArchiver(folder)) return warning(IDS_SPACE_IN_FOLDER, folder);
   const std::wstring name(my::Trim(ArchiveName(dst, taskId, ports.clock), my::kBlanks));
-  if (HasSpace(name)) return warning(IDS_SPACE_IN_NAME, name);
+  if (IsSplitByArchiver(name)) return warning(IDS_SPACE_IN_NAME, name);
   const std::wstring temporary = TemporaryFolder(ports.files);
-  return HasSpace(temporary) ? warning(IDS_SPACE_IN_TEMPORARY, temporary) : std::wstring();
+  return IsSplitByArchiver(temporary) ? warning(IDS_SPACE_IN_TEMPORARY, temporary) : std::wstring();
 }
 
 }  // namespace qlm
