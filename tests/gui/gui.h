@@ -3,6 +3,9 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
+
+#include <iterator>
 #include <string>
 
 #include "gui/test_dialog.h"
