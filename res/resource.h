@@ -36,6 +36,7 @@
 #define IDC_TASK_DOWN                1008
 #define IDC_TASK_WARNING             1009
 #define IDC_TASK_DSTS_LABEL          1010
+#define IDC_TASK_OPEN_DST            1011
 #define IDC_DST_FOLDER               1020
 #define IDC_DST_BROWSE               1021
 #define IDC_DST_TYPE                 1022
@@ -81,6 +82,7 @@
 #define IDC_RESULT_OPEN              1141
 #define IDC_RESULT_TARGETS           1142
 #define IDC_RESULT_SAVE              1143
+#define IDC_FILTER_OPEN              1150
 
 // Password, replace, about and settings: 240-259, controls 1200-1299.
 #define IDD_REPLACE                  146
@@ -370,6 +372,10 @@
 #define IDS_NAME_BAD_CHARACTER       567
 #define IDS_DST_NOTE_PASSWORD        568
 #define IDS_DST_NOTE_AES             569
+#define IDS_SPACE_IN_ARCHIVE         573
+#define IDS_SPACE_IN_FOLDER          574
+#define IDS_SPACE_IN_NAME            575
+#define IDS_SPACE_IN_TEMPORARY       576
 #define IDS_TOKEN_ID                 580
 #define IDS_TOKEN_YEAR               581
 #define IDS_TOKEN_YEAR_2             582

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "app/windows.h"
-#include "platform/clock.h"
 #include "platform/message_texts.h"
 #include "resource.h"
 #include "support/secret.h"
@@ -17,9 +16,11 @@ bool IsMru(uint32_t id) {
 
 }  // namespace
 
-CApplication::CApplication(const CAppPorts& ports, my::IMessageBox& box, IMainWindow& window,
-                           IDialogs& dialogs, std::wstring commandLine)
-    : m_settings(ports.engine.clock.TickCount()),
+CApplication::CApplication(const CAppPorts& ports, CSettings& settings, CDocument& document,
+                           my::IMessageBox& box, IMainWindow& window, IDialogs& dialogs,
+                           std::wstring commandLine)
+    : m_settings(settings),
+      m_document(document),
       m_messenger(ports.engine.texts, box, m_document),
       m_run(ports.threads, ports.engine.clock, ports.engine.texts, *this),
       m_replace(m_document, m_settings.replaceDlg, window, dialogs),

@@ -1,5 +1,5 @@
-// The program without its windows: settings, document, run, replace tool and commands, and what happens to
-// them when a window is told something. GUI thread only.
+// The program without its windows: run, replace tool and commands over the settings and the document, and
+// what happens to them when a window is told something. GUI thread only.
 #pragma once
 
 #include <exception>
@@ -19,8 +19,8 @@ namespace qlm {
 class CApplication : private IRunObserver {
  public:
   // All of it outlives the application. `commandLine` is the process's whole command line.
-  CApplication(const CAppPorts& ports, my::IMessageBox& box, IMainWindow& window, IDialogs& dialogs,
-               std::wstring commandLine);
+  CApplication(const CAppPorts& ports, CSettings& settings, CDocument& document, my::IMessageBox& box,
+               IMainWindow& window, IDialogs& dialogs, std::wstring commandLine);
   CApplication(const CApplication&) = delete;
   CApplication& operator=(const CApplication&) = delete;
   ~CApplication() override;
@@ -68,8 +68,8 @@ class CApplication : private IRunObserver {
   void OnDocumentChanged();
   void UpdateHold();
 
-  CSettings m_settings;
-  CDocument m_document;
+  CSettings& m_settings;
+  CDocument& m_document;
   CMsg m_messenger;
   CBackupThread m_run;
   CReplaceTool m_replace;

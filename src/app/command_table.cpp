@@ -7,8 +7,8 @@
 namespace qlm {
 
 CCommandTable::CCommandTable(CAppContext& context, std::wstring commandLine)
-    : quit(boost::make_shared<CCommandQuit>(context)),
-      init(boost::make_shared<CCommandInit>(context, quit, std::move(commandLine))),
+    : init(boost::make_shared<CCommandInit>(context, quit, std::move(commandLine))),
+      quit(boost::make_shared<CCommandQuit>(context)),
       exec(boost::make_shared<CCommandExec>(context, false)),
       execAndPowerOff(boost::make_shared<CCommandExec>(context, true)),
       powerOff(boost::make_shared<CCommandPowerOff>(context)),

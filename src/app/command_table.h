@@ -21,8 +21,8 @@ struct CCommandTable {
   // are made when they are used and are not here.
   CCommand* Find(uint32_t id) const;
 
-  boost::shared_ptr<CCommandQuit> quit;
   boost::shared_ptr<CCommandInit> init;
+  boost::shared_ptr<CCommandQuit> quit;
   boost::shared_ptr<CCommandExec> exec;
   boost::shared_ptr<CCommandExec> execAndPowerOff;
   boost::shared_ptr<CCommandPowerOff> powerOff;

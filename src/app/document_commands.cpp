@@ -77,7 +77,8 @@ void CCommandOpenMru::Execute(bool run) {
   if (m_index >= recent.size())
     throw my::CException(IDS_INTERNAL_ERROR, {L"Mru index is out of range: " + number});
   if (recent[m_index].empty()) throw my::CException(IDS_INTERNAL_ERROR, {L"Mru value is (NULL): " + number});
-  CCommandOpen(m_context, false, recent[m_index]).Execute(run);
+  SetPath(recent[m_index]);
+  CCommandOpen::Execute(run);
 }
 
 void CCommandSave::Execute(bool run) {

@@ -13,15 +13,22 @@ class CCommandNew final : public CCommand {
   void Execute(bool run) override;
 };
 
+// Held by pointers to its own type only, so that its destructor need not be virtual.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+
 // Opens a document in place of the one that is open, or inserts its content into that: at the first selected
 // task, or else at the end.
-class CCommandOpen final : public CCommand {
+class CCommandOpen : public CCommand {
  public:
   // Asks for the path when it is empty.
   CCommandOpen(CAppContext& context, bool append, std::wstring path = {})
       : CCommand(context), m_append(append), m_path(std::move(path)) {}
 
   void Execute(bool run) override;
+
+ protected:
+  void SetPath(const std::wstring& path) { m_path = path; }
 
  private:
   bool AskPath(std::wstring& path) const;
@@ -31,14 +38,16 @@ class CCommandOpen final : public CCommand {
 };
 
 // Opens one of the recent documents.
-class CCommandOpenMru final : public CCommand {
+class CCommandOpenMru final : public CCommandOpen {
  public:
-  CCommandOpenMru(CAppContext& context, size_t index) : CCommand(context), m_index(index) {}
+  CCommandOpenMru(CAppContext& context, size_t index) : CCommandOpen(context, false), m_index(index) {}
   void Execute(bool run) override;  // throws IDS_INTERNAL_ERROR for a bad index
 
  private:
   size_t m_index;
 };
+
+#pragma GCC diagnostic pop
 
 class CCommandSave final : public CCommand {
  public:

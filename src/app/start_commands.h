@@ -30,9 +30,9 @@ class CCommandQuit final : public CCommand {
 // window is closed again when the user does not want to go on without the settings.
 class CCommandInit final : public CCommand {
  public:
-  // `commandLine` is the process's whole command line.
-  CCommandInit(CAppContext& context, boost::shared_ptr<CCommandQuit> quit, std::wstring commandLine)
-      : CCommand(context), m_quit(std::move(quit)), m_commandLine(std::move(commandLine)) {}
+  // `commandLine` is the process's whole command line. `quit` need not be made before it is executed.
+  CCommandInit(CAppContext& context, const boost::shared_ptr<CCommandQuit>& quit, std::wstring commandLine)
+      : CCommand(context), m_quit(quit), m_commandLine(std::move(commandLine)) {}
 
   void Execute(bool run) override;
 
@@ -42,7 +42,7 @@ class CCommandInit final : public CCommand {
   void FindArchiverIfUnknown();
   void OpenFirstDocument();
 
-  boost::shared_ptr<CCommandQuit> m_quit;
+  const boost::shared_ptr<CCommandQuit>& m_quit;
   std::wstring m_commandLine;
 };
 

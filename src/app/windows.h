@@ -62,6 +62,7 @@ class IMainWindow {
 // Flags of file questions, values of the system.
 inline constexpr uint32_t kDialogOverwritePrompt = 0x2;
 inline constexpr uint32_t kDialogHideReadOnly = 0x4;
+inline constexpr uint32_t kDialogNoChangeDir = 0x8;
 inline constexpr uint32_t kDialogFileMustExist = 0x1000;
 inline constexpr uint32_t kDialogExplorer = 0x80000;
 inline constexpr uint32_t kDialogSizing = 0x800000;

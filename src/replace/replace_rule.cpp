@@ -4,7 +4,6 @@
 #include <boost/smart_ptr/make_shared.hpp>
 #include <utility>
 
-#include "resource.h"
 #include "support/exception.h"
 
 namespace qlm {
@@ -33,9 +32,12 @@ bool StartsWithBracedNumber(std::wstring_view text) {
   return end < text.size() && text[end] == L'}';
 }
 
-// What "$" and the character behind it are for the library, which would take "$12" for one group.
-std::wstring LibraryReference(wchar_t c) {
-  return IsDigit(c) ? std::wstring{L'$', L'{', c, L'}'} : std::wstring{L'$', c};
+// What "$" and the first character of `rest` are for the library, which takes "$12" for one group and "$+{"
+// for the beginning of a name: the empty "\\E" ends the reference.
+std::wstring LibraryReference(std::wstring_view rest) {
+  const wchar_t c = rest.front();
+  if (IsDigit(c)) return {L'$', L'{', c, L'}'};
+  return rest.starts_with(L"+{") ? L"$+\\E" : std::wstring{L'$', c};
 }
 
 // The format as the library takes it, which knows more than ours: "\t" for a tab, where a path has the
@@ -52,16 +54,11 @@ std::wstring LibraryFormat(std::wstring_view format) {
     } else if (rest.empty() || kReferences.find(rest.front()) == rest.npos) {
       result += L"$$";
     } else {
-      result += LibraryReference(rest.front());
+      result += LibraryReference(rest);
       ++i;
     }
   }
   return result;
-}
-
-my::CRegex Compile(const std::wstring& expression) {
-  if (expression.empty()) throw my::CException(IDS_REGEX_EMPTY);
-  return my::CRegex(expression);
 }
 
 std::wstring ReplaceAll(const std::wstring& text, const std::wstring& src, const std::wstring& dst) {
@@ -103,8 +100,8 @@ std::wstring ShownField(const T& item, ReplaceCol column, const CColumn<T> (&col
 }  // namespace
 
 CReplaceRule::CReplaceRule(CReplaceOptions options) : m_options(std::move(options)) {
-  if (!m_options.regex) return;
-  m_regex = Compile(m_options.src);
+  if (!m_options.regex || m_options.src.empty()) return;
+  m_regex = my::CRegex(m_options.src);
   m_format = LibraryFormat(m_options.dst);
 }
 

@@ -18,7 +18,8 @@ class CReplaceRule {
  public:
   CReplaceRule() = default;
 
-  // Compiles the expression when there is one. Throws IDS_REGEX_EMPTY and what CRegex throws.
+  // Compiles the expression if there is one. An empty search text changes nothing, also as an expression.
+  // Throws what CRegex throws.
   explicit CReplaceRule(CReplaceOptions options);
 
   const CReplaceOptions& Options() const { return m_options; }

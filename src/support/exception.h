@@ -35,6 +35,7 @@ inline constexpr uint32_t kErrorFileExists = 80;
 inline constexpr uint32_t kErrorDiskFull = 112;
 inline constexpr uint32_t kErrorAlreadyExists = 183;
 inline constexpr uint32_t kErrorNameTooLong = 206;
+inline constexpr uint32_t kErrorNoAssociation = 1155;
 
 // A text of the string table as an argument of another one, with arguments of its own.
 struct CTextId {

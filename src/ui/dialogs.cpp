@@ -19,7 +19,7 @@ namespace {
 
 static_assert(kDialogOverwritePrompt == OFN_OVERWRITEPROMPT && kDialogHideReadOnly == OFN_HIDEREADONLY);
 static_assert(kDialogFileMustExist == OFN_FILEMUSTEXIST && kDialogExplorer == OFN_EXPLORER);
-static_assert(kDialogSizing == OFN_ENABLESIZING);
+static_assert(kDialogSizing == OFN_ENABLESIZING && kDialogNoChangeDir == OFN_NOCHANGEDIR);
 
 my::CFileDialogParams ParamsOf(const CFileQuestion& question) {
   my::CFileDialogParams params;
@@ -50,7 +50,7 @@ std::optional<std::wstring> CDialogs::AskSavePath(const CFileQuestion& question)
 }
 
 bool CDialogs::AskPassword(CPasswordEntry& entry) {
-  return CPasswordDialog(*m_context, entry).DoModal(Owner()) == IDOK;
+  return CPasswordDlg(*m_context, entry).DoModal(Owner()) == IDOK;
 }
 
 void CDialogs::ShowSettings(bool designPage) {

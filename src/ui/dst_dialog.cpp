@@ -10,6 +10,7 @@
 #include "ui/framework/file_dialogs.h"
 #include "ui/models/cells.h"
 #include "ui/models/name_preview.h"
+#include "ui/models/task_warning.h"
 
 namespace qlm {
 namespace {
@@ -48,8 +49,7 @@ bool CDstDialog::OnInit() {
   SetItemText(IDC_DST_PATTERN, m_dst.pattern);
   const size_t end = m_dst.pattern.size();
   ::SendMessageW(Item(IDC_DST_PATTERN), EM_SETSEL, end, static_cast<LPARAM>(end));
-  ShowPreview();
-  ShowNote();
+  ShowEffect();
   return true;
 }
 
@@ -84,14 +84,13 @@ bool CDstDialog::OnCommand(int id, int code) {
     case IDC_DST_TYPE:
       if (code != CBN_SELCHANGE) return true;
       FitExtension();
-      ShowPreview();
-      ShowNote();
+      ShowEffect();
       return true;
     case IDC_DST_FOLDER:
-      if (code == EN_CHANGE) ShowPreview();
+      if (code == EN_CHANGE) ShowEffect();
       return true;
     case IDC_DST_PATTERN:
-      if (code == EN_CHANGE) ShowPreview();
+      if (code == EN_CHANGE) ShowEffect();
       if (code == EN_KILLFOCUS) FitExtension();
       return true;
     default: return false;
@@ -158,6 +157,11 @@ void CDstDialog::InsertToken(size_t index) {
   ::SetFocus(edit);
 }
 
+void CDstDialog::ShowEffect() const {
+  ShowPreview();
+  ShowNote();
+}
+
 // Shows the pattern as it is to be once it has been typed.
 void CDstDialog::ShowPreview() const {
   CDst dst = EditedDst();
@@ -168,10 +172,11 @@ void CDstDialog::ShowPreview() const {
 
 void CDstDialog::ShowNote() const {
   const my::IMessageTexts& texts = m_context.ports.engine.texts;
-  const DstType type = EditedDst().type;
-  std::wstring note;
-  if (type == DstType::AES_256_ZIP) note = texts.Text(IDS_DST_NOTE_AES) + L"\n";
-  if (NeedsPassword(type)) note += texts.Text(IDS_DST_NOTE_PASSWORD);
+  const CDst dst = EditedDst();
+  std::wstring note = ArchiveWarning(dst, m_taskId, m_context.ports.engine);
+  if (!note.empty()) note += L"\n";
+  if (dst.type == DstType::AES_256_ZIP) note += texts.Text(IDS_DST_NOTE_AES) + L"\n";
+  if (NeedsPassword(dst.type)) note += texts.Text(IDS_DST_NOTE_PASSWORD);
   SetItemText(IDC_DST_NOTE, note);
 }
 

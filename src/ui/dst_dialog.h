@@ -33,6 +33,7 @@ class CDstDialog : public my::CDialog {
   void FitExtension();
   void OfferTokens();
   void InsertToken(size_t index);
+  void ShowEffect() const;
   void ShowPreview() const;
   void ShowNote() const;
   void FocusControl(int id) const;

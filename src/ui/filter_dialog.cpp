@@ -7,6 +7,7 @@
 #include "platform/shell.h"
 #include "support/paths.h"
 #include "support/strings.h"
+#include "ui/models/filter_question.h"
 
 namespace qlm {
 
@@ -27,6 +28,7 @@ std::vector<my::CAnchor> CFilterDialog::Anchors() const {
           {IDC_FILTER_HINT, kWideAtBottom},
           {IDC_FILTER_DECISION_LABEL, kLeft | kBottom},
           {IDC_FILTER_DECISION, kWideAtBottom},
+          {IDC_FILTER_OPEN, kLeft | kBottom},
           {IDC_FILTER_EDIT, kLeft | kBottom},
           {IDC_FILTER_RELOAD, kLeft | kBottom},
           {IDC_LIST_COPY, kLeft | kBottom},
@@ -35,7 +37,6 @@ std::vector<my::CAnchor> CFilterDialog::Anchors() const {
 
 bool CFilterDialog::OnInit() {
   UseList(m_list, m_model, IDC_FILTER_LINES, IDM_FILTER);
-  SetItemText(IDC_FILTER_FILE, m_path);
   Load();
   ::SetFocus(Item(IDC_FILTER_PATH));
   return false;
@@ -46,7 +47,8 @@ bool CFilterDialog::Execute(int id, int code) {
     case IDC_FILTER_PATH:
       if (code == EN_CHANGE) Decide();
       return true;
-    case IDC_FILTER_EDIT: m_context.ports.shell.Open(m_path); return true;
+    case IDC_FILTER_OPEN: Open(); return true;
+    case IDC_FILTER_EDIT: Edit(); return true;
     case IDC_FILTER_RELOAD: Load(); return true;
     default: return false;
   }
@@ -58,7 +60,26 @@ bool CFilterDialog::OnKey(UINT key) {
   return true;
 }
 
+void CFilterDialog::Open() {
+  const auto path = m_context.dialogs.AskOpenPath(FilterQuestion(Texts(), m_path));
+  if (!path) return;
+  m_path = *path;
+  Load();
+}
+
+// Few systems know a program for .flt files.
+void CFilterDialog::Edit() {
+  my::IShell& shell = m_context.ports.shell;
+  try {
+    shell.Open(m_path);
+  } catch (const my::CException& failure) {
+    if (!failure.SystemError().Is(my::kErrorNoAssociation)) throw;
+    shell.Run(L"notepad.exe", L"\"" + m_path + L"\"");
+  }
+}
+
 void CFilterDialog::Load() {
+  SetItemText(IDC_FILTER_FILE, m_path);
   const CEnginePorts& ports = m_context.ports.engine;
   std::vector<std::wstring> lines;
   const my::CSimpleErr error =
@@ -72,8 +93,8 @@ void CFilterDialog::Load() {
 
 std::wstring CFilterDialog::CountsText() const {
   size_t errors = 0;
-  for (size_t row = 0; row < m_model.RowCount(); ++row) {
-    if (!m_model.Text(row, CFilterCheckModel::ERROR_TEXT).empty()) ++errors;
+  for (const CFilterItem* item : m_list.Items()) {
+    if (item && item->error) ++errors;
   }
   return Text(IDS_FILTER_LINE_COUNTS, {std::to_wstring(m_model.RowCount()), std::to_wstring(errors)});
 }

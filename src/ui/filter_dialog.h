@@ -5,10 +5,12 @@
 #include "resource.h"
 #include "ui/list_dialog.h"
 #include "ui/models/filter_check_model.h"
+#include "ui/simple_list_view.h"
 
 namespace qlm {
 
-// Shows every line of a filter file, and which of them decides for a path that the user types.
+// Shows every line of a filter file, of which the user may choose another one, and which of them decides for
+// a path that the user types.
 class CFilterDialog final : public CListDialog {
  public:
   // What keeps the file from being read is shown in the dialog. `source` is the folder of the task, for full
@@ -22,6 +24,8 @@ class CFilterDialog final : public CListDialog {
   bool OnKey(UINT key) override;
   bool IsWarning(int controlId) const override { return controlId == IDC_FILTER_STATUS && m_hasErrors; }
 
+  void Open();
+  void Edit();
   void Load();
   std::wstring CountsText() const;
   std::wstring TypedPath() const;
@@ -32,7 +36,7 @@ class CFilterDialog final : public CListDialog {
   std::wstring m_source;
   bool m_hasErrors = false;
   CFilterCheckModel m_model;
-  my::CListView m_list{m_model};
+  CSimpleListView<CFilterLines> m_list{m_model.Lines(), m_model};
 };
 
 }  // namespace qlm

@@ -32,8 +32,8 @@ struct CPaneSpec {
 class CListPane : public my::CWindow {
  public:
   // All outlive the pane.
-  CListPane(const my::IMessageTexts& texts, const my::IListModel& model, CBackground& background)
-      : m_texts(texts), m_background(background), m_list(model, background) {}
+  CListPane(const my::IMessageTexts& texts, CSeeThroughList& list, CBackground& background)
+      : m_texts(texts), m_background(background), m_list(list) {}
 
   void CreateIn(HWND parent, int paneId, int listId, my::CListView::Boxes boxes, CPaneSpec spec);
 
@@ -75,7 +75,7 @@ class CListPane : public my::CWindow {
 
   const my::IMessageTexts& m_texts;
   CBackground& m_background;
-  CSeeThroughList m_list;
+  CSeeThroughList& m_list;
   CPaneSpec m_spec;
   HWND m_title = nullptr;
   HWND m_hint = nullptr;

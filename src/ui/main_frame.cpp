@@ -8,6 +8,7 @@
 #include "ui/framework/window_placement.h"
 #include "ui/main_menu.h"
 #include "ui/models/closing_text.h"
+#include "ui/models/filter_question.h"
 
 namespace qlm {
 namespace {
@@ -67,12 +68,19 @@ CListPane* CMainFrame::CFrameList::Pane() const {
   return m_kind == ListKind::TASKS ? &view.Tasks() : &view.Dsts();
 }
 
+IListState* CMainFrame::CFrameList::List() const {
+  if (!m_frame.m_parts) return nullptr;
+  CMainView& view = m_frame.m_parts->view;
+  if (m_kind == ListKind::TASKS) return &view.TaskList();
+  return &view.DstList();
+}
+
 std::optional<size_t> CMainFrame::CFrameList::FocusedRow() const {
-  return Pane() ? Pane()->List().Focused() : std::nullopt;
+  return List() ? List()->FocusedRow() : std::nullopt;
 }
 
 std::vector<size_t> CMainFrame::CFrameList::SelectedRows() const {
-  return Pane() ? Pane()->List().Selection() : std::vector<size_t>();
+  return List() ? List()->SelectedRows() : std::vector<size_t>();
 }
 
 bool CMainFrame::CFrameList::AnySelected() const {
@@ -149,6 +157,7 @@ void CMainFrame::ListenToList(ListKind kind) {
   my::CListEvents& events = (tasks ? view.Tasks() : view.Dsts()).List().Events();
   events.activate = [this, tasks](size_t) { OnCommand(tasks ? ID_TASK_EDIT : ID_DST_EDIT); };
   events.selectionChanged = [this, kind] { OnSelectionChanged(kind); };
+  events.focusChanged = [this] { OnFocusChanged(); };
   events.contextMenu = [this, tasks](POINT screen) {
     TrackMenu(Hwnd(), tasks ? IDR_TASK_MENU : IDR_DST_MENU, screen);
   };
@@ -233,11 +242,7 @@ bool CMainFrame::IsEnabled(int id) const {
   switch (id) {
     case ID_UNDO: return m_parts->edits.CanUndo();
     case ID_REDO: return m_parts->edits.CanRedo();
-    case ID_FILTER_CHECK: {
-      const auto row = m_taskList.FocusedRow();
-      const CTasks& tasks = m_app->Document().Tasks();
-      return row && *row < tasks.size() && !tasks[*row]->filterPath.empty();
-    }
+    case ID_FILTER_CHECK:
     case ID_OTHER_PANE:
     case ID_FULL_SCREEN:
     case ID_RESULTS:
@@ -275,21 +280,29 @@ void CMainFrame::OnDrop(HDROP drop) {
   m_parts->edits.DropPaths(paths, row, ::GetKeyState(VK_CONTROL) < 0);
 }
 
+// The filter of the task that has the focus. If there is none, the user chooses a file.
 void CMainFrame::CheckFilter() {
-  const auto row = m_taskList.FocusedRow();
-  const CTasks& tasks = m_app->Document().Tasks();
-  if (row && *row < tasks.size()) m_dialogs.ShowFilter(tasks[*row]->filterPath, tasks[*row]->path);
+  const CTaskPtr* task = m_parts->view.TaskList().FocusedItem();
+  const std::wstring source = task ? (*task)->path : std::wstring();
+  if (task && !(*task)->filterPath.empty()) return m_dialogs.ShowFilter((*task)->filterPath, source);
+  if (const auto path = m_dialogs.AskOpenPath(FilterQuestion(TextsOf(*m_app), {})))
+    m_dialogs.ShowFilter(*path, source);
 }
 
 void CMainFrame::OnDocumentChanged(DocChangeEventFlags what) {
-  m_parts->view.OnDocumentChanged(Has(what, DocChangeEventFlags::RESET));
-  ShowCounts();
+  m_parts->view.OnDocumentChanged(what);
+  if (what != DocChangeEventFlags::CHNAGE_PATH) ShowCounts();
   UpdateTitle();
   UpdateCommands();
 }
 
 void CMainFrame::OnSelectionChanged(ListKind kind) {
   if (kind == ListKind::TASKS) m_parts->view.OnTaskSelection();
+  m_dialogs.RefreshReplace();
+  UpdateCommands();
+}
+
+void CMainFrame::OnFocusChanged() {
   m_dialogs.RefreshReplace();
   UpdateCommands();
 }

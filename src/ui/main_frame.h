@@ -51,6 +51,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
 
    private:
     CListPane* Pane() const;
+    IListState* List() const;
 
     CMainFrame& m_frame;
     ListKind m_kind;
@@ -88,6 +89,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void ListenToList(ListKind kind);
   void OnDocumentChanged(DocChangeEventFlags what);
   void OnSelectionChanged(ListKind kind);
+  void OnFocusChanged();
   void OnCommand(int id);
   void Execute(int id);
   bool IsEnabled(int id) const;

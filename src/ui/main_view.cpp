@@ -1,6 +1,5 @@
 #include "ui/main_view.h"
 
-#include "document/document.h"
 #include "platform/message_texts.h"
 #include "resource.h"
 #include "settings/settings.h"
@@ -46,8 +45,10 @@ CMainView::CMainView(const CDocument& document, const CUISetting& setting, const
       m_texts(texts),
       m_taskModel(document, setting, texts),
       m_dstModel(document, texts),
-      m_tasks(texts, m_taskModel, m_background),
-      m_dsts(texts, m_dstModel, m_background),
+      m_taskList(document.Tasks(), m_taskModel, m_background),
+      m_dstList(document.Dsts(), m_dstModel, m_background),
+      m_tasks(texts, m_taskList, m_background),
+      m_dsts(texts, m_dstList, m_background),
       m_described(&m_tasks) {}
 
 void CMainView::CreateIn(HWND parent) {
@@ -71,25 +72,33 @@ void CMainView::FocusOther() {
   (TasksAreCurrent() ? m_dsts : m_tasks).SetFocus();
 }
 
-void CMainView::OnDocumentChanged(bool reset) {
-  m_taskModel.Refresh();
-  m_dstModel.Refresh({});
+void CMainView::OnDocumentChanged(DocChangeEventFlags what) {
+  const bool reset = Has(what, DocChangeEventFlags::RESET);
+  const bool tasks = reset || Has(what, DocChangeEventFlags::CHNAGE_TASKS);
+  const bool dsts = reset || Has(what, DocChangeEventFlags::CHNAGE_DSTS);
+  if (!tasks && !dsts) return;
   if (reset) m_taskModel.ClearResults();
-  m_tasks.List().Refresh();
-  m_dsts.List().Refresh();
-  if (reset) {
-    SelectFirst(m_tasks.List(), m_document.Tasks().empty());
-    SelectFirst(m_dsts.List(), m_document.Dsts().empty());
-  }
-  m_tasks.ShowHint(m_document.Tasks().empty());
-  m_dsts.ShowHint(m_document.Dsts().empty());
-  OnTaskSelection();
+  // The numbers of destinations are shown among the tasks.
+  const bool numbers = dsts && m_taskModel.Refresh();
+  if (tasks || numbers) m_taskList.Refresh();
+  if (reset) SelectFirst(m_taskList, m_document.Tasks().empty());
+  RefreshUses(dsts);
+  if (reset) SelectFirst(m_dstList, m_document.Dsts().empty());
+  if (tasks) m_tasks.ShowHint(m_document.Tasks().empty());
+  if (dsts) m_dsts.ShowHint(m_document.Dsts().empty());
+  UpdateDescription();
 }
 
 void CMainView::OnTaskSelection() {
-  m_dstModel.Refresh(m_tasks.List().Selection());
-  m_dsts.List().Refresh();
+  RefreshUses(false);
   UpdateDescription();
+}
+
+// Shows which destinations the selected tasks use. Without `always` the list is left alone if that has not
+// changed.
+void CMainView::RefreshUses(bool always) {
+  const bool changed = m_dstModel.Refresh(m_taskList.Selection());
+  if (always || changed) m_dstList.Refresh();
 }
 
 void CMainView::EnableButtons(const std::function<bool(int id)>& isEnabled) const {

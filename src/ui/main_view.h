@@ -4,15 +4,16 @@
 #include <functional>
 
 #include "app/windows.h"
+#include "document/document.h"
 #include "ui/background.h"
 #include "ui/framework/splitter.h"
 #include "ui/list_pane.h"
 #include "ui/models/dst_list_model.h"
 #include "ui/models/task_list_model.h"
+#include "ui/simple_list_view.h"
 
 namespace qlm {
 
-class CDocument;
 struct CMainFrameSetting;
 
 class CMainView {
@@ -23,6 +24,11 @@ class CMainView {
   void CreateIn(HWND parent);
   HWND Hwnd() const { return m_splitter.Hwnd(); }
 
+  using CTaskList = CSimpleListView<CTasks, CSeeThroughList>;
+  using CDstList = CSimpleListView<CDsts, CSeeThroughList>;
+  CTaskList& TaskList() { return m_taskList; }
+  CDstList& DstList() { return m_dstList; }
+
   CListPane& Tasks() { return m_tasks; }
   CListPane& Dsts() { return m_dsts; }
   CTaskListModel& TaskModel() { return m_taskModel; }
@@ -32,9 +38,8 @@ class CMainView {
   bool TasksAreCurrent() { return &Current() == &m_tasks; }
   void FocusOther();
 
-  // The document has changed. With `reset` it is another one, and its first rows are
-  // selected.
-  void OnDocumentChanged(bool reset);
+  // Refreshes the lists that a change of the document concerns. After a reset the first rows are selected.
+  void OnDocumentChanged(DocChangeEventFlags what);
 
   // The selected tasks have changed: their destinations are checked.
   void OnTaskSelection();
@@ -57,6 +62,7 @@ class CMainView {
   void StoreSettings(CMainFrameSetting& setting) const;
 
  private:
+  void RefreshUses(bool always);
   void UseBackground();
   void Describe(CListPane& pane);
   void UpdateDescription();
@@ -66,6 +72,8 @@ class CMainView {
   CTaskListModel m_taskModel;
   CDstListModel m_dstModel;
   CBackground m_background;
+  CTaskList m_taskList;
+  CDstList m_dstList;
   my::CSplitter m_splitter;
   CListPane m_tasks;
   CListPane m_dsts;

@@ -9,17 +9,17 @@
 
 namespace qlm {
 
-CPasswordDialog::CPasswordDialog(CAppContext& context, CPasswordEntry& entry)
+CPasswordDlg::CPasswordDlg(CAppContext& context, CPasswordEntry& entry)
     : CDialog(IDD_PASSWORD), m_context(context), m_entry(entry) {}
 
-bool CPasswordDialog::OnInit() {
+bool CPasswordDlg::OnInit() {
   const bool hide = m_entry.Setting().hidePassword;
   SetChecked(IDC_HIDE_PASSWORD, hide);
   MaskPassword(Item(IDC_PASSWORD), hide);
   return true;
 }
 
-void CPasswordDialog::OnOk() {
+void CPasswordDlg::OnOk() {
   std::wstring password = ItemText(IDC_PASSWORD);
   const my::CWipeAtEnd wipe(password);
   try {
@@ -30,13 +30,13 @@ void CPasswordDialog::OnOk() {
   FocusControl(Item(IDC_PASSWORD));
 }
 
-bool CPasswordDialog::OnCommand(int id, int code) {
+bool CPasswordDlg::OnCommand(int id, int code) {
   if (id != IDC_HIDE_PASSWORD || code != BN_CLICKED) return false;
   MaskPassword(Item(IDC_PASSWORD), IsChecked(IDC_HIDE_PASSWORD));
   return true;
 }
 
-void CPasswordDialog::OnClosed(int) {
+void CPasswordDlg::OnClosed(int) {
   WipePassword(Item(IDC_PASSWORD));
 }
 

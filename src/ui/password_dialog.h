@@ -9,9 +9,9 @@ class CPasswordEntry;
 struct CAppContext;
 
 // Hands what was typed to CPasswordEntry::Accept until that answers true; what it refuses with is shown.
-class CPasswordDialog : public my::CDialog {
+class CPasswordDlg : public my::CDialog {
  public:
-  CPasswordDialog(CAppContext& context, CPasswordEntry& entry);
+  CPasswordDlg(CAppContext& context, CPasswordEntry& entry);
 
  protected:
   bool OnInit() override;

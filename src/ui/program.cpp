@@ -55,8 +55,10 @@ int RunProgram(const std::wstring& commandLine, int showCommand) {
   const my::CGdiplus gdiplus;
   CWin32Ports ports;
   my::CMessageBox box;
+  CSettings settings(ports.clock.TickCount());
+  CDocument document;
   CMainFrame frame(loop, showCommand);
-  CApplication application(ports.Ports(), box, frame, frame.Dialogs(), commandLine);
+  CApplication application(ports.Ports(), settings, document, box, frame, frame.Dialogs(), commandLine);
   // What fails in a window procedure is shown like the failure of a command.
   const my::CFailureHandler before =
       my::SetFailureHandler([&](std::exception_ptr failure) { application.ShowFailure(failure); });

@@ -26,7 +26,6 @@ constexpr ReplaceCol ColumnOf(int id) {
 bool IsAboutExpression(const my::CException& failure) {
   switch (failure.Id()) {
     case IDS_REGEX_ERROR:
-    case IDS_REGEX_EMPTY:
     case IDS_REGEX_TOO_COMPLEX:
     case IDS_REGEX_INVALID: return true;
     default: return false;
@@ -131,7 +130,12 @@ void CReplaceDialog::ShowState() const {
   const CReplaceTool& tool = m_context.replace;
   const my::CMsgArg counts[] = {std::to_wstring(tool.TaskCount()), std::to_wstring(tool.DstCount())};
   SetItemText(IDC_REPLACE_COUNTS, my::MakeText(texts, IDS_REPLACE_COUNTS, counts));
-  SetItemText(IDC_REPLACE_STATUS, tool.Error() ? my::MakeErrorText(texts, *tool.Error()) : std::wstring());
+  std::wstring status;
+  if (tool.Error())
+    status = my::MakeErrorText(texts, *tool.Error());
+  else if (tool.Options().regex && tool.Options().src.empty())
+    status = texts.Text(IDS_REGEX_EMPTY);  // OK changes nothing then
+  SetItemText(IDC_REPLACE_STATUS, status);
 }
 
 }  // namespace qlm

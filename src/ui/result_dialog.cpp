@@ -59,13 +59,11 @@ bool CResultDialog::OnListKey(UINT key) {
 
 void CResultDialog::OpenDestination() {
   const auto pathOf = [](const CResults& rows, size_t row) { return DestinationOf(rows, row); };
-  CCommandExplorerResult(m_context, m_model.Rows(), m_state, pathOf, true).Execute(true);
+  CCommandExplorerResult(m_context, m_list.Items(), m_list, pathOf, true).Execute(true);
 }
 
 void CResultDialog::ShowTargets() {
-  const auto row = m_state.FocusedRow();
-  if (!row || *row >= m_model.RowCount()) throw CListException(IDS_NO_ITEM_SELECTED, m_state);
-  CTargetDialog(m_context, m_model.Shared(*row)).DoModal(Hwnd());
+  CTargetDialog(m_context, m_list.RequireFocusedItem()).DoModal(Hwnd());
 }
 
 void CResultDialog::SaveCsv() {

@@ -2,8 +2,8 @@
 
 #include "resource.h"
 #include "ui/list_dialog.h"
-#include "ui/list_state.h"
 #include "ui/models/result_list_model.h"
+#include "ui/simple_list_view.h"
 
 namespace qlm {
 
@@ -30,8 +30,7 @@ class CResultDialog final : public CListDialog {
   void SaveCsv();
 
   const CResultListModel& m_model;
-  my::CListView m_list{m_model};
-  CListState m_state{m_list};
+  CSimpleListView<CResults> m_list{m_model.Rows(), m_model};
 };
 
 }  // namespace qlm

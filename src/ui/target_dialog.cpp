@@ -145,21 +145,21 @@ void CTargetDialog::GoToNewest() {
   const auto row = m_model.NewestRow();
   if (!row) return;
   ShowRow(*row);
-  m_state.Focus();
+  m_list.Focus();
 }
 
 void CTargetDialog::ShowSource() {
   const auto pathOf = [this](const CTargets& targets, size_t row) {
     return SourceOfTarget(*m_result, targets, row);
   };
-  CCommandExplorerTarget(m_context, *m_result->targets, m_state, pathOf, false).Execute(true);
+  CCommandExplorerTarget(m_context, m_list.Items(), m_list, pathOf, false).Execute(true);
 }
 
 void CTargetDialog::ShowBackup() {
   const auto pathOf = [this](const CTargets& targets, size_t row) {
     return BackupOfTarget(*m_result, targets, row);
   };
-  CCommandExplorerTarget(m_context, *m_result->targets, m_state, pathOf, false).Execute(true);
+  CCommandExplorerTarget(m_context, m_list.Items(), m_list, pathOf, false).Execute(true);
 }
 
 }  // namespace qlm

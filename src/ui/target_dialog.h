@@ -2,8 +2,8 @@
 
 #include "resource.h"
 #include "ui/list_dialog.h"
-#include "ui/list_state.h"
 #include "ui/models/target_list_model.h"
+#include "ui/simple_list_view.h"
 
 namespace qlm {
 
@@ -14,9 +14,10 @@ class CTargetDialog final : public CListDialog {
 
  private:
   // The row with the newest time stands in bold.
-  class CView final : public my::CListView {
+  class CView final : public CSimpleListView<CTargets> {
    public:
-    explicit CView(const CTargetListModel& model) : CListView(model), m_newestRow(model.NewestRow()) {}
+    CView(const CTargets& targets, const CTargetListModel& model)
+        : CSimpleListView(targets, model), m_newestRow(model.NewestRow()) {}
 
    private:
     LRESULT OnCustomDraw(NMLVCUSTOMDRAW& draw) override;
@@ -43,8 +44,7 @@ class CTargetDialog final : public CListDialog {
 
   CResultPtr m_result;
   CTargetListModel m_model;
-  CView m_list{m_model};
-  CListState m_state{m_list};
+  CView m_list{*m_result->targets, m_model};
 };
 
 }  // namespace qlm

@@ -1,15 +1,14 @@
 #include "ui/task_dialog.h"
 
-#include <commdlg.h>
-
 #include <utility>
 
+#include "app/explorer_commands.h"
 #include "app/windows.h"
-#include "document/file_formats.h"
 #include "platform/message_texts.h"
 #include "resource.h"
 #include "settings/settings.h"
 #include "ui/framework/file_dialogs.h"
+#include "ui/models/filter_question.h"
 #include "ui/models/task_warning.h"
 
 namespace qlm {
@@ -42,6 +41,7 @@ std::vector<my::CAnchor> CTaskDialog::Anchors() const {
           {IDC_TASK_DSTS, kWide | kBottom},
           {IDC_TASK_UP, kRight},
           {IDC_TASK_DOWN, kRight},
+          {IDC_TASK_OPEN_DST, kRight},
           {IDC_TASK_WARNING, kLeft | kCorner},
           {IDOK, kCorner},
           {IDCANCEL, kCorner}};
@@ -53,6 +53,7 @@ bool CTaskDialog::OnInit() {
   SetItemText(IDC_TASK_PATH, m_task.path);
   SetItemText(IDC_TASK_FILTER, m_task.filterPath);
   EnableItem(IDC_TASK_CHECK_FILTER, !m_task.filterPath.empty());
+  EnableItem(IDC_TASK_OPEN_DST, !m_list.Items().empty());
   m_pathIsNew = m_task.id.empty();
   ShowWarning();
   if (!m_task.path.empty()) return true;
@@ -88,6 +89,9 @@ void CTaskDialog::OnOk() {
 
 bool CTaskDialog::OnCommand(int id, int code) {
   switch (id) {
+    case IDC_TASK_ID:
+      if (code == EN_CHANGE) WarnSoon();
+      return true;
     case IDC_TASK_PATH: OnPathCommand(code); return true;
     case IDC_TASK_FILTER: OnFilterCommand(code); return true;
     case IDC_TASK_BROWSE: Browse(); return true;
@@ -95,6 +99,7 @@ bool CTaskDialog::OnCommand(int id, int code) {
     case IDC_TASK_CHECK_FILTER: CheckFilter(); return true;
     case IDC_TASK_UP: MoveDst(Step::UP); return true;
     case IDC_TASK_DOWN: MoveDst(Step::DOWN); return true;
+    case IDC_TASK_OPEN_DST: OpenDst(); return true;
     default: return false;
   }
 }
@@ -103,6 +108,10 @@ void CTaskDialog::OnPathCommand(int code) {
   if (code == EN_KILLFOCUS) ProposeId();
   if (code != EN_CHANGE) return;
   m_pathIsNew = true;
+  WarnSoon();
+}
+
+void CTaskDialog::WarnSoon() const {
   ::SetTimer(Hwnd(), kWarningTimer, kWarningDelayMs, nullptr);
 }
 
@@ -150,13 +159,7 @@ void CTaskDialog::Browse() {
 }
 
 void CTaskDialog::BrowseFilter() {
-  const my::IMessageTexts& texts = m_context.ports.engine.texts;
-  CFileQuestion question;
-  question.initialPath = ItemText(IDC_TASK_FILTER);
-  question.kinds = {{texts.Text(IDS_FILTER_FILES), std::wstring(FormatOf(FilterFormat::FLT).pattern)},
-                    {texts.Text(IDS_FILTER_TEXT_FILES), std::wstring(FormatOf(FilterFormat::TXT).pattern)}};
-  question.defaultExtension = FormatOf(FilterFormat::FLT).extension;
-  question.flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+  const CFileQuestion question = FilterQuestion(m_context.ports.engine.texts, ItemText(IDC_TASK_FILTER));
   if (const auto path = m_context.dialogs.AskOpenPath(question)) SetItemText(IDC_TASK_FILTER, *path);
 }
 
@@ -186,6 +189,11 @@ void CTaskDialog::MoveDst(Step step) {
   OnDstsChanged();
 }
 
+void CTaskDialog::OpenDst() {
+  CCommandExplorerTaskDst command(m_context, m_list.Items(), m_list, &FolderOfTaskDst, true);
+  RunCommand(m_context, command, true, false);
+}
+
 void CTaskDialog::OnDstsChanged() {
   m_list.Refresh();
   EnableMoving();
@@ -206,8 +214,7 @@ void CTaskDialog::EnableMoving() const {
 }
 
 void CTaskDialog::ShowWarning() const {
-  SetItemText(IDC_TASK_WARNING,
-              TaskWarning(EditedTask(), m_context.ports.engine.files, m_context.ports.engine.texts));
+  SetItemText(IDC_TASK_WARNING, TaskWarning(EditedTask(), m_context.ports.engine));
 }
 
 void CTaskDialog::FocusControl(int id) const {

@@ -5,8 +5,8 @@
 
 #include "app/command.h"
 #include "ui/framework/dialog.h"
-#include "ui/framework/list_view.h"
 #include "ui/models/task_dsts_model.h"
+#include "ui/simple_list_view.h"
 
 namespace qlm {
 
@@ -31,9 +31,10 @@ class CTaskDialog : public my::CDialog {
 
  private:
   // The destinations; their order also by Alt and the arrow keys.
-  class CList : public my::CListView {
+  class CList : public CSimpleListView<CTaskDsts> {
    public:
-    explicit CList(CTaskDialog& dialog) : CListView(dialog.m_dsts), m_dialog(dialog) {}
+    explicit CList(CTaskDialog& dialog)
+        : CSimpleListView(dialog.m_dsts.Dsts(), dialog.m_dsts), m_dialog(dialog) {}
 
    private:
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -43,6 +44,7 @@ class CTaskDialog : public my::CDialog {
 
   void InitList();
   void OnPathCommand(int code);
+  void WarnSoon() const;
   void OnFilterCommand(int code);
   void OnDstsChanged();
   CTask EditedTask() const;
@@ -52,6 +54,7 @@ class CTaskDialog : public my::CDialog {
   void CheckFilter();
   void ProposeId();
   void MoveDst(Step step);
+  void OpenDst();
   void EnableMoving() const;
   void ShowWarning() const;
   void FocusControl(int id) const;

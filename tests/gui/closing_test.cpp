@@ -37,7 +37,7 @@ TEST_F(Closing, session_is_held_for_edits_but_not_against_the_programs_own_power
   EXPECT_FALSE(MayEnd());
 }
 
-TEST_F(Closing, end_of_session_stores_what_open_windows_remember) {
+TEST_F(Closing, end_of_session_or_program_stores_what_open_windows_remember) {
   const HWND results = OpenResults();
   ::MoveWindow(results, 30, 40, 1000, 600, FALSE);
   ListView_SetColumnWidth(::GetDlgItem(results, IDC_RESULT_LIST), 0, 123);
@@ -54,6 +54,13 @@ TEST_F(Closing, end_of_session_stores_what_open_windows_remember) {
   EXPECT_EQ(settings.replaceDlg.rect, (CRect{50, 60, 850, 660}));
   EXPECT_TRUE(settings.mainFrame.fullScreen);
   EXPECT_EQ(settings.mainFrame.normalBounds, normal);
+  ::MoveWindow(OpenResults(), 35, 45, 1010, 610, FALSE);
+  a.Do(ID_REPLACE);
+  ::MoveWindow(test::DialogWith(IDC_REPLACE_SRC), 55, 65, 810, 610, FALSE);
+  a.Quit();
+  a.Start();
+  EXPECT_EQ(settings.resultDlg.rect, (CRect{35, 45, 1045, 655}));
+  EXPECT_EQ(settings.replaceDlg.rect, (CRect{55, 65, 865, 675}));
 }
 
 TEST_F(Closing, window_keeps_painting_and_refuses_work_while_the_worker_ends) {

@@ -223,7 +223,7 @@ TEST_F(Design, background_stands_still_while_rows_and_panes_move) {
   for (int i = 0; i < 60; ++i) a.AddTask(std::to_wstring(i), L"");
   view.CreateIn(frame);
   ::MoveWindow(view.Hwnd(), 0, 0, 900, 600, FALSE);
-  view.OnDocumentChanged(false);
+  view.OnDocumentChanged(DocChangeEventFlags::CHNAGE_TASKS);
   CDesignSetting design;
   design.bkBrushType = BrushType::CHECK;
   Show(design);
@@ -290,7 +290,7 @@ TEST_F(Design, a_large_view_is_repainted_within_a_frame) {
   CMainFrameSetting setting;
   setting.tasksFixSize = 800;
   view.ApplySettings(setting);
-  view.OnDocumentChanged(true);
+  view.OnDocumentChanged(DocChangeEventFlags::RESET);
   const auto measure = [&](BrushType brush, BkImgType image) {
     CDesignSetting design;
     design.bkBrushType = brush;

@@ -32,7 +32,11 @@ struct CDialogAppOn {
   CFakeShell shell;
   CFakeWindow window;
   CFakeDialogs dialogs;
+  qlm::CSettings settings{0};
+  qlm::CDocument openDocument;
   qlm::CApplication app{{{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell},
+                        settings,
+                        openDocument,
                         dialogs,
                         window,
                         dialogs,

@@ -98,6 +98,11 @@ TEST_F(EditDialogs, destinations_of_a_task_are_chosen_and_ordered_by_the_keyboar
   EXPECT_FALSE(::IsWindowEnabled(dialog.Item(IDC_TASK_UP)));
   EXPECT_EQ(dialog.ItemText(IDC_TASK_WARNING), L"");
   select(2);
+  Click(dialog, IDC_TASK_OPEN_DST);
+  EXPECT_EQ(dialogs.boxes.size(), 1u) << "the folder is not there yet";
+  files.AddFolder(L"D:\\docs\\b");
+  Click(dialog, IDC_TASK_OPEN_DST);
+  EXPECT_EQ(shell.calls.back(), L"Open D:\\docs\\b");
   EXPECT_FALSE(::IsWindowEnabled(dialog.Item(IDC_TASK_UP)));
   ::SendMessageW(list, WM_KEYDOWN, VK_SPACE, 0);
   EXPECT_NE(dialog.ItemText(IDC_TASK_WARNING).find(L"D:\\docs\\b"), std::wstring::npos);
@@ -126,6 +131,10 @@ TEST_F(EditDialogs, the_pattern_follows_the_type_and_shows_its_name) {
   EXPECT_EQ(dialog.ItemText(IDC_DST_PREVIEW), L"Mail.zip");
   dialog.SetItemText(IDC_DST_FOLDER, L"C:\\con\\x");
   EXPECT_NE(dialog.ItemText(IDC_DST_PREVIEW).find(L"「con」"), std::wstring::npos);
+  const auto warned = [&] { return dialog.ItemText(IDC_DST_NOTE).find(L"警告") == 0; };
+  EXPECT_FALSE(warned());
+  dialog.SetItemText(IDC_DST_FOLDER, L"C:\\my docs");
+  EXPECT_TRUE(warned());
   Choose(dialog, DstType::FOLDER);
   EXPECT_EQ(dialog.ItemText(IDC_DST_NOTE), L"");
 

@@ -3,6 +3,9 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
+
+#include <iterator>
 #include <string>
 
 #include "gui/test_dialog.h"
@@ -84,6 +87,12 @@ inline DWORD UserObjects() {
   const auto countOne = [](HWND, LPARAM sum) -> BOOL { return ++*reinterpret_cast<DWORD*>(sum) != 0; };
   if (count == 0) ::EnumThreadWindows(::GetCurrentThreadId(), countOne, reinterpret_cast<LPARAM>(&count));
   return count;
+}
+
+inline std::wstring CellOf(HWND list, int row, int column) {
+  wchar_t text[1024] = L"";
+  ListView_GetItemText(list, row, column, text, static_cast<int>(std::size(text)));
+  return text;
 }
 
 struct CRows : my::IListModel {

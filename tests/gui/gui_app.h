@@ -60,10 +60,13 @@ class CGuiApp {
   // A new start of the program on what the last one left.
   void Start(const std::wstring& documentPath = {}) {
     app.reset();
+    settings = qlm::CSettings(clock.TickCount());
+    frame.reset();
+    document = std::make_unique<qlm::CDocument>();
     frame = std::make_unique<qlm::CMainFrame>(loop, SW_SHOW);
     const qlm::CAppPorts ports{
         {scratch.real, clock, ansi, texts, process}, dom, *worker, folders, power, hash, shell};
-    app = std::make_unique<qlm::CApplication>(ports, box, *frame, frame->Dialogs(),
+    app = std::make_unique<qlm::CApplication>(ports, settings, *document, box, *frame, frame->Dialogs(),
                                               L"q.exe \"" + documentPath + L"\"");
     my::SetFailureHandler([this](std::exception_ptr failure) { app->ShowFailure(failure); });
     frame->Create(*app);
@@ -131,12 +134,6 @@ class CGuiApp {
     });
   }
 
-  static std::wstring CellOf(HWND list, int row, int column) {
-    wchar_t text[1024] = L"";
-    ListView_GetItemText(list, row, column, text, static_cast<int>(std::size(text)));
-    return text;
-  }
-
   my::CComApartment com;
   CScratchFolder scratch;
   my::CMsxmlDom dom;
@@ -152,6 +149,8 @@ class CGuiApp {
   CFakeShell shell;
   CScriptedBox box;
   my::CAutoMessageLoop loop;
+  qlm::CSettings settings{0};
+  std::unique_ptr<qlm::CDocument> document;
   std::unique_ptr<qlm::CMainFrame> frame;
   std::unique_ptr<qlm::CApplication> app;
 

@@ -79,7 +79,7 @@ struct ListDialogs : testing::Test, test::CDialogAppOn<test::CMemoryFileSystem> 
   CResultListModel rows{app.Settings().ui, texts, clock};
 };
 
-TEST_F(ListDialogs, filter_check_tells_the_line_that_decides_while_the_user_types) {
+TEST_F(ListDialogs, filter_check_tells_the_line_that_decides_in_any_file_and_has_an_editor_for_it) {
   files.AddFile(L"C:\\work.flt", "# rules\r\n- [.]bak$\r\n+ ^docs\r\nx\r\n");
   CFilterDialog dialog(context, L"C:\\work.flt", L"C:\\src");
   dialog.CreateModeless(nullptr, loop);
@@ -104,6 +104,20 @@ TEST_F(ListDialogs, filter_check_tells_the_line_that_decides_while_the_user_type
   Click(dialog, IDC_FILTER_EDIT);
   EXPECT_EQ(LastCall(), L"Open C:\\work.flt");
   EXPECT_TRUE(Said(IDS_PATH_EMPTY));
+  shell.failure = my::CException(IDS_SHELL_OPEN_FAILED,
+                                 {my::CSystemError::FromWin32(my::kErrorNoAssociation), L"C:\\work.flt"});
+  Click(dialog, IDC_FILTER_EDIT);
+  EXPECT_EQ(LastCall(), L"Run notepad.exe \"C:\\work.flt\"");
+
+  files.AddFile(L"C:\\my rules.txt", "+abc def\n- \"a b \"\n");
+  dialogs.paths = {L"C:\\my rules.txt"};
+  Click(dialog, IDC_FILTER_OPEN);
+  EXPECT_EQ(dialogs.questions.back().kinds.at(0).second + dialogs.questions.back().kinds.at(1).second,
+            L"*.flt*.txt");
+  EXPECT_EQ(dialog.ItemText(IDC_FILTER_FILE), L"C:\\my rules.txt");
+  EXPECT_EQ(dialog.ItemText(IDC_FILTER_STATUS), L"2 行、エラー 0 件");
+  const HWND lines = dialog.Item(IDC_FILTER_LINES);
+  EXPECT_EQ(test::CellOf(lines, 0, 2) + test::CellOf(lines, 1, 2), L"defa b ");
 }
 
 TEST_F(ListDialogs, targets_are_found_shown_and_copied) {

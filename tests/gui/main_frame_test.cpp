@@ -9,6 +9,7 @@
 
 #include "document/document_edits.h"
 #include "gui/gui_app.h"
+#include "support/strings.h"
 #include "ui/framework/window_placement.h"
 
 namespace {
@@ -44,8 +45,9 @@ TEST(MainFrame, every_menu_item_and_key_is_known_to_somebody) {
   CGuiApp a;
   const std::set<int> ids = CommandIds(a.frame->Hwnd());
   EXPECT_GE(ids.size(), 45u);
-  const std::set<int> modal = {ID_OPEN,     ID_ADD_FILE, ID_SAVE,    ID_SAVE_AS, ID_SETTINGS, ID_DESIGN,
-                               ID_TASK_ADD, ID_ITEM_ADD, ID_DST_ADD, ID_ABOUT,   ID_QUIT,     ID_POWER_OFF};
+  const std::set<int> modal = {ID_OPEN,   ID_ADD_FILE,  ID_SAVE,        ID_SAVE_AS, ID_SETTINGS,
+                               ID_DESIGN, ID_TASK_ADD,  ID_ITEM_ADD,    ID_DST_ADD, ID_ABOUT,
+                               ID_QUIT,   ID_POWER_OFF, ID_FILTER_CHECK};
   for (const int id : ids) {
     if (modal.contains(id)) continue;
     a.box.texts.clear();
@@ -141,6 +143,55 @@ TEST(MainFrame, boxes_tell_and_set_the_use_of_all_selected_tasks) {
   ASSERT_EQ(a.box.texts.size(), 1u);
   EXPECT_NE(a.box.texts[0].find(L"2 件のタスク"), std::wstring::npos);
   EXPECT_EQ(a.app->Document().Dsts().size(), 1u) << "the user took it back";
+}
+
+TEST(MainFrame, lists_are_drawn_again_only_if_the_change_concerns_them) {
+  CGuiApp a;
+  for (const wchar_t* folder : {L"C:\\x", L"C:\\y"}) a.AddDst(folder);
+  a.AddTask(L"a", L"C:\\a");
+  a.Select(IDC_TASK_LIST, {0});
+  CDocument& document = a.app->Document();
+  const auto drawn = [&](const std::function<void()>& change) {
+    for (const int id : {IDC_TASK_LIST, IDC_DST_LIST}) ::ValidateRect(a.List(id), nullptr);
+    change();
+    const bool tasks = ::GetUpdateRect(a.List(IDC_TASK_LIST), nullptr, FALSE);
+    const bool dsts = ::GetUpdateRect(a.List(IDC_DST_LIST), nullptr, FALSE);
+    return std::wstring(tasks ? L"tasks " : L"") + (dsts ? L"dsts" : L"");
+  };
+  EXPECT_EQ(drawn([&] { document.SetSaved(L"C:\\d.qlmr"); }), L"");
+  EXPECT_EQ(drawn([&] { a.AddTask(L"b", L"C:\\b"); }), L"tasks ");
+  EXPECT_EQ(drawn([&] { ReplaceDst(document, 1, {L"C:\\z"}); }), L"dsts");
+  EXPECT_EQ(drawn([&] { SetUse(document, {0}, 1, true); }), L"tasks dsts") << "the box";
+  EXPECT_EQ(drawn([&] { MoveDsts(document, {1}, 0); }), L"tasks dsts") << "the number";
+  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 0, 3), L"1");
+  EXPECT_EQ(drawn([&] { document.Reset(document.Content(), L""); }), L"tasks dsts");
+}
+
+TEST(MainFrame, preview_of_the_focused_row_follows_the_focus_alone) {
+  CGuiApp a;
+  for (const wchar_t* id : {L"a", L"b"}) a.AddTask(id, L"C:\\a");
+  a.Select(IDC_TASK_LIST, {0});
+  a.app->Settings().replaceDlg.replace = {ReplaceRow::FOCUSED, kReplaceTaskPath, L":", L";", false, true};
+  a.Do(ID_REPLACE);
+  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 0, 1), L"C;\\a");
+  ListView_SetItemState(a.List(IDC_TASK_LIST), 1, LVIS_FOCUSED, LVIS_FOCUSED);
+  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 0, 1) + a.Cell(IDC_TASK_LIST, 1, 1), L"C:\\aC;\\a");
+}
+
+TEST(MainFrame, usage_page_and_its_pictures_are_beside_the_program) {
+  CGuiApp a;
+  a.Do(ID_USAGE_PAGE);
+  const std::wstring page = a.shell.calls.back().substr(std::wstring(L"Open ").size());
+  const std::string text = a.scratch.files.ReadFile(page, 1 << 20);
+  const std::string mark = "src=\"";
+  size_t pictures = 0;
+  for (size_t at = text.find(mark); at != text.npos; at = text.find(mark, at + 1), ++pictures) {
+    const size_t start = at + mark.size();
+    const std::wstring picture = my::WideFromUtf8(text.substr(start, text.find('"', start) - start));
+    EXPECT_EQ(a.scratch.files.Kind(my::JoinPath(my::ParentPath(page), picture)), my::PathKind::FILE)
+        << picture;
+  }
+  EXPECT_GT(pictures, 0u);
 }
 
 TEST(MainFrame, dropped_things_become_what_they_are) {

@@ -57,9 +57,9 @@ TEST_F(Session, document_is_built_by_dialogs_saved_run_and_its_results_are_read)
   ASSERT_TRUE(results);
   const HWND list = ::GetDlgItem(results, IDC_RESULT_LIST);
   ASSERT_EQ(ListView_GetItemCount(list), 1);
-  EXPECT_EQ(CGuiApp::CellOf(list, 0, 0), L"書類");
-  EXPECT_EQ(CGuiApp::CellOf(list, 0, 4), a.texts.Text(IDS_PHASE_CREATED));
-  EXPECT_EQ(a.scratch.files.Kind(CGuiApp::CellOf(list, 0, 1)), my::PathKind::FOLDER);
+  EXPECT_EQ(test::CellOf(list, 0, 0), L"書類");
+  EXPECT_EQ(test::CellOf(list, 0, 4), a.texts.Text(IDS_PHASE_CREATED));
+  EXPECT_EQ(a.scratch.files.Kind(test::CellOf(list, 0, 1)), my::PathKind::FOLDER);
 }
 
 TEST_F(Session, test_run_shows_what_it_found_and_an_error_shows_the_results) {

@@ -73,7 +73,7 @@ struct SettingsDialogs : testing::Test, test::CDialogApp {
 TEST_F(SettingsDialogs, password_is_masked_checked_and_handed_over_once) {
   Archive().passwordHash = "00";
   CPasswordEntry entry(Archive(), hash, Context().messenger);
-  CPasswordDialog dialog(Context(), entry);
+  CPasswordDlg dialog(Context(), entry);
   dialog.CreateModeless(nullptr, loop);
   const auto mask = [&] { return ::SendMessageW(dialog.Item(IDC_PASSWORD), EM_GETPASSWORDCHAR, 0, 0); };
   EXPECT_NE(mask(), 0);
@@ -253,7 +253,7 @@ TEST_F(SettingsSheet, tells_which_archiver_it_found) {
 
 TEST_F(SettingsSheet, texts_fit_at_every_dpi_and_the_page_stays_in_its_frame) {
   CPasswordEntry entry(Archive(), hash, Context().messenger);
-  CPasswordDialog password(Context(), entry);
+  CPasswordDlg password(Context(), entry);
   CAboutDialog about(Context());
   OpenReplace();
   for (my::CDialog* dialog : std::vector<my::CDialog*>{&sheet, &replace, &password, &about}) {

@@ -2,6 +2,7 @@
 
 #include "document/document_edits.h"
 #include "document/name_pattern.h"
+#include "engine/backup_task.h"
 #include "resource.h"
 #include "support/fake_ports.h"
 #include "support/memory_file_system.h"
@@ -32,6 +33,9 @@ struct EditModels : testing::Test {
   test::CRcTexts texts;
   test::CFakeClock clock;
   test::CMemoryFileSystem files;
+  test::CIconvAnsiCodec ansi;
+  test::CFakeProcess process;
+  CEnginePorts ports{files, clock, ansi, texts, process};
 };
 
 TEST_F(EditModels, destinations_of_a_task_are_in_the_order_of_the_rows) {
@@ -52,20 +56,31 @@ TEST_F(EditModels, destinations_of_a_task_are_in_the_order_of_the_rows) {
   EXPECT_EQ(model.Used(), (CTaskDsts{dsts[3], dsts[0]}));
 }
 
-TEST_F(EditModels, a_backup_into_its_own_source_and_a_missing_source_are_told) {
+TEST_F(EditModels, a_backup_into_its_own_source_a_missing_source_and_an_archive_that_must_fail_are_told) {
   files.AddFolder(L"D:\\src");
   CTask task{L"T", L"D:\\src", L"", {document.Dsts()[0], document.Dsts()[2]}};
-  EXPECT_EQ(TaskWarning(task, files, texts), L"");
+  EXPECT_EQ(TaskWarning(task, ports), L"");
   task.dsts.push_back(document.Dsts()[1]);
-  EXPECT_NE(TaskWarning(task, files, texts).find(L"D:\\SRC/b"), std::wstring::npos);
+  EXPECT_NE(TaskWarning(task, ports).find(L"D:\\SRC/b"), std::wstring::npos);
   task.path = L"c:/";
-  EXPECT_NE(TaskWarning(task, files, texts).find(L"C:\\a"), std::wstring::npos);
+  EXPECT_NE(TaskWarning(task, ports).find(L"C:\\a"), std::wstring::npos);
   task.path = L"D:\\gone";
-  EXPECT_NE(TaskWarning(task, files, texts).find(L"D:\\gone"), std::wstring::npos);
+  EXPECT_NE(TaskWarning(task, ports).find(L"D:\\gone"), std::wstring::npos);
   for (const wchar_t* silent : {L"", L"\\\\server\\share"}) {
     task.path = silent;
-    EXPECT_EQ(TaskWarning(task, files, texts), L"");
+    EXPECT_EQ(TaskWarning(task, ports), L"");
   }
+  const auto warning = [&](const CDst& dst) {
+    task.dsts = {boost::make_shared<CDst>(dst)};
+    return TaskWarning(task, ports);
+  };
+  EXPECT_EQ(warning({L"C:\\my docs", DstType::FOLDER, L"a b"}), L"");
+  EXPECT_EQ(warning({L" C:\\a ", DstType::ZIP, L"<ID>_<Y> "}), L"");
+  EXPECT_NE(warning({L"C:\\my docs", DstType::ZIP, L"<ID>"}).find(L"C:\\my docs"), std::wstring::npos);
+  task.id = L"My Task";
+  EXPECT_NE(warning({L"C:\\a", DstType::ZIP, L"<ID>"}).find(L"My Task.zip"), std::wstring::npos);
+  files.SetTemporaryFolder(L"C:\\Sato Jiro\\");
+  EXPECT_NE(warning({L"C:\\a", DstType::ZIP, L"x"}).find(L"C:\\Sato Jiro"), std::wstring::npos);
 }
 
 TEST_F(EditModels, the_name_is_shown_or_what_is_wrong_with_it) {

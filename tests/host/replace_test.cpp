@@ -67,6 +67,7 @@ TEST(ReplaceRule, value_after_replacement) {
       {L"ab", L"x", L"aabAB", L"axAB", false},
       {L"(\\d+)", L"[$1]", L"v12_3", L"v[12]_[3]", true},
       {L"(b)(c)", L"<$&|$`|$'|$2${1}|$+|$3>", L"abcd", L"a<bc|a|d|cb|c|>d", true},
+      {L"(b)(c)", L"$+{$1}$+", L"abcd", L"ac{b}cd", true},
       {L"(b)", L"$12$$1$x${y}$MATCH$", L"abc", L"ab2$1$x${y}$MATCH$c", true},
       {L"^.*$", L"C:\\new\\temp\\Users\\1\\x41\\", L"D:\\", L"C:\\new\\temp\\Users\\1\\x41\\", true},
   };
@@ -118,9 +119,11 @@ TEST_F(CReplaceTest, commit_is_one_step_that_leaves_no_rule_behind) {
   EXPECT_EQ(State(), before);
   EXPECT_FALSE(tool.IsOpen() || document.CanUndo());
 
-  tool.Show();
-  tool.Commit(Options(L"a", L"a"));
-  EXPECT_FALSE(tool.IsOpen() || document.IsModified());
+  for (const CReplaceOptions& nothing : {Options(L"a", L"a"), Options(L"", L"x", true)}) {
+    tool.Show();
+    tool.Commit(nothing);
+    EXPECT_FALSE(tool.IsOpen() || document.IsModified());
+  }
 }
 
 TEST_F(CReplaceTest, failed_commit_changes_nothing_and_leaves_the_tool_open) {
@@ -138,7 +141,6 @@ TEST_F(CReplaceTest, failed_commit_changes_nothing_and_leaves_the_tool_open) {
       {L"<ID>.zip", L"", kReplaceDstPattern, IDS_PATTERN_EMPTY, false},
       {L"two", L"one", kReplaceDstFolder, IDS_DST_DUPLICATE, false},
       {L"(", L"x", kEverything, IDS_REGEX_ERROR},
-      {L"", L"x", kEverything, IDS_REGEX_EMPTY},
       {L"(a+)+$", L"x", kEverything, IDS_REGEX_TOO_COMPLEX},
   };
   for (const CCase& c : cases) {

@@ -41,9 +41,11 @@ class CFakeApp {
   qlm::CApplication& Start(const std::wstring& commandLine = L"Quillmoor.exe") {
     app.reset();
     window = {};
+    settings.emplace(0);
+    document.emplace();
     app.emplace(
         qlm::CAppPorts{{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell},
-        dialogs, window, dialogs, commandLine);
+        *settings, *document, dialogs, window, dialogs, commandLine);
     app->Start();
     return *app;
   }
@@ -88,6 +90,8 @@ class CFakeApp {
   CFakeShell shell;
   CFakeWindow window;
   CFakeDialogs dialogs;
+  std::optional<qlm::CSettings> settings;
+  std::optional<qlm::CDocument> document;
   std::optional<qlm::CApplication> app;
 
  private:

@@ -13,6 +13,7 @@ using namespace qlm;
 
 const std::array kBrushes = {L"default", L"os_default", L"color",  L"picture",
                              L"check",   L"diamond",    L"stripe", L"interlace"};
+// The automatic ones come last, in a window of another shape: they are one of the others in this one.
 const std::array kFits = {L"none", L"width", L"height", L"auto_fit", L"auto_fill"};
 const std::array kOrigins = {L"lt", L"lb", L"rb", L"rt"};
 
@@ -77,8 +78,7 @@ void ShootCharacters(const my::IMessageTexts& texts, UINT dpi, const std::wstrin
 }  // namespace
 
 void ShootDesign() {
-  test::CGuiApp a;
-  FillSample(a);
+  CSampleApp a;
   const std::wstring picture = a.scratch.At(L"landscape.png");
   WritePicture(picture);
   CDesignSetting design;
@@ -90,13 +90,17 @@ void ShootDesign() {
   }
   design = {};
   design.bkImgType = BkImgType::LOVELOVE;
+  CRect& bounds = a.app->Settings().mainFrame.normalBounds;
   for (size_t i = 0; i < kFits.size(); ++i) {
     design.bkImgFitType = static_cast<FitType>(i);
+    if (design.bkImgFitType == FitType::AUTO_FIT) bounds = {0, 0, 560, 900};
     ShootWith(a, design, std::wstring(L"fit_") + kFits[i]);
   }
+  bounds = {0, 0, 960, 680};
   design.bkImgFitType = FitType::NONE;
   for (size_t i = 0; i < kOrigins.size(); ++i) {
     design.bkImgOrigin = static_cast<ImgOrigin>(i);
+    if (design.bkImgOrigin == CDesignSetting().bkImgOrigin) continue;  // is among the fits
     ShootWith(a, design, std::wstring(L"origin_") + kOrigins[i]);
   }
   design.bkImgType = BkImgType::CUSTOM;

@@ -34,8 +34,7 @@ void ShootMain() {
   if (!Wanted(L"main")) return;
   CGuiApp a;
   ShootAtAllDpis(a.frame->Hwnd(), L"main_empty");
-  CGuiApp b;
-  FillSample(b);
+  CSampleApp b;
   b.Select(IDC_TASK_LIST, {0, 1});
   b.Do(ID_RUN);
   Shoot(b.frame->Hwnd(), L"main_running");
@@ -43,7 +42,6 @@ void ShootMain() {
   test::Pump();
   ShootAtAllDpis(test::DialogWith(IDC_RESULT_LIST), L"results");
   ::SendMessageW(test::DialogWith(IDC_RESULT_LIST), WM_CLOSE, 0, 0);
-  Shoot(b.frame->Hwnd(), L"main_error");
   ShootMenu(b.frame->Hwnd(), L'e', L"menu");
   ShootAtAllDpis(b.frame->Hwnd(), L"main_document");
 }
@@ -59,8 +57,7 @@ void ShootReplace(CGuiApp& a) {
 }
 
 void ShootDialogs() {
-  CGuiApp a;
-  FillSample(a);
+  CSampleApp a;
   ShootModal(a, ID_TASK_EDIT, L"task");
   for (const int row : {0, 2}) {
     a.Select(IDC_DST_LIST, {row});

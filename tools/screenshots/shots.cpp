@@ -88,34 +88,51 @@ void ShootAtAllDpis(HWND window, const std::wstring& name) {
   }
 }
 
-// A document as people have it, with a source that exists.
-void FillSample(test::CGuiApp& a) {
-  my::IFileSystem& files = a.scratch.files;
-  for (const wchar_t* name : {L"書類", L"書類\\見積書", L"写真"}) files.CreateFolders(a.scratch.At(name));
+CSampleDrive::CSampleDrive(std::wstring drive, std::wstring folder)
+    : m_drive(std::move(drive)), m_folder(std::move(folder)) {
+  if (!::DefineDosDeviceW(DDD_NO_BROADCAST_SYSTEM, m_drive.c_str(), m_folder.c_str()))
+    std::printf("%ls: no drive, error %lu\n", m_drive.c_str(), ::GetLastError());
+}
+
+CSampleDrive::~CSampleDrive() {
+  ::DefineDosDeviceW(DDD_REMOVE_DEFINITION | DDD_NO_BROADCAST_SYSTEM, m_drive.c_str(), m_folder.c_str());
+}
+
+std::wstring CSampleApp::NewFolder(const std::wstring& name) const {
+  scratch.files.CreateFolders(scratch.At(name));
+  return scratch.At(name);
+}
+
+void CSampleApp::FillDisk() {
+  for (const wchar_t* folder : {L"D\\書類\\見積書", L"D\\写真", L"D\\設定"})
+    scratch.files.CreateFolders(scratch.At(folder));
   for (const wchar_t* name :
        {L"書類\\議事録.txt", L"書類\\見積書\\2024年度.xlsx", L"書類\\見積書\\2025年度.xlsx",
         L"書類\\下書き.tmp", L"書類\\名簿.bak", L"写真\\旅行.jpg"})
-    a.scratch.Write(name, std::string(12'345, 'x'));
-  a.scratch.Write(L"書類.flt", "\xEF\xBB\xBF# \xE4\xB8\x80\xE6\x99\x82\n- \\.tmp$\n- \\.bak$\n+ .*\n- ([\n");
-  a.scratch.Write(L"filter.flt", "- \\.tmp$\n- \\.bak$\n");
+    scratch.Write(std::wstring(L"D\\") + name, std::string(12'345, 'x'));
+  scratch.Write(L"D\\設定\\書類.flt", "- \\.tmp$\n- \\.bak$\n");
+}
+
+CSampleApp::CSampleApp() {
+  FillDisk();
   CContent content;
   const auto dst = [&](const std::wstring& folder, DstType type, const std::wstring& pattern) {
     auto item = boost::make_shared<CDst>(CDst{folder, type, pattern});
     content.dsts.Insert(-1, item);
     return item;
   };
-  const auto folder = dst(a.scratch.At(L"バックアップ"), DstType::FOLDER, L"<ID>_<Y>_<M>_<D>_<h>_<m>");
-  const auto zip = dst(a.scratch.At(L"書庫"), DstType::ZIP, L"<ID>_<Y><M><D>.zip");
-  const auto nas = dst(L"\\\\NAS\\backup\\社内", DstType::AES_256_ZIP, L"<ID>_<Y><M><D>_<h><m>.zip");
+  const auto folder = dst(L"E:\\バックアップ", DstType::FOLDER, L"<ID>_<Y>_<M>_<D>_<h>_<m>");
+  dst(L"E:\\書庫", DstType::ZIP, L"<ID>_<Y><M><D>.zip");
+  dst(L"\\\\NAS\\backup\\社内", DstType::AES_256_ZIP, L"<ID>_<Y><M><D>_<h><m>.zip");
   const auto add = [&](const std::wstring& id, const std::wstring& path, CTaskDsts dsts,
                        const std::wstring& filter) {
     content.tasks.Insert(-1, boost::make_shared<CTask>(CTask{id, path, filter, std::move(dsts)}));
   };
-  add(L"書類", a.scratch.At(L"書類"), {folder}, a.scratch.At(L"filter.flt"));
-  add(L"写真", a.scratch.At(L"写真"), {folder}, L"");
+  add(L"書類", L"D:\\書類", {folder}, L"D:\\設定\\書類.flt");
+  add(L"写真", L"D:\\写真", {folder}, L"");
   add(L"会計データ", L"D:\\会計\\2025", {folder}, L"");
-  add(L"ソースコード", L"D:\\開発\\quill", {}, L"D:\\開発\\source.flt");
-  a.app->Document().Reset(content, L"C:\\Users\\佐藤\\文書\\毎日のバックアップ.qlmr");
+  add(L"ソースコード", L"D:\\開発\\quill", {}, L"D:\\設定\\開発.flt");
+  app->Document().Reset(content, L"D:\\設定\\毎日のバックアップ.qlmr");
 }
 
 }  // namespace shots

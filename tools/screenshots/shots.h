@@ -22,8 +22,31 @@ void ShootMenu(HWND window, wchar_t key, const std::wstring& name);  // with the
 // Also as if it came to screens of 150 and 200 %.
 void ShootAtAllDpis(HWND window, const std::wstring& name);
 
-// A document as people have it, with sources that exist.
-void FillSample(test::CGuiApp& a);
+// A drive letter for a folder as long as the object lives, so that pictures show paths as people have them.
+class CSampleDrive {
+ public:
+  CSampleDrive(std::wstring drive, std::wstring folder);
+  CSampleDrive(const CSampleDrive&) = delete;
+  CSampleDrive& operator=(const CSampleDrive&) = delete;
+  ~CSampleDrive();
+
+ private:
+  std::wstring m_drive;
+  std::wstring m_folder;
+};
+
+// The program with a document as people have it, with sources that exist.
+class CSampleApp : public test::CGuiApp {
+ public:
+  CSampleApp();
+
+ private:
+  CSampleDrive m_sources{L"D:", NewFolder(L"D")};
+  CSampleDrive m_backups{L"E:", NewFolder(L"E")};
+
+  std::wstring NewFolder(const std::wstring& name) const;
+  void FillDisk();
+};
 
 // The design of the main view: brushes, pictures, high contrast, and the characters with their names.
 void ShootDesign();

@@ -282,12 +282,12 @@ std::optional<LRESULT> CListView::HandleNotify(NMHDR& header) {
     case LVN_BEGINDRAG: HandleBeginDrag(reinterpret_cast<const NMLISTVIEW&>(header).ptAction); return 0;
     case LVN_ITEMCHANGED: {
       const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
-      if ((change.uChanged & LVIF_STATE) != 0) HandleSelection(change.uOldState, change.uNewState);
+      if ((change.uChanged & LVIF_STATE) != 0) HandleState(change.uOldState, change.uNewState);
       return 0;
     }
     case LVN_ODSTATECHANGED: {
       const auto& change = reinterpret_cast<const NMLVODSTATECHANGE&>(header);
-      HandleSelection(change.uOldState, change.uNewState);
+      HandleState(change.uOldState, change.uNewState);
       return 0;
     }
     default: return {};
@@ -330,9 +330,13 @@ void CListView::HandleClick(const NMITEMACTIVATE& click, bool twice) {
     m_events.activate(static_cast<size_t>(row));
 }
 
-void CListView::HandleSelection(UINT oldState, UINT newState) {
-  const bool changed = ((oldState ^ newState) & LVIS_SELECTED) != 0;
-  if (changed && !m_quiet && m_events.selectionChanged) m_events.selectionChanged();
+void CListView::HandleState(UINT oldState, UINT newState) {
+  if (m_quiet) return;
+  const bool selected = ((oldState ^ newState) & LVIS_SELECTED) != 0;
+  if (selected && m_events.selectionChanged) m_events.selectionChanged();
+  // The row that loses the focus is left alone: the one that gets it comes next.
+  const bool focused = (newState & ~oldState & LVIS_FOCUSED) != 0;
+  if (focused && m_events.focusChanged) m_events.focusChanged();
 }
 
 void CListView::HandleBeginDrag(POINT mouse) {

@@ -20,6 +20,7 @@ struct CListEvents {
   std::function<void(size_t row)> check;     // a click on its box, or the space bar
   std::function<void(size_t row)> activate;  // a double click, or Enter
   std::function<void()> selectionChanged;
+  std::function<void()> focusChanged;  // another row has the focus
   std::function<void(POINT screen)> contextMenu;
   std::function<bool(UINT key)> key;        // a virtual key; answers whether the list shall not see it
   std::function<bool()> canDrag;            // whether the selected rows may be dragged; empty: never
@@ -85,7 +86,7 @@ class CListView {
   void Display(LVITEMW& item) const;
   LRESULT Find(const NMLVFINDITEMW& find) const;
   void HandleClick(const NMITEMACTIVATE& click, bool twice);
-  void HandleSelection(UINT oldState, UINT newState);
+  void HandleState(UINT oldState, UINT newState);
   void HandleBeginDrag(POINT mouse);
 
   const IListModel& m_model;

@@ -1,5 +1,7 @@
 #include "ui/models/dst_list_model.h"
 
+#include <utility>
+
 #include "replace/replace_rule.h"
 #include "resource.h"
 
@@ -14,8 +16,11 @@ constexpr CColumnSpec kColumns[] = {
 CDstListModel::CDstListModel(const CDocument& document, const my::IMessageTexts& texts)
     : CTableModel(texts, kColumns), m_document(document) {}
 
-void CDstListModel::Refresh(const CRows& selectedTasks) {
-  m_uses = UsesOf(m_document.Content(), selectedTasks);
+bool CDstListModel::Refresh(const CRows& selectedTasks) {
+  auto uses = UsesOf(m_document.Content(), selectedTasks);
+  if (uses == m_uses) return false;
+  m_uses = std::move(uses);
+  return true;
 }
 
 std::wstring CDstListModel::Text(size_t row, size_t column) const {

@@ -16,8 +16,9 @@ class CDstListModel : public CTableModel {
   // All outlive the model.
   CDstListModel(const CDocument& document, const my::IMessageTexts& texts);
 
-  // To be called after every change of the document or of the selected tasks.
-  void Refresh(const CRows& selectedTasks);
+  // To be called after every change of the document or of the selected tasks. Returns whether a check box has
+  // changed.
+  bool Refresh(const CRows& selectedTasks);
 
   size_t RowCount() const override { return m_document.Dsts().size(); }
   std::wstring Text(size_t row, size_t column) const override;

@@ -10,6 +10,9 @@
 
 namespace qlm {
 
+// The item of each line of a filter file; null for a comment.
+using CFilterLines = std::vector<const CFilterItem*>;
+
 // Every line of a filter file: what it says, and what is wrong with it. Comments and empty lines are grey.
 class CFilterCheckModel : public CTableModel {
  public:
@@ -21,6 +24,7 @@ class CFilterCheckModel : public CTableModel {
   // Shows other lines, as ReadTextLines answers them.
   void Show(std::vector<std::wstring> lines);
 
+  const CFilterLines& Lines() const { return m_items; }
   bool HasErrors() const { return m_filter.HasErrors(); }
 
   struct CDecision {
@@ -41,7 +45,7 @@ class CFilterCheckModel : public CTableModel {
   const CUISetting& m_setting;
   std::vector<std::wstring> m_lines;
   CFilter m_filter;
-  std::vector<const CFilterItem*> m_items;  // of each line; null for a comment
+  CFilterLines m_items;
 };
 
 }  // namespace qlm

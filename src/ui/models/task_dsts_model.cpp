@@ -17,17 +17,22 @@ CTaskDstsModel::CTaskDstsModel(const CDsts& dsts, const CTaskDsts& used, const m
     : CTableModel(texts, kColumns) {
   for (const CDstPtr& dst : used) {
     const std::ptrdiff_t index = dsts.IndexOf(dst);
-    if (index >= 0) m_rows.push_back({dst, static_cast<size_t>(index) + 1, true});
+    if (index >= 0) Add(dst, static_cast<size_t>(index), true);
   }
   for (size_t i = 0; i < dsts.size(); ++i) {
-    if (std::find(used.begin(), used.end(), dsts[i]) == used.end()) m_rows.push_back({dsts[i], i + 1, false});
+    if (std::find(used.begin(), used.end(), dsts[i]) == used.end()) Add(dsts[i], i, false);
   }
+}
+
+void CTaskDstsModel::Add(const CDstPtr& dst, size_t index, bool used) {
+  m_dsts.push_back(dst);
+  m_rows.push_back({index + 1, used});
 }
 
 CTaskDsts CTaskDstsModel::Used() const {
   CTaskDsts used;
-  for (const CRow& row : m_rows) {
-    if (row.used) used.push_back(row.dst);
+  for (size_t row = 0; row < m_rows.size(); ++row) {
+    if (m_rows[row].used) used.push_back(m_dsts[row]);
   }
   return used;
 }
@@ -35,6 +40,7 @@ CTaskDsts CTaskDstsModel::Used() const {
 size_t CTaskDstsModel::StepRow(size_t row, Step step) {
   const size_t to = Neighbour(row, step);
   std::swap(m_rows[row], m_rows[to]);
+  std::swap(m_dsts[row], m_dsts[to]);
   return to;
 }
 
@@ -54,12 +60,12 @@ size_t CTaskDstsModel::Neighbour(size_t row, Step step) const {
 }
 
 std::wstring CTaskDstsModel::Text(size_t row, size_t column) const {
-  const CRow& shown = m_rows[row];
+  const CDst& dst = *m_dsts[row];
   switch (column) {
-    case NUMBER: return std::to_wstring(shown.number);
-    case FOLDER: return shown.dst->folder;
-    case TYPE: return DstTypeText(m_texts, shown.dst->type);
-    default: return shown.dst->pattern;
+    case NUMBER: return std::to_wstring(m_rows[row].number);
+    case FOLDER: return dst.folder;
+    case TYPE: return DstTypeText(m_texts, dst.type);
+    default: return dst.pattern;
   }
 }
 

@@ -18,6 +18,9 @@ class CTaskDstsModel : public CTableModel {
   // `used` are objects of `dsts`; others are left out. The texts outlive the model.
   CTaskDstsModel(const CDsts& dsts, const CTaskDsts& used, const my::IMessageTexts& texts);
 
+  // All of them, in the order of the rows.
+  const CTaskDsts& Dsts() const { return m_dsts; }
+
   // The used ones, in order.
   CTaskDsts Used() const;
 
@@ -34,14 +37,15 @@ class CTaskDstsModel : public CTableModel {
 
  private:
   struct CRow {
-    CDstPtr dst;
     size_t number = 0;  // from 1 on, as in the document
     bool used = false;
   };
 
+  void Add(const CDstPtr& dst, size_t index, bool used);
   size_t Neighbour(size_t row, Step step) const;
 
-  std::vector<CRow> m_rows;
+  CTaskDsts m_dsts;
+  std::vector<CRow> m_rows;  // one for each
 };
 
 }  // namespace qlm

@@ -1,5 +1,8 @@
 #include "ui/models/task_list_model.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "document/document.h"
 #include "replace/replace_rule.h"
 #include "resource.h"
@@ -34,9 +37,15 @@ CTaskListModel::CTaskListModel(const CDocument& document, const CUISetting& sett
   Refresh();
 }
 
-void CTaskListModel::Refresh() {
-  m_dstNumbers.clear();
-  for (const CDstPtr& dst : m_document.Dsts()) m_dstNumbers.emplace(dst.get(), m_dstNumbers.size() + 1);
+bool CTaskListModel::Refresh() {
+  std::unordered_map<const CDst*, size_t> numbers;
+  for (const CDstPtr& dst : m_document.Dsts()) numbers.emplace(dst.get(), numbers.size() + 1);
+  const bool changed = std::any_of(m_dstNumbers.begin(), m_dstNumbers.end(), [&numbers](const auto& old) {
+    const auto found = numbers.find(old.first);
+    return found != numbers.end() && found->second != old.second;
+  });
+  m_dstNumbers = std::move(numbers);
+  return changed;
 }
 
 void CTaskListModel::ShowResults(const CResults& rows) {

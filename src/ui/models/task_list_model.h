@@ -18,8 +18,9 @@ class CTaskListModel : public CTableModel {
   // All outlive the model.
   CTaskListModel(const CDocument& document, const CUISetting& setting, const my::IMessageTexts& texts);
 
-  // To be called after every change of the document.
-  void Refresh();
+  // To be called after every change of the destinations. Returns whether the number of one that
+  // was there before has changed.
+  bool Refresh();
 
   // A job's rows, all of them. Of several rows the one that is worst tells the task's state.
   void ShowResults(const CResults& rows);

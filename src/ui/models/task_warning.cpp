@@ -4,11 +4,16 @@
 #include <string_view>
 #include <vector>
 
+#include "document/name_pattern.h"
+#include "engine/archive_writer.h"
+#include "engine/backup_task.h"
+#include "platform/clock.h"
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
 #include "resource.h"
 #include "support/paths.h"
 #include "support/strings.h"
+#include "ui/models/name_preview.h"
 
 namespace qlm {
 namespace {
@@ -29,21 +34,55 @@ bool IsOnNetwork(std::wstring_view path) {
   return path.size() >= 2 && my::IsSeparator(path[0]) && my::IsSeparator(path[1]);
 }
 
-std::wstring Warning(const my::IMessageTexts& texts, uint32_t id, const std::wstring& argument) {
-  const std::vector<my::CMsgArg> argumentOnly = {argument};
-  const std::vector<my::CMsgArg> text = {my::MakeText(texts, id, argumentOnly)};
-  return my::MakeText(texts, IDS_WARNING, text);
+std::wstring Warning(const my::IMessageTexts& texts, uint32_t id, const std::vector<my::CMsgArg>& args) {
+  const my::CMsgArg text = my::MakeText(texts, id, args);
+  return my::MakeText(texts, IDS_WARNING, {&text, 1});
+}
+
+std::wstring TemporaryFolder(my::IFileSystem& files) {
+  try {
+    return files.TemporaryFolder();
+  } catch (const my::CException&) {
+    return {};  // the run reports it
+  }
+}
+
+// No part of a date has a space, so any time does.
+std::wstring ArchiveName(CDst dst, const std::wstring& taskId, const my::IClock& clock) {
+  constexpr my::CFileTime kAnyTime{133'500'000'000'000'000};
+  FitPattern(dst.type, dst.pattern);
+  return ExpandName(dst, taskId, kAnyTime, clock);
 }
 
 }  // namespace
 
-std::wstring TaskWarning(const CTask& task, my::IFileSystem& files, const my::IMessageTexts& texts) {
+std::wstring TaskWarning(const CTask& task, const CEnginePorts& ports) {
   if (task.path.empty()) return {};
   for (const CDstPtr& dst : task.dsts) {
-    if (LiesWithin(dst->folder, task.path)) return Warning(texts, IDS_TASK_DST_WITHIN_SOURCE, dst->folder);
+    if (LiesWithin(dst->folder, task.path))
+      return Warning(ports.texts, IDS_TASK_DST_WITHIN_SOURCE, {dst->folder});
   }
-  if (IsOnNetwork(task.path) || my::KindIfKnown(files, task.path) == my::PathKind::FOLDER) return {};
-  return Warning(texts, IDS_TASK_NO_SOURCE, task.path);
+  const bool exists =
+      IsOnNetwork(task.path) || my::KindIfKnown(ports.files, task.path) == my::PathKind::FOLDER;
+  if (!exists) return Warning(ports.texts, IDS_TASK_NO_SOURCE, {task.path});
+  for (const CDstPtr& dst : task.dsts) {
+    if (auto warning = ArchiveWarning(*dst, task.id, ports); !warning.empty()) return warning;
+  }
+  return {};
+}
+
+std::wstring ArchiveWarning(const CDst& dst, const std::wstring& taskId, const CEnginePorts& ports) {
+  if (!IsZip(dst.type)) return {};
+  const auto warning = [&ports](uint32_t place, const std::wstring& path) {
+    return Warning(ports.texts, IDS_SPACE_IN_ARCHIVE, {my::CTextId{place}, path});
+  };
+  // The run trims both.
+  const std::wstring folder(my::Trim(dst.folder, my::kBlanks));
+  if (IsSplitByArchiver(folder)) return warning(IDS_SPACE_IN_FOLDER, folder);
+  const std::wstring name(my::Trim(ArchiveName(dst, taskId, ports.clock), my::kBlanks));
+  if (IsSplitByArchiver(name)) return warning(IDS_SPACE_IN_NAME, name);
+  const std::wstring temporary = TemporaryFolder(ports.files);
+  return IsSplitByArchiver(temporary) ? warning(IDS_SPACE_IN_TEMPORARY, temporary) : std::wstring();
 }
 
 }  // namespace qlm

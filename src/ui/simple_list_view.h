@@ -1,0 +1,53 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <utility>
+
+#include "app/command.h"
+#include "app/windows.h"
+#include "resource.h"
+#include "ui/framework/list_view.h"
+
+namespace qlm {
+
+// A list view whose rows are the items of a list of the program: CTasks, CDsts, CTargets, ... The commands
+// see it as IListState.
+template <class TList, class TView = my::CListView>
+class CSimpleListView : public TView, public IListState {
+ public:
+  // The items outlive the control. `args` are those of the view; row i of its model shows item i.
+  template <class... TArgs>
+  explicit CSimpleListView(const TList& items, TArgs&&... args)
+      : TView(std::forward<TArgs>(args)...), m_items(items) {}
+
+  const TList& Items() const { return m_items; }
+
+  // Null if no row has the focus. Valid until the items change.
+  auto FocusedItem() const -> decltype(std::addressof(*std::declval<const TList&>().begin())) {
+    const auto row = FocusedRow();
+    if (!row) return nullptr;
+    return std::addressof(m_items.begin()[static_cast<std::ptrdiff_t>(*row)]);
+  }
+
+  // Throws CListException with IDS_NO_ITEM_SELECTED if no row has the focus.
+  auto& RequireFocusedItem() {
+    const auto* item = FocusedItem();
+    if (!item) throw CListException(IDS_NO_ITEM_SELECTED, *this);
+    return *item;
+  }
+
+  // Until it is refreshed, the control may have rows that the list has lost.
+  std::optional<size_t> FocusedRow() const override {
+    const auto row = this->Focused();
+    return row && *row < m_items.size() ? row : std::nullopt;
+  }
+  std::vector<size_t> SelectedRows() const override { return this->Selection(); }
+  void Focus() override { ::SetFocus(this->Hwnd()); }
+
+ private:
+  const TList& m_items;
+};
+
+}  // namespace qlm
