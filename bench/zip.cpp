@@ -11,9 +11,8 @@
 #include "engine/targets.h"
 #include "harness.h"
 #include "platform/win32/handle.h"
-#include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_file_system.h"
-#include "platform/win32/win32_process.h"
+#include "ports.h"
 #include "support/paths.h"
 #include "support/strings.h"
 #include "tree.h"
@@ -58,8 +57,7 @@ void MeasureZip(const COptions& options) {
   const std::wstring archive = my::JoinPath(options.root, L"bench.zip");
   const std::wstring list = my::JoinPath(options.root, L"bench.txt");
   my::CWin32FileSystem files;
-  my::CWin32Process process;
-  const my::CWin32Clock clock;
+  CPorts ports;
   const auto listed = [&] {
     qlm::CTargets targets;
     qlm::ListSource(files, qlm::CFilter(), nullptr, tree, targets);
@@ -72,7 +70,7 @@ void MeasureZip(const COptions& options) {
     return TimeMs(work);
   };
   const auto engine = [&] {
-    qlm::WriteArchive({{files, clock, nullptr}, process},
+    qlm::WriteArchive({{files, ports.clock, nullptr}, ports.process, ports.texts},
                       {options.archiver, L"", tree, listed(), archive, qlm::DstType::ZIP});
   };
   const auto bare = [&] { RunBarely(options.archiver, L"a -ssw " + archive + L" @" + list, tree); };

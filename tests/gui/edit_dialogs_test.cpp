@@ -76,6 +76,7 @@ TEST_F(EditDialogs, a_task_is_refused_at_the_control_that_is_wrong_until_it_is_r
   EXPECT_FALSE(::IsWindowEnabled(dialog.Item(IDC_TASK_CHECK_FILTER)));
   dialogs.paths = {L"C:\\g.flt"};
   Click(dialog, IDC_TASK_BROWSE_FILTER);
+  EXPECT_EQ(dialogs.questions.back().kinds[1].second, L"*.txt");
 
   ::SetFocus(dialog.Item(IDC_TASK_PATH));
   dialog.SetItemText(IDC_TASK_PATH, L"D:\\docs\\New\\");

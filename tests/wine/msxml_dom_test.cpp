@@ -17,6 +17,7 @@
 #include "scratch_folder.h"
 #include "settings/settings_file.h"
 #include "support/exception.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -67,32 +68,20 @@ TEST_F(MsxmlDom, entities_that_multiply_are_refused_before_they_are_expanded) {
   EXPECT_LT(my::CWin32Clock().TickCount() - start, 5000u);
 }
 
-TEST_F(MsxmlDom, texts_come_back_as_they_were) {
-  qlm::CContent content;
-  for (const wchar_t* text :
-       {L" ", L"  lead and trail\t", L"a\rb\nc\r\nd\n", L"<&>\"' ]]>", L"𠮷野家 \xFFFD é"}) {
-    auto dst = boost::make_shared<qlm::CDst>();
-    dst->pattern = text;
-    dst->type = qlm::DstType::AES_256_ZIP;
-    content.dsts.Insert(-1, dst);
-    auto task = boost::make_shared<qlm::CTask>();
-    task->id = L"t" + std::to_wstring(content.tasks.size());
-    task->path = text;
-    task->dsts = {dst, content.dsts[0]};
-    content.tasks.Insert(-1, task);
-  }
+TEST_F(MsxmlDom, line_breaks_come_back_and_a_control_character_leaves_the_old_file) {
   const std::wstring path = m_scratch.At(L"文書.qlmr");
-  qlm::SaveDocument(m_scratch.files, my::CWin32Clock(), m_dom, qlm::CDocument(content), path);
-  const qlm::CDocument loaded = qlm::LoadDocument(m_scratch.files, m_dom, path);
-  ASSERT_EQ(loaded.Tasks().size(), content.tasks.size());
-  for (size_t i = 0; i < loaded.Tasks().size(); ++i) {
-    EXPECT_EQ(*loaded.Tasks()[i], *content.tasks[i]) << i;
-    EXPECT_EQ(loaded.Tasks()[i]->dsts[1], loaded.Dsts()[0]) << "destinations are shared";
+  const auto task = boost::make_shared<qlm::CTask>();
+  qlm::CContent content;
+  content.tasks.Insert(-1, task);
+  for (const wchar_t* text : {L"\t a\rb\nc\r\nd\n ]]>\xFFFD", L"control \x01"}) {
+    const std::wstring before = std::exchange(task->path, text);
+    const bool good = before.empty();
+    const auto save = [&] {
+      qlm::SaveDocument(m_scratch.files, my::CWin32Clock(), m_dom, qlm::CDocument(content), path);
+    };
+    EXPECT_EQ(test::ThrownId(save), good ? 0u : IDS_XML_SET_TEXT_FAILED);
+    EXPECT_EQ(qlm::LoadDocument(m_scratch.files, m_dom, path).Tasks()[0]->path, good ? text : before);
   }
-  content.tasks[0]->path = L"control \x01";
-  EXPECT_THROW(qlm::SaveDocument(m_scratch.files, my::CWin32Clock(), m_dom, qlm::CDocument(content), path),
-               my::CException);
-  EXPECT_EQ(qlm::LoadDocument(m_scratch.files, m_dom, path).Tasks()[0]->path, L" ");
 }
 
 TEST_F(MsxmlDom, known_files_come_back_byte_for_byte) {

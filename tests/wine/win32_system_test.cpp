@@ -77,7 +77,7 @@ TEST(Win32Process, program_gets_what_it_is_started_with) {
   start.arguments = L"/c if exist here.txt exit %QLM_CODE%";
   start.workingFolder = scratch.At(L"");
   start.creationFlags = my::CProcessStart::kNoWindow;
-  start.environment = {{L"QLM_CODE=7", L"SystemRoot=C:\\windows"}};
+  start.environment = std::vector<std::wstring>{L"QLM_CODE=7", L"SystemRoot=C:\\windows"};
   start.startup.title = L"title";
   start.startup.showMode = SW_HIDE;
   start.processSecurity.inherit = true;
