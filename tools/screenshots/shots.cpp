@@ -88,29 +88,20 @@ void ShootAtAllDpis(HWND window, const std::wstring& name) {
   }
 }
 
-CSampleDrive::CSampleDrive(std::wstring drive, std::wstring folder)
-    : m_drive(std::move(drive)), m_folder(std::move(folder)) {
-  if (!::DefineDosDeviceW(DDD_NO_BROADCAST_SYSTEM, m_drive.c_str(), m_folder.c_str()))
-    std::printf("%ls: no drive, error %lu\n", m_drive.c_str(), ::GetLastError());
-}
-
-CSampleDrive::~CSampleDrive() {
-  ::DefineDosDeviceW(DDD_REMOVE_DEFINITION | DDD_NO_BROADCAST_SYSTEM, m_drive.c_str(), m_folder.c_str());
-}
-
-std::wstring CSampleApp::NewFolder(const std::wstring& name) const {
-  scratch.files.CreateFolders(scratch.At(name));
-  return scratch.At(name);
-}
-
 void CSampleApp::FillDisk() {
-  for (const wchar_t* folder : {L"D\\書類\\見積書", L"D\\写真", L"D\\設定"})
-    scratch.files.CreateFolders(scratch.At(folder));
+  my::IFileSystem& files = scratch.files;
+  for (const wchar_t* folder : {L"D:\\書類\\見積書", L"D:\\写真", L"D:\\設定"}) files.CreateFolders(folder);
+  const auto write = [&files](const std::wstring& path, const std::string& bytes) {
+    const auto file = files.CreateNewFile(path);
+    if (!file) return;  // of the last program
+    file->Write(bytes);
+    file->Close();
+  };
   for (const wchar_t* name :
        {L"書類\\議事録.txt", L"書類\\見積書\\2024年度.xlsx", L"書類\\見積書\\2025年度.xlsx",
         L"書類\\下書き.tmp", L"書類\\名簿.bak", L"写真\\旅行.jpg"})
-    scratch.Write(std::wstring(L"D\\") + name, std::string(12'345, 'x'));
-  scratch.Write(L"D\\設定\\書類.flt", "- \\.tmp$\n- \\.bak$\n");
+    write(std::wstring(L"D:\\") + name, std::string(12'345, 'x'));
+  write(L"D:\\設定\\書類.flt", "- \\.tmp$\n- \\.bak$\n");
 }
 
 CSampleApp::CSampleApp() {

@@ -22,29 +22,13 @@ void ShootMenu(HWND window, wchar_t key, const std::wstring& name);  // with the
 // Also as if it came to screens of 150 and 200 %.
 void ShootAtAllDpis(HWND window, const std::wstring& name);
 
-// A drive letter for a folder as long as the object lives, so that pictures show paths as people have them.
-class CSampleDrive {
- public:
-  CSampleDrive(std::wstring drive, std::wstring folder);
-  CSampleDrive(const CSampleDrive&) = delete;
-  CSampleDrive& operator=(const CSampleDrive&) = delete;
-  ~CSampleDrive();
-
- private:
-  std::wstring m_drive;
-  std::wstring m_folder;
-};
-
-// The program with a document as people have it, with sources that exist.
+// The program with a document as people have it, with sources that exist. Writes them on the drives D and E,
+// which are empty at the start of the process.
 class CSampleApp : public test::CGuiApp {
  public:
   CSampleApp();
 
  private:
-  CSampleDrive m_sources{L"D:", NewFolder(L"D")};
-  CSampleDrive m_backups{L"E:", NewFolder(L"E")};
-
-  std::wstring NewFolder(const std::wstring& name) const;
   void FillDisk();
 };
 
