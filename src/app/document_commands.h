@@ -13,10 +13,6 @@ class CCommandNew final : public CCommand {
   void Execute(bool run) override;
 };
 
-// Held by pointers to its own type only, so that its destructor need not be virtual.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
 // Opens a document in place of the one that is open, or inserts its content into that: at the first selected
 // task, or else at the end.
 class CCommandOpen : public CCommand {
@@ -24,6 +20,7 @@ class CCommandOpen : public CCommand {
   // Asks for the path when it is empty.
   CCommandOpen(CAppContext& context, bool append, std::wstring path = {})
       : CCommand(context), m_append(append), m_path(std::move(path)) {}
+  virtual ~CCommandOpen() = default;  // the only command that another one derives from
 
   void Execute(bool run) override;
 
@@ -46,8 +43,6 @@ class CCommandOpenMru final : public CCommandOpen {
  private:
   size_t m_index;
 };
-
-#pragma GCC diagnostic pop
 
 class CCommandSave final : public CCommand {
  public:

@@ -33,7 +33,11 @@ std::span<const CNameToken> NameTokens() {
 }
 
 bool FitPattern(DstType type, std::wstring& pattern) {
-  return !pattern.empty() && AdjustExtension(type, pattern);
+  // A space at the end of the pattern is trimmed by the run, but not before an extension.
+  std::wstring fitted(my::TrimEnd(pattern, my::kBlanks));
+  if (fitted.empty() || !AdjustExtension(type, fitted)) return false;
+  pattern = std::move(fitted);
+  return true;
 }
 
 std::wstring SampleTaskId(const CTasks& tasks, const CRows& rows, const my::IMessageTexts& texts) {
