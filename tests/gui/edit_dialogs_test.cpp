@@ -102,7 +102,7 @@ TEST_F(EditDialogs, destinations_of_a_task_are_chosen_and_ordered_by_the_keyboar
   EXPECT_EQ(dialogs.boxes.size(), 1u) << "the folder is not there yet";
   files.AddFolder(L"D:\\docs\\b");
   Click(dialog, IDC_TASK_OPEN_DST);
-  EXPECT_EQ(shell.calls.back(), L"Open D:\\docs\\b");
+  EXPECT_EQ(shell.calls, std::vector<std::wstring>{L"Open D:\\docs\\b"});
   EXPECT_FALSE(::IsWindowEnabled(dialog.Item(IDC_TASK_UP)));
   ::SendMessageW(list, WM_KEYDOWN, VK_SPACE, 0);
   EXPECT_NE(dialog.ItemText(IDC_TASK_WARNING).find(L"D:\\docs\\b"), std::wstring::npos);
