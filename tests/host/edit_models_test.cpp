@@ -75,7 +75,7 @@ TEST_F(EditModels, a_backup_into_its_own_source_a_missing_source_and_an_archive_
     return TaskWarning(task, ports);
   };
   EXPECT_EQ(warning({L"C:\\my docs", DstType::FOLDER, L"a b"}), L"");
-  EXPECT_EQ(warning({L" C:\\a ", DstType::ZIP, L" <ID>_<Y>"}), L"");
+  EXPECT_EQ(warning({L" C:\\a ", DstType::ZIP, L"<ID>_<Y> "}), L"");
   EXPECT_NE(warning({L"C:\\my docs", DstType::ZIP, L"<ID>"}).find(L"C:\\my docs"), std::wstring::npos);
   task.id = L"My Task";
   EXPECT_NE(warning({L"C:\\a", DstType::ZIP, L"<ID>"}).find(L"My Task.zip"), std::wstring::npos);
