@@ -120,7 +120,9 @@ class CReadOnlyLift {
  public:
   explicit CReadOnlyLift(const std::wstring& path)
       : m_path(path), m_attributes(::GetFileAttributesW(path.c_str())) {
-    if (IsReadOnly()) ::SetFileAttributesW(m_path.c_str(), m_attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
+    if (!IsReadOnly()) return;
+    const DWORD others = m_attributes & ~DWORD{FILE_ATTRIBUTE_READONLY};
+    ::SetFileAttributesW(m_path.c_str(), others != 0 ? others : FILE_ATTRIBUTE_NORMAL);  // 0 changes nothing
   }
   CReadOnlyLift(const CReadOnlyLift&) = delete;
   CReadOnlyLift& operator=(const CReadOnlyLift&) = delete;
