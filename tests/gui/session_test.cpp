@@ -112,34 +112,4 @@ TEST_F(Session, replace_preview_is_seen_in_the_lists_and_follows_the_selection) 
   EXPECT_FALSE(test::DialogWith(IDC_REPLACE_SRC));
 }
 
-TEST_F(Session, settings_go_round_through_the_sheet_and_the_file) {
-  a.DoWithDialog(ID_SETTINGS, [](HWND sheet) {
-    HWND page = ::GetWindow(sheet, GW_CHILD);
-    while (page && !::GetDlgItem(page, IDC_PASSWORD_TYPE)) page = ::GetWindow(page, GW_HWNDNEXT);
-    ASSERT_TRUE(page);
-    ::SendDlgItemMessageW(page, IDC_PASSWORD_TYPE, CB_SETCURSEL, 2, 0);
-    ::SendMessageW(page, WM_COMMAND, MAKEWPARAM(IDC_PASSWORD_TYPE, CBN_SELCHANGE),
-                   reinterpret_cast<LPARAM>(::GetDlgItem(page, IDC_PASSWORD_TYPE)));
-    Type(page, IDC_PASSWORD, L"秘密");
-    Press(sheet, IDOK);
-  });
-  EXPECT_EQ(a.app->Settings().archive.password, L"秘密");
-  a.Quit();
-  a.Start();
-  EXPECT_EQ(a.app->Settings().archive.passwordType, PasswordType::SAVE);
-  EXPECT_EQ(a.app->Settings().archive.password, L"秘密");
-}
-
-TEST_F(Session, password_is_asked_for_and_a_cancelled_run_does_not_start) {
-  a.AddTask(L"t", a.scratch.path);
-  a.AddDst(a.scratch.At(L"out"), DstType::AES_256_ZIP);
-  SetUse(a.app->Document(), {0}, 0, true);
-  a.DoWithDialog(ID_RUN, [this](HWND dialog) {
-    Press(dialog, IDOK);
-    EXPECT_EQ(a.box.texts.back(), a.texts.Text(IDS_PASSWORD_EMPTY));
-    Press(dialog, IDCANCEL);
-  });
-  EXPECT_EQ(a.app->Run().State(), static_cast<uint32_t>(IDS_STATE_NOT_RUN));
-}
-
 }  // namespace
