@@ -35,7 +35,7 @@ CNewListFile CreateListFile(my::IFileSystem& files) {
   return list;
 }
 
-// Writes a line for every counted file; answers how many there are.
+// Writes a line for every counted file and returns their number.
 uint64_t WriteList(my::INewFile& file, const CArchivePorts& ports, const CTargets& targets) {
   constexpr size_t kPortion = size_t{256} * 1024;  // bytes that go out in one write
   std::string lines;
@@ -63,9 +63,9 @@ void RunArchiver(const CArchivePorts& ports, const CArchiveJob& job, const std::
   start.arguments.reserve(options.size() + job.archivePath.size() + listPath.size() + 3);
   // Neither path is quoted: a path with a blank reaches the archiver as two arguments.
   start.arguments.append(options).append(L" ").append(job.archivePath).append(L" @").append(listPath);
-  // The list's relative paths begin there. Without a separator "D:" would be that drive's current folder.
   start.creationFlags = my::CProcessStart::kNoWindow;
   start.inheritHandles = true;
+  // The list's relative paths begin there. Without a separator "D:" would be that drive's current folder.
   start.workingFolder = job.source.ends_with(L':') ? job.source + my::kSeparator : job.source;
   const uint32_t exitCode = ports.process.Run(start);
   if (exitCode != 0) throw my::CException(IDS_PROCESS_EXIT_CODE, {std::to_wstring(exitCode)});

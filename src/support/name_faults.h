@@ -15,12 +15,10 @@ struct CNameFault {
 };
 
 // Returns the first component of `folder`\`name` that does not name a file or folder of its own:
-// - dots and spaces alone, which Windows drops ("...") or follows ("..") — in `name` only, since a folder
-// that
-//   the user chose may well be relative to another one;
+// - dots and spaces alone, which Windows drops ("...") or follows (".."). Only in `name`: a folder that the
+//   user chose may be relative to another one;
 // - a device such as "NUL" or "com1.zip", in any folder and with any extension;
-// - a name with ":", which would write a hidden stream. The colon of the drive at the start of `folder` is
-// none.
+// - a name with ":", which would write a hidden stream, except for the drive of `folder`.
 std::optional<CNameFault> FindNameFault(std::wstring_view folder, std::wstring_view name);
 
 }  // namespace my
