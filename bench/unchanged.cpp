@@ -7,8 +7,8 @@
 #include "harness.h"
 #include "platform/win32/win32_file_system.h"
 #include "ports.h"
-#include "resource.h"
 #include "support/paths.h"
+#include "text_ids.h"
 #include "tree.h"
 
 namespace bench {

@@ -44,7 +44,7 @@ check_floors() {
     {
       split($1, from, "/"); own = from[2]
       split($0, quoted, "\""); named = quoted[2]
-      if (named == "resource.h") next
+      if (named ~ /^[a-z]+_ids\.h$/) next
       if (!(own in floor)) { finding("folder src/" own " has no floor"); next }
       if (named ~ /\.\./) { finding("include \"" named "\" leaves its folder: name it from src"); next }
       split(named, to, "/"); other = to[1]
@@ -93,7 +93,7 @@ tidy_inputs() {
   sources=$(jq -r '.[].file' "$tree/build/host/compile_commands.json" | sed -n "s,^$tree/\(src/.*\),\1,p" | sort -u)
   cpp_files src res | search -oE '^\s*#\s*include\s*"[^"]+"' | awk -F: -v sources="$sources" '
     { split($3, quoted, "\""); name = quoted[2]
-      edges[$1] = edges[$1] " " (name == "resource.h" ? "res/" : "src/") name }
+      edges[$1] = edges[$1] " " (name ~ /^[a-z]+_ids\.h$/ ? "res/" : "src/") name }
     function visit(file,   next_files, n, i) {
       if (file in seen) return
       seen[file]; line = line " " file
@@ -160,17 +160,17 @@ check_shell() {
 }
 
 check_string_ids() {
-  (cd "$tree" && [[ -e res/resource.h && -e res/strings.rc ]] && awk '
-    FILENAME ~ /resource\.h$/ && /^[ \t]*#[ \t]*define[ \t]+IDS_[A-Z0-9_]+[ \t]+[0-9]/ { defined[$2] = FNR }
+  (cd "$tree" && [[ -e res/text_ids.h && -e res/strings.rc ]] && awk '
+    FILENAME ~ /text_ids\.h$/ && /^[ \t]*#[ \t]*define[ \t]+IDS_[A-Z0-9_]+[ \t]+[0-9]/ { defined[$2] = FNR }
     FILENAME ~ /strings\.rc$/ && match($0, /^[ \t]*IDS_[A-Z0-9_]+/) {
       name = $1; sub(/,.*/, "", name)
       if (name in text) print FILENAME ":" FNR ": second text of " name
       text[name] = FNR
     }
     END {
-      for (name in defined) if (!(name in text)) print "res/resource.h:" defined[name] ": " name " has no text"
+      for (name in defined) if (!(name in text)) print "res/text_ids.h:" defined[name] ": " name " has no text"
       for (name in text) if (!(name in defined)) print "res/strings.rc:" text[name] ": " name " is not defined"
-    }' res/resource.h res/strings.rc | sort) || true
+    }' res/text_ids.h res/strings.rc | sort) || true
 }
 
 # What scripts/art.py makes is kept; it must be what the drawings give.
@@ -201,7 +201,7 @@ put() { # FILE, content on standard input
 
 clean_tree() {
   cp "$top/.clang-format" "$top/.clang-tidy" "$tree/"
-  put res/resource.h <<<'#define IDS_HELLO 1'
+  put res/text_ids.h <<<'#define IDS_HELLO 1'
   put res/strings.rc <<<'    IDS_HELLO "こんにちは"'
   put src/support/low.h <<<'int Low(int value);  // no HRESULT: a plain number'
   put src/support/low.cpp <<'END'
@@ -209,7 +209,7 @@ clean_tree() {
 
 #include <stdint.h>
 
-#include "resource.h"
+#include "text_ids.h"
 
 int Low(int value) {
   return value + IDS_HELLO;
@@ -241,7 +241,7 @@ break_every_rule() {
   put docs/notes.md <<<"TOD""O: see /wor""k/notes, from registry"".npm""js.org"
   put package-lock.json <<<'{"resolved": "somewhere"}'
   put scripts/broken.sh <<<'if true; then'
-  put res/resource.h <<<$'#define IDS_HELLO 1\n#define IDS_MUTE 2'
+  put res/text_ids.h <<<$'#define IDS_HELLO 1\n#define IDS_MUTE 2'
   put res/strings.rc <<<$'IDS_HELLO "a"\nIDS_HELLO "b"\nIDS_STRAY "c"'
   put src/support/low.h <<'END'
 inline int Low(int unused) {
@@ -283,7 +283,7 @@ docs/notes.md:1: path of one machine
 docs/notes.md:1: address of a registry
 package-lock.json:1: download address
 scripts/broken.sh:2: syntax error
-res/resource.h:2: IDS_MUTE has no text
+res/text_ids.h:2: IDS_MUTE has no text
 res/strings.rc:2: second text of IDS_HELLO
 res/strings.rc:3: IDS_STRAY is not defined
 src/support/low.h:1: parameter 'unused' is unused

@@ -3,9 +3,10 @@
 #include <utility>
 
 #include "app/windows.h"
+#include "command_ids.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "support/secret.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

@@ -4,8 +4,8 @@
 #include "app/replace_tool.h"
 #include "app/windows.h"
 #include "engine/backup_thread.h"
-#include "resource.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace qlm {
 

@@ -1,7 +1,7 @@
 #include "app/command_line.h"
 
-#include "resource.h"
 #include "support/exception.h"
+#include "text_ids.h"
 
 namespace qlm {
 

@@ -2,7 +2,9 @@
 
 #include <boost/smart_ptr/make_shared.hpp>
 
+#include "command_ids.h"
 #include "document/document.h"
+#include "text_ids.h"
 
 namespace qlm {
 

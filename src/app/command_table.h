@@ -17,7 +17,7 @@ struct CCommandTable {
   // `commandLine` is the process's whole command line.
   CCommandTable(CAppContext& context, std::wstring commandLine);
 
-  // The command behind an id (ID_... of resource.h), null for an id of none. Those of the recent documents
+  // The command behind an id (ID_...), null for an id of none. Those of the recent documents
   // are made when they are used and are not here.
   CCommand* Find(uint32_t id) const;
 

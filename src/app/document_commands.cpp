@@ -7,8 +7,8 @@
 #include "document/file_formats.h"
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "settings/settings.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

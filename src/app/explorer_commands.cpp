@@ -10,6 +10,7 @@
 #include "platform/known_folders.h"
 #include "platform/message_texts.h"
 #include "support/paths.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

@@ -7,7 +7,7 @@
 #include "app/command.h"
 #include "app/windows.h"
 #include "platform/shell.h"
-#include "resource.h"
+#include "text_ids.h"
 
 namespace qlm {
 

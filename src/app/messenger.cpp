@@ -2,7 +2,7 @@
 
 #include "document/document.h"
 #include "platform/message_texts.h"
-#include "resource.h"
+#include "text_ids.h"
 
 namespace my {
 

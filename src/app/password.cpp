@@ -5,9 +5,9 @@
 #include "app/windows.h"
 #include "engine/archive_writer.h"
 #include "platform/hash.h"
-#include "resource.h"
 #include "support/secret.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace qlm {
 std::string HashPassword(const my::IHash& hash, std::wstring_view password) {

@@ -7,8 +7,8 @@
 #include "engine/backup_thread.h"
 #include "platform/message_texts.h"
 #include "platform/power.h"
-#include "resource.h"
 #include "settings/settings.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

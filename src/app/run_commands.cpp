@@ -8,9 +8,9 @@
 #include "document/document.h"
 #include "engine/archive_writer.h"
 #include "engine/backup_thread.h"
-#include "resource.h"
 #include "settings/settings.h"
 #include "support/secret.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

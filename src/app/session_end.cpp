@@ -2,7 +2,7 @@
 
 #include "document/document.h"
 #include "engine/backup_thread.h"
-#include "resource.h"
+#include "text_ids.h"
 
 namespace qlm {
 

@@ -8,9 +8,9 @@
 #include "engine/archive_writer.h"
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "settings/settings.h"
 #include "settings/settings_file.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

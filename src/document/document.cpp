@@ -3,8 +3,8 @@
 #include <boost/smart_ptr/make_shared.hpp>
 #include <limits>
 
-#include "resource.h"
 #include "support/exception.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

@@ -6,9 +6,9 @@
 
 #include "document/document_file.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "support/exception.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

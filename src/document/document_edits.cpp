@@ -7,9 +7,9 @@
 #include <unordered_set>
 #include <utility>
 
-#include "resource.h"
 #include "support/exception.h"
 #include "support/paths.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

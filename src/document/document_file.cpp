@@ -5,8 +5,8 @@
 
 #include "document/document.h"
 #include "platform/xml_layer.h"
-#include "resource.h"
 #include "support/exception.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

@@ -1,7 +1,7 @@
 #include "document/dst.h"
 
-#include "resource.h"
 #include "support/exception.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

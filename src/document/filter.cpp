@@ -5,8 +5,8 @@
 
 #include "document/text_file.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "resource.h"
 #include "support/exception.h"
+#include "text_ids.h"
 
 namespace qlm {
 

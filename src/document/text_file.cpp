@@ -2,9 +2,9 @@
 
 #include "platform/ansi_codec.h"
 #include "platform/file_system.h"
-#include "resource.h"
 #include "support/exception.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

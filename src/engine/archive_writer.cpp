@@ -12,11 +12,11 @@
 #include "platform/known_folders.h"
 #include "platform/message_texts.h"
 #include "platform/process.h"
-#include "resource.h"
 #include "support/exception.h"
 #include "support/paths.h"
 #include "support/secret.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

@@ -9,10 +9,10 @@
 #include "engine/temporary_target.h"
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "support/name_faults.h"
 #include "support/paths.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

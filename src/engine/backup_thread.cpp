@@ -4,7 +4,7 @@
 
 #include "platform/clock.h"
 #include "platform/message_texts.h"
-#include "resource.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

@@ -3,10 +3,10 @@
 #include "engine/fresh_files.h"
 #include "engine/targets.h"
 #include "engine/task_base.h"
-#include "resource.h"
 #include "support/exception.h"
 #include "support/paths.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

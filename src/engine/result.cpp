@@ -1,9 +1,9 @@
 #include "engine/result.h"
 
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "support/paths.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace qlm {
 

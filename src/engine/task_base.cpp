@@ -1,7 +1,7 @@
 #include "engine/task_base.h"
 
-#include "resource.h"
 #include "support/exception.h"
+#include "text_ids.h"
 
 namespace my {
 

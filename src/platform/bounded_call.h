@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "platform/threads.h"
-#include "resource.h"
 #include "support/exception.h"
+#include "text_ids.h"
 
 namespace my {
 

@@ -1,8 +1,8 @@
 #include "platform/message_texts.h"
 
-#include "resource.h"
 #include "support/strings.h"
 #include "support/value_codecs.h"
+#include "text_ids.h"
 
 namespace my {
 namespace {

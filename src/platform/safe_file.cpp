@@ -2,9 +2,9 @@
 
 #include "platform/file_system.h"
 #include "platform/retry.h"
-#include "resource.h"
 #include "support/exception.h"
 #include "support/paths.h"
+#include "text_ids.h"
 
 namespace my {
 namespace {

@@ -2,9 +2,9 @@
 
 #include "platform/file_system.h"
 #include "platform/safe_file.h"
-#include "resource.h"
 #include "support/exception.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace my {
 namespace {

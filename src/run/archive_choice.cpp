@@ -6,8 +6,8 @@
 #include "platform/console.h"
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "settings/settings_file.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

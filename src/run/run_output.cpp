@@ -4,8 +4,8 @@
 
 #include "platform/console.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

@@ -11,10 +11,10 @@
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
 #include "platform/power.h"
-#include "resource.h"
 #include "run/archive_choice.h"
 #include "run/exit_codes.h"
 #include "run/run_output.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

@@ -1,7 +1,7 @@
 #include "settings/settings_codec.h"
 
-#include "resource.h"
 #include "support/exception.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

@@ -4,12 +4,12 @@
 #include "platform/known_folders.h"
 #include "platform/message_texts.h"
 #include "platform/xml_layer.h"
-#include "resource.h"
 #include "settings/settings_codec.h"
 #include "settings/settings_layout.h"
 #include "support/exception.h"
 #include "support/paths.h"
 #include "support/secret.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

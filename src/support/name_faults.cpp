@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "resource.h"
 #include "support/paths.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace my {
 namespace {

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <limits>
 
-#include "resource.h"
 #include "support/exception.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace my {
 namespace {

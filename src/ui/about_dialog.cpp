@@ -4,9 +4,10 @@
 
 #include "app/command.h"
 #include "app/messenger.h"
+#include "control_ids.h"
 #include "platform/message_texts.h"
 #include "platform/shell.h"
-#include "resource.h"
+#include "text_ids.h"
 #include "ui/file_version.h"
 #include "ui/framework/dpi.h"
 

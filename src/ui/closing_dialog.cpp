@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include "control_ids.h"
+
 namespace qlm {
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "resource.h"
+#include "control_ids.h"
 #include "ui/framework/dialog.h"
 
 namespace qlm {

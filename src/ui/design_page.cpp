@@ -9,10 +9,11 @@
 
 #include "app/command.h"
 #include "app/messenger.h"
+#include "control_ids.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "support/exception.h"
 #include "support/strings.h"
+#include "text_ids.h"
 #include "ui/controls.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/file_dialogs.h"

@@ -3,10 +3,11 @@
 #include <utility>
 
 #include "app/windows.h"
+#include "control_ids.h"
 #include "document/document.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "settings/settings.h"
+#include "text_ids.h"
 #include "ui/framework/file_dialogs.h"
 #include "ui/models/cells.h"
 #include "ui/models/name_preview.h"

@@ -2,11 +2,13 @@
 
 #include <utility>
 
+#include "control_ids.h"
 #include "document/text_file.h"
 #include "platform/message_texts.h"
 #include "platform/shell.h"
 #include "support/paths.h"
 #include "support/strings.h"
+#include "text_ids.h"
 #include "ui/models/filter_question.h"
 
 namespace qlm {

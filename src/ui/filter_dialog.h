@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "resource.h"
+#include "control_ids.h"
 #include "ui/list_dialog.h"
 #include "ui/models/filter_check_model.h"
 #include "ui/simple_list_view.h"

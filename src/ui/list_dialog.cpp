@@ -2,8 +2,8 @@
 
 #include <commctrl.h>
 
+#include "control_ids.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "ui/framework/clipboard.h"
 #include "ui/framework/failures.h"
 #include "ui/models/cells.h"

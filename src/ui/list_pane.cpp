@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "control_ids.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "ui/background.h"
 #include "ui/framework/dpi.h"
 

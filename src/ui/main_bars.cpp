@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include "command_ids.h"
+#include "control_ids.h"
 #include "platform/message_texts.h"
-#include "resource.h"
+#include "text_ids.h"
 #include "ui/framework/dpi.h"
 
 namespace qlm {

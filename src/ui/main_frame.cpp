@@ -1,9 +1,11 @@
 #include "ui/main_frame.h"
 
 #include "app/application.h"
+#include "command_ids.h"
+#include "control_ids.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "support/paths.h"
+#include "text_ids.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/window_placement.h"
 #include "ui/main_menu.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "resource.h"
+#include "command_ids.h"
 #include "ui/framework/gdi.h"
 
 namespace qlm {

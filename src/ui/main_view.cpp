@@ -1,8 +1,10 @@
 #include "ui/main_view.h"
 
+#include "command_ids.h"
+#include "control_ids.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "settings/settings.h"
+#include "text_ids.h"
 #include "ui/framework/dpi.h"
 #include "ui/models/next_step.h"
 

@@ -3,7 +3,7 @@
 #include "app/command.h"
 #include "app/messenger.h"
 #include "app/password.h"
-#include "resource.h"
+#include "control_ids.h"
 #include "support/secret.h"
 #include "ui/controls.h"
 

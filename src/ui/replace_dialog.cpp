@@ -5,9 +5,10 @@
 #include "app/command.h"
 #include "app/messenger.h"
 #include "app/replace_tool.h"
+#include "control_ids.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "settings/settings.h"
+#include "text_ids.h"
 #include "ui/controls.h"
 
 namespace qlm {

@@ -4,8 +4,10 @@
 #include <commdlg.h>
 
 #include "app/explorer_commands.h"
+#include "control_ids.h"
 #include "platform/message_texts.h"
 #include "platform/safe_file.h"
+#include "text_ids.h"
 #include "ui/target_dialog.h"
 
 namespace qlm {

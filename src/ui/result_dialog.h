@@ -1,6 +1,6 @@
 #pragma once
 
-#include "resource.h"
+#include "control_ids.h"
 #include "ui/list_dialog.h"
 #include "ui/models/result_list_model.h"
 #include "ui/simple_list_view.h"

@@ -8,7 +8,7 @@
 
 #include "app/command.h"
 #include "app/messenger.h"
-#include "resource.h"
+#include "control_ids.h"
 #include "settings/settings.h"
 #include "support/secret.h"
 #include "ui/controls.h"

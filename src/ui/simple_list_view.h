@@ -7,7 +7,7 @@
 
 #include "app/command.h"
 #include "app/windows.h"
-#include "resource.h"
+#include "text_ids.h"
 #include "ui/framework/list_view.h"
 
 namespace qlm {

@@ -5,7 +5,9 @@
 #include <utility>
 
 #include "app/explorer_commands.h"
+#include "control_ids.h"
 #include "platform/message_texts.h"
+#include "text_ids.h"
 #include "ui/framework/dpi.h"
 
 namespace qlm {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "resource.h"
 #include "ui/list_dialog.h"
 #include "ui/models/target_list_model.h"
 #include "ui/simple_list_view.h"

@@ -4,9 +4,10 @@
 
 #include "app/explorer_commands.h"
 #include "app/windows.h"
+#include "control_ids.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "settings/settings.h"
+#include "text_ids.h"
 #include "ui/framework/file_dialogs.h"
 #include "ui/models/filter_question.h"
 #include "ui/models/task_warning.h"

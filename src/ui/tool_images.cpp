@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "control_ids.h"
 #include "platform/win32/com.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/gdiplus.h"

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "control_ids.h"
 #include "gui/gui.h"
 #include "ui/art/tool_icons.h"
 #include "ui/framework/gdi.h"

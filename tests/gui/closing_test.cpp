@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include "command_ids.h"
+#include "control_ids.h"
 #include "document/document_edits.h"
 #include "gui/gui_app.h"
 #include "support/fake_windows.h"

@@ -4,6 +4,8 @@
 #include <chrono>
 #include <cstdio>
 
+#include "command_ids.h"
+#include "control_ids.h"
 #include "gui/gui_app.h"
 #include "ui/framework/high_contrast.h"
 #include "ui/framework/pixel_bitmap.h"

@@ -3,10 +3,11 @@
 
 #include <functional>
 
+#include "control_ids.h"
 #include "document/document_edits.h"
 #include "gui/dialog_app.h"
-#include "resource.h"
 #include "support/memory_file_system.h"
+#include "text_ids.h"
 #include "ui/dst_dialog.h"
 #include "ui/framework/dpi.h"
 #include "ui/task_dialog.h"

@@ -12,6 +12,8 @@
 #include <vector>
 
 #include "app/application.h"
+#include "command_ids.h"
+#include "control_ids.h"
 #include "gui/gui.h"
 #include "platform/win32/com.h"
 #include "platform/win32/msxml_dom.h"
@@ -22,7 +24,6 @@
 #include "platform/win32/win32_message_texts.h"
 #include "platform/win32/win32_process.h"
 #include "platform/win32/win32_threads.h"
-#include "resource.h"
 #include "support/fake_system.h"
 #include "ui/framework/failures.h"
 #include "ui/main_frame.h"

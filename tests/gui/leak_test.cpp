@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+#include "command_ids.h"
+#include "control_ids.h"
 #include "gui/gui_app.h"
 
 namespace {

@@ -2,8 +2,10 @@
 
 #include <boost/smart_ptr/make_shared.hpp>
 
+#include "control_ids.h"
 #include "gui/dialog_app.h"
 #include "support/memory_file_system.h"
+#include "text_ids.h"
 #include "ui/filter_dialog.h"
 #include "ui/framework/clipboard.h"
 #include "ui/framework/dpi.h"

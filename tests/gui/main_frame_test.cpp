@@ -7,6 +7,8 @@
 #include <random>
 #include <set>
 
+#include "command_ids.h"
+#include "control_ids.h"
 #include "document/document_edits.h"
 #include "gui/gui_app.h"
 #include "support/strings.h"

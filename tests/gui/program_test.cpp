@@ -5,9 +5,9 @@
 
 #include <commctrl.h>
 
+#include "control_ids.h"
 #include "gui/gui.h"
 #include "platform/win32/handle.h"
-#include "resource.h"
 #include "support/strings.h"
 #include "wine/scratch_folder.h"
 

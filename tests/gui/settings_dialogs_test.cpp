@@ -8,8 +8,9 @@
 #include <memory>
 
 #include "app/password.h"
+#include "control_ids.h"
 #include "gui/dialog_app.h"
-#include "resource.h"
+#include "text_ids.h"
 #include "ui/about_dialog.h"
 #include "ui/file_version.h"
 #include "ui/password_dialog.h"

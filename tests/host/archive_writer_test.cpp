@@ -6,9 +6,9 @@
 #include "engine/targets.h"
 #include "engine/zip_end_record.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "support/fake_ports.h"
 #include "support/memory_file_system.h"
+#include "text_ids.h"
 
 namespace {
 

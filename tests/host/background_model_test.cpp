@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "document/document.h"
-#include "resource.h"
+#include "text_ids.h"
 #include "ui/models/background_model.h"
 #include "ui/models/next_step.h"
 

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "support/fake_ports.h"
 #include "support/memory_file_system.h"
+#include "text_ids.h"
 
 namespace {
 

@@ -3,8 +3,10 @@
 #include <fstream>
 
 #include "app/command_line.h"
+#include "command_ids.h"
 #include "support/fake_app.h"
 #include "support/thrown.h"
+#include "text_ids.h"
 
 namespace {
 

@@ -7,10 +7,10 @@
 
 #include "document/document_clip.h"
 #include "document/document_file.h"
-#include "resource.h"
 #include "support/fake_ports.h"
 #include "support/pugi_dom.h"
 #include "support/thrown.h"
+#include "text_ids.h"
 
 namespace {
 

@@ -9,12 +9,12 @@
 #include "document/document_file.h"
 #include "document/name_pattern.h"
 #include "platform/xml_layer.h"
-#include "resource.h"
 #include "support/fake_ports.h"
 #include "support/memory_file_system.h"
 #include "support/pugi_dom.h"
 #include "support/strings.h"
 #include "support/thrown.h"
+#include "text_ids.h"
 
 namespace {
 

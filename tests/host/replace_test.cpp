@@ -5,9 +5,9 @@
 #include <boost/smart_ptr/make_shared.hpp>
 
 #include "document/document.h"
-#include "resource.h"
 #include "support/fake_windows.h"
 #include "support/thrown.h"
+#include "text_ids.h"
 
 namespace {
 

@@ -3,13 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "run/exit_codes.h"
 #include "settings/settings_file.h"
 #include "support/fake_ports.h"
 #include "support/fake_system.h"
 #include "support/memory_file_system.h"
 #include "support/pugi_dom.h"
+#include "text_ids.h"
 
 namespace {
 

@@ -3,7 +3,9 @@
 #include <fstream>
 #include <random>
 
+#include "command_ids.h"
 #include "support/fake_app.h"
+#include "text_ids.h"
 
 namespace {
 

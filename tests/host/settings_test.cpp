@@ -6,12 +6,12 @@
 #include <functional>
 #include <limits>
 
-#include "resource.h"
 #include "settings/settings_file.h"
 #include "support/exception.h"
 #include "support/fake_ports.h"
 #include "support/memory_file_system.h"
 #include "support/pugi_dom.h"
+#include "text_ids.h"
 
 namespace {
 

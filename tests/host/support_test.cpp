@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "resource.h"
 #include "support/fake_ports.h"
 #include "support/mru_strings.h"
 #include "support/name_faults.h"
@@ -8,6 +7,7 @@
 #include "support/strings.h"
 #include "support/thrown.h"
 #include "support/value_codecs.h"
+#include "text_ids.h"
 
 namespace {
 

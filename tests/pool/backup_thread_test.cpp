@@ -5,9 +5,9 @@
 #include <future>
 #include <thread>
 
-#include "resource.h"
 #include "support/fake_ports.h"
 #include "support/memory_file_system.h"
+#include "text_ids.h"
 
 namespace {
 

@@ -8,7 +8,6 @@
 
 #include "app/application.h"
 #include "document/document_file.h"
-#include "resource.h"
 #include "support/fake_ports.h"
 #include "support/fake_system.h"
 #include "support/fake_windows.h"

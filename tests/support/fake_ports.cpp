@@ -25,7 +25,7 @@ std::map<std::string, std::string> ReadPairs(const std::string& name, const std:
 }
 
 std::map<uint32_t, std::wstring> ReadTexts() {
-  const auto ids = ReadPairs("resource.h", std::regex("#define (IDS_\\w+)\\s+(\\d+)\\s*"));
+  const auto ids = ReadPairs("text_ids.h", std::regex("#define (IDS_\\w+)\\s+(\\d+)\\s*"));
   std::map<uint32_t, std::wstring> texts;
   for (const auto& [name, quoted] : ReadPairs("strings.rc", std::regex("\\s*(IDS_\\w+) \"(.*)\"\\s*"))) {
     std::string text = std::regex_replace(quoted, std::regex("\\\\n"), "\n");

@@ -14,10 +14,10 @@
 #include <vector>
 
 #include "platform/file_system.h"
-#include "resource.h"
 #include "support/exception.h"
 #include "support/paths.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace test {
 

@@ -4,9 +4,9 @@
 #include <pugixml.hpp>
 #include <regex>
 
-#include "resource.h"
 #include "support/exception.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace test {
 namespace {

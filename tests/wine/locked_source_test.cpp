@@ -10,9 +10,9 @@
 #include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_message_texts.h"
 #include "platform/win32/win32_process.h"
-#include "resource.h"
 #include "scratch_folder.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace {
 

@@ -13,11 +13,11 @@
 #include "platform/win32/win32_ansi_codec.h"
 #include "platform/win32/win32_clock.h"
 #include "platform/xml_layer.h"
-#include "resource.h"
 #include "scratch_folder.h"
 #include "settings/settings_file.h"
 #include "support/exception.h"
 #include "support/thrown.h"
+#include "text_ids.h"
 
 namespace {
 

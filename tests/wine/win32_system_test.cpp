@@ -12,9 +12,9 @@
 #include "platform/win32/win32_process.h"
 #include "platform/win32/win32_shell.h"
 #include "platform/win32/win32_threads.h"
-#include "resource.h"
 #include "scratch_folder.h"
 #include "support/thrown.h"
+#include "text_ids.h"
 
 namespace {
 

@@ -1,6 +1,7 @@
 #include <array>
 
 #include "screenshots/shots.h"
+#include "text_ids.h"
 #include "ui/art/character.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/gdiplus.h"

@@ -5,6 +5,8 @@
 
 #include <functional>
 
+#include "command_ids.h"
+#include "control_ids.h"
 #include "document/document_edits.h"
 #include "gui/gui_app.h"
 #include "screenshots/shots.h"

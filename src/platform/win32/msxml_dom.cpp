@@ -7,9 +7,9 @@
 #include <algorithm>
 
 #include "platform/win32/com.h"
-#include "resource.h"
 #include "support/exception.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace my {
 namespace {

@@ -9,9 +9,9 @@
 #include <optional>
 
 #include "platform/win32/handle.h"
-#include "resource.h"
 #include "support/exception.h"
 #include "support/paths.h"
+#include "text_ids.h"
 
 namespace my {
 namespace {

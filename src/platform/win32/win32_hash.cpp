@@ -5,8 +5,8 @@
 #include <wincrypt.h>
 
 #include "platform/win32/handle.h"
-#include "resource.h"
 #include "support/exception.h"
+#include "text_ids.h"
 
 namespace my {
 namespace {

@@ -4,9 +4,9 @@
 
 #include <shlobj.h>
 
-#include "resource.h"
 #include "support/exception.h"
 #include "support/paths.h"
+#include "text_ids.h"
 
 namespace my {
 

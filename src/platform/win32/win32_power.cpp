@@ -5,8 +5,8 @@
 
 #include "platform/win32/handle.h"
 #include "platform/win32/win32_power.h"
-#include "resource.h"
 #include "support/exception.h"
+#include "text_ids.h"
 
 namespace my {
 namespace {

@@ -3,9 +3,9 @@
 #include <windows.h>
 
 #include "platform/win32/handle.h"
-#include "resource.h"
 #include "support/exception.h"
 #include "support/secret.h"
+#include "text_ids.h"
 
 namespace my {
 namespace {

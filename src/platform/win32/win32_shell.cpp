@@ -7,8 +7,8 @@
 
 #include <cstring>
 
-#include "resource.h"
 #include "support/exception.h"
+#include "text_ids.h"
 
 namespace my {
 namespace {

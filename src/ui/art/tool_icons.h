@@ -2,7 +2,7 @@
 // The icons in the strips of the tools: each as high as wide, in this order from the left.
 #pragma once
 
-#include "resource.h"
+#include "command_ids.h"
 
 namespace qlm {
 

@@ -3,8 +3,8 @@
 #include <wincodec.h>
 
 #include "platform/win32/com.h"
-#include "resource.h"
 #include "support/exception.h"
+#include "text_ids.h"
 
 namespace my {
 namespace {

@@ -8,10 +8,10 @@
 #include "engine/result.h"
 #include "platform/clock.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "settings/settings.h"
 #include "support/exception.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

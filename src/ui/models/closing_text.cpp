@@ -1,7 +1,7 @@
 #include "ui/models/closing_text.h"
 
 #include "platform/message_texts.h"
-#include "resource.h"
+#include "text_ids.h"
 
 namespace qlm {
 

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "replace/replace_rule.h"
-#include "resource.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

@@ -7,9 +7,9 @@
 #include "app/replace_tool.h"
 #include "document/document.h"
 #include "platform/file_system.h"
-#include "resource.h"
 #include "support/paths.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "resource.h"
 #include "settings/settings.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

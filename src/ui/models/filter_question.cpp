@@ -5,7 +5,7 @@
 #include "app/windows.h"
 #include "document/file_formats.h"
 #include "platform/message_texts.h"
-#include "resource.h"
+#include "text_ids.h"
 
 namespace qlm {
 CFileQuestion FilterQuestion(const my::IMessageTexts& texts, std::wstring initialPath) {

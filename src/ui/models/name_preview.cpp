@@ -5,9 +5,9 @@
 
 #include "document/name_pattern.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "support/name_faults.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

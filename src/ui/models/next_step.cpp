@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "document/document.h"
-#include "resource.h"
+#include "text_ids.h"
 
 namespace qlm {
 

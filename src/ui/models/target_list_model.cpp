@@ -1,8 +1,8 @@
 #include "ui/models/target_list_model.h"
 
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "resource.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

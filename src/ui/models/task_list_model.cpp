@@ -5,8 +5,8 @@
 
 #include "document/document.h"
 #include "replace/replace_rule.h"
-#include "resource.h"
 #include "settings/settings.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {

@@ -10,9 +10,9 @@
 #include "platform/clock.h"
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
-#include "resource.h"
 #include "support/paths.h"
 #include "support/strings.h"
+#include "text_ids.h"
 #include "ui/models/name_preview.h"
 
 namespace qlm {

@@ -1,0 +1,159 @@
+// Ids of icons, dialogs, menus and controls. They share no range with the text ids.
+#ifndef QUILLMOOR_CONTROL_IDS_H
+#define QUILLMOOR_CONTROL_IDS_H
+
+// Icons: 1-9. The system shows a program with the icon of the lowest id.
+#define IDI_QUILLMOOR                1
+#define IDI_DOCUMENT                 2
+#define IDR_TOOLS_16                 3
+#define IDR_TOOLS_24                 4
+#define IDR_TOOLS_32                 5
+#define IDR_TOOLS_48                 6
+
+// Controls of the system's dialogs.
+#define IDC_STATIC_TEXT              (-1)
+
+// Task dialog and destination dialog: 200-219, controls 1000-1099.
+#define IDD_TASK                     200
+#define IDD_DST                      201
+#define IDC_TASK_ID                  1000
+#define IDC_TASK_PATH                1001
+#define IDC_TASK_BROWSE              1002
+#define IDC_TASK_FILTER              1003
+#define IDC_TASK_BROWSE_FILTER       1004
+#define IDC_TASK_CHECK_FILTER        1005
+#define IDC_TASK_DSTS                1006
+#define IDC_TASK_UP                  1007
+#define IDC_TASK_DOWN                1008
+#define IDC_TASK_WARNING             1009
+#define IDC_TASK_DSTS_LABEL          1010
+#define IDC_TASK_OPEN_DST            1011
+#define IDC_DST_FOLDER               1020
+#define IDC_DST_BROWSE               1021
+#define IDC_DST_TYPE                 1022
+#define IDC_DST_PATTERN              1023
+#define IDC_DST_TOKENS               1024
+#define IDC_DST_PREVIEW              1025
+#define IDC_DST_NOTE                 1026
+// Commands of the menu of tokens, from here on as many as there are tokens (up to 1059).
+#define IDC_DST_TOKEN_FIRST          1040
+
+// Filter check, targets and results: 220-239, controls 1100-1199.
+#define IDD_FILTER                   220
+#define IDD_TARGETS                  221
+#define IDD_RESULTS                  222
+#define IDM_FILTER                   223
+#define IDM_TARGETS                  224
+#define IDM_RESULTS                  225
+#define IDC_LIST_COPY                1100
+#define IDC_FILTER_FILE              1110
+#define IDC_FILTER_LINES             1111
+#define IDC_FILTER_STATUS            1112
+#define IDC_FILTER_PATH              1113
+#define IDC_FILTER_DECISION          1114
+#define IDC_FILTER_EDIT              1115
+#define IDC_FILTER_RELOAD            1116
+#define IDC_FILTER_PATH_LABEL        1117
+#define IDC_FILTER_HINT              1118
+#define IDC_FILTER_DECISION_LABEL    1119
+#define IDC_TARGET_SOURCE            1120
+#define IDC_TARGET_BACKUP            1121
+#define IDC_TARGET_STATE             1122
+#define IDC_TARGET_SEARCH            1123
+#define IDC_TARGET_NEXT              1124
+#define IDC_TARGET_FOUND             1125
+#define IDC_TARGET_LIST              1126
+#define IDC_TARGET_COUNTS            1127
+#define IDC_TARGET_NEWEST            1128
+#define IDC_TARGET_UNLISTED          1129
+#define IDC_TARGET_SHOW_SOURCE       1130
+#define IDC_TARGET_SHOW_BACKUP       1131
+#define IDC_TARGET_GO_NEWEST         1132
+#define IDC_RESULT_LIST              1140
+#define IDC_RESULT_OPEN              1141
+#define IDC_RESULT_TARGETS           1142
+#define IDC_RESULT_SAVE              1143
+#define IDC_FILTER_OPEN              1150
+
+// Password, replace, about and settings: 240-259, controls 1200-1299.
+#define IDD_REPLACE                  146
+#define IDC_PASSWORD_TYPE            316
+#define IDC_PASSWORD                 317
+#define IDC_HIDE_PASSWORD            318
+#define IDC_PASSWORD_DESC            319
+#define IDD_PASSWORD                 240
+#define IDD_ABOUT                    241
+#define IDD_SETTINGS                 242
+#define IDD_GENERAL_PAGE             243
+#define IDD_CLOSING                  244
+// First control + ReplaceRow, first control + number of the ReplaceCol's bit.
+#define IDC_REPLACE_ROW_ALL          1200
+#define IDC_REPLACE_ROW_SELECTED     1201
+#define IDC_REPLACE_ROW_FOCUSED      1202
+#define IDC_REPLACE_TASK_ID          1203
+#define IDC_REPLACE_TASK_PATH        1204
+#define IDC_REPLACE_TASK_FILTER      1205
+#define IDC_REPLACE_DST_FOLDER       1206
+#define IDC_REPLACE_DST_PATTERN      1207
+#define IDC_REPLACE_SRC              1208
+#define IDC_REPLACE_DST              1209
+#define IDC_REPLACE_REGEX            1210
+#define IDC_REPLACE_PREVIEW          1211
+#define IDC_REPLACE_COUNTS           1212
+#define IDC_REPLACE_STATUS           1213
+#define IDC_REPLACE_ROW_GROUP        1214
+#define IDC_REPLACE_COL_GROUP        1215
+#define IDC_ABOUT_ICON               1220
+#define IDC_ABOUT_NAME               1221
+#define IDC_ABOUT_VERSION            1222
+#define IDC_ABOUT_HOME_PAGE          1223
+#define IDC_SETTINGS_TAB             1230
+#define IDC_APPLY                    1231
+#define IDC_ARCHIVER_PATH            1240
+#define IDC_ARCHIVER_BROWSE          1241
+#define IDC_ARCHIVER_VERSION         1242
+#define IDC_POWER_OFF_TYPE           1243
+#define IDC_POWER_OFF_DESC           1244
+#define IDC_HYBRID_SHUTDOWN          1245
+#define IDC_INSTALL_UPDATES          1246
+
+// Main window: 260-279, controls 1300-1399.
+#define IDR_MAIN_MENU                260
+#define IDR_MAIN_KEYS                261
+#define IDR_TASK_MENU                262
+#define IDR_DST_MENU                 263
+#define IDC_CLOSING_TEXT             1260
+#define IDC_CLOSING_PATH             1261
+#define IDC_CLOSING_PROGRESS         1262
+#define IDC_SPLITTER                 1300
+#define IDC_TASK_PANE                1301
+#define IDC_DST_PANE                 1302
+#define IDC_TASK_LIST                1303
+#define IDC_DST_LIST                 1304
+#define IDC_TOOLBAR                  1305
+#define IDC_STATUS_BAR               1306
+#define IDC_PROGRESS                 1307
+#define IDC_PANE_TITLE               1308
+#define IDC_PANE_HINT                1309
+
+// Design page: 280-299, controls 1400-1499.
+#define IDD_DESIGN_PAGE              280
+#define IDC_PANE_DESCRIPTION         1400
+#define IDC_TEXT_COLOR               1401
+#define IDC_BRUSH_TYPE               1402
+#define IDC_BRUSH_COLOR              1403
+#define IDC_BRUSH_PATH               1404
+#define IDC_BRUSH_BROWSE             1405
+#define IDC_IMAGE_TYPE               1406
+#define IDC_IMAGE_PATH               1407
+#define IDC_IMAGE_BROWSE             1408
+#define IDC_IMAGE_FIT                1409
+#define IDC_IMAGE_ORIGIN             1410
+#define IDC_SHOW_DESCRIPTION         1411
+#define IDC_BRUSH_COLOR_LABEL        1412
+#define IDC_BRUSH_PATH_LABEL         1413
+#define IDC_IMAGE_PATH_LABEL         1414
+#define IDC_IMAGE_FIT_LABEL          1415
+#define IDC_IMAGE_ORIGIN_LABEL       1416
+
+#endif  // QUILLMOOR_CONTROL_IDS_H
