@@ -35,8 +35,8 @@ def generated_files():
     """File name and content of all that is checked in."""
     drawings, parts = read_characters()
     folder = TOP / "art/icons"
-    files = {"src/ui/art/character_data.cpp": characters.make_data(drawings, parts).encode(),
-             "src/ui/art/tool_icons.h": icons.make_header().encode()}
+    files = {"src/ui/look/character_data.cpp": characters.make_data(drawings, parts).encode(),
+             "src/ui/look/tool_icons.h": icons.make_header().encode()}
     for name in ("quillmoor", "document"):
         files[f"res/icons/{name}.ico"] = icons.make_icon(folder, name, parts)
     for size, rows in icons.make_strips(folder).items():

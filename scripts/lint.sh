@@ -32,15 +32,30 @@ report() { sed -E "s|^([^:]+:[0-9]+):.*|\1: $1|"; }
 # The hits of a search, with the hit's text behind the rule.
 report_text() { sed -E "s|^([^:]+:[0-9]+):[[:space:]]*(.*)|\1: $1: \2|"; }
 
-may_use_windows='^(src/platform/win32/|src/ui/(?!models/)|src/run/main\.cpp|tests/(wine|gui)/|bench/)'
+may_use_windows='^(src/platform/win32/|src/ui/(?!models/|framework/list_model\.)|src/run/main\.cpp|tests/(wine|gui)/|bench/)'
 
 check_floors() {
   cpp_files src | search -E '^\s*#\s*include\s*"' | awk -F: '
     BEGIN {
       split("support 0 platform 1 document 2 replace 3 settings 3 engine 4 app 5 ui 6 run 6", f, " ")
       for (i = 1; i in f; i += 2) floor[f[i]] = f[i + 1]
+      split("framework 1 models 2 look 3 dialogs 4 main_window 5", r, " ")
+      for (i = 1; i in r; i += 2) room[r[i]] = r[i + 1]
     }
     function finding(what) { print $1 ":" $2 ": " what }
+    # src/ui: the entry files use every room, a room only itself and those before it. The framework knows
+    # nothing of the program, and of the framework the models know only what includes no OS header.
+    function check_room(own_room, to) {
+      if (!(own_room in room)) {
+        if (own_room !~ /^(main|program)\.(h|cpp)$/) finding("src/ui/" own_room " is in no room")
+      } else if (own_room == "framework" && to[1] !~ /^(support|platform)$/ && to[2] != "framework")
+        finding("the framework may not include \"" named "\": it knows nothing of the program")
+      else if (own_room == "models" && (to[1] == "platform" && to[2] == "win32" ||
+               to[1] == "ui" && to[2] != "models" && named != "ui/framework/list_model.h"))
+        finding("models may not include \"" named "\": it belongs to the windows")
+      else if (to[1] == "ui" && (!(to[2] in room) || room[to[2]] > room[own_room]))
+        finding("src/ui/" own_room " may not include \"" named "\": it comes after it")
+    }
     {
       split($1, from, "/"); own = from[2]
       split($0, quoted, "\""); named = quoted[2]
@@ -51,9 +66,8 @@ check_floors() {
       if (!(other in floor)) { finding("include \"" named "\" names no folder of src"); next }
       if (other != own && floor[other] >= floor[own])
         finding("src/" own " may not include \"" named "\": its floor is not below")
-      else if ($1 ~ /^src\/ui\/models\// && named ~ /^(ui|platform\/win32)\// && named !~ /^ui\/models\//)
-        finding("models may not include \"" named "\": windows stand on them")
-      else if (named ~ /^platform\/win32\// && $1 !~ /^src\/(platform\/win32\/|ui\/|run\/main\.cpp)/)
+      else if (own == "ui") check_room(from[3], to)
+      if (named ~ /^platform\/win32\// && $1 !~ /^src\/(platform\/win32\/|ui\/|run\/main\.cpp)/)
         finding("\"" named "\" belongs to the entry files and the windows")
     }'
 }
@@ -234,6 +248,9 @@ break_every_rule() {
   put src/loft/new.cpp <<<'#include "support/low.h"'
   put src/engine/windows.cpp <<<'#include <windows.h>'
   put src/ui/models/rows.h <<<$'#include "ui/framework/window.h"\n\n#include <windows.h>'
+  put src/ui/framework/window.h <<<'#include "settings/settings.h"'
+  put src/ui/look/picture.cpp <<<'#include "ui/dialogs/dialogs.h"'
+  put src/ui/flat.cpp <<<'#include "support/low.h"'
   put tests/host/sdk.cpp <<<'#include <shlobj.h>'
   put src/settings/com.cpp <<<'void Use(IXMLDOMNode* node);'
   put src/document/text.cpp <<<'const char* kText = "保存";'
@@ -274,6 +291,9 @@ src/loft/new.cpp:1: folder src/loft has no floor
 src/engine/windows.cpp:1: OS header
 src/ui/models/rows.h:1: models may not include
 src/ui/models/rows.h:3: OS header
+src/ui/framework/window.h:1: the framework may not include
+src/ui/look/picture.cpp:1: src/ui/look may not include
+src/ui/flat.cpp:1: src/ui/flat.cpp is in no room
 tests/host/sdk.cpp:1: OS header
 src/settings/com.cpp:1: COM name
 src/document/text.cpp:1: Japanese text

@@ -11,6 +11,7 @@
 #include "document/replace_options.h"
 #include "settings/settings_enums.h"
 #include "support/mru_strings.h"
+#include "support/placement.h"
 #include "support/value_codecs.h"
 
 namespace qlm {
@@ -18,40 +19,24 @@ namespace qlm {
 // How many entries each list of recently used strings has at most.
 inline constexpr size_t kMruMaximum = 20;
 
-// The bounds of a window on the screen in pixels; all zeros: nothing was saved, the window takes its default
-// place and size.
-struct CRect {
-  int32_t left = 0;
-  int32_t top = 0;
-  int32_t right = 0;
-  int32_t bottom = 0;
-
-  friend bool operator==(const CRect&, const CRect&) = default;
-};
-
 // Pixels, one entry per column from the left; empty: the built-in widths.
 using CColumnWidthes = std::vector<int32_t>;
 
 struct CMainFrameSetting {
   bool fullScreen = false;
   bool maximized = false;
-  CRect normalBounds;  // of the restored window, not of the maximized one
+  my::CRect normalBounds;  // of the restored window, not of the maximized one
   CColumnWidthes tasksColumnWidthes;
   CColumnWidthes dstsColumnWidthes;
   int32_t tasksFixSize = 0;  // pixels that the tasks pane takes of the main view
 };
 
-struct CDlgSetting {
-  bool maximized = false;
-  CRect rect;
-};
-
-struct CColumnsDlgSetting : CDlgSetting {
+struct CColumnsDlgSetting : my::CPlacement {
   CColumnWidthes columnWidthes;
 };
 
 // The lists start with the empty text, so that the user can choose it.
-struct CReplaceSetting : CDlgSetting {
+struct CReplaceSetting : my::CPlacement {
   CReplaceOptions replace;
   my::CMruStrings srcs{kMruMaximum, {L""}};
   my::CMruStrings dsts{kMruMaximum, {L""}};
@@ -99,7 +84,7 @@ struct CSettings {
 
   CMainFrameSetting mainFrame;
   CColumnsDlgSetting taskDlg;
-  CDlgSetting dstDlg;
+  my::CPlacement dstDlg;
   CColumnsDlgSetting resultDlg;
   CColumnsDlgSetting targetDlg;
   CColumnsDlgSetting filterDlg;

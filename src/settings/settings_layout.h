@@ -10,7 +10,7 @@ namespace qlm {
 inline constexpr my::CVersion kReplaceDlgSince{1, 0, 1, 0};
 
 template <class Visitor>
-void Describe(const Visitor& v, CRect& rect) {
+void Describe(const Visitor& v, my::CRect& rect) {
   v.Int(L"left", rect.left);
   v.Int(L"top", rect.top);
   v.Int(L"right", rect.right);
@@ -28,14 +28,14 @@ void Describe(const Visitor& v, CMainFrameSetting& s) {
 }
 
 template <class Visitor>
-void Describe(const Visitor& v, CDlgSetting& s) {
+void Describe(const Visitor& v, my::CPlacement& s) {
   v.Bool(L"Maximized", s.maximized);
   v.Group(L"Rect", s.rect);
 }
 
 template <class Visitor>
 void Describe(const Visitor& v, CColumnsDlgSetting& s) {
-  Describe(v, static_cast<CDlgSetting&>(s));
+  Describe(v, static_cast<my::CPlacement&>(s));
   v.Ints(L"ColumnWidthes", L"Width", s.columnWidthes);
 }
 
@@ -51,7 +51,7 @@ void Describe(const Visitor& v, CReplaceOptions& s) {
 
 template <class Visitor>
 void Describe(const Visitor& v, CReplaceSetting& s) {
-  Describe(v, static_cast<CDlgSetting&>(s));
+  Describe(v, static_cast<my::CPlacement&>(s));
   v.Group(L"Replace", s.replace);
   v.Strings(L"Srcs", L"Src", s.srcs);
   v.Strings(L"Dsts", L"Dst", s.dsts);

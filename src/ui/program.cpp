@@ -14,11 +14,11 @@
 #include "platform/win32/win32_process.h"
 #include "platform/win32/win32_shell.h"
 #include "platform/win32/win32_threads.h"
+#include "ui/dialogs/message_box.h"
 #include "ui/framework/failures.h"
 #include "ui/framework/gdiplus.h"
-#include "ui/framework/message_box.h"
 #include "ui/framework/message_loop.h"
-#include "ui/main_frame.h"
+#include "ui/main_window/main_frame.h"
 
 namespace qlm {
 namespace {

@@ -1,4 +1,4 @@
-#include "ui/art/character.h"
+#include "ui/look/character.h"
 
 #include <gtest/gtest.h>
 
@@ -6,8 +6,8 @@
 
 #include "control_ids.h"
 #include "gui/gui.h"
-#include "ui/art/tool_icons.h"
 #include "ui/framework/gdi.h"
+#include "ui/look/tool_icons.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include "document/document_edits.h"
 #include "gui/gui_app.h"
 #include "support/fake_windows.h"
-#include "ui/framework/message_box.h"
+#include "ui/dialogs/message_box.h"
 #include "ui/framework/window_placement.h"
 
 namespace {
@@ -45,15 +45,15 @@ TEST_F(Closing, end_of_session_or_program_stores_what_open_windows_remember) {
   ListView_SetColumnWidth(::GetDlgItem(results, IDC_RESULT_LIST), 0, 123);
   a.Do(ID_REPLACE);
   ::MoveWindow(test::DialogWith(IDC_REPLACE_SRC), 50, 60, 800, 600, FALSE);
-  const CRect normal = my::WindowBounds(a.frame->Hwnd());
+  const my::CRect normal = my::WindowBounds(a.frame->Hwnd());
   a.Do(ID_FULL_SCREEN);
   EndSession(true);
   EndSession(true);  // a second look must not find the window changed by the first
   a.Start();
   const CSettings& settings = a.app->Settings();
-  EXPECT_EQ(settings.resultDlg.rect, (CRect{30, 40, 1030, 640}));
+  EXPECT_EQ(settings.resultDlg.rect, (my::CRect{30, 40, 1030, 640}));
   EXPECT_EQ(settings.resultDlg.columnWidthes.at(0), 123);
-  EXPECT_EQ(settings.replaceDlg.rect, (CRect{50, 60, 850, 660}));
+  EXPECT_EQ(settings.replaceDlg.rect, (my::CRect{50, 60, 850, 660}));
   EXPECT_TRUE(settings.mainFrame.fullScreen);
   EXPECT_EQ(settings.mainFrame.normalBounds, normal);
   ::MoveWindow(OpenResults(), 35, 45, 1010, 610, FALSE);
@@ -61,8 +61,8 @@ TEST_F(Closing, end_of_session_or_program_stores_what_open_windows_remember) {
   ::MoveWindow(test::DialogWith(IDC_REPLACE_SRC), 55, 65, 810, 610, FALSE);
   a.Quit();
   a.Start();
-  EXPECT_EQ(settings.resultDlg.rect, (CRect{35, 45, 1045, 655}));
-  EXPECT_EQ(settings.replaceDlg.rect, (CRect{55, 65, 865, 675}));
+  EXPECT_EQ(settings.resultDlg.rect, (my::CRect{35, 45, 1045, 655}));
+  EXPECT_EQ(settings.replaceDlg.rect, (my::CRect{55, 65, 865, 675}));
 }
 
 TEST_F(Closing, window_keeps_painting_and_refuses_work_while_the_worker_ends) {

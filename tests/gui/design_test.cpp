@@ -7,8 +7,8 @@
 #include "command_ids.h"
 #include "control_ids.h"
 #include "gui/gui_app.h"
-#include "ui/framework/high_contrast.h"
 #include "ui/framework/pixel_bitmap.h"
+#include "ui/look/high_contrast.h"
 #include "ui/models/background_model.h"
 
 namespace {
@@ -202,8 +202,9 @@ TEST_F(Design, text_is_read_on_every_brush_and_every_character) {
                                  {GetRValue(state), GetGValue(state), GetBValue(state)}};
     for (const my::CColor color : colors) {
       double least = 21;
-      for (const CPixel pixel : copy.Pixels()) least = std::min(least, Contrast(ColorOf(pixel), color));
-      EXPECT_GE(least, kReadable) << "brush " << i % 8 << ", image " << i;
+      for (const my::CPixel pixel : copy.Pixels())
+        least = std::min(least, my::Contrast(my::ColorOf(pixel), color));
+      EXPECT_GE(least, my::kReadable) << "brush " << i % 8 << ", image " << i;
     }
   }
 }

@@ -16,7 +16,7 @@ using test::Size;
 
 class CTestDialog : public CDialog {
  public:
-  explicit CTestDialog(qlm::CDlgSetting* placement = nullptr) : CDialog(IDD_TEST, placement), list(rows) {}
+  explicit CTestDialog(my::CPlacement* placement = nullptr) : CDialog(IDD_TEST, placement), list(rows) {}
 
   std::function<void()> onInit = [] {};
   std::function<void()> onOk = [this] { Close(IDOK); };
@@ -53,7 +53,7 @@ struct Dialog : testing::Test {
   }
 
   CAutoMessageLoop loop;
-  qlm::CDlgSetting setting;
+  my::CPlacement setting;
   CTestDialog dialog{&setting};
 };
 
@@ -89,7 +89,7 @@ TEST_F(Dialog, follows_the_dpi_of_its_screen_and_comes_back_without_drift) {
     EXPECT_NEAR(Of(IDC_EDIT).cx, Scale(edit.cx, dpi), Scale(edit.cx, dpi) / 8);
     EXPECT_NEAR(Of(IDC_EDIT).cy, Scale(edit.cy, dpi), Scale(edit.cy, dpi) / 8);
     EXPECT_EQ(ListView_GetColumnWidth(dialog.Item(IDC_LIST), 1), Scale(41, dpi));
-    EXPECT_EQ(dialog.list.Widths(), (qlm::CColumnWidthes{80, 41}));
+    EXPECT_EQ(dialog.list.Widths(), (std::vector<int32_t>{80, 41}));
     const auto font = reinterpret_cast<HFONT>(::SendMessageW(dialog.Item(IDC_EDIT), WM_GETFONT, 0, 0));
     LOGFONTW used{};
     ::GetObjectW(font, sizeof used, &used);
@@ -107,7 +107,7 @@ TEST_F(Dialog, comes_back_where_it_was_but_onto_a_screen) {
   EXPECT_EQ(WindowBounds(dialog.Hwnd()), setting.rect);
   ::MoveWindow(dialog.Hwnd(), 50, 60, 640, 480, FALSE);
   dialog.Close(IDOK);
-  EXPECT_EQ(setting.rect, (qlm::CRect{50, 60, 690, 540}));
+  EXPECT_EQ(setting.rect, (my::CRect{50, 60, 690, 540}));
   EXPECT_FALSE(setting.maximized);
 
   const auto screen = WorkAreas().front();
@@ -124,7 +124,7 @@ TEST_F(Dialog, comes_back_where_it_was_but_onto_a_screen) {
   ::ShowWindow(away.Hwnd(), SW_RESTORE);
   const auto area = WorkAreas().front();
   EXPECT_EQ(WindowBounds(away.Hwnd()),
-            (qlm::CRect{area.left, area.bottom - 500, area.left + 600, area.bottom}));
+            (my::CRect{area.left, area.bottom - 500, area.left + 600, area.bottom}));
 }
 
 TEST_F(Dialog, failing_handlers_reach_the_caller_or_the_handler_of_failures) {

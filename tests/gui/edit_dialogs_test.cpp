@@ -8,9 +8,9 @@
 #include "gui/dialog_app.h"
 #include "support/memory_file_system.h"
 #include "text_ids.h"
-#include "ui/dst_dialog.h"
+#include "ui/dialogs/dst_dialog.h"
+#include "ui/dialogs/task_dialog.h"
 #include "ui/framework/dpi.h"
-#include "ui/task_dialog.h"
 
 namespace {
 

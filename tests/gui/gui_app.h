@@ -26,7 +26,7 @@
 #include "platform/win32/win32_threads.h"
 #include "support/fake_system.h"
 #include "ui/framework/failures.h"
-#include "ui/main_frame.h"
+#include "ui/main_window/main_frame.h"
 #include "wine/scratch_folder.h"
 
 namespace test {

@@ -6,12 +6,12 @@
 #include "gui/dialog_app.h"
 #include "support/memory_file_system.h"
 #include "text_ids.h"
-#include "ui/filter_dialog.h"
+#include "ui/dialogs/filter_dialog.h"
+#include "ui/dialogs/result_dialog.h"
+#include "ui/dialogs/target_dialog.h"
 #include "ui/framework/clipboard.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/window.h"
-#include "ui/result_dialog.h"
-#include "ui/target_dialog.h"
 
 namespace {
 

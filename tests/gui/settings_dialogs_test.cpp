@@ -11,11 +11,11 @@
 #include "control_ids.h"
 #include "gui/dialog_app.h"
 #include "text_ids.h"
-#include "ui/about_dialog.h"
-#include "ui/file_version.h"
-#include "ui/password_dialog.h"
-#include "ui/replace_dialog.h"
-#include "ui/settings_sheet.h"
+#include "ui/dialogs/about_dialog.h"
+#include "ui/dialogs/password_dialog.h"
+#include "ui/dialogs/replace_dialog.h"
+#include "ui/dialogs/settings_sheet.h"
+#include "ui/framework/file_version.h"
 
 namespace {
 
@@ -124,7 +124,7 @@ TEST_F(SettingsDialogs, replacement_is_previewed_as_it_is_typed_and_committed) {
   EXPECT_EQ(replace.Hwnd(), nullptr);
   EXPECT_EQ(closed, 1);
   EXPECT_EQ(Settings().replaceDlg.replace.row, ReplaceRow::FOCUSED);
-  EXPECT_NE(Settings().replaceDlg.rect, CRect{});
+  EXPECT_NE(Settings().replaceDlg.rect, my::CRect{});
   replace.Refresh();  // as the document tells of its change
 }
 
@@ -245,7 +245,7 @@ TEST_F(SettingsSheet, tells_which_archiver_it_found) {
   ::GetModuleFileNameW(nullptr, program, MAX_PATH);
   Archive().sevenZipPath = program;
   Open();
-  EXPECT_EQ(TextOf(page, IDC_ARCHIVER_VERSION), L"Quillmoor " + OwnVersion().version);
+  EXPECT_EQ(TextOf(page, IDC_ARCHIVER_VERSION), L"Quillmoor " + my::OwnVersion().version);
   Type(page, IDC_ARCHIVER_PATH, L"C:\\none.exe");
   EXPECT_EQ(TextOf(page, IDC_ARCHIVER_VERSION), L"");
   ::SetFocus(sheet.Item(IDOK));
@@ -274,8 +274,8 @@ TEST_F(SettingsSheet, texts_fit_at_every_dpi_and_the_page_stays_in_its_frame) {
 TEST_F(SettingsDialogs, about_leads_to_the_home_page) {
   CAboutDialog dialog(Context());
   dialog.CreateModeless(nullptr, loop);
-  EXPECT_NE(OwnVersion().version, L"");
-  EXPECT_EQ(dialog.ItemText(IDC_ABOUT_VERSION), L"バージョン " + OwnVersion().version);
+  EXPECT_NE(my::OwnVersion().version, L"");
+  EXPECT_EQ(dialog.ItemText(IDC_ABOUT_VERSION), L"バージョン " + my::OwnVersion().version);
   NMHDR clicked{dialog.Item(IDC_ABOUT_HOME_PAGE), IDC_ABOUT_HOME_PAGE, NM_CLICK};
   ::SendMessageW(dialog.Hwnd(), WM_NOTIFY, IDC_ABOUT_HOME_PAGE, reinterpret_cast<LPARAM>(&clicked));
   EXPECT_EQ(shell.calls, std::vector<std::wstring>{L"Open " + texts.Text(IDS_HOME_PAGE_URL)});

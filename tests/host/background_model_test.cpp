@@ -15,32 +15,33 @@ constexpr my::CColor kWhite{255, 255, 255};
 constexpr my::CColor kTexts[] = {kWhite, {0, 0, 0}, {255, 0, 0}, {0, 0, 255}, {118, 118, 118}, {97, 55, 44}};
 
 // Greys, pure colours and everything between in steps.
-std::vector<CPixel> AllColors() {
-  std::vector<CPixel> pixels;
+std::vector<my::CPixel> AllColors() {
+  std::vector<my::CPixel> pixels;
   for (unsigned grey = 0; grey < 256; ++grey) pixels.push_back(0xFF000000U | grey * 0x010101U);
   for (unsigned i = 0; i < 17 * 17 * 17; ++i) {
     const auto part = [](unsigned value) { return static_cast<uint8_t>(std::min(255U, value % 17 * 16)); };
-    pixels.push_back(PixelOf({part(i), part(i / 17), part(i / 289)}));
+    pixels.push_back(my::PixelOf({part(i), part(i / 17), part(i / 289)}));
   }
   return pixels;
 }
 
 TEST(Contrast, every_background_can_be_read_and_changes_only_where_it_could_not) {
   for (const my::CColor text : kTexts) {
-    const CContrastTable limit = CContrastTable::Limit(text);
-    const CContrastTable soft = CContrastTable::Soft(text);
-    for (const CPixel pixel : AllColors()) {
-      const CPixel moved = limit.Apply(pixel);
-      ASSERT_GE(Contrast(ColorOf(moved), text), kReadable) << ColorText(text).c_str() << std::hex << pixel;
-      ASSERT_GE(Contrast(ColorOf(soft.Apply(pixel)), text), kReadable) << std::hex << pixel;
-      const bool right = (Luminance(ColorOf(pixel)) < Luminance(text)) == NeedsDark(text);
-      if (right && Contrast(ColorOf(pixel), text) > 4.7) ASSERT_EQ(moved, pixel);
+    const my::CContrastTable limit = my::CContrastTable::Limit(text);
+    const my::CContrastTable soft = my::CContrastTable::Soft(text);
+    for (const my::CPixel pixel : AllColors()) {
+      const my::CPixel moved = limit.Apply(pixel);
+      ASSERT_GE(my::Contrast(my::ColorOf(moved), text), my::kReadable)
+          << ColorText(text).c_str() << std::hex << pixel;
+      ASSERT_GE(my::Contrast(my::ColorOf(soft.Apply(pixel)), text), my::kReadable) << std::hex << pixel;
+      const bool right = (my::Luminance(my::ColorOf(pixel)) < my::Luminance(text)) == my::NeedsDark(text);
+      if (right && my::Contrast(my::ColorOf(pixel), text) > 4.7) ASSERT_EQ(moved, pixel);
     }
   }
 }
 
 TEST(Contrast, pictures_keep_their_steps_and_their_transparency) {
-  const CContrastTable soft = CContrastTable::Soft(kWhite);
+  const my::CContrastTable soft = my::CContrastTable::Soft(kWhite);
   for (unsigned grey = 0; grey + 32 < 256; ++grey) {
     const unsigned low = soft.Apply(0xFF000000U | grey * 0x010101U) & 0xFF;
     const unsigned next = soft.Apply(0xFF000000U | (grey + 1) * 0x010101U) & 0xFF;
@@ -48,33 +49,33 @@ TEST(Contrast, pictures_keep_their_steps_and_their_transparency) {
     EXPECT_LE(next, low + 2) << "a step that is seen at " << grey;
     EXPECT_LT(low, soft.Apply(0xFF000000U | (grey + 32) * 0x010101U) & 0xFF);
   }
-  const CPixel half = ApplyToLayer(soft, 0x80808080U);
+  const my::CPixel half = my::ApplyToLayer(soft, 0x80808080U);
   EXPECT_EQ(half >> 24, 0x80U);
   EXPECT_LT(half & 0xFF, 0x40U);
-  EXPECT_EQ(ApplyToLayer(soft, 0U), 0U);
+  EXPECT_EQ(my::ApplyToLayer(soft, 0U), 0U);
 }
 
 TEST(Contrast, colors_of_rows_stand_out_from_the_brightest_and_the_darkest_background) {
   for (const my::CColor color : CUISetting().stateColors) {
     for (const double luminance : {0.0, 0.05, 0.1, 0.18})
-      EXPECT_GE(Contrast(Luminance(Readable(color, luminance, true)), luminance), kReadable);
+      EXPECT_GE(my::Contrast(my::Luminance(my::Readable(color, luminance, true)), luminance), my::kReadable);
     for (const double luminance : {0.2, 0.5, 1.0})
-      EXPECT_GE(Contrast(Luminance(Readable(color, luminance, false)), luminance), kReadable);
+      EXPECT_GE(my::Contrast(my::Luminance(my::Readable(color, luminance, false)), luminance), my::kReadable);
   }
-  EXPECT_EQ(Readable({1, 2, 3}, 1.0, false), (my::CColor{1, 2, 3}));
+  EXPECT_EQ(my::Readable({1, 2, 3}, 1.0, false), (my::CColor{1, 2, 3}));
 }
 
 TEST(Background, images_keep_to_their_corner_and_fit_the_view) {
   const CExtent view{300, 200};
   const CExtent image{100, 100};
-  EXPECT_EQ(PlaceImage(view, image, FitType::NONE, ImgOrigin::LT), (CRect{0, 0, 100, 100}));
-  EXPECT_EQ(PlaceImage(view, image, FitType::NONE, ImgOrigin::LB), (CRect{0, 100, 100, 200}));
-  EXPECT_EQ(PlaceImage(view, image, FitType::NONE, ImgOrigin::RB), (CRect{200, 100, 300, 200}));
-  EXPECT_EQ(PlaceImage(view, image, FitType::NONE, ImgOrigin::RT), (CRect{200, 0, 300, 100}));
-  EXPECT_EQ(PlaceImage(view, image, FitType::WIDTH, ImgOrigin::LB), (CRect{0, -100, 300, 200}));
-  EXPECT_EQ(PlaceImage(view, image, FitType::HEIGHT, ImgOrigin::RT), (CRect{100, 0, 300, 200}));
-  EXPECT_EQ(PlaceImage(view, image, FitType::AUTO_FIT, ImgOrigin::LT), (CRect{0, 0, 200, 200}));
-  EXPECT_EQ(PlaceImage(view, image, FitType::AUTO_FILL, ImgOrigin::LT), (CRect{0, 0, 300, 300}));
+  EXPECT_EQ(PlaceImage(view, image, FitType::NONE, ImgOrigin::LT), (my::CRect{0, 0, 100, 100}));
+  EXPECT_EQ(PlaceImage(view, image, FitType::NONE, ImgOrigin::LB), (my::CRect{0, 100, 100, 200}));
+  EXPECT_EQ(PlaceImage(view, image, FitType::NONE, ImgOrigin::RB), (my::CRect{200, 100, 300, 200}));
+  EXPECT_EQ(PlaceImage(view, image, FitType::NONE, ImgOrigin::RT), (my::CRect{200, 0, 300, 100}));
+  EXPECT_EQ(PlaceImage(view, image, FitType::WIDTH, ImgOrigin::LB), (my::CRect{0, -100, 300, 200}));
+  EXPECT_EQ(PlaceImage(view, image, FitType::HEIGHT, ImgOrigin::RT), (my::CRect{100, 0, 300, 200}));
+  EXPECT_EQ(PlaceImage(view, image, FitType::AUTO_FIT, ImgOrigin::LT), (my::CRect{0, 0, 200, 200}));
+  EXPECT_EQ(PlaceImage(view, image, FitType::AUTO_FILL, ImgOrigin::LT), (my::CRect{0, 0, 300, 300}));
 }
 
 TEST(Background, huge_pictures_are_kept_only_as_large_as_a_screen_shows_them) {
@@ -83,7 +84,7 @@ TEST(Background, huge_pictures_are_kept_only_as_large_as_a_screen_shows_them) {
   EXPECT_EQ(NeededPart(huge, screen, FitType::WIDTH, ImgOrigin::LT).size, (CExtent{1920, 1440}));
   EXPECT_EQ(NeededPart(huge, screen, FitType::AUTO_FIT, ImgOrigin::LT).size, (CExtent{1440, 1080}));
   const CPicturePart corner = NeededPart(huge, screen, FitType::NONE, ImgOrigin::RB);
-  EXPECT_EQ(corner.part, (CRect{12000 - 1920, 9000 - 1080, 12000, 9000}));
+  EXPECT_EQ(corner.part, (my::CRect{12000 - 1920, 9000 - 1080, 12000, 9000}));
   EXPECT_EQ(corner.size, screen);
   const CExtent thin = NeededPart({1000, 100000}, screen, FitType::WIDTH, ImgOrigin::LT).size;
   EXPECT_LE(thin.width * thin.height, 4.1 * screen.width * screen.height);
@@ -91,11 +92,11 @@ TEST(Background, huge_pictures_are_kept_only_as_large_as_a_screen_shows_them) {
 }
 
 TEST(Background, tiles_repeat_over_the_whole_view_and_let_the_brush_through) {
-  std::vector<CPixel> pixels(5 * 3);
+  std::vector<my::CPixel> pixels(5 * 3);
   FillBrush(pixels, 5, BrushType::CUSTOM_BK, {9, 9, 9}, 96);
-  const CPixel tile[] = {0xFF0000FFU, 0x00000000U, 0x80000080U, 0xFF00FF00U};
+  const my::CPixel tile[] = {0xFF0000FFU, 0x00000000U, 0x80000080U, 0xFF00FF00U};
   FillTiles(pixels, 5, tile, 2);
-  const CPixel expected[] = {0xFF0000FFU, 0xFF090909U, 0xFF0000FFU, 0xFF090909U, 0xFF0000FFU};
+  const my::CPixel expected[] = {0xFF0000FFU, 0xFF090909U, 0xFF0000FFU, 0xFF090909U, 0xFF0000FFU};
   EXPECT_TRUE(std::equal(pixels.begin(), pixels.begin() + 5, expected));
   EXPECT_TRUE(std::equal(pixels.begin() + 10, pixels.end(), expected));
   EXPECT_EQ(pixels[5], 0xFF040484U);

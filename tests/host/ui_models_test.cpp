@@ -1,31 +1,32 @@
 #include <gtest/gtest.h>
 
-#include "ui/models/list_model.h"
-#include "ui/models/placement.h"
+#include "support/placement.h"
+#include "ui/framework/list_model.h"
 
 namespace {
 
 using namespace my;
 
 TEST(Placement, window_is_pulled_back_onto_the_screen_that_it_is_nearest_to) {
-  const CRect left{0, 0, 1000, 800};
-  const CRect right{1000, -200, 2000, 600};
-  const std::vector<CRect> screens = {left, right};
-  const CRect inside{10, 20, 300, 400};
+  const my::CRect left{0, 0, 1000, 800};
+  const my::CRect right{1000, -200, 2000, 600};
+  const std::vector<my::CRect> screens = {left, right};
+  const my::CRect inside{10, 20, 300, 400};
   EXPECT_EQ(PullBack(inside, screens), inside);
-  EXPECT_EQ(PullBack({900, 700, 1100, 900}, {left}), (CRect{800, 600, 1000, 800}));
-  EXPECT_EQ(PullBack({950, 100, 1250, 300}, screens), (CRect{1000, 100, 1300, 300}));
-  EXPECT_EQ(PullBack({2500, -900, 2700, -800}, screens), (CRect{1800, -200, 2000, -100}));
-  EXPECT_EQ(PullBack({-500, -500, 5000, 100}, {left}), (CRect{0, 0, 1000, 600}));
+  EXPECT_EQ(PullBack({900, 700, 1100, 900}, {left}), (my::CRect{800, 600, 1000, 800}));
+  EXPECT_EQ(PullBack({950, 100, 1250, 300}, screens), (my::CRect{1000, 100, 1300, 300}));
+  EXPECT_EQ(PullBack({2500, -900, 2700, -800}, screens), (my::CRect{1800, -200, 2000, -100}));
+  EXPECT_EQ(PullBack({-500, -500, 5000, 100}, {left}), (my::CRect{0, 0, 1000, 600}));
   // From an edited settings file.
-  EXPECT_EQ(PullBack({INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN}, {left}), (CRect{1000, 800, 1000, 800}));
+  EXPECT_EQ(PullBack({INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN}, {left}),
+            (my::CRect{1000, 800, 1000, 800}));
   EXPECT_EQ(PullBack({INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX}, screens), left);
   EXPECT_EQ(PullBack(inside, {}), inside);
   // A window that the system has snapped to the left half, and one that only looks like it.
   const CBorder border{7, 0, 7, 7};
-  EXPECT_EQ(PullBack({-7, 0, 507, 807}, {left}, border), (CRect{-7, 0, 507, 807}));
-  EXPECT_EQ(PullBack({-8, -1, 506, 500}, {left}, border), (CRect{0, 0, 514, 501}));
-  EXPECT_EQ(CentreOn({0, 0, 200, 100}, {100, 100, 500, 300}), (CRect{200, 150, 400, 250}));
+  EXPECT_EQ(PullBack({-7, 0, 507, 807}, {left}, border), (my::CRect{-7, 0, 507, 807}));
+  EXPECT_EQ(PullBack({-8, -1, 506, 500}, {left}, border), (my::CRect{0, 0, 514, 501}));
+  EXPECT_EQ(CentreOn({0, 0, 200, 100}, {100, 100, 500, 300}), (my::CRect{200, 150, 400, 250}));
 }
 
 TEST(ListModel, typed_text_leads_around_the_end) {

@@ -49,7 +49,7 @@ struct CFakeWindow : qlm::IMainWindow {
 
   CFakeListState tasks;
   CFakeListState dsts;
-  qlm::CRect bounds{1, 2, 3, 4};
+  my::CRect bounds{1, 2, 3, 4};
   bool shown = false;
   bool closing = false;
   bool timer = false;

@@ -2,10 +2,10 @@
 
 #include "screenshots/shots.h"
 #include "text_ids.h"
-#include "ui/art/character.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/gdiplus.h"
-#include "ui/framework/high_contrast.h"
+#include "ui/look/character.h"
+#include "ui/look/high_contrast.h"
 
 namespace shots {
 namespace {
@@ -91,7 +91,7 @@ void ShootDesign() {
   }
   design = {};
   design.bkImgType = BkImgType::LOVELOVE;
-  CRect& bounds = a.app->Settings().mainFrame.normalBounds;
+  my::CRect& bounds = a.app->Settings().mainFrame.normalBounds;
   for (size_t i = 0; i < kFits.size(); ++i) {
     design.bkImgFitType = static_cast<FitType>(i);
     if (design.bkImgFitType == FitType::AUTO_FIT) bounds = {0, 0, 560, 900};

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ui/framework/gdi.h"
-#include "ui/models/list_model.h"
+#include "ui/framework/list_model.h"
 
 namespace my {
 

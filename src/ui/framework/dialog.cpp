@@ -45,8 +45,7 @@ BOOL CALLBACK SetFont(HWND control, LPARAM font) {
 
 }  // namespace
 
-CDialog::CDialog(UINT templateId, qlm::CDlgSetting* placement)
-    : m_templateId(templateId), m_placement(placement) {}
+CDialog::CDialog(UINT templateId, CPlacement* placement) : m_templateId(templateId), m_placement(placement) {}
 
 CDialog::~CDialog() {
   const HWND hwnd = std::exchange(m_hwnd, nullptr);
@@ -91,6 +90,12 @@ std::wstring CDialog::ItemText(int id) const {
   std::wstring text(static_cast<size_t>(::GetWindowTextLengthW(item)), L'\0');
   text.resize(static_cast<size_t>(::GetWindowTextW(item, text.data(), static_cast<int>(text.size()) + 1)));
   return text;
+}
+
+void CDialog::FocusItem(int id) const {
+  const HWND control = Item(id);
+  const HWND root = ::GetAncestor(control, GA_ROOT);  // the dialog that handles the keys of a page
+  ::SendMessageW(root, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
 }
 
 void CDialog::SetItemText(int id, const std::wstring& text) const {
@@ -180,10 +185,10 @@ void CDialog::InitLayout() {
 
 void CDialog::InitPlacement() {
   const SIZE smallest = SmallestSize();
-  qlm::CRect bounds = DefaultBounds(m_hwnd, smallest);
-  if (m_placement && m_placement->rect != qlm::CRect{}) {
+  CRect bounds = DefaultBounds(m_hwnd, smallest);
+  if (m_placement && m_placement->rect != CRect{}) {
     // Pulled back before sums are made of it: the settings file may hold any numbers.
-    const qlm::CRect pulled = PulledBack(m_hwnd, m_placement->rect);
+    const CRect pulled = PulledBack(m_hwnd, m_placement->rect);
     bounds = {pulled.left, pulled.top, pulled.left + smallest.cx, pulled.top + smallest.cy};
     if (IsResizable()) {
       bounds.right = std::max(bounds.right, pulled.right);

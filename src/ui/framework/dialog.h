@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "settings/settings.h"
+#include "support/placement.h"
 #include "ui/framework/gdi.h"
 #include "ui/framework/layout.h"
 #include "ui/framework/message_loop.h"
@@ -23,7 +23,7 @@ class CDialog {
  public:
   // `placement`, when given, is where the dialog takes its place from and puts it back as its window goes;
   // it must outlive the window.
-  explicit CDialog(UINT templateId, qlm::CDlgSetting* placement = nullptr);
+  explicit CDialog(UINT templateId, CPlacement* placement = nullptr);
   CDialog(const CDialog&) = delete;
   CDialog& operator=(const CDialog&) = delete;
   virtual ~CDialog();
@@ -46,6 +46,9 @@ class CDialog {
   std::wstring ItemText(int id) const;
   void SetItemText(int id, const std::wstring& text) const;
   void EnableItem(int id, bool enable) const { ::EnableWindow(Item(id), enable); }
+
+  // Moves the focus as the Tab key does: the text of an edit control is selected.
+  void FocusItem(int id) const;
   bool IsChecked(int id) const { return ::IsDlgButtonChecked(m_hwnd, id) == BST_CHECKED; }
   void SetChecked(int id, bool checked) const {
     ::CheckDlgButton(m_hwnd, id, checked ? BST_CHECKED : BST_UNCHECKED);
@@ -93,7 +96,7 @@ class CDialog {
   void OnDestroy();
 
   UINT m_templateId;
-  qlm::CDlgSetting* m_placement;
+  CPlacement* m_placement;
   HWND m_hwnd = nullptr;
   bool m_modal = false;
   int m_result = IDCANCEL;

@@ -5,11 +5,11 @@
 
 #include <utility>
 
+#include "support/contrast.h"
 #include "support/exception.h"
 #include "ui/framework/check_images.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/failures.h"
-#include "ui/models/contrast.h"
 
 namespace my {
 namespace {
@@ -40,9 +40,8 @@ class CFlag {
 };
 
 COLORREF ReadableOn(COLORREF background, CColor color) {
-  const double luminance =
-      qlm::Luminance({GetRValue(background), GetGValue(background), GetBValue(background)});
-  const CColor moved = qlm::Readable(color, luminance, luminance < 0.18);
+  const double luminance = Luminance({GetRValue(background), GetGValue(background), GetBValue(background)});
+  const CColor moved = Readable(color, luminance, luminance < 0.18);
   return RGB(moved.red, moved.green, moved.blue);
 }
 
@@ -117,7 +116,7 @@ void CListView::UseImages() {
 
 void CListView::ChangeDpi(UINT dpi) {
   if (dpi == m_dpi) return;
-  const qlm::CColumnWidthes widths = Widths();
+  const std::vector<int32_t> widths = Widths();
   m_dpi = dpi;
   UseImages();
   SetWidths(widths);
@@ -165,7 +164,7 @@ void CListView::EnsureVisible(size_t row) {
   ListView_EnsureVisible(m_list, static_cast<int>(row), FALSE);
 }
 
-void CListView::SetWidths(const qlm::CColumnWidthes& widths) {
+void CListView::SetWidths(const std::vector<int32_t>& widths) {
   for (size_t i = 0; i < m_model.ColumnCount(); ++i) {
     const bool given = i < widths.size() && widths[i] >= 0;
     const int width = given ? widths[i] : m_model.Column(i).width;
@@ -173,8 +172,8 @@ void CListView::SetWidths(const qlm::CColumnWidthes& widths) {
   }
 }
 
-qlm::CColumnWidthes CListView::Widths() const {
-  qlm::CColumnWidthes widths;
+std::vector<int32_t> CListView::Widths() const {
+  std::vector<int32_t> widths;
   for (size_t i = 0; i < m_model.ColumnCount(); ++i)
     widths.push_back(Unscale(ListView_GetColumnWidth(m_list, static_cast<int>(i)), m_dpi));
   return widths;

@@ -7,11 +7,10 @@
 #include <optional>
 #include <vector>
 
-#include "settings/settings.h"
 #include "ui/framework/gdi.h"
 #include "ui/framework/list_drag.h"
+#include "ui/framework/list_model.h"
 #include "ui/framework/subclass.h"
-#include "ui/models/list_model.h"
 
 namespace my {
 
@@ -59,8 +58,8 @@ class CListView {
   void EnsureVisible(size_t row);
 
   // In pixels at 96 DPI. What `widths` lacks, or has below 0, takes the model's width.
-  void SetWidths(const qlm::CColumnWidthes& widths);
-  qlm::CColumnWidthes Widths() const;
+  void SetWidths(const std::vector<int32_t>& widths);
+  std::vector<int32_t> Widths() const;
 
  protected:
   // Any message of the control, before the view and the control look at it. Exceptions are reported.

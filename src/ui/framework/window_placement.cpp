@@ -2,8 +2,8 @@
 
 #include <optional>
 
+#include "support/placement.h"
 #include "ui/framework/dpi.h"
-#include "ui/models/placement.h"
 
 namespace my {
 namespace {
@@ -12,7 +12,7 @@ BOOL CALLBACK AddWorkArea(HMONITOR monitor, HDC, RECT*, LPARAM areas) {
   MONITORINFO info{};
   info.cbSize = sizeof info;
   if (::GetMonitorInfoW(monitor, &info))
-    reinterpret_cast<std::vector<qlm::CRect>*>(areas)->push_back(FromRect(info.rcWork));
+    reinterpret_cast<std::vector<CRect>*>(areas)->push_back(FromRect(info.rcWork));
   return TRUE;
 }
 
@@ -58,23 +58,23 @@ CBorder InvisibleBorder(HWND window) {
 
 }  // namespace
 
-std::vector<qlm::CRect> WorkAreas() {
-  std::vector<qlm::CRect> areas;
+std::vector<CRect> WorkAreas() {
+  std::vector<CRect> areas;
   ::EnumDisplayMonitors(nullptr, nullptr, AddWorkArea, reinterpret_cast<LPARAM>(&areas));
   return areas;
 }
 
-qlm::CRect FromRect(const RECT& rect) {
+CRect FromRect(const RECT& rect) {
   return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
-qlm::CRect WindowBounds(HWND window) {
+CRect WindowBounds(HWND window) {
   RECT rect{};
   ::GetWindowRect(window, &rect);
   return FromRect(rect);
 }
 
-qlm::CDlgSetting ReadPlacement(HWND window) {
+CPlacement ReadPlacement(HWND window) {
   if (!::IsIconic(window) && !::IsZoomed(window)) return {false, WindowBounds(window)};
   WINDOWPLACEMENT placement{};
   placement.length = sizeof placement;
@@ -82,7 +82,7 @@ qlm::CDlgSetting ReadPlacement(HWND window) {
   return ReadPlacement(window, placement);
 }
 
-qlm::CDlgSetting ReadPlacement(HWND window, const WINDOWPLACEMENT& placement) {
+CPlacement ReadPlacement(HWND window, const WINDOWPLACEMENT& placement) {
   RECT normal = placement.rcNormalPosition;
   // The system counts these from the work area, not from the screen.
   const MONITORINFO screen = ScreenOf(window);
@@ -93,22 +93,22 @@ qlm::CDlgSetting ReadPlacement(HWND window, const WINDOWPLACEMENT& placement) {
   return {maximized, FromRect(normal)};
 }
 
-qlm::CRect PulledBack(HWND window, const qlm::CRect& bounds) {
+CRect PulledBack(HWND window, const CRect& bounds) {
   return PullBack(bounds, WorkAreas(), InvisibleBorder(window));
 }
 
-void PlaceWindow(HWND window, const qlm::CRect& bounds) {
-  const qlm::CRect place = PulledBack(window, bounds);
+void PlaceWindow(HWND window, const CRect& bounds) {
+  const CRect place = PulledBack(window, bounds);
   // Twice: on its way to a screen of another DPI the window is scaled, but these bounds are that screen's.
   for (int i = 0; i < 2; ++i)
     ::SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
                    SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-qlm::CRect DefaultBounds(HWND window, SIZE size) {
+CRect DefaultBounds(HWND window, SIZE size) {
   const HWND owner = ::GetWindow(window, GW_OWNER);
   const bool onOwner = owner && ::IsWindowVisible(owner) && !::IsIconic(owner);
-  const qlm::CRect middle = onOwner ? WindowBounds(owner) : FromRect(ScreenOf(window).rcWork);
+  const CRect middle = onOwner ? WindowBounds(owner) : FromRect(ScreenOf(window).rcWork);
   return CentreOn({0, 0, size.cx, size.cy}, middle);
 }
 

@@ -5,30 +5,30 @@
 
 #include <vector>
 
-#include "settings/settings.h"
+#include "support/placement.h"
 
 namespace my {
 
 // The work areas of all screens, in pixels of the whole desktop.
-std::vector<qlm::CRect> WorkAreas();
+std::vector<CRect> WorkAreas();
 
-qlm::CRect FromRect(const RECT& rect);
-qlm::CRect WindowBounds(HWND window);
+CRect FromRect(const RECT& rect);
+CRect WindowBounds(HWND window);
 
 // The bounds of the restored window, also of a maximized or minimized one.
-qlm::CDlgSetting ReadPlacement(HWND window);
+CPlacement ReadPlacement(HWND window);
 
 // The same of a window that had this placement when it was on its present screen.
-qlm::CDlgSetting ReadPlacement(HWND window, const WINDOWPLACEMENT& placement);
+CPlacement ReadPlacement(HWND window, const WINDOWPLACEMENT& placement);
 
 // Returns `bounds`, pulled back until what is seen of the window lies on a screen.
-qlm::CRect PulledBack(HWND window, const qlm::CRect& bounds);
+CRect PulledBack(HWND window, const CRect& bounds);
 
 // Moves the window to `bounds`, pulled back until what is seen of it lies on a screen; does not show it.
-void PlaceWindow(HWND window, const qlm::CRect& bounds);
+void PlaceWindow(HWND window, const CRect& bounds);
 
 // Where a window of this size goes by default: centred on its owner, or without one that can be seen on
 // the screen that it stands on.
-qlm::CRect DefaultBounds(HWND window, SIZE size);
+CRect DefaultBounds(HWND window, SIZE size);
 
 }  // namespace my

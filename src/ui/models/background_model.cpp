@@ -54,22 +54,23 @@ bool IsLight(BrushType type, int x, int y, int dpi) {
   }
 }
 
-void FillGradient(std::span<CPixel> pixels, int width, my::CColor color) {
+void FillGradient(std::span<my::CPixel> pixels, int width, my::CColor color) {
   const auto row = static_cast<size_t>(width);
   const auto rows = static_cast<int>(pixels.size() / row);
   const my::CColor top = Shade(color, kGradientShade);
   const my::CColor bottom = Shade(color, -kGradientShade);
   for (int y = 0; y < rows; ++y) {
     const auto line = pixels.subspan(static_cast<size_t>(y) * row, row);
-    std::fill(line.begin(), line.end(), PixelOf(Between(top, bottom, y, rows)));
+    std::fill(line.begin(), line.end(), my::PixelOf(Between(top, bottom, y, rows)));
   }
 }
 
-void FillPattern(std::span<CPixel> pixels, int width, BrushType type, my::CColor color, int dpi) {
-  const CPixel shades[] = {PixelOf(Shade(color, -kPatternShade)), PixelOf(Shade(color, kPatternShade))};
+void FillPattern(std::span<my::CPixel> pixels, int width, BrushType type, my::CColor color, int dpi) {
+  const my::CPixel shades[] = {my::PixelOf(Shade(color, -kPatternShade)),
+                               my::PixelOf(Shade(color, kPatternShade))};
   int x = 0;
   int y = 0;
-  for (CPixel& pixel : pixels) {
+  for (my::CPixel& pixel : pixels) {
     pixel = shades[IsLight(type, x, y, dpi) ? 1 : 0];
     if (++x < width) continue;
     x = 0;
@@ -96,7 +97,7 @@ CExtent ScaledExtent(CExtent extent, double scale) {
           std::max(1, static_cast<int>(std::lround(extent.height * scale)))};
 }
 
-CRect InCorner(CExtent view, CExtent image, ImgOrigin origin) {
+my::CRect InCorner(CExtent view, CExtent image, ImgOrigin origin) {
   const bool right = origin == ImgOrigin::RB || origin == ImgOrigin::RT;
   const bool bottom = origin == ImgOrigin::LB || origin == ImgOrigin::RB;
   const int left = right ? view.width - image.width : 0;
@@ -106,7 +107,7 @@ CRect InCorner(CExtent view, CExtent image, ImgOrigin origin) {
 
 }  // namespace
 
-CRect PlaceImage(CExtent view, CExtent image, FitType fit, ImgOrigin origin) {
+my::CRect PlaceImage(CExtent view, CExtent image, FitType fit, ImgOrigin origin) {
   return InCorner(view, ScaledExtent(image, FitScale(view, image, fit)), origin);
 }
 
@@ -119,18 +120,18 @@ CPicturePart NeededPart(CExtent picture, CExtent screen, FitType fit, ImgOrigin 
   return {{0, 0, picture.width, picture.height}, ScaledExtent(picture, scale)};
 }
 
-void FillBrush(std::span<CPixel> pixels, int width, BrushType type, my::CColor color, int dpi) {
+void FillBrush(std::span<my::CPixel> pixels, int width, BrushType type, my::CColor color, int dpi) {
   switch (type) {
     case BrushType::DEFAULT: return FillGradient(pixels, width, color);
     case BrushType::CHECK:
     case BrushType::DIA:
     case BrushType::STRIPE:
     case BrushType::INTERLACE: return FillPattern(pixels, width, type, color, dpi);
-    default: std::fill(pixels.begin(), pixels.end(), PixelOf(color));
+    default: std::fill(pixels.begin(), pixels.end(), my::PixelOf(color));
   }
 }
 
-void FillTiles(std::span<CPixel> pixels, int width, std::span<const CPixel> tile, int tileWidth) {
+void FillTiles(std::span<my::CPixel> pixels, int width, std::span<const my::CPixel> tile, int tileWidth) {
   const auto row = static_cast<size_t>(width);
   const auto tileRow = static_cast<size_t>(tileWidth);
   const size_t tileRows = tile.size() / tileRow;
@@ -141,9 +142,9 @@ void FillTiles(std::span<CPixel> pixels, int width, std::span<const CPixel> tile
   }
 }
 
-void Blend(std::span<CPixel> pixels, std::span<const CPixel> layer) {
+void Blend(std::span<my::CPixel> pixels, std::span<const my::CPixel> layer) {
   for (size_t i = 0; i < pixels.size(); ++i) {
-    const CPixel over = layer[i];
+    const my::CPixel over = layer[i];
     const uint32_t alpha = over >> 24;
     if (alpha == 0) continue;
     const auto mix = [&](int shift) {
@@ -154,17 +155,17 @@ void Blend(std::span<CPixel> pixels, std::span<const CPixel> layer) {
   }
 }
 
-double LimitPixels(std::span<CPixel> pixels, my::CColor text) {
-  const CContrastTable limit = CContrastTable::Limit(text);
-  const bool dark = NeedsDark(text);
+double LimitPixels(std::span<my::CPixel> pixels, my::CColor text) {
+  const my::CContrastTable limit = my::CContrastTable::Limit(text);
+  const bool dark = my::NeedsDark(text);
   double nearest = dark ? 0 : 1;
-  CPixel before = 0;
-  CPixel result = 0;  // neighbours are often alike
-  for (CPixel& pixel : pixels) {
+  my::CPixel before = 0;
+  my::CPixel result = 0;  // neighbours are often alike
+  for (my::CPixel& pixel : pixels) {
     if (pixel != before) {
       before = pixel;
       result = limit.Apply(pixel);
-      const double luminance = Luminance(ColorOf(result));
+      const double luminance = my::Luminance(my::ColorOf(result));
       nearest = dark ? std::max(nearest, luminance) : std::min(nearest, luminance);
     }
     pixel = result;

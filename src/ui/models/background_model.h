@@ -5,7 +5,7 @@
 #include <span>
 
 #include "settings/settings.h"
-#include "ui/models/contrast.h"
+#include "support/contrast.h"
 
 namespace qlm {
 
@@ -17,25 +17,25 @@ struct CExtent {
 };
 
 // Where an image goes; it may reach beyond the view.
-CRect PlaceImage(CExtent view, CExtent image, FitType fit, ImgOrigin origin);
+my::CRect PlaceImage(CExtent view, CExtent image, FitType fit, ImgOrigin origin);
 
 // What of a picture is kept, and how large, so that it can fill any view of this screen.
 struct CPicturePart {
-  CRect part;  // of the picture
+  my::CRect part;  // of the picture
   CExtent size;
 };
 CPicturePart NeededPart(CExtent picture, CExtent screen, FitType fit, ImgOrigin origin);
 
 // Fills rows of `width` opaque pixels. Not for BrushType::CUSTOM_BK beyond its colour.
-void FillBrush(std::span<CPixel> pixels, int width, BrushType type, my::CColor color, int dpi);
+void FillBrush(std::span<my::CPixel> pixels, int width, BrushType type, my::CColor color, int dpi);
 
 // Covers the pixels with copies of a tile, from the left upper corner on.
-void FillTiles(std::span<CPixel> pixels, int width, std::span<const CPixel> tile, int tileWidth);
+void FillTiles(std::span<my::CPixel> pixels, int width, std::span<const my::CPixel> tile, int tileWidth);
 
 // Puts a layer over opaque pixels.
-void Blend(std::span<CPixel> pixels, std::span<const CPixel> layer);
+void Blend(std::span<my::CPixel> pixels, std::span<const my::CPixel> layer);
 
 // Applies the table to all pixels; answers the luminance that comes nearest to the text's.
-double LimitPixels(std::span<CPixel> pixels, my::CColor text);
+double LimitPixels(std::span<my::CPixel> pixels, my::CColor text);
 
 }  // namespace qlm

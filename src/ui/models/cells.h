@@ -7,7 +7,7 @@
 
 #include "document/dst.h"
 #include "support/file_time.h"
-#include "ui/models/list_model.h"
+#include "ui/framework/list_model.h"
 
 namespace my {
 class IClock;

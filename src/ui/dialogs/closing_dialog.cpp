@@ -1,0 +1,29 @@
+#include "ui/dialogs/closing_dialog.h"
+
+#include <commctrl.h>
+
+#include "control_ids.h"
+
+namespace qlm {
+namespace {
+
+constexpr WPARAM kMarqueeStepMs = 50;
+
+}  // namespace
+
+bool CClosingDialog::OnInit() {
+  ::SendMessageW(Item(IDC_CLOSING_PROGRESS), PBM_SETMARQUEE, TRUE, kMarqueeStepMs);
+  return true;
+}
+
+void CClosingDialog::Show(const std::wstring& text, const std::wstring& path) const {
+  ShowText(IDC_CLOSING_TEXT, text);
+  ShowText(IDC_CLOSING_PATH, path);
+}
+
+// A text that is set again would flicker.
+void CClosingDialog::ShowText(int id, const std::wstring& text) const {
+  if (ItemText(id) != text) SetItemText(id, text);
+}
+
+}  // namespace qlm

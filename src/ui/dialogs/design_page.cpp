@@ -1,0 +1,254 @@
+#include "ui/dialogs/design_page.h"
+
+#include <commdlg.h>
+#include <uxtheme.h>
+#include <vssym32.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "app/command.h"
+#include "app/messenger.h"
+#include "control_ids.h"
+#include "platform/message_texts.h"
+#include "support/exception.h"
+#include "support/strings.h"
+#include "text_ids.h"
+#include "ui/framework/controls.h"
+#include "ui/framework/dpi.h"
+#include "ui/framework/file_dialogs.h"
+
+namespace qlm {
+namespace {
+
+constexpr int kSwatchMargin = 4;  // pixels at 96 DPI
+
+constexpr int kBrushes = IDS_BRUSH_INTERLACE - IDS_BRUSH_DEFAULT + 1;
+constexpr int kImages = IDS_IMAGE_GETTODAZE - IDS_IMAGE_DEFAULT + 1;
+constexpr int kFits = IDS_FIT_AUTO_FILL - IDS_FIT_NONE + 1;
+constexpr int kOrigins = IDS_ORIGIN_RT - IDS_ORIGIN_LT + 1;
+
+bool HasColor(BrushType type) {
+  return type == BrushType::CUSTOM_COLOR || type >= BrushType::CHECK;
+}
+
+bool UsesBrushOf(const CDesignSetting& a, const CDesignSetting& b) {
+  return a.bkBrushType == b.bkBrushType && a.bkBrushPath == b.bkBrushPath;
+}
+
+bool UsesImageOf(const CDesignSetting& a, const CDesignSetting& b) {
+  return a.bkImgType == b.bkImgType && a.bkImgPath == b.bkImgPath;
+}
+
+bool Names(const my::CException& failure, const std::wstring& path) {
+  const auto& args = failure.Args();
+  return std::find(args.begin(), args.end(), my::CMsgArg(path)) != args.end();
+}
+
+// The system's dialog, which keeps the user's own colours as long as the program runs.
+std::optional<my::CColor> AskColor(HWND owner, my::CColor color) {
+  static COLORREF custom[16] = {};
+  CHOOSECOLORW choice{};
+  choice.lStructSize = sizeof choice;
+  choice.hwndOwner = owner;
+  choice.rgbResult = RGB(color.red, color.green, color.blue);
+  choice.lpCustColors = custom;
+  choice.Flags = CC_RGBINIT | CC_FULLOPEN;
+  if (!::ChooseColorW(&choice)) return {};
+  return my::CColor{GetRValue(choice.rgbResult), GetGValue(choice.rgbResult), GetBValue(choice.rgbResult)};
+}
+
+using CTheme = my::CHandle<HTHEME, &::CloseThemeData>;
+
+void DrawPushButton(const DRAWITEMSTRUCT& draw, bool disabled) {
+  const bool pressed = (draw.itemState & ODS_SELECTED) != 0;
+  RECT rect = draw.rcItem;
+  const CTheme theme(::OpenThemeData(draw.hwndItem, L"BUTTON"));
+  if (!theme) {
+    ::DrawFrameControl(draw.hDC, &rect, DFC_BUTTON, DFCS_BUTTONPUSH | (pressed ? DFCS_PUSHED : 0U));
+    return;
+  }
+  const int state = disabled ? PBS_DISABLED : pressed ? PBS_PRESSED : PBS_NORMAL;
+  ::DrawThemeParentBackground(draw.hwndItem, draw.hDC, &rect);
+  ::DrawThemeBackground(theme.Get(), draw.hDC, BP_PUSHBUTTON, state, &rect, nullptr);
+}
+
+}  // namespace
+
+CDesignPage::CDesignPage(CAppContext& context, FPreview preview)
+    : CSettingsPage(IDD_DESIGN_PAGE), m_context(context), m_preview(std::move(preview)) {}
+
+std::wstring CDesignPage::Title() const {
+  return m_context.ports.engine.texts.Text(IDS_DESIGN_PAGE);
+}
+
+void CDesignPage::Store(CSettings& settings) {
+  Check(m_design, !UsesBrushOf(m_design, settings.design), !UsesImageOf(m_design, settings.design));
+  settings.design = m_design;
+}
+
+// A picture that was accepted before may be on a drive that is away now; only a new one is refused.
+void CDesignPage::Check(const CDesignSetting& design, bool newBrush, bool newImage) {
+  try {
+    m_preview(design);
+    return;
+  } catch (const my::CException& failure) {
+    const bool isBrush = design.bkBrushType == BrushType::CUSTOM_BK && Names(failure, design.bkBrushPath);
+    m_refused = isBrush ? IDC_BRUSH_PATH : IDC_IMAGE_PATH;
+    if (isBrush ? newBrush : newImage) throw;
+    if (!isBrush || !newImage) return;
+  }
+  // The missing brush may have hidden what is wrong with the image.
+  CDesignSetting withoutBrush = design;
+  withoutBrush.bkBrushType = BrushType::DEFAULT;
+  Check(withoutBrush, false, true);
+  Show();
+}
+
+void CDesignPage::FocusRefused() {
+  FocusItem(m_refused);
+}
+
+bool CDesignPage::OnInit() {
+  m_design = m_context.settings.design;
+  my::FillFromTexts(Item(IDC_BRUSH_TYPE), m_context.ports.engine.texts, IDS_BRUSH_DEFAULT, kBrushes,
+                    static_cast<int>(m_design.bkBrushType));
+  my::FillFromTexts(Item(IDC_IMAGE_TYPE), m_context.ports.engine.texts, IDS_IMAGE_DEFAULT, kImages,
+                    static_cast<int>(m_design.bkImgType));
+  my::FillFromTexts(Item(IDC_IMAGE_FIT), m_context.ports.engine.texts, IDS_FIT_NONE, kFits,
+                    static_cast<int>(m_design.bkImgFitType));
+  my::FillFromTexts(Item(IDC_IMAGE_ORIGIN), m_context.ports.engine.texts, IDS_ORIGIN_LT, kOrigins,
+                    static_cast<int>(m_design.bkImgOrigin));
+  SetItemText(IDC_BRUSH_PATH, m_design.bkBrushPath);
+  SetItemText(IDC_IMAGE_PATH, m_design.bkImgPath);
+  SetChecked(IDC_SHOW_DESCRIPTION, m_design.showDesc);
+  EnableControls();
+  return false;
+}
+
+bool CDesignPage::OnCommand(int id, int code) {
+  switch (id) {
+    case IDC_BRUSH_PATH:
+    case IDC_IMAGE_PATH: return OnPath(id, code);
+    case IDC_BRUSH_TYPE:
+    case IDC_IMAGE_TYPE:
+    case IDC_IMAGE_FIT:
+    case IDC_IMAGE_ORIGIN:
+      if (code != CBN_SELCHANGE) return false;
+      OnChosen();
+      return true;
+    case IDC_TEXT_COLOR:
+    case IDC_BRUSH_COLOR: OnColor(id); return true;
+    case IDC_BRUSH_BROWSE: Browse(IDC_BRUSH_PATH); return true;
+    case IDC_IMAGE_BROWSE: Browse(IDC_IMAGE_PATH); return true;
+    case IDC_SHOW_DESCRIPTION:
+      m_design.showDesc = IsChecked(id);
+      Edited();
+      return true;
+    default: return false;
+  }
+}
+
+void CDesignPage::OnChosen() {
+  m_design.bkBrushType = static_cast<BrushType>(my::Chosen(Item(IDC_BRUSH_TYPE)));
+  m_design.bkImgType = static_cast<BkImgType>(my::Chosen(Item(IDC_IMAGE_TYPE)));
+  m_design.bkImgFitType = static_cast<FitType>(my::Chosen(Item(IDC_IMAGE_FIT)));
+  m_design.bkImgOrigin = static_cast<ImgOrigin>(my::Chosen(Item(IDC_IMAGE_ORIGIN)));
+  EnableControls();
+  Edited();
+}
+
+// A half-typed path may be that of a slow server: it is looked at when the user goes on.
+bool CDesignPage::OnPath(int id, int code) {
+  if (code == EN_CHANGE) {
+    (id == IDC_BRUSH_PATH ? m_design.bkBrushPath : m_design.bkImgPath) = PathIn(id);
+    ReportChange();
+  }
+  if (code == EN_KILLFOCUS) Show();
+  return true;
+}
+
+void CDesignPage::OnColor(int id) {
+  my::CColor& color = ColorOf(id);
+  const auto chosen = AskColor(::GetAncestor(Hwnd(), GA_ROOT), color);
+  if (!chosen) return;
+  color = *chosen;
+  ::InvalidateRect(Item(id), nullptr, FALSE);
+  Edited();
+}
+
+void CDesignPage::Browse(int pathId) {
+  my::CFileDialogParams params;
+  params.kinds = {{m_context.ports.engine.texts.Text(IDS_IMAGE_FILES), L"*.png;*.jpg;*.jpeg;*.bmp;*.gif"}};
+  params.initialPath = PathIn(pathId);
+  params.flags |= OFN_FILEMUSTEXIST;
+  const auto path = my::AskOpenPath(::GetAncestor(Hwnd(), GA_ROOT), params);
+  if (!path) return;
+  SetItemText(pathId, *path);
+  try {
+    m_preview(m_design);
+  } catch (const my::CException& failure) {
+    m_context.messenger.ShowError(failure);
+  }
+}
+
+void CDesignPage::EnableControls() {
+  const bool color = HasColor(m_design.bkBrushType);
+  const bool brush = m_design.bkBrushType == BrushType::CUSTOM_BK;
+  const bool picture = m_design.bkImgType == BkImgType::CUSTOM;
+  const bool image = m_design.bkImgType != BkImgType::NONE;
+  EnableItem(IDC_TEXT_COLOR, m_design.bkBrushType != BrushType::OS_DEFAULT);
+  for (const int id : {IDC_BRUSH_COLOR_LABEL, IDC_BRUSH_COLOR}) EnableItem(id, color);
+  for (const int id : {IDC_BRUSH_PATH_LABEL, IDC_BRUSH_PATH, IDC_BRUSH_BROWSE}) EnableItem(id, brush);
+  for (const int id : {IDC_IMAGE_PATH_LABEL, IDC_IMAGE_PATH, IDC_IMAGE_BROWSE}) EnableItem(id, picture);
+  for (const int id : {IDC_IMAGE_FIT_LABEL, IDC_IMAGE_FIT, IDC_IMAGE_ORIGIN_LABEL, IDC_IMAGE_ORIGIN})
+    EnableItem(id, image);
+}
+
+void CDesignPage::Edited() {
+  Show();
+  ReportChange();
+}
+
+// What is wrong with it the user is told when it is to be kept.
+void CDesignPage::Show() {
+  try {
+    m_preview(m_design);
+  } catch (const my::CException&) {
+    return;
+  }
+}
+
+std::optional<LRESULT> CDesignPage::OnMessage(UINT message, WPARAM, LPARAM lParam) {
+  if (message != WM_DRAWITEM) return {};
+  DrawSwatch(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+  return TRUE;
+}
+
+void CDesignPage::DrawSwatch(const DRAWITEMSTRUCT& draw) {
+  const HDC dc = draw.hDC;
+  RECT rect = draw.rcItem;
+  const bool disabled = (draw.itemState & ODS_DISABLED) != 0;
+  DrawPushButton(draw, disabled);
+  const int margin = my::Scale(kSwatchMargin, Dpi());
+  ::InflateRect(&rect, -margin, -margin);
+  if ((draw.itemState & ODS_FOCUS) != 0) ::DrawFocusRect(dc, &rect);
+  ::InflateRect(&rect, -margin / 2, -margin / 2);
+  if (disabled) return;
+  const my::CColor color = ColorOf(static_cast<int>(draw.CtlID));
+  const my::CBrush brush(::CreateSolidBrush(RGB(color.red, color.green, color.blue)));
+  ::FillRect(dc, &rect, brush.Get());
+  ::FrameRect(dc, &rect, ::GetSysColorBrush(COLOR_BTNSHADOW));
+}
+
+my::CColor& CDesignPage::ColorOf(int id) {
+  return id == IDC_TEXT_COLOR ? m_design.textColor : m_design.bkBrushColor;
+}
+
+// Without the quotation marks that a path copied from the file manager has.
+std::wstring CDesignPage::PathIn(int id) const {
+  const std::wstring text = ItemText(id);
+  return std::wstring(my::Trim(text, L" \t\r\n\""));
+}
+
+}  // namespace qlm

@@ -1,0 +1,51 @@
+// The colours, the background and the image of the main view.
+#pragma once
+
+#include <functional>
+
+#include "settings/settings.h"
+#include "ui/dialogs/settings_page.h"
+
+namespace qlm {
+
+struct CAppContext;
+
+// What the user chooses is shown in the main window at once; the sheet restores it when it is cancelled.
+class CDesignPage : public CSettingsPage {
+ public:
+  using FPreview = std::function<void(const CDesignSetting&)>;
+
+  // `preview` shows a design; throws IDS_IMAGE_NOT_READ.
+  CDesignPage(CAppContext& context, FPreview preview);
+
+  std::wstring Title() const override;
+
+  // Throws what the preview throws.
+  void Store(CSettings& settings) override;
+  void FocusRefused() override;
+
+ protected:
+  bool OnInit() override;
+  bool OnCommand(int id, int code) override;
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  std::wstring PathIn(int id) const;
+  bool OnPath(int id, int code);
+  void OnChosen();
+  void OnColor(int id);
+  void Browse(int pathId);
+  void Check(const CDesignSetting& design, bool newBrush, bool newImage);
+  void EnableControls();
+  void Edited();
+  void Show();
+  void DrawSwatch(const DRAWITEMSTRUCT& draw);
+  my::CColor& ColorOf(int id);
+
+  CAppContext& m_context;
+  FPreview m_preview;
+  CDesignSetting m_design;
+  int m_refused = 0;  // the control with what could not be stored
+};
+
+}  // namespace qlm

@@ -1,0 +1,141 @@
+#include "ui/dialogs/dialogs.h"
+
+#include "app/replace_tool.h"
+#include "ui/dialogs/about_dialog.h"
+#include "ui/dialogs/closing_dialog.h"
+#include "ui/dialogs/dst_dialog.h"
+#include "ui/dialogs/filter_dialog.h"
+#include "ui/dialogs/password_dialog.h"
+#include "ui/dialogs/replace_dialog.h"
+#include "ui/dialogs/result_dialog.h"
+#include "ui/dialogs/settings_sheet.h"
+#include "ui/dialogs/target_dialog.h"
+#include "ui/dialogs/task_dialog.h"
+#include "ui/framework/disabled_windows.h"
+#include "ui/framework/file_dialogs.h"
+
+namespace qlm {
+namespace {
+
+static_assert(kDialogOverwritePrompt == OFN_OVERWRITEPROMPT && kDialogHideReadOnly == OFN_HIDEREADONLY);
+static_assert(kDialogFileMustExist == OFN_FILEMUSTEXIST && kDialogExplorer == OFN_EXPLORER);
+static_assert(kDialogSizing == OFN_ENABLESIZING && kDialogNoChangeDir == OFN_NOCHANGEDIR);
+
+my::CFileDialogParams ParamsOf(const CFileQuestion& question) {
+  my::CFileDialogParams params;
+  for (const auto& [name, pattern] : question.kinds) params.kinds.push_back({name, pattern});
+  params.defaultExtension = question.defaultExtension;
+  params.initialPath = question.initialPath;
+  params.flags = question.flags;
+  return params;
+}
+
+}  // namespace
+
+CDialogs::CDialogs(my::CAutoMessageLoop& loop) : m_loop(loop), m_clipboard(L"Quillmoor.Document") {}
+
+CDialogs::~CDialogs() = default;
+
+void CDialogs::SetOwner(HWND owner, CAppContext& context) {
+  m_owner = owner;
+  m_context = &context;
+}
+
+std::optional<std::wstring> CDialogs::AskOpenPath(const CFileQuestion& question) {
+  return my::AskOpenPath(Owner(), ParamsOf(question));
+}
+
+std::optional<std::wstring> CDialogs::AskSavePath(const CFileQuestion& question) {
+  return my::AskSavePath(Owner(), ParamsOf(question));
+}
+
+bool CDialogs::AskPassword(CPasswordEntry& entry) {
+  return CPasswordDlg(*m_context, entry).DoModal(Owner()) == IDOK;
+}
+
+void CDialogs::ShowSettings(bool designPage) {
+  CSettingsSheet(*m_context, designPage ? 1 : 0, m_preview).DoModal(Owner());
+}
+
+void CDialogs::OpenReplace(CReplaceTool&) {
+  m_replace = std::make_unique<CReplaceDialog>(*m_context, [] {});
+  m_replace->CreateModeless(m_owner, m_loop);
+}
+
+void CDialogs::FocusReplace() {
+  ::SetForegroundWindow(m_replace->Hwnd());
+}
+
+void CDialogs::CancelReplace() {
+  ::SendMessageW(m_replace->Hwnd(), WM_COMMAND, IDCANCEL, 0);
+}
+
+void CDialogs::RefreshReplace() {
+  if (m_replace) m_replace->Refresh();
+}
+
+void CDialogs::EditTask(const CTask& task, const std::function<void(const CTask&)>& confirm) {
+  const auto checkFilter = [this](const std::wstring& filterPath, const std::wstring& sourcePath) {
+    ShowFilter(filterPath, sourcePath);
+  };
+  CTaskDialog(*m_context, task, confirm, checkFilter).DoModal(Owner());
+}
+
+void CDialogs::EditDst(const CDst& dst, const std::function<void(const CDst&)>& confirm) {
+  CDstDialog(*m_context, dst, confirm).DoModal(Owner());
+}
+
+void CDialogs::Set(const CClip& clip) {
+  m_clipboard.Set(m_owner, clip.text, clip.document);
+}
+
+std::optional<std::string> CDialogs::Document() {
+  return m_clipboard.Bytes(m_owner);
+}
+
+void CDialogs::ShowResults(const CResultListModel& results) {
+  if (!m_results) m_results = std::make_unique<CResultDialog>(*m_context, results);
+  if (m_results->Hwnd())
+    ::SetForegroundWindow(m_results->Hwnd());
+  else
+    m_results->CreateModeless(m_owner, m_loop);
+}
+
+void CDialogs::RefreshResults() {
+  if (m_results) m_results->RowsChanged();
+}
+
+void CDialogs::ShowTargets(const CResultPtr& row) {
+  CTargetDialog(*m_context, row).DoModal(Owner());
+}
+
+void CDialogs::ShowFilter(const std::wstring& filterPath, const std::wstring& sourcePath) {
+  CFilterDialog(*m_context, filterPath, sourcePath).DoModal(Owner());
+}
+
+void CDialogs::ShowAbout() {
+  CAboutDialog(*m_context).DoModal(Owner());
+}
+
+void CDialogs::OpenClosing() {
+  m_disabled = std::make_unique<my::CDisabledWindows>(nullptr);
+  auto dialog = std::make_unique<CClosingDialog>();
+  dialog->CreateModeless(m_owner, m_loop);
+  m_closing = std::move(dialog);
+}
+
+void CDialogs::ShowClosing(const std::wstring& text, const std::wstring& path) {
+  if (m_closing) m_closing->Show(text, path);
+}
+
+void CDialogs::RememberOpen() {
+  if (m_replace) m_replace->Remember();
+  if (m_results) m_results->Remember();
+}
+
+HWND CDialogs::Owner() const {
+  const HWND active = ::GetActiveWindow();
+  return active ? active : m_owner;
+}
+
+}  // namespace qlm

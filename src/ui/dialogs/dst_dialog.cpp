@@ -1,0 +1,184 @@
+#include "ui/dialogs/dst_dialog.h"
+
+#include <utility>
+
+#include "app/windows.h"
+#include "control_ids.h"
+#include "document/document.h"
+#include "platform/message_texts.h"
+#include "settings/settings.h"
+#include "text_ids.h"
+#include "ui/framework/file_dialogs.h"
+#include "ui/models/cells.h"
+#include "ui/models/name_preview.h"
+#include "ui/models/task_warning.h"
+
+namespace qlm {
+namespace {
+
+// In the order of the combo box.
+constexpr DstType kTypes[] = {DstType::FOLDER, DstType::ZIP, DstType::PASSWORD_ZIP, DstType::AES_256_ZIP};
+
+my::CFileTime Now() {
+  FILETIME now{};
+  ::GetSystemTimeAsFileTime(&now);
+  return {uint64_t{now.dwHighDateTime} << 32 | now.dwLowDateTime};
+}
+
+}  // namespace
+
+CDstDialog::CDstDialog(CAppContext& context, CDst dst, CConfirm confirm, my::CFileTime newestWriteTime)
+    : CDialog(IDD_DST, &context.settings.dstDlg),
+      m_context(context),
+      m_dst(std::move(dst)),
+      m_confirm(std::move(confirm)),
+      m_time(newestWriteTime ? newestWriteTime : Now()),
+      m_taskId(SampleTaskId(context.document.Tasks(), context.window.TaskList().SelectedRows(),
+                            context.ports.engine.texts)) {}
+
+std::vector<my::CAnchor> CDstDialog::Anchors() const {
+  using my::kBottom, my::kLeft, my::kRight, my::kTop;
+  constexpr unsigned kWide = kLeft | kTop | kRight;
+  return {{IDC_DST_FOLDER, kWide},  {IDC_DST_BROWSE, kRight},    {IDC_DST_PATTERN, kWide},
+          {IDC_DST_TOKENS, kRight}, {IDC_DST_PREVIEW, kWide},    {IDC_DST_NOTE, kWide | kBottom},
+          {IDOK, kRight | kBottom}, {IDCANCEL, kRight | kBottom}};
+}
+
+bool CDstDialog::OnInit() {
+  InitTypes();
+  SetItemText(IDC_DST_FOLDER, m_dst.folder);
+  SetItemText(IDC_DST_PATTERN, m_dst.pattern);
+  const size_t end = m_dst.pattern.size();
+  ::SendMessageW(Item(IDC_DST_PATTERN), EM_SETSEL, end, static_cast<LPARAM>(end));
+  ShowEffect();
+  return true;
+}
+
+void CDstDialog::InitTypes() const {
+  const HWND combo = Item(IDC_DST_TYPE);
+  for (const DstType type : kTypes) {
+    const std::wstring text = DstTypeText(m_context.ports.engine.texts, type);
+    ::SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
+  }
+  ::SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(m_dst.type), 0);
+}
+
+void CDstDialog::OnOk() {
+  FitExtension();
+  try {
+    m_confirm(EditedDst());
+  } catch (...) {
+    return FocusOffender(ShowCurrentFailure(m_context).Id());
+  }
+  Close(IDOK);
+}
+
+bool CDstDialog::OnCommand(int id, int code) {
+  const auto token = static_cast<size_t>(id - IDC_DST_TOKEN_FIRST);
+  if (token < NameTokens().size()) {
+    InsertToken(token);
+    return true;
+  }
+  switch (id) {
+    case IDC_DST_BROWSE: Browse(); return true;
+    case IDC_DST_TOKENS: OfferTokens(); return true;
+    case IDC_DST_TYPE:
+      if (code != CBN_SELCHANGE) return true;
+      FitExtension();
+      ShowEffect();
+      return true;
+    case IDC_DST_FOLDER:
+      if (code == EN_CHANGE) ShowEffect();
+      return true;
+    case IDC_DST_PATTERN:
+      if (code == EN_CHANGE) ShowEffect();
+      if (code == EN_KILLFOCUS) FitExtension();
+      return true;
+    default: return false;
+  }
+}
+
+CDst CDstDialog::EditedDst() const {
+  CDst dst = m_dst;
+  dst.folder = ItemText(IDC_DST_FOLDER);
+  dst.type = kTypes[::SendMessageW(Item(IDC_DST_TYPE), CB_GETCURSEL, 0, 0)];
+  dst.pattern = ItemText(IDC_DST_PATTERN);
+  return dst;
+}
+
+void CDstDialog::FocusOffender(uint32_t failureId) const {
+  switch (failureId) {
+    case IDS_PATH_EMPTY: return FocusItem(IDC_DST_FOLDER);
+    case IDS_PATTERN_EMPTY:
+    case IDS_DST_DUPLICATE: return FocusItem(IDC_DST_PATTERN);
+    default: return;
+  }
+}
+
+void CDstDialog::Browse() {
+  const std::wstring title = m_context.ports.engine.texts.Text(IDS_BROWSE_DST);
+  if (const auto folder = my::AskFolder(Hwnd(), title, ItemText(IDC_DST_FOLDER)))
+    SetItemText(IDC_DST_FOLDER, *folder);
+}
+
+// Not while the pattern is being typed, and without moving the caret: a token may be inserted there next.
+void CDstDialog::FitExtension() {
+  CDst dst = EditedDst();
+  if (!FitPattern(dst.type, dst.pattern)) return;
+  DWORD start = 0;
+  DWORD end = 0;
+  const HWND edit = Item(IDC_DST_PATTERN);
+  ::SendMessageW(edit, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+  SetItemText(IDC_DST_PATTERN, dst.pattern);
+  ::SendMessageW(edit, EM_SETSEL, start, static_cast<LPARAM>(end));
+}
+
+void CDstDialog::OfferTokens() {
+  const my::CMenu menu(::CreatePopupMenu());
+  UINT_PTR id = IDC_DST_TOKEN_FIRST;
+  for (const CNameToken& token : NameTokens()) {
+    if (token.firstOfGroup) ::AppendMenuW(menu.Get(), MF_SEPARATOR, 0, nullptr);
+    const std::wstring text = token.text + (L'\t' + m_context.ports.engine.texts.Text(token.descId));
+    ::AppendMenuW(menu.Get(), MF_STRING, id++, text.c_str());
+  }
+  RECT button{};
+  ::GetWindowRect(Item(IDC_DST_TOKENS), &button);
+  // The button stays in sight.
+  TPMPARAMS around{sizeof around, button};
+  ::TrackPopupMenuEx(menu.Get(), TPM_RIGHTALIGN | TPM_VERTICAL, button.right, button.bottom, Hwnd(), &around);
+}
+
+void CDstDialog::InsertToken(size_t index) {
+  const HWND edit = Item(IDC_DST_PATTERN);
+  const LRESULT length = ::GetWindowTextLengthW(edit);
+  // The way through the dialog by the keyboard selects everything; nobody wants to replace that.
+  if (::SendMessageW(edit, EM_GETSEL, 0, 0) == MAKELRESULT(0, length))
+    ::SendMessageW(edit, EM_SETSEL, length, length);
+  ::SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(NameTokens()[index].text));
+  ::SetFocus(edit);
+}
+
+void CDstDialog::ShowEffect() const {
+  ShowPreview();
+  ShowNote();
+}
+
+// Shows the pattern as it is to be once it has been typed.
+void CDstDialog::ShowPreview() const {
+  CDst dst = EditedDst();
+  FitPattern(dst.type, dst.pattern);
+  const CEnginePorts& ports = m_context.ports.engine;
+  SetItemText(IDC_DST_PREVIEW, NamePreview(dst, m_taskId, m_time, ports.clock, ports.texts));
+}
+
+void CDstDialog::ShowNote() const {
+  const my::IMessageTexts& texts = m_context.ports.engine.texts;
+  const CDst dst = EditedDst();
+  std::wstring note = ArchiveWarning(dst, m_taskId, m_context.ports.engine);
+  if (!note.empty()) note += L"\n";
+  if (dst.type == DstType::AES_256_ZIP) note += texts.Text(IDS_DST_NOTE_AES) + L"\n";
+  if (NeedsPassword(dst.type)) note += texts.Text(IDS_DST_NOTE_PASSWORD);
+  SetItemText(IDC_DST_NOTE, note);
+}
+
+}  // namespace qlm

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "app/command.h"
+#include "document/dst.h"
+#include "support/file_time.h"
+#include "ui/framework/dialog.h"
+
+namespace qlm {
+
+// Edits one destination. Shows the name that its pattern gives while it is typed.
+class CDstDialog : public my::CDialog {
+ public:
+  using CConfirm = std::function<void(const CDst&)>;
+
+  // The context outlives the dialog. OK hands the destination to `confirm`, which throws what is wrong with
+  // it: then that is shown, and the dialog stays. `newestWriteTime` is that of the name shown; none: now.
+  CDstDialog(CAppContext& context, CDst dst, CConfirm confirm, my::CFileTime newestWriteTime = {});
+
+ protected:
+  std::vector<my::CAnchor> Anchors() const override;
+  bool OnInit() override;
+  void OnOk() override;
+  bool OnCommand(int id, int code) override;
+
+ private:
+  void InitTypes() const;
+  CDst EditedDst() const;
+  void FocusOffender(uint32_t failureId) const;
+  void Browse();
+  void FitExtension();
+  void OfferTokens();
+  void InsertToken(size_t index);
+  void ShowEffect() const;
+  void ShowPreview() const;
+  void ShowNote() const;
+
+  CAppContext& m_context;
+  CDst m_dst;
+  CConfirm m_confirm;
+  my::CFileTime m_time;
+  std::wstring m_taskId;  // of the name shown
+};
+
+}  // namespace qlm

@@ -1,0 +1,130 @@
+#include "ui/dialogs/filter_dialog.h"
+
+#include <utility>
+
+#include "control_ids.h"
+#include "document/text_file.h"
+#include "platform/message_texts.h"
+#include "platform/shell.h"
+#include "support/paths.h"
+#include "support/strings.h"
+#include "text_ids.h"
+#include "ui/models/filter_question.h"
+
+namespace qlm {
+
+CFilterDialog::CFilterDialog(CAppContext& context, std::wstring path, std::wstring source)
+    : CListDialog(context, IDD_FILTER, context.settings.filterDlg),
+      m_path(std::move(path)),
+      m_source(my::JoinPath(source, L"")),
+      m_model(context.settings.ui, context.ports.engine.texts) {}
+
+std::vector<my::CAnchor> CFilterDialog::Anchors() const {
+  using my::kBottom, my::kLeft, my::kRight, my::kTop;
+  constexpr unsigned kWideAtBottom = kLeft | kRight | kBottom;
+  return {{IDC_FILTER_FILE, kLeft | kTop | kRight},
+          {IDC_FILTER_LINES, kLeft | kTop | kRight | kBottom},
+          {IDC_FILTER_STATUS, kWideAtBottom},
+          {IDC_FILTER_PATH_LABEL, kLeft | kBottom},
+          {IDC_FILTER_PATH, kWideAtBottom},
+          {IDC_FILTER_HINT, kWideAtBottom},
+          {IDC_FILTER_DECISION_LABEL, kLeft | kBottom},
+          {IDC_FILTER_DECISION, kWideAtBottom},
+          {IDC_FILTER_OPEN, kLeft | kBottom},
+          {IDC_FILTER_EDIT, kLeft | kBottom},
+          {IDC_FILTER_RELOAD, kLeft | kBottom},
+          {IDC_LIST_COPY, kLeft | kBottom},
+          {IDCANCEL, kRight | kBottom}};
+}
+
+bool CFilterDialog::OnInit() {
+  UseList(m_list, m_model, IDC_FILTER_LINES, IDM_FILTER);
+  Load();
+  ::SetFocus(Item(IDC_FILTER_PATH));
+  return false;
+}
+
+bool CFilterDialog::Execute(int id, int code) {
+  switch (id) {
+    case IDC_FILTER_PATH:
+      if (code == EN_CHANGE) Decide();
+      return true;
+    case IDC_FILTER_OPEN: Open(); return true;
+    case IDC_FILTER_EDIT: Edit(); return true;
+    case IDC_FILTER_RELOAD: Load(); return true;
+    default: return false;
+  }
+}
+
+bool CFilterDialog::OnKey(UINT key) {
+  if (key != VK_F5) return false;
+  Load();
+  return true;
+}
+
+void CFilterDialog::Open() {
+  const auto path = m_context.dialogs.AskOpenPath(FilterQuestion(Texts(), m_path));
+  if (!path) return;
+  m_path = *path;
+  Load();
+}
+
+// Few systems know a program for .flt files.
+void CFilterDialog::Edit() {
+  my::IShell& shell = m_context.ports.shell;
+  try {
+    shell.Open(m_path);
+  } catch (const my::CException& failure) {
+    if (!failure.SystemError().Is(my::kErrorNoAssociation)) throw;
+    shell.Run(L"notepad.exe", L"\"" + m_path + L"\"");
+  }
+}
+
+void CFilterDialog::Load() {
+  SetItemText(IDC_FILTER_FILE, m_path);
+  const CEnginePorts& ports = m_context.ports.engine;
+  std::vector<std::wstring> lines;
+  const my::CSimpleErr error =
+      my::TrapError(Texts(), [&] { lines = ReadTextLines(ports.files, ports.ansi, m_path); });
+  m_model.Show(std::move(lines));
+  m_list.Refresh();
+  m_hasErrors = error || m_model.HasErrors();
+  SetItemText(IDC_FILTER_STATUS, error ? my::OneLine(error.message) : CountsText());
+  Decide();
+}
+
+std::wstring CFilterDialog::CountsText() const {
+  size_t errors = 0;
+  for (const CFilterItem* item : m_list.Items()) {
+    if (item && item->error) ++errors;
+  }
+  return Text(IDS_FILTER_LINE_COUNTS, {std::to_wstring(m_model.RowCount()), std::to_wstring(errors)});
+}
+
+// Relative to the source, also when it was typed with it.
+std::wstring CFilterDialog::TypedPath() const {
+  const std::wstring path = ItemText(IDC_FILTER_PATH);
+  const bool isFull = !m_source.empty() && my::EqualNoCase(path.substr(0, m_source.size()), m_source);
+  return isFull ? path.substr(m_source.size()) : path;
+}
+
+void CFilterDialog::Decide() {
+  const std::wstring path = TypedPath();
+  CFilterCheckModel::CDecision decision;
+  const my::CSimpleErr error = my::TrapError(Texts(), [&] {
+    if (!path.empty()) decision = m_model.Decide(path);
+  });
+  SetItemText(IDC_FILTER_DECISION, error ? my::OneLine(error.message) : DecisionText(decision));
+  if (decision.row)
+    ShowRow(*decision.row);
+  else
+    m_list.Select({});
+}
+
+std::wstring CFilterDialog::DecisionText(const CFilterCheckModel::CDecision& decision) const {
+  if (!decision.row) return decision.text;
+  const uint32_t id = decision.excluded ? IDS_FILTER_EXCLUDED_BY : IDS_FILTER_INCLUDED_BY;
+  return Text(id, {std::to_wstring(*decision.row + 1)});
+}
+
+}  // namespace qlm

@@ -1,0 +1,192 @@
+#include "ui/dialogs/general_page.h"
+
+#include <algorithm>
+
+#include "app/command.h"
+#include "app/password.h"
+#include "control_ids.h"
+#include "engine/archive_writer.h"
+#include "platform/file_system.h"
+#include "platform/message_texts.h"
+#include "settings/settings.h"
+#include "support/secret.h"
+#include "support/strings.h"
+#include "text_ids.h"
+#include "ui/framework/controls.h"
+#include "ui/framework/file_dialogs.h"
+#include "ui/framework/file_version.h"
+
+namespace qlm {
+namespace {
+
+constexpr int kPasswordTypes = IDS_PASSWORD_TYPE_SAVE - IDS_PASSWORD_TYPE_EXEC + 1;
+constexpr int kPowerOffTypes = IDS_POWER_OFF_TYPE_POWEROFF - IDS_POWER_OFF_TYPE_LOGOFF + 1;
+
+// To ourselves: the text of the archiver's combo box is settled now.
+constexpr UINT kSettled = WM_APP;
+
+}  // namespace
+
+CGeneralPage::CGeneralPage(CAppContext& context) : CSettingsPage(IDD_GENERAL_PAGE), m_context(context) {}
+
+std::wstring CGeneralPage::Title() const {
+  return m_context.ports.engine.texts.Text(IDS_GENERAL_PAGE);
+}
+
+void CGeneralPage::Store(CSettings& settings) {
+  CArchiveSetting archive = settings.archive;
+  const my::CWipeAtEnd wipe(archive.password);
+  archive.sevenZipPath = ArchiverPath();
+  archive.passwordType = static_cast<PasswordType>(my::Chosen(Item(IDC_PASSWORD_TYPE)));
+  archive.hidePassword = IsChecked(IDC_HIDE_PASSWORD);
+  if (archive.passwordType == PasswordType::SAVE) {
+    my::Wipe(archive.password);
+    archive.password = ItemText(IDC_PASSWORD);
+  }
+  SetArchiveSetting(settings.archive, archive);
+  settings.ui.powerOffType = static_cast<PowerOffType>(my::Chosen(Item(IDC_POWER_OFF_TYPE)));
+  settings.ui.hybridShutdown = IsChecked(IDC_HYBRID_SHUTDOWN);
+  settings.ui.installUpdates = IsChecked(IDC_INSTALL_UPDATES);
+}
+
+void CGeneralPage::FocusRefused() {
+  FocusItem(IDC_PASSWORD);
+}
+
+bool CGeneralPage::OnInit() {
+  InitArchiver();
+  InitPassword();
+  InitPowerOff();
+  return false;
+}
+
+void CGeneralPage::InitArchiver() {
+  std::vector<std::wstring> paths = ArchiverCandidates(m_context.ports.folders);
+  const std::wstring& own = m_context.settings.archive.sevenZipPath;
+  std::erase_if(paths, [&](const std::wstring& path) {
+    return my::EqualNoCase(path, own) ||
+           my::KindIfKnown(m_context.ports.engine.files, path) != my::PathKind::FILE;
+  });
+  if (!own.empty()) paths.insert(paths.begin(), own);
+  my::FillCombo(Item(IDC_ARCHIVER_PATH), paths);
+  SetItemText(IDC_ARCHIVER_PATH, own);
+  ShowArchiverVersion();
+}
+
+void CGeneralPage::InitPassword() {
+  const CArchiveSetting& setting = m_context.settings.archive;
+  my::FillFromTexts(Item(IDC_PASSWORD_TYPE), m_context.ports.engine.texts, IDS_PASSWORD_TYPE_EXEC,
+                    kPasswordTypes, static_cast<int>(setting.passwordType));
+  SetItemText(IDC_PASSWORD, setting.password);
+  SetChecked(IDC_HIDE_PASSWORD, setting.hidePassword);
+  my::MaskPassword(Item(IDC_PASSWORD), setting.hidePassword);
+  ShowPasswordType();
+}
+
+void CGeneralPage::InitPowerOff() {
+  const CUISetting& setting = m_context.settings.ui;
+  my::FillFromTexts(Item(IDC_POWER_OFF_TYPE), m_context.ports.engine.texts, IDS_POWER_OFF_TYPE_LOGOFF,
+                    kPowerOffTypes, static_cast<int>(setting.powerOffType));
+  SetChecked(IDC_HYBRID_SHUTDOWN, setting.hybridShutdown);
+  SetChecked(IDC_INSTALL_UPDATES, setting.installUpdates);
+  ShowPowerOffType();
+}
+
+bool CGeneralPage::OnCommand(int id, int code) {
+  switch (id) {
+    case IDC_ARCHIVER_PATH: return OnArchiverPath(code);
+    case IDC_ARCHIVER_BROWSE: BrowseArchiver(); return true;
+    case IDC_PASSWORD:
+      if (code == EN_CHANGE) ReportChange();
+      return true;
+    case IDC_PASSWORD_TYPE:
+      if (code != CBN_SELCHANGE) return false;
+      ShowPasswordType();
+      break;
+    case IDC_POWER_OFF_TYPE:
+      if (code != CBN_SELCHANGE) return false;
+      ShowPowerOffType();
+      break;
+    case IDC_HIDE_PASSWORD: my::MaskPassword(Item(IDC_PASSWORD), IsChecked(id)); break;
+    case IDC_HYBRID_SHUTDOWN:
+    case IDC_INSTALL_UPDATES: break;
+    default: return false;
+  }
+  ReportChange();
+  return true;
+}
+
+bool CGeneralPage::OnArchiverPath(int code) {
+  switch (code) {
+    case CBN_EDITCHANGE:
+      // A half-typed path may be that of a slow server: it is looked at when the user goes on.
+      SetItemText(IDC_ARCHIVER_VERSION, {});
+      ReportChange();
+      return true;
+    case CBN_SELCHANGE:
+      ReportChange();
+      // The edit takes the list's text only after this.
+      ::PostMessageW(Hwnd(), kSettled, 0, 0);
+      return true;
+    case CBN_KILLFOCUS: ShowArchiverVersion(); return true;
+    default: return false;
+  }
+}
+
+std::optional<LRESULT> CGeneralPage::OnMessage(UINT message, WPARAM, LPARAM) {
+  if (message != kSettled) return {};
+  ShowArchiverVersion();
+  return 0;
+}
+
+void CGeneralPage::OnClosed(int) {
+  my::WipePassword(Item(IDC_PASSWORD));
+}
+
+void CGeneralPage::BrowseArchiver() {
+  const my::IMessageTexts& texts = m_context.ports.engine.texts;
+  my::CFileDialogParams params;
+  params.kinds = {{texts.Text(IDS_ARCHIVER_FILES), L"7z.exe"}, {texts.Text(IDS_PROGRAM_FILES), L"*.exe"}};
+  params.initialPath = ArchiverPath();
+  params.flags |= OFN_FILEMUSTEXIST;
+  const auto path = my::AskOpenPath(::GetAncestor(Hwnd(), GA_ROOT), params);
+  if (!path) return;
+  SetItemText(IDC_ARCHIVER_PATH, *path);
+  ShowArchiverVersion();
+  ReportChange();
+}
+
+void CGeneralPage::ShowArchiverVersion() {
+  const my::IMessageTexts& texts = m_context.ports.engine.texts;
+  const std::wstring path = ArchiverPath();
+  if (path.empty() || my::KindIfKnown(m_context.ports.engine.files, path) != my::PathKind::FILE) {
+    return SetItemText(IDC_ARCHIVER_VERSION, texts.Text(IDS_ARCHIVER_NOT_FOUND));
+  }
+  const auto version = my::ReadFileVersion(path);
+  SetItemText(IDC_ARCHIVER_VERSION,
+              version ? version->product + L" " + version->version : texts.Text(IDS_ARCHIVER_UNKNOWN));
+}
+
+void CGeneralPage::ShowPasswordType() {
+  const int type = my::Chosen(Item(IDC_PASSWORD_TYPE));
+  const UINT text = IDS_PASSWORD_DESC_EXEC + static_cast<UINT>(type);
+  SetItemText(IDC_PASSWORD_DESC, m_context.ports.engine.texts.Text(text));
+  EnableItem(IDC_PASSWORD, static_cast<PasswordType>(type) == PasswordType::SAVE);
+}
+
+void CGeneralPage::ShowPowerOffType() {
+  const int type = my::Chosen(Item(IDC_POWER_OFF_TYPE));
+  const UINT text = IDS_POWER_OFF_DESC_LOGOFF + static_cast<UINT>(type);
+  SetItemText(IDC_POWER_OFF_DESC, m_context.ports.engine.texts.Text(text));
+  const bool turnsOff = static_cast<PowerOffType>(type) == PowerOffType::POWEROFF;
+  EnableItem(IDC_HYBRID_SHUTDOWN, turnsOff);
+  EnableItem(IDC_INSTALL_UPDATES, turnsOff);
+}
+
+// Without the quotation marks that a path copied from the file manager has.
+std::wstring CGeneralPage::ArchiverPath() const {
+  const std::wstring text = ItemText(IDC_ARCHIVER_PATH);
+  return std::wstring(my::Trim(text, L" \t\r\n\""));
+}
+
+}  // namespace qlm

@@ -1,0 +1,142 @@
+#include "ui/dialogs/replace_dialog.h"
+
+#include <utility>
+
+#include "app/command.h"
+#include "app/messenger.h"
+#include "app/replace_tool.h"
+#include "control_ids.h"
+#include "platform/message_texts.h"
+#include "settings/settings.h"
+#include "text_ids.h"
+#include "ui/framework/controls.h"
+
+namespace qlm {
+namespace {
+
+constexpr int kFirstColumn = IDC_REPLACE_TASK_ID;
+constexpr int kLastColumn = IDC_REPLACE_DST_PATTERN;
+
+// To ourselves: the text of a combo box is settled now.
+constexpr UINT kSettled = WM_APP;
+
+constexpr ReplaceCol ColumnOf(int id) {
+  return 1u << (id - kFirstColumn);
+}
+
+bool IsAboutExpression(const my::CException& failure) {
+  switch (failure.Id()) {
+    case IDS_REGEX_ERROR:
+    case IDS_REGEX_TOO_COMPLEX:
+    case IDS_REGEX_INVALID: return true;
+    default: return false;
+  }
+}
+
+}  // namespace
+
+CReplaceDialog::CReplaceDialog(CAppContext& context, std::function<void()> closed)
+    : CDialog(IDD_REPLACE, &context.settings.replaceDlg), m_context(context), m_closed(std::move(closed)) {}
+
+void CReplaceDialog::Refresh() {
+  if (!Hwnd() || !m_context.replace.IsOpen()) return;
+  m_context.replace.Refresh(ReadOptions());
+  ShowState();
+}
+
+std::vector<my::CAnchor> CReplaceDialog::Anchors() const {
+  using namespace my;
+  return {{IDC_REPLACE_ROW_GROUP, kLeft | kTop | kRight},
+          {IDC_REPLACE_COL_GROUP, kLeft | kTop | kRight},
+          {IDC_REPLACE_SRC, kLeft | kTop | kRight},
+          {IDC_REPLACE_DST, kLeft | kTop | kRight},
+          {IDC_REPLACE_COUNTS, kLeft | kTop | kRight},
+          {IDC_REPLACE_STATUS, kLeft | kTop | kRight | kBottom},
+          {IDOK, kRight | kBottom},
+          {IDCANCEL, kRight | kBottom}};
+}
+
+bool CReplaceDialog::OnInit() {
+  ShowOptions(m_context.replace.Options());
+  Refresh();
+  ::SetFocus(Item(IDC_REPLACE_SRC));
+  return false;
+}
+
+void CReplaceDialog::OnOk() {
+  try {
+    m_context.replace.Commit(ReadOptions());
+  } catch (const my::CException& failure) {
+    ShowState();
+    m_context.messenger.ShowError(failure);
+    // What the document refuses was made by the new text.
+    return FocusItem(IsAboutExpression(failure) ? IDC_REPLACE_SRC : IDC_REPLACE_DST);
+  }
+  Close(IDOK);
+}
+
+bool CReplaceDialog::OnCommand(int id, int code) {
+  switch (id) {
+    case IDC_REPLACE_SRC:
+    case IDC_REPLACE_DST:
+      if (code == CBN_EDITCHANGE) Refresh();
+      // The edit takes the list's text only after these.
+      if (code == CBN_SELCHANGE || code == CBN_CLOSEUP) ::PostMessageW(Hwnd(), kSettled, 0, 0);
+      return true;
+    default:
+      if (id < IDC_REPLACE_ROW_ALL || id > IDC_REPLACE_PREVIEW || code != BN_CLICKED) return false;
+      Refresh();
+      return true;
+  }
+}
+
+std::optional<LRESULT> CReplaceDialog::OnMessage(UINT message, WPARAM, LPARAM) {
+  if (message != kSettled) return {};
+  Refresh();
+  return 0;
+}
+
+void CReplaceDialog::OnClosed(int) {
+  if (m_context.replace.IsOpen()) m_context.replace.Cancel(m_context.replace.Options());
+  if (m_closed) m_closed();
+}
+
+void CReplaceDialog::ShowOptions(const CReplaceOptions& options) const {
+  SetChecked(IDC_REPLACE_ROW_ALL + static_cast<int>(options.row), true);
+  for (int id = kFirstColumn; id <= kLastColumn; ++id) SetChecked(id, (options.col & ColumnOf(id)) != 0);
+  my::FillCombo(Item(IDC_REPLACE_SRC), m_context.replace.Setting().srcs.Items());
+  SetItemText(IDC_REPLACE_SRC, options.src);
+  my::FillCombo(Item(IDC_REPLACE_DST), m_context.replace.Setting().dsts.Items());
+  SetItemText(IDC_REPLACE_DST, options.dst);
+  SetChecked(IDC_REPLACE_REGEX, options.regex);
+  SetChecked(IDC_REPLACE_PREVIEW, options.preview);
+}
+
+CReplaceOptions CReplaceDialog::ReadOptions() const {
+  CReplaceOptions options;
+  if (IsChecked(IDC_REPLACE_ROW_SELECTED)) options.row = ReplaceRow::SELECTED;
+  if (IsChecked(IDC_REPLACE_ROW_FOCUSED)) options.row = ReplaceRow::FOCUSED;
+  for (int id = kFirstColumn; id <= kLastColumn; ++id) {
+    if (IsChecked(id)) options.col |= ColumnOf(id);
+  }
+  options.src = ItemText(IDC_REPLACE_SRC);
+  options.dst = ItemText(IDC_REPLACE_DST);
+  options.regex = IsChecked(IDC_REPLACE_REGEX);
+  options.preview = IsChecked(IDC_REPLACE_PREVIEW);
+  return options;
+}
+
+void CReplaceDialog::ShowState() const {
+  const my::IMessageTexts& texts = m_context.ports.engine.texts;
+  const CReplaceTool& tool = m_context.replace;
+  const my::CMsgArg counts[] = {std::to_wstring(tool.TaskCount()), std::to_wstring(tool.DstCount())};
+  SetItemText(IDC_REPLACE_COUNTS, my::MakeText(texts, IDS_REPLACE_COUNTS, counts));
+  std::wstring status;
+  if (tool.Error())
+    status = my::MakeErrorText(texts, *tool.Error());
+  else if (tool.Options().regex && tool.Options().src.empty())
+    status = texts.Text(IDS_REGEX_EMPTY);  // OK changes nothing then
+  SetItemText(IDC_REPLACE_STATUS, status);
+}
+
+}  // namespace qlm

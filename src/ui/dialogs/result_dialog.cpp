@@ -1,0 +1,81 @@
+#include "ui/dialogs/result_dialog.h"
+
+#include <commctrl.h>
+#include <commdlg.h>
+
+#include "app/explorer_commands.h"
+#include "control_ids.h"
+#include "platform/message_texts.h"
+#include "platform/safe_file.h"
+#include "text_ids.h"
+#include "ui/dialogs/target_dialog.h"
+
+namespace qlm {
+
+std::vector<my::CAnchor> CResultDialog::Anchors() const {
+  using my::kBottom, my::kLeft, my::kRight, my::kTop;
+  return {{IDC_RESULT_LIST, kLeft | kTop | kRight | kBottom},
+          {IDC_RESULT_OPEN, kLeft | kBottom},
+          {IDC_RESULT_TARGETS, kLeft | kBottom},
+          {IDC_LIST_COPY, kLeft | kBottom},
+          {IDC_RESULT_SAVE, kLeft | kBottom},
+          {IDCANCEL, kRight | kBottom}};
+}
+
+bool CResultDialog::OnInit() {
+  UseList(m_list, m_model, IDC_RESULT_LIST, IDM_RESULTS);
+  m_list.Events().activate = [this](size_t) { OnCommand(IDC_RESULT_TARGETS, BN_CLICKED); };
+  return true;
+}
+
+void CResultDialog::RowsChanged() {
+  if (!m_list.Hwnd()) return;
+  const bool follow = IsAtEnd();
+  m_list.Refresh();
+  if (follow && m_model.RowCount() != 0) m_list.EnsureVisible(m_model.RowCount() - 1);
+}
+
+bool CResultDialog::IsAtEnd() const {
+  const HWND list = m_list.Hwnd();
+  return ListView_GetTopIndex(list) + ListView_GetCountPerPage(list) >= ListView_GetItemCount(list);
+}
+
+bool CResultDialog::Execute(int id, int) {
+  switch (id) {
+    case IDC_RESULT_OPEN: OpenDestination(); return true;
+    case IDC_RESULT_TARGETS: ShowTargets(); return true;
+    case IDC_RESULT_SAVE: SaveCsv(); return true;
+    default: return false;
+  }
+}
+
+bool CResultDialog::OnListKey(UINT key) {
+  if (CListDialog::OnListKey(key)) return true;
+  if (!IsControlDown()) return false;
+  switch (key) {
+    case L'O': OnCommand(IDC_RESULT_OPEN, BN_CLICKED); return true;
+    case L'S': OnCommand(IDC_RESULT_SAVE, BN_CLICKED); return true;
+    default: return false;
+  }
+}
+
+void CResultDialog::OpenDestination() {
+  const auto pathOf = [](const CResults& rows, size_t row) { return DestinationOf(rows, row); };
+  CCommandExplorerResult(m_context, m_list.Items(), m_list, pathOf, true).Execute(true);
+}
+
+void CResultDialog::ShowTargets() {
+  CTargetDialog(m_context, m_list.RequireFocusedItem()).DoModal(Hwnd());
+}
+
+void CResultDialog::SaveCsv() {
+  CFileQuestion question;
+  question.kinds = {{Text(IDS_CSV_KIND), L"*.csv"}};
+  question.defaultExtension = L"csv";
+  question.flags = OFN_EXPLORER | OFN_ENABLESIZING | OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY;
+  const auto path = m_context.dialogs.AskSavePath(question);
+  const CEnginePorts& engine = m_context.ports.engine;
+  if (path) my::WriteFileSafely(engine.files, engine.clock, *path, m_model.Csv());
+}
+
+}  // namespace qlm

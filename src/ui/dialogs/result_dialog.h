@@ -1,0 +1,36 @@
+#pragma once
+
+#include "control_ids.h"
+#include "ui/dialogs/list_dialog.h"
+#include "ui/dialogs/simple_list_view.h"
+#include "ui/models/result_list_model.h"
+
+namespace qlm {
+
+// Shows the rows of a run while it goes on. Modeless: it may be closed and created again.
+class CResultDialog final : public CListDialog {
+ public:
+  // The model outlives the dialog.
+  CResultDialog(CAppContext& context, const CResultListModel& model)
+      : CListDialog(context, IDD_RESULTS, context.settings.resultDlg), m_model(model) {}
+
+  // To be called when rows of the model were added, removed or changed, also while there is no window. A list
+  // that stands at its end follows the rows that are added.
+  void RowsChanged();
+
+ private:
+  std::vector<my::CAnchor> Anchors() const override;
+  bool OnInit() override;
+  bool Execute(int id, int code) override;
+  bool OnListKey(UINT key) override;
+
+  bool IsAtEnd() const;
+  void OpenDestination();
+  void ShowTargets();
+  void SaveCsv();
+
+  const CResultListModel& m_model;
+  CSimpleListView<CResults> m_list{m_model.Rows(), m_model};
+};
+
+}  // namespace qlm

@@ -1,0 +1,137 @@
+#include "ui/dialogs/settings_sheet.h"
+
+#include <commctrl.h>
+#include <uxtheme.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "app/command.h"
+#include "app/messenger.h"
+#include "control_ids.h"
+#include "settings/settings.h"
+#include "support/secret.h"
+#include "ui/dialogs/design_page.h"
+#include "ui/dialogs/general_page.h"
+#include "ui/framework/controls.h"
+
+namespace qlm {
+
+CSettingsSheet::CSettingsSheet(CAppContext& context, size_t firstPage, FPreview preview)
+    : CDialog(IDD_SETTINGS), m_context(context), m_preview(std::move(preview)) {
+  m_pages.push_back(std::make_unique<CGeneralPage>(context));
+  m_pages.push_back(
+      std::make_unique<CDesignPage>(context, [this](const CDesignSetting& design) { Preview(design); }));
+  m_shown = std::min(firstPage, m_pages.size() - 1);
+}
+
+bool CSettingsSheet::OnInit() {
+  m_cancelled = false;
+  for (const auto& page : m_pages) AddPage(*page);
+  TabCtrl_SetCurSel(Item(IDC_SETTINGS_TAB), static_cast<int>(m_shown));
+  ShowPage(m_shown);
+  EnableItem(IDC_APPLY, false);
+  ::SetFocus(::GetNextDlgTabItem(m_pages[m_shown]->Hwnd(), nullptr, FALSE));
+  return false;
+}
+
+void CSettingsSheet::OnOk() {
+  if (Apply()) Close(IDOK);
+}
+
+// The main window shows what was being tried.
+void CSettingsSheet::OnCancel() {
+  m_cancelled = true;
+  try {
+    m_preview(m_context.settings.design);
+  } catch (const my::CException&) {
+    // A picture that could not be read before the sheet opened either.
+  }
+  Close(IDCANCEL);
+}
+
+// A control that loses the keyboard because the sheet goes has nothing to show any more.
+void CSettingsSheet::Preview(const CDesignSetting& design) const {
+  if (!m_cancelled) m_preview(design);
+}
+
+bool CSettingsSheet::OnCommand(int id, int code) {
+  if (id != IDC_APPLY || code != BN_CLICKED) return false;
+  // A disabled button would keep the keyboard to itself.
+  if (Apply()) {
+    FocusItem(IDOK);
+    EnableItem(IDC_APPLY, false);
+  }
+  return true;
+}
+
+std::optional<LRESULT> CSettingsSheet::OnNotify(const NMHDR& header) {
+  if (header.idFrom != IDC_SETTINGS_TAB || header.code != TCN_SELCHANGE) return {};
+  ShowPage(static_cast<size_t>(TabCtrl_GetCurSel(header.hwndFrom)));
+  return 0;
+}
+
+void CSettingsSheet::OnDpiChanged() {
+  RECT area = PageArea();
+  for (const auto& page : m_pages) {
+    ::SendMessageW(page->Hwnd(), WM_DPICHANGED, MAKEWPARAM(Dpi(), Dpi()), reinterpret_cast<LPARAM>(&area));
+  }
+}
+
+void CSettingsSheet::AddPage(CSettingsPage& page) {
+  const HWND tab = Item(IDC_SETTINGS_TAB);
+  std::wstring title = page.Title();
+  TCITEMW item{};
+  item.mask = TCIF_TEXT;
+  item.pszText = title.data();
+  TabCtrl_InsertItem(tab, TabCtrl_GetItemCount(tab), &item);
+
+  page.CreateModeless(Hwnd(), m_pageKeys);
+  ::EnableThemeDialogTexture(page.Hwnd(), ETDT_ENABLETAB);
+  const RECT area = PageArea();
+  ::SetWindowPos(page.Hwnd(), HWND_TOP, area.left, area.top, area.right - area.left, area.bottom - area.top,
+                 SWP_HIDEWINDOW | SWP_NOACTIVATE);
+  page.SetChanged([this] { EnableItem(IDC_APPLY, true); });
+}
+
+RECT CSettingsSheet::PageArea() const {
+  const HWND tab = Item(IDC_SETTINGS_TAB);
+  RECT area{};
+  ::GetWindowRect(tab, &area);
+  ::MapWindowPoints(nullptr, Hwnd(), reinterpret_cast<POINT*>(&area), 2);
+  TabCtrl_AdjustRect(tab, FALSE, &area);
+  return area;
+}
+
+void CSettingsSheet::ShowPage(size_t index) {
+  m_shown = index;
+  for (size_t i = 0; i < m_pages.size(); ++i) {
+    ::ShowWindow(m_pages[i]->Hwnd(), i == index ? SW_SHOWNA : SW_HIDE);
+  }
+}
+
+bool CSettingsSheet::Apply() {
+  CSettings edited = m_context.settings;
+  const my::CWipeAtEnd wipe(edited.archive.password);
+  if (!StorePages(edited)) return false;
+  my::Wipe(m_context.settings.archive.password);
+  m_context.settings = edited;
+  return true;
+}
+
+bool CSettingsSheet::StorePages(CSettings& settings) {
+  for (size_t i = 0; i < m_pages.size(); ++i) {
+    try {
+      m_pages[i]->Store(settings);
+    } catch (const my::CException& failure) {
+      TabCtrl_SetCurSel(Item(IDC_SETTINGS_TAB), static_cast<int>(i));
+      ShowPage(i);
+      m_context.messenger.ShowError(failure);
+      m_pages[i]->FocusRefused();
+      return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace qlm

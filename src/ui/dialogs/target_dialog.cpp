@@ -1,0 +1,167 @@
+#include "ui/dialogs/target_dialog.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <utility>
+
+#include "app/explorer_commands.h"
+#include "control_ids.h"
+#include "platform/message_texts.h"
+#include "text_ids.h"
+#include "ui/framework/dpi.h"
+
+namespace qlm {
+namespace {
+
+constexpr bool LettersStandFor(std::initializer_list<uint32_t> bits) {
+  return std::ranges::equal(kAttributeLetters, bits, {}, &CAttributeLetter::bit);
+}
+
+static_assert(LettersStandFor({FILE_ATTRIBUTE_READONLY, FILE_ATTRIBUTE_HIDDEN, FILE_ATTRIBUTE_SYSTEM,
+                               FILE_ATTRIBUTE_DIRECTORY, FILE_ATTRIBUTE_ARCHIVE, FILE_ATTRIBUTE_TEMPORARY,
+                               FILE_ATTRIBUTE_SPARSE_FILE, FILE_ATTRIBUTE_REPARSE_POINT,
+                               FILE_ATTRIBUTE_COMPRESSED, FILE_ATTRIBUTE_OFFLINE,
+                               FILE_ATTRIBUTE_NOT_CONTENT_INDEXED, FILE_ATTRIBUTE_ENCRYPTED}));
+
+// More than these would not be seen on one line.
+constexpr size_t kNamedFolders = 8;
+
+}  // namespace
+
+LRESULT CTargetDialog::CView::OnCustomDraw(NMLVCUSTOMDRAW& draw) {
+  const LRESULT result = CListView::OnCustomDraw(draw);
+  const bool isNewest = draw.nmcd.dwDrawStage == CDDS_ITEMPREPAINT && m_newestRow == draw.nmcd.dwItemSpec;
+  if (!isNewest) return result;
+  ::SelectObject(draw.nmcd.hdc, BoldFont());
+  return result | CDRF_NEWFONT;
+}
+
+HFONT CTargetDialog::CView::BoldFont() {
+  if (m_fontDpi != Dpi()) {
+    LOGFONTW font = my::MessageLogFont(Dpi());
+    font.lfWeight = FW_BOLD;
+    m_font = my::CFont(::CreateFontIndirectW(&font));
+    m_fontDpi = Dpi();
+  }
+  return m_font.Get();
+}
+
+CTargetDialog::CTargetDialog(CAppContext& context, CResultPtr result)
+    : CListDialog(context, IDD_TARGETS, context.settings.targetDlg),
+      m_result(std::move(result)),
+      m_model(m_result->targets, context.ports.engine.texts, context.ports.engine.clock) {}
+
+std::vector<my::CAnchor> CTargetDialog::Anchors() const {
+  using my::kBottom, my::kLeft, my::kRight, my::kTop;
+  constexpr unsigned kWide = kLeft | kTop | kRight;
+  constexpr unsigned kWideAtBottom = kLeft | kRight | kBottom;
+  return {{IDC_TARGET_SOURCE, kWide},
+          {IDC_TARGET_BACKUP, kWide},
+          {IDC_TARGET_STATE, kWide},
+          {IDC_TARGET_SEARCH, kWide},
+          {IDC_TARGET_NEXT, kRight | kTop},
+          {IDC_TARGET_FOUND, kRight | kTop},
+          {IDC_TARGET_LIST, kLeft | kTop | kRight | kBottom},
+          {IDC_TARGET_COUNTS, kWideAtBottom},
+          {IDC_TARGET_NEWEST, kWideAtBottom},
+          {IDC_TARGET_UNLISTED, kWideAtBottom},
+          {IDC_TARGET_SHOW_SOURCE, kLeft | kBottom},
+          {IDC_TARGET_SHOW_BACKUP, kLeft | kBottom},
+          {IDC_TARGET_GO_NEWEST, kLeft | kBottom},
+          {IDC_LIST_COPY, kLeft | kBottom},
+          {IDCANCEL, kRight | kBottom}};
+}
+
+bool CTargetDialog::OnInit() {
+  UseList(m_list, m_model, IDC_TARGET_LIST, IDM_TARGETS);
+  m_list.Events().activate = [this](size_t) { OnCommand(IDC_TARGET_SHOW_SOURCE, BN_CLICKED); };
+  ShowTexts();
+  EnableItem(IDC_TARGET_GO_NEWEST, m_model.NewestRow().has_value());
+  return true;
+}
+
+void CTargetDialog::ShowTexts() const {
+  const std::wstring& backup = m_result->destinationPath;
+  SetItemText(IDC_TARGET_SOURCE, m_result->task->path);
+  SetItemText(IDC_TARGET_BACKUP, backup.empty() ? Text(IDS_TARGET_NO_BACKUP) : backup);
+  SetItemText(IDC_TARGET_STATE, ResultText(Texts(), *m_result));
+  SetItemText(IDC_TARGET_COUNTS, m_model.CountsText());
+  SetItemText(IDC_TARGET_NEWEST, NewestText());
+  SetItemText(IDC_TARGET_UNLISTED, UnlistedText());
+}
+
+std::wstring CTargetDialog::NewestText() const {
+  const auto row = m_model.NewestRow();
+  if (!row) return Text(IDS_TARGET_NO_NEWEST);
+  return Text(IDS_TARGET_NEWEST,
+              {m_model.Text(*row, CTargetListModel::PATH), m_model.Text(*row, CTargetListModel::TIME)});
+}
+
+std::wstring CTargetDialog::UnlistedText() const {
+  const std::vector<CUnlistedFolder>& folders = m_result->targets->Unlisted();
+  if (folders.empty()) return {};
+  std::wstring names;
+  for (size_t i = 0; i < folders.size() && i < kNamedFolders; ++i) {
+    if (i != 0) names += L", ";
+    names += folders[i].folder.empty() ? m_result->task->path : folders[i].folder;
+  }
+  const std::wstring warning = Text(IDS_TARGET_UNLISTED, {GroupedText(folders.size()), names});
+  return Text(IDS_WARNING, {warning});
+}
+
+bool CTargetDialog::IsWarning(int controlId) const {
+  return controlId == IDC_TARGET_UNLISTED || (controlId == IDC_TARGET_STATE && m_result->error);
+}
+
+bool CTargetDialog::Execute(int id, int code) {
+  switch (id) {
+    case IDC_TARGET_SEARCH:
+      if (code == EN_CHANGE) Search(false);
+      return true;
+    case IDC_TARGET_NEXT: Search(true); return true;
+    case IDC_TARGET_GO_NEWEST: GoToNewest(); return true;
+    case IDC_TARGET_SHOW_SOURCE: ShowSource(); return true;
+    case IDC_TARGET_SHOW_BACKUP: ShowBackup(); return true;
+    default: return false;
+  }
+}
+
+bool CTargetDialog::OnKey(UINT key) {
+  if (key != VK_F3) return false;
+  Search(true);
+  return true;
+}
+
+// While the text is being typed, the row found for its beginning stays as long as it fits.
+void CTargetDialog::Search(bool next) {
+  const std::wstring text = ItemText(IDC_TARGET_SEARCH);
+  const auto focused = m_list.Focused();
+  const size_t start = focused ? *focused + (next ? 1 : 0) : 0;
+  const auto row = text.empty() ? std::nullopt : m_model.Find(text, start);
+  if (row) ShowRow(*row);
+  const bool missed = !text.empty() && !row;
+  SetItemText(IDC_TARGET_FOUND, missed ? Text(IDS_TARGET_NOT_FOUND) : std::wstring());
+}
+
+void CTargetDialog::GoToNewest() {
+  const auto row = m_model.NewestRow();
+  if (!row) return;
+  ShowRow(*row);
+  m_list.Focus();
+}
+
+void CTargetDialog::ShowSource() {
+  const auto pathOf = [this](const CTargets& targets, size_t row) {
+    return SourceOfTarget(*m_result, targets, row);
+  };
+  CCommandExplorerTarget(m_context, m_list.Items(), m_list, pathOf, false).Execute(true);
+}
+
+void CTargetDialog::ShowBackup() {
+  const auto pathOf = [this](const CTargets& targets, size_t row) {
+    return BackupOfTarget(*m_result, targets, row);
+  };
+  CCommandExplorerTarget(m_context, m_list.Items(), m_list, pathOf, false).Execute(true);
+}
+
+}  // namespace qlm

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "app/command.h"
+#include "ui/dialogs/simple_list_view.h"
+#include "ui/framework/dialog.h"
+#include "ui/models/task_dsts_model.h"
+
+namespace qlm {
+
+// Edits one task. What is not typed into a control of its own stays as it was.
+class CTaskDialog : public my::CDialog {
+ public:
+  using CConfirm = std::function<void(const CTask&)>;
+  using CCheckFilter = std::function<void(const std::wstring& filterPath, const std::wstring& sourcePath)>;
+
+  // The context outlives the dialog. OK hands the task to `confirm`, which throws what is wrong with it:
+  // then that is shown, and the dialog stays. `checkFilter` shows what a filter file does, over the dialog;
+  // what it throws is shown, too.
+  CTaskDialog(CAppContext& context, CTask task, CConfirm confirm, CCheckFilter checkFilter);
+
+ protected:
+  std::vector<my::CAnchor> Anchors() const override;
+  bool OnInit() override;
+  void OnOk() override;
+  bool OnCommand(int id, int code) override;
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  void OnClosed(int result) override;
+
+ private:
+  // The destinations; their order also by Alt and the arrow keys.
+  class CList : public CSimpleListView<CTaskDsts> {
+   public:
+    explicit CList(CTaskDialog& dialog)
+        : CSimpleListView(dialog.m_dsts.Dsts(), dialog.m_dsts), m_dialog(dialog) {}
+
+   private:
+    std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+    CTaskDialog& m_dialog;
+  };
+
+  void InitList();
+  void OnPathCommand(int code);
+  void WarnSoon() const;
+  void OnFilterCommand(int code);
+  void OnDstsChanged();
+  CTask EditedTask() const;
+  void FocusOffender(uint32_t failureId) const;
+  void Browse();
+  void BrowseFilter();
+  void CheckFilter();
+  void ProposeId();
+  void MoveDst(Step step);
+  void OpenDst();
+  void EnableMoving() const;
+  void ShowWarning() const;
+
+  CAppContext& m_context;
+  CTask m_task;
+  CConfirm m_confirm;
+  CCheckFilter m_checkFilter;
+  CTaskDstsModel m_dsts;
+  CList m_list{*this};
+  bool m_pathIsNew = false;  // no ID was proposed for it yet
+};
+
+}  // namespace qlm

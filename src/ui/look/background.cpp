@@ -1,0 +1,201 @@
+#include "ui/look/background.h"
+
+#include <algorithm>
+#include <exception>
+#include <vector>
+
+#include "ui/framework/dpi.h"
+#include "ui/look/character.h"
+#include "ui/look/high_contrast.h"
+#include "ui/models/background_model.h"
+
+namespace qlm {
+namespace {
+
+constexpr int kCharacterSize = 240;  // pixels at 96 DPI
+const my::CColor kDefaultBrush = CDesignSetting().bkBrushColor;
+
+CExtent ExtentOf(SIZE size) {
+  return {static_cast<int>(size.cx), static_cast<int>(size.cy)};
+}
+
+// The largest view that there can be.
+CExtent ScreenExtent() {
+  return {::GetSystemMetrics(SM_CXVIRTUALSCREEN), ::GetSystemMetrics(SM_CYVIRTUALSCREEN)};
+}
+
+my::CColor SystemColor(int index) {
+  const COLORREF color = ::GetSysColor(index);
+  return {GetRValue(color), GetGValue(color), GetBValue(color)};
+}
+
+COLORREF ColorRef(my::CColor color) {
+  return RGB(color.red, color.green, color.blue);
+}
+
+BkImgType ImageOf(const CDesignSetting& design) {
+  return design.bkImgType == BkImgType::DEFAULT ? PickCharacter(design.random) : design.bkImgType;
+}
+
+// GDI+ works on the pixels in place.
+Gdiplus::Bitmap BitmapOn(std::vector<uint32_t>& pixels, SIZE size) {
+  return {static_cast<INT>(size.cx), static_cast<INT>(size.cy),
+          static_cast<INT>(size.cx * static_cast<LONG>(sizeof(uint32_t))), PixelFormat32bppPARGB,
+          reinterpret_cast<BYTE*>(pixels.data())};
+}
+
+Gdiplus::Rect RectOf(const my::CRect& rect) {
+  return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
+}
+
+}  // namespace
+
+void CBackground::SetDpi(UINT dpi) {
+  if (dpi == m_dpi) return;
+  m_dpi = dpi;
+  m_bitmap.reset();
+}
+
+void CBackground::SetDesign(const CDesignSetting& design) {
+  m_design = design;
+  m_bitmap.reset();
+  if (design.bkBrushType != BrushType::CUSTOM_BK) m_brush.reset();
+  if (design.bkImgType != BkImgType::CUSTOM) m_image.reset();
+  std::exception_ptr failure;
+  if (design.bkBrushType == BrushType::CUSTOM_BK)
+    failure = Load(m_brush, design.bkBrushPath, FitType::NONE, ImgOrigin::LT);
+  if (design.bkImgType == BkImgType::CUSTOM) {
+    const auto imageFailure = Load(m_image, design.bkImgPath, design.bkImgFitType, design.bkImgOrigin);
+    if (!failure) failure = imageFailure;
+  }
+  UsePlain();
+  if (failure) std::rethrow_exception(failure);
+}
+
+void CBackground::OnSystemChanged() {
+  UsePlain();
+  m_bitmap.reset();
+}
+
+std::exception_ptr CBackground::Load(std::optional<CLoaded>& loaded, const std::wstring& path, FitType fit,
+                                     ImgOrigin origin) {
+  if (path.empty()) loaded.reset();
+  if (path.empty() || (loaded && loaded->IsFor(path, fit, origin))) return nullptr;
+  const auto cut = [&](SIZE whole) -> my::CPictureCut {
+    const auto [part, size] = NeededPart(ExtentOf(whole), ScreenExtent(), fit, origin);
+    return {{part.left, part.top, part.right, part.bottom}, {size.width, size.height}};
+  };
+  try {
+    loaded = CLoaded{path, fit, origin, my::ReadPicture(path, cut)};
+    return nullptr;
+  } catch (...) {
+    return std::current_exception();
+  }
+}
+
+void CBackground::UsePlain() {
+  const BkImgType image = ImageOf(m_design);
+  const bool hasImage = image == BkImgType::CUSTOM ? m_image.has_value() : image != BkImgType::NONE;
+  m_plain = my::IsHighContrast() || (m_design.bkBrushType == BrushType::OS_DEFAULT && !hasImage);
+}
+
+void CBackground::Draw(HDC dc, HWND window, const RECT& area) {
+  Update();
+  Copy(*m_bitmap, dc, window, area);
+}
+
+void CBackground::DrawShade(HDC dc, HWND window, const RECT& area) {
+  Update();
+  Copy(*m_shade, dc, window, area);
+}
+
+void CBackground::Copy(const my::CPixelBitmap& bitmap, HDC dc, HWND window, const RECT& area) const {
+  POINT from{area.left, area.top};
+  ::MapWindowPoints(window, m_view, &from, 1);
+  ::BitBlt(dc, area.left, area.top, area.right - area.left, area.bottom - area.top, bitmap.Dc(), from.x,
+           from.y, SRCCOPY);
+}
+
+COLORREF CBackground::TextColor() const {
+  return ColorRef(Text());
+}
+
+COLORREF CBackground::Readable(my::CColor color) {
+  Update();
+  return ColorRef(my::Readable(color, m_luminance, my::NeedsDark(Text())));
+}
+
+my::CColor CBackground::Text() const {
+  return m_design.bkBrushType == BrushType::OS_DEFAULT ? SystemColor(COLOR_WINDOWTEXT) : m_design.textColor;
+}
+
+void CBackground::Update() {
+  RECT client{};
+  ::GetClientRect(m_view, &client);
+  const SIZE size{std::max(1L, client.right), std::max(1L, client.bottom)};
+  if (m_bitmap && m_bitmap->Size().cx == size.cx && m_bitmap->Size().cy == size.cy) return;
+  m_bitmap.emplace(size);
+  m_shade.emplace(size);
+  DrawBrush();
+  DrawImage();
+  m_luminance = LimitPixels(m_shade->Pixels(), Text());
+}
+
+void CBackground::DrawBrush() {
+  const BrushType type = m_design.bkBrushType;
+  my::CColor color = m_design.bkBrushColor;
+  if (type == BrushType::DEFAULT) color = kDefaultBrush;
+  if (type == BrushType::OS_DEFAULT) color = SystemColor(COLOR_WINDOW);
+  const int width = static_cast<int>(m_bitmap->Size().cx);
+  FillBrush(m_bitmap->Pixels(), width, type, color, static_cast<int>(m_dpi));
+  if (m_brush)
+    FillTiles(m_bitmap->Pixels(), width, m_brush->picture.pixels, static_cast<int>(m_brush->picture.size.cx));
+  std::ranges::copy(m_bitmap->Pixels(), m_shade->Pixels().begin());
+  if (!m_brush) return;
+  const my::CContrastTable table = my::CContrastTable::Soft(Text());
+  for (my::CPixel& pixel : m_shade->Pixels()) pixel = table.Apply(pixel);
+}
+
+void CBackground::DrawImage() {
+  const BkImgType type = ImageOf(m_design);
+  if (type == BkImgType::NONE || (type == BkImgType::CUSTOM && !m_image)) return;
+  const SIZE size = m_bitmap->Size();
+  std::vector<uint32_t> layer(m_bitmap->Pixels().size());
+  {
+    Gdiplus::Bitmap bitmap = BitmapOn(layer, size);
+    Gdiplus::Graphics graphics(&bitmap);
+    if (type == BkImgType::CUSTOM)
+      DrawPicture(graphics, size);
+    else
+      DrawCharacter(graphics, type, size);
+  }
+  Blend(m_bitmap->Pixels(), layer);
+  const my::CContrastTable table = my::CContrastTable::Soft(Text());
+  for (my::CPixel& pixel : layer) pixel = my::ApplyToLayer(table, pixel);
+  Blend(m_shade->Pixels(), layer);
+}
+
+void CBackground::DrawPicture(Gdiplus::Graphics& graphics, SIZE view) {
+  my::CPicture& picture = m_image->picture;
+  Gdiplus::Bitmap bitmap = BitmapOn(picture.pixels, picture.size);
+  const my::CRect place =
+      PlaceImage(ExtentOf(view), ExtentOf(picture.size), m_design.bkImgFitType, m_design.bkImgOrigin);
+  Gdiplus::ImageAttributes attributes;
+  attributes.SetWrapMode(Gdiplus::WrapModeTileFlipXY);  // or the edges would fade
+  graphics.SetInterpolationMode(Gdiplus::InterpolationModeHighQualityBicubic);
+  graphics.SetPixelOffsetMode(Gdiplus::PixelOffsetModeHalf);
+  graphics.DrawImage(&bitmap, RectOf(place), 0, 0, static_cast<INT>(picture.size.cx),
+                     static_cast<INT>(picture.size.cy), Gdiplus::UnitPixel, &attributes);
+}
+
+void CBackground::DrawCharacter(Gdiplus::Graphics& graphics, BkImgType type, SIZE view) const {
+  const int side = my::Scale(kCharacterSize, m_dpi);
+  const my::CRect place =
+      PlaceImage(ExtentOf(view), {side, side}, m_design.bkImgFitType, m_design.bkImgOrigin);
+  const Gdiplus::Rect rect = RectOf(place);
+  qlm::DrawCharacter(graphics, type,
+                     {static_cast<float>(rect.X), static_cast<float>(rect.Y), static_cast<float>(rect.Width),
+                      static_cast<float>(rect.Height)});
+}
+
+}  // namespace qlm

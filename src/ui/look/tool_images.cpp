@@ -1,0 +1,86 @@
+#include "ui/look/tool_images.h"
+
+#include <objidl.h>
+
+#include <memory>
+
+#include "control_ids.h"
+#include "platform/win32/com.h"
+#include "ui/framework/dpi.h"
+#include "ui/framework/gdiplus.h"
+
+namespace qlm {
+namespace {
+
+constexpr int kDesignSize = 16;  // pixels at 96 DPI
+
+constexpr struct {
+  int size;
+  int id;
+} kStrips[] = {{16, IDR_TOOLS_16}, {24, IDR_TOOLS_24}, {32, IDR_TOOLS_32}, {48, IDR_TOOLS_48}};
+
+// The largest strip that is not above the size wanted.
+auto StripFor(int wanted) {
+  auto found = kStrips[0];
+  for (const auto& strip : kStrips) {
+    if (strip.size <= wanted) found = strip;
+  }
+  return found;
+}
+
+std::unique_ptr<Gdiplus::Bitmap> LoadPicture(int id) {
+  const HRSRC resource = ::FindResourceW(nullptr, MAKEINTRESOURCEW(id), RT_RCDATA);
+  const HGLOBAL loaded = ::LoadResource(nullptr, resource);
+  const DWORD size = ::SizeofResource(nullptr, resource);
+  my::CComPtr<IStream> stream;
+  if (FAILED(::CreateStreamOnHGlobal(nullptr, TRUE, stream.Out()))) return nullptr;
+  stream->Write(::LockResource(loaded), size, nullptr);
+  auto picture = std::make_unique<Gdiplus::Bitmap>(stream.Get());
+  return picture->GetLastStatus() == Gdiplus::Ok ? std::move(picture) : nullptr;
+}
+
+// Wine draws menus without regard to the transparency of their pictures.
+bool BlendsMenuPictures() {
+  return ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "wine_get_version") == nullptr;
+}
+
+Gdiplus::Color MenuColor() {
+  Gdiplus::Color color;
+  color.SetFromCOLORREF(::GetSysColor(COLOR_MENU));
+  return color;
+}
+
+// One picture of the strip.
+my::CBitmap CutOut(Gdiplus::Bitmap& strip, int index, int size, const Gdiplus::Color& background) {
+  Gdiplus::Bitmap one(size, size, PixelFormat32bppPARGB);
+  Gdiplus::Graphics graphics(&one);
+  graphics.Clear(background);
+  graphics.DrawImage(&strip, Gdiplus::Rect(0, 0, size, size), index * size, 0, size, size,
+                     Gdiplus::UnitPixel);
+  HBITMAP bitmap = nullptr;
+  one.GetHBITMAP(Gdiplus::Color(0, 0, 0, 0), &bitmap);
+  return my::CBitmap(bitmap);
+}
+
+}  // namespace
+
+CToolImages::CToolImages(UINT dpi) {
+  const auto strip = StripFor(my::Scale(kDesignSize, dpi));
+  m_size = strip.size;
+  m_list = my::CImageList(::ImageList_Create(m_size, m_size, ILC_COLOR32, kToolIconCount, 0));
+  const auto picture = LoadPicture(strip.id);
+  const Gdiplus::Color transparent(0, 0, 0, 0);
+  const Gdiplus::Color menuColor = BlendsMenuPictures() ? transparent : MenuColor();
+  for (int i = 0; picture && i < kToolIconCount; ++i) {
+    const my::CBitmap clear = CutOut(*picture, i, m_size, transparent);
+    ::ImageList_Add(m_list.Get(), clear.Get(), nullptr);
+    m_bitmaps.push_back(CutOut(*picture, i, m_size, menuColor));
+  }
+}
+
+HBITMAP CToolImages::Bitmap(int command) const {
+  const auto index = static_cast<size_t>(ToolIconOf(command));
+  return index < m_bitmaps.size() ? m_bitmaps[index].Get() : nullptr;
+}
+
+}  // namespace qlm

@@ -1,0 +1,220 @@
+#include "ui/main_window/list_pane.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "control_ids.h"
+#include "platform/message_texts.h"
+#include "ui/framework/dpi.h"
+#include "ui/look/background.h"
+
+namespace qlm {
+namespace {
+
+// Pixels at 96 DPI.
+constexpr int kMargin = 6;
+constexpr int kGap = 4;
+constexpr int kButtonPadding = 12;
+constexpr int kButtonHeight = 24;
+constexpr int kRoomForDescription = 150;  // of the whole pane
+
+const my::CWindowClass& PaneClass() {
+  static const my::CWindowClass paneClass(L"QuillmoorListPane", 0, COLOR_BTNFACE + 1);
+  return paneClass;
+}
+
+}  // namespace
+
+void CListPane::CreateIn(HWND parent, int paneId, int listId, my::CListView::Boxes boxes, CPaneSpec spec) {
+  m_spec = std::move(spec);
+  my::CWindowParams params;
+  params.parent = parent;
+  params.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
+  params.exStyle = WS_EX_CONTROLPARENT;
+  params.controlId = paneId;
+  params.left = params.top = params.width = params.height = 0;
+  Create(PaneClass(), params);
+  // Screen readers take the text before a list for its name, so the title comes right before it.
+  for (const CPaneButton& button : m_spec.buttons)
+    m_buttons.push_back(AddControl(L"BUTTON", button.textId, WS_VISIBLE | WS_TABSTOP, button.id));
+  m_title = AddControl(L"STATIC", m_spec.titleId, WS_VISIBLE | SS_NOPREFIX, IDC_PANE_TITLE);
+  m_list.Create(Hwnd(), listId, boxes);
+  m_hint = AddControl(L"STATIC", m_spec.hintId, SS_CENTER | SS_NOPREFIX, IDC_PANE_HINT);
+  m_hintButton = AddControl(L"BUTTON", m_spec.hintButton.textId, WS_TABSTOP, m_spec.hintButton.id);
+  m_description = AddControl(L"STATIC", 0, SS_RIGHT | SS_NOPREFIX | SS_ENDELLIPSIS, IDC_PANE_DESCRIPTION);
+  UseDpi(my::WindowDpi(Hwnd()));
+  UseBackground();
+}
+
+HWND CListPane::AddControl(const wchar_t* className, uint32_t textId, DWORD style, int id) const {
+  const std::wstring text = textId ? m_texts.Text(textId) : std::wstring();
+  return ::CreateWindowExW(0, className, text.c_str(), WS_CHILD | style, 0, 0, 0, 0, Hwnd(),
+                           reinterpret_cast<HMENU>(INT_PTR{id}), nullptr, nullptr);
+}
+
+void CListPane::EnableButton(int id, bool enable) const {
+  ::EnableWindow(::GetDlgItem(Hwnd(), id), enable);
+}
+
+void CListPane::ShowHint(bool show) {
+  const bool hadFocus = ::IsChild(Hwnd(), ::GetFocus()) != FALSE;
+  ::ShowWindow(m_hint, show ? SW_SHOWNA : SW_HIDE);
+  ::ShowWindow(m_hintButton, show ? SW_SHOWNA : SW_HIDE);
+  ::ShowWindow(m_list.Hwnd(), show ? SW_HIDE : SW_SHOWNA);
+  if (hadFocus) SetFocus();
+}
+
+void CListPane::ShowDescription(const std::wstring& text) {
+  const bool shown = (::GetWindowLongW(m_description, GWL_STYLE) & WS_VISIBLE) != 0;
+  ::SetWindowTextW(m_description, text.c_str());
+  if (shown != text.empty()) return;
+  ::ShowWindow(m_description, text.empty() ? SW_HIDE : SW_SHOWNA);
+  Arrange();
+}
+
+void CListPane::UseBackground() {
+  m_list.UseBackground();
+  ::RedrawWindow(Hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void CListPane::SetFocus() const {
+  const bool hintShown = (::GetWindowLongW(m_hintButton, GWL_STYLE) & WS_VISIBLE) != 0;
+  ::SetFocus(hintShown ? m_hintButton : m_list.Hwnd());
+}
+
+LRESULT CListPane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == my::DpiMessage()) {
+    UseDpi(static_cast<UINT>(wParam));
+    return 0;
+  }
+  switch (message) {
+    case WM_COMMAND: return ::SendMessageW(Parent(), message, wParam, lParam);
+    case WM_SIZE: Arrange(); return 0;
+    case WM_WINDOWPOSCHANGED: {
+      // Another slice of the background is behind it now.
+      ::RedrawWindow(Hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+      break;
+    }
+    case WM_ERASEBKGND:
+      if (m_background.IsPlain()) break;
+      Erase(reinterpret_cast<HDC>(wParam));
+      return TRUE;
+    case WM_CTLCOLORSTATIC:
+      if (m_background.IsPlain()) break;
+      return ColorStatic(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
+    case WM_NOTIFY:
+      if (reinterpret_cast<const NMHDR*>(lParam)->code == NM_SETFOCUS && onAttention) onAttention();
+      break;
+    case WM_SETCURSOR:
+      if (onAttention) onAttention();
+      break;
+    default: break;
+  }
+  return CWindow::OnMessage(message, wParam, lParam);
+}
+
+void CListPane::Erase(HDC dc) {
+  RECT area{};
+  ::GetClientRect(Hwnd(), &area);
+  m_background.Draw(dc, Hwnd(), area);
+}
+
+// Where the text of a static control stands in its area.
+RECT CListPane::TextArea(HWND control, const RECT& area) const {
+  const LONG width = std::min(TextSize(control).cx, area.right - area.left);
+  const LONG free = area.right - area.left - width;
+  const LONG kind = ::GetWindowLongW(control, GWL_STYLE) & SS_TYPEMASK;
+  const LONG left = area.left + (kind == SS_RIGHT ? free : kind == SS_CENTER ? free / 2 : 0);
+  return {left, area.top, left + width, area.bottom};
+}
+
+// A text has no background of its own: it is drawn right before the text.
+LRESULT CListPane::ColorStatic(HDC dc, HWND control) {
+  RECT area{};
+  ::GetClientRect(control, &area);
+  m_background.Draw(dc, control, area);
+  m_background.DrawShade(dc, control, TextArea(control, area));
+  ::SetBkMode(dc, TRANSPARENT);
+  ::SetTextColor(dc, m_background.TextColor());
+  return reinterpret_cast<LRESULT>(::GetStockObject(NULL_BRUSH));
+}
+
+void CListPane::UseDpi(UINT dpi) {
+  m_dpi = dpi;
+  m_background.SetDpi(dpi);
+  my::CFont font = my::MessageFont(dpi);
+  LOGFONTW bold = my::MessageLogFont(dpi);
+  bold.lfWeight = FW_BOLD;
+  my::CFont titleFont(::CreateFontIndirectW(&bold));
+  std::vector<HWND> controls = m_buttons;
+  controls.insert(controls.end(), {m_hint, m_hintButton, m_description, m_list.Hwnd()});
+  for (const HWND control : controls)
+    ::SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), TRUE);
+  ::SendMessageW(m_title, WM_SETFONT, reinterpret_cast<WPARAM>(titleFont.Get()), TRUE);
+  m_font = std::move(font);  // the old ones are in use until here
+  m_titleFont = std::move(titleFont);
+  Arrange();
+}
+
+void CListPane::Arrange() const {
+  if (m_dpi == 0) return;
+  const SIZE client = ClientSize();
+  const int top = ArrangeHeader(client.cx);
+  const RECT area{0, top, client.cx, std::max<LONG>(top, ArrangeDescription(client))};
+  ::MoveWindow(m_list.Hwnd(), area.left, area.top, area.right, area.bottom - area.top, TRUE);
+  ArrangeHint(area);
+}
+
+// The title on the left, the buttons on the right as far as there is room.
+int CListPane::ArrangeHeader(int width) const {
+  const int margin = my::Scale(kMargin, m_dpi);
+  const int gap = my::Scale(kGap, m_dpi);
+  const int height = my::Scale(kButtonHeight, m_dpi);
+  const SIZE title = TextSize(m_title);
+  ::MoveWindow(m_title, margin, gap + (height - title.cy) / 2, title.cx, title.cy, TRUE);
+  int left = margin + title.cx + 2 * margin;
+  for (const HWND button : m_buttons) {
+    const int buttonWidth = TextSize(button).cx + 2 * my::Scale(kButtonPadding, m_dpi);
+    const bool fits = left + buttonWidth <= width;
+    ::MoveWindow(button, left, gap, buttonWidth, height, TRUE);
+    ::ShowWindow(button, fits ? SW_SHOWNA : SW_HIDE);
+    left += buttonWidth + gap;
+  }
+  return height + 2 * gap;
+}
+
+void CListPane::ArrangeHint(const RECT& area) const {
+  const int gap = my::Scale(2 * kMargin, m_dpi);
+  const SIZE text = TextSize(m_hint);
+  const SIZE label = TextSize(m_hintButton);
+  const SIZE button{label.cx + 4 * my::Scale(kButtonPadding, m_dpi), my::Scale(kButtonHeight + kGap, m_dpi)};
+  const int middle = (area.left + area.right) / 2;
+  const int top = std::max<int>(area.top, (area.top + area.bottom - text.cy - gap - button.cy) / 2);
+  ::MoveWindow(m_hint, area.left, top, area.right - area.left, text.cy, TRUE);
+  ::MoveWindow(m_hintButton, middle - button.cx / 2, top + text.cy + gap, button.cx, button.cy, TRUE);
+}
+
+int CListPane::ArrangeDescription(const SIZE& client) const {
+  if ((::GetWindowLongW(m_description, GWL_STYLE) & WS_VISIBLE) == 0) return client.cy;
+  const int margin = my::Scale(kMargin, m_dpi);
+  const int gap = my::Scale(kGap, m_dpi);
+  // A low pane is left to its list.
+  const bool fits = client.cy >= my::Scale(kRoomForDescription, m_dpi);
+  const int height = fits ? TextSize(m_title).cy : 0;
+  const int top = static_cast<int>(client.cy) - gap - height;
+  ::MoveWindow(m_description, margin, top, std::max<int>(0, client.cx - 2 * margin), height, TRUE);
+  return fits ? top - gap : client.cy;
+}
+
+SIZE CListPane::TextSize(HWND control) const {
+  const int length = ::GetWindowTextLengthW(control);
+  std::wstring text(static_cast<size_t>(length) + 1, L'\0');
+  ::GetWindowTextW(control, text.data(), length + 1);
+  const my::CWindowDc dc(control);
+  const my::CSelect select(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0)));
+  SIZE size{};
+  ::GetTextExtentPoint32W(dc.Get(), text.c_str(), length, &size);
+  return size;
+}
+
+}  // namespace qlm

@@ -1,0 +1,86 @@
+// The two lists of the main window: the tasks above, the common destinations below.
+#pragma once
+
+#include <functional>
+
+#include "app/windows.h"
+#include "document/document.h"
+#include "ui/dialogs/simple_list_view.h"
+#include "ui/framework/splitter.h"
+#include "ui/look/background.h"
+#include "ui/main_window/list_pane.h"
+#include "ui/models/dst_list_model.h"
+#include "ui/models/task_list_model.h"
+
+namespace qlm {
+
+struct CMainFrameSetting;
+
+class CMainView {
+ public:
+  // All outlive the view.
+  CMainView(const CDocument& document, const CUISetting& setting, const my::IMessageTexts& texts);
+
+  void CreateIn(HWND parent);
+  HWND Hwnd() const { return m_splitter.Hwnd(); }
+
+  using CTaskList = CSimpleListView<CTasks, CSeeThroughList>;
+  using CDstList = CSimpleListView<CDsts, CSeeThroughList>;
+  CTaskList& TaskList() { return m_taskList; }
+  CDstList& DstList() { return m_dstList; }
+
+  CListPane& Tasks() { return m_tasks; }
+  CListPane& Dsts() { return m_dsts; }
+  CTaskListModel& TaskModel() { return m_taskModel; }
+
+  // The pane that has, or had last, the keyboard.
+  CListPane& Current();
+  bool TasksAreCurrent() { return &Current() == &m_tasks; }
+  void FocusOther();
+
+  // Refreshes the lists that a change of the document concerns. After a reset the first rows are selected.
+  void OnDocumentChanged(DocChangeEventFlags what);
+
+  // The selected tasks have changed: their destinations are checked.
+  void OnTaskSelection();
+
+  // Enables what may run now.
+  void EnableButtons(const std::function<bool(int id)>& isEnabled) const;
+
+  void Redraw();  // the texts have changed, the document has not
+
+  // Shows a design at once. Throws IDS_IMAGE_NOT_READ; all of it but the picture is shown then.
+  void ShowDesign(const CDesignSetting& design);
+
+  // A run has begun or ended.
+  void ShowRunning(bool running);
+
+  // Colours or contrast of the system have changed.
+  void OnSystemChanged();
+
+  void ApplySettings(const CMainFrameSetting& setting);
+  void StoreSettings(CMainFrameSetting& setting) const;
+
+ private:
+  void RefreshUses(bool always);
+  void UseBackground();
+  void Describe(CListPane& pane);
+  void UpdateDescription();
+
+  const CDocument& m_document;
+  const my::IMessageTexts& m_texts;
+  CTaskListModel m_taskModel;
+  CDstListModel m_dstModel;
+  CBackground m_background;
+  CTaskList m_taskList;
+  CDstList m_dstList;
+  my::CSplitter m_splitter;
+  CListPane m_tasks;
+  CListPane m_dsts;
+  bool m_dstsCurrent = false;
+  bool m_showDescription = true;
+  bool m_running = false;
+  CListPane* m_described = nullptr;  // the user turned to it last
+};
+
+}  // namespace qlm
