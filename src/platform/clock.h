@@ -14,6 +14,8 @@ class IClock {
   // Milliseconds since some moment before the program started; never goes back.
   virtual uint64_t TickCount() const = 0;
 
+  virtual CFileTime Now() const = 0;
+
   // Blocks the calling thread.
   virtual void Sleep(uint32_t ms) const = 0;
 

@@ -56,6 +56,7 @@ class CListView {
   std::optional<size_t> Focused() const;
   void SetFocused(size_t row);
   void EnsureVisible(size_t row);
+  std::optional<size_t> RowAt(POINT screen) const;
 
   // In pixels at 96 DPI. What `widths` lacks, or has below 0, takes the model's width.
   void SetWidths(const std::vector<int32_t>& widths);
