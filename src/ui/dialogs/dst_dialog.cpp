@@ -57,7 +57,7 @@ bool CDstDialog::OnInit() {
 void CDstDialog::InitTypes() const {
   const HWND combo = Item(IDC_DST_TYPE);
   for (const DstType type : kTypes) {
-    const std::wstring text = DstTypeText(m_context.ports.engine.texts, type);
+    const std::wstring text = m_context.ports.engine.texts.Text(kDstTypeTexts[type]);
     ::SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
   }
   ::SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(m_dst.type), 0);

@@ -420,7 +420,7 @@ void CMainFrame::OnRunEnded() {
   if (m_app->Run().IsActive() || m_app->IsClosing()) return;
   const bool listed =
       m_app->Run().IsListOnly() && m_parts->results.RowCount() == 1 && !m_app->Run().HasErrors();
-  if (listed && m_app->Run().State() == IDS_STATE_ENDED)
+  if (listed && m_app->Run().State() == RunState::ENDED)
     return m_dialogs.ShowTargets(m_parts->results.Shared(0));
   if (m_app->Run().HasErrors()) m_dialogs.ShowResults(m_parts->results);
 }
