@@ -49,7 +49,7 @@ class CTextOutput : public IRunOutput {
   void End(const CRunSummary& summary) override {
     ClearProgress();
     if (m_quiet) return;
-    const my::CMsgArg args[] = {m_texts.Text(summary.state), std::to_wstring(summary.rows),
+    const my::CMsgArg args[] = {TextOf(m_texts, summary.state), std::to_wstring(summary.rows),
                                 std::to_wstring(summary.errors)};
     m_console.Write(kOutput, my::MakeText(m_texts, IDS_RUN_SUMMARY, args) + L"\n");
   }
@@ -95,7 +95,7 @@ class CJsonOutput : public IRunOutput {
            {"task", my::Utf8FromWide(row.task->id)},
            {"destination", my::Utf8FromWide(row.destinationPath)},
            {"type", dst ? TypeName(*dst) : ""},
-           {"phase", row.message},
+           {"phase", row.phase},
            {"message", my::Utf8FromWide(ResultText(m_texts, row))},
            {"error", row.error.code},
            {"newest", IsoTime(row.newestWriteTime)},

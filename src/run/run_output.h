@@ -6,6 +6,7 @@
 #include <string>
 
 #include "engine/result.h"
+#include "engine/run_state.h"
 
 namespace my {
 class IConsole;
@@ -16,14 +17,14 @@ namespace qlm {
 
 struct CRunStatus {
   std::wstring text;
-  uint32_t state = 0;  // IDS_STATE_...
-  size_t done = 0;     // rows
-  size_t total = 0;    // rows
+  RunState state = RunState::NOT_RUN;
+  size_t done = 0;   // rows
+  size_t total = 0;  // rows
   uint64_t elapsedMs = 0;
 };
 
 struct CRunSummary {
-  uint32_t state = 0;  // IDS_STATE_STOPPED or IDS_STATE_ENDED
+  RunState state = RunState::ENDED;  // or STOPPED
   size_t rows = 0;
   size_t errors = 0;
 };

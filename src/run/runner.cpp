@@ -38,8 +38,8 @@ std::vector<CTaskPtr> SelectTasks(const CDocument& document, const COptions& opt
 }
 
 bool IsFinal(const CResult& row, bool listOnly) {
-  return row.error || row.message == IDS_PHASE_CREATED || row.message == IDS_PHASE_SKIPPED ||
-         (listOnly && row.message == IDS_PHASE_LISTED);
+  return row.error || row.phase == Phase::CREATED || row.phase == Phase::SKIPPED ||
+         (listOnly && row.phase == Phase::LISTED);
 }
 
 // Prints the rows of a run as they come to their end.
@@ -65,12 +65,12 @@ class CRunSession : private IRunObserver {
     m_controller.Start(m_options.listOnly, false);
     while (m_controller.IsActive()) {
       m_controller.WaitForJobs(kTickMs);
-      if (m_ports.console.InterruptRequested() && m_controller.State() == IDS_STATE_RUNNING)
+      if (m_ports.console.InterruptRequested() && m_controller.State() == RunState::RUNNING)
         m_controller.Stop();
       m_controller.Tick();
     }
     m_output->End({m_controller.State(), m_printed, m_errors});
-    if (m_controller.State() == IDS_STATE_STOPPED) return kExitStopped;
+    if (m_controller.State() == RunState::STOPPED) return kExitStopped;
     return m_errors == 0 ? kExitDone : kExitErrors;
   }
 

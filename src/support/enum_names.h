@@ -1,6 +1,7 @@
 // Enumerations and sets of flags are written to files by name, never by number.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -13,6 +14,16 @@ namespace my {
 struct CEnumTable {
   std::wstring_view enumName;
   std::span<const std::wstring_view> names;
+};
+
+// The texts of an enumeration: consecutive ids in the order of its values, from 0 on.
+template <class TEnum>
+struct CEnumTexts {
+  uint32_t first;
+  uint32_t last;
+
+  constexpr uint32_t operator[](TEnum value) const { return first + static_cast<uint32_t>(value); }
+  constexpr size_t size() const { return last - first + 1; }
 };
 
 // Nothing for a value outside the table.

@@ -58,7 +58,7 @@ struct ListDialogs : testing::Test, test::CDialogAppOn<test::CMemoryFileSystem> 
     const CDst dst{L"C:\\backup", DstType::FOLDER, L"<ID>"};
     const CTask task{L"work", L"C:\\src", L"", {boost::make_shared<CDst>(dst)}};
     const auto result = boost::make_shared<CResult>();
-    result->message = IDS_PHASE_CREATED;
+    result->phase = Phase::CREATED;
     result->task = boost::make_shared<CTask>(task);
     result->targets = targets;
     result->newestWriteTime = {kNoon};

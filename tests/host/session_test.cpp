@@ -38,17 +38,17 @@ TEST(Session, a_day_with_the_program_leaves_these_settings) {
   a.dialogs.passwords = {L"first"};
   a.Do(ID_RUN);
   a.EndRun();
-  EXPECT_EQ(a.State(), IDS_STATE_ENDED);
+  EXPECT_EQ(a.State(), RunState::ENDED);
   my::Wipe(a.app->Settings().archive.password);  // as a new start would have it
   a.dialogs.passwords = {L"wrong", L"wrong2"};
   a.Do(ID_RUN);
-  EXPECT_EQ(a.State(), IDS_STATE_ENDED)
+  EXPECT_EQ(a.State(), RunState::ENDED)
       << "not started: neither was confirmed, then the dialog was cancelled";
   a.dialogs.passwords = {L"first"};
   a.Do(ID_RUN);
   a.Do(ID_RUN);
   a.EndRun();
-  EXPECT_EQ(a.State(), IDS_STATE_STOPPED);
+  EXPECT_EQ(a.State(), RunState::STOPPED);
   a.files.AddFile(L"C:\\src\\b.txt", "b", {133'016'350'490'000'000});
   a.Do(ID_RUN_POWER_OFF);
   a.EndRun();

@@ -12,6 +12,7 @@
 #include "support/fake_system.h"
 #include "support/fake_windows.h"
 #include "support/memory_file_system.h"
+#include "support/names.h"
 #include "support/pugi_dom.h"
 
 namespace test {
@@ -67,7 +68,7 @@ class CFakeApp {
     app->OnTimer();
   }
 
-  uint32_t State() const { return app->Run().State(); }
+  qlm::RunState State() const { return app->Run().State(); }
   std::wstring Text(uint32_t id) const { return texts.Text(id); }
 
   // What was shown in message boxes since the last question, one a line.

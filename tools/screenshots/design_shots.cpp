@@ -69,7 +69,7 @@ void ShootCharacters(const my::IMessageTexts& texts, UINT dpi, const std::wstrin
       const auto extent = static_cast<float>(side);
       DrawCharacter(graphics, type, {static_cast<float>(left), static_cast<float>(top), extent, extent});
       RECT place{left, top + side, left + side, top + side + line};
-      ::DrawTextW(dc.Get(), texts.Text(IDS_IMAGE_OK + static_cast<UINT>(i)).c_str(), -1, &place,
+      ::DrawTextW(dc.Get(), texts.Text(kBkImgTypeTexts[type]).c_str(), -1, &place,
                   DT_CENTER | DT_SINGLELINE | DT_VCENTER);
     }
   }

@@ -51,11 +51,7 @@ bool CDstDialog::OnInit() {
 }
 
 void CDstDialog::InitTypes() const {
-  const HWND combo = Item(IDC_DST_TYPE);
-  std::vector<std::wstring> types;
-  for (const DstType type : kTypes) types.push_back(DstTypeText(m_context.ports.engine.texts, type));
-  my::FillCombo(combo, types);
-  ::SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(m_dst.type), 0);
+  my::FillFromTexts(Item(IDC_DST_TYPE), m_context.ports.engine.texts, kDstTypeTexts, m_dst.type);
 }
 
 void CDstDialog::OnOk() {

@@ -3,19 +3,25 @@
 
 #include <windows.h>
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
-namespace my {
+#include "platform/message_texts.h"
+#include "support/enum_names.h"
 
-class IMessageTexts;
+namespace my {
 
 // Adds to the list of a combo box.
 void FillCombo(HWND combo, const std::vector<std::wstring>& items);
 
-// Fills the list of a combo box with `count` texts of consecutive ids.
-void FillFromTexts(HWND combo, const IMessageTexts& texts, uint32_t firstText, int count, int chosen);
+// Fills the list of a combo box with the texts of an enumeration and chooses one.
+template <class TEnum>
+void FillFromTexts(HWND combo, const IMessageTexts& texts, const CEnumTexts<TEnum>& ids, TEnum chosen) {
+  std::vector<std::wstring> items;
+  for (size_t i = 0; i < ids.size(); ++i) items.push_back(texts.Text(ids[static_cast<TEnum>(i)]));
+  FillCombo(combo, items);
+  ::SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(chosen), 0);
+}
 
 // The chosen item of a combo box, from 0 on.
 int Chosen(HWND combo);

@@ -71,8 +71,6 @@ inline constexpr CAttributeLetter kAttributeLetters[] = {
 // The letters of the attributes that are set, in the order of the table.
 std::wstring AttributesText(uint32_t attributes);
 
-std::wstring DstTypeText(const my::IMessageTexts& texts, DstType type);
-
 // The line of a filter that decided, with its number: "12: - \.bak$". For null that none did.
 std::wstring FilterItemText(const my::IMessageTexts& texts, const CFilterItem* item);
 

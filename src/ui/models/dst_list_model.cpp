@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/message_texts.h"
 #include "replace/replace_rule.h"
 #include "text_ids.h"
 
@@ -28,7 +29,7 @@ std::wstring CDstListModel::Text(size_t row, size_t column) const {
   switch (column) {
     case NUMBER: return std::to_wstring(row + 1);
     case FOLDER: return ShownValue(dst, kReplaceDstFolder);
-    case TYPE: return DstTypeText(m_texts, dst.type);
+    case TYPE: return m_texts.Text(kDstTypeTexts[dst.type]);
     default: return ShownValue(dst, kReplaceDstPattern);
   }
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/message_texts.h"
 #include "settings/settings.h"
 #include "support/strings.h"
 #include "text_ids.h"
@@ -73,7 +74,7 @@ std::wstring CResultListModel::Text(size_t row, size_t column) const {
   switch (column) {
     case ID: return result.task->id;
     case PATH: return result.destinationPath;
-    case TYPE: return result.Dst() ? DstTypeText(m_texts, result.Dst()->type) : std::wstring();
+    case TYPE: return result.Dst() ? m_texts.Text(kDstTypeTexts[result.Dst()->type]) : std::wstring();
     case TIME: return LocalTimeText(m_clock, result.newestWriteTime);
     default: return RowText(m_texts, result);
   }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/message_texts.h"
 #include "text_ids.h"
 
 namespace qlm {
@@ -64,7 +65,7 @@ std::wstring CTaskDstsModel::Text(size_t row, size_t column) const {
   switch (column) {
     case NUMBER: return std::to_wstring(m_rows[row].number);
     case FOLDER: return dst.folder;
-    case TYPE: return DstTypeText(m_texts, dst.type);
+    case TYPE: return m_texts.Text(kDstTypeTexts[dst.type]);
     default: return dst.pattern;
   }
 }
