@@ -1,4 +1,4 @@
-// What several dialogs do to their controls.
+// Functions on controls that several dialogs use.
 #pragma once
 
 #include <windows.h>
@@ -11,19 +11,19 @@ namespace my {
 
 class IMessageTexts;
 
-// Adds to the list of a combo box.
+// Appends the items to the list of a combo box.
 void FillCombo(HWND combo, const std::vector<std::wstring>& items);
 
-// Fills the list of a combo box with `count` texts of consecutive ids.
+// Appends `count` texts with consecutive ids to a combo box and selects item `chosen`.
 void FillFromTexts(HWND combo, const IMessageTexts& texts, uint32_t firstText, int count, int chosen);
 
-// The chosen item of a combo box, from 0 on.
+// Returns the index of the selected item; -1 for none.
 int Chosen(HWND combo);
 
-// Whether the characters of a password's edit control are masked, from now on.
+// Shows or masks the characters of a password edit control.
 void MaskPassword(HWND edit, bool hide);
 
-// Overwrites and empties the control, which keeps its text in memory of its own.
+// Overwrites the text of the control before emptying it: the control keeps the text in its own memory.
 void WipePassword(HWND edit);
 
 }  // namespace my
