@@ -4,10 +4,10 @@
 
 namespace my {
 
-// Whether the user has asked the system for colours of high contrast, which go before any of our own.
+// Returns whether the user has enabled high contrast; its colours override those of the program.
 bool IsHighContrast();
 
-// For systems on which it cannot be asked for, as Wine: what to take for granted; nothing: to ask the system.
+// Overrides the system's setting on systems that cannot change it, such as Wine; nullopt ends the override.
 void AssumeHighContrast(std::optional<bool> assumed);
 
 }  // namespace my

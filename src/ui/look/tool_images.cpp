@@ -19,7 +19,7 @@ constexpr struct {
   int id;
 } kStrips[] = {{16, IDR_TOOLS_16}, {24, IDR_TOOLS_24}, {32, IDR_TOOLS_32}, {48, IDR_TOOLS_48}};
 
-// The largest strip that is not above the size wanted.
+// Returns the largest strip not larger than `wanted`, or else the smallest.
 auto StripFor(int wanted) {
   auto found = kStrips[0];
   for (const auto& strip : kStrips) {
@@ -39,7 +39,7 @@ std::unique_ptr<Gdiplus::Bitmap> LoadPicture(int id) {
   return picture->GetLastStatus() == Gdiplus::Ok ? std::move(picture) : nullptr;
 }
 
-// Wine draws menus without regard to the transparency of their pictures.
+// Wine ignores the transparency of menu bitmaps.
 bool BlendsMenuPictures() {
   return ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "wine_get_version") == nullptr;
 }
@@ -50,7 +50,7 @@ Gdiplus::Color MenuColor() {
   return color;
 }
 
-// One picture of the strip.
+// Returns one image of the strip on a background.
 my::CBitmap CutOut(Gdiplus::Bitmap& strip, int index, int size, const Gdiplus::Color& background) {
   Gdiplus::Bitmap one(size, size, PixelFormat32bppPARGB);
   Gdiplus::Graphics graphics(&one);

@@ -10,7 +10,7 @@ namespace qlm {
 
 struct CFileQuestion;
 
-// What the dialogs ask that let the user choose a filter file.
+// Returns the parameters of the dialog for choosing a filter file.
 CFileQuestion FilterQuestion(const my::IMessageTexts& texts, std::wstring initialPath);
 
 }  // namespace qlm
