@@ -14,6 +14,8 @@ class IClock {
   // Returns the milliseconds since an arbitrary moment; never decreases.
   virtual uint64_t TickCount() const = 0;
 
+  virtual CFileTime Now() const = 0;
+
   // Blocks the calling thread.
   virtual void Sleep(uint32_t ms) const = 0;
 

@@ -11,6 +11,7 @@
 #include "gui/gui_app.h"
 #include "screenshots/shots.h"
 #include "ui/framework/gdiplus.h"
+#include "ui/look/tool_images.h"
 
 namespace {
 
@@ -88,6 +89,7 @@ int wmain(int argc, wchar_t** argv) {
                                                            ICC_TAB_CLASSES};
   ::InitCommonControlsEx(&controls);
   const my::CGdiplus gdiplus;
+  AssumeMenusBlend(false);  // Wine ignores the transparency of menu pictures
   ShootMain();
   ShootDialogs();
   ShootDesign();

@@ -20,6 +20,12 @@ uint64_t CWin32Clock::TickCount() const {
   return ::GetTickCount64();
 }
 
+CFileTime CWin32Clock::Now() const {
+  FILETIME now{};
+  ::GetSystemTimeAsFileTime(&now);
+  return {uint64_t{now.dwHighDateTime} << 32 | now.dwLowDateTime};
+}
+
 void CWin32Clock::Sleep(uint32_t ms) const {
   ::Sleep(ms);
 }

@@ -164,6 +164,15 @@ void CListView::EnsureVisible(size_t row) {
   ListView_EnsureVisible(m_list, static_cast<int>(row), FALSE);
 }
 
+std::optional<size_t> CListView::RowAt(POINT screen) const {
+  LVHITTESTINFO hit{};
+  hit.pt = screen;
+  ::ScreenToClient(m_list, &hit.pt);
+  const int row = ListView_HitTest(m_list, &hit);
+  if (row < 0) return {};
+  return static_cast<size_t>(row);
+}
+
 void CListView::SetWidths(const std::vector<int32_t>& widths) {
   for (size_t i = 0; i < m_model.ColumnCount(); ++i) {
     const bool given = i < widths.size() && widths[i] >= 0;

@@ -56,6 +56,7 @@ class CListView {
   std::optional<size_t> Focused() const;
   void SetFocused(size_t row);
   void EnsureVisible(size_t row);
+  std::optional<size_t> RowAt(POINT screen) const;
 
   // Widths are in pixels at 96 DPI. A missing or negative width means the default width of the model.
   void SetWidths(const std::vector<int32_t>& widths);

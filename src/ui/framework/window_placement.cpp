@@ -74,6 +74,10 @@ CRect WindowBounds(HWND window) {
   return FromRect(rect);
 }
 
+CRect ScreenBounds(HWND window) {
+  return FromRect(ScreenOf(window).rcMonitor);
+}
+
 CPlacement ReadPlacement(HWND window) {
   if (!::IsIconic(window) && !::IsZoomed(window)) return {false, WindowBounds(window)};
   WINDOWPLACEMENT placement{};

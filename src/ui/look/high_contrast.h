@@ -4,10 +4,10 @@
 
 namespace my {
 
-// Returns whether the user has enabled high contrast; its colours override those of the program.
+// Whether the system is set to high contrast, whose colours replace those of the design.
 bool IsHighContrast();
 
-// Overrides the system's setting on systems that cannot change it, such as Wine; nullopt ends the override.
+// Replaces the system's setting for the rest of the process; nullopt: the system's setting holds again.
 void AssumeHighContrast(std::optional<bool> assumed);
 
 }  // namespace my

@@ -39,10 +39,7 @@ std::unique_ptr<Gdiplus::Bitmap> LoadPicture(int id) {
   return picture->GetLastStatus() == Gdiplus::Ok ? std::move(picture) : nullptr;
 }
 
-// Wine ignores the transparency of menu bitmaps.
-bool BlendsMenuPictures() {
-  return ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "wine_get_version") == nullptr;
-}
+bool g_menusBlend = true;
 
 Gdiplus::Color MenuColor() {
   Gdiplus::Color color;
@@ -70,12 +67,16 @@ CToolImages::CToolImages(UINT dpi) {
   m_list = my::CImageList(::ImageList_Create(m_size, m_size, ILC_COLOR32, kToolIconCount, 0));
   const auto picture = LoadPicture(strip.id);
   const Gdiplus::Color transparent(0, 0, 0, 0);
-  const Gdiplus::Color menuColor = BlendsMenuPictures() ? transparent : MenuColor();
+  const Gdiplus::Color menuColor = g_menusBlend ? transparent : MenuColor();
   for (int i = 0; picture && i < kToolIconCount; ++i) {
     const my::CBitmap clear = CutOut(*picture, i, m_size, transparent);
     ::ImageList_Add(m_list.Get(), clear.Get(), nullptr);
     m_bitmaps.push_back(CutOut(*picture, i, m_size, menuColor));
   }
+}
+
+void AssumeMenusBlend(bool blend) {
+  g_menusBlend = blend;
 }
 
 HBITMAP CToolImages::Bitmap(int command) const {
