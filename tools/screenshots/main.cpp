@@ -1,4 +1,4 @@
-// Takes a picture of every window with sample data: qlm_screenshots FOLDER [NAME...]
+// Takes pictures of the windows with sample data: qlm_screenshots FOLDER [NAME...]
 #include <gtest/gtest.h>
 
 #include <windows.h>

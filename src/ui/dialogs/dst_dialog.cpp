@@ -16,13 +16,6 @@
 #include "ui/models/task_warning.h"
 
 namespace qlm {
-namespace {
-
-// In the order of the combo box.
-constexpr DstType kTypes[] = {DstType::FOLDER, DstType::ZIP, DstType::PASSWORD_ZIP, DstType::AES_256_ZIP};
-
-}  // namespace
-
 CDstDialog::CDstDialog(CAppContext& context, CDst dst, CConfirm confirm)
     : CDialog(IDD_DST, &context.settings.dstDlg),
       m_context(context),
@@ -92,7 +85,7 @@ bool CDstDialog::OnCommand(int id, int code) {
 CDst CDstDialog::EditedDst() const {
   CDst dst = m_dst;
   dst.folder = ItemText(IDC_DST_FOLDER);
-  dst.type = kTypes[::SendMessageW(Item(IDC_DST_TYPE), CB_GETCURSEL, 0, 0)];
+  dst.type = static_cast<DstType>(my::Chosen(Item(IDC_DST_TYPE)));
   dst.pattern = ItemText(IDC_DST_PATTERN);
   return dst;
 }

@@ -19,7 +19,7 @@ constexpr struct {
   int id;
 } kStrips[] = {{16, IDR_TOOLS_16}, {24, IDR_TOOLS_24}, {32, IDR_TOOLS_32}, {48, IDR_TOOLS_48}};
 
-// The largest strip that is not above the size wanted.
+// Returns the largest strip not larger than `wanted`, or else the smallest.
 auto StripFor(int wanted) {
   auto found = kStrips[0];
   for (const auto& strip : kStrips) {
@@ -47,7 +47,7 @@ Gdiplus::Color MenuColor() {
   return color;
 }
 
-// One picture of the strip.
+// Returns one image of the strip on a background.
 my::CBitmap CutOut(Gdiplus::Bitmap& strip, int index, int size, const Gdiplus::Color& background) {
   Gdiplus::Bitmap one(size, size, PixelFormat32bppPARGB);
   Gdiplus::Graphics graphics(&one);
