@@ -26,7 +26,7 @@ void MeasureUnchanged(const COptions& options) {
     }
     return jobs;
   };
-  // An empty folder of the right name passes for a backup.
+  // An empty folder with the right name counts as an existing backup.
   for (const qlm::CBackupTaskPtr& job : makeJobs()) {
     job->SetListOnly(true);
     job->Run();
@@ -37,7 +37,7 @@ void MeasureUnchanged(const COptions& options) {
     const double time =
         TimeMs([&jobs] { std::for_each(jobs.begin(), jobs.end(), [](auto& job) { job->Run(); }); });
     const bool skipped = std::all_of(jobs.begin(), jobs.end(), [](const qlm::CBackupTaskPtr& job) {
-      return job->Results().back()->message == IDS_PHASE_SKIPPED;
+      return job->Results().back()->phase == qlm::Phase::SKIPPED;
     });
     if (!skipped) throw std::runtime_error("a job was not skipped");
     return time;

@@ -13,6 +13,8 @@
 namespace qlm {
 namespace {
 
+constexpr my::CEnumTexts<PowerOffType> kFailures{IDS_LOGOFF_FAILED, IDS_POWEROFF_FAILED};
+
 bool EndsSession(PowerOffType type) {
   return type == PowerOffType::LOGOFF || type == PowerOffType::POWEROFF;
 }
@@ -37,7 +39,7 @@ void CCommandPowerOff::Execute(bool run) {
   if (m_context.run.IsActive()) {
     if (!m_context.messenger.Ask(IDS_ASK_STOP_AND_QUIT)) return;
     // The run may have ended, or been stopped, while the question stood.
-    if (m_context.run.State() == IDS_STATE_RUNNING) m_context.run.Stop();
+    if (m_context.run.State() == RunState::RUNNING) m_context.run.Stop();
   }
   my::IPower& power = m_context.ports.power;
   const auto privilege = power.EnablePrivilege(L"SeShutdownPrivilege");
@@ -61,7 +63,7 @@ uint32_t ShutdownFlags(bool hybrid, bool installUpdates) {
 void PowerOff(my::IPower& power, const my::IMessageTexts& texts, PowerOffType type, uint32_t shutdownFlags) {
   const uint32_t code = Act(power, texts, type, shutdownFlags);
   if (code == 0) return;
-  throw my::CException(IDS_LOGOFF_FAILED + static_cast<uint32_t>(type), {my::CSystemError::FromWin32(code)});
+  throw my::CException(kFailures[type], {my::CSystemError::FromWin32(code)});
 }
 
 }  // namespace qlm

@@ -70,7 +70,7 @@ CClip CopyDsts(my::IXmlDom& dom, const my::IMessageTexts& texts, const CDocument
   for (const size_t row : rows) {
     const CDstPtr& dst = document.Dsts()[row];
     content.dsts.Insert(-1, dst);
-    const std::wstring type = texts.Text(IDS_DST_TYPE_FOLDER + static_cast<uint32_t>(dst->type));
+    const std::wstring type = texts.Text(kDstTypeTexts[dst->type]);
     clip.text += Line({dst->folder, type, dst->pattern});
   }
   clip.document = DocumentBytes(dom, content);

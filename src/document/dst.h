@@ -13,6 +13,7 @@ enum class DstType { FOLDER, ZIP, PASSWORD_ZIP, AES_256_ZIP };
 
 // The names by which DstType stands in files.
 extern const my::CEnumTable kDstTypeNames;
+extern const my::CEnumTexts<DstType> kDstTypeTexts;
 
 constexpr bool IsZip(DstType type) {
   return type != DstType::FOLDER;

@@ -91,7 +91,7 @@ void CBackupTask::FillRow(const CTaskDsts& dsts) {
   // Built from its fields: a copy of the task would keep room for all of its destinations in every row.
   row.task = boost::make_shared<qlm::CTask>(
       qlm::CTask{m_task->id, m_task->path, m_task->filterPath, dsts, m_task->replaceRule});
-  row.message = IDS_PHASE_LISTED;
+  row.phase = Phase::LISTED;
   row.targets = m_targets;
   row.newestWriteTime = m_newest;
   row.destinationPath = DestinationPath(row);
@@ -121,12 +121,12 @@ void CBackupTask::BackUpTo(const CDst& dst) {
   // Without a name of its own the path is the destination folder, which exists and would pass for a backup.
   if (my::LastComponent(path).empty()) throw my::CException(IDS_PATH_NO_FILE_NAME, {path});
   CheckDestinationNames();
-  if (IsUpToDate(dst)) return SetPhase(IDS_PHASE_SKIPPED);
+  if (IsUpToDate(dst)) return SetPhase(Phase::SKIPPED);
   // A half-written backup must never have the final name: the next run would take it for a finished one.
   const CTemporaryTarget temporary = TakeTemporaryTarget(m_ports.files, path, dst.type);
   Transfer(dst, temporary.path);
-  if (!TakeFinalName(dst, temporary.path)) return SetPhase(IDS_PHASE_SKIPPED);
-  LastRow().message = IDS_PHASE_CREATED;
+  if (!TakeFinalName(dst, temporary.path)) return SetPhase(Phase::SKIPPED);
+  LastRow().phase = Phase::CREATED;
 }
 
 // The name carries the newest write time of the source, so an unchanged source finds its backup there.
@@ -140,10 +140,10 @@ bool CBackupTask::IsUpToDate(const CDst& dst) const {
 
 void CBackupTask::Transfer(const CDst& dst, const std::wstring& temporaryPath) {
   if (!IsZip(dst.type)) {
-    SetPhase(IDS_PHASE_COPYING);
+    SetPhase(Phase::COPYING);
     return CopyToFolder(TransferPorts(), m_task->path, *m_targets, temporaryPath);
   }
-  SetPhase(IDS_PHASE_ARCHIVING);
+  SetPhase(Phase::ARCHIVING);
   WriteArchive({TransferPorts(), m_ports.process, m_ports.texts},
                {m_archiverPath, m_password, m_task->path, *m_targets, temporaryPath, dst.type});
 }
@@ -164,13 +164,12 @@ bool CBackupTask::TakeFinalName(const CDst& dst, const std::wstring& temporaryPa
 
 void CBackupTask::AddRow() {
   CResult row;
-  row.message = IDS_PHASE_LISTING;
   row.task = m_task;
   m_rows.push_back(std::move(row));
 }
 
-void CBackupTask::SetPhase(uint32_t message) {
-  LastRow().message = message;
+void CBackupTask::SetPhase(Phase phase) {
+  LastRow().phase = phase;
   Notify();
 }
 

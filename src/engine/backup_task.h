@@ -47,7 +47,7 @@ class CBackupTask : public my::CTask<CBackupTask, CBackupTaskClient, my::CSimple
   explicit CBackupTask(const CEnginePorts& ports) : m_ports(ports) {}
   ~CBackupTask() override { my::Wipe(m_password); }
 
-  // Takes a copy of the task and starts its rows anew with one of IDS_PHASE_LISTING.
+  // Takes a copy of the task and starts its rows again with one of Phase::LISTING.
   void SetTask(const qlm::CTask& task);
 
   // List and compute the destination path, transfer nothing.
@@ -75,7 +75,7 @@ class CBackupTask : public my::CTask<CBackupTask, CBackupTaskClient, my::CSimple
   void Transfer(const CDst& dst, const std::wstring& temporaryPath);
   bool TakeFinalName(const CDst& dst, const std::wstring& temporaryPath);
   void AddRow();
-  void SetPhase(uint32_t message);
+  void SetPhase(Phase phase);
   void Publish();
   void Notify();
 

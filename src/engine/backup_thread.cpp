@@ -18,7 +18,7 @@ std::wstring TwoDigits(uint64_t number) {
 
 CBackupThread::CBackupThread(my::IThreads& threads, const my::IClock& clock, const my::IMessageTexts& texts,
                              IRunObserver& observer)
-    : m_clock(clock), m_texts(texts), m_observer(observer), m_state(IDS_STATE_NOT_RUN), m_pool(threads) {}
+    : m_clock(clock), m_texts(texts), m_observer(observer), m_pool(threads) {}
 
 void CBackupThread::Add(const CBackupTaskPtr& job) {
   job->SetClient(this);
@@ -40,20 +40,20 @@ void CBackupThread::Start(bool listOnly, bool powerOff) {
     job.SetListOnly(listOnly);
     m_total += listOnly ? 1 : job.Task().dsts.size();
   });
-  SetState(IDS_STATE_RUNNING);
+  SetState(RunState::RUNNING);
   my::CSystemError error;
   if (!m_pool.Start(error)) {
     m_pool.Stop(true);
-    SetState(IDS_STATE_STOPPED);
+    SetState(RunState::STOPPED);
     throw my::CException(IDS_START_THREAD_FAILED, {error});
   }
   m_powerOff = powerOff;
 }
 
 void CBackupThread::Stop() {
-  if (m_state == IDS_STATE_STOPPING) throw my::CException(IDS_ALREADY_STOPPING);
-  if (m_state != IDS_STATE_RUNNING) throw my::CException(IDS_NOT_RUNNING);
-  SetState(IDS_STATE_STOPPING);
+  if (m_state == RunState::STOPPING) throw my::CException(IDS_ALREADY_STOPPING);
+  if (m_state != RunState::RUNNING) throw my::CException(IDS_NOT_RUNNING);
+  SetState(RunState::STOPPING);
   m_pool.Stop(true);
 }
 
@@ -66,7 +66,7 @@ void CBackupThread::Tick() {
 }
 
 bool CBackupThread::IsActive() const {
-  return m_state == IDS_STATE_RUNNING || m_state == IDS_STATE_STOPPING;
+  return m_state == RunState::RUNNING || m_state == RunState::STOPPING;
 }
 
 bool CBackupThread::HasErrors() const {
@@ -99,7 +99,7 @@ void CBackupThread::Show(const CBackupTaskPtr& job) {
   m_observer.OnResults(shown.firstRow, shown.rows);
 }
 
-void CBackupThread::SetState(uint32_t state) {
+void CBackupThread::SetState(RunState state) {
   m_state = state;
   m_observer.OnStateChanged();
 }
@@ -109,23 +109,23 @@ void CBackupThread::Finish() {
   m_pool.WaitAll(my::kNoTimeOut);
   m_pool.ClearRemoved();
   Collect();  // what changed between the last look and the end
-  m_state = m_state == IDS_STATE_STOPPING ? IDS_STATE_STOPPED : IDS_STATE_ENDED;
+  m_state = m_state == RunState::STOPPING ? RunState::STOPPED : RunState::ENDED;
   m_observer.OnStatus();
   m_observer.OnStateChanged();
-  if (m_state == IDS_STATE_ENDED && m_powerOff && !HasErrors()) m_observer.OnPowerOff();
+  if (m_state == RunState::ENDED && m_powerOff && !HasErrors()) m_observer.OnPowerOff();
 }
 
 std::wstring CBackupThread::StatusText() const {
-  if (m_state == IDS_STATE_NOT_RUN) return {};
+  if (m_state == RunState::NOT_RUN) return {};
   std::wstring text;
   if (m_total != 0) text = std::to_wstring(m_rowCount) + L" / " + std::to_wstring(m_total) + L"  ";
-  text.append(m_texts.Text(m_state)).append(L"  ").append(ElapsedText(ElapsedMs())).append(L"  ");
+  text.append(TextOf(m_texts, m_state)).append(L"  ").append(ElapsedText(ElapsedMs())).append(L"  ");
   if (IsActive()) text.append(ElapsedMs() / 200 % 10 + 1, L'.');
   return text;
 }
 
 CRunProgress CBackupThread::Progress() const {
-  const bool lastCounts = m_state == IDS_STATE_ENDED || m_rowCount == 0;
+  const bool lastCounts = m_state == RunState::ENDED || m_rowCount == 0;
   return {m_rowCount - (lastCounts ? 0 : 1), std::max<size_t>(m_total, 1)};
 }
 

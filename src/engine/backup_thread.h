@@ -7,6 +7,7 @@
 
 #include "engine/backup_task.h"
 #include "engine/multi_task_thread.h"
+#include "engine/run_state.h"
 
 namespace qlm {
 
@@ -54,7 +55,7 @@ class CBackupThread : private CBackupTaskClient {
   // To be called every 100 ms during a run: hands out what has changed and notices the end.
   void Tick();
 
-  uint32_t State() const { return m_state; }  // IDS_STATE_...
+  RunState State() const { return m_state; }
   bool IsActive() const;
   bool IsListOnly() const { return m_listOnly; }  // of the last run
   size_t Total() const { return m_total; }  // rows that the run will have when all jobs come to their end
@@ -78,13 +79,13 @@ class CBackupThread : private CBackupTaskClient {
   void NoteChanged(const CBackupTaskPtr& job);
   void Collect();
   void Show(const CBackupTaskPtr& job);
-  void SetState(uint32_t state);
+  void SetState(RunState state);
   void Finish();
 
   const my::IClock& m_clock;
   const my::IMessageTexts& m_texts;
   IRunObserver& m_observer;
-  uint32_t m_state;
+  RunState m_state = RunState::NOT_RUN;
   bool m_listOnly = false;
   bool m_powerOff = false;
   uint64_t m_startTick = 0;

@@ -7,14 +7,19 @@
 
 namespace qlm {
 
-// The text of an error stands as far behind the text of its phase as these two.
-static_assert(IDS_ERR_LISTING - IDS_PHASE_LISTING == 6 && IDS_ERR_ARCHIVING - IDS_PHASE_ARCHIVING == 6);
+namespace {
+
+constexpr uint32_t kErrorAfterPhase = 6;  // from the id of a phase's text to that of its error
+static_assert(IDS_PHASE_LISTING + kErrorAfterPhase == IDS_ERR_LISTING &&
+              IDS_PHASE_ARCHIVING + kErrorAfterPhase == IDS_ERR_ARCHIVING);
+
+}  // namespace
 
 std::wstring ResultText(const my::IMessageTexts& texts, const CResult& result) {
-  if (!result.error) return my::OneLine(texts.Text(result.message));
-  const uint32_t id = result.message + (IDS_ERR_LISTING - IDS_PHASE_LISTING);
+  const auto phase = static_cast<uint32_t>(result.phase);
+  if (!result.error) return my::OneLine(texts.Text(phase));
   const my::CMsgArg cause = result.error.message;
-  return my::OneLine(my::MakeText(texts, id, {&cause, 1}));
+  return my::OneLine(my::MakeText(texts, phase + kErrorAfterPhase, {&cause, 1}));
 }
 
 std::wstring UnlistedText(const my::IMessageTexts& texts, const CTask& task,

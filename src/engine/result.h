@@ -10,6 +10,7 @@
 #include "engine/targets.h"
 #include "support/exception.h"
 #include "support/file_time.h"
+#include "text_ids.h"
 
 namespace my {
 class IMessageTexts;
@@ -17,10 +18,20 @@ class IMessageTexts;
 
 namespace qlm {
 
+// How far a row has come. The value is the id of the phase's text.
+enum class Phase : uint32_t {
+  LISTING = IDS_PHASE_LISTING,
+  LISTED = IDS_PHASE_LISTED,
+  COPYING = IDS_PHASE_COPYING,
+  ARCHIVING = IDS_PHASE_ARCHIVING,
+  CREATED = IDS_PHASE_CREATED,
+  SKIPPED = IDS_PHASE_SKIPPED
+};
+
 // One row of a run: one task and one destination.
 struct CResult {
   my::CSimpleErr error;                                  // why the run ended at this row
-  uint32_t message = 0;                                  // the phase that the row reached (IDS_PHASE_...)
+  Phase phase = Phase::LISTING;                          // the one that the row reached
   boost::shared_ptr<const CTask> task;                   // a copy that holds exactly this row's destination
   CTargetsPtr targets = boost::make_shared<CTargets>();  // shared with the other rows of the job
   my::CFileTime newestWriteTime;                         // zero until listed

@@ -30,7 +30,7 @@ class CTextOutput : public IRunOutput {
 
   void Row(const CResult& row) override {
     if (m_quiet && !row.error) return;
-    // Until the source is listed there is no destination path; then the source is what the row is about.
+    // There is no destination path before the source is listed; the row is then named by its source.
     const std::wstring& path = row.destinationPath.empty() ? row.task->path : row.destinationPath;
     std::wstring line = row.task->id + L" | " + path + L" | " + ResultText(m_texts, row);
     const bool counts = m_listOnly || row.error.code == IDS_NO_FILES;  // a filter may exclude everything
@@ -49,13 +49,14 @@ class CTextOutput : public IRunOutput {
   void End(const CRunSummary& summary) override {
     ClearProgress();
     if (m_quiet) return;
-    const my::CMsgArg args[] = {m_texts.Text(summary.state), std::to_wstring(summary.rows),
+    const my::CMsgArg args[] = {TextOf(m_texts, summary.state), std::to_wstring(summary.rows),
                                 std::to_wstring(summary.errors)};
     m_console.Write(kOutput, my::MakeText(m_texts, IDS_RUN_SUMMARY, args) + L"\n");
   }
 
  private:
-  // Japanese characters are two columns wide, so twice as many blanks cover any text.
+  // Overwrites the line with twice as many spaces as it has characters, because Japanese ones are two columns
+  // wide.
   void ClearProgress() {
     if (m_progressLength == 0) return;
     m_console.Write(kOutput, L"\r" + std::wstring(2 * m_progressLength, L' ') + L"\r");
@@ -95,7 +96,7 @@ class CJsonOutput : public IRunOutput {
            {"task", my::Utf8FromWide(row.task->id)},
            {"destination", my::Utf8FromWide(row.destinationPath)},
            {"type", dst ? TypeName(*dst) : ""},
-           {"phase", row.message},
+           {"phase", row.phase},
            {"message", my::Utf8FromWide(ResultText(m_texts, row))},
            {"error", row.error.code},
            {"newest", IsoTime(row.newestWriteTime)},

@@ -1,4 +1,4 @@
-// What the console runner prints of a run: text for people or JSON for programs.
+// The output of the console runner: text for people or JSON for programs.
 #pragma once
 
 #include <cstdint>
@@ -6,6 +6,7 @@
 #include <string>
 
 #include "engine/result.h"
+#include "engine/run_state.h"
 
 namespace my {
 class IConsole;
@@ -16,14 +17,14 @@ namespace qlm {
 
 struct CRunStatus {
   std::wstring text;
-  uint32_t state = 0;  // IDS_STATE_...
-  size_t done = 0;     // rows
-  size_t total = 0;    // rows
+  RunState state = RunState::NOT_RUN;
+  size_t done = 0;   // rows
+  size_t total = 0;  // rows
   uint64_t elapsedMs = 0;
 };
 
 struct CRunSummary {
-  uint32_t state = 0;  // IDS_STATE_STOPPED or IDS_STATE_ENDED
+  RunState state = RunState::ENDED;  // or STOPPED
   size_t rows = 0;
   size_t errors = 0;
 };
@@ -36,7 +37,7 @@ class IRunOutput {
   virtual void End(const CRunSummary& summary) = 0;
 };
 
-// `listOnly` adds the counts to each row.
+// With `listOnly` each row shows its counts.
 std::unique_ptr<IRunOutput> MakeTextOutput(my::IConsole& console, const my::IMessageTexts& texts,
                                            bool listOnly, bool quiet);
 std::unique_ptr<IRunOutput> MakeJsonOutput(my::IConsole& console, const my::IMessageTexts& texts, bool quiet);

@@ -21,7 +21,7 @@ namespace {
 
 constexpr uint32_t kTickMs = 100;
 
-// The tasks to run, in the document's order.
+// Returns the tasks to run in document order.
 std::vector<CTaskPtr> SelectTasks(const CDocument& document, const COptions& options) {
   std::vector<CTaskPtr> selected;
   for (const std::wstring& id : options.taskIds) {
@@ -38,11 +38,11 @@ std::vector<CTaskPtr> SelectTasks(const CDocument& document, const COptions& opt
 }
 
 bool IsFinal(const CResult& row, bool listOnly) {
-  return row.error || row.message == IDS_PHASE_CREATED || row.message == IDS_PHASE_SKIPPED ||
-         (listOnly && row.message == IDS_PHASE_LISTED);
+  return row.error || row.phase == Phase::CREATED || row.phase == Phase::SKIPPED ||
+         (listOnly && row.phase == Phase::LISTED);
 }
 
-// Prints the rows of a run as they come to their end.
+// Runs the jobs and prints each row when it is final.
 class CRunSession : private IRunObserver {
  public:
   CRunSession(const CRunnerPorts& ports, const COptions& options)
@@ -65,12 +65,12 @@ class CRunSession : private IRunObserver {
     m_controller.Start(m_options.listOnly, false);
     while (m_controller.IsActive()) {
       m_controller.WaitForJobs(kTickMs);
-      if (m_ports.console.InterruptRequested() && m_controller.State() == IDS_STATE_RUNNING)
+      if (m_ports.console.InterruptRequested() && m_controller.State() == RunState::RUNNING)
         m_controller.Stop();
       m_controller.Tick();
     }
     m_output->End({m_controller.State(), m_printed, m_errors});
-    if (m_controller.State() == IDS_STATE_STOPPED) return kExitStopped;
+    if (m_controller.State() == RunState::STOPPED) return kExitStopped;
     return m_errors == 0 ? kExitDone : kExitErrors;
   }
 
@@ -96,7 +96,7 @@ class CRunSession : private IRunObserver {
     m_output->Row(row);
   }
 
-  // A folder that could not be read is missing in the backup, and nobody else would tell.
+  // Warns about folders that could not be read and are missing in the backup; no row reports them.
   void WarnOfUnlisted(const CResult& row) {
     for (const CUnlistedFolder& unlisted : row.targets->Unlisted()) {
       const my::CMsgArg what = UnlistedText(m_ports.engine.texts, *row.task, unlisted);

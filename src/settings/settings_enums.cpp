@@ -1,5 +1,9 @@
 #include "settings/settings_enums.h"
 
+#include <iterator>
+
+#include "text_ids.h"
+
 namespace qlm {
 namespace {
 
@@ -23,5 +27,26 @@ const my::CEnumTable kBrushTypeNames{L"BrushType", kBrushTypes};
 const my::CEnumTable kFitTypeNames{L"FitType", kFitTypes};
 const my::CEnumTable kImgOriginNames{L"ImgOrigin", kImgOrigins};
 const my::CEnumTable kBkImgTypeNames{L"BkImgType", kBkImgTypes};
+
+constexpr my::CEnumTexts<PasswordType> kPasswordTypeTexts{IDS_PASSWORD_TYPE_EXEC, IDS_PASSWORD_TYPE_SAVE};
+constexpr my::CEnumTexts<PasswordType> kPasswordTypeDescriptions{IDS_PASSWORD_DESC_EXEC,
+                                                                 IDS_PASSWORD_DESC_SAVE};
+constexpr my::CEnumTexts<PowerOffType> kPowerOffTypeTexts{IDS_POWER_OFF_TYPE_LOGOFF,
+                                                          IDS_POWER_OFF_TYPE_POWEROFF};
+constexpr my::CEnumTexts<PowerOffType> kPowerOffTypeDescriptions{IDS_POWER_OFF_DESC_LOGOFF,
+                                                                 IDS_POWER_OFF_DESC_POWEROFF};
+constexpr my::CEnumTexts<BrushType> kBrushTypeTexts{IDS_BRUSH_DEFAULT, IDS_BRUSH_INTERLACE};
+constexpr my::CEnumTexts<FitType> kFitTypeTexts{IDS_FIT_NONE, IDS_FIT_AUTO_FILL};
+constexpr my::CEnumTexts<ImgOrigin> kImgOriginTexts{IDS_ORIGIN_LT, IDS_ORIGIN_RT};
+constexpr my::CEnumTexts<BkImgType> kBkImgTypeTexts{IDS_IMAGE_DEFAULT, IDS_IMAGE_GETTODAZE};
+
+static_assert(kPasswordTypeTexts.size() == std::size(kPasswordTypes));
+static_assert(kPasswordTypeDescriptions.size() == std::size(kPasswordTypes));
+static_assert(kPowerOffTypeTexts.size() == std::size(kPowerOffTypes));
+static_assert(kPowerOffTypeDescriptions.size() == std::size(kPowerOffTypes));
+static_assert(kBrushTypeTexts.size() == std::size(kBrushTypes));
+static_assert(kFitTypeTexts.size() == std::size(kFitTypes));
+static_assert(kImgOriginTexts.size() == std::size(kImgOrigins));
+static_assert(kBkImgTypeTexts.size() == std::size(kBkImgTypes));
 
 }  // namespace qlm

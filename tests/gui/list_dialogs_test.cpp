@@ -49,7 +49,7 @@ struct ListDialogs : testing::Test, test::CDialogAppOn<test::CMemoryFileSystem> 
     const CDst dst{L"C:\\backup", DstType::FOLDER, L"<ID>"};
     const CTask task{L"work", L"C:\\src", L"", {boost::make_shared<CDst>(dst)}};
     const auto result = boost::make_shared<CResult>();
-    result->message = IDS_PHASE_CREATED;
+    result->phase = Phase::CREATED;
     result->task = boost::make_shared<CTask>(task);
     result->targets = targets;
     result->newestWriteTime = {kNoon};
@@ -97,7 +97,7 @@ TEST_F(ListDialogs, filter_check_tells_the_line_that_decides_in_any_file_and_has
   files.AddFile(L"C:\\my rules.txt", "+abc def\n- \"a b \"\n");
   dialogs.paths = {L"C:\\my rules.txt"};
   Click(dialog.Hwnd(), IDC_FILTER_OPEN);
-  EXPECT_EQ(dialogs.questions.back().kinds.at(0).second + dialogs.questions.back().kinds.at(1).second,
+  EXPECT_EQ(dialogs.questions.back().kinds.at(0).pattern + dialogs.questions.back().kinds.at(1).pattern,
             L"*.flt*.txt");
   EXPECT_EQ(dialog.ItemText(IDC_FILTER_FILE), L"C:\\my rules.txt");
   EXPECT_EQ(dialog.ItemText(IDC_FILTER_STATUS), L"2 行、エラー 0 件");

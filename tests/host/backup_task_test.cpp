@@ -5,6 +5,7 @@
 #include "platform/message_texts.h"
 #include "support/fake_ports.h"
 #include "support/memory_file_system.h"
+#include "support/names.h"
 #include "text_ids.h"
 
 namespace {
@@ -56,11 +57,13 @@ class BackupTask : public testing::Test {
     return job->Results();
   }
 
-  // "phase/error" of every row.
+  // "PHASE" or "PHASE/ERROR" of every row.
   std::string Outcome(const qlm::CResults& rows) {
     std::string outcome;
     for (const auto& row : rows) {
-      outcome += std::to_string(row->message) + "/" + std::to_string(row->error.code) + " ";
+      if (!outcome.empty()) outcome += ", ";
+      outcome += test::NameOf(row->phase);
+      if (row->error) outcome += "/" + test::NameOf(row->error.code);
     }
     return outcome;
   }
@@ -86,26 +89,26 @@ TEST_F(BackupTask, second_run_of_an_unchanged_source_skips) {
   AddDst(L" <ID>_<Y>_<s>\\ ");
   AddDst(L"other");
   const auto rows = Run();
-  EXPECT_EQ(Outcome(rows), "439/0 439/0 ");
+  EXPECT_EQ(Outcome(rows), "CREATED, CREATED");
   EXPECT_EQ(rows[0]->destinationPath, L"D:\\dst\\書類_2016_09");
   EXPECT_EQ(rows[0]->newestWriteTime, kNewest);
   EXPECT_EQ(rows[0]->targets, rows[1]->targets) << "rows share one list";
   EXPECT_EQ(rows[1]->task->dsts.size(), 1u);
   EXPECT_EQ(Below(rows[0]->destinationPath), kSource);
-  EXPECT_EQ(Outcome(Run()), "440/0 440/0 ");
+  EXPECT_EQ(Outcome(Run()), "SKIPPED, SKIPPED");
   files.AddFile(L"C:\\src\\z.txt", "changed", {kNewest.ticks + 10'000'000});
-  EXPECT_EQ(Outcome(Run()), "439/0 440/0 ") << "a newer file makes a new name where the pattern shows it";
+  EXPECT_EQ(Outcome(Run()), "CREATED, SKIPPED") << "a newer file makes a new name where the pattern shows it";
 }
 
 TEST_F(BackupTask, source_without_a_counted_file_fails_before_any_destination) {
   AddDst(L"x");
   task.path = L"C:\\none";
-  EXPECT_EQ(Outcome(Run()), "435/465 ");
+  EXPECT_EQ(Outcome(Run()), "LISTING/NO_FILES");
   task.path = L"C:\\src";
   task.filterPath = L"C:\\all.flt";
   files.AddFile(task.filterPath, "- [a-z]\\.txt$\n", kOlder);
   const qlm::CResults rows = Run();
-  EXPECT_EQ(Outcome(rows), "435/465 ");
+  EXPECT_EQ(Outcome(rows), "LISTING/NO_FILES");
   EXPECT_EQ(qlm::CountTargets(*rows[0]->targets).excluded, kSource.size()) << "shows what excluded them";
   EXPECT_EQ(files.Kind(L"D:\\dst"), my::PathKind::NONE);
 }
@@ -115,14 +118,14 @@ TEST_F(BackupTask, name_taken_by_the_other_kind_fails_its_row_and_ends_the_job) 
   AddDst(L"taken");
   AddDst(L"later");
   files.AddFile(L"D:\\dst\\taken", "mine", kOlder);
-  EXPECT_EQ(Outcome(Run()), "439/0 436/462 ");
+  EXPECT_EQ(Outcome(Run()), "CREATED, LISTED/TARGET_IS_FILE");
   EXPECT_EQ(files.Kind(L"D:\\dst\\later"), my::PathKind::NONE);
   task.dsts.clear();
   AddDst(L"free", DstType::ZIP);
-  EXPECT_EQ(Outcome(Run()), "436/463 ");
+  EXPECT_EQ(Outcome(Run()), "LISTED/TARGET_IS_FOLDER");
   task.dsts.clear();
   AddDst(L" \\ ");
-  EXPECT_EQ(Outcome(Run()), "436/58614 ") << "the destination folder itself is no backup";
+  EXPECT_EQ(Outcome(Run()), "LISTED/PATH_NO_FILE_NAME") << "the destination folder itself is no backup";
 }
 
 TEST_F(BackupTask, filter_decides_what_is_listed_counted_and_copied) {
@@ -142,14 +145,14 @@ TEST_F(BackupTask, filter_decides_what_is_listed_counted_and_copied) {
 TEST_F(BackupTask, bad_filters_stop_the_job_and_name_the_line) {
   AddDst(L"x");
   task.filterPath = L"C:\\f.flt";
-  EXPECT_EQ(Outcome(Run()), "435/58767 ");
+  EXPECT_EQ(Outcome(Run()), "LISTING/OPEN_FILE_FAILED");
   files.AddFile(task.filterPath, "+ ok\n? no\n", kOlder);
   const auto rows = Run();
-  EXPECT_EQ(Outcome(rows), "435/460 ");
+  EXPECT_EQ(Outcome(rows), "LISTING/FILTER_HAS_ERRORS");
   EXPECT_NE(qlm::ResultText(texts, *rows[0]).find(L"C:\\f.flt (2)"), std::wstring::npos);
   files.AddFile(task.filterPath, "- ^(a+)+[b]\n", kOlder);
   files.AddFile(L"C:\\src\\" + std::wstring(180, L'a'), "", kOlder);
-  EXPECT_EQ(Outcome(Run()), "435/59109 ") << "an expression that runs away";
+  EXPECT_EQ(Outcome(Run()), "LISTING/REGEX_TOO_COMPLEX") << "an expression that runs away";
 }
 
 TEST_F(BackupTask, folder_beyond_the_pattern_limit_is_left_out_and_noted) {
@@ -179,11 +182,11 @@ TEST_F(BackupTask, linked_file_is_copied_and_checked_whole) {
   task.path = L"C:\\links";
   files.AddFile(L"D:\\big", "linked content");
   files.AddLink(L"C:\\links\\link", L"D:\\big", kNewest);
-  EXPECT_EQ(Outcome(Run()), "439/0 ");
+  EXPECT_EQ(Outcome(Run()), "CREATED");
   EXPECT_EQ(Below(L"D:\\dst\\x").at(L"link"), "linked content");
   files.Remove(L"D:\\dst\\x");
   files.ShortenCopies(true);
-  EXPECT_EQ(Outcome(Run()), "437/486 ");
+  EXPECT_EQ(Outcome(Run()), "COPYING/COPY_INCOMPLETE");
 }
 
 TEST_F(BackupTask, log_that_grows_or_shrinks_while_it_is_copied_fails_nothing) {
@@ -192,7 +195,7 @@ TEST_F(BackupTask, log_that_grows_or_shrinks_while_it_is_copied_fails_nothing) {
     files = {};
     AddSource();
     files.Meanwhile(Op::COPY, [&] { files.AddFile(L"C:\\src\\a.txt", now, kOlder); });
-    EXPECT_EQ(Outcome(Run()), "439/0 ");
+    EXPECT_EQ(Outcome(Run()), "CREATED");
     EXPECT_EQ(Below(L"D:\\dst\\x").at(L"a.txt"), now);
   }
 }
@@ -203,7 +206,7 @@ TEST_F(BackupTask, name_that_windows_takes_for_something_else_is_an_error_before
       task.dsts.clear();
       AddDst(name);
       const auto rows = Run(nullptr, listOnly);
-      EXPECT_EQ(rows[0]->message, uint32_t{IDS_PHASE_LISTED});
+      EXPECT_EQ(rows[0]->phase, qlm::Phase::LISTED);
       EXPECT_TRUE(rows[0]->error) << "never a skipped row";
       EXPECT_NE(rows[0]->error.message.find(my::LastComponent(name)), std::wstring::npos);
     }
@@ -216,33 +219,33 @@ TEST_F(BackupTask, destination_whose_existence_cannot_be_told_fails_its_row) {
   Run();
   for (const uint32_t code : {5u, 21u, 53u, 64u, 1231u}) {
     files.FailAt(Op::KIND, 1, code);
-    EXPECT_EQ(Outcome(Run()), "436/471 ") << code;
+    EXPECT_EQ(Outcome(Run()), "LISTED/PATH_UNREADABLE") << code;
   }
   task.dsts[0] = boost::make_shared<CDst>(CDst{L"Q:\\dst", DstType::FOLDER, L"x"});
-  EXPECT_EQ(Outcome(Run()), "436/58776 ") << "a missing drive";
+  EXPECT_EQ(Outcome(Run()), "LISTED/CREATE_FOLDER_FAILED") << "a missing drive";
 }
 
 TEST_F(BackupTask, renaming_that_is_refused_for_a_moment_is_tried_again) {
   AddDst(L"x");
   uint64_t start = clock.TickCount();
   files.RefuseRenames(12);
-  EXPECT_EQ(Outcome(Run()), "439/0 ");
+  EXPECT_EQ(Outcome(Run()), "CREATED");
   EXPECT_TRUE(clock.TickCount() > start + 5'000 && clock.TickCount() < start + 15'000);
   files.Remove(L"D:\\dst\\x");
   files.RefuseRenames(1'000'000);
   start = clock.TickCount();
-  EXPECT_EQ(Outcome(Run()), "437/58589 ");
+  EXPECT_EQ(Outcome(Run()), "COPYING/MOVE_FILE_FAILED");
   EXPECT_EQ(clock.TickCount(), start + 15'000);
   const CStopAfter stop(18);
   start = clock.TickCount();
-  EXPECT_EQ(Outcome(Run(&stop)), "437/58589 ");
+  EXPECT_EQ(Outcome(Run(&stop)), "COPYING/MOVE_FILE_FAILED");
   EXPECT_LT(clock.TickCount(), start + 1'000) << "a stop does not wait";
 }
 
 TEST_F(BackupTask, two_runs_at_once_share_nothing_and_the_slower_one_ends_with_what_exists) {
   AddDst(L"x");
-  files.Meanwhile(Op::COPY, [&] { EXPECT_EQ(Outcome(Run()), "439/0 "); });
-  EXPECT_EQ(Outcome(Run()), "440/0 ");
+  files.Meanwhile(Op::COPY, [&] { EXPECT_EQ(Outcome(Run()), "CREATED"); });
+  EXPECT_EQ(Outcome(Run()), "SKIPPED");
   EXPECT_EQ(Below(L"D:\\dst\\x"), kSource);
   EXPECT_EQ(Below(L"D:\\dst").size(), kSource.size()) << "nothing is left over";
   EXPECT_EQ(files.Kind(L"D:\\dst\\_tmp1_x"), my::PathKind::NONE);
@@ -255,11 +258,11 @@ TEST_F(BackupTask, stop_ends_the_job_at_its_next_check) {
     const CStopAfter stop(checks);
     const auto rows = Run(&stop);
     EXPECT_EQ(rows[0]->error.code, uint32_t{IDS_STOPPED}) << checks;
-    EXPECT_EQ(rows[0]->message, uint32_t(checks < 12 ? IDS_PHASE_LISTING : IDS_PHASE_COPYING)) << checks;
+    EXPECT_EQ(rows[0]->phase, checks < 12 ? qlm::Phase::LISTING : qlm::Phase::COPYING) << checks;
     EXPECT_EQ(files.Kind(L"D:\\dst\\x"), my::PathKind::NONE);
   }
   const CStopAfter never(19);  // one more before the renaming is tried again
-  EXPECT_EQ(Outcome(Run(&never)), "439/0 ");
+  EXPECT_EQ(Outcome(Run(&never)), "CREATED");
 }
 
 constexpr Op kAllOps[] = {Op::FIND,  Op::NEXT, Op::KIND,        Op::SIZE,        Op::CREATE_FOLDERS,
@@ -358,10 +361,10 @@ TEST_F(BackupTaskFaults, archive_of_another_run_is_never_written_into) {
   process.OnRun([&](const my::CProcessStart& start) {
     archives.push_back(start.arguments.substr(0, start.arguments.find(L" @")));
     // The second run begins while the first one's archiver has created nothing yet.
-    if (archives.size() == 1) EXPECT_EQ(Outcome(Run()), "439/0 ");
+    if (archives.size() == 1) EXPECT_EQ(Outcome(Run()), "CREATED");
     return Archive(start);
   });
-  EXPECT_EQ(Outcome(Run()), "440/0 ");
+  EXPECT_EQ(Outcome(Run()), "SKIPPED");
   EXPECT_EQ(archives,
             (std::vector<std::wstring>{L"a -ssw D:\\dst\\_tmp1_two.zip", L"a -ssw D:\\dst\\_tmp2_two.zip"}));
   EXPECT_EQ(Below(L"D:\\dst").size(), 2u) << "no reservation is left over, and no archive of these runs";
@@ -369,7 +372,7 @@ TEST_F(BackupTaskFaults, archive_of_another_run_is_never_written_into) {
 
 TEST_F(BackupTaskFaults, copy_that_ended_early_without_an_error_is_noticed) {
   files.ShortenCopies(true);
-  EXPECT_EQ(Outcome(Run()), "437/486 ");
+  EXPECT_EQ(Outcome(Run()), "COPYING/COPY_INCOMPLETE");
   EXPECT_EQ(files.Kind(L"D:\\dst\\one"), my::PathKind::NONE);
 }
 

@@ -13,8 +13,8 @@ namespace {
 using namespace qlm;
 using namespace test;
 
-constexpr uint32_t kStates[] = {IDS_STATE_NOT_RUN, IDS_STATE_RUNNING, IDS_STATE_STOPPING, IDS_STATE_STOPPED,
-                                IDS_STATE_ENDED};
+constexpr RunState kStates[] = {RunState::NOT_RUN, RunState::RUNNING, RunState::STOPPING, RunState::STOPPED,
+                                RunState::ENDED};
 
 class Commands : public testing::Test {
  protected:
@@ -27,7 +27,7 @@ class Commands : public testing::Test {
   }
 
   // A started program with the document of the fixture, saved, and a run in that state.
-  void StartIn(uint32_t state, bool modified = false) {
+  void StartIn(RunState state, bool modified = false) {
     a.dialogs.buttons.clear();
     a.files.Remove(kSettingsFile);
     a.files.Remove(L"D:\\");
@@ -36,10 +36,10 @@ class Commands : public testing::Test {
     a.app->Settings().archive = {L"C:\\7-Zip\\7z.exe", PasswordType::SAVE, true, L"pw", ""};
     a.app->Document().Reset(content, L"C:\\doc.qlmr");
     if (modified) a.Fill(content);
-    if (state == IDS_STATE_NOT_RUN) return;
+    if (state == RunState::NOT_RUN) return;
     a.Do(ID_RUN);
-    if (state == IDS_STATE_STOPPING || state == IDS_STATE_STOPPED) a.Do(ID_RUN);
-    if (state == IDS_STATE_STOPPED || state == IDS_STATE_ENDED) a.EndRun();
+    if (state == RunState::STOPPING || state == RunState::STOPPED) a.Do(ID_RUN);
+    if (state == RunState::STOPPED || state == RunState::ENDED) a.EndRun();
     ASSERT_EQ(a.State(), state);
   }
 
@@ -61,7 +61,7 @@ TEST_F(Commands, each_command_is_refused_in_the_states_that_forbid_it) {
       {ID_SETTINGS, true, true},     {ID_DESIGN, true, true},          {ID_TASK_TARGETS, false, false},
       {ID_EXPLORER_SRC, true, true}, {ID_EXPLORER_DST, true, true},    {ID_HOME_PAGE, true, true},
       {ID_USAGE_PAGE, true, true},   {ID_MRU_FIRST, false, false}};
-  for (const uint32_t state : kStates) {
+  for (const RunState state : kStates) {
     for (const bool modified : {false, true}) {
       for (const bool replacing : {false, true}) {
         StartIn(state, modified);
@@ -72,14 +72,14 @@ TEST_F(Commands, each_command_is_refused_in_the_states_that_forbid_it) {
         for (const CCase& c : kCases) {
           const bool enabled = (!active || c.duringRun) && (!replacing || c.duringReplace);
           EXPECT_EQ(a.app->IsEnabled(c.id), enabled)
-              << c.id << " in " << state << (replacing ? " replacing" : "");
+              << c.id << " in " << NameOf(state) << (replacing ? " replacing" : "");
           if (enabled) continue;
           a.TakeBoxes();
           a.Do(c.id);  // refused for the same reason, in a box
           const bool runFirst = active && c.id != ID_RUN && c.id != ID_RUN_POWER_OFF && !c.duringRun;
           const uint32_t reason =
               runFirst || !replacing ? IDS_REFUSED_DURING_RUN : IDS_REFUSED_DURING_REPLACE;
-          EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(reason) + L"\n") << c.id << " in " << state;
+          EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(reason) + L"\n") << c.id << " in " << NameOf(state);
         }
         EXPECT_EQ(a.State(), state) << "testing starts and stops nothing";
         EXPECT_EQ(a.app->Document().IsModified(), modified);
@@ -90,15 +90,15 @@ TEST_F(Commands, each_command_is_refused_in_the_states_that_forbid_it) {
 }
 
 TEST_F(Commands, run_toggles_and_makes_a_job_for_each_task_with_destinations) {
-  StartIn(IDS_STATE_NOT_RUN);
+  StartIn(RunState::NOT_RUN);
   a.Do(ID_RUN);
-  EXPECT_EQ(a.State(), IDS_STATE_RUNNING);
+  EXPECT_EQ(a.State(), RunState::RUNNING);
   EXPECT_TRUE(a.window.timer);
   a.EndRun();
-  EXPECT_EQ(a.State(), IDS_STATE_ENDED);
+  EXPECT_EQ(a.State(), RunState::ENDED);
   EXPECT_FALSE(a.window.timer);
   ASSERT_EQ(a.window.results.size(), 2u) << "the idle task has no row";
-  EXPECT_EQ(a.window.results[1]->message, IDS_PHASE_CREATED);
+  EXPECT_EQ(a.window.results[1]->phase, Phase::CREATED);
   EXPECT_EQ(a.process.Starts().back().arguments.find(L"a -mem=AES256 -ssw -ppw "), 0u);
   EXPECT_EQ(a.process.Starts().back().program, L"C:\\7-Zip\\7z.exe");
   EXPECT_EQ(a.window.states, 2);
@@ -108,16 +108,16 @@ TEST_F(Commands, run_toggles_and_makes_a_job_for_each_task_with_destinations) {
   a.app->OnTimer();
   EXPECT_EQ(a.window.statuses, statuses + 1);
   a.Do(ID_RUN);
-  EXPECT_EQ(a.State(), IDS_STATE_STOPPING);
+  EXPECT_EQ(a.State(), RunState::STOPPING);
   a.Do(ID_RUN);
   EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(IDS_ALREADY_STOPPING) + L"\n");
   a.EndRun();
-  EXPECT_EQ(a.State(), IDS_STATE_STOPPED);
+  EXPECT_EQ(a.State(), RunState::STOPPED);
 
   a.threads.fail = true;
   a.Do(ID_RUN);
   EXPECT_NE(a.TakeBoxes().find(L"スレッドの開始に失敗しました"), std::wstring::npos);
-  EXPECT_EQ(a.State(), IDS_STATE_STOPPED);
+  EXPECT_EQ(a.State(), RunState::STOPPED);
   a.threads.fail = false;
   content.tasks = {};
   content.tasks.Insert(-1, MakeTask(L"idle"));
@@ -127,7 +127,7 @@ TEST_F(Commands, run_toggles_and_makes_a_job_for_each_task_with_destinations) {
 }
 
 TEST_F(Commands, test_run_lists_the_focused_task_and_asks_for_no_password) {
-  StartIn(IDS_STATE_NOT_RUN);
+  StartIn(RunState::NOT_RUN);
   a.app->Settings().archive.password.clear();
   a.Do(ID_TASK_TARGETS);
   EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(IDS_NO_ITEM_SELECTED) + L"\n");
@@ -136,7 +136,7 @@ TEST_F(Commands, test_run_lists_the_focused_task_and_asks_for_no_password) {
   a.Do(ID_TASK_TARGETS);
   a.EndRun();
   ASSERT_EQ(a.window.results.size(), 1u);
-  EXPECT_EQ(a.window.results[0]->message, IDS_PHASE_LISTED);
+  EXPECT_EQ(a.window.results[0]->phase, Phase::LISTED);
   EXPECT_EQ(a.window.results[0]->destinationPath, L"D:\\z\\secret.zip");
   EXPECT_EQ(a.dialogs.passwordDialogs, 0);
   EXPECT_EQ(a.files.Kind(L"D:\\z"), my::PathKind::NONE);
@@ -152,11 +152,11 @@ TEST_F(Commands, password_is_asked_for_by_the_rules_of_its_type) {
     return a.dialogs.passwordDialogs - before;
   };
   const auto stored = [this] { return a.app->Settings().archive.password; };
-  StartIn(IDS_STATE_NOT_RUN);
+  StartIn(RunState::NOT_RUN);
   EXPECT_EQ(runs({}), 0) << "a stored password";
   a.app->Settings().archive = {L"C:\\7-Zip\\7z.exe", PasswordType::EXEC_ONCE, true, L"", ""};
   EXPECT_EQ(runs({}), 1) << "cancelled";
-  EXPECT_EQ(a.State(), IDS_STATE_ENDED) << "of the run before";
+  EXPECT_EQ(a.State(), RunState::ENDED) << "of the run before";
   EXPECT_EQ(runs({L"", L"a b", L"a\"b", L"abc"}), 1);
   EXPECT_EQ(a.dialogs.refusals, (std::vector<uint32_t>{IDS_PASSWORD_EMPTY, IDS_PASSWORD_BAD_CHARACTER,
                                                        IDS_PASSWORD_BAD_CHARACTER}));
@@ -197,7 +197,7 @@ TEST_F(Commands, power_off_comes_only_after_a_run_that_was_asked_to_and_ended_we
     a.EndRun();
     return !a.power.calls.empty();
   };
-  StartIn(IDS_STATE_NOT_RUN);
+  StartIn(RunState::NOT_RUN);
   EXPECT_FALSE(powersOff(ID_RUN));
   EXPECT_FALSE(powersOff(ID_RUN_POWER_OFF, true));
   EXPECT_TRUE(powersOff(ID_RUN_POWER_OFF));
@@ -208,11 +208,11 @@ TEST_F(Commands, power_off_comes_only_after_a_run_that_was_asked_to_and_ended_we
   a.app->Document().Reset(content, L"C:\\doc.qlmr");
   a.files.Remove(L"C:\\src");
   EXPECT_FALSE(powersOff(ID_RUN_POWER_OFF)) << "an error";
-  EXPECT_EQ(a.State(), IDS_STATE_ENDED);
+  EXPECT_EQ(a.State(), RunState::ENDED);
 }
 
 TEST_F(Commands, power_off_does_what_the_settings_say_with_exact_flags) {
-  StartIn(IDS_STATE_NOT_RUN);
+  StartIn(RunState::NOT_RUN);
   CUISetting& ui = a.app->Settings().ui;
   const std::wstring message = L"ShutDown \"コンピューターの電源を切ります\" 0 ";
   const struct {
@@ -248,11 +248,11 @@ TEST_F(Commands, power_off_does_what_the_settings_say_with_exact_flags) {
   a.Do(ID_POWER_OFF);
   EXPECT_NE(a.TakeBoxes().find(L"Unkonwn PowerOff type: 4"), std::wstring::npos);
 
-  StartIn(IDS_STATE_RUNNING);
+  StartIn(RunState::RUNNING);
   a.power.calls.clear();
   a.Do(ID_POWER_OFF);
   EXPECT_TRUE(a.power.calls.empty());
-  EXPECT_EQ(a.State(), IDS_STATE_RUNNING) << "cancelled";
+  EXPECT_EQ(a.State(), RunState::RUNNING) << "cancelled";
   a.dialogs.buttons = {true};
   a.dialogs.onBox = [this](const std::wstring&) { a.EndRun(); };  // while the question stands
   a.Do(ID_POWER_OFF);
@@ -261,22 +261,22 @@ TEST_F(Commands, power_off_does_what_the_settings_say_with_exact_flags) {
 }
 
 TEST_F(Commands, documents_are_opened_saved_and_remembered) {
-  StartIn(IDS_STATE_NOT_RUN, true);
+  StartIn(RunState::NOT_RUN, true);
   CDocument& document = a.app->Document();
   const auto& recent = a.app->Settings().ui.mruPathes.Items();
   a.dialogs.paths = {L"C:\\one.qlmr"};
   a.Do(ID_SAVE_AS);
   EXPECT_EQ(document.Path(), L"C:\\one.qlmr");
   EXPECT_FALSE(document.IsModified());
-  EXPECT_EQ(a.dialogs.questions.back().flags, 0x880006u);
+  EXPECT_EQ(a.dialogs.questions.back().dialog, FileDialog::SAVE_FILE);
   EXPECT_EQ(a.dialogs.questions.back().defaultExtension, L"qlmr");
   a.Do(ID_NEW);
   EXPECT_TRUE(document.Tasks().empty() && document.Dsts().empty() && document.Path().empty());
   a.Do(ID_OPEN);
   EXPECT_EQ(a.dialogs.questions.back().initialPath, L"C:\\one.qlmr") << "of a new document: the latest";
-  EXPECT_EQ(a.dialogs.questions.back().flags, 0x881000u);
-  EXPECT_EQ(a.dialogs.questions.back().kinds.at(0).second, L"*.qlmr");
-  EXPECT_EQ(a.dialogs.questions.back().kinds.at(1).second, L"*.xml");
+  EXPECT_EQ(a.dialogs.questions.back().dialog, FileDialog::OPEN_FILE);
+  EXPECT_EQ(a.dialogs.questions.back().kinds.at(0).pattern, L"*.qlmr");
+  EXPECT_EQ(a.dialogs.questions.back().kinds.at(1).pattern, L"*.xml");
   a.dialogs.paths = {L"C:\\one.qlmr"};
   a.Do(ID_OPEN);
   EXPECT_EQ(document.Path(), L"C:\\one.qlmr");
@@ -343,7 +343,7 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
 }
 
 TEST_F(Commands, file_manager_shows_what_is_focused_or_the_nearest_folder) {
-  StartIn(IDS_STATE_NOT_RUN);
+  StartIn(RunState::NOT_RUN);
   a.Do(ID_EXPLORER_DST);
   EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(IDS_NO_ITEM_SELECTED) + L"\n");
   EXPECT_EQ(a.window.dsts.focusCount, 1);
@@ -396,12 +396,12 @@ TEST_F(Commands, file_manager_shows_what_is_focused_or_the_nearest_folder) {
 }
 
 TEST_F(Commands, settings_and_replace_open_their_windows) {
-  StartIn(IDS_STATE_NOT_RUN);
+  StartIn(RunState::NOT_RUN);
   a.Do(ID_SETTINGS);
   a.Do(ID_DESIGN);
   EXPECT_EQ(a.dialogs.settingsPages, (std::vector<bool>{false, true}));
   a.Do(ID_REPLACE);
-  EXPECT_EQ(a.dialogs.tool, &a.app->Replace());
+  EXPECT_EQ(a.dialogs.replacesOpened, 1);
   a.Do(ID_REPLACE);
   EXPECT_EQ(a.dialogs.replaceFocuses, 1);
   a.dialogs.refuseToCancel = true;
@@ -411,18 +411,18 @@ TEST_F(Commands, settings_and_replace_open_their_windows) {
 }
 
 TEST_F(Commands, closing_asks_about_edits_and_runs_and_goes_on_while_the_worker_ends) {
-  StartIn(IDS_STATE_RUNNING, true);
+  StartIn(RunState::RUNNING, true);
   EXPECT_FALSE(a.app->OnClose());
   EXPECT_EQ(a.TakeBoxes(), L"確認: " + a.Text(IDS_ASK_DISCARD) + L"\n");
   a.dialogs.buttons = {true, false};
   EXPECT_FALSE(a.app->OnClose());
   EXPECT_EQ(a.TakeBoxes(),
             L"確認: " + a.Text(IDS_ASK_DISCARD) + L"\n確認: " + a.Text(IDS_ASK_STOP_AND_QUIT) + L"\n");
-  EXPECT_EQ(a.State(), IDS_STATE_RUNNING);
+  EXPECT_EQ(a.State(), RunState::RUNNING);
   EXPECT_EQ(a.files.Kind(kSettingsFile), my::PathKind::NONE);
   a.dialogs.buttons = {true, true};
   EXPECT_FALSE(a.app->OnClose());
-  EXPECT_EQ(a.State(), IDS_STATE_STOPPING);
+  EXPECT_EQ(a.State(), RunState::STOPPING);
   EXPECT_EQ(a.window.closingShown, 1);
   a.TakeBoxes();
   const size_t tasks = a.app->Document().Tasks().size();
@@ -436,7 +436,7 @@ TEST_F(Commands, closing_asks_about_edits_and_runs_and_goes_on_while_the_worker_
   EXPECT_FALSE(a.app->OnQueryEndSession()) << "the worker has not ended";
   EXPECT_FALSE(a.window.closing);
   a.EndRun();
-  EXPECT_EQ(a.State(), IDS_STATE_STOPPED);
+  EXPECT_EQ(a.State(), RunState::STOPPED);
   EXPECT_TRUE(a.window.closing);
   EXPECT_TRUE(a.app->OnClose());
   EXPECT_EQ(a.files.Kind(kSettingsFile), my::PathKind::FILE);
@@ -449,10 +449,10 @@ TEST_F(Commands, session_ends_at_the_programs_own_request_and_else_waits_for_wor
   const auto mayEnd = [this] { return a.app->OnQueryEndSession(); };
   bool vetoed = false;
   a.power.onSessionEnd = [&] { vetoed = !mayEnd(); };
-  StartIn(IDS_STATE_NOT_RUN);
+  StartIn(RunState::NOT_RUN);
   EXPECT_TRUE(mayEnd());
   for (const auto type : {PowerOffType::LOGOFF, PowerOffType::POWEROFF}) {
-    StartIn(IDS_STATE_RUNNING, true);
+    StartIn(RunState::RUNNING, true);
     EXPECT_EQ(a.window.hold, a.Text(IDS_SHUTDOWN_REASON));
     EXPECT_FALSE(mayEnd());
     a.app->Settings().ui.powerOffType = type;
@@ -471,7 +471,7 @@ TEST_F(Commands, session_ends_at_the_programs_own_request_and_else_waits_for_wor
     EXPECT_EQ(a.window.hold, L"");
   }
   const auto requestAfter = [&](PowerOffType type, bool modified = true) {
-    StartIn(IDS_STATE_NOT_RUN, modified);
+    StartIn(RunState::NOT_RUN, modified);
     a.app->Settings().ui.powerOffType = type;
     a.dialogs.buttons = {true};
     a.Do(ID_POWER_OFF);
@@ -493,7 +493,7 @@ TEST_F(Commands, session_ends_at_the_programs_own_request_and_else_waits_for_wor
 }
 
 TEST_F(Commands, end_of_session_stores_what_closing_stores_without_a_box) {
-  StartIn(IDS_STATE_NOT_RUN, true);
+  StartIn(RunState::NOT_RUN, true);
   a.Do(ID_REPLACE);
   EXPECT_FALSE(a.app->OnQueryEndSession());
   a.app->OnEndSession(true);
@@ -514,7 +514,7 @@ TEST(CommandLine, quotes_keep_blanks_and_vanish) {
 }
 
 TEST_F(Commands, start_opens_the_named_document_or_the_last_one) {
-  StartIn(IDS_STATE_NOT_RUN, true);
+  StartIn(RunState::NOT_RUN, true);
   for (const wchar_t* path : {L"C:\\a b.qlmr", L"C:\\last.qlmr"}) {
     a.dialogs.paths = {path};
     a.Do(ID_SAVE_AS);
@@ -542,7 +542,7 @@ TEST_F(Commands, start_opens_the_named_document_or_the_last_one) {
 }
 
 TEST_F(Commands, any_failure_is_shown) {
-  StartIn(IDS_STATE_NOT_RUN);
+  StartIn(RunState::NOT_RUN);
   a.app->ShowFailure(std::make_exception_ptr(std::runtime_error("何か")));
   EXPECT_EQ(a.TakeBoxes(), L"エラー: 標準エラーが発生しました: 何か\n");
   a.app->ShowFailure(std::make_exception_ptr(1));
@@ -550,7 +550,7 @@ TEST_F(Commands, any_failure_is_shown) {
 }
 
 TEST_F(Commands, start_that_is_given_up_leaves_the_settings_file) {
-  StartIn(IDS_STATE_NOT_RUN);
+  StartIn(RunState::NOT_RUN);
   ASSERT_TRUE(a.app->OnClose());
   const std::string good = a.files.Files().at(kSettingsFile);
   std::string newer = good;

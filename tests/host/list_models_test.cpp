@@ -35,10 +35,10 @@ class ListModels : public testing::Test {
   }
 
   // A row of the task: with an error when there is a text for it.
-  CResultPtr Row(const CTaskPtr& task, uint32_t message, const wchar_t* error = L"") const {
+  CResultPtr Row(const CTaskPtr& task, Phase phase, const wchar_t* error = L"") const {
     CResult row;
     row.task = task;
-    row.message = message;
+    row.phase = phase;
     row.newestWriteTime = kTime;
     row.destinationPath = L"D:\\x,y";
     if (*error) row.error = {IDS_INTERNAL_ERROR, 0, error};
@@ -61,10 +61,10 @@ class ListModels : public testing::Test {
 TEST_F(ListModels, closing_waits_for_the_archiver_of_the_last_row) {
   const CTasks& tasks = document.Tasks();
   EXPECT_EQ(ClosingText(texts, {}), texts.Text(IDS_WAIT_RUN));
-  const CResultPtr copying = Row(tasks[0], IDS_PHASE_COPYING);
-  EXPECT_EQ(ClosingText(texts, {Row(tasks[1], IDS_PHASE_ARCHIVING), copying}),
+  const CResultPtr copying = Row(tasks[0], Phase::COPYING);
+  EXPECT_EQ(ClosingText(texts, {Row(tasks[1], Phase::ARCHIVING), copying}),
             L"「A」の処理が中断されるのを待っています");
-  EXPECT_EQ(ClosingText(texts, {copying, Row(tasks[1], IDS_PHASE_ARCHIVING)}),
+  EXPECT_EQ(ClosingText(texts, {copying, Row(tasks[1], Phase::ARCHIVING)}),
             L"「B」の圧縮が終わるのを待っています");
 }
 
@@ -74,21 +74,21 @@ TEST_F(ListModels, task_shows_destinations_preview_and_worst_state) {
   RemoveDsts(document, {0});
   model.Refresh();
   const CTaskPtr task = document.Tasks()[0];
-  model.ShowResults({Row(task, IDS_PHASE_SKIPPED), Row(task, IDS_PHASE_CREATED)});
+  model.ShowResults({Row(task, Phase::SKIPPED), Row(task, Phase::CREATED)});
   EXPECT_EQ(model.Look(0).color, setting.stateColors[0]) << "created";
-  auto partial = boost::make_shared<CResult>(*Row(task, IDS_PHASE_SKIPPED));
+  auto partial = boost::make_shared<CResult>(*Row(task, Phase::SKIPPED));
   auto targets = boost::make_shared<CTargets>();
   targets->AddUnlisted(L"x", my::CSystemError::FromWin32(5));
   targets->AddUnlisted(L"y", my::CSystemError::FromWin32(5));
   partial->targets = targets;
-  model.ShowResults({Row(task, IDS_PHASE_CREATED), partial});
+  model.ShowResults({Row(task, Phase::CREATED), partial});
   EXPECT_NE(model.Look(0).color, setting.stateColors[0]) << "not simply good";
   EXPECT_EQ(model.Text(0, CTaskListModel::STATE), texts.Text(IDS_PHASE_SKIPPED) + kUnlisted);
   CResultListModel results(setting, texts, clock);
   results.ShowResults(0, {partial, partial});
   EXPECT_EQ(results.Text(1, CResultListModel::MESSAGE), texts.Text(IDS_PHASE_SKIPPED) + kUnlisted);
   EXPECT_EQ(results.UnlistedCount(), 2U) << "rows of one job share their list";
-  model.ShowResults({Row(task, IDS_PHASE_COPYING, L"disk\r\nfull"), Row(task, IDS_PHASE_COPYING)});
+  model.ShowResults({Row(task, Phase::COPYING, L"disk\r\nfull"), Row(task, Phase::COPYING)});
   EXPECT_EQ(model.Look(0).color, setting.stateColors[3]) << "failed";
   EXPECT_FALSE(model.Look(0).grey);
   EXPECT_FALSE(model.Look(1).color);
@@ -113,11 +113,11 @@ TEST_F(ListModels, results_replace_their_rows_and_become_csv) {
   clock.SetOffsetMinutes(9 * 60);
   CResultListModel model(setting, texts, clock);
   const auto noDst = boost::make_shared<CTask>(CTask{L"=1+1", L"p", L"", {}});
-  model.ShowResults(0, {Row(document.Tasks()[1], IDS_PHASE_COPYING)});
-  model.ShowResults(1, {Row(noDst, IDS_PHASE_SKIPPED)});
+  model.ShowResults(0, {Row(document.Tasks()[1], Phase::COPYING)});
+  model.ShowResults(1, {Row(noDst, Phase::SKIPPED)});
   EXPECT_EQ(model.Look(0).color, setting.stateColors[1]);
   EXPECT_EQ(model.Look(1).color, setting.stateColors[2]);
-  model.ShowResults(0, {Row(document.Tasks()[1], IDS_PHASE_COPYING, L"\"why\"")});
+  model.ShowResults(0, {Row(document.Tasks()[1], Phase::COPYING, L"\"why\"")});
   EXPECT_EQ(model.Csv(),
             "\xEF\xBB\xBFID,転送先パス,種類,最終更新日時,メッセージ\r\n"
             "B,\"D:\\x,y\",フォルダー,2016/03/05 16:04:09,"

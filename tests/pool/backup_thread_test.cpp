@@ -7,6 +7,7 @@
 
 #include "support/fake_ports.h"
 #include "support/memory_file_system.h"
+#include "support/names.h"
 #include "text_ids.h"
 
 namespace {
@@ -97,11 +98,11 @@ TEST_F(BackupThread, run_counts_its_rows_and_ends_at_the_full_bar) {
   EXPECT_FALSE(controller.IsListOnly());
   EXPECT_EQ(Refusal([&] { controller.Start(false, false); }), IDS_ALREADY_RUNNING);
   TickToEnd();
-  EXPECT_EQ(controller.State(), IDS_STATE_ENDED);
+  EXPECT_EQ(controller.State(), qlm::RunState::ENDED);
   EXPECT_EQ(shown.rows.size(), 3u);
   EXPECT_EQ(controller.Progress().position, 3u);
   EXPECT_EQ(controller.StatusText(), L"3 / 3  正常終了  0:00  ");
-  for (const auto& row : shown.rows) EXPECT_EQ(row->message, uint32_t{IDS_PHASE_SKIPPED});
+  for (const auto& row : shown.rows) EXPECT_EQ(row->phase, qlm::Phase::SKIPPED);
   EXPECT_EQ(Refusal([&] { controller.Stop(); }), IDS_NOT_RUNNING);
 
   controller.ResetResults();
@@ -127,14 +128,14 @@ TEST_F(BackupThread, stop_drops_what_waits_and_ends_what_runs) {
   EXPECT_EQ(controller.Progress().position, 0u) << "the row that is at work does not count yet";
   EXPECT_EQ(controller.StatusText(), L"1 / 3  実行中  1:01  ........");
   controller.Stop();
-  EXPECT_EQ(controller.State(), IDS_STATE_STOPPING);
+  EXPECT_EQ(controller.State(), qlm::RunState::STOPPING);
   EXPECT_EQ(Refusal([&] { controller.Stop(); }), IDS_ALREADY_STOPPING);
   EXPECT_EQ(Refusal([&] { controller.Start(false, false); }), IDS_ALREADY_RUNNING);
   release.set_value();
   TickToEnd();
-  EXPECT_EQ(controller.State(), IDS_STATE_STOPPED);
+  EXPECT_EQ(controller.State(), qlm::RunState::STOPPED);
   ASSERT_EQ(shown.rows.size(), 2u) << "the second job never started";
-  EXPECT_EQ(shown.rows[0]->message, uint32_t{IDS_PHASE_CREATED}) << "a running archiver is waited for";
+  EXPECT_EQ(shown.rows[0]->phase, qlm::Phase::CREATED) << "a running archiver is waited for";
   EXPECT_EQ(shown.rows[1]->error.code, uint32_t{IDS_STOPPED});
   EXPECT_EQ(shown.powerOffs, 0);
 }
@@ -143,7 +144,7 @@ TEST_F(BackupThread, missing_thread_ends_the_run_before_it_began) {
   threads.FailToStart(true);
   AddJob(L"1", {L"x"});
   EXPECT_EQ(Refusal([&] { controller.Start(false, true); }), IDS_START_THREAD_FAILED);
-  EXPECT_EQ(controller.State(), IDS_STATE_STOPPED);
+  EXPECT_EQ(controller.State(), qlm::RunState::STOPPED);
   EXPECT_EQ(shown.stateChanges, 2);
   threads.FailToStart(false);
   controller.Start(false, true);

@@ -14,6 +14,7 @@
 #include "support/fake_system.h"
 #include "support/fake_windows.h"
 #include "support/memory_file_system.h"
+#include "support/names.h"
 #include "support/pugi_dom.h"
 
 namespace test {
@@ -51,8 +52,10 @@ class CFakeApp {
     settings.emplace(0);
     document.emplace();
     app.emplace(
-        qlm::CAppPorts{{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell},
+        qlm::CAppPorts{
+            {files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell, clipboard},
         *settings, *document, dialogs, window, dialogs, commandLine);
+    dialogs.tool = &app->Replace();
     app->Start();
     return *app;
   }
@@ -73,7 +76,7 @@ class CFakeApp {
     app->OnTimer();
   }
 
-  uint32_t State() const { return app->Run().State(); }
+  qlm::RunState State() const { return app->Run().State(); }
   std::wstring Text(uint32_t id) const { return texts.Text(id); }
 
   // What was shown in message boxes since the last question, one a line.
@@ -95,6 +98,7 @@ class CFakeApp {
   CFakePower power;
   CFakeHash hash;
   CFakeShell shell;
+  CFakeClipboard clipboard;
   CFakeWindow window;
   CFakeDialogs dialogs;
   std::function<void()> onTitle;  // of the next start

@@ -2,27 +2,15 @@
 
 #include <iconv.h>
 
-#include <fstream>
 #include <future>
 #include <map>
-#include <regex>
 #include <thread>
 
+#include "support/names.h"
 #include "support/strings.h"
 
 namespace test {
 namespace {
-
-// The two groups of every line of a resource file that fits the form.
-std::map<std::string, std::string> ReadPairs(const std::string& name, const std::regex& form) {
-  std::ifstream file(QLM_SOURCE_DIR "/res/" + name);
-  std::map<std::string, std::string> pairs;
-  std::smatch match;
-  for (std::string line; std::getline(file, line);) {
-    if (std::regex_match(line, match, form)) pairs[match[1]] = match[2];
-  }
-  return pairs;
-}
 
 std::map<uint32_t, std::wstring> ReadTexts() {
   const auto ids = ReadPairs("text_ids.h", std::regex("#define (IDS_\\w+)\\s+(\\d+)\\s*"));

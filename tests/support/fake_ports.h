@@ -23,6 +23,7 @@ class CFakeClock : public my::IClock {
   void SetOffsetMinutes(int minutes) { m_offsetMinutes = minutes; }  // of the user's time zone
 
   uint64_t TickCount() const override { return m_tick; }
+  my::CFileTime Now() const override { return {131'016'350'490'000'000}; }
   void Sleep(uint32_t ms) const override { m_tick += ms; }
   my::CCalendar LocalCalendar(my::CFileTime time) const override;
 

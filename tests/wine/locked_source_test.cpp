@@ -66,13 +66,14 @@ TEST_F(LockedSource, fails_the_row_of_a_folder_and_of_an_archive) {
         << "left to be looked at";
 
     const auto archive = Run(DstType::ZIP, L"all.zip");
-    EXPECT_EQ(archive->message, uint32_t{IDS_PHASE_ARCHIVING});
+    EXPECT_NE(qlm::ResultText(m_texts, *archive).find(L"圧縮処理中にエラーが発生しました"),
+              std::wstring::npos);
     EXPECT_EQ(archive->error.code, uint32_t{IDS_PROCESS_EXIT_CODE});
     EXPECT_NE(archive->error.message.find(L"(1)"), std::wstring::npos) << "the archiver only warns";
     EXPECT_EQ(m_scratch.files.Kind(m_scratch.At(L"dst\\all.zip")), PathKind::NONE);
   }
-  EXPECT_EQ(Run(DstType::FOLDER, L"copy")->message, uint32_t{IDS_PHASE_CREATED});
-  EXPECT_EQ(Run(DstType::ZIP, L"all.zip")->message, uint32_t{IDS_PHASE_CREATED});
+  EXPECT_EQ(qlm::ResultText(m_texts, *Run(DstType::FOLDER, L"copy")), m_texts.Text(IDS_PHASE_CREATED));
+  EXPECT_EQ(qlm::ResultText(m_texts, *Run(DstType::ZIP, L"all.zip")), m_texts.Text(IDS_PHASE_CREATED));
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 namespace my {
 namespace {
 
-// Whether the time is within the calendar. Not every version of the conversions refuses what is not.
+// Returns whether the time can be converted. Not every version of the conversion functions checks this.
 bool IsInCalendar(const FILETIME& time) {
   if (time.dwHighDateTime >> 31 == 0) return true;
   ::SetLastError(ERROR_INVALID_PARAMETER);
@@ -18,6 +18,12 @@ bool IsInCalendar(const FILETIME& time) {
 
 uint64_t CWin32Clock::TickCount() const {
   return ::GetTickCount64();
+}
+
+CFileTime CWin32Clock::Now() const {
+  FILETIME now{};
+  ::GetSystemTimeAsFileTime(&now);
+  return {uint64_t{now.dwHighDateTime} << 32 | now.dwLowDateTime};
 }
 
 void CWin32Clock::Sleep(uint32_t ms) const {

@@ -1,4 +1,4 @@
-// The system's headers come first: the door takes back the names that they make macros of.
+// powrprof.h needs windows.h before it.
 #include <windows.h>
 
 #include <powrprof.h>
@@ -40,8 +40,8 @@ CKernelHandle OpenToken() {
   return CKernelHandle(token);
 }
 
-// The code of an action that has just failed. Drivers refuse a sleep without leaving one, and 0 would pass
-// for success.
+// Returns the error code of an action that has failed, never 0: drivers may refuse to sleep without setting
+// one.
 uint32_t FailureCode() {
   const DWORD code = ::GetLastError();
   return code == ERROR_SUCCESS ? ERROR_GEN_FAILURE : code;
@@ -77,7 +77,7 @@ uint32_t CWin32Power::SetSuspendState(bool hibernate, bool force, bool disableWa
 
 uint32_t CWin32Power::ShutDown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
                                uint32_t reason) {
-  std::wstring text = message;  // the system wants it writable
+  std::wstring text = message;  // the function needs a writable buffer
   return ::InitiateShutdownW(nullptr, text.data(), graceSeconds, flags, reason);
 }
 

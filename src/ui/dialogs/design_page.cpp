@@ -23,11 +23,6 @@ namespace {
 
 constexpr int kSwatchMargin = 4;  // pixels at 96 DPI
 
-constexpr int kBrushes = IDS_BRUSH_INTERLACE - IDS_BRUSH_DEFAULT + 1;
-constexpr int kImages = IDS_IMAGE_GETTODAZE - IDS_IMAGE_DEFAULT + 1;
-constexpr int kFits = IDS_FIT_AUTO_FILL - IDS_FIT_NONE + 1;
-constexpr int kOrigins = IDS_ORIGIN_RT - IDS_ORIGIN_LT + 1;
-
 bool HasColor(BrushType type) {
   return type == BrushType::CUSTOM_COLOR || type >= BrushType::CHECK;
 }
@@ -111,14 +106,12 @@ void CDesignPage::FocusRefused() {
 
 bool CDesignPage::OnInit() {
   m_design = m_context.settings.design;
-  my::FillFromTexts(Item(IDC_BRUSH_TYPE), m_context.ports.engine.texts, IDS_BRUSH_DEFAULT, kBrushes,
-                    static_cast<int>(m_design.bkBrushType));
-  my::FillFromTexts(Item(IDC_IMAGE_TYPE), m_context.ports.engine.texts, IDS_IMAGE_DEFAULT, kImages,
-                    static_cast<int>(m_design.bkImgType));
-  my::FillFromTexts(Item(IDC_IMAGE_FIT), m_context.ports.engine.texts, IDS_FIT_NONE, kFits,
-                    static_cast<int>(m_design.bkImgFitType));
-  my::FillFromTexts(Item(IDC_IMAGE_ORIGIN), m_context.ports.engine.texts, IDS_ORIGIN_LT, kOrigins,
-                    static_cast<int>(m_design.bkImgOrigin));
+  my::FillFromTexts(Item(IDC_BRUSH_TYPE), m_context.ports.engine.texts, kBrushTypeTexts,
+                    m_design.bkBrushType);
+  my::FillFromTexts(Item(IDC_IMAGE_TYPE), m_context.ports.engine.texts, kBkImgTypeTexts, m_design.bkImgType);
+  my::FillFromTexts(Item(IDC_IMAGE_FIT), m_context.ports.engine.texts, kFitTypeTexts, m_design.bkImgFitType);
+  my::FillFromTexts(Item(IDC_IMAGE_ORIGIN), m_context.ports.engine.texts, kImgOriginTexts,
+                    m_design.bkImgOrigin);
   SetItemText(IDC_BRUSH_PATH, m_design.bkBrushPath);
   SetItemText(IDC_IMAGE_PATH, m_design.bkImgPath);
   SetChecked(IDC_SHOW_DESCRIPTION, m_design.showDesc);

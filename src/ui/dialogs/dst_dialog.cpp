@@ -5,34 +5,23 @@
 #include "app/windows.h"
 #include "control_ids.h"
 #include "document/document.h"
+#include "platform/clock.h"
 #include "platform/message_texts.h"
 #include "settings/settings.h"
 #include "text_ids.h"
+#include "ui/framework/controls.h"
 #include "ui/framework/file_dialogs.h"
 #include "ui/models/cells.h"
 #include "ui/models/name_preview.h"
 #include "ui/models/task_warning.h"
 
 namespace qlm {
-namespace {
-
-// In the order of the combo box.
-constexpr DstType kTypes[] = {DstType::FOLDER, DstType::ZIP, DstType::PASSWORD_ZIP, DstType::AES_256_ZIP};
-
-my::CFileTime Now() {
-  FILETIME now{};
-  ::GetSystemTimeAsFileTime(&now);
-  return {uint64_t{now.dwHighDateTime} << 32 | now.dwLowDateTime};
-}
-
-}  // namespace
-
-CDstDialog::CDstDialog(CAppContext& context, CDst dst, CConfirm confirm, my::CFileTime newestWriteTime)
+CDstDialog::CDstDialog(CAppContext& context, CDst dst, CConfirm confirm)
     : CDialog(IDD_DST, &context.settings.dstDlg),
       m_context(context),
       m_dst(std::move(dst)),
       m_confirm(std::move(confirm)),
-      m_time(newestWriteTime ? newestWriteTime : Now()),
+      m_time(context.ports.engine.clock.Now()),
       m_taskId(SampleTaskId(context.document.Tasks(), context.window.TaskList().SelectedRows(),
                             context.ports.engine.texts)) {}
 
@@ -55,12 +44,7 @@ bool CDstDialog::OnInit() {
 }
 
 void CDstDialog::InitTypes() const {
-  const HWND combo = Item(IDC_DST_TYPE);
-  for (const DstType type : kTypes) {
-    const std::wstring text = DstTypeText(m_context.ports.engine.texts, type);
-    ::SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
-  }
-  ::SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(m_dst.type), 0);
+  my::FillFromTexts(Item(IDC_DST_TYPE), m_context.ports.engine.texts, kDstTypeTexts, m_dst.type);
 }
 
 void CDstDialog::OnOk() {
@@ -101,7 +85,7 @@ bool CDstDialog::OnCommand(int id, int code) {
 CDst CDstDialog::EditedDst() const {
   CDst dst = m_dst;
   dst.folder = ItemText(IDC_DST_FOLDER);
-  dst.type = kTypes[::SendMessageW(Item(IDC_DST_TYPE), CB_GETCURSEL, 0, 0)];
+  dst.type = static_cast<DstType>(my::Chosen(Item(IDC_DST_TYPE)));
   dst.pattern = ItemText(IDC_DST_PATTERN);
   return dst;
 }

@@ -19,9 +19,6 @@
 namespace qlm {
 namespace {
 
-constexpr int kPasswordTypes = IDS_PASSWORD_TYPE_SAVE - IDS_PASSWORD_TYPE_EXEC + 1;
-constexpr int kPowerOffTypes = IDS_POWER_OFF_TYPE_POWEROFF - IDS_POWER_OFF_TYPE_LOGOFF + 1;
-
 // To ourselves: the text of the archiver's combo box is settled now.
 constexpr UINT kSettled = WM_APP;
 
@@ -75,8 +72,8 @@ void CGeneralPage::InitArchiver() {
 
 void CGeneralPage::InitPassword() {
   const CArchiveSetting& setting = m_context.settings.archive;
-  my::FillFromTexts(Item(IDC_PASSWORD_TYPE), m_context.ports.engine.texts, IDS_PASSWORD_TYPE_EXEC,
-                    kPasswordTypes, static_cast<int>(setting.passwordType));
+  my::FillFromTexts(Item(IDC_PASSWORD_TYPE), m_context.ports.engine.texts, kPasswordTypeTexts,
+                    setting.passwordType);
   SetItemText(IDC_PASSWORD, setting.password);
   SetChecked(IDC_HIDE_PASSWORD, setting.hidePassword);
   my::MaskPassword(Item(IDC_PASSWORD), setting.hidePassword);
@@ -85,8 +82,8 @@ void CGeneralPage::InitPassword() {
 
 void CGeneralPage::InitPowerOff() {
   const CUISetting& setting = m_context.settings.ui;
-  my::FillFromTexts(Item(IDC_POWER_OFF_TYPE), m_context.ports.engine.texts, IDS_POWER_OFF_TYPE_LOGOFF,
-                    kPowerOffTypes, static_cast<int>(setting.powerOffType));
+  my::FillFromTexts(Item(IDC_POWER_OFF_TYPE), m_context.ports.engine.texts, kPowerOffTypeTexts,
+                    setting.powerOffType);
   SetChecked(IDC_HYBRID_SHUTDOWN, setting.hybridShutdown);
   SetChecked(IDC_INSTALL_UPDATES, setting.installUpdates);
   ShowPowerOffType();
@@ -168,17 +165,15 @@ void CGeneralPage::ShowArchiverVersion() {
 }
 
 void CGeneralPage::ShowPasswordType() {
-  const int type = my::Chosen(Item(IDC_PASSWORD_TYPE));
-  const UINT text = IDS_PASSWORD_DESC_EXEC + static_cast<UINT>(type);
-  SetItemText(IDC_PASSWORD_DESC, m_context.ports.engine.texts.Text(text));
-  EnableItem(IDC_PASSWORD, static_cast<PasswordType>(type) == PasswordType::SAVE);
+  const auto type = static_cast<PasswordType>(my::Chosen(Item(IDC_PASSWORD_TYPE)));
+  SetItemText(IDC_PASSWORD_DESC, m_context.ports.engine.texts.Text(kPasswordTypeDescriptions[type]));
+  EnableItem(IDC_PASSWORD, type == PasswordType::SAVE);
 }
 
 void CGeneralPage::ShowPowerOffType() {
-  const int type = my::Chosen(Item(IDC_POWER_OFF_TYPE));
-  const UINT text = IDS_POWER_OFF_DESC_LOGOFF + static_cast<UINT>(type);
-  SetItemText(IDC_POWER_OFF_DESC, m_context.ports.engine.texts.Text(text));
-  const bool turnsOff = static_cast<PowerOffType>(type) == PowerOffType::POWEROFF;
+  const auto type = static_cast<PowerOffType>(my::Chosen(Item(IDC_POWER_OFF_TYPE)));
+  SetItemText(IDC_POWER_OFF_DESC, m_context.ports.engine.texts.Text(kPowerOffTypeDescriptions[type]));
+  const bool turnsOff = type == PowerOffType::POWEROFF;
   EnableItem(IDC_HYBRID_SHUTDOWN, turnsOff);
   EnableItem(IDC_INSTALL_UPDATES, turnsOff);
 }

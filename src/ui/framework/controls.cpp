@@ -1,20 +1,11 @@
 #include "ui/framework/controls.h"
 
-#include "platform/message_texts.h"
-
 namespace my {
 
 void FillCombo(HWND combo, const std::vector<std::wstring>& items) {
   for (const std::wstring& item : items) {
     ::SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
   }
-}
-
-void FillFromTexts(HWND combo, const IMessageTexts& texts, uint32_t firstText, int count, int chosen) {
-  std::vector<std::wstring> items;
-  for (int i = 0; i < count; ++i) items.push_back(texts.Text(firstText + static_cast<uint32_t>(i)));
-  FillCombo(combo, items);
-  ::SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(chosen), 0);
 }
 
 int Chosen(HWND combo) {

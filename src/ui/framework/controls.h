@@ -1,29 +1,35 @@
-// What several dialogs do to their controls.
+// Functions on controls that several dialogs use.
 #pragma once
 
 #include <windows.h>
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
+#include "platform/message_texts.h"
+#include "support/enum_names.h"
+
 namespace my {
 
-class IMessageTexts;
-
-// Adds to the list of a combo box.
+// Appends the items to the list of a combo box.
 void FillCombo(HWND combo, const std::vector<std::wstring>& items);
 
-// Fills the list of a combo box with `count` texts of consecutive ids.
-void FillFromTexts(HWND combo, const IMessageTexts& texts, uint32_t firstText, int count, int chosen);
+// Appends the texts of an enumeration to the list of a combo box and selects `chosen`.
+template <class TEnum>
+void FillFromTexts(HWND combo, const IMessageTexts& texts, const CEnumTexts<TEnum>& ids, TEnum chosen) {
+  std::vector<std::wstring> items;
+  for (size_t i = 0; i < ids.size(); ++i) items.push_back(texts.Text(ids[static_cast<TEnum>(i)]));
+  FillCombo(combo, items);
+  ::SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(chosen), 0);
+}
 
-// The chosen item of a combo box, from 0 on.
+// Returns the index of the selected item; -1 for none.
 int Chosen(HWND combo);
 
-// Whether the characters of a password's edit control are masked, from now on.
+// Shows or masks the characters of a password edit control.
 void MaskPassword(HWND edit, bool hide);
 
-// Overwrites and empties the control, which keeps its text in memory of its own.
+// Overwrites the text of the control before emptying it: the control keeps the text in its own memory.
 void WipePassword(HWND edit);
 
 }  // namespace my

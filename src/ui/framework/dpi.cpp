@@ -3,7 +3,7 @@
 namespace my {
 namespace {
 
-// A function of user32 that older systems lack; null there.
+// Returns a function of user32, or null on systems without it.
 template <class Function>
 Function* UserFunction(const char* name) {
   return reinterpret_cast<Function*>(

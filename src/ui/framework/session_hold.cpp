@@ -3,7 +3,7 @@
 namespace my {
 namespace {
 
-// The functions are missing where sessions end without a reason being shown.
+// Returns null on systems without the function, which do not show reasons.
 template <class Function>
 Function* SessionFunction(const char* name) {
   const HMODULE module = ::GetModuleHandleW(L"user32.dll");
@@ -13,7 +13,7 @@ Function* SessionFunction(const char* name) {
 }  // namespace
 
 void HoldSession(HWND window, const std::wstring& reason) {
-  // A reason is replaced only when the old one has gone.
+  // The system does not replace an existing reason.
   if (const auto release = SessionFunction<BOOL WINAPI(HWND)>("ShutdownBlockReasonDestroy")) release(window);
   const auto hold = SessionFunction<BOOL WINAPI(HWND, LPCWSTR)>("ShutdownBlockReasonCreate");
   if (hold && !reason.empty()) hold(window, reason.c_str());

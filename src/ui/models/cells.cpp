@@ -27,8 +27,8 @@ my::CListColumn CTableModel::Column(size_t column) const {
 
 ResultState StateOf(const CResult& result) {
   if (result.error) return ResultState::FAILED;
-  const bool created = result.message == IDS_PHASE_CREATED;
-  if (!created && result.message != IDS_PHASE_SKIPPED) return ResultState::RUNNING;
+  const bool created = result.phase == Phase::CREATED;
+  if (!created && result.phase != Phase::SKIPPED) return ResultState::RUNNING;
   if (!result.targets->Unlisted().empty()) return ResultState::INCOMPLETE;
   return created ? ResultState::CREATED : ResultState::NOT_UPDATED;
 }
@@ -70,10 +70,6 @@ std::wstring AttributesText(uint32_t attributes) {
     if ((attributes & bit) != 0) letters += letter;
   }
   return letters;
-}
-
-std::wstring DstTypeText(const my::IMessageTexts& texts, DstType type) {
-  return texts.Text(IDS_DST_TYPE_FOLDER + static_cast<uint32_t>(type));
 }
 
 std::wstring FilterItemText(const my::IMessageTexts& texts, const CFilterItem* item) {

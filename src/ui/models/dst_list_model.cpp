@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/message_texts.h"
 #include "replace/replace_rule.h"
 #include "text_ids.h"
 
@@ -28,13 +29,13 @@ std::wstring CDstListModel::Text(size_t row, size_t column) const {
   switch (column) {
     case NUMBER: return std::to_wstring(row + 1);
     case FOLDER: return ShownValue(dst, kReplaceDstFolder);
-    case TYPE: return DstTypeText(m_texts, dst.type);
+    case TYPE: return m_texts.Text(kDstTypeTexts[dst.type]);
     default: return ShownValue(dst, kReplaceDstPattern);
   }
 }
 
 my::ListCheck CDstListModel::Check(size_t row) const {
-  // Between a change of the document and the refresh a row may be new.
+  // Between a document change and the refresh there may be a new row.
   switch (row < m_uses.size() ? m_uses[row] : DstUse::NONE) {
     case DstUse::ALL: return my::ListCheck::Checked;
     case DstUse::MIXED: return my::ListCheck::Mixed;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/message_texts.h"
 #include "text_ids.h"
 
 namespace qlm {
@@ -44,7 +45,7 @@ size_t CTaskDstsModel::StepRow(size_t row, Step step) {
   return to;
 }
 
-// The next used row on the way of a used one; the row itself when there is none.
+// Returns the nearest used row in that direction; the row itself if there is none.
 size_t CTaskDstsModel::Neighbour(size_t row, Step step) const {
   if (!m_rows[row].used) return row;
   if (step == Step::UP) {
@@ -64,7 +65,7 @@ std::wstring CTaskDstsModel::Text(size_t row, size_t column) const {
   switch (column) {
     case NUMBER: return std::to_wstring(m_rows[row].number);
     case FOLDER: return dst.folder;
-    case TYPE: return DstTypeText(m_texts, dst.type);
+    case TYPE: return m_texts.Text(kDstTypeTexts[dst.type]);
     default: return dst.pattern;
   }
 }
