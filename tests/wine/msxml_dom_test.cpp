@@ -17,6 +17,7 @@
 #include "settings/settings_file.h"
 #include "support/exception.h"
 #include "support/golden.h"
+#include "support/strings.h"
 #include "support/thrown.h"
 #include "text_ids.h"
 

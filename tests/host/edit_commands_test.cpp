@@ -1,0 +1,166 @@
+#include "app/edit_commands.h"
+
+#include <gtest/gtest.h>
+
+#include "command_ids.h"
+#include "document/document_edits.h"
+#include "support/fake_app.h"
+#include "text_ids.h"
+
+namespace {
+
+using namespace qlm;
+
+struct EditCommands : testing::Test {
+  EditCommands() {
+    CContent content;
+    for (const wchar_t* folder : {L"x", L"y"}) content.dsts.Insert(-1, test::MakeDst(folder));
+    content.tasks.Insert(-1, test::MakeTask(L"A", {content.dsts[1]}));
+    content.tasks.Insert(-1, test::MakeTask(L"B"));
+    a.Start().Document().Reset(content, L"");
+  }
+
+  // The IDs of the tasks and the folders of the destinations; those of selected rows in brackets.
+  std::wstring Shown() {
+    std::wstring shown;
+    const auto add = [&shown](const auto& items, const test::CFakeList& list, auto name) {
+      for (size_t row = 0; row < items.size(); ++row) {
+        const bool selected = std::ranges::count(list.selected, row) != 0;
+        shown += selected ? L"[" + (*items[row]).*name + L"]" : (*items[row]).*name;
+      }
+    };
+    add(document.Tasks(), tasks, &CTask::id);
+    add(document.Dsts(), dsts, &CDst::folder);
+    return shown;
+  }
+  std::wstring After(uint32_t id) {
+    a.Do(id);
+    return Shown();
+  }
+  std::wstring After(CCommand&& command) {
+    a.app->Execute(command);
+    return Shown();
+  }
+  std::wstring Error(uint32_t id) const { return L"エラー: " + a.Text(id) + L"\n"; }
+
+  test::CFakeApp a;
+  CDocument& document = a.document.emplace();
+  test::CFakeList& tasks = a.window.tasks;
+  test::CFakeList& dsts = a.window.dsts;
+};
+
+TEST_F(EditCommands, rows_are_edited_and_the_outcome_is_selected) {
+  EXPECT_EQ(After(ID_TASK_DUPLICATE), L"ABxy") << "nothing is selected";
+  tasks.selected = {0};
+  EXPECT_EQ(After(ID_TASK_DUPLICATE), L"A[A2]Bxy");
+  EXPECT_EQ(After(ID_TASK_DOWN), L"AB[A2]xy");
+  EXPECT_EQ(After(ID_ITEM_UP), L"A[A2]Bxy") << "of the list that has the keyboard";
+  EXPECT_EQ(After(ID_CUT), L"A[B]xy");
+  EXPECT_EQ(After(ID_PASTE), L"AB[A2]xy");
+  EXPECT_EQ(document.Tasks()[2]->dsts, (CTaskDsts{document.Dsts()[1]}));
+  EXPECT_EQ(After(ID_TASK_DELETE), L"A[B]xy");
+  EXPECT_EQ(After(ID_SELECT_ALL), L"[A][B]xy");
+  EXPECT_EQ(After(ID_TASK_DELETE), L"xy");
+  EXPECT_EQ(After(ID_UNDO), L"ABxy");
+  EXPECT_EQ(After(ID_REDO), L"xy");
+  a.Do(ID_UNDO);
+
+  a.Do(ID_OTHER_PANE);
+  dsts.selected = {1};
+  EXPECT_EQ(After(ID_ITEM_DUPLICATE), L"ABxy[y]");
+  EXPECT_EQ(After(ID_DST_UP), L"ABx[y]y");
+  EXPECT_EQ(After(ID_DST_DOWN), L"ABxy[y]");
+  EXPECT_EQ(After(ID_COPY), L"ABxy[y]");
+  EXPECT_EQ(After(ID_ITEM_DELETE), L"ABx[y]") << "no task uses the copy";
+  EXPECT_EQ(After(ID_PASTE), L"ABxy[y]");
+  dsts.selected = {1};
+  EXPECT_EQ(After(ID_DST_DELETE), L"ABx[y]y") << "the user has taken it back";
+  EXPECT_NE(a.TakeBoxes().find(L"1 件のタスク"), std::wstring::npos);
+  a.dialogs.buttons = {true};
+  EXPECT_EQ(After(ID_DST_DELETE), L"ABx[y]");
+  EXPECT_TRUE(document.Tasks()[0]->dsts.empty());
+}
+
+TEST_F(EditCommands, dialogs_make_and_change_the_focused_item) {
+  tasks.selected = {0};
+  a.dialogs.tasks = {{L"N", L"C:\\n", L"", {}}};
+  EXPECT_EQ(After(ID_TASK_ADD), L"A[N]Bxy");
+  EXPECT_TRUE(a.dialogs.editedTask.dsts.empty()) << "there is a choice";
+  a.dialogs.tasks = {{L"C", L"C:\\c", L"", {}}};
+  EXPECT_EQ(After(ID_TASK_EDIT), L"A[C]Bxy");
+  EXPECT_EQ(a.dialogs.editedTask.id, L"N");
+  a.dialogs.dsts = {{L"z"}, {L"w"}};
+  EXPECT_EQ(After(ID_DST_ADD), L"A[C]Bxy[z]");
+  EXPECT_EQ(After(ID_DST_EDIT), L"A[C]Bxy[w]");
+  dsts.selected = {0, 1};
+  a.dialogs.buttons = {true};
+  a.Do(ID_DST_DELETE);
+  a.Do(ID_TASK_ADD);
+  EXPECT_EQ(a.dialogs.editedTask.dsts, (CTaskDsts{document.Dsts()[0]})) << "the only one there is";
+}
+
+TEST_F(EditCommands, destination_is_used_by_all_selected_tasks_or_by_none) {
+  const CContent before = document.Content();
+  After(CCommandToggleUse(a.app->Context(), 1));
+  EXPECT_EQ(a.TakeBoxes(), Error(IDS_NO_TASK_SELECTED));
+  EXPECT_EQ(tasks.focusCount, 1);
+  tasks.selected = {0, 1};
+  for (const DstUse use : {DstUse::ALL, DstUse::NONE}) {
+    After(CCommandToggleUse(a.app->Context(), 1));
+    EXPECT_EQ(UseOf(document, {0, 1}, 1), use);
+  }
+}
+
+TEST_F(EditCommands, rows_and_files_are_dropped) {
+  CAppContext& context = a.app->Context();
+  const auto drop = [&](const wchar_t* path, std::optional<size_t> row, bool append = true) {
+    return After(CCommandDrop(context, {path}, row, append));
+  };
+  tasks.selected = {0};
+  dsts.selected = {1};
+  EXPECT_EQ(After(CCommandMoveRows(context, ListKind::TASKS, 2)), L"B[A]x[y]");
+  EXPECT_EQ(After(CCommandMoveRows(context, ListKind::DSTS, 0)), L"B[A][y]x");
+  EXPECT_EQ(drop(L"C:\\src", {}), L"BA[src][y]x");
+  drop(L"C:\\f.FLT", {});
+  EXPECT_EQ(a.TakeBoxes(), Error(IDS_DROP_FILTER_ON_TASK));
+  drop(L"C:\\f.FLT", 0);
+  EXPECT_EQ(document.Tasks()[0]->filterPath, L"C:\\f.FLT");
+  EXPECT_NE(drop(L"C:\\x.exe", 0).size(), 0u);
+  EXPECT_NE(a.TakeBoxes().find(L"C:\\x.exe"), std::wstring::npos);
+  a.dialogs.paths = {L"C:\\d.qlmr"};
+  a.Do(ID_SAVE_AS);
+  a.Do(ID_NEW);
+  EXPECT_EQ(drop(L"C:\\d.qlmr", {}), L"BA[src][y]x");
+  EXPECT_TRUE(document.IsModified());
+  a.dialogs.buttons = {true};
+  drop(L"C:\\d.qlmr", {}, false);
+  EXPECT_FALSE(document.IsModified());
+}
+
+TEST_F(EditCommands, what_cannot_be_done_is_disabled) {
+  constexpr uint32_t kIds[] = {ID_TASK_ADD, ID_TASK_EDIT, ID_TASK_DELETE, ID_CUT,       ID_COPY,
+                               ID_PASTE,    ID_UNDO,      ID_REDO,        ID_SELECT_ALL};
+  const auto enabled = [&] {
+    std::string all;
+    for (const uint32_t id : kIds) all += a.app->IsEnabled(id) ? '1' : '0';
+    return all;
+  };
+  EXPECT_EQ(enabled(), "100000001");
+  tasks.selected = {0};
+  tasks.focused = 0;
+  EXPECT_EQ(enabled(), "111110001");
+  a.Do(ID_COPY);
+  a.Do(ID_CUT);
+  EXPECT_EQ(enabled(), "111111101");
+  a.Do(ID_UNDO);
+  EXPECT_EQ(enabled(), "111111011");
+  a.app->Replace().Show();
+  EXPECT_EQ(enabled(), "000010001") << "only what changes nothing";
+  for (const uint32_t id : {ID_TASK_DELETE, ID_UNDO, ID_REDO, ID_PASTE}) {
+    a.Do(id);
+    EXPECT_EQ(a.TakeBoxes(), Error(IDS_REFUSED_DURING_REPLACE)) << id;
+  }
+  EXPECT_FALSE(a.app->IsEnabled(0));
+}
+
+}  // namespace
