@@ -97,7 +97,7 @@ TEST_F(EditCommands, are_possible_only_with_something_to_edit_and_never_while_re
   a.Do(ID_UNDO);
   Select(ListKind::TASKS, {});
   a.window.tasks.focused.reset();
-  EXPECT_EQ(enabled(), (CIds{ID_TASK_ADD, ID_PASTE, ID_REDO, ID_ABOUT}));
+  EXPECT_EQ(enabled(), (CIds{ID_TASK_ADD, ID_PASTE, ID_SELECT_ALL, ID_UNDO, ID_REDO, ID_ABOUT}));
   a.Do(ID_REDO);
   Select(ListKind::TASKS, {1});
   a.Do(ID_TASK_UP);
@@ -136,8 +136,8 @@ TEST_F(EditCommands, boxes_drags_and_drops_are_commands_too) {
   EXPECT_NE(a.TakeBoxes().find(a.Text(IDS_DROP_FILTER_ON_TASK)), std::wstring::npos);
   a.dialogs.paths = {L"C:\\saved.qlmr"};
   a.Do(ID_SAVE_AS);
-  run(CCommandDrop(context, {L"C:\\saved.QLMR"}, {}, true));
-  EXPECT_EQ(a.document->Tasks().size(), 6u) << "added";
+  a.Do(ID_TASK_DELETE);
+  EXPECT_EQ(run(CCommandDrop(context, {L"C:\\saved.QLMR"}, {}, true)), L"b [docs] a | [X] Y ");
 }
 
 TEST_F(EditCommands, filter_of_the_focused_task_or_a_chosen_one_is_checked) {
