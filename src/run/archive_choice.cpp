@@ -1,7 +1,5 @@
 #include "run/archive_choice.h"
 
-#include <algorithm>
-
 #include "engine/archive_writer.h"
 #include "platform/console.h"
 #include "platform/file_system.h"
@@ -11,14 +9,6 @@
 
 namespace qlm {
 namespace {
-
-template <class Test>
-bool AnyDst(const std::vector<CTaskPtr>& tasks, Test test) {
-  return std::any_of(tasks.begin(), tasks.end(), [test](const CTaskPtr& task) {
-    return std::any_of(task->dsts.begin(), task->dsts.end(),
-                       [test](const CDstPtr& dst) { return test(dst->type); });
-  });
-}
 
 void WarnOfDamage(const CRunnerPorts& ports, const std::wstring& path, my::CException failure) {
   const my::IMessageTexts& texts = ports.engine.texts;

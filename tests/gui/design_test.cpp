@@ -283,7 +283,7 @@ TEST_F(Design, a_large_view_is_repainted_within_a_frame) {
   a.app->Document().Edit(DocChangeEventFlags::CHNAGE_TASKS, [&](CContent& content) {
     for (int i = 0; i < 1000; ++i) {
       const std::wstring id = std::to_wstring(i);
-      content.tasks.Insert(-1, boost::make_shared<CTask>(CTask{id, L"C:\\folder\\" + id, L"", {}}));
+      content.tasks.Append(boost::make_shared<CTask>(CTask{id, L"C:\\folder\\" + id, L"", {}}));
     }
     return true;
   });

@@ -19,11 +19,11 @@ constexpr RunState kStates[] = {RunState::NOT_RUN, RunState::RUNNING, RunState::
 class Commands : public testing::Test {
  protected:
   Commands() {
-    content.dsts.Insert(-1, MakeDst(L"D:\\b"));
-    content.dsts.Insert(-1, MakeDst(L"D:\\z", DstType::AES_256_ZIP, L"<ID>.zip"));
-    content.tasks.Insert(-1, MakeTask(L"plain", {content.dsts[0]}));
-    content.tasks.Insert(-1, MakeTask(L"secret", {content.dsts[1]}));
-    content.tasks.Insert(-1, MakeTask(L"idle"));
+    content.dsts.Append(MakeDst(L"D:\\b"));
+    content.dsts.Append(MakeDst(L"D:\\z", DstType::AES_256_ZIP, L"<ID>.zip"));
+    content.tasks.Append(MakeTask(L"plain", {content.dsts[0]}));
+    content.tasks.Append(MakeTask(L"secret", {content.dsts[1]}));
+    content.tasks.Append(MakeTask(L"idle"));
   }
 
   // A started program with the document of the fixture, saved, and a run in that state.
@@ -114,7 +114,7 @@ TEST_F(Commands, run_toggles_and_makes_a_job_for_each_task_with_destinations) {
   EXPECT_EQ(a.State(), RunState::STOPPED);
   a.threads.fail = false;
   content.tasks = {};
-  content.tasks.Insert(-1, MakeTask(L"idle"));
+  content.tasks.Append(MakeTask(L"idle"));
   a.Fill(content);
   a.Do(ID_RUN);
   EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(IDS_NO_TASKS) + L"\n");
