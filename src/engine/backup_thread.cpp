@@ -41,11 +41,12 @@ void CBackupThread::Start(bool listOnly, bool powerOff) {
     m_total += listOnly ? 1 : job.Task().dsts.size();
   });
   SetState(RunState::RUNNING);
-  my::CSystemError error;
-  if (!m_pool.Start(error)) {
+  try {
+    m_pool.Start();
+  } catch (...) {
     m_pool.Stop(true);
     SetState(RunState::STOPPED);
-    throw my::CException(IDS_START_THREAD_FAILED, {error});
+    throw;
   }
   m_powerOff = powerOff;
 }

@@ -110,15 +110,10 @@ class CMultiTaskThreadPool {
     m_queue.ForEach(visit);
   }
 
-  // Starts every worker; answers whether all have started. `error` tells why one has not.
-  bool Start(CSystemError& error) {
-    bool all = true;
-    for (const auto& worker : m_workers) {
-      if (worker->Start()) continue;
-      error = worker->StartError();
-      all = false;
-    }
-    return all;
+  // Starts every worker. If one cannot be started, throws the reason (IDS_START_THREAD_FAILED); those before
+  // it run then.
+  void Start() {
+    for (const auto& worker : m_workers) worker->Start();
   }
 
   // Takes the waiting jobs out of the queue and sets every worker's stop flag.

@@ -14,6 +14,9 @@ class IClock {
   // Milliseconds since some moment before the program started; never goes back.
   virtual uint64_t TickCount() const = 0;
 
+  // The present moment.
+  virtual CFileTime Now() const = 0;
+
   // Blocks the calling thread.
   virtual void Sleep(uint32_t ms) const = 0;
 

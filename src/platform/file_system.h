@@ -61,9 +61,9 @@ class IFileSystem {
   // dialogs change. Nothing has to exist. Throws the system's error.
   virtual std::wstring FullPath(const std::wstring& path) = 0;
 
-  // Starts the enumeration of all entries of a folder, given with the pattern that matches them ("C:\a\*.*"),
-  // in the order of the file system. Never null. Throws IDS_LIST_FOLDER_FAILED.
-  virtual std::unique_ptr<IFindFiles> Find(const std::wstring& pattern) = 0;
+  // Starts the enumeration of all entries of a folder in the order of the file system. Never null.
+  // Throws IDS_LIST_FOLDER_FAILED.
+  virtual std::unique_ptr<IFindFiles> Find(const std::wstring& folder) = 0;
 
   // Returns what exists at the path. NONE means that nothing does: a share that cannot be reached, a locked
   // drive or a denied folder throws IDS_PATH_UNREADABLE instead.

@@ -26,7 +26,7 @@ class IStayAwake {
   virtual ~IStayAwake() = default;
 };
 
-// The actions answer the system's code, 0 for success. What they are given goes to the system as it is.
+// What the actions are given goes to the system as it is.
 class IPower {
  public:
   virtual ~IPower() = default;
@@ -38,10 +38,15 @@ class IPower {
   // IDS_PRIVILEGE_NOT_FOUND or IDS_ADJUST_PRIVILEGE_FAILED. One that was not granted is not noticed here.
   virtual std::unique_ptr<IPrivilege> EnablePrivilege(const std::wstring& name) = 0;
 
-  virtual uint32_t EndSession(uint32_t flags, uint32_t reason) = 0;
-  virtual uint32_t SetSuspendState(bool hibernate, bool force, bool disableWakeEvents) = 0;
-  virtual uint32_t ShutDown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
-                            uint32_t reason) = 0;
+  // Throws IDS_LOGOFF_FAILED.
+  virtual void EndSession(uint32_t flags, uint32_t reason) = 0;
+
+  // Throws IDS_SLEEP_FAILED or IDS_HIBERNATE_FAILED.
+  virtual void SetSuspendState(bool hibernate, bool force, bool disableWakeEvents) = 0;
+
+  // Throws IDS_POWEROFF_FAILED.
+  virtual void ShutDown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
+                        uint32_t reason) = 0;
 };
 
 }  // namespace my

@@ -228,7 +228,7 @@ TEST_F(Commands, power_off_does_what_the_settings_say_with_exact_flags) {
     EXPECT_EQ(a.power.calls, (std::vector<std::wstring>{L"EnablePrivilege SeShutdownPrivilege", c.call}));
     EXPECT_EQ(a.power.livePrivileges, 0);
   }
-  a.power.exitWindowsCode = a.power.setSuspendStateCode = a.power.initiateShutdownCode = 5;
+  a.power.actionCode = 5;
   const wchar_t* const kErrors[] = {L"サインアウトする", L"スリープする", L"休止状態にする", L"電源を切る"};
   for (int type = 0; type < 4; ++type) {
     ui.powerOffType = static_cast<PowerOffType>(type);
@@ -475,7 +475,7 @@ TEST_F(Commands, session_ends_at_the_programs_own_request_and_else_waits_for_wor
   requestAfter(PowerOffType::POWEROFF, false);
   a.Do(ID_RUN);
   EXPECT_FALSE(mayEnd());
-  a.power.initiateShutdownCode = 5;
+  a.power.actionCode = 5;
   a.TakeBoxes();
   requestAfter(PowerOffType::POWEROFF);
   EXPECT_FALSE(mayEnd()) << "the request failed";

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "platform/win32/last_error.h"
 #include "support/exception.h"
 
 namespace my {
@@ -20,6 +21,12 @@ uint64_t CWin32Clock::TickCount() const {
   return ::GetTickCount64();
 }
 
+CFileTime CWin32Clock::Now() const {
+  FILETIME now{};
+  ::GetSystemTimeAsFileTime(&now);
+  return {uint64_t{now.dwHighDateTime} << 32 | now.dwLowDateTime};
+}
+
 void CWin32Clock::Sleep(uint32_t ms) const {
   ::Sleep(ms);
 }
@@ -30,7 +37,7 @@ CCalendar CWin32Clock::LocalCalendar(CFileTime time) const {
   SYSTEMTIME fields{};
   if (!IsInCalendar(utc) || !::FileTimeToLocalFileTime(&utc, &local) || !IsInCalendar(local) ||
       !::FileTimeToSystemTime(&local, &fields)) {
-    throw CException(CSystemError::FromWin32(::GetLastError()));
+    throw CException(LastError());
   }
   return {fields.wYear, fields.wMonth, fields.wDay, fields.wHour, fields.wMinute, fields.wSecond};
 }

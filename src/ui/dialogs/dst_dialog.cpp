@@ -19,12 +19,6 @@ namespace {
 // In the order of the combo box.
 constexpr DstType kTypes[] = {DstType::FOLDER, DstType::ZIP, DstType::PASSWORD_ZIP, DstType::AES_256_ZIP};
 
-my::CFileTime Now() {
-  FILETIME now{};
-  ::GetSystemTimeAsFileTime(&now);
-  return {uint64_t{now.dwHighDateTime} << 32 | now.dwLowDateTime};
-}
-
 }  // namespace
 
 CDstDialog::CDstDialog(CAppContext& context, CDst dst, CConfirm confirm, my::CFileTime newestWriteTime)
@@ -32,7 +26,7 @@ CDstDialog::CDstDialog(CAppContext& context, CDst dst, CConfirm confirm, my::CFi
       m_context(context),
       m_dst(std::move(dst)),
       m_confirm(std::move(confirm)),
-      m_time(newestWriteTime ? newestWriteTime : Now()),
+      m_time(newestWriteTime ? newestWriteTime : context.ports.engine.clock.Now()),
       m_taskId(SampleTaskId(context.document.Tasks(), context.window.TaskList().SelectedRows(),
                             context.ports.engine.texts)) {}
 
