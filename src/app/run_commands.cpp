@@ -7,7 +7,7 @@
 #include "app/password.h"
 #include "app/windows.h"
 #include "document/document.h"
-#include "engine/archive_writer.h"
+#include "engine/archiver_location.h"
 #include "engine/backup_thread.h"
 #include "settings/settings.h"
 #include "support/secret.h"

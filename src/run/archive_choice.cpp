@@ -1,6 +1,7 @@
 #include "run/archive_choice.h"
 
-#include "engine/archive_writer.h"
+#include "engine/archive_password.h"
+#include "engine/archiver_location.h"
 #include "platform/console.h"
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
