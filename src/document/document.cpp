@@ -9,8 +9,6 @@
 namespace qlm {
 namespace {
 
-constexpr std::wstring_view kChangeNames[] = {L"RESET", L"CHNAGE_PATH", L"CHNAGE_TASKS", L"CHNAGE_DSTS"};
-
 // So many edits can be taken back.
 constexpr size_t kMostSteps = 500;
 
@@ -45,8 +43,6 @@ bool AddMissing(CContent& content, const CContent& source, std::ptrdiff_t positi
 }
 
 }  // namespace
-
-const my::CEnumTable kDocChangeEventNames{L"DocChangeEventFlags", kChangeNames};
 
 void CDsts::Insert(size_t row, CDstPtr dst) {
   if (FindEqual(*dst)) throw my::CException(IDS_DST_DUPLICATE);

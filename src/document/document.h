@@ -10,7 +10,6 @@
 #include "document/dst.h"
 #include "document/item_list.h"
 #include "document/task.h"
-#include "support/enum_names.h"
 #include "support/value_codecs.h"
 
 namespace qlm {
@@ -66,8 +65,6 @@ constexpr DocChangeEventFlags operator|(DocChangeEventFlags a, DocChangeEventFla
 constexpr bool Has(DocChangeEventFlags flags, DocChangeEventFlags flag) {
   return (static_cast<uint32_t>(flags) & static_cast<uint32_t>(flag)) != 0;
 }
-
-extern const my::CEnumTable kDocChangeEventNames;
 
 class CDocument {
  public:

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <vector>
 
 #include "document/name_pattern.h"
 #include "engine/auto_delete_file.h"

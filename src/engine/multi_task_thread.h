@@ -122,9 +122,9 @@ class CMultiTaskThreadPool {
     for (const auto& worker : m_workers) worker->SetStop(stop);
   }
 
-  bool WaitAll(uint32_t timeOutMs) {
-    return std::all_of(m_workers.begin(), m_workers.end(),
-                       [timeOutMs](const auto& worker) { return worker->Wait(timeOutMs); });
+  // Waits for each worker, at most that many milliseconds.
+  void WaitAll(uint32_t timeOutMs) {
+    for (const auto& worker : m_workers) worker->Wait(timeOutMs);
   }
 
   bool IsBusy() const {
@@ -132,15 +132,13 @@ class CMultiTaskThreadPool {
                        [](const auto& worker) { return worker->IsActive(); });
   }
 
-  // The jobs that a stop took out of the queue; they never ran.
-  const std::list<Ptr>& Removed() const { return m_removed; }
   void ClearRemoved() { m_removed.clear(); }
 
  private:
   IThreads& m_threads;
   CJobQueue<TJob> m_queue;
   std::vector<boost::shared_ptr<TThread>> m_workers;
-  std::list<Ptr> m_removed;
+  std::list<Ptr> m_removed;  // jobs that a stop took out of the queue; they never ran
 };
 
 }  // namespace my

@@ -1,8 +1,6 @@
 // The choices among the settings, with their names in the settings file and their texts.
 #pragma once
 
-#include <cstdint>
-
 #include "support/enum_names.h"
 
 namespace qlm {
