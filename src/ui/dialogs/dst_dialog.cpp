@@ -5,21 +5,17 @@
 #include "app/windows.h"
 #include "control_ids.h"
 #include "document/document.h"
+#include "platform/clock.h"
 #include "platform/message_texts.h"
 #include "settings/settings.h"
 #include "text_ids.h"
+#include "ui/framework/controls.h"
 #include "ui/framework/file_dialogs.h"
 #include "ui/models/cells.h"
 #include "ui/models/name_preview.h"
 #include "ui/models/task_warning.h"
 
 namespace qlm {
-namespace {
-
-// In the order of the combo box.
-constexpr DstType kTypes[] = {DstType::FOLDER, DstType::ZIP, DstType::PASSWORD_ZIP, DstType::AES_256_ZIP};
-
-}  // namespace
 
 CDstDialog::CDstDialog(CAppContext& context, CDst dst, CConfirm confirm, my::CFileTime newestWriteTime)
     : CDialog(IDD_DST, &context.settings.dstDlg),
@@ -39,22 +35,13 @@ std::vector<my::CAnchor> CDstDialog::Anchors() const {
 }
 
 bool CDstDialog::OnInit() {
-  InitTypes();
+  my::FillFromTexts(Item(IDC_DST_TYPE), m_context.ports.engine.texts, kDstTypeTexts, m_dst.type);
   SetItemText(IDC_DST_FOLDER, m_dst.folder);
   SetItemText(IDC_DST_PATTERN, m_dst.pattern);
   const size_t end = m_dst.pattern.size();
   ::SendMessageW(Item(IDC_DST_PATTERN), EM_SETSEL, end, static_cast<LPARAM>(end));
   ShowEffect();
   return true;
-}
-
-void CDstDialog::InitTypes() const {
-  const HWND combo = Item(IDC_DST_TYPE);
-  for (const DstType type : kTypes) {
-    const std::wstring text = m_context.ports.engine.texts.Text(kDstTypeTexts[type]);
-    ::SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
-  }
-  ::SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(m_dst.type), 0);
 }
 
 void CDstDialog::OnOk() {
@@ -95,7 +82,7 @@ bool CDstDialog::OnCommand(int id, int code) {
 CDst CDstDialog::EditedDst() const {
   CDst dst = m_dst;
   dst.folder = ItemText(IDC_DST_FOLDER);
-  dst.type = kTypes[::SendMessageW(Item(IDC_DST_TYPE), CB_GETCURSEL, 0, 0)];
+  dst.type = static_cast<DstType>(my::Chosen(Item(IDC_DST_TYPE)));
   dst.pattern = ItemText(IDC_DST_PATTERN);
   return dst;
 }
