@@ -1,4 +1,4 @@
-// What the measurements of this folder have in common with the program that starts them.
+// The options and the entry points of the measurements.
 #pragma once
 
 #include <string>
@@ -6,13 +6,13 @@
 namespace bench {
 
 struct COptions {
-  std::wstring root;      // folder for the trees, which are kept for the next run
-  std::wstring archiver;  // 7z.exe
+  std::wstring root;      // folder for the file trees, which are reused by later runs
+  std::wstring archiver;  // path of 7z.exe
   int rounds = 9;
-  int divisor = 1;  // the trees are that many times smaller
+  int divisor = 1;  // the file trees are smaller by this factor
 };
 
-// Each prints a table of what it measured.
+// Each prints a table of its results.
 void MeasureListing(const COptions& options);
 void MeasureCopy(const COptions& options);
 void MeasureMemory(const COptions& options);

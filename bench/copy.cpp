@@ -21,7 +21,7 @@
 namespace bench {
 namespace {
 
-// Everything that a bare loop needs, made outside of the measured time.
+// What a bare loop needs, prepared outside the measured time.
 struct CReadyCopy {
   std::vector<std::wstring> folders;
   std::vector<std::pair<std::wstring, std::wstring>> files;  // from, to
@@ -41,7 +41,8 @@ CReadyCopy MakeReady(const std::wstring& source, const qlm::CTargets& targets, c
   return ready;
 }
 
-// The engine looks at the size of every copy, because a success of the system is not always one.
+// Copies without the engine. `withSizes` also reads the size of every copy as the engine does, because
+// CopyFile may report success for a truncated copy.
 void CopyBarely(const CReadyCopy& ready, bool withSizes) {
   for (const std::wstring& folder : ready.folders) ::CreateDirectoryW(folder.c_str(), nullptr);
   for (const auto& [from, to] : ready.files) {
@@ -51,7 +52,7 @@ void CopyBarely(const CReadyCopy& ready, bool withSizes) {
   }
 }
 
-// Flushes nothing: under Wine each flush is an fsync, which says nothing about the cost on Windows.
+// Does not flush: under Wine each flush is an fsync, whose cost says nothing about Windows.
 class CUnflushedFiles : public my::CWin32FileSystem {
  public:
   uint64_t FlushFile(const std::wstring& path, my::FlushDepth) override {
@@ -61,12 +62,12 @@ class CUnflushedFiles : public my::CWin32FileSystem {
   }
 };
 
-// Every copy goes to a folder of its own, and all are removed at the end: right behind the removal of many
-// files some file systems create new ones many times slower.
+// Creates a new folder for each copy and removes all of them at the end: some file systems create files many
+// times slower just after many were removed.
 class CFreshFolders {
  public:
   explicit CFreshFolders(std::wstring parent) : m_parent(std::move(parent)) {
-    RemoveTree(m_parent);  // what an interrupted run may have left
+    RemoveTree(m_parent);  // left by an interrupted run
     m_files.CreateFolders(m_parent);
   }
   ~CFreshFolders() { RemoveTree(m_parent); }

@@ -10,7 +10,7 @@
 
 namespace bench {
 
-// Entries "000...1", "000...2" and so on, all of one kind.
+// Yields `count` entries named "000...1", "000...2" and so on, all with the same attributes.
 class CFakeFind : public my::IFindFiles {
  public:
   CFakeFind(size_t count, size_t nameLength, uint32_t attributes)
@@ -32,19 +32,19 @@ class CFakeFind : public my::IFindFiles {
   std::wstring m_name;
 };
 
-// A file system without a disk. Its source holds folders of equal content, or just files, and every path that
-// is asked for exists as a folder, so that a job finds its backups made.
+// A file system without a disk. Its source has folders of equal content, or only files. Every queried path
+// exists as a folder, so a job finds its backups up to date.
 class CFakeFiles : public my::IFileSystem {
  public:
   CFakeFiles(size_t folders, size_t filesInEach) : m_folders(folders), m_files(filesInEach) {}
 
-  // Called whenever a job looks for its backup.
+  // Called whenever a job queries the kind of a path.
   std::function<void()> onKind = [] {};
 
-  // Where tasks have their source.
+  // The source folder of tasks.
   static constexpr const wchar_t* kSource = L"C:\\source";
 
-  // A file in a folder has a path of 60 characters.
+  // A file in a folder has a relative path of 60 characters.
   std::unique_ptr<my::IFindFiles> Find(const std::wstring& folder) override {
     const bool source =
         m_folders != 0 && folder.starts_with(kSource) && folder.size() <= std::wcslen(kSource) + 1;

@@ -12,7 +12,7 @@ CTimes Ratios(const CTimes& times, const CTimes& baseline) {
   return ratios;
 }
 
-// Half of the range that holds the middle half of the values.
+// Returns half of the interquartile range.
 double Spread(CTimes values) {
   std::sort(values.begin(), values.end());
   const size_t quarter = values.size() / 4;

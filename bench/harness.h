@@ -1,4 +1,4 @@
-// Timing: sides that take turns, medians over rounds, and the baseline against itself to show the noise.
+// Timing: alternating variants, medians over rounds, and the baseline measured twice to show the noise.
 #pragma once
 
 #include <chrono>
@@ -8,7 +8,7 @@
 
 namespace bench {
 
-// The milliseconds that the work takes.
+// Returns the milliseconds that `work` takes.
 template <class Work>
 double TimeMs(Work&& work) {
   const auto start = std::chrono::steady_clock::now();
@@ -18,11 +18,11 @@ double TimeMs(Work&& work) {
 
 struct CSide {
   std::string name;
-  double target = 0;            // the largest ratio to the baseline that is good, 0 for none
-  std::function<double()> run;  // does the work once and answers its milliseconds
+  double target = 0;            // the largest acceptable ratio to the baseline; 0 for none
+  std::function<double()> run;  // runs the work once and returns its milliseconds
 };
 
-// The milliseconds of every round.
+// Milliseconds, one value per round.
 using CTimes = std::vector<double>;
 
 struct CMeasured {
@@ -31,20 +31,20 @@ struct CMeasured {
   std::vector<CTimes> sides;
 };
 
-// Runs all sides once to warm up, then round by round. Who goes first changes every second round, and the
-// round between runs backwards.
+// Runs all variants once to warm up, then `rounds` times. The starting variant changes every second round,
+// and odd rounds run in reverse order.
 CMeasured Measure(const CSide& baseline, const std::vector<CSide>& sides, int rounds);
 
 double Median(CTimes times);
 
-// The median over the rounds of one side's time divided by the other's in the same round.
+// Returns the median over the rounds of the ratio of `times` to `baseline` in the same round.
 double MedianRatio(const CTimes& times, const CTimes& baseline);
 
-// Measures and prints a line for every side: the median ratio, and that of the fastest rounds, which other
+// Measures and prints a line per variant: the median ratio, and the ratio of the fastest rounds, which other
 // programs disturb least.
 void Compare(const CSide& baseline, const std::vector<CSide>& sides, int rounds);
 
-// One line of a table: a figure that is good up to its target; a target of 0 is none.
+// Prints one line of a table. The figure is good if it does not exceed the target; 0 means no target.
 void PrintFigure(const std::string& name, double figure, const char* unit, double target);
 
 }  // namespace bench

@@ -20,7 +20,7 @@ namespace {
 
 using CFilterPtr = boost::shared_ptr<const qlm::CFilter>;
 
-// What people put into such files, each line's sign and expression; the first ten are the short filter.
+// Typical filter lines, as sign and expression. The first ten are the short filter.
 constexpr const wchar_t* kRules =
     LR"(
 -\.tmp$ -/node_modules/$ -^cache/ -\.(obj|pdb|ilk)$ -~$ -(^|/)Thumbs\.db$ +^docs/.*\.txt$ -^build/
@@ -48,7 +48,7 @@ CFilterPtr MakeFilter(size_t lines) {
   return filter;
 }
 
-// What a filter would cost without the look at letters that saves most searches.
+// Searches every expression in every path: the cost of a filter without CLiteralTest.
 size_t SearchPlainly(const qlm::CFilter& filter, const qlm::CTargets& targets) {
   my::CRegexMatch scratch;
   return static_cast<size_t>(std::count_if(targets.begin(), targets.end(), [&](const qlm::CTarget& target) {
@@ -58,7 +58,7 @@ size_t SearchPlainly(const qlm::CFilter& filter, const qlm::CTargets& targets) {
   }));
 }
 
-// Times the listing alone, not the release of the list.
+// Times the listing without the release of the list.
 double TimeListing(const std::wstring& tree, const CFilterPtr& filter, uint64_t expected,
                    bool plainly = false) {
   my::CWin32FileSystem files;

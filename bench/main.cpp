@@ -1,4 +1,4 @@
-// qlm_bench: how much slower the engine is than the bare system calls that it cannot do without.
+// qlm_bench: measures the overhead of the engine over the bare system calls.
 #include <windows.h>
 
 #include <CLI/CLI.hpp>
@@ -24,7 +24,7 @@ const std::map<std::string, Measurement> kMeasurements = {
     {"listing", MeasureListing}, {"copy", MeasureCopy},           {"memory", MeasureMemory},
     {"zip", MeasureZip},         {"unchanged", MeasureUnchanged}, {"tick", MeasureTick}};
 
-// Answers the exit code to end with at once, or -1.
+// Returns the exit code if the program ends now, or -1.
 int Parse(std::vector<std::string> arguments, COptions& options, Measurement& measurement) {
   CLI::App app("Measures the engine against bare system calls.", "qlm_bench");
   std::string root, archiver, name;
@@ -34,7 +34,7 @@ int Parse(std::vector<std::string> arguments, COptions& options, Measurement& me
   app.add_option("--rounds", options.rounds, "Times that every side runs")->check(CLI::Range(1, 1000));
   app.add_option("--divisor", options.divisor, "Makes the trees that many times smaller")
       ->check(CLI::Range(1, 100));
-  std::reverse(arguments.begin(), arguments.end());  // CLI11 takes them from the back
+  std::reverse(arguments.begin(), arguments.end());  // CLI11 expects the arguments in reverse order
   try {
     app.parse(std::move(arguments));
   } catch (const CLI::ParseError& failure) {

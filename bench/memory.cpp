@@ -14,7 +14,7 @@
 namespace bench {
 namespace {
 
-// Wine tells the private bytes here only, and Windows here as well.
+// Wine fills only PagefileUsage; on Windows it equals PrivateUsage.
 double PrivateBytes() {
   PROCESS_MEMORY_COUNTERS counters{};
   if (!::GetProcessMemoryInfo(::GetCurrentProcess(), &counters, sizeof(counters))) {

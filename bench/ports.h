@@ -12,7 +12,7 @@
 
 namespace bench {
 
-// What jobs need besides a file system.
+// The ports that jobs need besides a file system.
 struct CPorts {
   my::CWin32Clock clock;
   my::CWin32AnsiCodec ansi;
@@ -22,7 +22,7 @@ struct CPorts {
   qlm::CEnginePorts With(my::IFileSystem& files) { return {files, clock, ansi, texts, process}; }
 };
 
-// A job that backs a source up into so many folders.
+// Creates a job that backs up `source` to `count` folder destinations.
 inline qlm::CBackupTaskPtr MakeJob(const qlm::CEnginePorts& ports, std::wstring id, std::wstring source,
                                    const std::wstring& destination, size_t count) {
   qlm::CTask task;

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# run.sh [MEASUREMENT...]: runs the measurements, all unless named. BENCH_ARGS reaches the program, as in
-# BENCH_ARGS='--divisor 10'. The trees stay under build/bench for the next run.
+# run.sh [MEASUREMENT...]: runs the given measurements, or all. BENCH_ARGS is passed to the program, for
+# example BENCH_ARGS='--divisor 10'. The file trees in build/bench are reused by later runs.
 source "$(dirname "${BASH_SOURCE[0]}")/../scripts/common.sh"
 
 (($#)) || set -- listing copy memory zip unchanged tick

@@ -19,7 +19,7 @@ class CIdleObserver : public qlm::IRunObserver {
   void OnPowerOff() override {}
 };
 
-// Leaves the worker's work to whoever measures, so that ticks fall between its steps and not into them.
+// Runs the worker only when the benchmark calls Run, so that ticks happen between its steps.
 class CHeldThreads : public my::IThreads {
  public:
   std::unique_ptr<my::IRunningThread> Start(std::function<void()> body, const my::CThreadStart&,
@@ -46,7 +46,8 @@ class CHeldThreads : public my::IThreads {
   bool m_ended = true;
 };
 
-// The times of the last ticks of a run: one whenever a job looks for a backup, and then has a new row.
+// Returns the times of the last `wanted` ticks of a run. A tick is timed whenever a job checks for a backup;
+// it then has a new row.
 CTimes TimeTicks(size_t jobs, size_t rowsInEach, size_t wanted) {
   CPorts ports;
   CFakeFiles files(0, 1);

@@ -18,7 +18,7 @@ constexpr const wchar_t* kStems[] = {L"report",     L"invoice_",    L"IMG_",
                                      L"letter to ", L"main_window", L"notes-"};
 constexpr const wchar_t* kExtensions[] = {L".txt", L".docx", L".cpp", L".jpg", L".h", L".pdf", L".xlsx"};
 
-// One in fifty is a temporary file, as a filter may exclude it.
+// One file in fifty has the extension .tmp, which filters often exclude.
 std::wstring FileName(int index) {
   const wchar_t* const extension = index % 50 == 0 ? L".tmp" : kExtensions[index % std::size(kExtensions)];
   return kStems[index % std::size(kStems)] + std::to_wstring(1000 + index) + extension;

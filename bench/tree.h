@@ -5,8 +5,8 @@
 
 namespace bench {
 
-// Folders "project_000" and so on, each with a few folders full of files. Wine gets slow in folders of more
-// than 400 files.
+// The shape of a file tree: projects "project_000" and so on, each with a few folders of files. Wine gets
+// slow in folders of more than 400 files.
 struct CTreeShape {
   int projects = 0;
   int files = 250;  // in each folder of a project
@@ -21,13 +21,13 @@ constexpr uint64_t FileCount(const CTreeShape& shape) {
 
 std::wstring ProjectName(int index);
 
-// The path of a tree of that shape below the root; makes it unless an earlier run has.
+// Returns the path of a tree of this shape under `root`; creates it unless an earlier run did.
 std::wstring EnsureTree(const std::wstring& root, const CTreeShape& shape);
 
-// A bare loop over everything below a folder, whose path ends in "\". Answers the number of files.
+// Lists everything under `folder`, which ends in "\", with a bare loop. Returns the number of files.
 uint64_t BareList(std::wstring& folder);
 
-// Deletes a folder with all it holds.
+// Deletes a folder and its contents.
 void RemoveTree(const std::wstring& folder);
 
 }  // namespace bench

@@ -25,7 +25,7 @@ void MeasureUnchanged(const COptions& options) {
     }
     return jobs;
   };
-  // An empty folder of the right name passes for a backup.
+  // An empty folder with the right name counts as an existing backup.
   for (const qlm::CBackupTaskPtr& job : makeJobs()) {
     job->SetListOnly(true);
     job->Run();

@@ -31,7 +31,7 @@ void WriteListFile(my::IFileSystem& files, const qlm::CTargets& targets, const s
   file->Close();
 }
 
-// Runs the archiver as a program would that does nothing else.
+// Runs the archiver with a bare CreateProcess.
 void RunBarely(const std::wstring& archiver, const std::wstring& arguments, const std::wstring& folder) {
   std::wstring line = L"\"" + archiver + L"\" " + arguments;
   STARTUPINFOW startup{};

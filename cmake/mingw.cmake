@@ -1,4 +1,4 @@
-# The product's toolchain: MinGW-w64 GCC with POSIX threads (std::mutex and friends need them).
+# MinGW-w64 GCC in its variant with POSIX threads, which std::mutex and std::thread need.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)

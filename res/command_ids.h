@@ -1,4 +1,4 @@
-// Ids of commands, as menus, keys, toolbar and buttons send them.
+// Ids of the commands sent by menus, keys, toolbar and buttons.
 #ifndef QUILLMOOR_COMMAND_IDS_H
 #define QUILLMOOR_COMMAND_IDS_H
 
@@ -25,7 +25,7 @@
 #define ID_USAGE_PAGE                58375
 #define ID_SETTINGS                  58378
 
-// Edits of the list that has the keyboard.
+// Edits of the list with the keyboard focus.
 #define ID_COPY                      57634
 #define ID_CUT                       57635
 #define ID_PASTE                     57637
@@ -39,7 +39,7 @@
 #define ID_ITEM_UP                   33004
 #define ID_ITEM_DOWN                 33005
 
-// The same for one list, whichever has the keyboard: the number of the edit above behind the list's first.
+// Edits of one list, independent of the focus: base id of the list plus the number of the edit above.
 #define ID_TASK_EDITS                33100
 #define ID_TASK_ADD                  33100
 #define ID_TASK_EDIT                 33101
@@ -55,7 +55,7 @@
 #define ID_DST_UP                    33204
 #define ID_DST_DOWN                  33205
 
-// The view of the main window.
+// View commands of the main window.
 #define ID_OTHER_PANE                33300
 #define ID_FULL_SCREEN               33301
 #define ID_FILTER_CHECK              33302

@@ -1,8 +1,8 @@
-// Ids of icons, dialogs, menus and controls. They share no range with the text ids.
+// Ids of icons, dialogs, menus and controls. They do not overlap with the text ids.
 #ifndef QUILLMOOR_CONTROL_IDS_H
 #define QUILLMOOR_CONTROL_IDS_H
 
-// Icons: 1-9. The system shows a program with the icon of the lowest id.
+// Icons: 1-9. The system shows the icon with the lowest id as the icon of the program.
 #define IDI_QUILLMOOR                1
 #define IDI_DOCUMENT                 2
 #define IDR_TOOLS_16                 3
@@ -10,7 +10,7 @@
 #define IDR_TOOLS_32                 5
 #define IDR_TOOLS_48                 6
 
-// Controls of the system's dialogs.
+// Static texts and group boxes.
 #define IDC_STATIC_TEXT              (-1)
 
 // Task dialog and destination dialog: 200-219, controls 1000-1099.
@@ -35,7 +35,7 @@
 #define IDC_DST_TOKENS               1024
 #define IDC_DST_PREVIEW              1025
 #define IDC_DST_NOTE                 1026
-// Commands of the menu of tokens, from here on as many as there are tokens (up to 1059).
+// First command of the token menu; one per token (up to 1059).
 #define IDC_DST_TOKEN_FIRST          1040
 
 // Filter check, targets and results: 220-239, controls 1100-1199.
@@ -75,7 +75,7 @@
 #define IDC_RESULT_SAVE              1143
 #define IDC_FILTER_OPEN              1150
 
-// Password, replace, about and settings: 240-259, controls 1200-1299.
+// Replace, password, settings and about: 240-259, controls 1200-1299.
 #define IDD_REPLACE                  146
 #define IDC_PASSWORD_TYPE            316
 #define IDC_PASSWORD                 317
@@ -86,7 +86,7 @@
 #define IDD_SETTINGS                 242
 #define IDD_GENERAL_PAGE             243
 #define IDD_CLOSING                  244
-// First control + ReplaceRow, first control + number of the ReplaceCol's bit.
+// First control + ReplaceRow; first control + bit number of the ReplaceCol.
 #define IDC_REPLACE_ROW_ALL          1200
 #define IDC_REPLACE_ROW_SELECTED     1201
 #define IDC_REPLACE_ROW_FOCUSED      1202

@@ -1,4 +1,4 @@
-// Ids of the string table: the message keys of the program.
+// Ids of the string table.
 #ifndef QUILLMOOR_TEXT_IDS_H
 #define QUILLMOOR_TEXT_IDS_H
 
@@ -9,19 +9,19 @@
 #define IDS_USAGE_PAGE_URL           135
 #define IDS_DISPLAY_NAME             136
 
-// Command texts; the number is also the command's id.
+// Command texts; the id is also the command id.
 #define IDS_CMD_ADD_FILE             150
 #define IDS_CMD_RUN_POWER_OFF        153
 #define IDS_CMD_POWER_OFF            154
 
-// Run states; the number is also the state's code.
+// Run states; the id is also the code of the state.
 #define IDS_STATE_NOT_RUN            371
 #define IDS_STATE_RUNNING            372
 #define IDS_STATE_STOPPING           373
 #define IDS_STATE_STOPPED            374
 #define IDS_STATE_ENDED              375
 
-// Zip password types (first id + PasswordType) and their explanations.
+// Zip password types (first id + PasswordType) and their descriptions.
 #define IDS_PASSWORD_TYPE_EXEC       376
 #define IDS_PASSWORD_TYPE_EXEC_ONCE  377
 #define IDS_PASSWORD_TYPE_SAVE       378
@@ -40,18 +40,18 @@
 #define IDS_PHASE_CREATED            439
 #define IDS_PHASE_SKIPPED            440
 
-// Errors of the phases: phase + 6, keep the two groups contiguous.
+// Error texts of the phases: id of the phase + 6. Keep both groups contiguous.
 #define IDS_ERR_LISTING              441
 #define IDS_ERR_TARGET_PATH          442
 #define IDS_ERR_COPYING              443
 #define IDS_ERR_ARCHIVING            444
 
-// Questions during and before a run, and the lists of the windows.
+// Questions before and during a run.
 #define IDS_ASK_STOP_AND_QUIT        445
 #define IDS_ASK_PASSWORD_DIFFERS     446
 #define IDS_NO_ITEM_SELECTED         447
 
-// Document rules.
+// Rules of the document.
 #define IDS_ID_EMPTY                 449
 #define IDS_ID_BAD_CHARACTER         450
 #define IDS_ID_DUPLICATE             451
@@ -62,7 +62,7 @@
 #define IDS_FILTER_BAD_SIGN          454
 #define IDS_FILTER_BAD_FORM          455
 
-// Conditions of a run, of its jobs and of the commands.
+// Errors of commands, runs and jobs.
 #define IDS_ALREADY_RUNNING          456
 #define IDS_NOT_RUNNING              457
 #define IDS_ALREADY_STOPPING         458
@@ -79,7 +79,7 @@
 #define IDS_ID_NUMBERS_EXHAUSTED     469
 #define IDS_REFUSED_DURING_REPLACE   470
 
-// Further checks of the engine, the readers and the command line.
+// Other errors of the engine, the readers and the command line.
 #define IDS_PATH_UNREADABLE          471
 #define IDS_LIST_FOLDER_FAILED       472
 #define IDS_NAME_ONLY_DOTS           473
@@ -116,7 +116,7 @@
 #define IDS_REGEX_CLASS              526
 #define IDS_REGEX_EXTENSION          527
 
-// Columns and kinds in lists: 500-520, 540-559.
+// List columns: 500-520; destination types: 540-543.
 #define IDS_COL_TASK_ID              500
 #define IDS_COL_TASK_PATH            501
 #define IDS_COL_TASK_FILTER          502
@@ -139,7 +139,7 @@
 #define IDS_COL_FILTER_EXPRESSION    519
 #define IDS_COL_FILTER_ERROR         520
 
-// Kinds of destinations: first id + DstType.
+// Destination types: first id + DstType.
 #define IDS_DST_TYPE_FOLDER          540
 #define IDS_DST_TYPE_ZIP             541
 #define IDS_DST_TYPE_PASSWORD_ZIP    542
@@ -184,7 +184,7 @@
 #define IDS_TARGET_NO_BACKUP         607
 #define IDS_CSV_KIND                 608
 
-// Texts of the end of session and program: 544-559.
+// Texts for the end of the session and of the program: 544-559.
 #define IDS_SHUTDOWN_REASON_EDITS    544
 #define IDS_WAIT_ARCHIVE             545
 #define IDS_WAIT_JOB                 546
@@ -300,14 +300,14 @@
 #define IDS_ORIGIN_RB                872
 #define IDS_ORIGIN_RT                873
 
-// Command text of the replace tool; the number is also the command's id.
+// Text of the replace command; the id is also the command id.
 #define IDS_CMD_REPLACE              57641
 
 // Message box captions.
 #define IDS_CAPTION_ERROR            58368
 #define IDS_CAPTION_CONFIRM          58369
 
-// Power-off: system message, types and explanations (first id + PowerOffType).
+// Power-off: message to the system, types and descriptions (first id + PowerOffType).
 #define IDS_POWER_OFF_MESSAGE        58460
 #define IDS_POWER_OFF_TYPE_LOGOFF    58461
 #define IDS_POWER_OFF_TYPE_SLEEP     58462

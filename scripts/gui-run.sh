@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# gui-run.sh PROGRAM ARGS...: runs a Windows program on a screen of its own, or on the one that
-# QLM_DISPLAY names (as :81), and ends with its exit code. QLM_SCREEN is the screen's size.
+# gui-run.sh PROGRAM ARGS...: runs a Windows program on a virtual screen and returns its exit code. QLM_SCREEN
+# sets the size of the screen. QLM_DISPLAY (such as :81) uses an existing screen instead.
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 (($# > 0)) || die "usage: gui-run.sh PROGRAM ARGS..."
@@ -13,7 +13,7 @@ close_screen() {
   rm -rf "$folder"
 }
 
-# The server picks a free display itself, and writes its number once it takes programs.
+# Xvfb chooses a free display and writes its number when it accepts connections.
 open_screen() {
   mkfifo "$folder/display"
   Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp 3>"$folder/display" >"$folder/log" 2>&1 &
@@ -22,8 +22,8 @@ open_screen() {
   export DISPLAY=:$number
 }
 
-# A desktop of Wine's own for this program: windows get captions without a window manager, and nothing waits
-# for the answers of one. Unlike `explorer /desktop=...` it lets the exit code through.
+# Gives the program a Wine desktop of its own: windows get captions without a window manager, and no call
+# waits for one. Unlike `explorer /desktop=...` this keeps the exit code.
 give_desktop() {
   local key='HKCU\Software\Wine'
   run_wine reg add "$key\\AppDefaults\\$(basename "$1")\\Explorer" /v Desktop /d qlm /f >/dev/null 2>&1
@@ -42,6 +42,6 @@ open_screen
 give_desktop "$1"
 code=0
 run_wine "$@" || code=$?
-# What Wine leaves running would go with its screen half-way.
+# Wine's remaining processes must end before their screen does.
 wineserver -k -w 2>/dev/null || true
 exit $code

@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# lint.sh: checks what the compilers do not: floors, places of OS names and texts, format, tidy.
-# lint.sh --self-test: breaks every rule once in a tree of its own, and expects every finding.
+# lint.sh: checks include order, places of OS names and texts, format and clang-tidy.
+# lint.sh --self-test: violates every rule once in a temporary tree and expects every finding.
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
-# Every check prints its findings as file:line: what, with file names relative to this folder.
+# Every check prints findings as "file:line: text", with file names relative to this folder.
 tree=$top
 
-# The files of one kind, sorted. Files not yet added to git count as well.
+# Prints the matching files, sorted, including files not yet added to git.
 files() { # FOLDERS... -- FIND-EXPRESSION...
   local folders=()
   while [[ $1 != -- ]]; do
@@ -21,15 +21,15 @@ files() { # FOLDERS... -- FIND-EXPRESSION...
 }
 cpp_files() { files "$@" -- -name '*.cpp' -o -name '*.h'; }
 
-# Searches the files named on standard input; finding nothing is no failure.
+# Searches the files named on standard input. No match is not a failure.
 search() { # GREP-ARGS...
   (cd "$tree" && LC_ALL=C.UTF-8 xargs -r -d '\n' grep -InH "$@") || true
 }
 
-# The rule behind a search hit of the form file:line:text, in place of the text.
+# Replaces the text of each search hit (file:line:text) with the rule.
 report() { sed -E "s|^([^:]+:[0-9]+):.*|\1: $1|"; }
 
-# The hits of a search, with the hit's text behind the rule.
+# Puts the rule in front of the text of each search hit.
 report_text() { sed -E "s|^([^:]+:[0-9]+):[[:space:]]*(.*)|\1: $1: \2|"; }
 
 may_use_windows='^(src/platform/win32/|src/ui/(?!models/|framework/list_model\.)|src/run/main\.cpp|tests/(wine|gui)/|bench/)'
@@ -43,8 +43,8 @@ check_floors() {
       for (i = 1; i in r; i += 2) room[r[i]] = r[i + 1]
     }
     function finding(what) { print $1 ":" $2 ": " what }
-    # src/ui: the entry files use every room, a room only itself and those before it. The framework knows
-    # nothing of the program, and of the framework the models know only what includes no OS header.
+    # src/ui: the entry files include every room, a room only itself and the rooms before it. The framework
+    # knows nothing of the program. The models include only the part of the framework without OS headers.
     function check_room(own_room, to) {
       if (!(own_room in room)) {
         if (own_room !~ /^(main|program)\.(h|cpp)$/) finding("src/ui/" own_room " is in no room")
@@ -72,8 +72,8 @@ check_floors() {
     }'
 }
 
-# Headers in angle brackets that end in .h are the C library's, a library's with a folder of its
-# own, or the OS headers looked for here.
+# A header in angle brackets that ends in .h belongs to the C library, to a library with its own folder, or to
+# the OS, which this check looks for.
 check_os_headers() {
   local c_library='(assert|ctype|errno|float|inttypes|limits|locale|math|stdarg|stddef|stdint|stdio|stdlib|string|time|wchar|wctype)\.h'
   local libraries='(boost|CLI|nlohmann|gtest|gmock|sanitizer)/'
@@ -101,7 +101,7 @@ check_format() {
     sort -t: -k1,1 -k2,2n | awk -F: '!seen[$1]++'
 }
 
-# Source files of the host build with the files they include from this tree, one source a line.
+# Prints each source file of the host build with the files of this tree that it includes, one source per line.
 tidy_inputs() {
   local sources
   sources=$(jq -r '.[].file' "$tree/build/host/compile_commands.json" | sed -n "s,^$tree/\(src/.*\),\1,p" | sort -u)
@@ -120,11 +120,12 @@ tidy_inputs() {
     }'
 }
 
-# One source file, unless it and all that it includes are as they were when last found clean.
+# Runs clang-tidy on one source file unless the file and all its includes are unchanged since it was last
+# found clean.
 tidy_file() { # SOURCE INCLUDED...
   local stamp=$tree/build/host/tidy/${1//\//_} key output
   cd "$tree"
-  # An include that does not exist is tidy's to report.
+  # clang-tidy reports a missing include.
   key=$(cat .clang-tidy "$@" 2>/dev/null | sha256sum) || true
   [[ -e $stamp && $(<"$stamp") == "$key" ]] && return
   rm -f "$stamp"
@@ -136,7 +137,7 @@ tidy_file() { # SOURCE INCLUDED...
   fi
 }
 
-# The list of commands must name the sources of now, whether or not a build came before.
+# The compilation database must list the current sources, also if nothing was built before.
 configure_host() {
   if [[ ! -e $tree/build/host/compile_commands.json ]]; then
     (cd "$tree" && cmake --preset host)
@@ -150,11 +151,11 @@ check_tidy() {
   mkdir -p "$tree/build/host/tidy"
   export tree
   export -f tidy_file
-  # A finding in a header shows once, however many sources include it.
+  # A finding in a header is printed once, however many sources include it.
   tidy_inputs | xargs -r -P2 -L1 bash -c 'tidy_file "$@"' tidy | sort -u
 }
 
-# The patterns are written so that they do not match their own lines.
+# The patterns must not match their own lines.
 check_leftovers() {
   local all
   all=$(files . -- -name '*')
@@ -187,7 +188,7 @@ check_string_ids() {
     }' res/text_ids.h res/strings.rc | sort) || true
 }
 
-# What scripts/art.py makes is kept; it must be what the drawings give.
+# The output of scripts/art.py is checked in and must match the drawings.
 check_art() {
   [[ -e $tree/scripts/art.py ]] || return 0
   (cd "$tree" && python3 scripts/art.py --check) || true
@@ -274,7 +275,7 @@ self_test() {
   clean_tree
   findings=$(all_checks)
   [[ -z $findings ]] || { say "found in a clean tree:" "$findings"; failures=1; }
-  # Nothing changed: the second run must come from the stamps, and see no tool at all.
+  # A second run without changes must use the stamps and not start clang-tidy.
   findings=$(clang-tidy() { say 'x: error: ran again'; return 1; }; export -f clang-tidy; check_tidy)
   [[ -z $findings ]] || { say "tidy does not remember: $findings"; failures=1; }
 

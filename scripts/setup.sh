@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what a bare Debian 12 lacks for building and testing. Fast when nothing is missing.
+# Installs what a bare Debian 12 needs for building and testing. Returns quickly if nothing is missing.
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 packages=(
@@ -9,7 +9,7 @@ packages=(
   wine wine64 xvfb fonts-ipafont-gothic fonts-noto-cjk fonts-wine locales
   strace unzip jq python3 librsvg2-bin
 )
-# An npm from elsewhere serves as well as Debian's.
+# Any npm will do, not only Debian's.
 command -v npm >/dev/null || packages+=(npm)
 
 missing_packages() {

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# test.sh [CTEST-ARGS...]: builds everything and runs every test; -R NAME and the like reach ctest.
+# test.sh [CTEST-ARGS...]: builds everything and runs all tests. The arguments are passed to ctest (-R NAME).
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 export UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1}
 
-# With a filter some of the builds may well have nothing to run; otherwise that is a mistake.
+# With a filter a build may have no matching test; without one that is an error.
 none=error
 (($#)) && none=ignore
 
@@ -26,7 +26,7 @@ start_wine_server
 
 run_tests host 2 "$@"
 run_tests tsan 2 "$@"
-# Wine programs share one server and one prefix: side by side they only get in each other's way.
+# Wine programs share one server and one prefix, so running them in parallel gains nothing.
 run_tests mingw 1 "$@"
 
 printf '%s\n' "${summaries[@]}"

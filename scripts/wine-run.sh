@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# wine-run.sh PROGRAM ARGS...: runs a Windows program, and ends with its exit code.
+# wine-run.sh PROGRAM ARGS...: runs a Windows program and returns its exit code.
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 (($# > 0)) || die "usage: wine-run.sh PROGRAM ARGS..."

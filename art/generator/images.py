@@ -1,4 +1,4 @@
-"""Pictures: PNG in and out, and icon files."""
+"""Reads and writes PNG images and icon files."""
 
 import struct
 import subprocess
@@ -8,14 +8,14 @@ SIGNATURE = b"\x89PNG\r\n\x1a\n"
 
 
 def render(svg, width, height):
-    """Draws an SVG text; the result is rows of RGBA bytes."""
+    """Renders an SVG text and returns rows of RGBA bytes."""
     png = subprocess.run(["rsvg-convert", "-w", str(width), "-h", str(height)], input=svg.encode(),
                          capture_output=True, check=True).stdout
     return decode_png(png)
 
 
 def decode_png(png):
-    """Only what the renderer writes: 8 bits, RGBA, not interlaced."""
+    """Decodes the kind of PNG that the renderer writes: 8 bits, RGBA, not interlaced."""
     at, data, header = len(SIGNATURE), b"", None
     while at < len(png):
         length, kind = struct.unpack_from(">I4s", png, at)
@@ -61,7 +61,7 @@ def encode_png(rows):
 
 
 def encode_bitmap(rows):
-    """As it stands in an icon: bottom up, BGRA, and a mask that hides nothing."""
+    """Returns the bitmap of an icon file: bottom up, BGRA, with a mask that hides nothing."""
     size = len(rows)
     pixels = b"".join(bytes(row[x + i] for x in range(0, len(row), 4) for i in (2, 1, 0, 3)) for row in rows[::-1])
     mask = bytes((size + 31) // 32 * 4 * size)
@@ -69,7 +69,7 @@ def encode_bitmap(rows):
 
 
 def encode_icon(pictures):
-    """An icon file of square pictures; the largest is compressed."""
+    """Returns an icon file with square images; the one of 256 pixels is stored as PNG."""
     bodies = [encode_png(rows) if len(rows) == 256 else encode_bitmap(rows) for rows in pictures]
     at = 6 + 16 * len(bodies)
     entries = b""
@@ -81,5 +81,5 @@ def encode_icon(pictures):
 
 
 def beside(pictures):
-    """One row of pictures of the same height."""
+    """Joins images of the same height side by side."""
     return [b"".join(rows) for rows in zip(*pictures)]

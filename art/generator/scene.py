@@ -1,7 +1,7 @@
-"""Reads the drawings: a small subset of SVG, and puts parts together.
+"""Reads the drawings, in a small subset of SVG, and combines their parts.
 
-A drawing is a list of items: shapes, and uses of parts of other files. Transforms are applied to the points;
-a line keeps one thickness all around, scaled by the square root of the area's scale. Joins and caps are round.
+A drawing is a list of items: shapes, and uses of parts of other files. Transforms are applied to the points.
+A line has the same width everywhere, scaled by the square root of the area scale. Joins and caps are round.
 """
 
 import math
@@ -11,13 +11,13 @@ from dataclasses import dataclass
 from pathlib import Path
 
 IDENTITY = (1.0, 0.0, 0.0, 1.0, 0.0, 0.0)
-CIRCLE = 0.5522847  # control points of a quarter of a circle with cubic curves
+CIRCLE = 0.5522847  # distance of the control points when a cubic curve draws a quarter of a unit circle
 INHERITED = {"fill": "#000000", "stroke": "none", "stroke-width": "1"}
 
 
 @dataclass
 class Shape:
-    verbs: str  # M and L take one point, C takes three, Z none
+    verbs: str  # M and L use one point, C uses three, Z none
     points: list
     fill: str  # "none" or "#rrggbb"
     stroke: str
@@ -97,8 +97,8 @@ def parse_path(text):
     return verbs, points
 
 
-# A curve that crosses the line between its ends in the middle: there it must be cut, or what flattens curves
-# by their middle takes it for straight.
+# An S-shaped curve crosses its chord in the middle. It must be split there: flattening that tests only the
+# middle point would take it for a straight line.
 def is_s_shaped(start, first, second, end):
     side = lambda p: (end[0] - start[0]) * (p[1] - start[1]) - (end[1] - start[1]) * (p[0] - start[0])
     return side(first) * side(second) < 0
@@ -111,7 +111,7 @@ def halves(start, first, second, end):
     return [a, d, middle(d, e), e, c, end]
 
 
-# Left open: the round ends of its line meet, and a fill closes it.
+# The path is left open: the round ends of its line meet, and filling closes it.
 def ellipse_path(cx, cy, rx, ry):
     x, y = rx * CIRCLE, ry * CIRCLE
     ring = [(rx, 0), (rx, y), (x, ry), (0, ry), (-x, ry), (-rx, y), (-rx, 0), (-rx, -y), (-x, -ry), (0, -ry),
@@ -132,7 +132,7 @@ def outline(node):
 
 
 class Reader:
-    """Turns the nodes of one file into items. Parts are named FILE#ID without the file's ending."""
+    """Converts the nodes of one file to items. Parts are named FILE#ID, FILE without its extension."""
 
     def __init__(self, path):
         self.path = path
@@ -173,7 +173,7 @@ def pick(node):
 
 
 def flatten(items, parts, matrix=IDENTITY, opacity=1.0):
-    """The shapes of the items in the order in which they are drawn."""
+    """Yields the shapes of the items in drawing order."""
     for item in items:
         if isinstance(item, Use):
             yield from flatten(parts[item.part], parts, multiply(matrix, item.matrix), opacity * item.opacity)

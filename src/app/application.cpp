@@ -27,7 +27,8 @@ CApplication::CApplication(const CAppPorts& ports, CSettings& settings, CDocumen
       m_replace(m_document, m_settings.replaceDlg, window, dialogs),
       m_session(m_document, m_run),
       m_context{ports, m_messenger, m_settings, m_document, m_run, m_replace, m_session, window, dialogs},
-      m_table(m_context, std::move(commandLine)) {
+      m_table(m_context, std::move(commandLine)),
+      m_edits(m_context) {
   m_document.AddListener([this](DocChangeEventFlags) { OnDocumentChanged(); });
 }
 
@@ -39,28 +40,39 @@ void CApplication::Start() {
   RunCommand(m_context, *m_table.init, true, false);
 }
 
-bool CApplication::Execute(uint32_t id) {
-  if (m_closing) return true;
+template <class TUse>
+bool CApplication::WithCommand(uint32_t id, TUse use) {
   if (IsMru(id)) {
-    CCommandOpenMru command(m_context, id - ID_MRU_FIRST);
-    RunCommand(m_context, command, true, false);
+    CCommandOpenMru recent(m_context, id - ID_MRU_FIRST);
+    use(recent);
     return true;
   }
   CCommand* command = m_table.Find(id);
-  if (command) RunCommand(m_context, *command, true, false);
+  if (!command) command = m_edits.Find(id);
+  if (command) use(*command);
   return command != nullptr;
 }
 
+void CApplication::Execute(uint32_t id) {
+  if (WithCommand(id, [this](CCommand& command) { Execute(command); })) return;
+  m_messenger.ShowError(my::CException(IDS_INTERNAL_ERROR, {L"Unknown command: " + std::to_wstring(id)}));
+}
+
 bool CApplication::IsEnabled(uint32_t id) {
+  bool enabled = false;
+  WithCommand(id, [&](CCommand& command) { enabled = IsEnabled(command); });
+  return enabled;
+}
+
+void CApplication::Execute(CCommand& command) {
+  if (!m_closing) RunCommand(m_context, command, true, false);
+}
+
+bool CApplication::IsEnabled(CCommand& command) const {
   if (m_closing) return false;
   try {
-    if (IsMru(id)) {
-      CCommandOpenMru(m_context, id - ID_MRU_FIRST).Execute(false);
-      return true;
-    }
-    CCommand* command = m_table.Find(id);
-    if (command) command->Execute(false);
-    return command != nullptr;
+    command.Execute(false);
+    return true;
   } catch (const my::CException&) {
     return false;
   }

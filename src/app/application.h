@@ -7,6 +7,7 @@
 
 #include "app/command.h"
 #include "app/command_table.h"
+#include "app/edit_table.h"
 #include "app/messenger.h"
 #include "app/replace_tool.h"
 #include "app/session_end.h"
@@ -34,11 +35,15 @@ class CApplication : private IRunObserver {
   // To be called once, when the main window has been created.
   void Start();
 
-  // Runs a command and shows its failure. Answers false for an id that is no command's.
-  bool Execute(uint32_t id);
+  // Runs the command of an id (ID_...) and shows its failure. Does nothing while IsClosing.
+  void Execute(uint32_t id);
 
-  // Whether the command could run now.
+  // Whether the command could run now. False for an id without a command.
   bool IsEnabled(uint32_t id);
+
+  // The same for a command with arguments.
+  void Execute(CCommand& command);
+  bool IsEnabled(CCommand& command) const;
 
   // Shows what was thrown outside of the commands.
   void ShowFailure(const std::exception_ptr& failure) const;
@@ -65,6 +70,10 @@ class CApplication : private IRunObserver {
   void OnStateChanged() override;
   void OnPowerOff() override;
 
+  // Calls `use` with the command of an id. Returns false if there is none.
+  template <class TUse>
+  bool WithCommand(uint32_t id, TUse use);
+
   void OnDocumentChanged();
   void UpdateHold();
 
@@ -76,6 +85,7 @@ class CApplication : private IRunObserver {
   CSessionEnd m_session;
   CAppContext m_context;
   CCommandTable m_table;
+  CEditTable m_edits;
   uint32_t m_holdReason = 0;  // the text that the system has been told
   bool m_closing = false;
 };

@@ -20,6 +20,7 @@ class CBackupThread;
 class CDocument;
 class CReplaceTool;
 class CSessionEnd;
+class IClipboard;
 class IDialogs;
 class IListState;
 class IMainWindow;
@@ -33,6 +34,7 @@ struct CAppPorts {
   my::IPower& power;
   const my::IHash& hash;
   my::IShell& shell;
+  IClipboard& clipboard;
 };
 
 // What the commands work on; all of it outlives them.

@@ -29,7 +29,7 @@ CCommandTable::CCommandTable(CAppContext& context, std::wstring commandLine)
                                                           context.window.DstList(), &FolderOf, true)),
       openUrl(boost::make_shared<CCommandOpenUrl>(context)) {}
 
-CCommand* CCommandTable::Find(uint32_t id) const {
+CCommand* CCommandTable::Find(uint32_t id) {
   switch (id) {
     case ID_RUN: return exec.get();
     case ID_RUN_POWER_OFF: return execAndPowerOff.get();

@@ -17,9 +17,9 @@ struct CCommandTable {
   // `commandLine` is the process's whole command line.
   CCommandTable(CAppContext& context, std::wstring commandLine);
 
-  // The command behind an id (ID_...), null for an id of none. Those of the recent documents
-  // are made when they are used and are not here.
-  CCommand* Find(uint32_t id) const;
+  // Returns the command of an id (ID_...), null if there is none; sets the page of openUrl. Commands for
+  // recent documents are made when they are used and are not here.
+  CCommand* Find(uint32_t id);
 
   boost::shared_ptr<CCommandInit> init;
   boost::shared_ptr<CCommandQuit> quit;

@@ -1,12 +1,11 @@
 #include "app/document_commands.h"
 
+#include "app/file_questions.h"
 #include "app/messenger.h"
 #include "app/windows.h"
 #include "document/document.h"
 #include "document/document_file.h"
-#include "document/file_formats.h"
 #include "platform/file_system.h"
-#include "platform/message_texts.h"
 #include "settings/settings.h"
 #include "text_ids.h"
 
@@ -16,16 +15,6 @@ namespace {
 void Guard(const CAppContext& context) {
   RefuseDuringRun(context);
   RefuseDuringReplace(context);
-}
-
-CFileQuestion Question(const CAppContext& context, std::wstring initialPath, uint32_t flags) {
-  const auto kind = [&context](uint32_t labelId, FileFormat format) {
-    return std::pair(context.ports.engine.texts.Text(labelId), std::wstring(FormatOf(format).pattern));
-  };
-  return {std::move(initialPath),
-          {kind(IDS_DOCUMENT_KIND, FileFormat::QLMR), kind(IDS_XML_FILE_KIND, FileFormat::XML)},
-          {},
-          kDialogExplorer | kDialogSizing | flags};
 }
 
 void Remember(CAppContext& context, const std::wstring& path) {
@@ -66,7 +55,7 @@ bool CCommandOpen::AskPath(std::wstring& path) const {
   std::wstring initial = m_context.document.Path();
   if (initial.empty() && !recent.empty()) initial = recent.front();
   const auto answer =
-      m_context.dialogs.AskOpenPath(Question(m_context, std::move(initial), kDialogFileMustExist));
+      m_context.dialogs.AskPath(OpenDocumentQuestion(m_context.ports.engine.texts, std::move(initial)));
   if (answer) path = *answer;
   return answer.has_value();
 }
@@ -95,9 +84,7 @@ void CCommandSave::Execute(bool run) {
 }
 
 bool CCommandSave::ChoosePath(std::wstring& path) const {
-  CFileQuestion question = Question(m_context, path, kDialogOverwritePrompt | kDialogHideReadOnly);
-  question.defaultExtension = FormatOf(FileFormat::QLMR).extension;
-  const auto answer = m_context.dialogs.AskSavePath(question);
+  const auto answer = m_context.dialogs.AskPath(SaveDocumentQuestion(m_context.ports.engine.texts, path));
   if (answer) path = *answer;
   return answer.has_value();
 }

@@ -7,11 +7,11 @@
 namespace my {
 
 void CMessageBoxMsg::ShowError(const CException& failure) {
-  Show(MakeErrorText(m_texts, failure), kBoxIconError);
+  Show(MakeErrorText(m_texts, failure), BoxStyle::FAILURE);
 }
 
-int CMessageBoxMsg::Show(const std::wstring& text, uint32_t style) {
-  return m_box.Show(text, Caption((style & kBoxIconMask) == kBoxIconError), style);
+BoxButton CMessageBoxMsg::Show(const std::wstring& text, BoxStyle style) {
+  return m_box.Show(text, Caption(style), style);
 }
 
 bool CMessageBoxMsg::ConfirmDiscard() {
@@ -19,10 +19,11 @@ bool CMessageBoxMsg::ConfirmDiscard() {
 }
 
 bool CMessageBoxMsg::Ask(uint32_t id, std::vector<CMsgArg> args) {
-  return Show(MakeText(m_texts, id, args), kBoxOkCancel | kBoxIconWarning) == kButtonOk;
+  return Show(MakeText(m_texts, id, args), BoxStyle::QUESTION) == BoxButton::OK;
 }
 
-const std::wstring& CMessageBoxMsg::Caption(bool isError) {
+const std::wstring& CMessageBoxMsg::Caption(BoxStyle style) {
+  const bool isError = style == BoxStyle::FAILURE;
   std::wstring& caption = isError ? m_errorCaption : m_confirmCaption;
   if (caption.empty()) caption = m_texts.Text(isError ? IDS_CAPTION_ERROR : IDS_CAPTION_CONFIRM);
   return caption;

@@ -11,21 +11,21 @@ namespace my {
 
 class IMessageTexts;
 
-// The values are those of the system's message boxes.
-inline constexpr uint32_t kBoxOkCancel = 0x1;
-inline constexpr uint32_t kBoxIconError = 0x10;
-inline constexpr uint32_t kBoxIconWarning = 0x30;
-inline constexpr uint32_t kBoxIconMask = 0xF0;
-inline constexpr int kButtonOk = 1;
-inline constexpr int kButtonCancel = 2;
+// The kinds of boxes; the values are the styles of the system's message boxes.
+enum class BoxStyle : uint32_t {
+  FAILURE = 0x10,   // an error, with OK
+  QUESTION = 0x31,  // a warning, with OK and Cancel
+};
+
+enum class BoxButton : int { OK = 1, CANCEL = 2 };
 
 // The box itself, over the active window or else over the program's own.
 class IMessageBox {
  public:
   virtual ~IMessageBox() = default;
 
-  // Answers the button that was pressed.
-  virtual int Show(const std::wstring& text, const std::wstring& caption, uint32_t style) = 0;
+  // Returns the button that was pressed.
+  virtual BoxButton Show(const std::wstring& text, const std::wstring& caption, BoxStyle style) = 0;
 };
 
 class CMsg {
@@ -33,7 +33,7 @@ class CMsg {
   virtual ~CMsg() = default;
 
   virtual void ShowError(const CException& failure) = 0;
-  virtual int Show(const std::wstring& text, uint32_t style) = 0;
+  virtual BoxButton Show(const std::wstring& text, BoxStyle style) = 0;
 
   // Whether the user's edits may be lost.
   virtual bool ConfirmDiscard() = 0;
@@ -47,12 +47,12 @@ class CMessageBoxMsg : public CMsg {
   CMessageBoxMsg(const IMessageTexts& texts, IMessageBox& box) : m_texts(texts), m_box(box) {}
 
   void ShowError(const CException& failure) override;
-  int Show(const std::wstring& text, uint32_t style) override;
+  BoxButton Show(const std::wstring& text, BoxStyle style) override;
   bool ConfirmDiscard() override;
   bool Ask(uint32_t id, std::vector<CMsgArg> args = {}) override;
 
  private:
-  const std::wstring& Caption(bool isError);
+  const std::wstring& Caption(BoxStyle style);
 
   const IMessageTexts& m_texts;
   IMessageBox& m_box;

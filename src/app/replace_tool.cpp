@@ -93,7 +93,7 @@ void CReplaceTool::Show() {
   m_open = true;
   try {
     Refresh(m_setting.replace);
-    m_dialogs.OpenReplace(*this);
+    m_dialogs.OpenReplace();
   } catch (...) {
     Cancel(m_setting.replace);
     throw;

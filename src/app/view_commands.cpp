@@ -1,7 +1,9 @@
 #include "app/view_commands.h"
 
+#include "app/file_questions.h"
 #include "app/replace_tool.h"
 #include "app/windows.h"
+#include "document/document.h"
 
 namespace qlm {
 
@@ -12,6 +14,37 @@ void CCommandReplace::Execute(bool run) {
 
 void CCommandSetting::Execute(bool run) {
   if (run) m_context.dialogs.ShowSettings(m_designPage);
+}
+
+void OpenResults(CAppContext& context) {
+  context.window.OpenResults();
+}
+
+void ShowAbout(CAppContext& context) {
+  context.dialogs.ShowAbout();
+}
+
+void FocusOtherList(CAppContext& context) {
+  context.window.FocusOtherList();
+}
+
+void ToggleFullScreen(CAppContext& context) {
+  context.window.ToggleFullScreen();
+}
+
+void CloseWindow(CAppContext& context) {
+  context.window.PostClose();
+}
+
+void CheckFilter(CAppContext& context) {
+  const CTasks& tasks = context.document.Tasks();
+  const auto row = context.window.TaskList().FocusedRow();
+  const bool isTask = row && *row < tasks.size();
+  const std::wstring source = isTask ? tasks[*row]->path : std::wstring();
+  std::wstring filter = isTask ? tasks[*row]->filterPath : std::wstring();
+  if (filter.empty())
+    filter = context.dialogs.AskPath(FilterQuestion(context.ports.engine.texts, {})).value_or(L"");
+  if (!filter.empty()) context.dialogs.ShowFilter(filter, source);
 }
 
 }  // namespace qlm

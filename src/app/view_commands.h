@@ -1,4 +1,4 @@
-// The commands that open dialogs.
+// The commands that open dialogs and change the view.
 #pragma once
 
 #include "app/command.h"
@@ -19,5 +19,29 @@ class CCommandSetting final : public CCommand {
  private:
   bool m_designPage;
 };
+
+// A command that is possible at any time.
+class CCommandView final : public CCommand {
+ public:
+  using Action = void (*)(CAppContext& context);
+
+  CCommandView(CAppContext& context, Action action) : CCommand(context), m_action(action) {}
+  void Execute(bool run) override {
+    if (run) m_action(m_context);
+  }
+
+ private:
+  Action m_action;
+};
+
+// The actions of CCommandView.
+void OpenResults(CAppContext& context);
+void ShowAbout(CAppContext& context);
+void FocusOtherList(CAppContext& context);
+void ToggleFullScreen(CAppContext& context);
+void CloseWindow(CAppContext& context);
+
+// Shows the effect of the focused task's filter. If there is none, the user chooses a filter file.
+void CheckFilter(CAppContext& context);
 
 }  // namespace qlm

@@ -9,7 +9,7 @@ class IAnsiCodec {
  public:
   virtual ~IAnsiCodec() = default;
 
-  // Text in the system's ANSI code page; every byte that is none of it becomes U+FFFD.
+  // Decodes text in the system's ANSI code page. Invalid bytes become U+FFFD.
   virtual std::wstring Decode(std::string_view bytes) const = 0;
 };
 

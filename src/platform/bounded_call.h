@@ -11,9 +11,9 @@
 
 namespace my {
 
-// Returns what `work` returns, or nothing if it takes longer than the limit. It runs on a thread of its own,
-// which is not waited for after the limit, not even at the end of the program: what `work` refers to must
-// outlive the thread. Throws what `work` throws, and IDS_START_THREAD_FAILED.
+// Returns the result of `work`, or nullopt if it takes longer than the limit. `work` runs on a new thread,
+// which is never waited for after the limit, not even at the end of the program: everything that `work`
+// refers to must outlive the thread. Throws what `work` throws, and IDS_START_THREAD_FAILED.
 template <class Work>
 std::optional<std::invoke_result_t<Work&>> CallWithin(IThreads& threads, uint32_t limitMs, Work work) {
   struct CCall {

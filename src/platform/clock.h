@@ -6,22 +6,22 @@
 
 namespace my {
 
-// Callable from any thread.
+// Any thread may call.
 class IClock {
  public:
   virtual ~IClock() = default;
 
-  // Milliseconds since some moment before the program started; never goes back.
+  // Returns the milliseconds since an arbitrary moment; never decreases.
   virtual uint64_t TickCount() const = 0;
 
-  // The present moment.
+  // Returns the current time.
   virtual CFileTime Now() const = 0;
 
   // Blocks the calling thread.
   virtual void Sleep(uint32_t ms) const = 0;
 
-  // The calendar fields in the user's time zone. Throws a CException with the system's own text when the
-  // time is outside what the system can convert.
+  // Returns the calendar fields in the user's time zone. Throws the system error if the time cannot be
+  // converted.
   virtual CCalendar LocalCalendar(CFileTime time) const = 0;
 };
 

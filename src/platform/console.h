@@ -6,24 +6,24 @@
 
 namespace my {
 
-// The standard streams. To be used by one thread.
+// The standard streams. For use by one thread.
 class IConsole {
  public:
   enum class Stream { OUTPUT, ERRORS };
 
   virtual ~IConsole() = default;
 
-  // Whether a person reads along.
+  // Returns whether the stream is a terminal.
   virtual bool IsTerminal(Stream stream) const = 0;
 
-  // Writes at once; UTF-8 where the stream is not a terminal. What cannot be written is lost: there is
-  // nowhere left to say so.
+  // Writes immediately; as UTF-8 if the stream is not a terminal. Write errors are ignored, because there is
+  // nowhere to report them.
   virtual void Write(Stream stream, std::wstring_view text) = 0;
 
-  // One line of standard input (UTF-8) without its end; nothing when the input has ended.
+  // Reads a line of standard input (UTF-8) without its line end. Returns nullopt at the end of the input.
   virtual std::optional<std::wstring> ReadLine() = 0;
 
-  // Whether the user has asked for the end of the program (Ctrl+C, Ctrl+Break) since it started.
+  // Returns whether the user has pressed Ctrl+C or Ctrl+Break since the program started.
   virtual bool InterruptRequested() const = 0;
 };
 

@@ -9,8 +9,8 @@ class IHash {
  public:
   virtual ~IHash() = default;
 
-  // The 16 bytes of the MD5 digest. Throws IDS_CRYPT_INIT_FAILED, IDS_HASH_INIT_FAILED, IDS_HASH_DATA_FAILED,
-  // IDS_HASH_SIZE_FAILED or IDS_HASH_VALUE_FAILED. Any thread may call.
+  // Returns the 16 bytes of the MD5 digest. Throws IDS_CRYPT_INIT_FAILED, IDS_HASH_INIT_FAILED,
+  // IDS_HASH_DATA_FAILED, IDS_HASH_SIZE_FAILED or IDS_HASH_VALUE_FAILED. Any thread may call.
   virtual std::string Md5(std::string_view bytes) const = 0;
 };
 

@@ -9,13 +9,13 @@ class IKnownFolders {
  public:
   virtual ~IKnownFolders() = default;
 
-  // The folder of installed 32-bit programs; no value if the system cannot tell.
+  // Returns the folder of installed 32-bit programs; nullopt if the system does not report it.
   virtual std::optional<std::wstring> ProgramFiles() const = 0;
 
-  // The user's roaming application data. Throws IDS_SETTINGS_LOCATION_FAILED.
+  // Returns the folder of the user's roaming application data. Throws IDS_SETTINGS_LOCATION_FAILED.
   virtual std::wstring RoamingAppData() const = 0;
 
-  // The folder that the running program was started from. Throws the system's own error.
+  // Returns the folder of the running program. Throws the system error.
   virtual std::wstring ProgramFolder() const = 0;
 };
 

@@ -7,7 +7,8 @@
 namespace my {
 namespace {
 
-// Names of files may hold half a character, which neither a console nor a file of texts takes.
+// Makes the argument well-formed: file names may contain lone surrogates, which consoles and text files
+// cannot hold.
 std::wstring ArgText(const IMessageTexts& texts, const CMsgArg& arg) {
   if (const auto* text = std::get_if<std::wstring>(&arg)) return WellFormed(*text);
   if (const auto* id = std::get_if<CTextId>(&arg)) {

@@ -1,4 +1,4 @@
-// Where the texts of messages come from, and the one place where a message's text is made.
+// The port for message texts, and the functions that format them.
 #pragma once
 
 #include <cstdint>
@@ -9,29 +9,29 @@
 
 namespace my {
 
-// Callable from any thread.
+// Any thread may call.
 class IMessageTexts {
  public:
   virtual ~IMessageTexts() = default;
 
-  // The text of a string-table id, empty when there is none.
+  // Returns the text of a string-table id; empty if there is none.
   virtual std::wstring Text(uint32_t id) const = 0;
 
-  // The operating system's own text for an HRESULT on one line, empty when it has none.
+  // Returns the system's text for an HRESULT in one line; empty if there is none.
   virtual std::wstring SystemText(int32_t hresult) const = 0;
 };
 
-// The text of an id with its arguments in place of each "%s", in order.
+// Returns the text of an id, with each "%s" replaced by the next argument.
 std::wstring MakeText(const IMessageTexts& texts, uint32_t id, std::span<const CMsgArg> args);
 
-// The text to show for a failure.
+// Returns the text to show for a failure.
 std::wstring MakeErrorText(const IMessageTexts& texts, const CException& failure);
 
-// Runs `work` and answers what it threw as a stored error; without one its code is 0.
+// Runs `work` and returns what it threw as a stored error; its code is 0 if nothing was thrown.
 template <class Work>
 CSimpleErr TrapError(const IMessageTexts& texts, Work&& work);
 
-// What a caught exception is stored as. To be called from a catch block.
+// Converts the current exception to a stored error. For use in a catch block.
 CSimpleErr CurrentError(const IMessageTexts& texts);
 
 template <class Work>

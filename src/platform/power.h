@@ -1,4 +1,4 @@
-// The port to the computer's power. The program's first thread calls.
+// The power port. For use by the main thread.
 #pragma once
 
 #include <cstdint>
@@ -7,35 +7,37 @@
 
 namespace my {
 
-// Values of the system: flags of EndSession and ShutDown, and a reason.
+// Values of the Windows API: flags of EndSession and ShutDown, and a reason.
 inline constexpr uint32_t kLogOffForceIfHung = 0x10;
 inline constexpr uint32_t kShutdownPowerOff = 0x8;
 inline constexpr uint32_t kShutdownHybrid = 0x200;
 inline constexpr uint32_t kShutdownInstallUpdates = 0x40;
 inline constexpr uint32_t kReasonPlannedApplication = 0x80040000;
 
-// A privilege of the process's token; the token is closed, not the privilege taken back, on destruction.
+// An enabled privilege of the process token. The destructor closes the token but does not disable the
+// privilege.
 class IPrivilege {
  public:
   virtual ~IPrivilege() = default;
 };
 
-// Keeps the computer from falling asleep until it is destroyed, on the thread that has made it.
+// Prevents the computer from sleeping until destroyed, on the thread that created it.
 class IStayAwake {
  public:
   virtual ~IStayAwake() = default;
 };
 
-// What the actions are given goes to the system as it is.
+// Parameters are passed to the system unchanged.
 class IPower {
  public:
   virtual ~IPower() = default;
 
-  // One at a time. The screen may still be switched off.
+  // Only one may exist at a time. The screen may still turn off.
   virtual std::unique_ptr<IStayAwake> KeepAwake() = 0;
 
-  // Opens the process's token and enables the privilege. Throws IDS_OPEN_TOKEN_FAILED,
-  // IDS_PRIVILEGE_NOT_FOUND or IDS_ADJUST_PRIVILEGE_FAILED. One that was not granted is not noticed here.
+  // Opens the token of the process and enables the privilege. Throws IDS_OPEN_TOKEN_FAILED,
+  // IDS_PRIVILEGE_NOT_FOUND or IDS_ADJUST_PRIVILEGE_FAILED. Does not detect a privilege that the user does
+  // not have.
   virtual std::unique_ptr<IPrivilege> EnablePrivilege(const std::wstring& name) = 0;
 
   // Throws IDS_LOGOFF_FAILED.

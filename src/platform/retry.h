@@ -1,4 +1,4 @@
-// Repeats what another program refuses for a moment.
+// Repeats operations that other programs prevent for a short time.
 #pragma once
 
 #include <algorithm>
@@ -9,14 +9,15 @@
 
 namespace my {
 
-// Scanners, indexers and sync clients open fresh files for seconds. Meanwhile renaming a file, or a folder
-// with it, is refused with "access denied" or "sharing violation".
+// Returns whether the failure is temporary. Virus scanners, indexers and sync clients open new files for
+// seconds; renaming such a file, or a folder that contains it, then fails with "access denied" or "sharing
+// violation".
 inline bool IsRefusedForNow(const CException& failure) {
   return failure.SystemError().Is(kErrorAccessDenied) || failure.SystemError().Is(kErrorSharingViolation);
 }
 
-// Runs `operation` until it is not refused any more, with growing pauses, for at most `limitMs`. Throws the
-// last refusal after that or when `goOn()` is false, and any other failure at once.
+// Runs `operation` until it succeeds, with growing pauses, for at most `limitMs`. Throws the last temporary
+// failure after that or when `goOn()` returns false, and any other failure at once.
 template <class Operation, class GoOn>
 auto RetryWhileRefused(const IClock& clock, uint32_t limitMs, Operation operation, GoOn goOn) {
   constexpr uint64_t kLongestPauseMs = 1000;

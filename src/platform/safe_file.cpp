@@ -9,7 +9,7 @@
 namespace my {
 namespace {
 
-// Takes the file over: it must be closed before anything can be done to its path.
+// Takes ownership of the file, because it must be closed before its path can be used.
 void WriteNew(std::unique_ptr<INewFile> file, std::string_view bytes) {
   file->Write(bytes);
   file->Flush();
@@ -20,7 +20,7 @@ void CheckWritten(IFileSystem& files, const std::wstring& path, std::string_view
   if (files.ReadFile(path, bytes.size() + 1) != bytes) throw CException(IDS_READ_BACK_FAILED);
 }
 
-// The failure that is on its way matters more than one of clearing up after it.
+// Removes the file and ignores failures, so that the original failure is reported.
 void RemoveQuietly(IFileSystem& files, const std::wstring& path) {
   if (KindIfKnown(files, path) != PathKind::FILE) return;
   try {
@@ -34,7 +34,7 @@ void RemoveQuietly(IFileSystem& files, const std::wstring& path) {
 
 void WriteFileSafely(IFileSystem& files, const IClock& clock, const std::wstring& path,
                      std::string_view bytes) {
-  constexpr uint32_t kRenameLimitMs = 2000;  // a user is waiting
+  constexpr uint32_t kRenameLimitMs = 2000;  // short, because the user is waiting
   std::unique_ptr<INewFile> file;
   const std::wstring temporary = TakeTemporaryPath(path, [&](const std::wstring& candidate) {
     file = files.CreateNewFile(candidate);

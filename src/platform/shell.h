@@ -1,4 +1,4 @@
-// The door to the file manager and the web browser. The GUI thread calls.
+// The port to the file manager and the web browser. For use by the GUI thread.
 #pragma once
 
 #include <cstddef>
@@ -7,7 +7,7 @@
 
 namespace my {
 
-// The bytes of a shell item ID list, as the shell hands it out, with its end mark.
+// The bytes of a shell item ID list, including its terminator.
 using CShellIdList = std::vector<std::byte>;
 
 class IShell {
@@ -17,10 +17,10 @@ class IShell {
   // Throws IDS_ID_LIST_TO_PATH_FAILED.
   virtual std::wstring PathOf(const CShellIdList& idList) = 0;
 
-  // Opens a folder, file or address with the shell's default action. Throws IDS_SHELL_OPEN_FAILED.
+  // Opens a folder, file or URL with the shell's default action. Throws IDS_SHELL_OPEN_FAILED.
   virtual void Open(const std::wstring& what) = 0;
 
-  // Starts a program with its parameters. Throws IDS_SHELL_OPEN_FAILED.
+  // Starts a program with parameters. Throws IDS_SHELL_OPEN_FAILED.
   virtual void Run(const std::wstring& program, const std::wstring& parameters) = 0;
 };
 

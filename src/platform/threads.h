@@ -9,22 +9,22 @@ namespace my {
 
 inline constexpr uint32_t kNoTimeOut = std::numeric_limits<uint32_t>::max();
 
-// A thread that was started. It may be destroyed while the thread runs; the thread then goes on by itself.
+// A running thread. The object may be destroyed while the thread runs; the thread then continues.
 class IRunningThread {
  public:
   virtual ~IRunningThread() = default;
 
-  // Waits for the end of the thread, at most that many milliseconds; answers whether it has ended.
+  // Waits up to `timeOutMs` for the thread and returns whether it has ended.
   virtual bool Wait(uint32_t timeOutMs) = 0;
 
-  // The system's number of the thread; not 0.
+  // Returns the system's thread id; not 0.
   virtual uint32_t Id() const = 0;
 };
 
 struct CThreadStart {
-  int priority = 0;         // of the system's scale, -15 (idle) to 15
-  bool boost = false;       // whether the system may raise the priority for a while
-  uint32_t stackBytes = 0;  // 0: the program's default
+  int priority = 0;         // a THREAD_PRIORITY_ value, -15 (idle) to 15
+  bool boost = false;       // whether the system may raise the priority temporarily
+  uint32_t stackBytes = 0;  // 0: the default of the program
 };
 
 class IThreads {

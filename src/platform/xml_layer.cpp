@@ -30,7 +30,7 @@ void AppendEscaped(std::wstring& out, std::wstring_view text) {
       case L'&': out += L"&amp;"; break;
       case L'<': out += L"&lt;"; break;
       case L'>': out += L"&gt;"; break;
-      case L'\r': out += L"&#xD;"; break;  // a bare one is read back as a line feed
+      case L'\r': out += L"&#xD;"; break;  // an unescaped CR would be read as LF
       default: out += c;
     }
   }

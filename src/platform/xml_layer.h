@@ -1,5 +1,5 @@
-// What the program's XML files have in common: values are element text, elements are found by name, files
-// are loaded with a limit and saved safely, and every failure names the place.
+// Reading and writing of the program's XML files. Values are element texts; elements are found by name. Files
+// are loaded with a size limit and saved atomically. Failures name the place.
 #pragma once
 
 #include <algorithm>
@@ -18,10 +18,10 @@ namespace my {
 class IClock;
 class IFileSystem;
 
-// The largest file that is loaded, in bytes: far above what a user's document comes to.
+// Maximum size of a file in bytes, far above that of real documents.
 inline constexpr uint64_t kLargestXmlFile = 16u << 20;
 
-// An element that is read, and its place in the document for messages.
+// An element and its place in the document, for messages.
 class CXmlElement {
  public:
   CXmlElement(std::unique_ptr<IXmlNode> node, std::wstring place);
@@ -37,8 +37,8 @@ class CXmlElement {
   CColor Color() const;       // throws IDS_XML_BAD_COLOR
   std::string Bytes() const;  // throws IDS_XML_BAD_BYTES
 
-  // The text in quotes, so that line breaks at its ends can be seen, and the place: as messages about a bad
-  // value show them.
+  // Returns the text in quotes, so that leading and trailing line breaks are visible, and the place; for
+  // messages about a bad value.
   std::wstring Shown() const;
 
  private:
@@ -49,7 +49,7 @@ class CXmlElement {
   std::wstring m_place;
 };
 
-// A loaded file: the document and its root.
+// A loaded document and its root.
 struct CXmlFile {
   std::unique_ptr<IXmlDocument> document;
   CXmlElement root;
@@ -59,19 +59,19 @@ struct CXmlFile {
 CXmlFile LoadXmlFile(IFileSystem& files, IXmlDom& dom, const std::wstring& path,
                      const std::wstring& rootName);
 
-// The same from bytes; `path` is for messages only.
+// The same for bytes; `path` is used in messages only.
 CXmlFile LoadXmlBytes(IXmlDom& dom, std::string_view bytes, const std::wstring& path,
                       const std::wstring& rootName);
 
-// A document being built: the declaration, the root with its namespace declarations, then what is appended.
+// Builds a document: the declaration, the root with its namespace declarations, and the appended elements.
 class CXmlBuilder {
  public:
   CXmlBuilder(IXmlDom& dom, const std::wstring& rootName);
 
   IXmlNode& Root() { return *m_root; }
 
-  // The whole document in UTF-8. The program writes its files itself: what a DOM does to line breaks, empty
-  // elements and the declaration when it saves differs from one system to the next.
+  // Returns the document in UTF-8. Serialized here and not by the DOM, because DOMs differ in how they save
+  // line breaks, empty elements and the declaration.
   std::string Bytes() const;
 
  private:
@@ -80,17 +80,16 @@ class CXmlBuilder {
   std::unique_ptr<IXmlNode> m_root;
 };
 
-// Whether XML can carry the text: it has neither control characters nor lone surrogates.
+// Returns whether XML can represent the text: it has no control characters and no lone surrogates.
 bool IsXmlText(std::wstring_view text);
 
-// Appends an element with a text. Throws IDS_XML_SET_TEXT_FAILED, also for a text that is no
-// XML text.
+// Appends an element with a text. Throws IDS_XML_SET_TEXT_FAILED, also if XML cannot represent the text.
 void AppendText(IXmlNode& parent, const std::wstring& name, const std::wstring& text);
 
-// Saves the bytes of a document. Throws IDS_XML_SAVE_FAILED; the old file is then as it was.
+// Saves the document. Throws IDS_XML_SAVE_FAILED; the old file is then unchanged.
 void SaveXmlFile(IFileSystem& files, const IClock& clock, const std::wstring& path, std::string_view bytes);
 
-// Runs the work; its failure then names the file, after what it names already.
+// Runs `work`; a failure gets the path added to what it already names.
 template <class Work>
 auto NamingFile(const std::wstring& path, Work work) {
   try {
@@ -102,7 +101,7 @@ auto NamingFile(const std::wstring& path, Work work) {
   }
 }
 
-// Runs the work with an element; its failure then shows the element, once.
+// Runs `work` for an element; a failure gets the element added unless it has one.
 template <class Work>
 auto NamingElement(const CXmlElement& element, Work work) {
   try {

@@ -24,7 +24,7 @@ bool IsDigit(wchar_t c) {
   return c >= L'0' && c <= L'9';
 }
 
-// Whether the text starts with a number in braces.
+// Returns whether the text starts with a number in braces.
 bool StartsWithBracedNumber(std::wstring_view text) {
   if (text.size() < 3 || text[0] != L'{' || !IsDigit(text[1])) return false;
   size_t end = 1;
@@ -32,16 +32,16 @@ bool StartsWithBracedNumber(std::wstring_view text) {
   return end < text.size() && text[end] == L'}';
 }
 
-// What "$" and the first character of `rest` are for the library, which takes "$12" for one group and "$+{"
-// for the beginning of a name: the empty "\\E" ends the reference.
+// Converts a reference that starts with "$" and `rest` to the library's format. The library reads "$12" as
+// one group and "$+{" as the start of a group name, where the empty "\\E" ends the reference.
 std::wstring LibraryReference(std::wstring_view rest) {
   const wchar_t c = rest.front();
   if (IsDigit(c)) return {L'$', L'{', c, L'}'};
   return rest.starts_with(L"+{") ? L"$+\\E" : std::wstring{L'$', c};
 }
 
-// The format as the library takes it, which knows more than ours: "\t" for a tab, where a path has the
-// folder t, or "$MATCH".
+// Converts a format to the library's format, which has more escapes: "\t" would be a tab, not the folder t,
+// and "$MATCH" a reference.
 std::wstring LibraryFormat(std::wstring_view format) {
   constexpr std::wstring_view kReferences = L"&`'+$0123456789";
   std::wstring result;

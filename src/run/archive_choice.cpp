@@ -19,8 +19,8 @@ void WarnOfDamage(const CRunnerPorts& ports, const std::wstring& path, my::CExce
   ports.console.Write(my::IConsole::Stream::ERRORS, my::MakeText(texts, IDS_WARNING, {&text, 1}) + L"\n");
 }
 
-// The archive settings of the file. Without a file at the user's own place there are the defaults; a file
-// that was named must be there.
+// Reads the archive settings. A settings file named in the options must exist; without the user's own file
+// the defaults apply.
 CArchiveSetting ReadArchiveSetting(const CRunnerPorts& ports, const COptions& options) {
   const bool named = !options.settingsPath.empty();
   const std::wstring path = named ? options.settingsPath : SettingsPath(ports.folders, ports.engine.texts);

@@ -8,16 +8,16 @@
 
 namespace qlm {
 
-// What the archives of a run are made with; empty where the run needs none.
+// Archiver and password of a run; empty if the run does not need them.
 struct CArchiveChoice {
   std::wstring archiverPath;
   std::wstring password;
 };
 
-// Finds the archiver and the password for the destinations of the tasks: from the options, else from the
-// settings file, which is read only when something is wanted of it. An archiver that is not to be found stays
-// empty and shows on the rows that need it. Throws IDS_PASSWORD_NEEDED when a destination needs a password
-// and there is none, and what LoadArchiveSetting throws.
+// Determines archiver and password for the destinations of the tasks: from the options, or from the settings
+// file, which is read only if needed. If no archiver is found, its path is empty and the rows that need it
+// fail. Throws IDS_PASSWORD_NEEDED if a destination needs a password and none is known,
+// IDS_PASSWORD_BAD_CHARACTER, and what LoadArchiveSetting throws.
 CArchiveChoice ChooseArchive(const CRunnerPorts& ports, const COptions& options,
                              const std::vector<CTaskPtr>& tasks);
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr char kVersionText[] = "QuillmoorRun " QLM_VERSION;
 
-// The options as the library leaves them, in UTF-8.
+// Text options in UTF-8, as CLI11 returns them.
 struct CRawOptions {
   std::string document;
   std::vector<std::string> tasks;

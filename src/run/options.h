@@ -5,26 +5,26 @@
 
 namespace qlm {
 
-// What the command line of the console runner asks for.
+// The options of the console runner.
 struct COptions {
   std::wstring documentPath;
   std::vector<std::wstring> taskIds;  // empty: all tasks
   bool listOnly = false;
   bool json = false;
   bool quiet = false;
-  std::wstring archiverPath;   // empty: from the settings
-  std::wstring settingsPath;   // empty: the current user's file
-  bool passwordStdin = false;  // the zip password is the first line of standard input
+  std::wstring archiverPath;   // empty: the path in the settings
+  std::wstring settingsPath;   // empty: the settings file of the user
+  bool passwordStdin = false;  // reads the zip password from the first line of standard input
 };
 
-// A command line that was read: either options, or a text to print and the exit code to end with.
+// The result of parsing: options, or a text to print and the exit code.
 struct CParsedOptions {
   COptions options;
-  std::wstring text;  // help, version, or what is wrong
-  int exitCode = -1;  // -1: go on with the options
+  std::wstring text;  // help, version, or the error
+  int exitCode = -1;  // -1: run with the options
 };
 
-// `arguments` without the program's own path.
+// `arguments` do not include the path of the program.
 CParsedOptions ParseOptions(const std::vector<std::wstring>& arguments);
 
 }  // namespace qlm

@@ -30,7 +30,7 @@ class CTextOutput : public IRunOutput {
 
   void Row(const CResult& row) override {
     if (m_quiet && !row.error) return;
-    // Until the source is listed there is no destination path; then the source is what the row is about.
+    // There is no destination path before the source is listed; the row is then named by its source.
     const std::wstring& path = row.destinationPath.empty() ? row.task->path : row.destinationPath;
     std::wstring line = row.task->id + L" | " + path + L" | " + ResultText(m_texts, row);
     const bool counts = m_listOnly || row.error.code == IDS_NO_FILES;  // a filter may exclude everything
@@ -55,7 +55,8 @@ class CTextOutput : public IRunOutput {
   }
 
  private:
-  // Japanese characters are two columns wide, so twice as many blanks cover any text.
+  // Overwrites the line with twice as many spaces as it has characters, because Japanese ones are two columns
+  // wide.
   void ClearProgress() {
     if (m_progressLength == 0) return;
     m_console.Write(kOutput, L"\r" + std::wstring(2 * m_progressLength, L' ') + L"\r");

@@ -1,4 +1,4 @@
-// What the console runner prints of a run: text for people or JSON for programs.
+// The output of the console runner: text for people or JSON for programs.
 #pragma once
 
 #include <cstdint>
@@ -37,7 +37,7 @@ class IRunOutput {
   virtual void End(const CRunSummary& summary) = 0;
 };
 
-// `listOnly` adds the counts to each row.
+// With `listOnly` each row shows its counts.
 std::unique_ptr<IRunOutput> MakeTextOutput(my::IConsole& console, const my::IMessageTexts& texts,
                                            bool listOnly, bool quiet);
 std::unique_ptr<IRunOutput> MakeJsonOutput(my::IConsole& console, const my::IMessageTexts& texts, bool quiet);

@@ -21,7 +21,7 @@ namespace {
 
 constexpr uint32_t kTickMs = 100;
 
-// The tasks to run, in the document's order.
+// Returns the tasks to run in document order.
 std::vector<CTaskPtr> SelectTasks(const CDocument& document, const COptions& options) {
   std::vector<CTaskPtr> selected;
   for (const std::wstring& id : options.taskIds) {
@@ -42,7 +42,7 @@ bool IsFinal(const CResult& row, bool listOnly) {
          (listOnly && row.phase == Phase::LISTED);
 }
 
-// Prints the rows of a run as they come to their end.
+// Runs the jobs and prints each row when it is final.
 class CRunSession : private IRunObserver {
  public:
   CRunSession(const CRunnerPorts& ports, const COptions& options)
@@ -93,7 +93,7 @@ class CRunSession : private IRunObserver {
     m_output->Row(row);
   }
 
-  // A folder that could not be read is missing in the backup, and nobody else would tell.
+  // Warns about folders that could not be read and are missing in the backup; no row reports them.
   void WarnOfUnlisted(const CResult& row) {
     for (const CUnlistedFolder& unlisted : row.targets->Unlisted()) {
       const my::CMsgArg what = UnlistedText(m_ports.engine.texts, *row.task, unlisted);

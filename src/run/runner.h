@@ -22,8 +22,8 @@ struct CRunnerPorts {
   my::IPower& power;
 };
 
-// Runs a document as the options ask and answers the exit code (exit_codes.h). What keeps the run from
-// starting goes to the error stream.
+// Runs a document with the given options and returns the exit code (exit_codes.h). If the run cannot start,
+// the reason is printed to the error stream.
 int RunDocument(const CRunnerPorts& ports, const COptions& options);
 
 }  // namespace qlm

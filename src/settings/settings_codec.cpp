@@ -6,7 +6,7 @@
 namespace qlm {
 namespace {
 
-// A value without a name, as the messages show it.
+// Formats a value that has no name, for messages.
 my::CMsgArg Nameless(const my::CEnumTable& table, const std::wstring& value) {
   return std::wstring(table.enumName) + L": " + value;
 }

@@ -1,5 +1,5 @@
-// The two visitors of a group's description (settings_layout.h): one fills the fields from the file's
-// elements, the other makes elements of the fields.
+// Two visitors of the group descriptions in settings_layout.h: one reads the fields from elements, the other
+// writes elements from the fields.
 #pragma once
 
 #include <string>
@@ -12,8 +12,8 @@
 
 namespace qlm {
 
-// Reads the children of one element. A missing element throws IDS_XML_NODE_NOT_FOUND, a text that is no
-// value of its kind the XML layer's message for that.
+// Reads the children of one element. Throws IDS_XML_NODE_NOT_FOUND for a missing element, and the error of
+// the XML layer for an invalid value.
 class CSettingsReader {
  public:
   // The element must outlive the reader.
@@ -34,7 +34,7 @@ class CSettingsReader {
     value = static_cast<Value>(EnumNumber(name, table));
   }
 
-  // Takes a group over as a whole or, when it fails, not at all.
+  // Assigns the group only if all of it was read.
   template <class T>
   void Group(const std::wstring& name, T& group) const {
     const my::CXmlElement element = m_element.Child(name);
@@ -44,7 +44,7 @@ class CSettingsReader {
     group = std::move(read);
   }
 
-  // A group that files of earlier versions lack.
+  // Reads a group that files of older versions do not have.
   template <class T>
   void GroupSince(const my::CVersion& version, const std::wstring& name, T& group) const {
     if (m_fileVersion >= version) Group(name, group);
@@ -57,9 +57,9 @@ class CSettingsReader {
   my::CVersion m_fileVersion;
 };
 
-// Appends children to one element. Throws IDS_XML_UNKNOWN_ENUM or IDS_XML_UNKNOWN_FLAG for a value that has
-// no name, and the XML layer's messages. A text that XML cannot carry, such as a path with half a character,
-// is left out: it must not keep everything else from being written.
+// Appends children to one element. Throws IDS_XML_UNKNOWN_ENUM or IDS_XML_UNKNOWN_FLAG for a value without a
+// name, and the errors of the XML layer. A text that XML cannot represent, such as a path with a lone
+// surrogate, is omitted so that the other settings can still be saved.
 class CSettingsWriter {
  public:
   // The node must outlive the writer.
@@ -88,7 +88,7 @@ class CSettingsWriter {
     Describe(writer, group);
   }
 
-  // What is written is of the newest version.
+  // The file is always written in the newest version.
   template <class T>
   void GroupSince(const my::CVersion&, const std::wstring& name, T& group) const {
     Group(name, group);

@@ -17,7 +17,7 @@ namespace {
 const std::wstring kRoot = L"QuillmoorSetting";
 const std::wstring kVersion = L"Version";
 
-// Wipes a password that is not to be stored, at the end of a scope: a file made by hand may have one.
+// Wipes a password that must not be stored, at the end of a scope. An edited file may have one.
 class CDropPasswordAtEnd {
  public:
   explicit CDropPasswordAtEnd(CArchiveSetting& archive) : m_archive(archive) {}

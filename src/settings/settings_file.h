@@ -17,30 +17,30 @@ class IXmlDom;
 
 namespace qlm {
 
-// The version of the format that SaveSettings writes.
+// The file version that SaveSettings writes.
 inline constexpr my::CVersion kSettingsVersion{1, 0, 1, 0};
 
-// The file of the current user. Throws IDS_SETTINGS_LOCATION_FAILED.
+// Returns the path of the user's settings file. Throws IDS_SETTINGS_LOCATION_FAILED.
 std::wstring SettingsPath(const my::IKnownFolders& folders, const my::IMessageTexts& texts);
 
-// Reads the file into the live object, group by group, and answers the file's version, which may be newer
-// than kSettingsVersion. It stops at the first failure: the groups before the one that failed then hold the
-// file's values, that one and those behind it are as they were. A password that is not to be stored is
-// dropped in any case. Throws the XML layer's messages; the failure's text names the file.
+// Reads the file into `live`, group by group, and returns the version of the file, which may be newer than
+// kSettingsVersion. Stops at the first failure: groups before it have the file's values, this group and later
+// ones are unchanged. A password that must not be stored is dropped in any case. Throws the errors of the XML
+// layer, with the path of the file.
 my::CVersion LoadSettings(my::IFileSystem& files, my::IXmlDom& dom, const std::wstring& path,
                           CSettings& live);
 
 struct CArchiveLoad {
   CArchiveSetting archive;
-  std::optional<my::CException> laterFailure;  // of a group that a run does not need
+  std::optional<my::CException> laterFailure;  // the failure of a later group, which a run does not need
 };
 
-// Reads what a run needs of the file. Throws what LoadSettings throws for the groups up to "Archive".
+// Reads the archive settings. Throws what LoadSettings throws for the groups up to "Archive".
 CArchiveLoad LoadArchiveSetting(my::IFileSystem& files, my::IXmlDom& dom, const std::wstring& path);
 
-// Writes the file, and makes its folder when there is none (IDS_CREATE_FOLDER_FAILED). The password is left
-// out unless the user wants it stored, and so is a text that XML cannot carry. A failure (the XML layer's
-// messages) leaves the old file as it was.
+// Writes the file and creates its folder if it is missing (IDS_CREATE_FOLDER_FAILED). The password is omitted
+// unless the user wants it stored; texts that XML cannot represent are omitted too. If an error of the XML
+// layer is thrown, the old file is unchanged.
 void SaveSettings(my::IFileSystem& files, const my::IClock& clock, my::IXmlDom& dom, const std::wstring& path,
                   const CSettings& settings);
 

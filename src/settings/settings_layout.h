@@ -1,12 +1,12 @@
-// What stands where in the settings file: each group's fields by element name, in the order of the file.
-// Reading and writing visit the same descriptions (settings_codec.h).
+// The layout of the settings file: the fields of each group by element name, in file order. Reading and
+// writing visit the same descriptions (settings_codec.h).
 #pragma once
 
 #include "settings/settings.h"
 
 namespace qlm {
 
-// The version of the file that has the replace tool's group, as the first one.
+// The first file version with the group of the replace tool.
 inline constexpr my::CVersion kReplaceDlgSince{1, 0, 1, 0};
 
 template <class Visitor>
@@ -88,7 +88,7 @@ void Describe(const Visitor& v, CDesignSetting& s) {
   v.Bool(L"ShowDesc", s.showDesc);
 }
 
-// The groups up to "Archive", which is all that a run needs.
+// Visits the groups up to "Archive", the last one that a run needs.
 template <class Visitor>
 void DescribeToArchive(const Visitor& v, CSettings& s) {
   v.Group(L"MainFrame", s.mainFrame);

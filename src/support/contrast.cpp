@@ -6,13 +6,13 @@
 namespace my {
 namespace {
 
-constexpr uint32_t kOne = 65535;       // full light
-constexpr uint32_t kWhole = 1U << 16;  // a factor
-constexpr double kAmbient = 0.05;      // of the contrast formula
-constexpr double kWanted = 4.6;        // room for rounding
+constexpr uint32_t kOne = 65535;       // full linear light
+constexpr uint32_t kWhole = 1U << 16;  // the factor 1
+constexpr double kAmbient = 0.05;      // the constant of the contrast formula
+constexpr double kWanted = 4.6;        // above kReadable, to allow for rounding
 constexpr double kWantedSoftly = 7.0;
 constexpr size_t kLinearSteps = 4096;
-constexpr int kLinearShift = 4;  // from light to a step
+constexpr int kLinearShift = 4;  // from light to an index of `floor`
 
 double Linear(double value) {
   return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
@@ -33,7 +33,8 @@ struct CLightTables {
 
   std::array<double, 256> exact{};
   std::array<uint32_t, 256> light{};
-  std::array<uint8_t, kLinearSteps> floor{};  // the brightest value that has no more light
+  std::array<uint8_t, kLinearSteps>
+      floor{};  // the brightest channel value whose light does not exceed the step
 };
 
 const CLightTables& Lights() {
@@ -58,19 +59,20 @@ uint32_t Darkened(uint32_t light, uint32_t factor) {
   return Lights().floor[static_cast<uint64_t>(light) * factor >> 16 >> kLinearShift];
 }
 
-// Scales what is missing to full light; rounded up.
+// Scales the distance to full light by the factor and rounds up.
 uint32_t Lightened(uint32_t light, uint32_t factor) {
   const uint32_t wanted = kOne - static_cast<uint32_t>(static_cast<uint64_t>(kOne - light) * factor >> 16);
   const uint32_t value = Lights().floor[wanted >> kLinearShift];
   return Lights().light[value] >= wanted ? value : value + 1;
 }
 
-// Of backgrounds on which text of this luminance has a contrast, seen from black or from white.
+// Returns the distance from black (`dark`) or white up to which backgrounds have this contrast to text of
+// luminance `text`.
 double FarthestFor(double text, double contrast, bool dark) {
   return dark ? (text + kAmbient) / contrast - kAmbient : 1 - (contrast * (text + kAmbient) - kAmbient);
 }
 
-// A curve that leaves `from` as steep as it came, and reaches `end` at 1.
+// A curve that starts at `from` with slope 1 and ends at `end` for distance 1.
 class CSoftCurve {
  public:
   CSoftCurve(double from, double end) : m_from(from), m_end(end) {
@@ -110,7 +112,7 @@ double Contrast(CColor color, CColor other) {
 }
 
 bool NeedsDark(CColor text) {
-  // There white and black are equally far away.
+  // Black and white have equal contrast to this luminance.
   return Luminance(text) >= 0.179;
 }
 
@@ -146,7 +148,7 @@ CContrastTable CContrastTable::Soft(CColor text) {
 CContrastTable::CContrastTable(bool dark, double farthest, double from) : m_dark(dark) {
   const CSoftCurve curve(from, farthest);
   for (size_t i = 0; i < kSteps; ++i) {
-    // The far end of the step, so that none of it stays beyond.
+    // The far end of the step, so that no pixel of the step exceeds the limit.
     const double distance = std::min(1.0, static_cast<double>(i + 1) / kSteps);
     const double left = distance <= from ? distance : from < farthest ? curve.At(distance) : farthest;
     m_factors[i] = distance <= from ? kWhole : static_cast<uint32_t>(left / distance * kWhole);

@@ -1,4 +1,4 @@
-// Colours that can be read on each other, after the contrast ratio of the web accessibility guidelines.
+// Readable colours, by the contrast ratio of the Web Content Accessibility Guidelines.
 #pragma once
 
 #include <array>
@@ -8,7 +8,7 @@
 
 namespace my {
 
-using CPixel = uint32_t;  // 0xAARRGGBB; with a transparent part the colours are multiplied by it
+using CPixel = uint32_t;  // 0xAARRGGBB with premultiplied alpha
 
 constexpr CPixel PixelOf(CColor color) {
   return 0xFF000000U | uint32_t{color.red} << 16 | uint32_t{color.green} << 8 | color.blue;
@@ -21,39 +21,39 @@ constexpr CColor ColorOf(CPixel pixel) {
 inline constexpr double kReadable = 4.5;
 
 double Luminance(CColor color);                   // 0 (black) to 1 (white)
-double Contrast(double luminance, double other);  // 1 (the same) to 21 (black and white)
+double Contrast(double luminance, double other);  // 1 (equal) to 21 (black and white)
 double Contrast(CColor color, CColor other);
 
-// Whether text of this colour is read on a dark background, else on a light one.
+// Returns whether text of this colour needs a dark background rather than a light one.
 bool NeedsDark(CColor text);
 
-// A colour moved as little as makes it readable on every background up to this luminance (or, when
-// `onDark` is false, from it on), as far as white and black reach.
+// Returns the colour, changed as little as possible to be readable on every background up to this luminance
+// (if `onDark`, otherwise from this luminance). Black and white are the limits.
 CColor Readable(CColor color, double luminance, bool onDark);
 
-// Moves the colours of a background away from that of the text on it.
+// Moves background colours away from the colour of the text on them.
 class CContrastTable {
  public:
-  // Only what cannot be read moves, and only as far as it has to.
+  // Changes only colours on which the text is not readable, and only as far as needed.
   static CContrastTable Limit(CColor text);
 
-  // For pictures: bright and brighter stay different, and there is room for text in further colours.
+  // For pictures: keeps differences between bright colours, and leaves room for text in other colours.
   static CContrastTable Soft(CColor text);
 
-  // For opaque pixels.
+  // The pixel must be opaque.
   CPixel Apply(CPixel pixel) const;
 
  private:
   static constexpr size_t kSteps = 4096;
 
-  // The farthest luminance that is left, and from where on colours move.
+  // `farthest`: largest luminance distance in the result; `from`: distance from which colours change.
   CContrastTable(bool dark, double farthest, double from);
 
   bool m_dark;
-  std::array<uint32_t, kSteps> m_factors{};  // by luminance; 1 << 16: stays
+  std::array<uint32_t, kSteps> m_factors{};  // by luminance; 1 << 16: unchanged
 };
 
-// Applies a table to a pixel with a transparent part.
+// Applies a table to a pixel that may be translucent.
 CPixel ApplyToLayer(const CContrastTable& table, CPixel pixel);
 
 }  // namespace my

@@ -1,4 +1,4 @@
-// Enumerations and sets of flags are written to files by name, never by number.
+// Names of enumeration values and flags. Files store the names, never the numbers.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@
 
 namespace my {
 
-// The names of an enumeration in the order of its values, from 0 on, or of a set of flags from bit 0 on.
+// The names of an enumeration in the order of its values from 0, or of flags from bit 0.
 struct CEnumTable {
   std::wstring_view enumName;
   std::span<const std::wstring_view> names;
@@ -26,19 +26,19 @@ struct CEnumTexts {
   constexpr size_t size() const { return last - first + 1; }
 };
 
-// Nothing for a value outside the table.
+// Returns nullopt for a value outside the table.
 std::optional<std::wstring_view> EnumName(const CEnumTable& table, uint32_t value);
 
-// Nothing for a name that is not in the table (case matters).
+// Returns nullopt for an unknown name. Case-sensitive.
 std::optional<uint32_t> EnumValue(const CEnumTable& table, std::wstring_view name);
 
-// The bits that have no name in the table.
+// Returns the bits without a name in the table.
 uint32_t UnknownFlags(const CEnumTable& table, uint32_t flags);
 
-// The names of the set bits from bit 0 upward, joined with "|".
+// Returns the names of the set bits from bit 0, joined with "|".
 std::wstring FlagsText(const CEnumTable& table, uint32_t flags);
 
-// The reverse; nothing when a name is unknown. An empty text is no flag.
+// Parses the result of FlagsText. Returns nullopt for an unknown name. An empty text means no flags.
 std::optional<uint32_t> ParseFlags(const CEnumTable& table, std::wstring_view text);
 
 }  // namespace my

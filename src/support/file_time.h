@@ -6,7 +6,7 @@
 
 namespace my {
 
-// A point in time as the file system keeps it: UTC, in steps of 100 ns since 1601-01-01; 0 means none.
+// A UTC time in the file system's format: units of 100 ns since 1601-01-01; 0 means none.
 struct CFileTime {
   uint64_t ticks = 0;
 
@@ -14,7 +14,7 @@ struct CFileTime {
   friend constexpr auto operator<=>(const CFileTime&, const CFileTime&) = default;
 };
 
-// The fields of a calendar date and a time of day.
+// Calendar date and time of day.
 struct CCalendar {
   int year = 0;
   int month = 0;  // 1 to 12
@@ -26,7 +26,7 @@ struct CCalendar {
   friend constexpr bool operator==(const CCalendar&, const CCalendar&) = default;
 };
 
-// The calendar fields of a time as UTC, for times up to the year 9999 and beyond.
+// Returns the calendar fields of a time in UTC, also for years above 9999.
 CCalendar UtcCalendar(CFileTime time);
 
 // Returns "2016-03-05T07:04:09" for "-" in the date and "T" before the time.

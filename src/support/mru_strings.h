@@ -6,15 +6,15 @@
 
 namespace my {
 
-// Recently used strings, the most recent first, at most `maximum` of them.
+// Recently used strings, the most recent first, limited to `maximum` entries.
 class CMruStrings {
  public:
   explicit CMruStrings(size_t maximum, std::vector<std::wstring> items = {});
 
-  // Puts the string in front; an equal one further back goes away, and so does what is too many.
+  // Inserts the string at the front. Removes an equal one further back and entries above the maximum.
   void Add(std::wstring text);
 
-  // Takes a stored list in its order, without what is too many.
+  // Replaces the list with a stored one, cut to the maximum.
   void Assign(std::vector<std::wstring> items);
 
   const std::vector<std::wstring>& Items() const { return m_items; }

@@ -10,7 +10,8 @@ namespace my {
 namespace {
 
 constexpr std::wstring_view kSeparators = L"\\/";
-constexpr std::wstring_view kDigits = L"0123456789\u00B9\u00B2\u00B3";  // superscript 1 to 3 count as digits
+constexpr std::wstring_view kDigits =
+    L"0123456789\u00B9\u00B2\u00B3";  // superscript 1 to 3 also count as digits
 
 bool IsDevice(std::wstring_view component) {
   const std::wstring_view stem = TrimEnd(component.substr(0, component.find_first_of(L".:")), L" ");
@@ -26,7 +27,7 @@ uint32_t FaultOf(std::wstring_view component) {
   return component.find(L':') == component.npos ? 0 : IDS_NAME_HAS_COLON;
 }
 
-// The folder behind its drive ("C:", "\\?\C:").
+// Returns the folder without its drive ("C:", "\\?\C:").
 std::wstring_view WithoutDrive(std::wstring_view folder) {
   const std::wstring_view drive = folder.starts_with(L"\\\\?\\") ? folder.substr(4) : folder;
   return drive.size() >= 2 && drive[1] == L':' ? drive.substr(2) : drive;

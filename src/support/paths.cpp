@@ -13,13 +13,13 @@ namespace {
 
 constexpr std::wstring_view kSeparators = L"\\/";
 
-// The position after the separator that ends the component at `from`, or the path's length.
+// Returns the position after the separator that ends the component at `from`, or the length of the path.
 size_t AfterComponent(std::wstring_view path, size_t from) {
   const size_t end = path.find_first_of(kSeparators, from);
   return end == path.npos ? path.size() : end + 1;
 }
 
-// The length of a root of the forms "\\server\share\", "\\?\C:\" and "\\?\UNC\server\share\". The last
+// Returns the length of a root of the form "\\server\share\", "\\?\C:\" or "\\?\UNC\server\share\". The last
 // separator may be missing.
 size_t NetworkRootLength(std::wstring_view path) {
   const size_t first = AfterComponent(path, 2);
@@ -29,17 +29,17 @@ size_t NetworkRootLength(std::wstring_view path) {
   return AfterComponent(path, AfterComponent(path, second));
 }
 
-// The length of the part that has no parent ("C:\", "\", a share), 0 for a relative path.
+// Returns the length of the part without a parent ("C:\", "\", a share); 0 for a relative path.
 size_t RootLength(std::wstring_view path) {
   if (path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1])) return NetworkRootLength(path);
   if (path.size() >= 3 && path[1] == L':' && IsSeparator(path[2])) return 3;
   return !path.empty() && IsSeparator(path[0]) ? 1 : 0;
 }
 
-// Names in a row that may be refused before the folder itself is taken to be the reason.
+// Number of consecutive names that may be refused before the folder is considered inaccessible.
 constexpr int kMostRefusals = 10;
 
-// Counts n = 0, 1, 2, ... until the path that `candidate` makes of it could be taken.
+// Calls `take` with candidate(0), candidate(1) and so on until it succeeds.
 std::wstring TakeFirst(const std::function<std::wstring(uint32_t)>& candidate, const CTakePath& take) {
   int refusals = 0;
   for (uint32_t n = 0; n < std::numeric_limits<uint32_t>::max(); ++n) {

@@ -12,7 +12,7 @@ int64_t Overlap(const CRect& a, const CRect& b) {
   return width > 0 && height > 0 ? width * height : 0;
 }
 
-// How far the ranges lie apart; 0 when they meet.
+// Returns the distance between two ranges; 0 if they touch or overlap.
 int64_t Gap(int64_t low, int64_t high, int64_t otherLow, int64_t otherHigh) {
   return std::max({int64_t{0}, otherLow - high, low - otherHigh});
 }
@@ -21,8 +21,8 @@ int64_t Distance(const CRect& a, const CRect& b) {
   return Gap(a.left, a.right, b.left, b.right) + Gap(a.top, a.bottom, b.top, b.bottom);
 }
 
-// The range of [low, high) moved into [from, to), and cut when it is longer. In 64 bits: a hand-edited
-// settings file may hold any numbers.
+// Moves [low, high) into [from, to) and cuts it if it is longer. Uses 64 bits, because an edited settings
+// file may contain any numbers.
 void PullRange(int32_t& low, int32_t& high, int32_t from, int32_t to) {
   const int64_t length = std::clamp<int64_t>(int64_t{high} - low, 0, int64_t{to} - from);
   const int64_t start = std::clamp<int64_t>(low, from, to - length);

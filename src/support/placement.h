@@ -1,4 +1,4 @@
-// Where a window may stand on the screens; all in pixels.
+// Rectangles and window placements on the screens, in pixels.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +6,7 @@
 
 namespace my {
 
-// Bounds on the screen. All zeros: none are known.
+// Screen coordinates. All zeros: unknown.
 struct CRect {
   int32_t left = 0;
   int32_t top = 0;
@@ -16,13 +16,13 @@ struct CRect {
   friend bool operator==(const CRect&, const CRect&) = default;
 };
 
-// The place of a window.
+// The placement of a window.
 struct CPlacement {
   bool maximized = false;
   CRect rect;  // of the restored window, also while it is maximized
 };
 
-// How far a window reaches on each side beyond what is seen of it.
+// Width of the invisible border of a window on each side.
 struct CBorder {
   int32_t left = 0;
   int32_t top = 0;
@@ -30,12 +30,12 @@ struct CBorder {
   int32_t bottom = 0;
 };
 
-// `window` moved, and cut only where it is larger than the screen, so that it lies wholly within the work
-// area that it overlaps most, or when it overlaps none, that is nearest. An edge that reaches beyond the area
-// by no more than the invisible border stays. Without work areas: as it was.
+// Returns `window`, moved to be completely within a work area, and cut only if it is larger: the area that it
+// overlaps most, or the nearest one. An edge may exceed the area by the invisible border. Without work areas
+// it is returned unchanged.
 CRect PullBack(const CRect& window, const std::vector<CRect>& workAreas, const CBorder& border = {});
 
-// A rectangle as large as `window` and centred on `owner`.
+// Returns a rectangle of the size of `window`, centred on `owner`.
 CRect CentreOn(const CRect& window, const CRect& owner);
 
 }  // namespace my

@@ -11,7 +11,7 @@
 namespace my {
 namespace {
 
-// The text of an error code, 0 if it has none.
+// Returns the id of the text for an error code; 0 if it has none.
 uint32_t ReasonId(boost::regex_constants::error_type code) {
   namespace codes = boost::regex_constants;
   switch (code) {
@@ -32,7 +32,7 @@ uint32_t ReasonId(boost::regex_constants::error_type code) {
   }
 }
 
-// At most that many characters to both sides of a position, which may lie inside of a pair.
+// Returns up to 10 characters on each side of a position, which may be inside a surrogate pair.
 std::wstring Around(std::wstring_view text, size_t position) {
   constexpr size_t kReach = 10;
   std::wstring fragment;
@@ -44,7 +44,8 @@ std::wstring Around(std::wstring_view text, size_t position) {
   return fragment;
 }
 
-// The library's own message is in English, and holds the expression with each character cut to a byte.
+// Converts an exception of the library, whose own message is in English and truncates the expression's
+// characters to bytes.
 CException Failure(const boost::regex_error& failure, std::wstring_view expression) {
   namespace codes = boost::regex_constants;
   const auto code = failure.code();
@@ -66,7 +67,7 @@ boost::wregex Compile(std::wstring_view expression) {
   }
 }
 
-// Runs a search; the library throws nothing but that it has given up.
+// Runs a search. The only exception of the library is that it has given up.
 template <class Work>
 auto Bounded(Work work) {
   try {

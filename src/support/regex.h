@@ -1,5 +1,4 @@
-// Regular expressions of the Perl kind over wide strings: a thin cover that keeps the library's headers,
-// which are slow to compile, out of every other file.
+// Perl regular expressions over wide strings. Hides the library's headers, which are slow to compile.
 #pragma once
 
 #include <memory>
@@ -8,8 +7,8 @@
 
 namespace my {
 
-// The place where a search leaves what it found. Reusing one spares an allocation a search.
-// Its groups point into the text that was searched. Not to be shared between threads.
+// The result of a search. Reusing one object avoids an allocation per search. Groups refer to the searched
+// text. Must not be shared between threads.
 class CRegexMatch {
  public:
   CRegexMatch();
@@ -17,7 +16,7 @@ class CRegexMatch {
   CRegexMatch(CRegexMatch&&) noexcept;
   CRegexMatch& operator=(CRegexMatch&&) noexcept;
 
-  // Group 0 is the whole match; a group that took no part is empty.
+  // Group 0 is the whole match; a group that did not participate is empty.
   std::wstring_view Group(int index) const;
 
  private:
@@ -26,18 +25,18 @@ class CRegexMatch {
   std::unique_ptr<Impl> m_impl;
 };
 
-// A compiled expression; copies share it. Threads may search with one expression at the same time.
+// A compiled expression; copies share it. Several threads may search with it at the same time.
 class CRegex {
  public:
   // Throws IDS_REGEX_ERROR with a reason, IDS_REGEX_INVALID or IDS_REGEX_TOO_COMPLEX.
   explicit CRegex(std::wstring_view expression);
 
-  // Whether the expression is found anywhere in the text. Throws IDS_REGEX_TOO_COMPLEX if the search grows
-  // beyond the library's bounds.
+  // Returns whether the expression matches anywhere in the text. Throws IDS_REGEX_TOO_COMPLEX if the search
+  // exceeds the library's limits.
   bool Search(std::wstring_view text, CRegexMatch& match) const;
   bool Found(std::wstring_view text) const;
 
-  // The text with every match replaced by the format, in Perl's format syntax. Throws like Search.
+  // Returns the text with every match replaced by `format`, in Perl's format syntax. Throws like Search.
   std::wstring Replace(const std::wstring& text, const std::wstring& format) const;
 
  private:

@@ -6,7 +6,7 @@ namespace {
 template <class TString>
 void Overwrite(TString& text) {
   text.resize(text.capacity());
-  // A plain fill right before the end of a text's life is optimised away.
+  // volatile, because the compiler would remove writes just before the text is destroyed.
   volatile auto* chars = text.data();
   for (size_t i = 0; i < text.size(); ++i) chars[i] = 0;
   text.clear();

@@ -1,15 +1,15 @@
-// Passwords do not stay behind in memory that nobody uses any more.
+// Overwrites passwords in memory that is no longer used.
 #pragma once
 
 #include <string>
 
 namespace my {
 
-// Overwrites the text, its spare room included, and empties it.
+// Overwrites the text, including its unused capacity, and empties it.
 void Wipe(std::wstring& text);
 void Wipe(std::string& text);
 
-// Wipes a text at the end of a scope, also on a failure.
+// Wipes a text at the end of a scope, also after an exception.
 template <class TString>
 class CWipeAtEnd {
  public:

@@ -27,7 +27,7 @@ void AppendUtf8(std::string& out, char32_t c) {
   tail(0);
 }
 
-// The length of the sequence that a lead byte announces, 0 for a byte that leads none.
+// Returns the length of the sequence that starts with this byte; 0 if no sequence does.
 size_t SequenceLength(unsigned char lead) {
   if (lead < 0x80) return 1;
   if (lead >= 0xC2 && lead <= 0xDF) return 2;
@@ -36,7 +36,7 @@ size_t SequenceLength(unsigned char lead) {
   return 0;
 }
 
-// Decodes one sequence; returns its length, or 0 when the bytes at the start are not well formed.
+// Decodes one sequence and returns its length; 0 if it is malformed.
 size_t DecodeUtf8(std::string_view bytes, char32_t& codePoint) {
   const auto byte = [bytes](size_t i) { return static_cast<unsigned char>(bytes[i]); };
   const size_t length = SequenceLength(byte(0));

@@ -1,4 +1,4 @@
-// Text helpers over the program's wide strings (UTF-16 on Windows, UTF-32 in the host build).
+// Functions on wide strings (UTF-16 on Windows, UTF-32 in the host build).
 #pragma once
 
 #include <cstdint>
@@ -7,27 +7,27 @@
 
 namespace my {
 
-// Blanks that a user's paths and names are trimmed of.
+// Whitespace that is trimmed from paths and names.
 inline constexpr std::wstring_view kBlanks = L" \t\r\n";
 
-// What stands for a byte or code unit that is no text.
+// Replaces invalid bytes and code units.
 inline constexpr char32_t kReplacementChar = 0xFFFD;
 
-// A surrogate without its partner becomes U+FFFD.
+// A lone surrogate becomes U+FFFD.
 std::string Utf8FromWide(std::wstring_view text);
 
-// Every byte that belongs to no well-formed sequence becomes U+FFFD.
+// Invalid bytes become U+FFFD, one each.
 std::wstring WideFromUtf8(std::string_view bytes);
 
 void AppendCodePoint(std::wstring& text, char32_t codePoint);
 
-// Reads the code point at `at` and moves `at` behind it; a lone surrogate is returned as it is.
+// Returns the code point at `at` and moves `at` past it. A lone surrogate is returned unchanged.
 char32_t NextCodePoint(std::wstring_view text, size_t& at);
 
-// The first character of a text; both halves of a surrogate pair.
+// Returns the first character of a text, with both halves of a surrogate pair.
 std::wstring_view FirstCharacter(std::wstring_view text);
 
-// The text with U+FFFD in place of every surrogate without its partner.
+// Returns the text with each lone surrogate replaced by U+FFFD.
 std::wstring WellFormed(std::wstring_view text);
 
 constexpr bool IsHighSurrogate(char32_t c) {
@@ -49,18 +49,18 @@ std::wstring_view TrimStart(std::wstring_view text, std::wstring_view chars);
 std::wstring_view TrimEnd(std::wstring_view text, std::wstring_view chars);
 std::wstring_view Trim(std::wstring_view text, std::wstring_view chars);
 
-// Returns a letter from A to Z in lower case, and any other character as it is.
+// Returns a letter from A to Z in lower case, and any other character unchanged.
 constexpr wchar_t LowerAscii(wchar_t c) {
   return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c - L'A' + L'a') : c;
 }
 
-// Compares two paths without regard to the case of ASCII letters; other letters compare exactly.
+// Compares two paths, ignoring the case of ASCII letters only.
 bool EqualNoCase(std::wstring_view a, std::wstring_view b);
 
 // Returns the decimal digits of a number, with leading zeros up to `width` characters.
 std::wstring PaddedNumber(uint64_t number, size_t width);
 
-// The text on one line: every run of line breaks becomes one blank.
+// Returns the text with every run of line breaks replaced by a space.
 std::wstring OneLine(std::wstring_view text);
 
 }  // namespace my

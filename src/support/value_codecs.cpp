@@ -5,7 +5,7 @@
 namespace my {
 namespace {
 
-// A whole text as one number; nothing when a character is left over or the number does not fit.
+// Parses the whole text as one number. Returns nullopt for extra characters or a number out of range.
 template <class T>
 std::optional<T> ParseNumber(std::wstring_view text, int base) {
   std::string digits;

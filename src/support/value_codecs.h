@@ -1,5 +1,5 @@
-// The program's values as the texts of its files. A Parse function answers nothing for a text that is none
-// of its kind; the caller knows which message that means.
+// Conversion of values to and from the texts in files. Parse functions return nullopt for a malformed text;
+// the caller knows the fitting message.
 #pragma once
 
 #include <array>
@@ -10,7 +10,7 @@
 
 namespace my {
 
-using CVersion = std::array<uint32_t, 4>;  // compares like a version
+using CVersion = std::array<uint32_t, 4>;  // comparable
 
 struct CColor {
   uint8_t red = 0;
@@ -21,7 +21,7 @@ struct CColor {
 };
 
 std::wstring BoolText(bool value);
-std::optional<bool> ParseBool(std::wstring_view text);  // "true" or "false" to the letter
+std::optional<bool> ParseBool(std::wstring_view text);  // exactly "true" or "false"
 
 std::optional<int32_t> ParseInt(std::wstring_view text);
 std::optional<uint32_t> ParseDword(std::wstring_view text);
@@ -32,12 +32,13 @@ std::optional<CVersion> ParseVersion(std::wstring_view text);
 // "RRGGBB" in upper-case hexadecimal digits.
 std::wstring ColorText(CColor color);
 
-// Six digits are red, green, blue; two are one grey level; one is one grey level of 0 to 15, not scaled.
+// Six digits are red, green and blue; two digits are a grey level; one digit is a grey level of 0 to 15, not
+// scaled.
 std::optional<CColor> ParseColor(std::wstring_view text);
 
 std::wstring HexText(uint32_t value);
 
-// Bytes as upper-case hexadecimal digits, two for each; both cases are read.
+// Upper-case hexadecimal digits, two per byte; ParseBytes accepts both cases.
 std::wstring BytesText(std::string_view bytes);
 std::optional<std::string> ParseBytes(std::wstring_view text);
 

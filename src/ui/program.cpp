@@ -18,6 +18,7 @@
 #include "ui/framework/failures.h"
 #include "ui/framework/gdiplus.h"
 #include "ui/framework/message_loop.h"
+#include "ui/main_window/document_clipboard.h"
 #include "ui/main_window/main_frame.h"
 
 namespace qlm {
@@ -42,9 +43,10 @@ struct CWin32Ports {
   my::CWin32Power power;
   my::CWin32Hash hash;
   my::CWin32Shell shell;
+  CDocumentClipboard clipboard;
 
   CAppPorts Ports() {
-    return {{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell};
+    return {{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell, clipboard};
   }
 };
 
@@ -62,7 +64,10 @@ int RunProgram(const std::wstring& commandLine, int showCommand) {
   // What fails in a window procedure is shown like the failure of a command.
   const my::CFailureHandler before =
       my::SetFailureHandler([&](std::exception_ptr failure) { application.ShowFailure(failure); });
-  if (frame.Create(application)) box.SetOwner(frame.Hwnd());
+  if (frame.Create(application)) {
+    box.SetOwner(frame.Hwnd());
+    ports.clipboard.SetOwner(frame.Hwnd());
+  }
   const int exitCode = frame.Hwnd() ? loop.Run() : 0;
   my::SetFailureHandler(before);
   return exitCode;

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# A folder, a zip, a zip with a password and an AES-256 zip by the real archiver; a second, native program opens
-# them again. Then the archiver is missing, is killed at work, and must not outlive the killed runner.
+# Writes a folder, a zip, a zip with a password and an AES-256 zip with the real archiver; a native program
+# opens them. Then the archiver is missing, is killed while it works, and must end when the runner is killed.
 source "$(dirname "$0")/lib.sh" archive
 
 archiver=$(to_win "$(archiver_windows)")
@@ -28,7 +28,7 @@ document=$(to_win "$work/doc.qlmr")
 lists_before=$(lists)
 expect_no_list() { [[ $(lists) == "$lists_before" ]] || fail 'a list file is left'; }
 
-# The runner with the password on its standard input.
+# Passes the password on standard input.
 run_with_password() {
   code=0
   LC_ALL=ja_JP.UTF-8 timeout --kill-after=10 120 wine "$qlm_run" --password-stdin --json "$@" "$document" \
@@ -38,7 +38,7 @@ run_with_password() {
 
 run_qlm --7z "$archiver" --settings "$(to_win "$work/none.config")" "$document"
 expect_code 2
-run_qlm --7z "$archiver" "$document" # no password at all
+run_qlm --7z "$archiver" "$document" # no password given
 expect_code 2
 expect_err 'zip パスワードが必要です'
 expect_no_file "$work/dst"
@@ -67,7 +67,7 @@ run_with_password --7z "$archiver"
 expect_code 0
 [[ $(json_rows | grep -c '"phase":440') == 4 ]] || fail 'the second run did not skip all'
 
-# Archiver and password from a settings file that keeps the password.
+# Archiver and password come from a settings file with a saved password.
 config=$(<"$top/tests/host/golden/settings_default.config")
 config=${config/'<SevenZipPath/>'/"<SevenZipPath>$archiver</SevenZipPath>"}
 config=${config/'>EXEC_ONCE<'/'>SAVE<'}
@@ -78,7 +78,7 @@ run_qlm --settings "$(to_win "$work/saved.config")" "$document"
 expect_code 0
 "$native" t -p"$password" "$work/dst/書類_2015_a.zip" >/dev/null || fail 'the saved password does not open it'
 
-# A missing archiver.
+# The archiver is missing.
 find "$src" -type f -exec touch -d '2017-03-05 07:04:08 UTC' {} +
 run_with_password --7z "$(to_win "$work/none/7z.exe")"
 expect_code 1
@@ -86,14 +86,14 @@ expect_json type=FOLDER phase=439
 expect_json type=ZIP phase=438 error=58563
 expect_no_file "$work/dst/書類_2017.zip"
 
-# The archiver is killed while it works on something large.
+# The archiver is killed while it compresses a large file.
 head -c 60000000 /dev/urandom >"$src/large.bin"
 find "$src" -type f -exec touch -d '2018-03-05 07:04:08 UTC' {} +
 (kill -9 "$(await_archiver "$work/dst")") &
 run_with_password --7z "$archiver"
 wait $! || fail 'the archiver was not there to be killed'
 expect_code 1
-# A killed process reports 0 or another code, depending on the system.
+# A killed process reports exit code 0 or another, depending on the system.
 json_rows | jq -es 'any(.[]; .type == "ZIP" and .phase == 438 and (.error == 480 or .error == 467))' \
   >/dev/null || fail 'no row of the failed archive'
 expect_no_file "$work/dst/書類_2018.zip"
@@ -116,5 +116,5 @@ for archive in "$work"/dst/_tmp*_2019*.zip; do
   ! "$native" t "$archive" >/dev/null 2>&1 || fail 'the archiver has outlived the runner'
 done
 expect_no_file "$work/dst/書類_2019.zip"
-rm -f $(comm -13 <(printf '%s\n' "$lists_before") <(lists)) # the killed runner could not
+rm -f $(comm -13 <(printf '%s\n' "$lists_before") <(lists)) # not deleted by the killed runner
 echo PASS

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Three runners at once over one document with a folder and an archive, in 20 rounds of a changed source. At any
-# end a final name is a whole backup, and a reported success has one.
+# Three runners at once run one document with a folder and an archive, in 20 rounds with a changed source.
+# After each round every final name is a complete backup, and each runner reports success.
 source "$(dirname "$0")/lib.sh" concurrent_runs
 
 rounds=20 runners=3 files=12
@@ -19,7 +19,7 @@ mkdir -p "$work/src/sub"
 } >"$work/doc.qlmr"
 document=$(to_win "$work/doc.qlmr")
 
-# Prints what is wrong with the backups of the year, nothing if they are whole.
+# Prints the differences of the year's backups from the source; empty if they are complete.
 faults() {
   local year=$1 unpacked=$work/unpacked
   diff -r "$work/src" "$work/dst/$year" 2>&1 | head -n 3

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# A destination that fills up: the row must say so, and nothing may bear the final name.
+# The destination fills up: the row must report it, and no final name may exist.
 source "$(dirname "$0")/lib.sh" disk_full
 
 mkdir -p "$work/src" "$work/small"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# A document as a user types it in an editor: Japanese IDs, a filter, a source that is missing, and a file
-# that stands where a backup wants to go.
+# A document as written by hand in an editor: Japanese IDs, a filter, a missing source, and a file with the
+# name of a backup folder.
 source "$(dirname "$0")/lib.sh" handwritten_document
 
 src=$work/原稿 dst1=$work/dst1 dst2=$work/dst2
@@ -10,7 +10,7 @@ echo two >"$src/写真/海.jpg"
 echo old >"$src/古い/下書き.txt"
 echo tmp >"$src/写真/cache.tmp"
 find "$src" -type f -exec touch -d '2016-03-05 07:04:09 UTC' {} +
-touch -d '2020-01-01 00:00:00 UTC' "$src/写真/cache.tmp" # excluded, so not the newest
+touch -d '2020-01-01 00:00:00 UTC' "$src/写真/cache.tmp" # excluded, so it is not the newest file
 printf '\xef\xbb\xbf# 一時ファイルと古いもの\r\n- \\.tmp$\r\n- ^古い/$\r\n' >"$work/除外.flt"
 echo in the way >"$dst2/衝突_2020"
 
@@ -52,7 +52,7 @@ expect_same "$src/メモ.txt" "$dst1/書類_2016_03_05/メモ.txt"
 expect_same "$src/写真/海.jpg" "$dst2/書類_2016/写真/海.jpg"
 expect_no_file "$dst1/書類_2016_03_05/写真/cache.tmp"
 expect_no_file "$dst1/書類_2016_03_05/古い"
-expect_no_file "$dst1/衝突_2020_01_01" # what follows a failed destination is not attempted
+expect_no_file "$dst1/衝突_2020_01_01" # the destinations after a failed one are not attempted
 [[ $(<"$dst2/衝突_2020") == 'in the way' ]] || fail "the file in the way was touched"
 [[ $(find "$work" -name '_tmp*') == '' ]] || fail "a temporary name is left"
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The runner is killed at 50 random moments of a copy. What bears the final name must be complete, and the
-# next run must come to its end.
+# The runner is killed at 50 random moments of a copy. A final name must then be complete, and the next run
+# must succeed.
 source "$(dirname "$0")/lib.sh" kill
 
 kills=50 folders=8 files=50
@@ -31,7 +31,7 @@ start_copy() {
   while [[ ! -e $work/dst/_tmp_copy_2016 && ! -e $final ]] && ((++waited < 2000)); do sleep 0.002; done
 }
 
-run_qlm --quiet "$document" # warms up
+run_qlm --quiet "$document" # warm-up
 expect_code 0
 start_copy
 began=$(milliseconds)

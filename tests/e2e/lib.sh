@@ -1,12 +1,12 @@
-# Sourced by the end-to-end tests: runs the built console program, and looks at what it left.
-#   source "$(dirname "$0")/lib.sh" NAME    makes the empty folder $work for the test NAME
-# A test stops at the first thing that is not as expected, and ends with `echo PASS`.
+# Sourced by the end-to-end tests: runs the console program and checks the results.
+#   source "$(dirname "$0")/lib.sh" NAME    creates the empty folder $work for the test NAME
+# A test stops at the first failed expectation and ends with `echo PASS`.
 # shellcheck shell=bash
 source "$(dirname "${BASH_SOURCE[0]}")/../../scripts/common.sh"
 
 qlm_run=${QLM_RUN:-$top/build/mingw/bin/QuillmoorRun.exe}
 work=$top/build/e2e/${1:?name of the test}
-out=$work.out # what the last run printed: outside $work, so as not to be backed up with it
+out=$work.out # output of the last run; outside $work, so that it is not backed up
 err=$work.err
 code=0
 
@@ -23,23 +23,24 @@ fail() {
   exit 1
 }
 
-# Ends at the latest after two minutes, then with code 124.
+# Runs the console program for at most two minutes; after that its exit code is 124.
 run_qlm() {
   code=0
-  # timeout is put in front by hand: it cannot call the function run_wine.
+  # timeout cannot call the shell function run_wine.
   LC_ALL=ja_JP.UTF-8 timeout --kill-after=10 120 wine "$qlm_run" "$@" </dev/null >"$out" 2>"$err" || code=$?
 }
 
-# The list files of archives in the user's temporary folder; one may be left from a run that was killed.
+# Prints the archiver's list files in the temporary folder. A killed run may leave one.
 lists() { find "$WINEPREFIX/drive_c/users/$(id -un)/Temp" -maxdepth 1 -name 'qlm*.txt' | sort; }
 
-# The processes whose command line holds the Windows form of a path, one a line; none is no failure.
+# Prints the ids of the processes whose command line contains the Windows form of a path, one per line. No
+# match is not a failure.
 processes_of() { pgrep -f -- "$(to_win "$1" | sed 's/[][\.*^$+?(){}|]/\\&/g')" || true; }
 
-# The archivers at work on an archive in this folder.
+# Prints the archivers that write to this folder.
 archivers() { processes_of "$1/_tmp"; }
 
-# Waits up to 40 s for an archiver to be at work, and prints its process.
+# Waits up to 40 s for an archiver that writes to this folder and prints its process id.
 await_archiver() {
   local pid waited
   for ((waited = 0; waited < 2000; ++waited)); do
@@ -58,14 +59,14 @@ expect_same() { cmp -s "$1" "$2" || fail "$1 and $2 differ"; }
 expect_out() { grep -qF -- "$1" "$out" || fail "not printed: $1"; }
 expect_err() { grep -qF -- "$1" "$err" || fail "not on the error output: $1"; }
 
-# Every JSON object that was printed, nested ones too, one a line. The output is either one JSON
-# text, or lines of which some are JSON.
+# Prints every JSON object of the output, also nested ones, one per line. The output is one JSON text, or
+# lines of which some are JSON.
 json_rows() {
   jq -Rsc '(fromjson? // (split("\n")[] | fromjson?)) | .. | objects' "$out"
 }
 
-# expect_json FIELD=VALUE...: some object has all these fields. A field within a field is A.B;
-# numbers, true, false and null are compared as they are written.
+# expect_json FIELD=VALUE...: expects an object with all these fields. A.B is a nested field; numbers, true,
+# false and null are compared as text.
 expect_json() {
   json_rows | jq -es '
     def same($wanted):

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# A link to a folder above itself is entered like a folder; the limit of 260 characters of a search pattern
-# must end the loop, and its price must stay small.
+# A link to a parent folder is listed like a folder. The limit of 260 characters for a search pattern must end
+# the loop after few entries.
 source "$(dirname "$0")/lib.sh" link_loop
 
 mkdir -p "$work/src/sub"
@@ -13,7 +13,7 @@ cat >"$work/doc.qlmr" <<EOF
 EOF
 run_qlm --test --json "$(to_win "$work/doc.qlmr")"
 expect_code 0
-# A round through the loop adds "\sub\up" to the path and costs three entries: sub, file.txt, up.
+# Each round through the loop adds "\sub\up" to the path and three entries: sub, file.txt, up.
 rounds=$(((260 - ${#source}) / 7))
 entries=$(jq -s '.[0].entries' "$out")
 ((entries > 3 && entries <= 3 * (rounds + 2))) || fail "$entries entries for at most $rounds rounds"

@@ -13,7 +13,7 @@ for ((file = 0; file < 350; ++file)); do printf '%040000d' "$file" >"$work/src/$
   echo '</Tasks></QuillmoorDoc>'
 } >"$work/doc.qlmr"
 
-# A job of its own, since a shell without job control starts what runs in the background with Ctrl+C ignored.
+# Job control is needed: without it the shell starts background commands with Ctrl+C ignored.
 set -m
 LC_ALL=ja_JP.UTF-8 timeout --foreground --kill-after=10 60 wine "$qlm_run" --json "$(to_win "$work/doc.qlmr")" \
   </dev/null >"$out" 2>"$err" &
@@ -26,7 +26,7 @@ pkill -INT -P $pid || fail 'the runner was not there to be stopped'
 code=0
 wait $pid || code=$?
 expect_code 3
-# The runner looks for Ctrl+C every 100 ms, so it is one of the tasks from the second on that is stopped.
+# The runner checks for Ctrl+C every 100 ms, so the second or a later task is stopped.
 stopped=$(json_rows | jq -s '[.[] | select(.event == "row")] | length')
 ((stopped >= 2 && stopped <= 5)) || fail "$stopped rows"
 expect_json event=row task=$stopped error=58558

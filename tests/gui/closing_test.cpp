@@ -107,7 +107,7 @@ TEST_F(Closing, box_over_the_results_keeps_the_user_out_of_the_main_window) {
     ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
   };
   const UINT_PTR timer = ::SetTimer(nullptr, 0, 20, answer);
-  EXPECT_EQ(my::CMessageBox().Show(L"text", L"caption", MB_OKCANCEL), IDCANCEL);
+  EXPECT_EQ(my::CMessageBox().Show(L"text", L"caption", my::BoxStyle::QUESTION), my::BoxButton::CANCEL);
   ::KillTimer(nullptr, timer);
   EXPECT_FALSE(wasEnabled);
   EXPECT_TRUE(::IsWindow(frame));

@@ -30,17 +30,19 @@ struct CDialogAppOn {
   CFakePower power;
   my::CWin32Hash hash;
   CFakeShell shell;
+  CFakeClipboard clipboard;
   CFakeWindow window;
   CFakeDialogs dialogs;
   qlm::CSettings settings{0};
   qlm::CDocument openDocument;
-  qlm::CApplication app{{{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell},
-                        settings,
-                        openDocument,
-                        dialogs,
-                        window,
-                        dialogs,
-                        L"Quillmoor.exe"};
+  qlm::CApplication app{
+      {{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell, clipboard},
+      settings,
+      openDocument,
+      dialogs,
+      window,
+      dialogs,
+      L"Quillmoor.exe"};
   my::CAutoMessageLoop loop;
 
   qlm::CAppContext& Context() { return app.Context(); }

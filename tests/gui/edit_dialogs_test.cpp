@@ -54,12 +54,8 @@ struct EditDialogs : testing::Test, test::CDialogAppOn<test::CMemoryFileSystem> 
 };
 
 TEST_F(EditDialogs, a_task_is_refused_at_the_control_that_is_wrong_until_it_is_right) {
-  std::wstring checked;
-  CTaskDialog dialog(context, *document.Tasks()[0], ReplaceFirst(),
-                     [&](const std::wstring& filter, const std::wstring& source) {
-                       checked = filter + L"|" + source;
-                       throw my::CException(IDS_PATTERN_EMPTY);
-                     });
+  dialogs.filterFailure = IDS_PATTERN_EMPTY;
+  CTaskDialog dialog(context, *document.Tasks()[0], ReplaceFirst());
   dialog.CreateModeless(nullptr, loop);
   dialog.SetItemText(IDC_TASK_ID, L"Mail");
   EXPECT_EQ(Refused(dialog), Refusal(IDS_ID_DUPLICATE, IDC_TASK_ID));
@@ -71,13 +67,13 @@ TEST_F(EditDialogs, a_task_is_refused_at_the_control_that_is_wrong_until_it_is_r
   EXPECT_EQ(Refused(dialog), Refusal(IDS_PATH_EMPTY, IDC_TASK_PATH));
 
   Click(dialog, IDC_TASK_CHECK_FILTER);
-  EXPECT_EQ(checked, L"f.flt|");
+  EXPECT_EQ(dialogs.filters.back(), L"f.flt|");
   EXPECT_TRUE(HasFocus(dialog, IDC_TASK_FILTER));
   dialog.SetItemText(IDC_TASK_FILTER, L"");
   EXPECT_FALSE(::IsWindowEnabled(dialog.Item(IDC_TASK_CHECK_FILTER)));
   dialogs.paths = {L"C:\\g.flt"};
   Click(dialog, IDC_TASK_BROWSE_FILTER);
-  EXPECT_EQ(dialogs.questions.back().kinds[1].second, L"*.txt");
+  EXPECT_EQ(dialogs.questions.back().kinds[1].pattern, L"*.txt");
 
   ::SetFocus(dialog.Item(IDC_TASK_PATH));
   dialog.SetItemText(IDC_TASK_PATH, L"D:\\docs\\New\\");
@@ -90,7 +86,7 @@ TEST_F(EditDialogs, a_task_is_refused_at_the_control_that_is_wrong_until_it_is_r
 }
 
 TEST_F(EditDialogs, destinations_of_a_task_are_chosen_and_ordered_by_the_keyboard) {
-  CTaskDialog dialog(context, *document.Tasks()[0], ReplaceFirst(), {});
+  CTaskDialog dialog(context, *document.Tasks()[0], ReplaceFirst());
   dialog.CreateModeless(nullptr, loop);
   const HWND list = dialog.Item(IDC_TASK_DSTS);
   const auto select = [&](int row) {
@@ -159,7 +155,7 @@ TEST_F(EditDialogs, the_pattern_follows_the_type_and_shows_its_name) {
 
 TEST_F(EditDialogs, the_widths_of_columns_are_kept) {
   const auto open = [&](int width) {
-    CTaskDialog task(context, *document.Tasks()[0], {}, {});
+    CTaskDialog task(context, *document.Tasks()[0], {});
     task.CreateModeless(nullptr, loop);
     if (width) ListView_SetColumnWidth(task.Item(IDC_TASK_DSTS), 1, my::Scale(width, task.Dpi()));
     task.Close(IDCANCEL);

@@ -26,6 +26,7 @@
 #include "platform/win32/win32_threads.h"
 #include "support/fake_system.h"
 #include "ui/framework/failures.h"
+#include "ui/main_window/document_clipboard.h"
 #include "ui/main_window/main_frame.h"
 #include "wine/scratch_folder.h"
 
@@ -33,12 +34,12 @@ namespace test {
 
 // Keeps what is asked, and answers from a queue; a question without an answer is cancelled.
 struct CScriptedBox : my::IMessageBox {
-  int Show(const std::wstring& text, const std::wstring&, uint32_t style) override {
+  my::BoxButton Show(const std::wstring& text, const std::wstring&, my::BoxStyle style) override {
     texts.push_back(text);
-    if ((style & 0xF) != my::kBoxOkCancel || answers.empty()) return my::kButtonCancel;
+    if (style == my::BoxStyle::FAILURE || answers.empty()) return my::BoxButton::CANCEL;
     const bool ok = answers.front();
     answers.pop_front();
-    return ok ? my::kButtonOk : my::kButtonCancel;
+    return ok ? my::BoxButton::OK : my::BoxButton::CANCEL;
   }
 
   std::deque<bool> answers;
@@ -66,11 +67,12 @@ class CGuiApp {
     document = std::make_unique<qlm::CDocument>();
     frame = std::make_unique<qlm::CMainFrame>(loop, SW_SHOW);
     const qlm::CAppPorts ports{
-        {scratch.real, clock, ansi, texts, process}, dom, *worker, folders, power, hash, shell};
+        {scratch.real, clock, ansi, texts, process}, dom, *worker, folders, power, hash, shell, clipboard};
     app = std::make_unique<qlm::CApplication>(ports, settings, *document, box, *frame, frame->Dialogs(),
                                               L"q.exe \"" + documentPath + L"\"");
     my::SetFailureHandler([this](std::exception_ptr failure) { app->ShowFailure(failure); });
     frame->Create(*app);
+    clipboard.SetOwner(frame->Hwnd());
     Pump();
   }
 
@@ -148,6 +150,7 @@ class CGuiApp {
   CFakePower power;
   my::CWin32Hash hash;
   CFakeShell shell;
+  qlm::CDocumentClipboard clipboard;
   CScriptedBox box;
   my::CAutoMessageLoop loop;
   qlm::CSettings settings{0};

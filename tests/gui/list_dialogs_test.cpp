@@ -114,7 +114,7 @@ TEST_F(ListDialogs, filter_check_tells_the_line_that_decides_in_any_file_and_has
   files.AddFile(L"C:\\my rules.txt", "+abc def\n- \"a b \"\n");
   dialogs.paths = {L"C:\\my rules.txt"};
   Click(dialog, IDC_FILTER_OPEN);
-  EXPECT_EQ(dialogs.questions.back().kinds.at(0).second + dialogs.questions.back().kinds.at(1).second,
+  EXPECT_EQ(dialogs.questions.back().kinds.at(0).pattern + dialogs.questions.back().kinds.at(1).pattern,
             L"*.flt*.txt");
   EXPECT_EQ(dialog.ItemText(IDC_FILTER_FILE), L"C:\\my rules.txt");
   EXPECT_EQ(dialog.ItemText(IDC_FILTER_STATUS), L"2 行、エラー 0 件");

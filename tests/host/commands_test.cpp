@@ -262,13 +262,13 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
   a.Do(ID_SAVE_AS);
   EXPECT_EQ(document.Path(), L"C:\\one.qlmr");
   EXPECT_FALSE(document.IsModified());
-  EXPECT_EQ(a.dialogs.questions.back().flags, 0x880006u);
+  EXPECT_EQ(a.dialogs.questions.back().dialog, FileDialog::SAVE_FILE);
   EXPECT_EQ(a.dialogs.questions.back().defaultExtension, L"qlmr");
   a.Do(ID_NEW);
   EXPECT_TRUE(document.Tasks().empty() && document.Dsts().empty() && document.Path().empty());
   a.Do(ID_OPEN);
   EXPECT_EQ(a.dialogs.questions.back().initialPath, L"C:\\one.qlmr") << "of a new document: the latest";
-  EXPECT_EQ(a.dialogs.questions.back().flags, 0x881000u);
+  EXPECT_EQ(a.dialogs.questions.back().dialog, FileDialog::OPEN_FILE);
   a.Fill(content);
   a.Do(ID_SAVE);
   EXPECT_EQ(document.Path(), L"") << "cancelled";
@@ -390,7 +390,7 @@ TEST_F(Commands, settings_and_replace_open_their_windows) {
   a.Do(ID_DESIGN);
   EXPECT_EQ(a.dialogs.settingsPages, (std::vector<bool>{false, true}));
   a.Do(ID_REPLACE);
-  EXPECT_EQ(a.dialogs.tool, &a.app->Replace());
+  EXPECT_EQ(a.dialogs.replacesOpened, 1);
   a.Do(ID_REPLACE);
   EXPECT_EQ(a.dialogs.replaceFocuses, 1);
   a.dialogs.refuseToCancel = true;

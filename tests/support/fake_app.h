@@ -44,8 +44,10 @@ class CFakeApp {
     settings.emplace(0);
     document.emplace();
     app.emplace(
-        qlm::CAppPorts{{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell},
+        qlm::CAppPorts{
+            {files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell, clipboard},
         *settings, *document, dialogs, window, dialogs, commandLine);
+    dialogs.tool = &app->Replace();
     app->Start();
     return *app;
   }
@@ -88,6 +90,7 @@ class CFakeApp {
   CFakePower power;
   CFakeHash hash;
   CFakeShell shell;
+  CFakeClipboard clipboard;
   CFakeWindow window;
   CFakeDialogs dialogs;
   std::optional<qlm::CSettings> settings;

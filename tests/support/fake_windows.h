@@ -11,16 +11,22 @@
 #include "app/password.h"
 #include "app/replace_tool.h"
 #include "app/windows.h"
+#include "document/document_clip.h"
 #include "platform/threads.h"
 #include "settings/settings.h"
 #include "support/exception.h"
 
 namespace test {
 
-struct CFakeListState : qlm::IListState {
+struct CFakeList : qlm::IEditList {
   std::optional<size_t> FocusedRow() const override { return focused; }
   std::vector<size_t> SelectedRows() const override { return selected; }
   void Focus() override { ++focusCount; }
+  bool AnySelected() const override { return !selected.empty(); }
+  void Select(const std::vector<size_t>& rows) override {
+    selected = rows;
+    if (!rows.empty()) focused = rows.front();
+  }
 
   std::optional<size_t> focused;
   std::vector<size_t> selected;
@@ -28,8 +34,14 @@ struct CFakeListState : qlm::IListState {
 };
 
 struct CFakeWindow : qlm::IMainWindow {
-  CFakeListState& TaskList() override { return tasks; }
-  CFakeListState& DstList() override { return dsts; }
+  CFakeList& TaskList() override { return tasks; }
+  CFakeList& DstList() override { return dsts; }
+  qlm::ListKind CurrentList() override { return current; }
+  void FocusOtherList() override {
+    current = current == qlm::ListKind::TASKS ? qlm::ListKind::DSTS : qlm::ListKind::TASKS;
+  }
+  void ToggleFullScreen() override { fullScreen = !fullScreen; }
+  void OpenResults() override { ++resultsOpened; }
   void RedrawLists() override {}
   void ApplySettings(const qlm::CSettings&) override { shown = true; }
   void StoreSettings(qlm::CSettings& settings) override { settings.mainFrame.normalBounds = bounds; }
@@ -47,8 +59,11 @@ struct CFakeWindow : qlm::IMainWindow {
   void ShowRunStatus() override {}
   void ShowRunState() override {}
 
-  CFakeListState tasks;
-  CFakeListState dsts;
+  CFakeList tasks;
+  CFakeList dsts;
+  qlm::ListKind current = qlm::ListKind::TASKS;
+  bool fullScreen = false;
+  int resultsOpened = 0;
   my::CRect bounds{1, 2, 3, 4};
   bool shown = false;
   bool closing = false;
@@ -59,19 +74,23 @@ struct CFakeWindow : qlm::IMainWindow {
   qlm::CResults results;
 };
 
+struct CFakeClipboard : qlm::IClipboard {
+  void Set(const qlm::CClip& clip) override { content = clip.document; }
+  std::optional<std::string> Document() override { return content; }
+  bool HasDocument() const override { return content.has_value(); }
+
+  std::optional<std::string> content;
+};
+
 // Every question finds its answer at the front of its queue; one without an answer is cancelled.
 struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
-  int Show(const std::wstring& text, const std::wstring& caption, uint32_t style) override {
+  my::BoxButton Show(const std::wstring& text, const std::wstring& caption, my::BoxStyle style) override {
     boxes.push_back(caption + L": " + text);
     if (onBox) onBox(text);
-    if ((style & 0xF) != my::kBoxOkCancel) return my::kButtonOk;
-    return Next(buttons).value_or(false) ? my::kButtonOk : my::kButtonCancel;
+    if (style == my::BoxStyle::FAILURE) return my::BoxButton::OK;
+    return Next(buttons).value_or(false) ? my::BoxButton::OK : my::BoxButton::CANCEL;
   }
-  std::optional<std::wstring> AskOpenPath(const qlm::CFileQuestion& question) override {
-    questions.push_back(question);
-    return Next(paths);
-  }
-  std::optional<std::wstring> AskSavePath(const qlm::CFileQuestion& question) override {
+  std::optional<std::wstring> AskPath(const qlm::CFileQuestion& question) override {
     questions.push_back(question);
     return Next(paths);
   }
@@ -87,7 +106,19 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
     return false;
   }
   void ShowSettings(bool designPage) override { settingsPages.push_back(designPage); }
-  void OpenReplace(qlm::CReplaceTool& opened) override { tool = &opened; }
+  void EditTask(const qlm::CTask& task, const std::function<void(const qlm::CTask&)>& confirm) override {
+    editedTask = task;
+    if (const auto made = Next(tasks)) confirm(*made);
+  }
+  void EditDst(const qlm::CDst&, const std::function<void(const qlm::CDst&)>& confirm) override {
+    if (const auto made = Next(dsts)) confirm(*made);
+  }
+  void ShowFilter(const std::wstring& filterPath, const std::wstring& sourcePath) override {
+    filters.push_back(filterPath + L"|" + sourcePath);
+    if (filterFailure != 0) throw my::CException(filterFailure);
+  }
+  void ShowAbout() override {}
+  void OpenReplace() override { ++replacesOpened; }
   void FocusReplace() override { ++replaceFocuses; }
   void CancelReplace() override {
     if (!refuseToCancel) tool->Cancel(tool->Options());
@@ -101,19 +132,25 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
     return first;
   }
 
-  std::deque<bool> buttons;                        // true: OK
-  std::deque<std::wstring> paths;                  // of file dialogs
+  std::deque<bool> buttons;        // true: OK
+  std::deque<std::wstring> paths;  // of file dialogs
+  std::deque<qlm::CTask> tasks;    // what the user makes in the dialogs of items
+  std::deque<qlm::CDst> dsts;
   std::deque<std::wstring> passwords;              // typed one after the other; the end of them cancels
   std::function<void(const std::wstring&)> onBox;  // while a box stands
   bool refuseToCancel = false;
+  uint32_t filterFailure = 0;  // the filter dialog fails with it
 
   std::vector<std::wstring> boxes;
   std::vector<qlm::CFileQuestion> questions;
   std::vector<uint32_t> refusals;
   std::vector<bool> settingsPages;
+  std::vector<std::wstring> filters;  // shown: filter and source
+  qlm::CTask editedTask;              // as the dialog was opened
   int passwordDialogs = 0;
+  int replacesOpened = 0;
   int replaceFocuses = 0;
-  qlm::CReplaceTool* tool = nullptr;
+  qlm::CReplaceTool* tool = nullptr;  // of the dialog
 };
 
 // A worker (of idle priority) works only while it is waited for without a limit, or when the test says so:

@@ -14,11 +14,12 @@ using namespace qlm;
 
 const std::array kBrushes = {L"default", L"os_default", L"color",  L"picture",
                              L"check",   L"diamond",    L"stripe", L"interlace"};
-// The automatic ones come last, in a window of another shape: they are one of the others in this one.
+// AUTO_FIT and AUTO_FILL equal another fit in the usual window; AUTO_FIT switches to a window of another
+// shape.
 const std::array kFits = {L"none", L"width", L"height", L"auto_fit", L"auto_fill"};
 const std::array kOrigins = {L"lt", L"lb", L"rb", L"rt"};
 
-// A landscape with bright and dark parts, and text on it is read all the same.
+// Writes a landscape with bright and dark parts: text must be readable on both.
 void WritePicture(const std::wstring& path) {
   Gdiplus::Bitmap picture(640, 400, PixelFormat24bppRGB);
   for (INT y = 0; y < 400; ++y)
@@ -46,7 +47,7 @@ void ShootHighContrast(test::CGuiApp& a) {
   my::AssumeHighContrast({});
 }
 
-// All characters with their names, in six columns.
+// Draws all characters with their names, in six columns.
 void ShootCharacters(const my::IMessageTexts& texts, UINT dpi, const std::wstring& name) {
   if (!Wanted(L"characters")) return;
   const int side = my::Scale(200, dpi);
@@ -101,7 +102,7 @@ void ShootDesign() {
   design.bkImgFitType = FitType::NONE;
   for (size_t i = 0; i < kOrigins.size(); ++i) {
     design.bkImgOrigin = static_cast<ImgOrigin>(i);
-    if (design.bkImgOrigin == CDesignSetting().bkImgOrigin) continue;  // is among the fits
+    if (design.bkImgOrigin == CDesignSetting().bkImgOrigin) continue;  // already taken with the fits
     ShootWith(a, design, std::wstring(L"origin_") + kOrigins[i]);
   }
   design.bkImgType = BkImgType::CUSTOM;

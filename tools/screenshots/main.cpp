@@ -1,4 +1,4 @@
-// Takes a picture of every window with sample data: qlm_screenshots FOLDER [NAME...]
+// Takes pictures of the windows with sample data: qlm_screenshots FOLDER [NAME...]
 #include <gtest/gtest.h>
 
 #include <windows.h>
@@ -11,6 +11,7 @@
 #include "gui/gui_app.h"
 #include "screenshots/shots.h"
 #include "ui/framework/gdiplus.h"
+#include "ui/look/tool_images.h"
 
 namespace {
 
@@ -88,6 +89,7 @@ int wmain(int argc, wchar_t** argv) {
                                                            ICC_TAB_CLASSES};
   ::InitCommonControlsEx(&controls);
   const my::CGdiplus gdiplus;
+  AssumeMenusBlend(false);  // Wine ignores the transparency of menu pictures
   ShootMain();
   ShootDialogs();
   ShootDesign();

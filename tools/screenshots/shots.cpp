@@ -40,7 +40,7 @@ void Save(HBITMAP bitmap, const std::wstring& name) {
               picture.Save(path.c_str(), &png, nullptr) == Gdiplus::Ok ? "ok" : "failed");
 }
 
-// What stands on the screen where the window is, so that its menus and frame are in the picture.
+// Copies the screen at the window's position, so that the picture includes frame and menus.
 void Capture(HWND window, const std::wstring& name) {
   const RECT bounds = test::Bounds(window);
   const SIZE size = test::Size(window);

@@ -1,4 +1,4 @@
-// What the pictures of the windows share.
+// Helpers for the pictures of the windows.
 #pragma once
 
 #include <windows.h>
@@ -10,20 +10,20 @@
 
 namespace shots {
 
-// Where the pictures go, and which; all of them for no names.
+// Sets the folder for the pictures and the names of those wanted; no names: all.
 void Begin(std::wstring folder, std::vector<std::wstring> names);
 bool Wanted(const std::wstring& name);
 
 void Save(HBITMAP bitmap, const std::wstring& name);
-void Shoot(HWND window, const std::wstring& name);  // as it stands on the screen
+void Shoot(HWND window, const std::wstring& name);  // from the screen
 
-void ShootMenu(HWND window, wchar_t key, const std::wstring& name);  // with the menu of that key open
+void ShootMenu(HWND window, wchar_t key, const std::wstring& name);  // with the menu opened by Alt+key
 
-// Also as if it came to screens of 150 and 200 %.
+// Takes the picture at the current DPI, and as if the window moved to screens of 150 and 200 %.
 void ShootAtAllDpis(HWND window, const std::wstring& name);
 
-// The program with a document as people have it, with sources that exist. Writes them on the drives D and E,
-// which are empty at the start of the process.
+// The program with a realistic document. Writes the sources to the drives D and E, which must be empty at the
+// start of the process.
 class CSampleApp : public test::CGuiApp {
  public:
   CSampleApp();
@@ -32,7 +32,7 @@ class CSampleApp : public test::CGuiApp {
   void FillDisk();
 };
 
-// The design of the main view: brushes, pictures, high contrast, and the characters with their names.
+// Takes the pictures of the main view: brushes, images, high contrast, and the characters with their names.
 void ShootDesign();
 
 }  // namespace shots

@@ -1,4 +1,4 @@
-// COM: its set-up on a thread, and owners for interface pointers, strings and variants.
+// COM initialization, and owners for interface pointers, strings and variants.
 #pragma once
 
 #include <windows.h>
@@ -10,7 +10,7 @@
 
 namespace my {
 
-// COM on the calling thread for as long as the object lives.
+// Keeps COM initialized on the calling thread.
 class CComApartment {
  public:
   CComApartment() : m_result(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
@@ -41,7 +41,7 @@ class CComPtr {
   T* operator->() const { return m_pointer; }
   T* Get() const { return m_pointer; }
 
-  // Where a function leaves its result; to be used on an empty pointer only.
+  // For functions that return a pointer in a parameter; the object must be empty.
   T** Out() { return &m_pointer; }
 
  private:

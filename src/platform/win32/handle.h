@@ -1,4 +1,4 @@
-// One move-only owner for every kind of Windows handle.
+// A move-only owner for all kinds of Windows handles.
 #pragma once
 
 #include <windows.h>
@@ -7,7 +7,7 @@
 
 namespace my {
 
-// `Close` closes a value that is neither null nor INVALID_HANDLE_VALUE; both of these are kept as null.
+// `Close` closes a valid handle. INVALID_HANDLE_VALUE is stored as null.
 template <class T, auto Close>
 class CHandle {
  public:
@@ -23,7 +23,7 @@ class CHandle {
   explicit operator bool() const { return m_handle != T{}; }
   T Get() const { return m_handle; }
 
-  // Closes the handle now; answers what the closing function answers, true when there was nothing to close.
+  // Closes the handle now. Returns the result of the closing function; true if there is no handle.
   bool Reset() {
     const T handle = std::exchange(m_handle, T{});
     return handle == T{} || Close(handle) != 0;

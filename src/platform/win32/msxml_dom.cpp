@@ -14,7 +14,7 @@
 namespace my {
 namespace {
 
-// The import libraries lack it.
+// IID_IXMLDOMDocument2 is missing in the import libraries.
 constexpr IID kIidDomDocument2 = {
     0x2933BF95, 0x7B36, 0x11D2, {0xB2, 0x0E, 0x00, 0xC0, 0x4F, 0x98, 0x3E, 0x60}};
 
@@ -134,7 +134,7 @@ class CDocument : public IXmlDocument {
   }
 
  private:
-  // Not every system's parser heeds it; HasDocumentType decides.
+  // Not every parser obeys this; HasDocumentType makes the decision.
   void ProhibitDtd() {
     CVariant yes;
     yes.Get().vt = VT_BOOL;
@@ -147,7 +147,7 @@ class CDocument : public IXmlDocument {
     return m_document->get_doctype(type.Out()) == S_OK && type;
   }
 
-  // What the parser says, else the text of the result.
+  // Returns the parser's reason, or the text of the result.
   CMsgArg Reason(HRESULT result) const {
     CComPtr<IXMLDOMParseError> error;
     if (FAILED(m_document->get_parseError(error.Out())) || !error) return Error(result);

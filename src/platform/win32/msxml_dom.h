@@ -4,7 +4,7 @@
 
 namespace my {
 
-// MSXML 6. COM must be set up on the thread that uses it.
+// The DOM of MSXML 6. COM must be initialized on the thread that uses it.
 class CMsxmlDom : public IXmlDom {
  public:
   std::unique_ptr<IXmlDocument> Create() override;

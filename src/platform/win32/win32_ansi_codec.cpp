@@ -9,7 +9,7 @@
 namespace my {
 namespace {
 
-// Appends the bytes as text; returns false, with nothing appended, if a byte among them is invalid.
+// Appends the decoded bytes. Returns false and appends nothing if a byte is invalid.
 bool AppendDecoded(std::wstring& out, UINT codePage, std::string_view bytes) {
   if (bytes.empty()) return true;
   const auto size = static_cast<int>(bytes.size());
@@ -26,9 +26,9 @@ size_t LongestCharacter(UINT codePage) {
   return ::GetCPInfo(codePage, &information) ? information.MaxCharSize : 1;
 }
 
-// Appends the character at the start of the bytes and returns its length; 0 if there is none.
+// Appends the first character and returns its length in bytes; 0 if it is invalid.
 size_t AppendCharacter(std::wstring& out, UINT codePage, std::string_view bytes, size_t longest) {
-  // Only code pages of two bytes have lead bytes; in the others every length is tried.
+  // Only double-byte code pages have lead bytes; in others every length is tried.
   const bool lead = ::IsDBCSLeadByteEx(codePage, static_cast<BYTE>(bytes[0]));
   for (size_t length = lead ? 2 : 1; length <= std::min(longest, bytes.size()); ++length) {
     if (AppendDecoded(out, codePage, bytes.substr(0, length))) return length;

@@ -8,7 +8,7 @@ namespace my {
 
 class CWin32AnsiCodec : public IAnsiCodec {
  public:
-  // The code page is the system's own, CP_ACP, unless another one is named.
+  // `codePage` 0 (CP_ACP) is the system's own.
   explicit CWin32AnsiCodec(uint32_t codePage = 0) : m_codePage(codePage) {}
 
   std::wstring Decode(std::string_view bytes) const override;

@@ -8,7 +8,7 @@
 namespace my {
 namespace {
 
-// Whether the time is within the calendar. Not every version of the conversions refuses what is not.
+// Returns whether the time can be converted. Not every version of the conversion functions checks this.
 bool IsInCalendar(const FILETIME& time) {
   if (time.dwHighDateTime >> 31 == 0) return true;
   ::SetLastError(ERROR_INVALID_PARAMETER);

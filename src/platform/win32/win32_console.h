@@ -4,7 +4,7 @@
 
 namespace my {
 
-// At most one object of this class may live at a time: the system's Ctrl+C handler is one for the process.
+// Only one object may exist at a time, because the Ctrl+C handler belongs to the process.
 class CWin32Console : public IConsole {
  public:
   CWin32Console();

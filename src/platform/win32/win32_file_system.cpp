@@ -27,11 +27,12 @@ static_assert(kErrorNameTooLong == ERROR_FILENAME_EXCED_RANGE);
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-// Enumerates a folder through its handle: entries and order are those of FindFirstFile with "*.*", without
-// the cost of short names and of a copy of every entry. (Only the root of a drive may show a "." more.)
+// Enumerates a folder through its handle. Entries and order are those of FindFirstFile with "*.*", without
+// the cost of short names and of one copy of every entry. The only difference: the root of a drive may also
+// have a "." entry.
 class CFindFiles : public IFindFiles {
  public:
-  // With a separator at its end, no name in the path is taken for a device or loses its last dot.
+  // The separator at the end keeps the path from being taken for a device, and keeps its trailing dots.
   explicit CFindFiles(const std::wstring& folder)
       : m_path(JoinPath(folder, {})),
         m_folder(::CreateFileW(m_path.c_str(), FILE_LIST_DIRECTORY, kShareAll, nullptr, OPEN_EXISTING,
@@ -113,14 +114,15 @@ uint64_t SizeOf(const CKernelHandle& file, const std::wstring& path, uint32_t me
   return static_cast<uint64_t>(size.QuadPart);
 }
 
-// Lifts the read-only attribute, which a copy takes over from its source, for as long as it lives.
+// Removes the read-only attribute, which a copy gets from its source, and restores it when destroyed.
 class CReadOnlyLift {
  public:
   explicit CReadOnlyLift(const std::wstring& path)
       : m_path(path), m_attributes(::GetFileAttributesW(path.c_str())) {
     if (!IsReadOnly()) return;
     const DWORD others = m_attributes & ~DWORD{FILE_ATTRIBUTE_READONLY};
-    ::SetFileAttributesW(m_path.c_str(), others != 0 ? others : FILE_ATTRIBUTE_NORMAL);  // 0 changes nothing
+    ::SetFileAttributesW(m_path.c_str(),
+                         others != 0 ? others : FILE_ATTRIBUTE_NORMAL);  // 0 would change nothing
   }
   CReadOnlyLift(const CReadOnlyLift&) = delete;
   CReadOnlyLift& operator=(const CReadOnlyLift&) = delete;
@@ -137,14 +139,14 @@ class CReadOnlyLift {
   DWORD m_attributes;
 };
 
-// Flushing needs write access, though nothing is written.
+// Flushing needs write access although nothing is written.
 CKernelHandle OpenForFlush(const std::wstring& path) {
   return CKernelHandle(::CreateFileW(path.c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING,
                                      FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
-// Writes a file's data and metadata out without a flush of the device, and returns the Win32 code.
-// ERROR_NOT_SUPPORTED where the system (before Windows 8) or the file system (other than NTFS) cannot.
+// Writes out data and metadata of a file without flushing the device. Returns the Win32 code:
+// ERROR_NOT_SUPPORTED if the system (before Windows 8) or the file system (not NTFS) does not support this.
 DWORD FlushWithoutSync(const CKernelHandle& file) {
   using Function = NTSTATUS NTAPI(HANDLE, ULONG flags, void* parameters, ULONG size, IO_STATUS_BLOCK*);
   constexpr ULONG kNoSync = 2;  // FLUSH_FLAGS_NO_SYNC
@@ -163,7 +165,7 @@ DWORD FlushFully(const CKernelHandle& file) {
 }
 
 DWORD Flush(const CKernelHandle& file, uint64_t size, FlushDepth depth) {
-  constexpr uint64_t kSmall = 1u << 20;  // a device flush for each of many smaller files would take hours
+  constexpr uint64_t kSmall = 1u << 20;  // device flushes for many small files would take hours
   if (depth == FlushDepth::DEVICE) return FlushFully(file);
   const DWORD error = FlushWithoutSync(file);
   if (error != ERROR_NOT_SUPPORTED) return error;
@@ -178,7 +180,7 @@ std::wstring CWin32FileSystem::FullPath(const std::wstring& path) {
         ::GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
     if (length == 0) throw CException(LastError());
     const bool fits = length < full.size();
-    full.resize(length);  // without the end mark, or else the room that the system asks for
+    full.resize(length);  // length without the terminator; if the buffer is too small, the required size
     if (fits) return full;
   }
 }
@@ -215,7 +217,8 @@ void CWin32FileSystem::CreateFolders(const std::wstring& path) {
       error = ::GetLastError();
     }
   }
-  // A drive's root answers "access denied", a folder made by somebody else meanwhile "exists".
+  // CreateDirectory fails with "access denied" for the root of a drive, and with "exists" if another program
+  // created the folder meanwhile.
   if (Kind(path) == PathKind::FOLDER) return;
   throw CException(IDS_CREATE_FOLDER_FAILED, {CSystemError::FromWin32(error), path});
 }
@@ -261,7 +264,7 @@ void CWin32FileSystem::RemoveFile(const std::wstring& path) {
 }
 
 void CWin32FileSystem::RemoveFolder(const std::wstring& path) {
-  const std::wstring list = path + L'\0';  // the shell takes a list that ends with an empty path
+  const std::wstring list = path + L'\0';  // the shell expects a double null-terminated list
   SHFILEOPSTRUCTW operation{};
   operation.wFunc = FO_DELETE;
   operation.pFrom = list.c_str();

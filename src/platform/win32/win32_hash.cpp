@@ -19,7 +19,8 @@ BOOL ReleaseProvider(HCRYPTPROV provider) {
 using CProvider = CHandle<HCRYPTPROV, &ReleaseProvider>;
 using CHashHandle = CHandle<HCRYPTHASH, &::CryptDestroyHash>;
 
-// Throws when a call failed; to be used around the call itself, before anything else can change its code.
+// Throws the last error if the call failed. Must wrap the call itself, before anything can change the last
+// error.
 void Check(BOOL success, uint32_t message) {
   if (!success) throw CException(message, {LastError()});
 }
@@ -28,7 +29,7 @@ CProvider AcquireProvider() {
   constexpr wchar_t kProvider[] = L"Microsoft Strong Cryptographic Provider";
   HCRYPTPROV provider = 0;
   if (::CryptAcquireContextW(&provider, nullptr, kProvider, PROV_RSA_FULL, 0)) return CProvider(provider);
-  // A user who never had keys has no key container yet.
+  // A user without a key container gets one (CRYPT_NEWKEYSET).
   Check(::CryptAcquireContextW(&provider, nullptr, kProvider, PROV_RSA_FULL, CRYPT_NEWKEYSET),
         IDS_CRYPT_INIT_FAILED);
   return CProvider(provider);
@@ -41,7 +42,7 @@ CHashHandle CreateHash(const CProvider& provider) {
 }
 
 void AddData(const CHashHandle& hash, std::string_view bytes) {
-  const char* const data = bytes.empty() ? "" : bytes.data();  // no null pointer, even for nothing
+  const char* const data = bytes.empty() ? "" : bytes.data();  // must not be null, even for no bytes
   Check(::CryptHashData(hash.Get(), reinterpret_cast<const BYTE*>(data), static_cast<DWORD>(bytes.size()), 0),
         IDS_HASH_DATA_FAILED);
 }
@@ -61,7 +62,7 @@ std::string Digest(const CHashHandle& hash) {
 
 std::string CWin32Hash::Md5(std::string_view bytes) const {
   const CProvider provider = AcquireProvider();
-  const CHashHandle hash = CreateHash(provider);  // goes before its provider
+  const CHashHandle hash = CreateHash(provider);  // destroyed before its provider
   AddData(hash, bytes);
   return Digest(hash);
 }

@@ -30,7 +30,7 @@ std::wstring CWin32KnownFolders::ProgramFolder() const {
   for (std::wstring path(MAX_PATH, L'\0');; path.resize(path.size() * 2)) {
     const DWORD length = ::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
     if (length == 0) throw CException(LastError());
-    if (length == path.size()) continue;  // cut off
+    if (length == path.size()) continue;  // truncated
     path.resize(length);
     return std::wstring(ParentPath(path));
   }

@@ -7,7 +7,7 @@
 namespace my {
 
 std::wstring CWin32MessageTexts::Text(uint32_t id) const {
-  const wchar_t* text = nullptr;  // a size of 0 asks for the text in place, which has no terminator
+  const wchar_t* text = nullptr;  // size 0 returns a pointer to the resource itself, which has no terminator
   const int length = ::LoadStringW(::GetModuleHandleW(nullptr), id, reinterpret_cast<wchar_t*>(&text), 0);
   if (length <= 0) return {};
   return {text, static_cast<size_t>(length)};

@@ -1,4 +1,4 @@
-// The system's headers come first: the door takes back the names that they make macros of.
+// powrprof.h needs windows.h before it.
 #include <windows.h>
 
 #include <powrprof.h>
@@ -41,8 +41,8 @@ CKernelHandle OpenToken() {
   return CKernelHandle(token);
 }
 
-// Throws `messageId` for an action that has failed with that code. Drivers refuse a sleep without leaving
-// one.
+// Throws `messageId` with the error code of an action that has failed. Drivers may refuse to sleep without
+// setting one.
 [[noreturn]] void ThrowFailure(uint32_t messageId, DWORD code) {
   throw CException(messageId, {CSystemError::FromWin32(code == ERROR_SUCCESS ? ERROR_GEN_FAILURE : code)});
 }
@@ -78,7 +78,7 @@ void CWin32Power::SetSuspendState(bool hibernate, bool force, bool disableWakeEv
 
 void CWin32Power::ShutDown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
                            uint32_t reason) {
-  std::wstring text = message;  // the system wants it writable
+  std::wstring text = message;  // the function needs a writable buffer
   const DWORD code = ::InitiateShutdownW(nullptr, text.data(), graceSeconds, flags, reason);
   if (code != ERROR_SUCCESS) ThrowFailure(IDS_POWEROFF_FAILED, code);
 }

@@ -13,8 +13,8 @@ namespace {
 
 static_assert(CProcessStart::kNoWindow == CREATE_NO_WINDOW && IProcess::kStillActive == STILL_ACTIVE);
 
-// A job that ends its processes when its last handle is closed, and so when this process ends in any way.
-// Empty if the system has none to give. Child processes do not inherit the handle.
+// Returns a job that kills its processes when its last handle is closed, thus also when this process is
+// killed. Null if the system cannot create one. Child processes do not inherit the handle.
 CKernelHandle KillOnCloseJob() {
   CKernelHandle job(::CreateJobObjectW(nullptr, nullptr));
   JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
@@ -26,7 +26,7 @@ CKernelHandle KillOnCloseJob() {
   return job;
 }
 
-// Starts a process that was created suspended.
+// Resumes a process that was created suspended; terminates it if that fails.
 void Resume(HANDLE process, HANDLE thread, const std::wstring& program) {
   if (::ResumeThread(thread) != static_cast<DWORD>(-1)) return;
   const CSystemError error = LastError();
@@ -54,7 +54,7 @@ SECURITY_ATTRIBUTES AttributesOf(CHandleSecurity& security) {
   return attributes;
 }
 
-// Each variable with its end mark, and one more at the end of all.
+// Returns the null-terminated variables, followed by another null.
 std::wstring EnvironmentBlock(const std::vector<std::wstring>& variables) {
   std::wstring block;
   for (const std::wstring& variable : variables) block.append(variable).append(1, L'\0');
@@ -64,7 +64,7 @@ std::wstring EnvironmentBlock(const std::vector<std::wstring>& variables) {
 
 // Creates the process suspended.
 PROCESS_INFORMATION Create(const CProcessStart& start, std::wstring& commandLine) {
-  // The system wants all of these writable.
+  // CreateProcess needs writable buffers.
   CStartupInformation appearance = start.startup;
   CHandleSecurity processSecurity = start.processSecurity;
   CHandleSecurity threadSecurity = start.threadSecurity;
@@ -93,7 +93,7 @@ uint32_t CWin32Process::Run(const CProcessStart& start) {
   const CKernelHandle process(information.hProcess);
   const CKernelHandle thread(information.hThread);
   const CKernelHandle job = start.wait ? KillOnCloseJob() : CKernelHandle();
-  // A job around this process may forbid it; the program runs all the same.
+  // May fail if this process is in a restrictive job. The program runs without the job then.
   if (job) ::AssignProcessToJobObject(job.Get(), process.Get());
   Resume(process.Get(), thread.Get(), start.program);
   if (!start.wait) return kStillActive;

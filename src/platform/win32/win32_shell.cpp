@@ -14,8 +14,8 @@
 namespace my {
 namespace {
 
-// Whether the items lead to an end mark within the bytes. The shell follows their sizes without knowing
-// where the bytes end. A size counts itself; that of the end mark is 0.
+// Returns whether the items end in a terminator within the bytes: the shell follows their sizes without a
+// limit. A size includes itself; that of the terminator is 0.
 bool IsComplete(const CShellIdList& idList) {
   using Size = decltype(SHITEMID::cb);
   Size size = 0;
@@ -41,7 +41,7 @@ void Execute(const std::wstring& file, const wchar_t* parameters) {
 
 std::wstring CWin32Shell::PathOf(const CShellIdList& idList) {
   wchar_t path[MAX_PATH];
-  // The function leaves no code: what it refuses is a list that names nothing on a disk.
+  // The function sets no error code; it refuses a list that is not a file-system path.
   if (IsComplete(idList) && ::SHGetPathFromIDListW(reinterpret_cast<LPCITEMIDLIST>(idList.data()), path)) {
     return path;
   }

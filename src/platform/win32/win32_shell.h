@@ -4,8 +4,8 @@
 
 namespace my {
 
-// Open and Run need COM set up on the calling thread: shell extensions may take part. Both show no error
-// of their own.
+// Open and Run need COM initialized on the calling thread, because of shell extensions. Neither shows an
+// error message.
 class CWin32Shell : public IShell {
  public:
   std::wstring PathOf(const CShellIdList& idList) override;

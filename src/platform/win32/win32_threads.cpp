@@ -40,13 +40,13 @@ unsigned __stdcall Enter(void* parameter) {
 std::unique_ptr<IRunningThread> CWin32Threads::Start(std::function<void()> body, const CThreadStart& start) {
   auto parameter = std::make_unique<std::function<void()>>(std::move(body));
   unsigned id = 0;
-  // Suspended until its priority is set. The C run-time's function sets the system's error, too.
+  // Created suspended until its priority is set. _beginthreadex also sets the last error.
   CKernelHandle thread(reinterpret_cast<HANDLE>(
       ::_beginthreadex(nullptr, start.stackBytes, Enter, parameter.get(), CREATE_SUSPENDED, &id)));
   if (!thread) throw CException(IDS_START_THREAD_FAILED, {LastError()});
   ::SetThreadPriority(thread.Get(), start.priority);
   ::SetThreadPriorityBoost(thread.Get(), !start.boost);
-  parameter.release();  // the thread's own from here on
+  parameter.release();  // owned by the thread from here
   ::ResumeThread(thread.Get());
   return std::make_unique<CRunningThread>(std::move(thread), id);
 }

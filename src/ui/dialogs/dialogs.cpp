@@ -17,22 +17,31 @@
 namespace qlm {
 namespace {
 
-static_assert(kDialogOverwritePrompt == OFN_OVERWRITEPROMPT && kDialogHideReadOnly == OFN_HIDEREADONLY);
-static_assert(kDialogFileMustExist == OFN_FILEMUSTEXIST && kDialogExplorer == OFN_EXPLORER);
-static_assert(kDialogSizing == OFN_ENABLESIZING && kDialogNoChangeDir == OFN_NOCHANGEDIR);
+constexpr DWORD kOpenFile = OFN_EXPLORER | OFN_ENABLESIZING | OFN_FILEMUSTEXIST;
+constexpr DWORD kSaveFile = OFN_EXPLORER | OFN_ENABLESIZING | OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY;
+constexpr DWORD kOpenFilter = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+static_assert(kOpenFile == 0x881000 && kSaveFile == 0x880006);
+
+DWORD FlagsOf(FileDialog dialog) {
+  switch (dialog) {
+    case FileDialog::OPEN_FILE: return kOpenFile;
+    case FileDialog::SAVE_FILE: return kSaveFile;
+    default: return kOpenFilter;
+  }
+}
 
 my::CFileDialogParams ParamsOf(const CFileQuestion& question) {
   my::CFileDialogParams params;
-  for (const auto& [name, pattern] : question.kinds) params.kinds.push_back({name, pattern});
+  for (const CFileKind& kind : question.kinds) params.kinds.push_back({kind.label, kind.pattern});
   params.defaultExtension = question.defaultExtension;
   params.initialPath = question.initialPath;
-  params.flags = question.flags;
+  params.flags = FlagsOf(question.dialog);
   return params;
 }
 
 }  // namespace
 
-CDialogs::CDialogs(my::CAutoMessageLoop& loop) : m_loop(loop), m_clipboard(L"Quillmoor.Document") {}
+CDialogs::CDialogs(my::CAutoMessageLoop& loop) : m_loop(loop) {}
 
 CDialogs::~CDialogs() = default;
 
@@ -41,12 +50,10 @@ void CDialogs::SetOwner(HWND owner, CAppContext& context) {
   m_context = &context;
 }
 
-std::optional<std::wstring> CDialogs::AskOpenPath(const CFileQuestion& question) {
-  return my::AskOpenPath(Owner(), ParamsOf(question));
-}
-
-std::optional<std::wstring> CDialogs::AskSavePath(const CFileQuestion& question) {
-  return my::AskSavePath(Owner(), ParamsOf(question));
+std::optional<std::wstring> CDialogs::AskPath(const CFileQuestion& question) {
+  const my::CFileDialogParams params = ParamsOf(question);
+  if (question.dialog == FileDialog::SAVE_FILE) return my::AskSavePath(Owner(), params);
+  return my::AskOpenPath(Owner(), params);
 }
 
 bool CDialogs::AskPassword(CPasswordEntry& entry) {
@@ -57,8 +64,8 @@ void CDialogs::ShowSettings(bool designPage) {
   CSettingsSheet(*m_context, designPage ? 1 : 0, m_preview).DoModal(Owner());
 }
 
-void CDialogs::OpenReplace(CReplaceTool&) {
-  m_replace = std::make_unique<CReplaceDialog>(*m_context, [] {});
+void CDialogs::OpenReplace() {
+  m_replace = std::make_unique<CReplaceDialog>(*m_context);
   m_replace->CreateModeless(m_owner, m_loop);
 }
 
@@ -75,22 +82,11 @@ void CDialogs::RefreshReplace() {
 }
 
 void CDialogs::EditTask(const CTask& task, const std::function<void(const CTask&)>& confirm) {
-  const auto checkFilter = [this](const std::wstring& filterPath, const std::wstring& sourcePath) {
-    ShowFilter(filterPath, sourcePath);
-  };
-  CTaskDialog(*m_context, task, confirm, checkFilter).DoModal(Owner());
+  CTaskDialog(*m_context, task, confirm).DoModal(Owner());
 }
 
 void CDialogs::EditDst(const CDst& dst, const std::function<void(const CDst&)>& confirm) {
   CDstDialog(*m_context, dst, confirm).DoModal(Owner());
-}
-
-void CDialogs::Set(const CClip& clip) {
-  m_clipboard.Set(m_owner, clip.text, clip.document);
-}
-
-std::optional<std::string> CDialogs::Document() {
-  return m_clipboard.Bytes(m_owner);
 }
 
 void CDialogs::ShowResults(const CResultListModel& results) {

@@ -8,9 +8,7 @@
 
 #include "app/windows.h"
 #include "engine/result.h"
-#include "ui/framework/clipboard.h"
 #include "ui/framework/message_loop.h"
-#include "ui/models/edit_actions.h"
 
 namespace my {
 class CDisabledWindows;
@@ -22,10 +20,11 @@ class CClosingDialog;
 class CReplaceDialog;
 class CResultDialog;
 class CResultListModel;
+struct CAppContext;
 struct CDesignSetting;
 
 // The program's dialogs, over the window that is active: those that the commands ask for, and the others.
-class CDialogs : public IDialogs, public IItemDialogs, public IClipboard {
+class CDialogs : public IDialogs {
  public:
   explicit CDialogs(my::CAutoMessageLoop& loop);
   ~CDialogs() override;
@@ -36,20 +35,17 @@ class CDialogs : public IDialogs, public IItemDialogs, public IClipboard {
   // Shows a design in the main window at once; throws what is wrong with it.
   void SetPreview(std::function<void(const CDesignSetting&)> preview) { m_preview = std::move(preview); }
 
-  std::optional<std::wstring> AskOpenPath(const CFileQuestion& question) override;
-  std::optional<std::wstring> AskSavePath(const CFileQuestion& question) override;
+  std::optional<std::wstring> AskPath(const CFileQuestion& question) override;
   bool AskPassword(CPasswordEntry& entry) override;
   void ShowSettings(bool designPage) override;
-  void OpenReplace(CReplaceTool& tool) override;
+  void ShowAbout() override;
+  void ShowFilter(const std::wstring& filterPath, const std::wstring& sourcePath) override;
+  void OpenReplace() override;
   void FocusReplace() override;
   void CancelReplace() override;
 
   void EditTask(const CTask& task, const std::function<void(const CTask&)>& confirm) override;
   void EditDst(const CDst& dst, const std::function<void(const CDst&)>& confirm) override;
-
-  void Set(const CClip& clip) override;
-  std::optional<std::string> Document() override;
-  bool HasDocument() const override { return m_clipboard.HasBytes(); }
 
   // The selections of the lists have changed.
   void RefreshReplace();
@@ -59,8 +55,6 @@ class CDialogs : public IDialogs, public IItemDialogs, public IClipboard {
   void RefreshResults();  // rows were added or changed
 
   void ShowTargets(const CResultPtr& row);
-  void ShowFilter(const std::wstring& filterPath, const std::wstring& sourcePath);
-  void ShowAbout();
 
   // Disables every window and says that the program ends, and what it waits for.
   void OpenClosing();
@@ -76,7 +70,6 @@ class CDialogs : public IDialogs, public IItemDialogs, public IClipboard {
   HWND m_owner = nullptr;
   CAppContext* m_context = nullptr;
   std::function<void(const CDesignSetting&)> m_preview;
-  my::CClipboard m_clipboard;
   std::unique_ptr<CReplaceDialog> m_replace;
   std::unique_ptr<CResultDialog> m_results;
   std::unique_ptr<my::CDisabledWindows> m_disabled;

@@ -16,13 +16,12 @@
 #include "ui/models/task_warning.h"
 
 namespace qlm {
-
-CDstDialog::CDstDialog(CAppContext& context, CDst dst, CConfirm confirm, my::CFileTime newestWriteTime)
+CDstDialog::CDstDialog(CAppContext& context, CDst dst, CConfirm confirm)
     : CDialog(IDD_DST, &context.settings.dstDlg),
       m_context(context),
       m_dst(std::move(dst)),
       m_confirm(std::move(confirm)),
-      m_time(newestWriteTime ? newestWriteTime : context.ports.engine.clock.Now()),
+      m_time(context.ports.engine.clock.Now()),
       m_taskId(SampleTaskId(context.document.Tasks(), context.window.TaskList().SelectedRows(),
                             context.ports.engine.texts)) {}
 

@@ -16,8 +16,8 @@ class CDstDialog : public my::CDialog {
   using CConfirm = std::function<void(const CDst&)>;
 
   // The context outlives the dialog. OK hands the destination to `confirm`, which throws what is wrong with
-  // it: then that is shown, and the dialog stays. `newestWriteTime` is that of the name shown; none: now.
-  CDstDialog(CAppContext& context, CDst dst, CConfirm confirm, my::CFileTime newestWriteTime = {});
+  // it: then that is shown, and the dialog stays.
+  CDstDialog(CAppContext& context, CDst dst, CConfirm confirm);
 
  protected:
   std::vector<my::CAnchor> Anchors() const override;
@@ -39,7 +39,7 @@ class CDstDialog : public my::CDialog {
   CAppContext& m_context;
   CDst m_dst;
   CConfirm m_confirm;
-  my::CFileTime m_time;
+  my::CFileTime m_time;   // of the name shown: now
   std::wstring m_taskId;  // of the name shown
 };
 

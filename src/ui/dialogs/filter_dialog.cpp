@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "app/file_questions.h"
 #include "control_ids.h"
 #include "document/text_file.h"
 #include "platform/message_texts.h"
@@ -9,7 +10,6 @@
 #include "support/paths.h"
 #include "support/strings.h"
 #include "text_ids.h"
-#include "ui/models/filter_question.h"
 
 namespace qlm {
 
@@ -63,7 +63,7 @@ bool CFilterDialog::OnKey(UINT key) {
 }
 
 void CFilterDialog::Open() {
-  const auto path = m_context.dialogs.AskOpenPath(FilterQuestion(Texts(), m_path));
+  const auto path = m_context.dialogs.AskPath(FilterQuestion(Texts(), m_path));
   if (!path) return;
   m_path = *path;
   Load();

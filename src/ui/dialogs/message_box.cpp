@@ -4,15 +4,16 @@
 
 namespace my {
 
-static_assert(kBoxOkCancel == MB_OKCANCEL && kBoxIconError == MB_ICONERROR && kBoxIconMask == MB_ICONMASK);
-static_assert(kBoxIconWarning == MB_ICONWARNING && kButtonOk == IDOK && kButtonCancel == IDCANCEL);
+static_assert(static_cast<UINT>(BoxStyle::FAILURE) == (MB_OK | MB_ICONERROR));
+static_assert(static_cast<UINT>(BoxStyle::QUESTION) == (MB_OKCANCEL | MB_ICONWARNING));
+static_assert(static_cast<int>(BoxButton::OK) == IDOK && static_cast<int>(BoxButton::CANCEL) == IDCANCEL);
 
-int CMessageBox::Show(const std::wstring& text, const std::wstring& caption, uint32_t style) {
+BoxButton CMessageBox::Show(const std::wstring& text, const std::wstring& caption, BoxStyle style) {
   const HWND active = ::GetActiveWindow();
   const HWND owner = ::IsWindow(m_owner) ? m_owner : nullptr;
   const HWND over = active ? active : owner;
   const CDisabledWindows others(over);
-  return ::MessageBoxW(over, text.c_str(), caption.c_str(), style);
+  return static_cast<BoxButton>(::MessageBoxW(over, text.c_str(), caption.c_str(), static_cast<UINT>(style)));
 }
 
 }  // namespace my

@@ -12,7 +12,7 @@ class CMessageBox : public IMessageBox {
   // The window that a message box belongs to while no window of the program is active.
   void SetOwner(HWND owner) { m_owner = owner; }
 
-  int Show(const std::wstring& text, const std::wstring& caption, uint32_t style) override;
+  BoxButton Show(const std::wstring& text, const std::wstring& caption, BoxStyle style) override;
 
  private:
   HWND m_owner = nullptr;

@@ -35,8 +35,8 @@ bool IsAboutExpression(const my::CException& failure) {
 
 }  // namespace
 
-CReplaceDialog::CReplaceDialog(CAppContext& context, std::function<void()> closed)
-    : CDialog(IDD_REPLACE, &context.settings.replaceDlg), m_context(context), m_closed(std::move(closed)) {}
+CReplaceDialog::CReplaceDialog(CAppContext& context)
+    : CDialog(IDD_REPLACE, &context.settings.replaceDlg), m_context(context) {}
 
 void CReplaceDialog::Refresh() {
   if (!Hwnd() || !m_context.replace.IsOpen()) return;
@@ -98,7 +98,6 @@ std::optional<LRESULT> CReplaceDialog::OnMessage(UINT message, WPARAM, LPARAM) {
 
 void CReplaceDialog::OnClosed(int) {
   if (m_context.replace.IsOpen()) m_context.replace.Cancel(m_context.replace.Options());
-  if (m_closed) m_closed();
 }
 
 void CReplaceDialog::ShowOptions(const CReplaceOptions& options) const {

@@ -1,8 +1,6 @@
 // The window of the replace tool.
 #pragma once
 
-#include <functional>
-
 #include "document/replace_options.h"
 #include "ui/framework/dialog.h"
 
@@ -14,8 +12,7 @@ struct CAppContext;
 // by OK, and cancelled whichever other way the window goes.
 class CReplaceDialog : public my::CDialog {
  public:
-  // `closed` is called as the window goes; the object must not be destroyed by it.
-  CReplaceDialog(CAppContext& context, std::function<void()> closed);
+  explicit CReplaceDialog(CAppContext& context);
 
   // To be called when the selections of the lists or the document have changed. Does nothing while there is
   // no window.
@@ -35,7 +32,6 @@ class CReplaceDialog : public my::CDialog {
   void ShowState() const;
 
   CAppContext& m_context;
-  std::function<void()> m_closed;
 };
 
 }  // namespace qlm

@@ -69,11 +69,8 @@ void CResultDialog::ShowTargets() {
 }
 
 void CResultDialog::SaveCsv() {
-  CFileQuestion question;
-  question.kinds = {{Text(IDS_CSV_KIND), L"*.csv"}};
-  question.defaultExtension = L"csv";
-  question.flags = OFN_EXPLORER | OFN_ENABLESIZING | OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY;
-  const auto path = m_context.dialogs.AskSavePath(question);
+  const CFileQuestion question{FileDialog::SAVE_FILE, {}, {{Text(IDS_CSV_KIND), L"*.csv"}}, L"csv"};
+  const auto path = m_context.dialogs.AskPath(question);
   const CEnginePorts& engine = m_context.ports.engine;
   if (path) my::WriteFileSafely(engine.files, engine.clock, *path, m_model.Csv());
 }

@@ -3,13 +3,13 @@
 #include <utility>
 
 #include "app/explorer_commands.h"
+#include "app/file_questions.h"
 #include "app/windows.h"
 #include "control_ids.h"
 #include "platform/message_texts.h"
 #include "settings/settings.h"
 #include "text_ids.h"
 #include "ui/framework/file_dialogs.h"
-#include "ui/models/filter_question.h"
 #include "ui/models/task_warning.h"
 
 namespace qlm {
@@ -21,12 +21,11 @@ constexpr UINT kWarningDelayMs = 300;
 
 }  // namespace
 
-CTaskDialog::CTaskDialog(CAppContext& context, CTask task, CConfirm confirm, CCheckFilter checkFilter)
+CTaskDialog::CTaskDialog(CAppContext& context, CTask task, CConfirm confirm)
     : CDialog(IDD_TASK, &context.settings.taskDlg),
       m_context(context),
       m_task(std::move(task)),
       m_confirm(std::move(confirm)),
-      m_checkFilter(std::move(checkFilter)),
       m_dsts(context.document.Dsts(), m_task.dsts, context.ports.engine.texts) {}
 
 std::vector<my::CAnchor> CTaskDialog::Anchors() const {
@@ -161,12 +160,12 @@ void CTaskDialog::Browse() {
 
 void CTaskDialog::BrowseFilter() {
   const CFileQuestion question = FilterQuestion(m_context.ports.engine.texts, ItemText(IDC_TASK_FILTER));
-  if (const auto path = m_context.dialogs.AskOpenPath(question)) SetItemText(IDC_TASK_FILTER, *path);
+  if (const auto path = m_context.dialogs.AskPath(question)) SetItemText(IDC_TASK_FILTER, *path);
 }
 
 void CTaskDialog::CheckFilter() {
   try {
-    m_checkFilter(ItemText(IDC_TASK_FILTER), ItemText(IDC_TASK_PATH));
+    m_context.dialogs.ShowFilter(ItemText(IDC_TASK_FILTER), ItemText(IDC_TASK_PATH));
   } catch (...) {
     ShowCurrentFailure(m_context);
     FocusItem(IDC_TASK_FILTER);

@@ -14,12 +14,10 @@ namespace qlm {
 class CTaskDialog : public my::CDialog {
  public:
   using CConfirm = std::function<void(const CTask&)>;
-  using CCheckFilter = std::function<void(const std::wstring& filterPath, const std::wstring& sourcePath)>;
 
   // The context outlives the dialog. OK hands the task to `confirm`, which throws what is wrong with it:
-  // then that is shown, and the dialog stays. `checkFilter` shows what a filter file does, over the dialog;
-  // what it throws is shown, too.
-  CTaskDialog(CAppContext& context, CTask task, CConfirm confirm, CCheckFilter checkFilter);
+  // then that is shown, and the dialog stays.
+  CTaskDialog(CAppContext& context, CTask task, CConfirm confirm);
 
  protected:
   std::vector<my::CAnchor> Anchors() const override;
@@ -61,7 +59,6 @@ class CTaskDialog : public my::CDialog {
   CAppContext& m_context;
   CTask m_task;
   CConfirm m_confirm;
-  CCheckFilter m_checkFilter;
   CTaskDstsModel m_dsts;
   CList m_list{*this};
   bool m_pathIsNew = false;  // no ID was proposed for it yet

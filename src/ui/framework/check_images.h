@@ -1,4 +1,4 @@
-// The images of check boxes in a list.
+// Images for the check boxes of a list.
 #pragma once
 
 #include "ui/framework/gdi.h"
@@ -6,10 +6,10 @@
 
 namespace my {
 
-// State images 1 to 3: unchecked, checked, mixed. Empty when the system is out of resources.
+// Returns state images 1 to 3: unchecked, checked, mixed. Null if the system is out of resources.
 CImageList CheckImages(UINT dpi);
 
-// The state image of a row; 0 is none.
+// Returns the state image index of a row; 0 for none.
 inline UINT CheckImageIndex(ListCheck check) {
   return static_cast<UINT>(check);
 }

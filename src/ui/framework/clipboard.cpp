@@ -32,7 +32,7 @@ class COpenClipboard {
   explicit operator bool() const { return m_open; }
 
  private:
-  // Clipboard watchers hold it for a moment after each change.
+  // Retries because clipboard viewers hold the clipboard for a moment after each change.
   static bool Open(HWND owner) {
     constexpr int kTries = 5;
     constexpr DWORD kPauseMs = 20;
@@ -55,13 +55,13 @@ CMemory MakeMemory(const void* data, size_t size) {
   return memory;
 }
 
-// The memory belongs to the system once it was taken.
+// Puts the memory on the clipboard, which then owns it.
 void Put(UINT format, CMemory memory) {
   if (!::SetClipboardData(format, memory.get())) ThrowLastError();
   memory.release();
 }
 
-// All bytes of the memory, which may be more than were put there.
+// Returns all bytes of the memory block, which may be longer than what was put there.
 std::optional<std::string> Get(HWND owner, UINT format) {
   const COpenClipboard open(owner);
   const HANDLE memory = open ? ::GetClipboardData(format) : nullptr;
@@ -82,7 +82,7 @@ void CClipboard::Set(HWND owner, const std::optional<std::wstring>& text,
   if (!open || !::EmptyClipboard()) ThrowLastError();
   if (text) Put(CF_UNICODETEXT, MakeMemory(text->c_str(), (text->size() + 1) * sizeof(wchar_t)));
   if (!bytes) return;
-  // The length goes first: the system rounds sizes up.
+  // The length is stored first, because the system rounds the size of memory blocks up.
   const auto size = static_cast<uint32_t>(bytes->size());
   const std::string data = std::string(reinterpret_cast<const char*>(&size), sizeof size) + *bytes;
   Put(m_format, MakeMemory(data.data(), data.size()));

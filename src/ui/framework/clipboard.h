@@ -1,4 +1,4 @@
-// The clipboard: text for everybody, and data of the program's own beside it.
+// Clipboard access: Unicode text, and data in a format of the program.
 #pragma once
 
 #include <windows.h>
@@ -10,19 +10,19 @@ namespace my {
 
 class CClipboard {
  public:
-  // The name under which every running copy of the program knows its data.
+  // `formatName` identifies the data format in all running instances of the program.
   explicit CClipboard(const wchar_t* formatName);
 
-  // Replaces everything there. `owner` is a window of the calling thread.
-  // Throws the system's error, as when another program holds the clipboard.
+  // Replaces the contents. `owner` is a window of the calling thread. Throws the system error if, for
+  // example, another program holds the clipboard.
   void Set(HWND owner, const std::optional<std::wstring>& text,
            const std::optional<std::string>& bytes) const;
 
-  // Empty when there is nothing of the kind, or another program holds the clipboard.
+  // Return nullopt if the format is absent or another program holds the clipboard.
   std::optional<std::wstring> Text(HWND owner) const;
   std::optional<std::string> Bytes(HWND owner) const;
 
-  // Cheap, for the state of commands.
+  // Do not open the clipboard, so they are cheap enough for the state of commands.
   bool HasText() const { return ::IsClipboardFormatAvailable(CF_UNICODETEXT) != FALSE; }
   bool HasBytes() const { return ::IsClipboardFormatAvailable(m_format) != FALSE; }
 

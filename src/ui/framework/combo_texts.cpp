@@ -7,7 +7,7 @@
 namespace my {
 namespace {
 
-// The edit control within an editable combo box; null for any other control.
+// Returns the edit control of an editable combo box; null for any other control.
 HWND EditOf(HWND control) {
   wchar_t name[16]{};
   ::GetClassNameW(control, name, static_cast<int>(std::size(name)));

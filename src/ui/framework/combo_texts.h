@@ -7,9 +7,8 @@
 
 namespace my {
 
-// Keeps text and selection of a window's editable combo boxes as they are now, as long as it lives. An
-// editable combo box whose width or font changes completes its text with an entry of its list that begins
-// with it.
+// Saves text and selection of the editable combo boxes in a window, and restores them when destroyed. Needed
+// because an editable combo box completes its text from its list when its width or font changes.
 class CComboTexts {
  public:
   explicit CComboTexts(HWND window);

@@ -1,4 +1,4 @@
-// What several dialogs do to their controls.
+// Functions on controls that several dialogs use.
 #pragma once
 
 #include <windows.h>
@@ -11,10 +11,10 @@
 
 namespace my {
 
-// Adds to the list of a combo box.
+// Appends the items to the list of a combo box.
 void FillCombo(HWND combo, const std::vector<std::wstring>& items);
 
-// Fills the list of a combo box with the texts of an enumeration and chooses one.
+// Appends the texts of an enumeration to the list of a combo box and selects `chosen`.
 template <class TEnum>
 void FillFromTexts(HWND combo, const IMessageTexts& texts, const CEnumTexts<TEnum>& ids, TEnum chosen) {
   std::vector<std::wstring> items;
@@ -23,13 +23,13 @@ void FillFromTexts(HWND combo, const IMessageTexts& texts, const CEnumTexts<TEnu
   ::SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(chosen), 0);
 }
 
-// The chosen item of a combo box, from 0 on.
+// Returns the index of the selected item; -1 for none.
 int Chosen(HWND combo);
 
-// Whether the characters of a password's edit control are masked, from now on.
+// Shows or masks the characters of a password edit control.
 void MaskPassword(HWND edit, bool hide);
 
-// Overwrites and empties the control, which keeps its text in memory of its own.
+// Overwrites the text of the control before emptying it: the control keeps the text in its own memory.
 void WipePassword(HWND edit);
 
 }  // namespace my

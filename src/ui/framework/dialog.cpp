@@ -22,7 +22,7 @@ HINSTANCE Instance() {
   return ::GetModuleHandleW(nullptr);
 }
 
-// Newer systems scale dialogs themselves, by other rules than ours.
+// Newer systems scale dialogs on a DPI change. This class does it itself, from the template.
 void KeepSystemFromScaling(HWND dialog) {
   constexpr int kDisableAll = 1;
   using Function = BOOL WINAPI(HWND, int, int);
@@ -30,7 +30,7 @@ void KeepSystemFromScaling(HWND dialog) {
   if (setBehavior) setBehavior(dialog, kDisableAll, kDisableAll);
 }
 
-// The units that the dialog was created with. Many of them at once: one alone would be rounded.
+// Returns the dialog units at creation. Measures many units at once, because a single one would be rounded.
 CDialogUnits CreatedUnits(HWND dialog) {
   constexpr int kMany = 1000;
   RECT units{0, 0, kMany, kMany};
@@ -131,7 +131,7 @@ INT_PTR CALLBACK CDialog::Thunk(HWND hwnd, UINT message, WPARAM wParam, LPARAM l
   if (!dialog) return FALSE;
   const auto result =
       Guarded(std::optional<LRESULT>{}, [&] { return dialog->Handle(message, wParam, lParam); });
-  // The window's last message; an object destroyed by its handler is detached already.
+  // The last message of the window. If its handler destroyed the object, the object is already detached.
   if (message == WM_NCDESTROY && ::GetWindowLongPtrW(hwnd, DWLP_USER) != 0) {
     ::SetWindowLongPtrW(hwnd, DWLP_USER, 0);
     dialog->m_hwnd = nullptr;
@@ -187,7 +187,7 @@ void CDialog::InitPlacement() {
   const SIZE smallest = SmallestSize();
   CRect bounds = DefaultBounds(m_hwnd, smallest);
   if (m_placement && m_placement->rect != CRect{}) {
-    // Pulled back before sums are made of it: the settings file may hold any numbers.
+    // Moved onto a screen before it is used in sums, because the settings file may contain any numbers.
     const CRect pulled = PulledBack(m_hwnd, m_placement->rect);
     bounds = {pulled.left, pulled.top, pulled.left + smallest.cx, pulled.top + smallest.cy};
     if (IsResizable()) {
@@ -196,7 +196,7 @@ void CDialog::InitPlacement() {
     }
   }
   PlaceWindow(m_hwnd, bounds);
-  m_layout.Apply(m_hwnd, m_units);  // also when the size stayed
+  m_layout.Apply(m_hwnd, m_units);  // needed if the size did not change
   if (m_placement && m_placement->maximized && IsResizable()) ::ShowWindow(m_hwnd, SW_SHOWMAXIMIZED);
 }
 
@@ -213,7 +213,7 @@ void CDialog::ChangeDpi(UINT dpi, const RECT& suggested) {
 
 void CDialog::UseFont() {
   const CComboTexts texts(m_hwnd);
-  // The old one must live until no control uses it.
+  // The old font must live until no control uses it.
   CFont font = MessageFont(m_dpi);
   ::SendMessageW(m_hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), FALSE);
   ::EnumChildWindows(m_hwnd, SetFont, reinterpret_cast<LPARAM>(font.Get()));

@@ -1,4 +1,4 @@
-// The base of every dialog.
+// The base class of all dialogs.
 #pragma once
 
 #include <windows.h>
@@ -15,39 +15,40 @@
 
 namespace my {
 
-// One dialog of the calling thread, from a template of the program's resources. Its font is the user's
-// message font; the template gives the proportions, and the smallest size of a dialog with WS_THICKFRAME.
-// The creator owns the object; the window may go first. The destructor destroys the window without the
-// derived class seeing it. An object must not be destroyed while it handles a message.
+// A dialog of the calling thread, created from a resource template. It uses the user's message font; the
+// template gives the proportions, and the minimum size if it has WS_THICKFRAME. The creator owns the object.
+// The window may be destroyed before the object. The destructor destroys the window, but the derived class
+// gets no message of that. An object must not be destroyed while it handles a message.
 class CDialog {
  public:
-  // `placement`, when given, is where the dialog takes its place from and puts it back as its window goes;
-  // it must outlive the window.
+  // If `placement` is not null, the dialog reads its position from it and stores it there when closed; it
+  // must outlive the window.
   explicit CDialog(UINT templateId, CPlacement* placement = nullptr);
   CDialog(const CDialog&) = delete;
   CDialog& operator=(const CDialog&) = delete;
   virtual ~CDialog();
 
-  // Answers what the dialog was closed with. Throws what OnInit threw, else the system's error.
+  // Returns the value passed to Close. Throws what OnInit threw, or the system error.
   int DoModal(HWND parent);
 
-  // Shows the dialog; `loop` translates its keys as long as it is there. Throws as DoModal.
+  // Shows the dialog; `loop` translates its keys while it exists. Throws what OnInit threw, or the system
+  // error.
   void CreateModeless(HWND parent, CAutoMessageLoop& loop);
 
-  // Ends a modal dialog, destroys a modeless one.
+  // Ends a modal dialog or destroys a modeless one.
   void Close(int result);
 
-  // Keeps what the dialog remembers, as closing it does. Does nothing while there is no window.
+  // Stores what the dialog remembers, as closing it does. Does nothing if there is no window.
   virtual void Remember();
 
-  // Null while there is no window.
+  // Null if there is no window.
   HWND Hwnd() const { return m_hwnd; }
   HWND Item(int id) const { return ::GetDlgItem(m_hwnd, id); }
   std::wstring ItemText(int id) const;
   void SetItemText(int id, const std::wstring& text) const;
   void EnableItem(int id, bool enable) const { ::EnableWindow(Item(id), enable); }
 
-  // Moves the focus as the Tab key does: the text of an edit control is selected.
+  // Moves the focus as the Tab key does, which selects the text of an edit control.
   void FocusItem(int id) const;
   bool IsChecked(int id) const { return ::IsDlgButtonChecked(m_hwnd, id) == BST_CHECKED; }
   void SetChecked(int id, bool checked) const {
@@ -56,28 +57,30 @@ class CDialog {
   UINT Dpi() const { return m_dpi; }
 
  protected:
-  // An exception of any of these but OnInit goes to ReportFailure, and the dialog stays.
+  // An exception thrown by these functions, except OnInit, is passed to ReportFailure and the dialog stays
+  // open.
 
   virtual std::vector<CAnchor> Anchors() const { return {}; }
 
-  // The dialog has its place and size. Answers whether the first control gets the focus.
+  // Called when the dialog has its position and size. Returns whether the system sets the focus to the first
+  // control.
   virtual bool OnInit() { return true; }
   virtual void OnOk() { Close(IDOK); }
   virtual void OnCancel() { Close(IDCANCEL); }
 
-  // Other commands, of controls and menus; answers whether it was one of the dialog's.
+  // Handles other commands of controls and menus. Returns whether the command was handled.
   virtual bool OnCommand(int id, int code);
 
-  // The result of a notification that was handled.
+  // Returns the result of the notification if it was handled.
   virtual std::optional<LRESULT> OnNotify(const NMHDR& header);
 
-  // Any other message; comes before the base class looks at it.
+  // Called for every message before the base class handles it.
   virtual std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
-  // Controls and font have their new sizes.
+  // Called when controls and font have their new sizes.
   virtual void OnDpiChanged() {}
 
-  // The window is about to go.
+  // Called before the window is destroyed.
   virtual void OnClosed(int result);
 
  private:

@@ -6,12 +6,12 @@
 
 namespace my {
 
-// Keeps the user out of the calling thread's visible windows as long as it lives. A modal dialog disables its
-// owner only: beside a modeless dialog that owns it, the main window could be worked on, or closed.
+// Disables the visible top-level windows of the calling thread until destroyed. A modal dialog disables only
+// its owner: if a modeless dialog owns it, the user could still work in the main window or close it.
 class CDisabledWindows {
  public:
-  // `except` is left alone, or the window that it is a child of: the owner that the system itself disables
-  // and enables. Null for none.
+  // The top-level window of `except` is left enabled: the owner, which the system disables and enables
+  // itself. Null for none.
   explicit CDisabledWindows(HWND except);
   CDisabledWindows(const CDisabledWindows&) = delete;
   CDisabledWindows& operator=(const CDisabledWindows&) = delete;

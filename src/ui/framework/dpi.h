@@ -1,4 +1,4 @@
-// Dots per inch: every length in pixels is written for 96 of them and scaled to those of the window.
+// Scaling for the DPI. Lengths in the code are pixels at 96 DPI and are scaled to the DPI of the window.
 #pragma once
 
 #include <windows.h>
@@ -9,10 +9,10 @@ namespace my {
 
 inline constexpr UINT kDefaultDpi = 96;
 
-// Of the screen that the window stands on, as far as the system tells it window by window.
+// Returns the DPI of the window, or of the primary screen on systems without DPI per window.
 UINT WindowDpi(HWND window);
 
-// From pixels at 96 DPI, and back; rounded, so that Unscale(Scale(n)) is n from 96 DPI on.
+// Convert pixels from and to 96 DPI, rounded. Unscale(Scale(n)) is n for 96 DPI and above.
 inline int Scale(int pixels, UINT dpi) {
   return ::MulDiv(pixels, static_cast<int>(dpi), kDefaultDpi);
 }
@@ -20,18 +20,18 @@ inline int Unscale(int pixels, UINT dpi) {
   return ::MulDiv(pixels, kDefaultDpi, static_cast<int>(dpi));
 }
 
-// GetSystemMetrics for a DPI.
+// Returns GetSystemMetrics for a DPI.
 int SystemMetric(int index, UINT dpi);
 
-// The outer rectangle of a window with this client area, without a menu.
+// Returns the outer rectangle of a window without a menu that has this client area.
 RECT OuterRect(RECT client, DWORD style, DWORD exStyle, UINT dpi);
 
-// The font in which the user wants to read messages and dialogs.
+// The user's font for message boxes and dialogs.
 LOGFONTW MessageLogFont(UINT dpi);
 CFont MessageFont(UINT dpi);
 
-// Tells every window below `parent` a new DPI by a message of our own, DpiMessage(), whose WPARAM is the DPI.
-// The system's message for children comes only from newer systems, and not with every DPI awareness.
+// Sends DpiMessage() to all descendants of `parent`; its WPARAM is the DPI. The system has a message of its
+// own for children only in newer versions and only for some DPI awareness modes.
 UINT DpiMessage();
 void BroadcastDpi(HWND parent, UINT dpi);
 

@@ -16,7 +16,8 @@ CFailureHandler SetFailureHandler(CFailureHandler handler) {
 
 void ReportFailure(std::exception_ptr failure) noexcept {
   try {
-    // A copy: the handler may be replaced while it runs, by a message box's loop for one.
+    // A copy, because the handler may be replaced while it runs, for example from the message loop of a
+    // message box.
     const CFailureHandler handler = Handler();
     if (handler) handler(std::move(failure));
   } catch (...) {

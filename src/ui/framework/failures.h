@@ -1,4 +1,4 @@
-// What becomes of exceptions that reach a window procedure: they must not pass through the system's code.
+// Handling of exceptions in window procedures: they must not propagate through code of the system.
 #pragma once
 
 #include <windows.h>
@@ -11,14 +11,14 @@ namespace my {
 
 using CFailureHandler = std::function<void(std::exception_ptr)>;
 
-// Sets who is told of failures, and answers who was told before. For the user-interface thread, before its
-// first window. Without a handler failures are dropped.
+// Sets the failure handler and returns the previous one. Called on the user-interface thread before it
+// creates windows. Without a handler failures are dropped.
 CFailureHandler SetFailureHandler(CFailureHandler handler);
 
-// Tells the handler. A failure of the handler itself is dropped.
+// Calls the failure handler. An exception of the handler itself is dropped.
 void ReportFailure(std::exception_ptr failure) noexcept;
 
-// What `handler` answers, or `failed` after its exception was reported.
+// Returns the result of `handler`. If it throws, reports the exception and returns `failed`.
 template <class Result, class Handler>
 Result Guarded(Result failed, Handler&& handler) noexcept {
   try {

@@ -21,7 +21,7 @@ struct CFreeTaskMemory {
   void operator()(void* memory) const { ::CoTaskMemFree(memory); }
 };
 
-// Pairs of texts that end in a null character each, one more at the end.
+// Returns pairs of null-terminated texts, followed by another null.
 std::wstring FilterText(const std::vector<CFileKind>& kinds) {
   std::wstring text;
   for (const CFileKind& kind : kinds) text += kind.name + L'\0' + kind.pattern + L'\0';
@@ -32,7 +32,7 @@ const wchar_t* TextOrNull(const std::wstring& text) {
   return text.empty() ? nullptr : text.c_str();
 }
 
-// Answers the code of what went wrong, 0 when the user chose or cancelled.
+// Returns an error code; 0 if the user chose a file or cancelled.
 DWORD Ask(DialogFunction& dialog, HWND owner, const CFileDialogParams& params, CPathBuffer& path,
           bool& chosen) {
   const std::wstring filter = FilterText(params.kinds);
@@ -77,7 +77,7 @@ std::optional<std::wstring> ItemPath(IShellItem& item) {
   return std::wstring(text);
 }
 
-// Answers whether the system has this dialog.
+// Returns false if the system does not have this dialog.
 bool AskFolderByItems(HWND owner, const std::wstring& title, const std::wstring& initialFolder,
                       std::optional<std::wstring>& chosen) {
   CComPtr<IFileOpenDialog> dialog;

@@ -11,7 +11,7 @@
 namespace my {
 namespace {
 
-// The system may write to the bytes while it looks values up.
+// Not const, because the query functions may write to the block.
 using CBlock = std::vector<std::byte>;
 
 std::wstring TextOf(CBlock& block, const std::wstring& language, const wchar_t* name) {
@@ -22,7 +22,7 @@ std::wstring TextOf(CBlock& block, const std::wstring& language, const wchar_t* 
   return static_cast<const wchar_t*>(text);
 }
 
-// The language and code page of the texts as they stand in their key: eight hexadecimal digits.
+// Returns language and code page of the texts, in the form of their key: eight hexadecimal digits.
 std::optional<std::wstring> LanguageOf(CBlock& block) {
   void* value = nullptr;
   UINT size = 0;

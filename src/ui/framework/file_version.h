@@ -1,4 +1,4 @@
-// What the version resources of programs say.
+// Version resources of programs.
 #pragma once
 
 #include <optional>
@@ -6,16 +6,16 @@
 
 namespace my {
 
-// The texts of the resource's first language; empty where it has none.
+// Texts in the first language of the resource; empty if missing.
 struct CFileVersion {
   std::wstring product;
-  std::wstring version;  // of the product
+  std::wstring version;  // product version
 };
 
-// Of a program file; nothing when it cannot be read or has no such resource.
+// Reads the version of a program file. Returns nullopt if the file cannot be read or has no version resource.
 std::optional<CFileVersion> ReadFileVersion(const std::wstring& path);
 
-// Of the running program.
+// Returns the version of the running program.
 CFileVersion OwnVersion();
 
 }  // namespace my

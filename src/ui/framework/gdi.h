@@ -1,4 +1,4 @@
-// Owners of what the window system hands out, and guards for drawing.
+// Owners of window-system objects, and guards for drawing.
 #pragma once
 
 #include <windows.h>
@@ -9,7 +9,7 @@
 
 namespace my {
 
-// Shared objects (LoadIcon, stock objects, menus that a window owns) must not be put into these.
+// Shared objects (from LoadIcon, stock objects, menus owned by a window) must not be stored in these.
 using CFont = CHandle<HFONT, &::DeleteObject>;
 using CBrush = CHandle<HBRUSH, &::DeleteObject>;
 using CBitmap = CHandle<HBITMAP, &::DeleteObject>;
@@ -20,7 +20,7 @@ using CImageList = CHandle<HIMAGELIST, &::ImageList_Destroy>;
 using CAccelerators = CHandle<HACCEL, &::DestroyAcceleratorTable>;
 using CMemoryDc = CHandle<HDC, &::DeleteDC>;
 
-// A device context of a window (null: the screen) for as long as the object lives.
+// The device context of a window, or of the screen if `window` is null.
 class CWindowDc {
  public:
   explicit CWindowDc(HWND window) : m_window(window), m_dc(::GetDC(window)) {}
@@ -35,7 +35,7 @@ class CWindowDc {
   HDC m_dc;
 };
 
-// Selects an object, and what was selected before when it goes.
+// Selects an object and restores the previous one when destroyed.
 class CSelect {
  public:
   CSelect(HDC dc, HGDIOBJ object) : m_dc(dc), m_before(::SelectObject(dc, object)) {}
@@ -48,7 +48,7 @@ class CSelect {
   HGDIOBJ m_before;
 };
 
-// BeginPaint to EndPaint.
+// Calls BeginPaint, and EndPaint when destroyed.
 class CPaint {
  public:
   explicit CPaint(HWND window) : m_window(window), m_dc(::BeginPaint(window, &m_paint)) {}
@@ -65,7 +65,7 @@ class CPaint {
   HDC m_dc;
 };
 
-// Draws aside, in the coordinates of `target`, and shows `area` at once when it goes.
+// Double buffering: drawing uses the coordinates of `target`, and the destructor copies `area` to it.
 class CBuffer {
  public:
   CBuffer(HDC target, const RECT& area)
@@ -90,7 +90,7 @@ class CBuffer {
   RECT m_area;
   CMemoryDc m_dc;
   CBitmap m_bitmap;
-  CSelect m_select;  // goes first: a selected bitmap cannot be deleted
+  CSelect m_select;  // destroyed first, because a selected bitmap cannot be deleted
 };
 
 }  // namespace my

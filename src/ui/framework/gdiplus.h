@@ -1,4 +1,4 @@
-// GDI+ with the headers that its own leave out.
+// GDI+, with the headers that it needs but does not include.
 #pragma once
 
 #include <windows.h>
@@ -10,7 +10,7 @@
 
 namespace my {
 
-// GDI+ in this process for as long as the object lives.
+// Keeps GDI+ started.
 class CGdiplus {
  public:
   CGdiplus() {

@@ -30,7 +30,7 @@ SIZE SizeOf(IWICBitmapSource& source) {
   return {static_cast<LONG>(width), static_cast<LONG>(height)};
 }
 
-// What the camera noted: 1 upright, or a turn and a flip.
+// Returns the EXIF orientation: 1 is upright, other values are a rotation, a flip or both.
 UINT OrientationOf(IWICBitmapFrameDecode& frame) {
   CWic<IWICMetadataQueryReader> reader;
   if (FAILED(frame.GetMetadataQueryReader(reader.Out()))) return 1;
@@ -55,7 +55,7 @@ WICBitmapTransformOptions TurnFor(UINT orientation) {
   return orientation >= 1 && orientation <= std::size(kTurns) ? kTurns[orientation - 1] : kTurns[0];
 }
 
-// A chain of steps, each of which asks the one before for its pixels.
+// A chain of WIC steps, each of which reads its pixels from the previous one.
 class CReader {
  public:
   explicit CReader(const std::wstring& path) : m_factory(Factory()) {
@@ -87,7 +87,7 @@ class CReader {
     m_source = step.Get();
   }
 
-  // A turned picture is read out of order: it has to be in memory.
+  // Rotation reads pixels out of order, so the picture must be in memory.
   void Turn(UINT orientation) {
     Check(m_factory->CreateBitmapFromSource(m_source, WICBitmapCacheOnLoad, m_memory.Out()));
     Check(m_factory->CreateBitmapFlipRotator(m_turn.Out()));
@@ -109,7 +109,7 @@ class CReader {
     m_source = m_scale.Get();
   }
 
-  // With a profile that cannot be used the colours stay as they stand in the file.
+  // If the colour profile cannot be used, the colours of the file are kept.
   void UseSrgb() {
     CWic<IWICColorContext> own;
     if (FAILED(m_factory->CreateColorContext(own.Out()))) return;
@@ -145,7 +145,7 @@ class CReader {
   CWic<IWICBitmapScaler> m_scale;
   CWic<IWICColorTransform> m_colors;
   CWic<IWICFormatConverter> m_multiplied;
-  IWICBitmapSource* m_source = nullptr;  // the last step
+  IWICBitmapSource* m_source = nullptr;  // the last step so far
 };
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Pictures from files of the formats that the system decodes, PNG, JPEG, BMP and GIF among them.
+// Reads image files in the formats of the system, including PNG, JPEG, BMP and GIF.
 #pragma once
 
 #include <windows.h>
@@ -12,19 +12,19 @@ namespace my {
 
 struct CPicture {
   SIZE size{};                   // pixels; both at least 1
-  std::vector<uint32_t> pixels;  // 0xAARRGGBB in rows from the top, colours multiplied by the opacity
+  std::vector<uint32_t> pixels;  // 0xAARRGGBB, rows from the top, premultiplied alpha
 };
 
-// A part of a picture, and the size that it is brought to.
+// A part of a picture and the size to which it is scaled.
 struct CPictureCut {
   RECT part{};
   SIZE size{};
 };
 
-// Reads the first frame, its colours brought to sRGB and upright as the camera was held. `cut` gets the whole
-// size and answers what is kept; it must not answer anything empty or beyond the picture. The whole picture
-// is never in memory if the decoder can do without. COM must be set up on the thread. Throws
-// IDS_IMAGE_NOT_READ.
+// Reads the first frame, converted to sRGB and rotated as its metadata demands. `cut` is called with the full
+// size and returns the part to keep, which must be within the picture and not empty. The whole picture is
+// loaded into memory only if the decoder or a rotation needs it. COM must be initialized on the thread.
+// Throws IDS_IMAGE_NOT_READ.
 CPicture ReadPicture(const std::wstring& path, const std::function<CPictureCut(SIZE)>& cut);
 
 }  // namespace my

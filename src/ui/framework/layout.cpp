@@ -12,7 +12,7 @@
 namespace my {
 namespace {
 
-// The whole rectangle of a drop-down list's control is what its size is set by.
+// Returns the rectangle that sets the size of the control; for a drop-down list it includes the open list.
 RECT DesignRect(HWND control) {
   RECT rect{};
   ::GetWindowRect(control, &rect);

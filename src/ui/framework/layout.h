@@ -1,4 +1,4 @@
-// Where the controls of a resizable window go.
+// The layout of controls in a resizable window.
 #pragma once
 
 #include <windows.h>
@@ -7,7 +7,7 @@
 
 namespace my {
 
-// How much of the window's extra width and height, in percent, each edge of a control moves.
+// Percent of the window's extra width or height by which each edge of a control moves.
 struct CShares {
   int left = 0;
   int top = 0;
@@ -15,11 +15,10 @@ struct CShares {
   int bottom = 0;
 };
 
-// Edges of the window from which the edges of a control keep their distance.
+// Edges of the window to which a control is anchored.
 enum : unsigned { kLeft = 1, kTop = 2, kRight = 4, kBottom = 8 };
 
-// A control bound to neither or only the left (upper) edge stays, one bound only to the right (lower) edge
-// moves, one bound to both is stretched.
+// A control anchored only to the right (bottom) moves, one anchored to both sides stretches, any other stays.
 constexpr CShares Edges(unsigned edges) {
   const bool moveX = (edges & (kLeft | kRight)) == kRight;
   const bool moveY = (edges & (kTop | kBottom)) == kBottom;
@@ -27,7 +26,7 @@ constexpr CShares Edges(unsigned edges) {
           (edges & kBottom) != 0 ? 100 : 0};
 }
 
-// An entry of a window's anchor table. Controls side by side share the width with shares of their own:
+// An entry of a window's anchor table. Adjacent controls can divide the extra width with explicit shares:
 // {IDC_A, {0, 0, 50, 100}}, {IDC_B, {50, 0, 100, 100}}.
 struct CAnchor {
   int controlId;
@@ -37,23 +36,23 @@ struct CAnchor {
   constexpr CAnchor(int id, CShares controlShares) : controlId(id), shares(controlShares) {}
 };
 
-// Horizontal and vertical units of a dialog template in pixels: the average character is 4 wide, 8 high.
+// Size of a dialog unit in pixels: an average character is 4 units wide and 8 high.
 struct CDialogUnits {
   double x = 1;
   double y = 1;
 };
 CDialogUnits UnitsOf(HFONT font);
 
-// The controls of a dialog as its template places them, for any font and size of the window.
+// Scales the controls of a dialog template to any font and window size.
 class CLayout {
  public:
-  // Takes the places of now: the window as created, `units` those it was created with.
+  // Records the current positions of the controls; `units` are the dialog units of the window at creation.
   void Capture(HWND window, const CDialogUnits& units, std::vector<CAnchor> anchors);
 
-  // The client area of the template in pixels.
+  // Returns the client size of the template in pixels.
   SIZE DesignSize(const CDialogUnits& units) const;
 
-  // Places all controls for the window's client area of now; no control gets a negative size.
+  // Places all controls for the current client area. No control gets a negative size.
   void Apply(HWND window, const CDialogUnits& units) const;
 
  private:

@@ -17,7 +17,7 @@ RECT RowRect(HWND list, int row) {
   return rect;
 }
 
-// Above the first row lies the header.
+// Returns the top of the rows, below the header.
 int RowsTop(HWND list) {
   RECT header{};
   const HWND window = ListView_GetHeader(list);
@@ -64,7 +64,7 @@ std::optional<size_t> CListDrag::Drop() {
 }
 
 void CListDrag::Cancel() {
-  // Empty before the mouse is let go: the window is told of that, and would cancel again.
+  // Cleared before releasing the capture, because WM_CAPTURECHANGED calls this function again.
   const HWND list = std::exchange(m_list, nullptr);
   if (!list) return;
   ::KillTimer(list, kTimer);
@@ -90,7 +90,7 @@ int CListDrag::TargetAt(POINT point) const {
   const RECT row = RowRect(m_list, top);
   const int height = std::max(1L, row.bottom - row.top);
   const int middle = static_cast<int>(point.y - row.top) + height / 2;
-  // Rounded down, also above the first row.
+  // Rounded down, also for points above the first row.
   const int rows = middle >= 0 ? middle / height : -1;
   return std::clamp(top + rows, 0, ListView_GetItemCount(m_list));
 }

@@ -1,4 +1,4 @@
-// Dragging rows of a report list to another place in it.
+// Drag and drop of rows within a report list.
 #pragma once
 
 #include <windows.h>
@@ -8,24 +8,25 @@
 
 namespace my {
 
-// Holds the mouse from Begin to Drop or Cancel, marks where the rows would go, and scrolls while the mouse
-// is above or below the rows.
+// Captures the mouse from Begin to Drop or Cancel, marks the insertion point, and scrolls while the mouse is
+// above or below the rows.
 class CListDrag {
  public:
-  static constexpr UINT_PTR kTimer = 0x4452;  // of the list's window; its WM_TIMER calls Scroll
+  static constexpr UINT_PTR kTimer = 0x4452;  // a timer of the list window, whose WM_TIMER calls Scroll
 
   bool Active() const { return m_list != nullptr; }
 
-  // Points are of the list's client area.
+  // Points are in client coordinates of the list.
   void Begin(HWND list, POINT mouse);
   void Move(POINT mouse);
   void Scroll();
 
-  // The row in front of which the dragged ones go, the row count for behind the last.
+  // Ends the drag and returns the row before which to insert; the row count for the end. Nullopt if no drag
+  // is active.
   std::optional<size_t> Drop();
   void Cancel();
 
-  // To be called when the rows are painted.
+  // Called after the rows were painted.
   void DrawMark(HDC dc, UINT dpi) const;
 
  private:

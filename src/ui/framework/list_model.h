@@ -1,4 +1,4 @@
-// What a list shows; the view asks for it whenever it draws.
+// The contents of a list; the view queries the model whenever it draws.
 #pragma once
 
 #include <cstddef>
@@ -14,17 +14,17 @@ enum class ListCheck { None, Unchecked, Checked, Mixed };
 
 struct CListColumn {
   std::wstring title;
-  int width = 0;  // by default, in pixels at 96 DPI
+  int width = 0;  // default, in pixels at 96 DPI
   ListAlign align = ListAlign::Left;
 };
 
 struct CListLook {
-  std::optional<CColor> color;  // of the texts; empty: that of the view
-  bool grey = false;            // as something switched off; goes before the colour
+  std::optional<CColor> color;  // text colour; empty for the colour of the view
+  bool grey = false;            // drawn as disabled; overrides the colour
 };
 
-// Rows and columns count from 0. The columns stay the same for the life of a view; whoever changes rows
-// refreshes the view.
+// Rows and columns count from 0. The columns must not change during the life of a view. Code that changes
+// rows must refresh the view.
 class IListModel {
  public:
   virtual ~IListModel() = default;
@@ -35,12 +35,12 @@ class IListModel {
   virtual std::wstring Text(size_t row, size_t column) const = 0;
   virtual CListLook Look(size_t) const { return {}; }
 
-  // With anything but None in some row the view needs check boxes (CListView::Boxes).
+  // A view shows check boxes only if created with CListView::Boxes::Yes.
   virtual ListCheck Check(size_t) const { return ListCheck::None; }
 };
 
-// The row to which typing `text` leads: the first from `start` on, around the end, whose first column begins
-// with it, upper and lower case being the same.
+// Returns the row that typing `text` selects: the first from `start`, wrapping around, whose first column
+// begins with it. Ignores case.
 std::optional<size_t> FindRow(const IListModel& model, const std::wstring& text, size_t start);
 
 }  // namespace my

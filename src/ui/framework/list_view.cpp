@@ -27,7 +27,7 @@ int Format(ListAlign align) {
   return LVCFMT_LEFT;
 }
 
-// Sets a flag as long as it lives.
+// Sets a flag until destroyed.
 class CFlag {
  public:
   explicit CFlag(bool& flag) : m_flag(flag), m_before(std::exchange(flag, true)) {}
@@ -91,7 +91,7 @@ void CListView::Detach() {
   m_drag.Cancel();
   m_parentHook.Detach();
   m_listHook.Detach();
-  // The control would destroy the images, which are ours.
+  // The control would destroy the images, which this object owns.
   ListView_SetImageList(m_list, nullptr, LVSIL_STATE);
   m_list = nullptr;
 }
@@ -127,7 +127,7 @@ void CListView::Refresh() {
   const CFlag quiet(m_quiet);
   const auto count = static_cast<int>(m_model.RowCount());
   if (ListView_GetItemCount(m_list) != count) ListView_SetItemCountEx(m_list, count, LVSICF_NOSCROLL);
-  // Erased, too: not every part of a row is drawn over, and the control draws into a buffer.
+  // With erasing, because drawing a row does not cover all of it. The control is double-buffered.
   ::InvalidateRect(m_list, nullptr, TRUE);
 }
 
@@ -157,12 +157,21 @@ std::optional<size_t> CListView::Focused() const {
 void CListView::SetFocused(size_t row) {
   const CFlag quiet(m_quiet);
   ListView_SetItemState(m_list, static_cast<int>(row), LVIS_FOCUSED, LVIS_FOCUSED);
-  // A range selected with the shift key starts here, too.
+  // A range selection with Shift then starts here too.
   ListView_SetSelectionMark(m_list, static_cast<int>(row));
 }
 
 void CListView::EnsureVisible(size_t row) {
   ListView_EnsureVisible(m_list, static_cast<int>(row), FALSE);
+}
+
+std::optional<size_t> CListView::RowAt(POINT screen) const {
+  LVHITTESTINFO hit{};
+  hit.pt = screen;
+  ::ScreenToClient(m_list, &hit.pt);
+  const int row = ListView_HitTest(m_list, &hit);
+  if (row < 0) return {};
+  return static_cast<size_t>(row);
 }
 
 void CListView::SetWidths(const std::vector<int32_t>& widths) {
@@ -211,7 +220,7 @@ std::optional<LRESULT> CListView::HandleMessage(UINT message, WPARAM wParam, LPA
     case WM_DESTROY: Detach(); return {};
     case WM_KEYDOWN: return HandleKey(static_cast<UINT>(wParam)) ? std::optional<LRESULT>(0) : std::nullopt;
     case WM_CHAR:
-      // Keys that were handled as such would else be looked for.
+      // Without this, handled keys would start a search by text.
       if ((wParam == L' ' && m_boxes) || wParam == L'\r') return 0;
       return {};
     case WM_GETDLGCODE:
@@ -259,7 +268,7 @@ void CListView::HandleContextMenu(LPARAM position) const {
   if (!m_events.contextMenu) return;
   POINT point{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
   if (position == -1) {
-    // By the keyboard: at the focused row, where it can be seen.
+    // Opened by keyboard: show the menu at the focused row, scrolled into view.
     RECT row{};
     const auto focused = Focused();
     if (focused) {
@@ -296,7 +305,7 @@ std::optional<LRESULT> CListView::HandleNotify(NMHDR& header) {
 
 void CListView::Display(LVITEMW& item) const {
   const auto row = static_cast<size_t>(item.iItem);
-  // The control may still draw rows that the model has lost since the last refresh.
+  // The control may draw rows that were removed from the model since the last refresh.
   const bool exists = row < m_model.RowCount();
   if ((item.mask & LVIF_TEXT) != 0 && item.cchTextMax > 0) {
     const std::wstring text = exists ? m_model.Text(row, static_cast<size_t>(item.iSubItem)) : L"";
@@ -322,7 +331,7 @@ void CListView::HandleClick(const NMITEMACTIVATE& click, bool twice) {
   hit.pt = click.ptAction;
   const int row = ListView_SubItemHitTest(m_list, &hit);
   if (row < 0) return;
-  // Two quick clicks on a box are two clicks.
+  // A double click on a check box counts as two clicks.
   const bool onBox = m_boxes && (hit.flags & LVHT_ONITEM) == LVHT_ONITEMSTATEICON;
   if (onBox && m_events.check)
     m_events.check(static_cast<size_t>(row));
@@ -334,7 +343,7 @@ void CListView::HandleState(UINT oldState, UINT newState) {
   if (m_quiet) return;
   const bool selected = ((oldState ^ newState) & LVIS_SELECTED) != 0;
   if (selected && m_events.selectionChanged) m_events.selectionChanged();
-  // The row that loses the focus is left alone: the one that gets it comes next.
+  // The row that loses the focus is ignored, because the one that gets it follows.
   const bool focused = (newState & ~oldState & LVIS_FOCUSED) != 0;
   if (focused && m_events.focusChanged) m_events.focusChanged();
 }

@@ -1,4 +1,4 @@
-// A report list whose rows a model holds.
+// A report list whose rows come from a model.
 #pragma once
 
 #include <windows.h>
@@ -14,20 +14,20 @@
 
 namespace my {
 
-// What the user does to a list; each may be empty. Changes made through CListView cause no event.
+// User events of a list; each may be empty. Changes made through CListView raise no events.
 struct CListEvents {
-  std::function<void(size_t row)> check;     // a click on its box, or the space bar
-  std::function<void(size_t row)> activate;  // a double click, or Enter
+  std::function<void(size_t row)> check;     // click on the check box, or Space
+  std::function<void(size_t row)> activate;  // double click, or Enter
   std::function<void()> selectionChanged;
   std::function<void()> focusChanged;  // another row has the focus
   std::function<void(POINT screen)> contextMenu;
-  std::function<bool(UINT key)> key;        // a virtual key; answers whether the list shall not see it
+  std::function<bool(UINT key)> key;        // a virtual key; returns true to hide it from the list
   std::function<bool()> canDrag;            // whether the selected rows may be dragged; empty: never
-  std::function<void(size_t before)> drop;  // in front of which row they go; the row count: behind the last
+  std::function<void(size_t before)> drop;  // the row before which to insert; the row count for the end
 };
 
-// A list control of the calling thread. Model and view may not change hands; the model must outlive the
-// control. View and control may go in either order.
+// A list control of the calling thread. The model must outlive the control. View and control may be destroyed
+// in either order.
 class CListView {
  public:
   enum class Boxes { No, Yes };
@@ -37,35 +37,37 @@ class CListView {
   CListView& operator=(const CListView&) = delete;
   virtual ~CListView();
 
-  // A new control, destroyed with the object. Throws the system's error.
+  // Creates a control, which is destroyed with the object. Throws the system error.
   void Create(HWND parent, int id, Boxes boxes, DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP);
 
-  // A control of a dialog's template; it must bear LVS_REPORT | LVS_OWNERDATA there.
+  // Uses a control of a dialog template, which must have the styles LVS_REPORT | LVS_OWNERDATA.
   void Attach(HWND list, Boxes boxes);
 
   HWND Hwnd() const { return m_list; }
   CListEvents& Events() { return m_events; }
 
-  // To be called when rows were added, removed or changed; cheap for any number of rows. Selection and focus
-  // stay on their indices as far as these exist.
+  // Must be called after rows were added, removed or changed; cheap for any number of rows. Selection and
+  // focus keep their row indices if these still exist.
   void Refresh();
 
-  // Ascending.
+  // Returns the selected rows in ascending order.
   std::vector<size_t> Selection() const;
   void Select(const std::vector<size_t>& rows);
   std::optional<size_t> Focused() const;
   void SetFocused(size_t row);
   void EnsureVisible(size_t row);
+  std::optional<size_t> RowAt(POINT screen) const;
 
-  // In pixels at 96 DPI. What `widths` lacks, or has below 0, takes the model's width.
+  // Widths are in pixels at 96 DPI. A missing or negative width means the default width of the model.
   void SetWidths(const std::vector<int32_t>& widths);
   std::vector<int32_t> Widths() const;
 
  protected:
-  // Any message of the control, before the view and the control look at it. Exceptions are reported.
+  // Called for every message of the control before view and control handle it. Exceptions are reported.
   virtual std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
-  // The answer to NM_CUSTOMDRAW. This one gives the rows their colours and draws the insertion mark.
+  // Returns the result of NM_CUSTOMDRAW. This implementation sets the colours of rows and draws the insertion
+  // mark.
   virtual LRESULT OnCustomDraw(NMLVCUSTOMDRAW& draw);
 
   const IListModel& Model() const { return m_model; }
@@ -93,7 +95,7 @@ class CListView {
   HWND m_list = nullptr;
   bool m_owned = false;
   bool m_boxes = false;
-  bool m_quiet = false;  // the selection is being changed through the object
+  bool m_quiet = false;  // the object itself is changing the selection
   UINT m_dpi = 0;
   CImageList m_images;
   CListDrag m_drag;

@@ -72,7 +72,7 @@ int CAutoMessageLoop::Run() {
 
 bool CAutoMessageLoop::Translate(MSG& message) const {
   if (!message.hwnd) return false;
-  // A copy: the command or key that is handled within may open or close a dialog.
+  // A copy, because a translated command or key may open or close a dialog.
   const auto entries = m_translations->entries;
   return std::any_of(entries.begin(), entries.end(), [&](const CTranslations::CEntry& entry) {
     if (!IsWithin(entry.window, message.hwnd)) return false;

@@ -9,7 +9,7 @@ namespace my {
 
 struct CTranslations;
 
-// Keeps one entry of a message loop for as long as it lives; loop and entry may go in either order.
+// Keeps an entry of a message loop registered. Loop and entry may be destroyed in either order.
 class CTranslation {
  public:
   CTranslation() = default;
@@ -30,14 +30,14 @@ class CAutoMessageLoop {
   CAutoMessageLoop(const CAutoMessageLoop&) = delete;
   CAutoMessageLoop& operator=(const CAutoMessageLoop&) = delete;
 
-  // Keys for `window` or one of its children are looked up in `table`, whose owner is the caller, and become
-  // its WM_COMMAND. One table a window.
+  // Translates keys for `window` and its descendants to WM_COMMAND messages for `window`. The caller owns
+  // `table`. One table per window.
   [[nodiscard]] CTranslation AddAccelerators(HWND window, HACCEL table);
 
-  // Tab, arrow keys, Enter and Esc move within a modeless dialog.
+  // Handles Tab, arrow keys, Enter and Esc for a modeless dialog.
   [[nodiscard]] CTranslation AddDialog(HWND dialog);
 
-  // Until WM_QUIT; answers its exit code. Throws the system's error when messages cannot be got.
+  // Runs until WM_QUIT and returns its exit code. Throws the system error if GetMessage fails.
   int Run();
 
  private:

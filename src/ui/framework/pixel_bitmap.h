@@ -1,4 +1,4 @@
-// Bitmaps whose pixels the program computes itself.
+// Bitmaps with direct access to their pixels.
 #pragma once
 
 #include <windows.h>
@@ -10,8 +10,8 @@
 
 namespace my {
 
-// Top-down rows of 32 bits a pixel, and a device context that shows them. At least one pixel large. Throws
-// the system's error.
+// A top-down bitmap with 32 bits per pixel and a device context. At least 1 x 1 pixels. Throws the system
+// error.
 class CPixelBitmap {
  public:
   explicit CPixelBitmap(SIZE size);
@@ -19,7 +19,7 @@ class CPixelBitmap {
   SIZE Size() const { return m_size; }
   HDC Dc() const { return m_dc.Get(); }
 
-  // Not to be used while drawing into Dc() is under way; GdiFlush parts the two.
+  // Call GdiFlush after drawing to Dc() and before using the pixels.
   std::span<uint32_t> Pixels() const { return m_pixels; }
 
  private:
@@ -27,7 +27,7 @@ class CPixelBitmap {
   std::span<uint32_t> m_pixels;
   CMemoryDc m_dc;
   CBitmap m_bitmap;
-  CSelect m_select;  // goes first: a selected bitmap cannot be deleted
+  CSelect m_select;  // destroyed first, because a selected bitmap cannot be deleted
 };
 
 }  // namespace my

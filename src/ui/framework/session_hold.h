@@ -6,8 +6,8 @@
 
 namespace my {
 
-// Shows `reason` beside the window while the system waits for the session to end; an empty one shows nothing.
-// To be called on the window's thread. Whether the session may end is what the window answers to
+// Shows `reason` for the window while the system waits to end the session; an empty reason removes it. Must
+// be called on the thread of the window. Whether the session may end is decided by the result of
 // WM_QUERYENDSESSION.
 void HoldSession(HWND window, const std::wstring& reason);
 

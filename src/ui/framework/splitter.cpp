@@ -85,7 +85,7 @@ void CSplitter::Arrange() const {
   const SIZE size = ClientSize();
   const int top = BarTop();
   const int below = top + BarHeight();
-  // What stands behind the panes does not move with them.
+  // The background behind the panes does not move with them, so their bits must not be copied.
   const UINT kept = drawBehind ? SWP_NOCOPYBITS : 0U;
   const UINT flags = SWP_NOZORDER | SWP_NOACTIVATE | kept;
   HDWP moves = ::BeginDeferWindowPos(2);
@@ -110,7 +110,7 @@ int CSplitter::BarHeight() const {
 void CSplitter::MoveTo(int top) {
   const int before = m_upper;
   SetUpper(Unscale(top, m_dpi));
-  // What there is no room for is not the user's wish.
+  // Keeps the position that was possible, not the one the mouse asked for.
   m_upper = Unscale(BarTop(), m_dpi);
   ::UpdateWindow(Hwnd());
   if (m_upper != before && onMoved) onMoved();

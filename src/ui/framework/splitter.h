@@ -1,4 +1,4 @@
-// Two windows, one above the other, and a bar between them that the user moves.
+// Two panes, one above the other, with a bar that the user can move.
 #pragma once
 
 #include <functional>
@@ -7,24 +7,25 @@
 
 namespace my {
 
-// A child window that holds both panes as its children. The upper one keeps its height when the window is
-// resized, the lower one takes the rest. What the panes tell their parent (WM_COMMAND, WM_NOTIFY,
-// WM_CONTEXTMENU) goes on to the parent of the splitter. With the focus on it the arrow keys move the bar.
+// A window with two child panes. When it is resized, the upper pane keeps its height and the lower one gets
+// the rest. WM_COMMAND, WM_NOTIFY and WM_CONTEXTMENU of the panes are forwarded to the parent of the
+// splitter. With the focus on the splitter the arrow keys move the bar.
 class CSplitter : public CWindow {
  public:
   void CreateIn(HWND parent, int controlId);
 
-  // Children of this window that the caller owns.
+  // Sets the panes: children of this window, owned by the caller.
   void SetPanes(HWND upper, HWND lower);
 
-  // The height of the upper pane in pixels at 96 DPI. As wished: kept while the window has no room for it.
+  // The wanted height of the upper pane, in pixels at 96 DPI. It is kept while the window is too small for
+  // it.
   int Upper() const { return m_upper; }
   void SetUpper(int height);
 
-  // After the user moved the bar.
+  // Called after the user moved the bar.
   std::function<void()> onMoved;
 
-  // Draws what is behind bar and panes; empty: the system's face colour.
+  // Draws the background of the bar and the panes; if empty, the system's face colour is used.
   std::function<void(HDC dc, const RECT& area)> drawBehind;
 
  protected:
@@ -42,7 +43,7 @@ class CSplitter : public CWindow {
   HWND m_upperPane = nullptr;
   HWND m_lowerPane = nullptr;
   int m_upper = 0;
-  int m_grip = 0;  // where in the bar the mouse took it
+  int m_grip = 0;  // offset of the mouse within the bar
   bool m_dragging = false;
   UINT m_dpi = 0;
 };

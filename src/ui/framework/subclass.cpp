@@ -12,7 +12,7 @@ namespace {
 
 struct CChain {
   WNDPROC original = nullptr;
-  std::vector<CSubclass*> members;  // the one that comes first stands last
+  std::vector<CSubclass*> members;  // the last member handles a message first
 };
 
 using CChains = std::unordered_map<HWND, CChain>;
@@ -46,7 +46,7 @@ void CSubclass::Detach() {
   if (chain == Chains().end()) return;
   std::erase(chain->second.members, this);
   const auto thunk = reinterpret_cast<LONG_PTR>(&Thunk);
-  // Somebody else may have come on top meanwhile; then the chain stays, and only passes messages on.
+  // Another subclass was installed on top. Then the chain stays and only passes messages on.
   if (!chain->second.members.empty() || ::GetWindowLongPtrW(chain->first, GWLP_WNDPROC) != thunk) return;
   ::SetWindowLongPtrW(chain->first, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(chain->second.original));
   Chains().erase(chain);
@@ -62,7 +62,8 @@ LRESULT CALLBACK CSubclass::Thunk(HWND hwnd, UINT message, WPARAM wParam, LPARAM
   const auto chain = Chains().find(hwnd);
   if (chain == Chains().end()) return ::DefWindowProcW(hwnd, message, wParam, lParam);
   const WNDPROC original = chain->second.original;
-  const std::vector<CSubclass*> members = chain->second.members;  // they may come and go meanwhile
+  const std::vector<CSubclass*> members =
+      chain->second.members;  // a copy, because handlers may attach or detach members
   for (auto member = members.rbegin(); member != members.rend(); ++member) {
     if (!IsMember(hwnd, *member)) continue;
     const auto handle = [&] { return (*member)->m_handler(message, wParam, lParam); };

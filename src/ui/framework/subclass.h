@@ -1,4 +1,4 @@
-// Takes part in what a window does with its messages, whoever's class it is.
+// Subclassing of windows of any class.
 #pragma once
 
 #include <windows.h>
@@ -8,13 +8,14 @@
 
 namespace my {
 
-// Of the window's own thread. Several may be attached to one window; the one that came last comes first.
-// Object and window may go in either order. The system's own subclassing looks a property up at every
-// message, which takes Wine a tenth of a millisecond: a list asks its parent for every cell that it draws.
+// Handles messages of a window of the same thread. If several objects are attached to a window, the last one
+// attached is called first. Object and window may be destroyed in either order. SetWindowSubclass is not used
+// because it reads a window property for every message, which is slow under Wine; a list sends its parent a
+// notification for every cell that it draws.
 class CSubclass {
  public:
-  // Answers a message in place of the window, or lets it pass. Exceptions are reported, and the message
-  // passes.
+  // Returns the result of a message, or nullopt to pass it on. Exceptions are reported, and the message is
+  // passed on.
   using Handler = std::function<std::optional<LRESULT>(UINT message, WPARAM wParam, LPARAM lParam)>;
 
   CSubclass() = default;
@@ -25,7 +26,7 @@ class CSubclass {
   void Attach(HWND window, Handler handler);
   void Detach();
 
-  // What the window itself does with a message. To be called by the handler.
+  // Calls the original window procedure. For use in handlers.
   LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam) const;
 
  private:

@@ -85,7 +85,7 @@ LRESULT CALLBACK CWindow::Thunk(HWND hwnd, UINT message, WPARAM wParam, LPARAM l
   CWindow* window = Attached(hwnd);
   if (!window) return ::DefWindowProcW(hwnd, message, wParam, lParam);
   const LRESULT result = window->Handle(hwnd, message, wParam, lParam);
-  // The window's last message. Its handler may have destroyed the object: then it is detached already.
+  // The last message of the window. If its handler destroyed the object, the object is already detached.
   if (message == WM_NCDESTROY && Attached(hwnd)) window->Detach();
   return result;
 }
@@ -96,7 +96,7 @@ LRESULT CWindow::Handle(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) n
   try {
     return OnMessage(message, wParam, lParam);
   } catch (...) {
-    // Create's caller learns of it; the window goes without the object seeing more of it.
+    // Create rethrows the exception. The window is detached first, so the object gets no more messages.
     m_createFailure = std::current_exception();
     Attach(hwnd, nullptr);
     m_hwnd = nullptr;

@@ -1,4 +1,4 @@
-// The base of every window of our own classes.
+// The base class of all windows with a window class of our own.
 #pragma once
 
 #include <windows.h>
@@ -8,11 +8,11 @@
 
 namespace my {
 
-// A registered window class; unregistered with the object, which must outlive its windows.
-// Throws the system's error when the class cannot be registered.
+// A registered window class. The destructor unregisters it; the object must outlive the windows of the class.
+// Throws the system error if registration fails.
 class CWindowClass {
  public:
-  // `background` and `cursor` are shared ones of the system: a COLOR_x + 1, an IDC_x.
+  // `background` is a system colour (COLOR_x + 1), `cursor` a system cursor (IDC_x).
   explicit CWindowClass(const wchar_t* name, UINT style = 0, INT_PTR background = COLOR_WINDOW + 1,
                         const wchar_t* cursor = IDC_ARROW);
   CWindowClass(const CWindowClass&) = delete;
@@ -26,7 +26,7 @@ class CWindowClass {
 };
 
 struct CWindowParams {
-  HWND parent = nullptr;  // or the owner, of a window without WS_CHILD
+  HWND parent = nullptr;  // or the owner, for a window without WS_CHILD
   DWORD style = WS_OVERLAPPEDWINDOW;
   DWORD exStyle = 0;
   std::wstring title;
@@ -34,14 +34,14 @@ struct CWindowParams {
   int top = CW_USEDEFAULT;
   int width = CW_USEDEFAULT;
   int height = CW_USEDEFAULT;
-  HMENU menu = nullptr;  // the window owns it from Create on
-  int controlId = 0;     // of a child, in place of the menu
+  HMENU menu = nullptr;  // owned by the window after Create
+  int controlId = 0;     // of a child window, which has no menu
 };
 
-// Owns one window of the calling thread. Either may go first: the destructor destroys the window, and when
-// the window is destroyed by the system (with its parent, by WM_CLOSE) the object stays, with no window.
-// The destructor detaches first: the derived class gets no message of that destruction; one that needs them
-// calls Destroy() itself. An object must not be destroyed while it handles a message.
+// Owns a window of the calling thread. If the window is destroyed first (with its parent, or by WM_CLOSE),
+// the object has no window. The destructor destroys the window, but detaches first, so the derived class gets
+// no messages of that; a class that needs them calls Destroy() itself. An object must not be destroyed while
+// it handles a message.
 class CWindow {
  public:
   CWindow() = default;
@@ -49,7 +49,7 @@ class CWindow {
   CWindow& operator=(const CWindow&) = delete;
   virtual ~CWindow();
 
-  // Throws what WM_CREATE's handler threw, else the system's error.
+  // Throws what the handler of WM_CREATE threw, or the system error.
   void Create(const CWindowClass& windowClass, const CWindowParams& params);
   void Destroy();
 
@@ -59,10 +59,10 @@ class CWindow {
   void Invalidate() const { ::InvalidateRect(m_hwnd, nullptr, FALSE); }
 
  protected:
-  // A handler's exception goes to ReportFailure, and the message is answered with 0.
+  // An exception is passed to ReportFailure, and the result of the message is then 0.
   virtual LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
-  // What the system does with a message.
+  // Calls the default window procedure.
   LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam) const;
 
  private:

@@ -24,7 +24,7 @@ MONITORINFO ScreenOf(HWND window) {
   return info;
 }
 
-// Empty where the system does not compose windows.
+// Returns nullopt on a system without window composition.
 std::optional<RECT> VisibleBounds(HWND window) {
   using Function = HRESULT WINAPI(HWND, DWORD, void*, DWORD);
   constexpr DWORD kExtendedFrameBounds = 9;  // DWMWA_EXTENDED_FRAME_BOUNDS
@@ -34,7 +34,7 @@ std::optional<RECT> VisibleBounds(HWND window) {
   return bounds;
 }
 
-// Where windows are composed, the frame by which one is resized is not drawn but for its last pixel.
+// With composition, all of a sizing frame except the innermost pixel is invisible.
 CBorder UsualBorder(HWND window) {
   if ((::GetWindowLongPtrW(window, GWL_STYLE) & WS_THICKFRAME) == 0) return {};
   const UINT dpi = WindowDpi(window);
@@ -43,7 +43,7 @@ CBorder UsualBorder(HWND window) {
 }
 
 CBorder InvisibleBorder(HWND window) {
-  // The system knows the visible bounds only of windows that have been shown.
+  // The system reports the visible bounds only for windows that have been shown.
   if (!::IsWindowVisible(window) || ::IsIconic(window) || ::IsZoomed(window)) return UsualBorder(window);
   const auto visible = VisibleBounds(window);
   if (!visible) return {};
@@ -71,6 +71,10 @@ CRect WindowBounds(HWND window) {
   return FromRect(rect);
 }
 
+CRect ScreenBounds(HWND window) {
+  return FromRect(ScreenOf(window).rcMonitor);
+}
+
 CPlacement ReadPlacement(HWND window) {
   if (!::IsIconic(window) && !::IsZoomed(window)) return {false, WindowBounds(window)};
   WINDOWPLACEMENT placement{};
@@ -81,7 +85,7 @@ CPlacement ReadPlacement(HWND window) {
 
 CPlacement ReadPlacement(HWND window, const WINDOWPLACEMENT& placement) {
   RECT normal = placement.rcNormalPosition;
-  // The system counts these from the work area, not from the screen.
+  // rcNormalPosition is relative to the work area, not to the screen.
   const MONITORINFO screen = ScreenOf(window);
   ::OffsetRect(&normal, screen.rcWork.left - screen.rcMonitor.left, screen.rcWork.top - screen.rcMonitor.top);
   const bool minimized = placement.showCmd == SW_SHOWMINIMIZED;
@@ -96,7 +100,8 @@ CRect PulledBack(HWND window, const CRect& bounds) {
 
 void PlaceWindow(HWND window, const CRect& bounds) {
   const CRect place = PulledBack(window, bounds);
-  // Twice: on its way to a screen of another DPI the window is scaled, but these bounds are that screen's.
+  // Twice: when the window moves to a screen with another DPI, the system scales it; the second call restores
+  // the size.
   for (int i = 0; i < 2; ++i)
     ::SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
                    SWP_NOZORDER | SWP_NOACTIVATE);

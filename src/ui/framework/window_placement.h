@@ -1,4 +1,4 @@
-// Where a window stood, kept from one start of the program to the next.
+// Window placements that are stored in the settings.
 #pragma once
 
 #include <windows.h>
@@ -9,26 +9,27 @@
 
 namespace my {
 
-// The work areas of all screens, in pixels of the whole desktop.
+// Returns the work areas of all screens, in virtual-screen coordinates.
 std::vector<CRect> WorkAreas();
 
 CRect FromRect(const RECT& rect);
 CRect WindowBounds(HWND window);
+CRect ScreenBounds(HWND window);  // of the screen that has most of it
 
-// The bounds of the restored window, also of a maximized or minimized one.
+// Returns the bounds of the restored window, also for a maximized or minimized one.
 CPlacement ReadPlacement(HWND window);
 
-// The same of a window that had this placement when it was on its present screen.
+// The same for a window that had `placement` earlier, on its current screen.
 CPlacement ReadPlacement(HWND window, const WINDOWPLACEMENT& placement);
 
-// Returns `bounds`, pulled back until what is seen of the window lies on a screen.
+// Returns `bounds`, moved so that the visible part of the window is on a screen.
 CRect PulledBack(HWND window, const CRect& bounds);
 
-// Moves the window to `bounds`, pulled back until what is seen of it lies on a screen; does not show it.
+// Moves the window to `bounds`, adjusted by PulledBack. Does not show it.
 void PlaceWindow(HWND window, const CRect& bounds);
 
-// Where a window of this size goes by default: centred on its owner, or without one that can be seen on
-// the screen that it stands on.
+// Returns the default bounds for a window of this size: centred on its owner, or on its screen if there is no
+// visible owner.
 CRect DefaultBounds(HWND window, SIZE size);
 
 }  // namespace my

@@ -19,7 +19,7 @@ CExtent ExtentOf(SIZE size) {
   return {static_cast<int>(size.cx), static_cast<int>(size.cy)};
 }
 
-// The largest view that there can be.
+// Returns the size of all screens together, which no view exceeds.
 CExtent ScreenExtent() {
   return {::GetSystemMetrics(SM_CXVIRTUALSCREEN), ::GetSystemMetrics(SM_CYVIRTUALSCREEN)};
 }
@@ -37,7 +37,7 @@ BkImgType ImageOf(const CDesignSetting& design) {
   return design.bkImgType == BkImgType::DEFAULT ? PickCharacter(design.random) : design.bkImgType;
 }
 
-// GDI+ works on the pixels in place.
+// Wraps the pixels without copying them.
 Gdiplus::Bitmap BitmapOn(std::vector<uint32_t>& pixels, SIZE size) {
   return {static_cast<INT>(size.cx), static_cast<INT>(size.cy),
           static_cast<INT>(size.cx * static_cast<LONG>(sizeof(uint32_t))), PixelFormat32bppPARGB,
@@ -181,7 +181,8 @@ void CBackground::DrawPicture(Gdiplus::Graphics& graphics, SIZE view) {
   const my::CRect place =
       PlaceImage(ExtentOf(view), ExtentOf(picture.size), m_design.bkImgFitType, m_design.bkImgOrigin);
   Gdiplus::ImageAttributes attributes;
-  attributes.SetWrapMode(Gdiplus::WrapModeTileFlipXY);  // or the edges would fade
+  attributes.SetWrapMode(
+      Gdiplus::WrapModeTileFlipXY);  // otherwise the edges would be blended with transparency
   graphics.SetInterpolationMode(Gdiplus::InterpolationModeHighQualityBicubic);
   graphics.SetPixelOffsetMode(Gdiplus::PixelOffsetModeHalf);
   graphics.DrawImage(&bitmap, RectOf(place), 0, 0, static_cast<INT>(picture.size.cx),

@@ -1,4 +1,4 @@
-// What stands behind the lists of the main view.
+// The background of the main view, behind the lists.
 #pragma once
 
 #include <windows.h>
@@ -14,36 +14,36 @@
 
 namespace qlm {
 
-// Drawn once for each size of the view, in which every window below it shows its slice: as it is, and shaded
-// for what lies behind text. Text in the colours that this object hands out has a contrast of at least 4.5 :
-// 1 wherever the shade is behind it.
+// Draws the background once per size of the view; every window in the view shows its part of it. A second,
+// shaded copy is drawn under text: on it, text in the colours of this object has a contrast of at least 4.5 :
+// 1.
 class CBackground {
  public:
-  // The window whose client area is filled. To be called before anything is drawn.
+  // Sets the window whose client area is filled. Must be called before anything is drawn.
   void SetView(HWND view) { m_view = view; }
   void SetDpi(UINT dpi);
 
-  // Takes over all of the design but a picture that cannot be read: then the one before stays, and
-  // IDS_IMAGE_NOT_READ is thrown. The caller redraws the view.
+  // Applies the design. If an image file cannot be read, the previous image stays, the rest is applied, and
+  // IDS_IMAGE_NOT_READ is thrown. The caller must redraw the view.
   void SetDesign(const CDesignSetting& design);
 
-  // Colours or contrast of the system have changed.
+  // Must be called when the system's colours or contrast have changed.
   void OnSystemChanged();
 
-  // Whether all is to look as the system has it; nothing of the following is needed then.
+  // Returns whether the lists are drawn in the system's colours; the functions below are not needed then.
   bool IsPlain() const { return m_plain; }
 
-  // `area` in client coordinates of `window`, a part of the view; so is `dc`.
+  // `area` is in client coordinates of `window`, which is within the view; `dc` belongs to `window`.
   void Draw(HDC dc, HWND window, const RECT& area);
   void DrawShade(HDC dc, HWND window, const RECT& area);
 
   COLORREF TextColor() const;
 
-  // As near to a colour as can be read.
+  // Returns the nearest colour that is readable on the shade.
   COLORREF Readable(my::CColor color);
 
  private:
-  // A picture, and what it was read for.
+  // An image and the parameters with which it was read.
   struct CLoaded {
     std::wstring path;
     FitType fit = FitType::NONE;
@@ -55,12 +55,12 @@ class CBackground {
     }
   };
 
-  // Answers the failure, after which what was loaded before stays.
+  // Returns the failure; the previous image then stays.
   static std::exception_ptr Load(std::optional<CLoaded>& loaded, const std::wstring& path, FitType fit,
                                  ImgOrigin origin);
 
   void UsePlain();
-  void Update();  // the bitmaps, to the view's size
+  void Update();  // adapts the bitmaps to the size of the view
   void Copy(const my::CPixelBitmap& bitmap, HDC dc, HWND window, const RECT& area) const;
   void DrawBrush();
   void DrawImage();
@@ -75,9 +75,9 @@ class CBackground {
   bool m_plain = false;
   std::optional<CLoaded> m_brush;
   std::optional<CLoaded> m_image;
-  std::optional<my::CPixelBitmap> m_bitmap;  // empty: to be drawn anew
+  std::optional<my::CPixelBitmap> m_bitmap;  // empty if it must be redrawn
   std::optional<my::CPixelBitmap> m_shade;   // of the same size
-  double m_luminance = 0;                    // of the shade, where it comes nearest to the text
+  double m_luminance = 0;                    // of the shade pixel closest to the text colour
 };
 
 }  // namespace qlm

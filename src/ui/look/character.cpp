@@ -18,8 +18,8 @@ constexpr int kCount = static_cast<int>(std::size(art::kCharacters));
 static_assert(kFirst + kCount == static_cast<int>(BkImgType::GETTODAZE) + 1);
 
 constexpr Gdiplus::PixelFormat kFormat = PixelFormat32bppPARGB;
-constexpr int kMostPixels = 4;    // averaged to one, along a side
-constexpr int kLargeSide = 2400;  // of the larger drawing: 23 MB
+constexpr int kMostPixels = 4;    // source pixels per result pixel, in each direction
+constexpr int kLargeSide = 2400;  // of the enlarged drawing: 23 MB
 
 CAffine operator*(const CAffine& outer, const CAffine& inner) {
   return {outer.a * inner.a + outer.c * inner.b,           outer.b * inner.a + outer.d * inner.b,
@@ -33,7 +33,7 @@ Gdiplus::PointF PointAt(const int16_t* numbers, const CAffine& matrix) {
   return {matrix.a * x + matrix.c * y + matrix.e, matrix.b * x + matrix.d * y + matrix.f};
 }
 
-// A line keeps one thickness all around, also where the drawing is squashed.
+// Returns the scale of line widths. A line has the same width everywhere, even if the drawing is distorted.
 float LineScale(const CAffine& matrix) {
   return std::sqrt(std::abs(matrix.a * matrix.d - matrix.b * matrix.c));
 }
@@ -127,7 +127,7 @@ void Shrink(Gdiplus::Bitmap& large, Gdiplus::Bitmap& small, int factor) {
   large.UnlockBits(&from);
 }
 
-// Draws the group over the whole of a bitmap.
+// Draws the group to fill the bitmap.
 void Fill(Gdiplus::Bitmap& bitmap, int group) {
   Gdiplus::Graphics graphics(&bitmap);
   graphics.SetSmoothingMode(Gdiplus::SmoothingModeAntiAlias);
@@ -138,8 +138,8 @@ void Fill(Gdiplus::Bitmap& bitmap, int group) {
 
 }  // namespace
 
-// GDI+ smooths every shape by itself, so that what is below shines through where two shapes meet; and not
-// every system's does smooth. So the drawing is made larger, and its pixels are averaged.
+// Draws enlarged and averages the pixels: GDI+ antialiases each shape on its own, so the background would
+// show where two shapes meet, and not every implementation antialiases at all.
 void DrawCharacter(Gdiplus::Graphics& graphics, BkImgType type, const Gdiplus::RectF& where) {
   const int index = static_cast<int>(type) - kFirst;
   const int side = static_cast<int>(std::min(where.Width, where.Height));

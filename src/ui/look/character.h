@@ -8,14 +8,14 @@
 
 namespace qlm {
 
-constexpr float kCharacterRatio = 1;  // width to height
+constexpr float kCharacterRatio = 1;  // width divided by height
 
-// Draws the character in the middle of `where` (pixels), as large as it fits in; what it does not cover
-// stays. The types before OK have no drawing. GDI+ must have been started. Takes some milliseconds: keep the
-// picture of one that is shown often.
+// Draws the character centred in `where` (pixels), as large as fits; pixels outside the drawing are
+// unchanged. Types before OK have no drawing. GDI+ must be started. Takes several milliseconds, so callers
+// should keep the result.
 void DrawCharacter(Gdiplus::Graphics& graphics, BkImgType type, const Gdiplus::RectF& where);
 
-// One of the characters; each for the same share of the numbers.
+// Returns a character; each has the same share of the values of `random`.
 BkImgType PickCharacter(uint32_t random);
 
 }  // namespace qlm

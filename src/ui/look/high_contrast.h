@@ -4,10 +4,10 @@
 
 namespace my {
 
-// Whether the user has asked the system for colours of high contrast, which go before any of our own.
+// Whether the system is set to high contrast, whose colours replace those of the design.
 bool IsHighContrast();
 
-// For systems on which it cannot be asked for, as Wine: what to take for granted; nothing: to ask the system.
+// Replaces the system's setting for the rest of the process; nullopt: the system's setting holds again.
 void AssumeHighContrast(std::optional<bool> assumed);
 
 }  // namespace my

@@ -15,7 +15,7 @@ namespace {
 constexpr int kCellMargin = 6;
 constexpr int kShadeMargin = 3;
 
-constexpr int kRowMargin = 2;  // pixels at any DPI: not every system redraws them with a row
+constexpr int kRowMargin = 2;  // pixels at any DPI; some systems do not redraw this edge of a row
 
 my::CColor SystemColor(int index) {
   const COLORREF color = ::GetSysColor(index);
@@ -39,7 +39,7 @@ void CSeeThroughList::UseBackground() {
   for (size_t i = 0; i < Model().ColumnCount(); ++i)
     m_columns.push_back({Flags(Model().Column(i).align), {}});
   const bool plain = m_background.IsPlain();
-  // Without a colour of its own the control does not move its pixels when it scrolls.
+  // Without a background colour the control does not copy pixels when it scrolls.
   ListView_SetBkColor(Hwnd(), plain ? ::GetSysColor(COLOR_WINDOW) : CLR_NONE);
   ListView_SetTextBkColor(Hwnd(), plain ? ::GetSysColor(COLOR_WINDOW) : CLR_NONE);
   ListView_SetTextColor(Hwnd(), plain ? ::GetSysColor(COLOR_WINDOWTEXT) : m_background.TextColor());
@@ -49,7 +49,7 @@ void CSeeThroughList::UseBackground() {
 std::optional<LRESULT> CSeeThroughList::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (m_background.IsPlain()) return CListView::OnMessage(message, wParam, lParam);
   switch (message) {
-    case WM_ERASEBKGND: return TRUE;  // painting begins with the background
+    case WM_ERASEBKGND: return TRUE;  // painting starts with the background
     case WM_HSCROLL:
     case WM_VSCROLL:
     case WM_MOUSEWHEEL:
@@ -74,7 +74,8 @@ LRESULT CSeeThroughList::OnCustomDraw(NMLVCUSTOMDRAW& draw) {
   return CDRF_SKIPDEFAULT;
 }
 
-// Keys and the program scroll, too, and what was on the screen may have been moved with the rows.
+// Redraws everything after scrolling: keys and the program scroll too, and the control may have moved the
+// pixels.
 void CSeeThroughList::RedrawScrolled() {
   const POINT scrolled{::GetScrollPos(Hwnd(), SB_HORZ), ::GetScrollPos(Hwnd(), SB_VERT)};
   if (scrolled.x == m_scrolled.x && scrolled.y == m_scrolled.y) return;
@@ -93,7 +94,7 @@ void CSeeThroughList::DrawRow(HDC dc, size_t row) const {
   if (colors.back) {
     ::SetBkColor(dc, *colors.back);
     ::ExtTextOutW(dc, 0, 0, ETO_OPAQUE, &bounds, nullptr, 0, nullptr);
-    // Without the keyboard the fill may be near to the background's colour.
+    // If the list has no focus, the colour of a selected row may be close to that of the background.
     ::FrameRect(dc, &bounds, ::GetSysColorBrush(COLOR_HIGHLIGHT));
   }
   ::SetBkColor(dc, RGB(0, 0, 0));
@@ -141,7 +142,7 @@ void CSeeThroughList::DrawCell(HDC dc, size_t row, size_t column, RECT cell, boo
   ::DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &cell, m_columns[column].flags);
 }
 
-// Only behind the text itself: the picture stays as bright as it is beside it.
+// Draws the shade only under the text, so that the picture beside it keeps its brightness.
 void CSeeThroughList::DrawShade(HDC dc, const std::wstring& text, const RECT& cell, UINT flags) const {
   SIZE size{};
   ::GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
@@ -152,7 +153,7 @@ void CSeeThroughList::DrawShade(HDC dc, const std::wstring& text, const RECT& ce
   m_background.DrawShade(dc, Hwnd(), {left, cell.top, cell.right - free + before + margin, cell.bottom});
 }
 
-// The places of the columns are those of the header, which scrolls with them.
+// Takes the column positions from the header, which scrolls with the columns.
 void CSeeThroughList::UpdateColumns() {
   const HWND header = ListView_GetHeader(Hwnd());
   for (size_t i = 0; i < m_columns.size(); ++i) {

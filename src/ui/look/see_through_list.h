@@ -6,14 +6,14 @@ namespace qlm {
 
 class CBackground;
 
-// A list behind whose rows the background of the main view is seen; it stands still while the rows scroll.
+// A list that shows the background of the main view behind its rows. The background does not scroll.
 class CSeeThroughList : public my::CListView {
  public:
-  // Both outlive the control.
+  // Model and background must outlive the control.
   CSeeThroughList(const my::IListModel& model, CBackground& background)
       : CListView(model), m_background(background) {}
 
-  // To be called once there is a control, and whenever the background is another one.
+  // Must be called when the control exists, and again when the background has changed.
   void UseBackground();
 
  protected:
@@ -22,19 +22,19 @@ class CSeeThroughList : public my::CListView {
 
  private:
   struct CRowColors {
-    std::optional<COLORREF> back;  // empty: the background is seen
+    std::optional<COLORREF> back;  // empty: the background is shown
     COLORREF text = 0;
   };
 
   struct CColumn {
-    UINT flags = 0;  // of its texts
-    RECT place{};    // from left to right, in the control
+    UINT flags = 0;  // for DrawText
+    RECT place{};    // horizontal position in the control
   };
 
   void RedrawScrolled();
   void DrawRow(HDC dc, size_t row) const;
   CRowColors ColorsOf(size_t row, bool selected, bool active) const;
-  int DrawBox(HDC dc, size_t row, const RECT& bounds) const;  // answers where the text begins
+  int DrawBox(HDC dc, size_t row, const RECT& bounds) const;  // returns where the text starts
   void DrawCell(HDC dc, size_t row, size_t column, RECT cell, bool shade) const;
   void DrawShade(HDC dc, const std::wstring& text, const RECT& cell, UINT flags) const;
   void UpdateColumns();
@@ -42,7 +42,7 @@ class CSeeThroughList : public my::CListView {
 
   CBackground& m_background;
   std::vector<CColumn> m_columns;
-  POINT m_scrolled{};  // when it was drawn last
+  POINT m_scrolled{};  // scroll position at the last drawing
 };
 
 }  // namespace qlm

@@ -19,7 +19,7 @@ constexpr struct {
   int id;
 } kStrips[] = {{16, IDR_TOOLS_16}, {24, IDR_TOOLS_24}, {32, IDR_TOOLS_32}, {48, IDR_TOOLS_48}};
 
-// The largest strip that is not above the size wanted.
+// Returns the largest strip not larger than `wanted`, or else the smallest.
 auto StripFor(int wanted) {
   auto found = kStrips[0];
   for (const auto& strip : kStrips) {
@@ -39,10 +39,7 @@ std::unique_ptr<Gdiplus::Bitmap> LoadPicture(int id) {
   return picture->GetLastStatus() == Gdiplus::Ok ? std::move(picture) : nullptr;
 }
 
-// Wine draws menus without regard to the transparency of their pictures.
-bool BlendsMenuPictures() {
-  return ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "wine_get_version") == nullptr;
-}
+bool g_menusBlend = true;
 
 Gdiplus::Color MenuColor() {
   Gdiplus::Color color;
@@ -50,7 +47,7 @@ Gdiplus::Color MenuColor() {
   return color;
 }
 
-// One picture of the strip.
+// Returns one image of the strip on a background.
 my::CBitmap CutOut(Gdiplus::Bitmap& strip, int index, int size, const Gdiplus::Color& background) {
   Gdiplus::Bitmap one(size, size, PixelFormat32bppPARGB);
   Gdiplus::Graphics graphics(&one);
@@ -70,12 +67,16 @@ CToolImages::CToolImages(UINT dpi) {
   m_list = my::CImageList(::ImageList_Create(m_size, m_size, ILC_COLOR32, kToolIconCount, 0));
   const auto picture = LoadPicture(strip.id);
   const Gdiplus::Color transparent(0, 0, 0, 0);
-  const Gdiplus::Color menuColor = BlendsMenuPictures() ? transparent : MenuColor();
+  const Gdiplus::Color menuColor = g_menusBlend ? transparent : MenuColor();
   for (int i = 0; picture && i < kToolIconCount; ++i) {
     const my::CBitmap clear = CutOut(*picture, i, m_size, transparent);
     ::ImageList_Add(m_list.Get(), clear.Get(), nullptr);
     m_bitmaps.push_back(CutOut(*picture, i, m_size, menuColor));
   }
+}
+
+void AssumeMenusBlend(bool blend) {
+  g_menusBlend = blend;
 }
 
 HBITMAP CToolImages::Bitmap(int command) const {

@@ -1,4 +1,4 @@
-// The pictures of commands at the size of one DPI.
+// The images of commands for one DPI.
 #pragma once
 
 #include <windows.h>
@@ -13,13 +13,13 @@ namespace qlm {
 class CToolImages {
  public:
   CToolImages() = default;
-  explicit CToolImages(UINT dpi);  // GDI+ must run
+  explicit CToolImages(UINT dpi);  // GDI+ must be started
 
-  // In the order of ToolIcon; the object keeps it.
+  // The images in the order of ToolIcon; owned by this object.
   HIMAGELIST List() const { return m_list.Get(); }
   int Size() const { return m_size; }  // pixels
 
-  // For a menu, null for a command without a picture; the object keeps it.
+  // Returns the menu bitmap, owned by this object; null for a command without an image.
   HBITMAP Bitmap(int command) const;
 
  private:
@@ -27,5 +27,9 @@ class CToolImages {
   my::CImageList m_list;
   std::vector<my::CBitmap> m_bitmaps;
 };
+
+// Whether the system's menus blend transparent pictures, which is assumed at first. If not, pictures made
+// later have the background of menus. For the rest of the process.
+void AssumeMenusBlend(bool blend);
 
 }  // namespace qlm

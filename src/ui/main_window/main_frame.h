@@ -1,23 +1,21 @@
 // The main window.
 #pragma once
 
-#include <windows.h>
-
-#include <shellapi.h>
-
 #include <memory>
 
 #include "app/windows.h"
 #include "ui/dialogs/dialogs.h"
+#include "ui/framework/dropped_files.h"
+#include "ui/framework/full_screen.h"
 #include "ui/framework/message_loop.h"
 #include "ui/framework/session_hold.h"
 #include "ui/framework/window.h"
+#include "ui/framework/window_icons.h"
 #include "ui/look/tool_images.h"
+#include "ui/main_window/frame_list.h"
 #include "ui/main_window/main_bars.h"
 #include "ui/main_window/main_view.h"
-#include "ui/main_window/run_indicator.h"
-#include "ui/models/edit_actions.h"
-#include "ui/models/result_list_model.h"
+#include "ui/main_window/run_presenter.h"
 
 namespace qlm {
 
@@ -25,87 +23,69 @@ class CApplication;
 
 class CMainFrame : public my::CWindow, public IMainWindow {
  public:
-  // `showCommand` is how the window is to appear.
+  // `showCommand` is how the window appears at first.
   CMainFrame(my::CAutoMessageLoop& loop, int showCommand);
 
   IDialogs& Dialogs() { return m_dialogs; }
 
-  // Creates the window, in the course of which the application starts. Answers false, after it was told, when
-  // there is no window. The application outlives the window.
+  // Creates the window; the application starts in the course of that. Returns false, after showing the
+  // failure, if there is no window. The application outlives the window.
   bool Create(CApplication& application);
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
-  // One of the two lists, before it is there as well as after.
-  class CFrameList : public IEditList {
-   public:
-    CFrameList(CMainFrame& frame, ListKind kind) : m_frame(frame), m_kind(kind) {}
-
-    std::optional<size_t> FocusedRow() const override;
-    std::vector<size_t> SelectedRows() const override;
-    bool AnySelected() const override;
-    void Focus() override;
-    void Select(const CRows& rows) override;
-
-   private:
-    CListPane* Pane() const;
-    IListState* List() const;
-
-    CMainFrame& m_frame;
-    ListKind m_kind;
-  };
-
   // What needs the application.
   struct CParts {
-    CParts(CApplication& application, CMainFrame& frame);
+    CParts(CApplication& application, CDialogs& dialogs);
 
     CMainView view;
     CToolBar toolBar;
     CStatusBar statusBar;
-    CResultListModel results;
-    CEditActions edits;
-    CRunIndicator indicator;
+    CRunPresenter run;
   };
 
-  IListState& TaskList() override { return m_taskList; }
-  IListState& DstList() override { return m_dstList; }
+  IEditList& TaskList() override { return m_taskList; }
+  IEditList& DstList() override { return m_dstList; }
+  ListKind CurrentList() override;
+  void FocusOtherList() override { m_parts->view.FocusOther(); }
   void RedrawLists() override;
   void ApplySettings(const CSettings& settings) override;
   void StoreSettings(CSettings& settings) override;
+  void ToggleFullScreen() override { m_fullScreen.Toggle(Hwnd()); }
   void UpdateTitle() override;
   void PostClose() override { ::PostMessageW(Hwnd(), WM_CLOSE, 0, 0); }
   void HoldSession(const std::wstring& reason) override { my::HoldSession(Hwnd(), reason); }
   void ShowClosing() override;
   void StartTimer(uint32_t periodMs) override;
   void StopTimer() override;
-  void ClearResults() override;
-  void ShowResults(size_t firstRow, const CResults& rows) override;
-  void ShowRunStatus() override;
+  void ClearResults() override { m_parts->run.ClearResults(); }
+  void ShowResults(size_t firstRow, const CResults& rows) override {
+    m_parts->run.ShowResults(firstRow, rows);
+  }
+  void ShowRunStatus() override { m_parts->run.ShowStatus(Hwnd()); }
   void ShowRunState() override;
+  void OpenResults() override { m_parts->run.OpenResults(); }
 
   void OnCreate();
+  void CreateParts();
   void ListenToList(ListKind kind);
   void OnDocumentChanged(DocChangeEventFlags what);
   void OnSelectionChanged(ListKind kind);
   void OnFocusChanged();
   void OnCommand(int id);
-  void Execute(int id);
   bool IsEnabled(int id) const;
   void OnMenu(HMENU menu) const;
   void OnMenuSelect(int id, UINT flags);
   void OnDrop(HDROP drop);
-  void OnRunEnded();
+  void OnDpiChanged(UINT dpi, const RECT& suggested);
+  void LimitSize(MINMAXINFO& limits) const;
+  void OnSystemChanged();
   void OnClose();
-  void CheckFilter();
-  void ShowCounts() const;
   void UpdateCommands() const;
   void UseDpi(UINT dpi);
-  void ShowIcons();
   void Arrange();
-  void ToggleFullScreen();
-  ListKind CurrentList() const;
 
   my::CAutoMessageLoop& m_loop;
   int m_showCommand;
@@ -118,12 +98,9 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   my::CTranslation m_translation;
   my::CFont m_font;
   CToolImages m_images;
-  my::CIcon m_smallIcon;
-  my::CIcon m_largeIcon;
+  my::CWindowIcons m_icons;
   UINT m_dpi = 0;
-  bool m_runShown = false;  // the system has been told of the run
-  bool m_fullScreen = false;
-  WINDOWPLACEMENT m_beforeFullScreen{};
+  my::CFullScreen m_fullScreen;
 };
 
 }  // namespace qlm

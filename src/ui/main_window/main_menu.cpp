@@ -8,15 +8,6 @@
 namespace qlm {
 namespace {
 
-constexpr EditAction kItemActions[] = {EditAction::ADD,    EditAction::EDIT, EditAction::DUPLICATE,
-                                       EditAction::REMOVE, EditAction::UP,   EditAction::DOWN};
-
-std::optional<EditAction> ItemAction(int id, int first) {
-  const int index = id - first;
-  if (index < 0 || index >= static_cast<int>(std::size(kItemActions))) return {};
-  return kItemActions[index];
-}
-
 bool IsRecent(UINT id) {
   return id >= ID_MRU_FIRST && id <= ID_MRU_LAST;
 }
@@ -29,20 +20,6 @@ std::wstring RecentText(size_t index, const std::wstring& path) {
 }
 
 }  // namespace
-
-std::optional<CEditOfList> EditOf(int id, ListKind current) {
-  switch (id) {
-    case ID_CUT: return CEditOfList{current, EditAction::CUT};
-    case ID_COPY: return CEditOfList{current, EditAction::COPY};
-    case ID_PASTE: return CEditOfList{current, EditAction::PASTE};
-    case ID_SELECT_ALL: return CEditOfList{current, EditAction::SELECT_ALL};
-    default: break;
-  }
-  if (const auto action = ItemAction(id, ID_ITEM_ADD)) return CEditOfList{current, *action};
-  if (const auto action = ItemAction(id, ID_TASK_EDITS)) return CEditOfList{ListKind::TASKS, *action};
-  if (const auto action = ItemAction(id, ID_DST_EDITS)) return CEditOfList{ListKind::DSTS, *action};
-  return {};
-}
 
 void EnableItems(HMENU menu, const std::function<bool(int id)>& isEnabled) {
   for (int i = 0; i < ::GetMenuItemCount(menu); ++i) {

@@ -5,22 +5,12 @@
 
 #include <cstdint>
 #include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "ui/look/tool_images.h"
-#include "ui/models/edit_actions.h"
 
 namespace qlm {
-
-struct CEditOfList {
-  ListKind list;
-  EditAction action;
-};
-
-// The edit behind an id, nothing for other ids. `current` is the list that ids for either list are about.
-std::optional<CEditOfList> EditOf(int id, ListKind current);
 
 // Enables what may run now. Items that open a menu stay as they are.
 void EnableItems(HMENU menu, const std::function<bool(int id)>& isEnabled);

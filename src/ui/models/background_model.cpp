@@ -12,11 +12,11 @@ constexpr int kDiamondSize = 24;
 constexpr int kStripeWidth = 12;
 constexpr int kLineHeight = 2;
 
-// Percent of the brush colour.
+// Percent by which the brush colour is lightened and darkened.
 constexpr int kPatternShade = 12;
 constexpr int kGradientShade = 22;
 
-// Lighter, or darker with a negative percentage.
+// Lightens the colour, or darkens it if `percent` is negative.
 my::CColor Shade(my::CColor color, int percent) {
   const auto shade = [percent](uint8_t value) {
     return static_cast<uint8_t>(std::clamp(value + (value + 16) * percent / 100, 0, 255));
@@ -37,7 +37,7 @@ int FloorDiv(int value, int divisor) {
   return value >= 0 ? value / divisor : -1 - (-1 - value) / divisor;
 }
 
-// Whether a point lies on the lighter part of a pattern.
+// Returns whether a point is on the lighter part of a pattern.
 bool IsLight(BrushType type, int x, int y, int dpi) {
   switch (type) {
     case BrushType::CHECK: {
@@ -78,7 +78,7 @@ void FillPattern(std::span<my::CPixel> pixels, int width, BrushType type, my::CC
   }
 }
 
-// By how much an image is scaled.
+// Returns the factor by which an image is scaled.
 double FitScale(CExtent view, CExtent image, FitType fit) {
   const double x = static_cast<double>(view.width) / image.width;
   const double y = static_cast<double>(view.height) / image.height;
@@ -115,7 +115,7 @@ CPicturePart NeededPart(CExtent picture, CExtent screen, FitType fit, ImgOrigin 
   const CExtent shown{std::min(picture.width, screen.width), std::min(picture.height, screen.height)};
   if (fit == FitType::NONE) return {InCorner(picture, shown, origin), shown};
   const double pixels = static_cast<double>(picture.width) * picture.height;
-  const double most = 4.0 * screen.width * screen.height;  // long and thin ones would stay large
+  const double most = 4.0 * screen.width * screen.height;  // limits the size of long, narrow pictures
   const double scale = std::min({1.0, FitScale(screen, picture, fit), std::sqrt(most / pixels)});
   return {{0, 0, picture.width, picture.height}, ScaledExtent(picture, scale)};
 }
@@ -160,7 +160,7 @@ double LimitPixels(std::span<my::CPixel> pixels, my::CColor text) {
   const bool dark = my::NeedsDark(text);
   double nearest = dark ? 0 : 1;
   my::CPixel before = 0;
-  my::CPixel result = 0;  // neighbours are often alike
+  my::CPixel result = 0;  // cached, because neighbouring pixels are often equal
   for (my::CPixel& pixel : pixels) {
     if (pixel != before) {
       before = pixel;

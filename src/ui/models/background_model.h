@@ -1,4 +1,4 @@
-// The background of the main view as numbers: what is drawn where, and how much of a picture is kept.
+// Geometry and pixels of the background, without an OS header.
 #pragma once
 
 #include <cstdint>
@@ -16,26 +16,26 @@ struct CExtent {
   friend bool operator==(const CExtent&, const CExtent&) = default;
 };
 
-// Where an image goes; it may reach beyond the view.
+// Returns the rectangle of the scaled image, which may extend beyond the view.
 my::CRect PlaceImage(CExtent view, CExtent image, FitType fit, ImgOrigin origin);
 
-// What of a picture is kept, and how large, so that it can fill any view of this screen.
+// Returns the part of a picture to keep and its size, sufficient for any view on this screen.
 struct CPicturePart {
   my::CRect part;  // of the picture
   CExtent size;
 };
 CPicturePart NeededPart(CExtent picture, CExtent screen, FitType fit, ImgOrigin origin);
 
-// Fills rows of `width` opaque pixels. Not for BrushType::CUSTOM_BK beyond its colour.
+// Fills rows of `width` opaque pixels. For BrushType::CUSTOM_BK it fills with the colour only.
 void FillBrush(std::span<my::CPixel> pixels, int width, BrushType type, my::CColor color, int dpi);
 
-// Covers the pixels with copies of a tile, from the left upper corner on.
+// Covers the pixels with copies of a tile, starting in the upper left corner.
 void FillTiles(std::span<my::CPixel> pixels, int width, std::span<const my::CPixel> tile, int tileWidth);
 
-// Puts a layer over opaque pixels.
+// Blends a layer with premultiplied alpha over opaque pixels.
 void Blend(std::span<my::CPixel> pixels, std::span<const my::CPixel> layer);
 
-// Applies the table to all pixels; answers the luminance that comes nearest to the text's.
+// Limits all pixels to those on which text is readable. Returns the luminance closest to that of the text.
 double LimitPixels(std::span<my::CPixel> pixels, my::CColor text);
 
 }  // namespace qlm

@@ -1,4 +1,4 @@
-// What cells of several lists show.
+// Texts and colours that several lists show.
 #pragma once
 
 #include <cstdint>
@@ -26,14 +26,15 @@ struct CColumnSpec {
   my::ListAlign align = my::ListAlign::Left;
 };
 
-// A list whose columns are known when it is built. GUI thread only, as are all that derive from it.
+// The base of list models with a fixed table of columns. This and all derived classes are for the GUI thread
+// only.
 class CTableModel : public my::IListModel {
  public:
   size_t ColumnCount() const final { return m_columns.size(); }
   my::CListColumn Column(size_t column) const final;
 
  protected:
-  // `columns` live as long as the program.
+  // `columns` must be static.
   CTableModel(const my::IMessageTexts& texts, std::span<const CColumnSpec> columns)
       : m_texts(texts), m_columns(columns) {}
 
@@ -43,24 +44,25 @@ class CTableModel : public my::IListModel {
   std::span<const CColumnSpec> m_columns;
 };
 
-// In the order of the state colours in the settings. INCOMPLETE has none there: the row has ended without an
-// error, but folders of its source could not be listed.
+// The first four are in the order of the state colours in the settings. INCOMPLETE has no colour there: the
+// row ended without an error, but folders of its source could not be listed.
 enum class ResultState { CREATED, RUNNING, NOT_UPDATED, FAILED, INCOMPLETE };
 
-// What the lists of the window show for a row: its phase or error, and the first folder that could not be
-// listed, with the reason. On one line.
+// Returns phase or error of a row, and the first folder that could not be listed, with the reason; in one
+// line.
 std::wstring RowText(const my::IMessageTexts& texts, const CResult& result);
 
 ResultState StateOf(const CResult& result);
 my::CListLook StateLook(const CUISetting& setting, ResultState state);
 
-// "2024/03/05 07:04:09" in the user's time zone; empty for no time and for one that cannot be converted.
+// Returns the time as "2024/03/05 07:04:09" in the user's time zone; empty if it is zero or cannot be
+// converted.
 std::wstring LocalTimeText(const my::IClock& clock, my::CFileTime time);
 
 std::wstring GroupedText(uint64_t number);  // "1,234,567"
 
 struct CAttributeLetter {
-  uint32_t bit;  // a value of the system
+  uint32_t bit;  // FILE_ATTRIBUTE_ value
   wchar_t letter;
 };
 
@@ -68,10 +70,11 @@ inline constexpr CAttributeLetter kAttributeLetters[] = {
     {0x1, L'R'},   {0x2, L'H'},   {0x4, L'S'},   {0x10, L'D'},   {0x20, L'A'},   {0x100, L'T'},
     {0x200, L'P'}, {0x400, L'L'}, {0x800, L'C'}, {0x1000, L'O'}, {0x2000, L'I'}, {0x4000, L'E'}};
 
-// The letters of the attributes that are set, in the order of the table.
+// Returns the letters of the set attributes, in the order of the table.
 std::wstring AttributesText(uint32_t attributes);
 
-// The line of a filter that decided, with its number: "12: - \.bak$". For null that none did.
+// Returns the deciding line of a filter with its number: "12: - \.bak$". For null the text that no line
+// matches.
 std::wstring FilterItemText(const my::IMessageTexts& texts, const CFilterItem* item);
 
 }  // namespace qlm

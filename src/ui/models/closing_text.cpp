@@ -8,7 +8,7 @@ namespace qlm {
 std::wstring ClosingText(const my::IMessageTexts& texts, const CResults& rows) {
   if (rows.empty()) return texts.Text(IDS_WAIT_RUN);
   const CResult& row = *rows.back();
-  // The archiver is not interrupted; all else ends before its next file.
+  // A running archiver is waited for; any other job stops before its next file.
   const bool archive = !row.error && row.phase == Phase::ARCHIVING;
   const my::CMsgArg id = row.task->id;
   return my::MakeText(texts, archive ? IDS_WAIT_ARCHIVE : IDS_WAIT_JOB, {&id, 1});

@@ -6,7 +6,8 @@
 
 namespace qlm {
 
-// What the program waits for when it has been closed during a run. `rows` are those that the run has so far.
+// Returns the text about what the program waits for after it was closed during a run. `rows` are the current
+// rows of the run.
 std::wstring ClosingText(const my::IMessageTexts& texts, const CResults& rows);
 
 }  // namespace qlm

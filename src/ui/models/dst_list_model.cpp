@@ -35,7 +35,7 @@ std::wstring CDstListModel::Text(size_t row, size_t column) const {
 }
 
 my::ListCheck CDstListModel::Check(size_t row) const {
-  // Between a change of the document and the refresh a row may be new.
+  // Between a document change and the refresh there may be a new row.
   switch (row < m_uses.size() ? m_uses[row] : DstUse::NONE) {
     case DstUse::ALL: return my::ListCheck::Checked;
     case DstUse::MIXED: return my::ListCheck::Mixed;

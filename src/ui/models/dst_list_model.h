@@ -8,15 +8,15 @@
 
 namespace qlm {
 
-// The destinations of the document; their check boxes tell which of them the selected tasks use.
+// The destinations of the document. Check boxes show which of them the selected tasks use.
 class CDstListModel : public CTableModel {
  public:
   enum DstColumn : size_t { NUMBER, FOLDER, TYPE, PATTERN };
 
-  // All outlive the model.
+  // The arguments must outlive the model.
   CDstListModel(const CDocument& document, const my::IMessageTexts& texts);
 
-  // To be called after every change of the document or of the selected tasks. Returns whether a check box has
+  // Must be called after every change of the document or of the selected tasks. Returns whether a check box
   // changed.
   bool Refresh(const CRows& selectedTasks);
 

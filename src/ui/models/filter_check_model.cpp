@@ -14,7 +14,7 @@ constexpr CColumnSpec kColumns[] = {{IDS_COL_FILTER_LINE, 44, my::ListAlign::Rig
                                     {IDS_COL_FILTER_EXPRESSION, 250},
                                     {IDS_COL_FILTER_ERROR, 270}};
 
-// The pattern as it was understood, or what follows the first character of a line that is no rule.
+// Returns the parsed pattern, or the text after the first character of an invalid line.
 std::wstring Expression(const CFilterItem& item) {
   if (!item.pattern.empty()) return item.pattern;
   return std::wstring(my::TrimStart(std::wstring_view(item.line).substr(1), my::kBlanks));

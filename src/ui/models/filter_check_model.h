@@ -13,28 +13,28 @@ namespace qlm {
 // The item of each line of a filter file; null for a comment.
 using CFilterLines = std::vector<const CFilterItem*>;
 
-// Every line of a filter file: what it says, and what is wrong with it. Comments and empty lines are grey.
+// The lines of a filter file with their errors. Comments and empty lines are grey.
 class CFilterCheckModel : public CTableModel {
  public:
   enum FilterColumn : size_t { LINE, SIGN, EXPRESSION, ERROR_TEXT };
 
-  // Both outlive the model.
+  // The arguments must outlive the model.
   CFilterCheckModel(const CUISetting& setting, const my::IMessageTexts& texts);
 
-  // Shows other lines, as ReadTextLines answers them.
+  // Replaces the lines, which are in the form that ReadTextLines returns.
   void Show(std::vector<std::wstring> lines);
 
   const CFilterLines& Lines() const { return m_items; }
   bool HasErrors() const { return m_filter.HasErrors(); }
 
   struct CDecision {
-    std::optional<size_t> row;  // none when no line matches
+    std::optional<size_t> row;  // nullopt if no line matches
     bool excluded = false;
-    std::wstring text;  // the line with its number, or that none matches
+    std::wstring text;  // the line with its number, or the text that none matches
   };
 
-  // What the filter decides for a path below a source ("docs\a.txt", a folder ends in "\"); "/" separates
-  // as well. Throws what CFilter::Find throws.
+  // Returns what the filter decides for a path relative to the source ("docs\a.txt"; a folder ends in "\").
+  // "/" is also a separator. Throws what CFilter::Find throws.
   CDecision Decide(std::wstring_view relativePath) const;
 
   size_t RowCount() const override { return m_lines.size(); }

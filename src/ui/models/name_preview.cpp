@@ -20,7 +20,7 @@ constexpr CNameToken kTokens[] = {
     {L"<s1>", IDS_TOKEN_SECOND_1},
 };
 
-// Separators are not among them: they make subfolders.
+// Separators are allowed: they create subfolders.
 bool IsBadInName(wchar_t c) {
   constexpr std::wstring_view kBad = L"<>:\"|?*";
   return c < L' ' || kBad.find(c) != std::wstring_view::npos;
@@ -33,7 +33,7 @@ std::span<const CNameToken> NameTokens() {
 }
 
 bool FitPattern(DstType type, std::wstring& pattern) {
-  // A space at the end of the pattern is trimmed by the run, but not before an extension.
+  // A run trims spaces at the end of the name, but not before an extension.
   std::wstring fitted(my::TrimEnd(pattern, my::kBlanks));
   if (fitted.empty() || !AdjustExtension(type, fitted)) return false;
   pattern = std::move(fitted);

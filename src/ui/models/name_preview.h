@@ -1,4 +1,4 @@
-// What helps to write the name pattern of a destination.
+// Help for editing the name pattern of a destination.
 #pragma once
 
 #include <cstdint>
@@ -17,22 +17,22 @@ namespace qlm {
 
 struct CNameToken {
   const wchar_t* text;
-  uint32_t descId;  // what it stands for
+  uint32_t descId;  // id of its description
   bool firstOfGroup = false;
 };
 
-// The tokens of patterns, one spelling of each.
+// Returns the tokens of patterns, one spelling of each.
 std::span<const CNameToken> NameTokens();
 
-// Makes the extension of a pattern fit the type, but leaves an empty pattern alone: an extension would hide
-// that there is no name. Answers whether the text was changed.
+// Adapts the extension of a pattern to the type. An empty pattern stays empty, because an extension would
+// hide that there is no name. Returns whether the text was changed.
 bool FitPattern(DstType type, std::wstring& pattern);
 
-// The ID of the task for which names are shown: the first of these rows, else the first task, else a sample.
+// Returns the task ID for previews: that of the first of these rows, or of the first task, or a sample.
 std::wstring SampleTaskId(const CTasks& tasks, const CRows& rows, const my::IMessageTexts& texts);
 
-// The name that the destination gets for this task ID and time (UTC); what is wrong with the pattern or the
-// folder, if no file could have such a name.
+// Returns the name of a backup for this task ID and time (UTC), or the reason why pattern or folder are
+// invalid.
 std::wstring NamePreview(const CDst& dst, const std::wstring& taskId, my::CFileTime time,
                          const my::IClock& clock, const my::IMessageTexts& texts);
 

@@ -13,7 +13,7 @@ uint32_t NextStep(const CDocument& document, const CRows& selectedTasks, bool ru
   if (tasks.empty()) return IDS_NEXT_ADD_TASK;
   if (document.Dsts().empty()) return IDS_NEXT_ADD_DST;
   if (selectedTasks.empty()) return IDS_NEXT_SELECT_TASK;
-  // Between a change of the document and that of the selection a row may be gone.
+  // A row may be missing between a document change and the update of the selection.
   const auto lacksDst = [&](size_t row) { return row < tasks.size() && tasks[row]->dsts.empty(); };
   const bool anyLacks = std::any_of(selectedTasks.begin(), selectedTasks.end(), lacksDst);
   return anyLacks ? IDS_NEXT_CHECK_DST : IDS_NEXT_RUN;

@@ -8,7 +8,7 @@ namespace qlm {
 
 class CDocument;
 
-// The text that tells the user what to do next: one of IDS_NEXT_*.
+// Returns the id of the hint about what to do next: one of IDS_NEXT_*.
 uint32_t NextStep(const CDocument& document, const CRows& selectedTasks, bool running);
 
 }  // namespace qlm

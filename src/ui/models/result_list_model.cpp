@@ -16,7 +16,7 @@ constexpr CColumnSpec kColumns[] = {{IDS_COL_TASK_ID, 80},
                                     {IDS_COL_RESULT_TIME, 130},
                                     {IDS_COL_RESULT_MESSAGE, 420}};
 
-// A field with a character that means something to a reader stands in quotes, quotes in it twice.
+// A field with a separator, quote or line break is quoted, and quotes in it are doubled.
 void AppendField(std::wstring& csv, const std::wstring& field) {
   if (field.find_first_of(L"\",\r\n") == field.npos) {
     csv += field;
@@ -45,7 +45,7 @@ size_t CResultListModel::ErrorCount() const {
 
 size_t CResultListModel::UnlistedCount() const {
   size_t count = 0;
-  const CTargets* last = nullptr;  // the rows of a job share its list
+  const CTargets* last = nullptr;  // all rows of a job share one list
   for (const CResultPtr& row : m_rows) {
     if (row->targets.get() != last) count += row->targets->Unlisted().size();
     last = row->targets.get();

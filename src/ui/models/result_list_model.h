@@ -7,15 +7,15 @@
 
 namespace qlm {
 
-// The rows of a run.
+// The result rows of a run.
 class CResultListModel : public CTableModel {
  public:
   enum ResultColumn : size_t { ID, PATH, TYPE, TIME, MESSAGE };
 
-  // All outlive the model.
+  // The arguments must outlive the model.
   CResultListModel(const CUISetting& setting, const my::IMessageTexts& texts, const my::IClock& clock);
 
-  // A job's rows, all of them; `firstRow` is the place of the first among all rows, at most RowCount().
+  // Sets all rows of a job. `firstRow` is the index of its first row, at most RowCount().
   void ShowResults(size_t firstRow, const CResults& rows);
   void Clear() { m_rows.clear(); }
 
@@ -25,7 +25,7 @@ class CResultListModel : public CTableModel {
   const CResult& Row(size_t row) const { return *m_rows[row]; }
   const CResultPtr& Shared(size_t row) const { return m_rows[row]; }
 
-  // The whole list with its titles as a CSV file: UTF-8 with a byte-order mark, lines ended by CR LF.
+  // Returns the list with its column titles as CSV: UTF-8 with a byte-order mark, lines end in CR LF.
   std::string Csv() const;
 
   size_t RowCount() const override { return m_rows.size(); }

@@ -9,22 +9,21 @@
 
 namespace qlm {
 
-// Everything below a task's source in the order of the listing, and which line of the filter decided.
+// All entries of a task's source in listing order, with the filter line that decided each.
 class CTargetListModel : public CTableModel {
  public:
   enum TargetColumn : size_t { PATH, TIME, SIZE, ATTRIBUTES, FILTER };
 
-  // `texts` and `clock` outlive the model.
+  // `texts` and `clock` must outlive the model.
   CTargetListModel(CTargetsPtr targets, const my::IMessageTexts& texts, const my::IClock& clock);
 
-  // How many entries there are, how many of them are backed up, and how many are excluded.
+  // Returns the numbers of entries, of files to back up, and of excluded entries.
   std::wstring CountsText() const;
 
-  // The first entry that has the newest write time of all that are backed up; none when none is.
+  // Returns the first file with the newest write time among those to back up; nullopt if there is none.
   std::optional<size_t> NewestRow() const { return m_newestRow; }
 
-  // The first row from `start` on, around the end, with the text somewhere in its path; the case of ASCII
-  // letters does not count.
+  // Returns the first row from `start`, wrapping around, whose path contains the text. Ignores ASCII case.
   std::optional<size_t> Find(std::wstring_view text, size_t start) const;
 
   size_t RowCount() const override { return m_targets->size(); }

@@ -45,7 +45,7 @@ size_t CTaskDstsModel::StepRow(size_t row, Step step) {
   return to;
 }
 
-// The next used row on the way of a used one; the row itself when there is none.
+// Returns the nearest used row in that direction; the row itself if there is none.
 size_t CTaskDstsModel::Neighbour(size_t row, Step step) const {
   if (!m_rows[row].used) return row;
   if (step == Step::UP) {

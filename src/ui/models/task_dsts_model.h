@@ -9,25 +9,26 @@
 
 namespace qlm {
 
-// All destinations of a document, of which one task uses some: those first, in the task's order. The used
-// rows from above are the order of the task at any time; a row stays where it is when its use changes.
+// All destinations of a document, for one task that uses some of them. Initially the used ones come first, in
+// the order of the task. The order of the used rows is the order of the task. Changing its use does not move
+// a row.
 class CTaskDstsModel : public CTableModel {
  public:
   enum DstColumn : size_t { NUMBER, FOLDER, TYPE, PATTERN };
 
-  // `used` are objects of `dsts`; others are left out. The texts outlive the model.
+  // Destinations in `used` that are not objects in `dsts` are ignored. The texts must outlive the model.
   CTaskDstsModel(const CDsts& dsts, const CTaskDsts& used, const my::IMessageTexts& texts);
 
-  // All of them, in the order of the rows.
+  // All destinations, in row order.
   const CTaskDsts& Dsts() const { return m_dsts; }
 
-  // The used ones, in order.
+  // The used destinations, in row order.
   CTaskDsts Used() const;
 
   void Toggle(size_t row) { m_rows[row].used = !m_rows[row].used; }
 
-  // Moves a used row one step among the used ones. Answers where it is then: where it was, when it is not
-  // used or the first (last) of them.
+  // Moves a used row past the next used row. Returns its new index, which is the old one if the row is not
+  // used or is already the first or last used one.
   size_t StepRow(size_t row, Step step);
   bool CanStep(size_t row, Step step) const { return Neighbour(row, step) != row; }
 
@@ -37,7 +38,7 @@ class CTaskDstsModel : public CTableModel {
 
  private:
   struct CRow {
-    size_t number = 0;  // from 1 on, as in the document
+    size_t number = 0;  // from 1, as in the document
     bool used = false;
   };
 
@@ -45,7 +46,7 @@ class CTaskDstsModel : public CTableModel {
   size_t Neighbour(size_t row, Step step) const;
 
   CTaskDsts m_dsts;
-  std::vector<CRow> m_rows;  // one for each
+  std::vector<CRow> m_rows;  // parallel to m_dsts
 };
 
 }  // namespace qlm

@@ -17,7 +17,7 @@ constexpr CColumnSpec kColumns[] = {{IDS_COL_TASK_ID, 140},
                                     {IDS_COL_TASK_DSTS, 80},
                                     {IDS_COL_TASK_STATE, 260}};
 
-// What the user has to see first comes first.
+// Lower is more urgent: if a task has rows in several states, the most urgent one is shown.
 int Urgency(ResultState state) {
   switch (state) {
     case ResultState::FAILED: return 0;
@@ -82,7 +82,7 @@ std::wstring CTaskListModel::DstNumbers(const CTask& task) const {
   std::wstring numbers;
   for (const CDstPtr& dst : task.dsts) {
     const auto found = m_dstNumbers.find(dst.get());
-    if (found == m_dstNumbers.end()) continue;  // the document has changed and Refresh comes next
+    if (found == m_dstNumbers.end()) continue;  // the document has changed, and Refresh follows
     numbers += (numbers.empty() ? L"" : L", ") + std::to_wstring(found->second);
   }
   return numbers;

@@ -10,19 +10,19 @@ namespace qlm {
 
 class CDocument;
 
-// The tasks of the document, and how the last run of each went.
+// The tasks of the document with the results of their last run.
 class CTaskListModel : public CTableModel {
  public:
   enum TaskColumn : size_t { ID, PATH, FILTER, DSTS, STATE };
 
-  // All outlive the model.
+  // The arguments must outlive the model.
   CTaskListModel(const CDocument& document, const CUISetting& setting, const my::IMessageTexts& texts);
 
-  // To be called after every change of the destinations. Returns whether the number of one that
-  // was there before has changed.
+  // Must be called after every change of the destinations. Returns whether the number of an existing
+  // destination changed.
   bool Refresh();
 
-  // A job's rows, all of them. Of several rows the one that is worst tells the task's state.
+  // Sets all rows of a job. The row in the worst state determines the state of the task.
   void ShowResults(const CResults& rows);
   void ClearResults() { m_states.clear(); }
 
@@ -41,7 +41,7 @@ class CTaskListModel : public CTableModel {
 
   const CDocument& m_document;
   const CUISetting& m_setting;
-  std::unordered_map<const CDst*, size_t> m_dstNumbers;  // from 1 on
+  std::unordered_map<const CDst*, size_t> m_dstNumbers;  // from 1
   std::unordered_map<std::wstring, CState> m_states;     // by task ID
 };
 

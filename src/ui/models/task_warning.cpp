@@ -18,7 +18,7 @@
 namespace qlm {
 namespace {
 
-// The folder with one kind of separator, one behind it.
+// Returns the folder with backslashes only and one at its end.
 std::wstring AsPrefix(std::wstring path) {
   std::replace(path.begin(), path.end(), L'/', my::kSeparator);
   while (path.ends_with(my::kSeparator)) path.pop_back();
@@ -47,7 +47,7 @@ std::wstring TemporaryFolder(my::IFileSystem& files) {
   }
 }
 
-// No part of a date has a space, so any time does.
+// Any time will do, because no date token yields a space.
 std::wstring ArchiveName(CDst dst, const std::wstring& taskId, const my::IClock& clock) {
   constexpr my::CFileTime kAnyTime{133'500'000'000'000'000};
   FitPattern(dst.type, dst.pattern);
@@ -76,7 +76,7 @@ std::wstring ArchiveWarning(const CDst& dst, const std::wstring& taskId, const C
   const auto warning = [&ports](uint32_t place, const std::wstring& path) {
     return Warning(ports.texts, IDS_SPACE_IN_ARCHIVE, {my::CTextId{place}, path});
   };
-  // The run trims both.
+  // A run trims both.
   const std::wstring folder(my::Trim(dst.folder, my::kBlanks));
   if (IsSplitByArchiver(folder)) return warning(IDS_SPACE_IN_FOLDER, folder);
   const std::wstring name(my::Trim(ArchiveName(dst, taskId, ports.clock), my::kBlanks));

@@ -1,0 +1,91 @@
+// The commands that edit the two lists of the document.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/command.h"
+#include "app/windows.h"
+
+namespace qlm {
+
+enum class EditAction { ADD, EDIT, DUPLICATE, REMOVE, UP, DOWN, CUT, COPY, PASTE, SELECT_ALL };
+
+// Edits the selected rows of a list, or the focused one. With nothing to edit, Execute does nothing; without
+// `run` it then throws IDS_NO_ITEM_SELECTED.
+class CCommandEdit final : public CCommand {
+ public:
+  // Without `list`, edits the list that has the keyboard when the command is executed.
+  CCommandEdit(CAppContext& context, EditAction action, std::optional<ListKind> list)
+      : CCommand(context), m_action(action), m_list(list) {}
+
+  // Throws IDS_REFUSED_DURING_REPLACE, or the reason why the document refuses the edit.
+  void Execute(bool run) override;
+
+ private:
+  EditAction m_action;
+  std::optional<ListKind> m_list;
+};
+
+enum class HistoryStep { UNDO, REDO };
+
+class CCommandHistory final : public CCommand {
+ public:
+  CCommandHistory(CAppContext& context, HistoryStep step) : CCommand(context), m_step(step) {}
+
+  // Throws IDS_REFUSED_DURING_REPLACE. With no step to take: as CCommandEdit with nothing to edit.
+  void Execute(bool run) override;
+
+ private:
+  HistoryStep m_step;
+};
+
+// Makes all selected tasks use a destination. If all of them use it already, none does afterwards.
+class CCommandToggleUse final : public CCommand {
+ public:
+  CCommandToggleUse(CAppContext& context, size_t dst) : CCommand(context), m_dst(dst) {}
+
+  // Throws IDS_REFUSED_DURING_REPLACE, or CListException with IDS_NO_TASK_SELECTED.
+  void Execute(bool run) override;
+
+ private:
+  size_t m_dst;
+};
+
+// Moves the selected rows of a list before the row at a position.
+class CCommandMoveRows final : public CCommand {
+ public:
+  CCommandMoveRows(CAppContext& context, ListKind list, size_t before)
+      : CCommand(context), m_list(list), m_before(before) {}
+
+  void Execute(bool run) override;  // throws IDS_REFUSED_DURING_REPLACE
+
+ private:
+  ListKind m_list;
+  size_t m_before;
+};
+
+// Takes files that were dropped on the window: a folder becomes a task, a filter file becomes that of the
+// task it was dropped on, a document is opened or, with `append`, added.
+class CCommandDrop final : public CCommand {
+ public:
+  // `taskRow` is the row of the task list under the pointer.
+  CCommandDrop(CAppContext& context, std::vector<std::wstring> paths, std::optional<size_t> taskRow,
+               bool append)
+      : CCommand(context), m_paths(std::move(paths)), m_taskRow(taskRow), m_append(append) {}
+
+  // Throws IDS_REFUSED_DURING_REPLACE, CListException with IDS_DROP_FILTER_ON_TASK, IDS_DROP_UNKNOWN, or what
+  // the document or CCommandOpen throws. The files before the one that is refused have been taken.
+  void Execute(bool run) override;
+
+ private:
+  void Drop(const std::wstring& path);
+
+  std::vector<std::wstring> m_paths;
+  std::optional<size_t> m_taskRow;
+  bool m_append;
+};
+
+}  // namespace qlm

@@ -1,0 +1,27 @@
+// The edits and the view commands, and the command ids that run them: beside CCommandTable.
+#pragma once
+
+#include <map>
+
+#include "app/edit_commands.h"
+#include "app/view_commands.h"
+
+namespace qlm {
+
+class CEditTable {
+ public:
+  explicit CEditTable(CAppContext& context);
+
+  // Returns the command of an id (ID_...), null if there is none.
+  CCommand* Find(uint32_t id);
+
+ private:
+  void AddItemEdits(CAppContext& context, uint32_t firstId, std::optional<ListKind> list);
+
+  std::map<uint32_t, CCommandEdit> m_edits;
+  std::map<uint32_t, CCommandView> m_views;
+  CCommandHistory m_undo;
+  CCommandHistory m_redo;
+};
+
+}  // namespace qlm

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <functional>
+
+#include "app/windows.h"
+
+namespace qlm {
+
+class CListPane;
+class CMainView;
+
+// A list of the main window as the commands see it: without rows until it has a view.
+class CFrameList : public IEditList {
+ public:
+  explicit CFrameList(ListKind kind) : m_kind(kind) {}
+
+  // The view outlives this object or the calls to it. `selected` is called after Select.
+  void Attach(CMainView& view, std::function<void()> selected);
+
+  std::optional<size_t> FocusedRow() const override;
+  std::vector<size_t> SelectedRows() const override;
+  bool AnySelected() const override;
+  void Focus() override;
+  void Select(const std::vector<size_t>& rows) override;
+
+ private:
+  CListPane& Pane() const;
+  IListState& List() const;
+
+  ListKind m_kind;
+  CMainView* m_view = nullptr;
+  std::function<void()> m_selected;
+};
+
+}  // namespace qlm

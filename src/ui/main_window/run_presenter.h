@@ -1,0 +1,49 @@
+#pragma once
+
+#include "ui/main_window/run_indicator.h"
+#include "ui/models/result_list_model.h"
+
+namespace qlm {
+
+class CApplication;
+class CDialogs;
+class CMainView;
+class CStatusBar;
+class CToolBar;
+
+// Shows the run in the parts of the main window and in the taskbar.
+class CRunPresenter {
+ public:
+  // All outlive the presenter; the bars and the view have their windows before the first call.
+  CRunPresenter(CApplication& app, CMainView& view, const CToolBar& toolBar, const CStatusBar& statusBar,
+                CDialogs& dialogs);
+
+  void ClearResults();
+  void ShowResults(size_t firstRow, const CResults& rows);
+  void OpenResults();
+  void ShowStatus(HWND frame) const;
+  void ShowCounts() const;  // of tasks, destinations and errors
+
+  // Shows whether a run is active. Returns whether one has ended since the last call.
+  bool ShowState(HWND frame);
+
+  // Opens the dialog that shows what was asked for, or what went wrong.
+  void OpenOutcome();
+
+ private:
+  std::wstring StatusText() const;
+  std::wstring CountsText() const;
+  void RefreshLists();
+
+  CApplication& m_app;
+  const my::IMessageTexts& m_texts;
+  CMainView& m_view;
+  const CToolBar& m_toolBar;
+  const CStatusBar& m_statusBar;
+  CDialogs& m_dialogs;
+  CResultListModel m_results;
+  CRunIndicator m_indicator;
+  bool m_active = false;  // as last shown
+};
+
+}  // namespace qlm
