@@ -1,7 +1,7 @@
 // Decides for most texts without running a regular expression whether the expression is found in them.
 //
 // Nearly every expression holds literal characters that all of its matches contain: a text without ".bak" has
-// no match of "\\.bak$". The prefilter reads these literals from the expression once. For each text it
+// no match of "\.bak$". The prefilter reads these literals from the expression once. For each text it
 // compares the set of characters, as 64 bits, then prefix, suffix and one part. Only texts that pass need a
 // search, which is slow. A prefilter that does not understand an expression leaves every text to the search.
 #pragma once
