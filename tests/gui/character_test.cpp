@@ -65,19 +65,6 @@ TEST(Character, stays_in_its_place_at_any_size) {
   EXPECT_EQ(CoverOf(BkImgType::NONE, 50).inside, 0);
 }
 
-TEST(Character, leaves_nothing_behind) {
-  const my::CGdiplus gdiplus;
-  Bitmap bitmap(16, 16, PixelFormat32bppARGB);
-  Gdiplus::Graphics graphics(&bitmap);
-  const auto draw = [&](int i) {
-    DrawCharacter(graphics, PickCharacter(static_cast<uint32_t>(i)), {0, 0, 16, 16});
-  };
-  for (int i = 0; i < kAll; ++i) draw(i);
-  const DWORD gdi = test::GdiObjects();
-  for (int i = 0; i < 1000; ++i) draw(i);
-  EXPECT_EQ(test::GdiObjects(), gdi);
-}
-
 // A strip is a PNG file, with its width and height in the first chunk.
 TEST(Icons, are_in_the_program) {
   for (const int icon : {IDI_QUILLMOOR, IDI_DOCUMENT}) {

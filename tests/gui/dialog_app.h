@@ -57,31 +57,4 @@ struct CDialogAppOn {
 
 using CDialogApp = CDialogAppOn<my::CWin32FileSystem>;
 
-// As if the user did it. A control that is disabled is left alone.
-inline void Click(HWND dialog, int id) {
-  const HWND control = ::GetDlgItem(dialog, id);
-  if (::IsWindowEnabled(control)) ::SendMessageW(control, BM_CLICK, 0, 0);
-}
-
-inline void Type(HWND dialog, int id, const wchar_t* text) {
-  HWND edit = ::GetDlgItem(dialog, id);
-  if (const HWND inner = ::FindWindowExW(edit, nullptr, L"Edit", nullptr)) edit = inner;  // of a combo box
-  if (!::IsWindowEnabled(edit)) return;
-  ::SendMessageW(edit, EM_SETSEL, 0, -1);
-  ::SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text));
-}
-
-inline void Choose(HWND dialog, int id, int item) {
-  const HWND combo = ::GetDlgItem(dialog, id);
-  ::SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(item), 0);
-  ::SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(combo));
-  Pump();
-}
-
-inline std::wstring TextOf(HWND dialog, int id) {
-  wchar_t text[256]{};
-  ::GetDlgItemTextW(dialog, id, text, static_cast<int>(std::size(text)));
-  return text;
-}
-
 }  // namespace test

@@ -147,24 +147,4 @@ TEST_F(Dialog, failing_handlers_reach_the_caller_or_the_handler_of_failures) {
   SetFailureHandler(before);
 }
 
-TEST(Dialogs, leave_nothing_behind) {
-  CAutoMessageLoop loop;
-  const auto open = [&](int i) {
-    CTestDialog dialog;
-    if (i % 2 == 0) {
-      dialog.CreateModeless(nullptr, loop);
-      test::Pump();
-      return;  // destroyed with its window
-    }
-    dialog.onInit = [&] { ::PostMessageW(dialog.Hwnd(), WM_COMMAND, IDCANCEL, 0); };
-    EXPECT_EQ(dialog.DoModal(nullptr), IDCANCEL);
-  };
-  for (int i = 0; i < 4; ++i) open(i);  // what the system keeps for good
-  const DWORD gdi = test::GdiObjects();
-  const DWORD user = test::UserObjects();
-  for (int i = 0; i < 200; ++i) open(i);
-  EXPECT_EQ(test::GdiObjects(), gdi);
-  EXPECT_EQ(test::UserObjects(), user);
-}
-
 }  // namespace

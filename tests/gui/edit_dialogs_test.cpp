@@ -24,13 +24,13 @@ struct EditDialogs : testing::Test, test::CDialogAppOn<test::CMemoryFileSystem> 
     InsertTask(document, -1, {L"Mail", L"D:\\docs", L"", {}});
   }
 
-  static void Click(const my::CDialog& dialog, int id, int code = BN_CLICKED) {
-    ::SendMessageW(dialog.Hwnd(), WM_COMMAND, MAKEWPARAM(id, code),
-                   reinterpret_cast<LPARAM>(dialog.Item(id)));
-  }
+  static void Click(const my::CDialog& dialog, int id) { test::Click(dialog.Hwnd(), id); }
   static void Choose(const my::CDialog& dialog, DstType type) {
-    ::SendMessageW(dialog.Item(IDC_DST_TYPE), CB_SETCURSEL, static_cast<WPARAM>(type), 0);
-    Click(dialog, IDC_DST_TYPE, CBN_SELCHANGE);
+    test::Choose(dialog.Hwnd(), IDC_DST_TYPE, static_cast<int>(type));
+  }
+  // Of the menu beside the pattern.
+  static void InsertToken(const my::CDialog& dialog) {
+    ::SendMessageW(dialog.Hwnd(), WM_COMMAND, IDC_DST_TOKEN_FIRST, 0);
   }
   static bool HasFocus(const my::CDialog& dialog, int id) { return ::GetFocus() == dialog.Item(id); }
 
@@ -89,12 +89,9 @@ TEST_F(EditDialogs, destinations_of_a_task_are_chosen_and_ordered_by_the_keyboar
   CTaskDialog dialog(context, *document.Tasks()[0], ReplaceFirst());
   dialog.CreateModeless(nullptr, loop);
   const HWND list = dialog.Item(IDC_TASK_DSTS);
-  const auto select = [&](int row) {
-    ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-  };
   EXPECT_FALSE(::IsWindowEnabled(dialog.Item(IDC_TASK_UP)));
   EXPECT_EQ(dialog.ItemText(IDC_TASK_WARNING), L"");
-  select(2);
+  test::FocusRow(list, 2);
   Click(dialog, IDC_TASK_OPEN_DST);
   EXPECT_EQ(dialogs.boxes.size(), 1u) << "the folder is not there yet";
   files.AddFolder(L"D:\\docs\\b");
@@ -107,10 +104,12 @@ TEST_F(EditDialogs, destinations_of_a_task_are_chosen_and_ordered_by_the_keyboar
   ::SetFocus(dialog.Item(IDC_TASK_UP));
   Click(dialog, IDC_TASK_UP);
   EXPECT_TRUE(HasFocus(dialog, IDC_TASK_DSTS));
-  select(2);
+  test::FocusRow(list, 2);
   ::SendMessageW(list, WM_KEYDOWN, VK_SPACE, 0);
+  ListView_SetColumnWidth(list, 1, my::Scale(77, dialog.Dpi()));
   Click(dialog, IDOK);
   EXPECT_EQ(document.Tasks()[0]->dsts, (CTaskDsts{document.Dsts()[1], document.Dsts()[2]}));
+  EXPECT_EQ(context.settings.taskDlg.columnWidthes[1], 77);
 }
 
 TEST_F(EditDialogs, the_pattern_follows_the_type_and_shows_its_name) {
@@ -123,7 +122,7 @@ TEST_F(EditDialogs, the_pattern_follows_the_type_and_shows_its_name) {
   EXPECT_EQ(dialog.ItemText(IDC_DST_PATTERN), L"a.zip");
   EXPECT_NE(dialog.ItemText(IDC_DST_NOTE), L"");
   ::SendMessageW(dialog.Item(IDC_DST_PATTERN), EM_SETSEL, 0, 1);
-  Click(dialog, IDC_DST_TOKEN_FIRST, 0);
+  InsertToken(dialog);
   EXPECT_EQ(dialog.ItemText(IDC_DST_PATTERN), L"<ID>.zip");
   EXPECT_EQ(dialog.ItemText(IDC_DST_PREVIEW), L"Mail.zip");
   dialog.SetItemText(IDC_DST_FOLDER, L"C:\\con\\x");
@@ -136,7 +135,7 @@ TEST_F(EditDialogs, the_pattern_follows_the_type_and_shows_its_name) {
   EXPECT_EQ(dialog.ItemText(IDC_DST_NOTE), L"");
 
   ::SendMessageW(dialog.Item(IDC_DST_PATTERN), EM_SETSEL, 0, -1);
-  Click(dialog, IDC_DST_TOKEN_FIRST, 0);
+  InsertToken(dialog);
   EXPECT_EQ(dialog.ItemText(IDC_DST_PATTERN), L"<ID><ID>");
   dialog.SetItemText(IDC_DST_PATTERN, L"");
   Choose(dialog, DstType::ZIP);
@@ -151,18 +150,6 @@ TEST_F(EditDialogs, the_pattern_follows_the_type_and_shows_its_name) {
   Click(dialog, IDOK);
   EXPECT_EQ(*document.Dsts()[0], (CDst{L"E:\\", DstType::FOLDER, L"x"}));
   EXPECT_EQ(document.Tasks()[0]->dsts[1], document.Dsts()[0]);
-}
-
-TEST_F(EditDialogs, the_widths_of_columns_are_kept) {
-  const auto open = [&](int width) {
-    CTaskDialog task(context, *document.Tasks()[0], {});
-    task.CreateModeless(nullptr, loop);
-    if (width) ListView_SetColumnWidth(task.Item(IDC_TASK_DSTS), 1, my::Scale(width, task.Dpi()));
-    task.Close(IDCANCEL);
-  };
-  open(77);
-  open(0);
-  EXPECT_EQ(context.settings.taskDlg.columnWidthes[1], 77);
 }
 
 }  // namespace

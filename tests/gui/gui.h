@@ -7,6 +7,7 @@
 
 #include <iterator>
 #include <string>
+#include <vector>
 
 #include "gui/test_dialog.h"
 #include "ui/framework/dialog.h"
@@ -93,6 +94,83 @@ inline std::wstring CellOf(HWND list, int row, int column) {
   wchar_t text[1024] = L"";
   ListView_GetItemText(list, row, column, text, static_cast<int>(std::size(text)));
   return text;
+}
+
+// As if the user did it. A control that is disabled is left alone.
+inline void Click(HWND dialog, int id) {
+  const HWND control = ::GetDlgItem(dialog, id);
+  if (::IsWindowEnabled(control)) ::SendMessageW(control, BM_CLICK, 0, 0);
+}
+
+inline void Type(HWND dialog, int id, const wchar_t* text) {
+  HWND edit = ::GetDlgItem(dialog, id);
+  if (const HWND inner = ::FindWindowExW(edit, nullptr, L"Edit", nullptr)) edit = inner;  // of a combo box
+  if (!::IsWindowEnabled(edit)) return;
+  ::SendMessageW(edit, EM_SETSEL, 0, -1);
+  ::SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text));
+}
+
+inline void Choose(HWND dialog, int id, int item) {
+  const HWND combo = ::GetDlgItem(dialog, id);
+  ::SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(item), 0);
+  ::SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(combo));
+  Pump();
+}
+
+inline void PressKey(HWND control, WPARAM key) {
+  ::SendMessageW(control, WM_KEYDOWN, key, 1);
+}
+
+inline std::wstring TextOf(HWND window) {
+  wchar_t text[256]{};
+  ::GetWindowTextW(window, text, static_cast<int>(std::size(text)));
+  return text;
+}
+
+inline std::wstring TextOf(HWND dialog, int id) {
+  return TextOf(::GetDlgItem(dialog, id));
+}
+
+inline std::wstring StatusText(HWND bar, int part = 0) {
+  wchar_t text[256]{};
+  ::SendMessageW(bar, SB_GETTEXTW, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(text));
+  return text;
+}
+
+inline void FocusRow(HWND list, int row) {
+  ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+}
+
+// Sends the dialog through screens of several DPI, as the system does when it is moved there.
+template <class Check>
+void AtEveryDpi(HWND dialog, Check check) {
+  const SIZE size = Size(dialog);
+  for (const int dpi : {96, 144, 192, 96}) {
+    RECT bounds{0, 0, ::MulDiv(size.cx, dpi, 96), ::MulDiv(size.cy, dpi, 96)};
+    ::SendMessageW(dialog, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&bounds));
+    check();
+  }
+}
+
+// The labels and buttons below `window` whose texts do not fit.
+inline std::vector<std::wstring> Clipped(HWND window) {
+  std::vector<std::wstring> clipped;
+  const my::CWindowDc dc(nullptr);
+  for (HWND at = ::FindWindowExW(window, nullptr, nullptr, nullptr); at; at = ::GetWindow(at, GW_HWNDNEXT)) {
+    const auto inner = Clipped(at);
+    clipped.insert(clipped.end(), inner.begin(), inner.end());
+    wchar_t name[16]{};
+    ::GetClassNameW(at, name, 16);
+    const bool label = std::wstring(name) == L"Static";
+    if (!label && std::wstring(name) != L"Button") continue;
+    const std::wstring text = TextOf(at);
+    const my::CSelect font(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(at, WM_GETFONT, 0, 0)));
+    RECT needed{0, 0, Size(at).cx, 0};
+    ::DrawTextW(dc.Get(), text.c_str(), -1, &needed, DT_CALCRECT | (label ? DT_WORDBREAK : DT_SINGLELINE));
+    const LONG box = (::GetWindowLongW(at, GWL_STYLE) & BS_TYPEMASK) < BS_AUTOCHECKBOX || label ? 0 : 16;
+    if (needed.right + box > Size(at).cx || needed.bottom > Size(at).cy) clipped.push_back(text);
+  }
+  return clipped;
 }
 
 struct CRows : my::IListModel {

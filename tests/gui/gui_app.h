@@ -112,12 +112,13 @@ class CGuiApp {
     return ::GetDlgItem(::GetDlgItem(splitter, pane), id);
   }
 
+  HWND StatusBar() const { return ::GetDlgItem(frame->Hwnd(), IDC_STATUS_BAR); }
+
   std::wstring Cell(int list, int row, int column) const { return CellOf(List(list), row, column); }
 
   void Select(int list, const std::vector<int>& rows) {
     ListView_SetItemState(List(list), -1, 0, LVIS_SELECTED);
-    for (const int row : rows)
-      ListView_SetItemState(List(list), row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    for (const int row : rows) FocusRow(List(list), row);
     ::SetFocus(List(list));
     Pump();
   }

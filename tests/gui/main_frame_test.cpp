@@ -4,7 +4,6 @@
 
 #include <shlobj.h>
 
-#include <random>
 #include <set>
 
 #include "command_ids.h"
@@ -70,10 +69,7 @@ TEST(MainFrame, menu_item_is_explained_while_it_is_selected) {
   CGuiApp a;
   const auto selected = [&a](WORD id, WORD flags) {
     ::SendMessageW(a.frame->Hwnd(), WM_MENUSELECT, MAKEWPARAM(id, flags), 0);
-    wchar_t text[200] = L"";
-    ::SendMessageW(::GetDlgItem(a.frame->Hwnd(), IDC_STATUS_BAR), SB_GETTEXTW, 0,
-                   reinterpret_cast<LPARAM>(text));
-    return std::wstring(text);
+    return test::StatusText(a.StatusBar());
   };
   EXPECT_EQ(selected(ID_REPLACE, 0), L"指定のテキストを置換します");
   EXPECT_EQ(selected(ID_POWER_OFF, 0), L"コンピューターの電源を切ります");
@@ -101,9 +97,7 @@ TEST(MainFrame, keys_reach_their_commands_in_the_list_that_has_the_keyboard) {
   a.Do(ID_ITEM_DELETE);
   EXPECT_TRUE(a.app->Document().Tasks().empty());
   EXPECT_FALSE(::IsWindowVisible(a.List(IDC_TASK_LIST))) << "the hint stands in its place";
-  wchar_t title[100];
-  ::GetWindowTextW(a.frame->Hwnd(), title, 100);
-  EXPECT_STREQ(title, L"無題* - Quillmoor");
+  EXPECT_EQ(test::TextOf(a.frame->Hwnd()), L"無題* - Quillmoor");
 }
 
 TEST(MainFrame, boxes_tell_and_set_the_use_of_all_selected_tasks) {
@@ -122,8 +116,7 @@ TEST(MainFrame, boxes_tell_and_set_the_use_of_all_selected_tasks) {
   EXPECT_NE(none, mixed);
   const auto toggle = [&a](int row) {
     a.Select(IDC_TASK_LIST, {0, 1});
-    ListView_SetItemState(a.List(IDC_DST_LIST), row, LVIS_FOCUSED | LVIS_SELECTED,
-                          LVIS_FOCUSED | LVIS_SELECTED);
+    test::FocusRow(a.List(IDC_DST_LIST), row);
     ::SendMessageW(a.List(IDC_DST_LIST), WM_KEYDOWN, VK_SPACE, 0);
     ::SendMessageW(a.List(IDC_DST_LIST), WM_CHAR, L' ', 0);
     ListView_SetItemState(a.List(IDC_DST_LIST), -1, 0, LVIS_SELECTED);
@@ -169,15 +162,23 @@ TEST(MainFrame, lists_are_drawn_again_only_if_the_change_concerns_them) {
   EXPECT_EQ(drawn([&] { document.Reset(document.Content(), L""); }), L"tasks dsts");
 }
 
-TEST(MainFrame, preview_of_the_focused_row_follows_the_focus_alone) {
+TEST(MainFrame, preview_follows_focus_and_selection_and_is_taken_back) {
   CGuiApp a;
   for (const wchar_t* id : {L"a", L"b"}) a.AddTask(id, L"C:\\a");
+  const auto shown = [&a] { return a.Cell(IDC_TASK_LIST, 0, 1) + a.Cell(IDC_TASK_LIST, 1, 1); };
   a.Select(IDC_TASK_LIST, {0});
   a.app->Settings().replaceDlg.replace = {ReplaceRow::FOCUSED, kReplaceTaskPath, L":", L";", false, true};
   a.Do(ID_REPLACE);
-  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 0, 1), L"C;\\a");
+  EXPECT_EQ(shown(), L"C;\\aC:\\a");
   ListView_SetItemState(a.List(IDC_TASK_LIST), 1, LVIS_FOCUSED, LVIS_FOCUSED);
-  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 0, 1) + a.Cell(IDC_TASK_LIST, 1, 1), L"C:\\aC;\\a");
+  EXPECT_EQ(shown(), L"C:\\aC;\\a");
+  const HWND dialog = test::DialogWith(IDC_REPLACE_SRC);
+  test::Click(dialog, IDC_REPLACE_ROW_SELECTED);
+  EXPECT_EQ(shown(), L"C;\\aC:\\a");
+  a.Select(IDC_TASK_LIST, {0, 1});
+  EXPECT_EQ(shown(), L"C;\\aC;\\a");
+  test::Click(dialog, IDCANCEL);
+  EXPECT_EQ(shown(), L"C:\\aC:\\a");
 }
 
 TEST(MainFrame, usage_page_and_its_pictures_are_beside_the_program) {
@@ -234,97 +235,13 @@ TEST(MainFrame, run_is_shown_and_settings_survive_a_restart) {
   SetUse(a.app->Document(), {0}, 0, true);
   a.RunToEnd();
   EXPECT_EQ(a.Cell(IDC_TASK_LIST, 0, 4), L"正常終了 - バックアップが作成されました");
-  wchar_t status[200] = L"";
-  ::SendMessageW(::GetDlgItem(a.frame->Hwnd(), IDC_STATUS_BAR), SB_GETTEXTW, 0,
-                 reinterpret_cast<LPARAM>(status));
-  EXPECT_EQ(std::wstring(status).find(L"1 / 1  正常終了"), 0u) << status;
+  EXPECT_TRUE(test::StatusText(a.StatusBar()).starts_with(L"1 / 1  正常終了"));
   ListView_SetColumnWidth(a.List(IDC_TASK_LIST), 0, 222);
   test::Resize(a.frame->Hwnd(), 900, 600);
   a.Quit();
   a.Start();
   EXPECT_EQ(ListView_GetColumnWidth(a.List(IDC_TASK_LIST), 0), 222);
   EXPECT_EQ(test::Size(a.frame->Hwnd()).cx, 900);
-  a.app->Settings().mainFrame.normalBounds = {9000, 9000, 9900, 9600};
-  ::SetWindowPos(a.frame->Hwnd(), nullptr, 9000, 9000, 900, 600, SWP_NOZORDER);
-  a.Quit();
-  a.Start();
-  const RECT bounds = test::Bounds(a.frame->Hwnd());
-  EXPECT_LE(bounds.right, ::GetSystemMetrics(SM_CXSCREEN)) << "pulled back";
-}
-
-TEST(MainFrame, undo_and_redo_of_a_random_walk_return_the_exact_document) {
-  CGuiApp a;
-  a.AddDst(L"C:\\x");
-  for (const wchar_t* id : {L"a", L"b", L"c"}) a.AddTask(id, L"C:\\a");
-  std::mt19937 random(7);
-  std::vector<CContent> states = {a.app->Document().Content()};
-  constexpr int kIds[] = {ID_TASK_DUPLICATE, ID_TASK_DELETE, ID_TASK_UP, ID_TASK_DOWN,     ID_COPY,
-                          ID_PASTE,          ID_CUT,         ID_DST_UP,  ID_DST_DUPLICATE, ID_ITEM_DOWN};
-  const auto same = [](const CContent& x, const CContent& y) {
-    const auto equal = [](const auto& p, const auto& q) { return *p == *q; };
-    return std::equal(x.tasks.begin(), x.tasks.end(), y.tasks.begin(), y.tasks.end(), equal) &&
-           std::equal(x.dsts.begin(), x.dsts.end(), y.dsts.begin(), y.dsts.end(), equal);
-  };
-  for (int step = 0; step < 80; ++step) {
-    if (a.app->Document().Tasks().empty()) {
-      a.AddTask(L"t" + std::to_wstring(step), L"C:\\a");
-      states.push_back(a.app->Document().Content());
-    }
-    const auto tasks = static_cast<unsigned>(a.app->Document().Tasks().size());
-    a.Select(IDC_TASK_LIST, {static_cast<int>(random() % tasks)});
-    a.Do(kIds[random() % std::size(kIds)]);
-    if (!same(states.back(), a.app->Document().Content())) states.push_back(a.app->Document().Content());
-  }
-  ASSERT_GT(states.size(), 20u);
-  for (size_t i = states.size() - 1; i-- > 0;) {
-    a.Do(ID_UNDO);
-    ASSERT_TRUE(same(a.app->Document().Content(), states[i])) << i;
-  }
-  for (size_t i = 1; i < states.size(); ++i) a.Do(ID_REDO);
-  EXPECT_TRUE(same(a.app->Document().Content(), states.back()));
-}
-
-TEST(MainFrame, large_documents_stay_quick) {
-  CGuiApp a;
-  CContent content;
-  for (int i = 0; i < 99; ++i)
-    content.dsts.Append(boost::make_shared<CDst>(CDst{L"C:\\" + std::to_wstring(i), DstType::FOLDER, L"p"}));
-  const CTaskDsts all(content.dsts.begin(), content.dsts.end());
-  for (int i = 0; i < 1000; ++i)
-    content.tasks.Append(boost::make_shared<CTask>(CTask{std::to_wstring(i), L"C:\\s", L"", all}));
-  // Time of the processor: other programs on the machine must not fail the test.
-  const auto used = [] {
-    FILETIME start{}, end{}, kernel{}, user{};
-    ::GetProcessTimes(::GetCurrentProcess(), &start, &end, &kernel, &user);
-    return (kernel.dwLowDateTime + user.dwLowDateTime) / 10'000;
-  };
-  const auto timed = [&](const char* what, const std::function<void()>& action) {
-    ULONGLONG wall = 1'000'000;
-    DWORD best = 1'000'000;
-    for (int i = 0; i < 5; ++i) {
-      const ULONGLONG start = ::GetTickCount64();
-      const DWORD before = used();
-      action();
-      test::Pump();
-      ::UpdateWindow(a.frame->Hwnd());
-      best = std::min(best, used() - before);
-      wall = std::min(wall, ::GetTickCount64() - start);
-    }
-    std::printf("%s: %d ms, %d of the processor\n", what, static_cast<int>(wall), static_cast<int>(best));
-    EXPECT_LT(best, 100u) << what;
-  };
-  timed("open", [&] { a.app->Document().Reset(content, L"C:\\big.qlmr"); });
-  a.Select(IDC_TASK_LIST, {0});  // which has the keyboard then
-  timed("select all", [&] { a.Do(ID_SELECT_ALL); });
-  timed("scroll", [&] { ::SendMessageW(a.List(IDC_TASK_LIST), WM_VSCROLL, SB_PAGEDOWN, 0); });
-  int row = 0;
-  timed("check", [&] {
-    ListView_SetItemState(a.List(IDC_DST_LIST), row, LVIS_FOCUSED, LVIS_FOCUSED);
-    row = (row + 1) % 99;
-    ::SendMessageW(a.List(IDC_DST_LIST), WM_KEYDOWN, VK_SPACE, 0);
-    ::SendMessageW(a.List(IDC_DST_LIST), WM_CHAR, L' ', 0);
-  });
-  EXPECT_TRUE(a.app->Document().CanUndo()) << "the boxes were really clicked";
 }
 
 }  // namespace

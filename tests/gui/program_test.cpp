@@ -27,27 +27,12 @@ class CProgram {
                                  &startup, &process));
     m_process = my::CKernelHandle(process.hProcess);
     const my::CKernelHandle thread(process.hThread);
-    m_id = process.dwProcessId;
   }
   ~CProgram() { ::TerminateProcess(m_process.Get(), 1); }
 
   HWND Window() const {
-    struct CSearch {
-      DWORD process;
-      HWND found;
-    } search{m_id, nullptr};
-    const auto look = [](HWND window, LPARAM parameter) -> BOOL {
-      auto& wanted = *reinterpret_cast<CSearch*>(parameter);
-      wchar_t name[64] = L"";
-      ::GetClassNameW(window, name, 64);
-      DWORD process = 0;
-      ::GetWindowThreadProcessId(window, &process);
-      const bool isFrame = std::wstring_view(name) == L"QuillmoorMainFrame";
-      if (process == wanted.process && isFrame && ::IsWindowVisible(window)) wanted.found = window;
-      return wanted.found == nullptr;
-    };
-    ::EnumWindows(look, reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    const HWND window = ::FindWindowW(L"QuillmoorMainFrame", nullptr);
+    return ::IsWindowVisible(window) ? window : nullptr;
   }
 
   bool Ended() const { return ::WaitForSingleObject(m_process.Get(), 0) == WAIT_OBJECT_0; }
@@ -59,14 +44,7 @@ class CProgram {
 
  private:
   my::CKernelHandle m_process;
-  DWORD m_id = 0;
 };
-
-std::wstring TitleOf(HWND window) {
-  wchar_t title[200] = L"";
-  ::GetWindowTextW(window, title, 200);
-  return title;
-}
 
 TEST(Program, opens_the_document_of_its_command_line_runs_it_by_a_key_and_quits) {
   test::CScratchFolder scratch;
@@ -79,8 +57,7 @@ TEST(Program, opens_the_document_of_its_command_line_runs_it_by_a_key_and_quits)
               "</Path><Dsts><Dst>0</Dst></Dsts><FilterPath></FilterPath></Task></Tasks></QuillmoorDoc>";
   scratch.Write(L"d.qlmr", document);
   const CProgram program(scratch.At(L"d.qlmr"));
-  ASSERT_TRUE(
-      test::PumpUntil([&] { return program.Window() && TitleOf(program.Window()).find(L"d.qlmr") == 0; }));
+  ASSERT_TRUE(test::PumpUntil([&] { return test::TextOf(program.Window()).starts_with(L"d.qlmr"); }));
   const HWND window = program.Window();
   ::PostMessageW(window, WM_KEYDOWN, VK_F5, 0);
   const std::wstring copied = scratch.At(L"out\\backup\\a.txt");

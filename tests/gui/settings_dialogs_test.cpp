@@ -25,28 +25,6 @@ using test::Click;
 using test::TextOf;
 using test::Type;
 
-// The texts of the labels and buttons below `window` that do not fit.
-std::vector<std::wstring> Clipped(HWND window) {
-  std::vector<std::wstring> clipped;
-  const my::CWindowDc dc(nullptr);
-  for (HWND at = ::FindWindowExW(window, nullptr, nullptr, nullptr); at; at = ::GetWindow(at, GW_HWNDNEXT)) {
-    const auto inner = Clipped(at);
-    clipped.insert(clipped.end(), inner.begin(), inner.end());
-    wchar_t name[16]{};
-    wchar_t text[256]{};
-    ::GetClassNameW(at, name, 16);
-    const bool label = std::wstring(name) == L"Static";
-    if (!label && std::wstring(name) != L"Button") continue;
-    ::GetWindowTextW(at, text, 256);
-    const my::CSelect font(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(at, WM_GETFONT, 0, 0)));
-    RECT needed{0, 0, test::Size(at).cx, 0};
-    ::DrawTextW(dc.Get(), text, -1, &needed, DT_CALCRECT | (label ? DT_WORDBREAK : DT_SINGLELINE));
-    const LONG box = (::GetWindowLongW(at, GWL_STYLE) & BS_TYPEMASK) < BS_AUTOCHECKBOX || label ? 0 : 16;
-    if (needed.right + box > test::Size(at).cx || needed.bottom > test::Size(at).cy) clipped.push_back(text);
-  }
-  return clipped;
-}
-
 struct SettingsDialogs : testing::Test, test::CDialogApp {
   CArchiveSetting& Archive() { return Settings().archive; }
 
@@ -70,8 +48,7 @@ struct SettingsDialogs : testing::Test, test::CDialogApp {
   CReplaceDialog replace{Context()};
 };
 
-TEST_F(SettingsDialogs, password_is_masked_checked_and_handed_over_once) {
-  Archive().passwordHash = "00";
+TEST_F(SettingsDialogs, password_is_masked_and_handed_over_once) {
   CPasswordEntry entry(Archive(), hash, Context().messenger);
   CPasswordDlg dialog(Context(), entry);
   dialog.CreateModeless(nullptr, loop);
@@ -79,22 +56,12 @@ TEST_F(SettingsDialogs, password_is_masked_checked_and_handed_over_once) {
   EXPECT_NE(mask(), 0);
   Click(dialog.Hwnd(), IDC_HIDE_PASSWORD);
   EXPECT_EQ(mask(), 0);
-
   Click(dialog.Hwnd(), IDOK);
-  EXPECT_TRUE(Said(IDS_PASSWORD_EMPTY));
-  Type(dialog.Hwnd(), IDC_PASSWORD, L"a b");
-  Click(dialog.Hwnd(), IDOK);
-  EXPECT_TRUE(Said(IDS_PASSWORD_BAD_CHARACTER));
+  EXPECT_TRUE(Said(IDS_PASSWORD_EMPTY) && dialog.Hwnd());
   Type(dialog.Hwnd(), IDC_PASSWORD, L"abc");
-  Click(dialog.Hwnd(), IDOK);  // the question is cancelled
-  EXPECT_TRUE(Said(IDS_ASK_PASSWORD_DIFFERS));
-  ASSERT_NE(dialog.Hwnd(), nullptr);
-  EXPECT_EQ(entry.Setting().passwordHash, "00");
-  dialogs.buttons = {true};
   Click(dialog.Hwnd(), IDOK);
-  EXPECT_EQ(dialog.Hwnd(), nullptr);
+  EXPECT_FALSE(dialog.Hwnd() || entry.Setting().hidePassword);
   EXPECT_EQ(entry.Setting().password, L"abc");
-  EXPECT_FALSE(entry.Setting().hidePassword);
 }
 
 TEST_F(SettingsDialogs, replacement_is_previewed_as_it_is_typed_and_committed) {
@@ -257,12 +224,8 @@ TEST_F(SettingsSheet, texts_fit_at_every_dpi_and_the_page_stays_in_its_frame) {
   OpenReplace();
   for (my::CDialog* dialog : std::vector<my::CDialog*>{&sheet, &replace, &password, &about}) {
     if (!dialog->Hwnd()) dialog->CreateModeless(nullptr, loop);
-    const SIZE size = test::Size(dialog->Hwnd());
-    for (const int dpi : {96, 144, 192}) {
-      RECT bounds{0, 0, ::MulDiv(size.cx, dpi, 96), ::MulDiv(size.cy, dpi, 96)};
-      ::SendMessageW(dialog->Hwnd(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&bounds));
-      EXPECT_EQ(Clipped(dialog->Hwnd()), std::vector<std::wstring>()) << dpi;
-    }
+    test::AtEveryDpi(dialog->Hwnd(),
+                     [&] { EXPECT_EQ(test::Clipped(dialog->Hwnd()), std::vector<std::wstring>()); });
   }
   page = ::FindWindowExW(sheet.Hwnd(), nullptr, L"#32770", nullptr);
   EXPECT_GE(test::Bounds(page).bottom, test::Bounds(::GetDlgItem(page, IDC_INSTALL_UPDATES)).bottom);

@@ -7,6 +7,7 @@
 #include "engine/targets.h"
 #include "engine/zip_end_record.h"
 #include "platform/message_texts.h"
+#include "support/fake_archiver.h"
 #include "support/fake_ports.h"
 #include "support/memory_file_system.h"
 #include "text_ids.h"
@@ -14,13 +15,7 @@
 namespace {
 
 using qlm::DstType;
-
-std::string EndRecord(unsigned entries) {
-  std::string record = "PK\5\6" + std::string(18, '\0');
-  record[10] = static_cast<char>(entries & 0xFF);
-  record[11] = static_cast<char>(entries >> 8);
-  return record;
-}
+using test::EndRecord;
 
 class ArchiveWriter : public testing::Test {
  protected:

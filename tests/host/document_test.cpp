@@ -3,13 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <boost/smart_ptr/make_shared.hpp>
-#include <fstream>
 #include <regex>
 
 #include "document/document_file.h"
 #include "document/name_pattern.h"
 #include "platform/xml_layer.h"
 #include "support/fake_ports.h"
+#include "support/golden.h"
 #include "support/memory_file_system.h"
 #include "support/pugi_dom.h"
 #include "support/strings.h"
@@ -212,8 +212,7 @@ TEST_F(DocumentFile, texts_come_back_as_they_were_and_stay_shared) {
 }
 
 TEST_F(DocumentFile, bytes_are_those_of_the_format) {
-  std::ifstream stream(QLM_SOURCE_DIR "/tests/host/golden/document.qlmr", std::ios::binary);
-  const std::string golden(std::istreambuf_iterator<char>(stream), {});
+  const std::string golden = test::Golden("document.qlmr");
   const CDstPtr zip = Dst(L"D:\\保存", DstType::ZIP, L"<ID>_<Y>.zip");
   const CDstPtr folder = Dst(L"E:\\b & c", DstType::FOLDER);
   CContent content;

@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <functional>
 #include <limits>
 
 #include "settings/settings_file.h"
 #include "support/exception.h"
 #include "support/fake_ports.h"
+#include "support/golden.h"
 #include "support/memory_file_system.h"
 #include "support/pugi_dom.h"
 #include "text_ids.h"
@@ -16,11 +16,6 @@
 namespace {
 
 using namespace qlm;
-
-std::string Golden(const std::string& name) {
-  std::ifstream stream(QLM_SOURCE_DIR "/tests/host/golden/" + name, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 // The file up to "ReplaceDlg" from one, that group from another, the rest from a third.
 std::string Spliced(const std::string& head, const std::string& replace, const std::string& rest) {
@@ -81,8 +76,8 @@ class SettingsFile : public testing::Test {
   test::CPugiDom dom;
   test::CRcTexts texts;
   const std::wstring path = SettingsPath(test::CFakeFolders(), texts);
-  const std::string defaults = Golden("settings_default.config");
-  const std::string full = Golden("settings_full.config");
+  const std::string defaults = test::Golden("settings_default.config");
+  const std::string full = test::Golden("settings_full.config");
   CSettings live{1};
   my::CVersion version{};
   std::wstring text;

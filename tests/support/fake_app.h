@@ -1,13 +1,13 @@
 // The whole program without its windows, on a disk in memory.
 #pragma once
 
-#include <algorithm>
 #include <boost/smart_ptr/make_shared.hpp>
 #include <optional>
 #include <string>
 
 #include "app/application.h"
 #include "document/document_file.h"
+#include "support/fake_archiver.h"
 #include "support/fake_ports.h"
 #include "support/fake_system.h"
 #include "support/fake_windows.h"
@@ -34,7 +34,7 @@ class CFakeApp {
   CFakeApp() {
     files.AddFile(L"C:\\src\\a.txt", "a", {131'016'350'490'000'000});
     files.AddFile(L"C:\\7-Zip\\7z.exe", "MZ");
-    process.OnRun([this](const my::CProcessStart& start) { return Archive(start); });
+    process.OnRun([this](const my::CProcessStart& start) { return MakeArchive(files, start); });
   }
 
   // A new start of the program on what the last one left.
@@ -96,18 +96,6 @@ class CFakeApp {
   std::optional<qlm::CSettings> settings;
   std::optional<qlm::CDocument> document;
   std::optional<qlm::CApplication> app;
-
- private:
-  // Makes an archive of as many entries as the list has lines, which is what is looked at.
-  uint32_t Archive(const my::CProcessStart& start) {
-    const size_t at = start.arguments.rfind(L" @");
-    const size_t name = start.arguments.rfind(L' ', at - 1) + 1;
-    const std::string list = files.ReadFile(start.arguments.substr(at + 2), 1 << 20);
-    std::string record = "PK\5\6" + std::string(18, '\0');
-    record[8] = record[10] = static_cast<char>(std::count(list.begin(), list.end(), '\n'));
-    files.AddFile(start.arguments.substr(name, at - name), record);
-    return 0;
-  }
 };
 
 }  // namespace test
