@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cwchar>
 #include <functional>
 #include <memory>
 #include <stdexcept>
