@@ -32,7 +32,7 @@ void MeasureMemory(const COptions& options) {
   const size_t entries = folders * kFilesInFolder;
   CPorts ports;
   CFakeFiles files(folders, kFilesInFolder);
-  // The first job is to make whatever is made once.
+  // Runs a job once, so that one-time allocations are not counted.
   CFakeFiles few(1, 1);
   MakeJob(ports.With(few), L"warm-up", few.kSource, L"C:\\Backup", kRows)->Run();
 

@@ -1,4 +1,4 @@
-// qlm_window_bench: how long the windows take with large documents, in milliseconds, the best of some rounds.
+// qlm_window_bench: times the windows with large documents, in milliseconds, best of several rounds.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -43,7 +43,7 @@ TEST(Windows, large_document) {
     bench::PrintFigure(what, BestMs(5, shown), "ms", 100);
   };
   measure("open", [&] { a.app->Document().Reset(content, L"C:\\big.qlmr"); });
-  a.Select(IDC_TASK_LIST, {0});  // which has the keyboard then
+  a.Select(IDC_TASK_LIST, {0});  // it then has the focus
   measure("select all", [&] { a.Do(ID_SELECT_ALL); });
   measure("scroll", [&] { ::SendMessageW(a.List(IDC_TASK_LIST), WM_VSCROLL, SB_PAGEDOWN, 0); });
   int row = 0;

@@ -83,8 +83,8 @@ class IFileSystem {
   // IDS_COPY_FILE_FAILED.
   virtual void Copy(const std::wstring& from, const std::wstring& to) = 0;
 
-  // Flushes the cached data of a file and returns its size in bytes. On file systems that cannot write out
-  // without a device flush, WRITE_OUT skips small files, which DEVICE then covers. Throws
+  // Flushes the cached data of a file and returns its size in bytes. On file systems that cannot write a file
+  // out without a device flush, WRITE_OUT skips small files, which the system writes later. Throws
   // IDS_WRITE_FILE_FAILED.
   virtual uint64_t FlushFile(const std::wstring& path, FlushDepth depth) = 0;
 

@@ -163,4 +163,15 @@ TEST_F(EditCommands, what_cannot_be_done_is_disabled) {
   EXPECT_FALSE(a.app->IsEnabled(0));
 }
 
+TEST_F(EditCommands, filter_of_the_focused_task_or_a_chosen_one_is_checked) {
+  tasks.focused = 0;
+  a.dialogs.paths = {L"C:\\f.flt"};
+  a.Do(ID_FILTER_CHECK);
+  a.Do(ID_FILTER_CHECK);  // no file is chosen
+  EXPECT_EQ(a.dialogs.filters, (std::vector<std::wstring>{L"C:\\f.flt|C:\\src"}));
+  SetTaskFilter(document, 0, L"C:\\own.flt");
+  a.Do(ID_FILTER_CHECK);
+  EXPECT_EQ(a.dialogs.filters.back(), L"C:\\own.flt|C:\\src");
+}
+
 }  // namespace

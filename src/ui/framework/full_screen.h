@@ -11,10 +11,10 @@ class CFullScreen {
  public:
   bool IsOn() const { return m_on; }
 
-  // Covers the window's screen with it, or puts the window back to its former place.
+  // Makes the window cover its screen, or restores its former placement.
   void Toggle(HWND window);
 
-  // The placement of the window, in full screen that of before.
+  // Returns the placement of the window; in full screen the one before it.
   CPlacement Placement(HWND window) const;
 
  private:
