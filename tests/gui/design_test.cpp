@@ -1,11 +1,6 @@
-#include <gtest/gtest.h>
 
-#include <algorithm>
 
-#include "command_ids.h"
-#include "control_ids.h"
 #include "gui/gui_app.h"
-#include "ui/framework/pixel_bitmap.h"
 #include "ui/look/high_contrast.h"
 #include "ui/models/background_model.h"
 

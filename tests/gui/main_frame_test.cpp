@@ -1,14 +1,9 @@
-#include <gtest/gtest.h>
 
-#include <windows.h>
 
 #include <shlobj.h>
 
 #include <set>
 
-#include "command_ids.h"
-#include "control_ids.h"
-#include "document/document_edits.h"
 #include "gui/gui_app.h"
 #include "support/strings.h"
 #include "ui/framework/window_placement.h"

@@ -1,9 +1,5 @@
-#include <gtest/gtest.h>
 
-#include "command_ids.h"
-#include "control_ids.h"
 #include "gui/gui_app.h"
-#include "text_ids.h"
 
 namespace {
 

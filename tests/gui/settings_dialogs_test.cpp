@@ -1,16 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <windows.h>
-
-#include <commctrl.h>
-
-#include <boost/smart_ptr/make_shared.hpp>
-#include <memory>
-
-#include "app/password.h"
 #include "control_ids.h"
 #include "gui/dialog_app.h"
-#include "text_ids.h"
 #include "ui/dialogs/about_dialog.h"
 #include "ui/dialogs/password_dialog.h"
 #include "ui/dialogs/replace_dialog.h"

@@ -1,12 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <memory>
 #include <stdexcept>
 
 #include "gui/gui.h"
 #include "ui/framework/failures.h"
-#include "ui/framework/message_loop.h"
 #include "ui/framework/splitter.h"
 #include "ui/framework/window.h"
 

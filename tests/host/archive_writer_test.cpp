@@ -4,11 +4,8 @@
 
 #include "engine/targets.h"
 #include "engine/zip_end_record.h"
-#include "platform/message_texts.h"
 #include "support/fake_archiver.h"
 #include "support/fake_ports.h"
-#include "support/memory_file_system.h"
-#include "text_ids.h"
 
 namespace {
 

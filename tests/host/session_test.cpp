@@ -1,9 +1,7 @@
-#include <gtest/gtest.h>
 
 #include "command_ids.h"
 #include "support/fake_app.h"
 #include "support/golden.h"
-#include "text_ids.h"
 
 namespace {
 

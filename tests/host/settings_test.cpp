@@ -2,17 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <limits>
-
 #include "document/dst.h"
 #include "settings/settings_file.h"
-#include "support/exception.h"
 #include "support/fake_ports.h"
 #include "support/golden.h"
 #include "support/memory_file_system.h"
 #include "support/pugi_dom.h"
-#include "text_ids.h"
 
 namespace {
 

@@ -7,10 +7,8 @@
 
 #include "support/fake_archiver.h"
 #include "support/fake_ports.h"
-#include "support/memory_file_system.h"
-#include "support/thrown.h"
 #include "support/names.h"
-#include "text_ids.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -35,7 +33,10 @@ class CShown : public qlm::IRunObserver {
 
 class BackupThread : public testing::Test {
  protected:
-  BackupThread() { files.AddFile(L"C:\\src\\a", "a", kTime); }
+  BackupThread() {
+    files.AddFile(L"C:\\src\\a", "a", kTime);
+    files.RefuseRenames(0);
+  }
 
   void AddJob(const std::wstring& id, std::vector<std::wstring> patterns,
               const std::wstring& path = L"C:\\src") {
@@ -99,6 +100,7 @@ TEST_F(BackupThread, stop_drops_what_waits_and_ends_what_runs) {
   EXPECT_EQ(shown.rows[0]->phase, qlm::Phase::CREATED) << "a running archiver is waited for";
   EXPECT_EQ(shown.rows[1]->error.code, uint32_t{IDS_STOPPED});
   EXPECT_EQ(shown.powerOffs, 0);
+  EXPECT_EQ(test::ThrownId([&] { controller.Stop(); }), IDS_NOT_RUNNING);
 }
 
 TEST_F(BackupThread, rows_may_be_read_while_the_worker_writes_them) {

@@ -8,7 +8,6 @@
 #include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_message_texts.h"
 #include "scratch_folder.h"
-#include "support/exception.h"
 #include "text_ids.h"
 
 namespace {
