@@ -87,6 +87,18 @@ TEST_F(ArchiveWriter, list_of_another_run_is_left_alone) {
   EXPECT_EQ(Write(), 0u);
 }
 
+TEST_F(ArchiveWriter, long_list_is_written_whole) {
+  const std::wstring longName(200, L'x');
+  std::string expected = "a b.txt\nsub\\\xF0\xA0\xAE\xB7.txt\n";
+  for (int i = 0; i < 3000; ++i) {
+    targets.Add(std::to_wstring(i) + longName, {L"", {1}, 1, 0}, nullptr);
+    expected += std::to_string(i) + std::string(200, 'x') + "\n";
+  }
+  archive = EndRecord(3002);
+  EXPECT_EQ(Write(), 0u);
+  EXPECT_EQ(list, expected);
+}
+
 TEST_F(ArchiveWriter, archiver_is_not_believed) {
   exitCode = 1;  // warnings: a file was left out
   EXPECT_EQ(Write(), IDS_PROCESS_EXIT_CODE);

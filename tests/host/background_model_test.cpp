@@ -91,6 +91,26 @@ TEST(Background, huge_pictures_are_kept_only_as_large_as_a_screen_shows_them) {
   EXPECT_EQ(NeededPart({10, 20}, screen, FitType::AUTO_FILL, ImgOrigin::LT).size, (CExtent{10, 20}));
 }
 
+TEST(Background, brushes_shade_their_color) {
+  const auto drawn = [](BrushType type) {
+    std::vector<my::CPixel> pixels(6 * 5);
+    FillBrush(pixels, 6, type, {100, 100, 100}, 12);  // patterns of 2, 3, 1 and 1 pixels
+    std::string rows;
+    for (size_t i = 0; i < pixels.size(); ++i) {
+      if (i != 0 && i % 6 == 0) rows += ' ';
+      rows += (pixels[i] & 0xFF) == 113 ? '+' : (pixels[i] & 0xFF) == 87 ? '-' : '?';
+    }
+    return rows;
+  };
+  EXPECT_EQ(drawn(BrushType::CHECK), "++--++ ++--++ --++-- --++-- ++--++");
+  EXPECT_EQ(drawn(BrushType::DIA), "++++++ -+--+- -+--+- ++++++ -+--+-");
+  EXPECT_EQ(drawn(BrushType::STRIPE), "+-+-+- +-+-+- +-+-+- +-+-+- +-+-+-");
+  EXPECT_EQ(drawn(BrushType::INTERLACE), "++++++ ------ ++++++ ------ ++++++");
+  std::vector<my::CPixel> gradient(3);
+  FillBrush(gradient, 1, BrushType::DEFAULT, {100, 0, 255}, 96);
+  EXPECT_EQ(gradient, (std::vector<my::CPixel>{0xFF7D03FF, 0xFF6D02EC, 0xFF5C01D8}));
+}
+
 TEST(Background, tiles_repeat_over_the_whole_view_and_let_the_brush_through) {
   std::vector<my::CPixel> pixels(5 * 3);
   FillBrush(pixels, 5, BrushType::CUSTOM_BK, {9, 9, 9}, 96);

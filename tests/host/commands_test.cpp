@@ -100,7 +100,13 @@ TEST_F(Commands, run_toggles_and_makes_a_job_for_each_task_with_destinations) {
   ASSERT_EQ(a.window.results.size(), 2u) << "the idle task has no row";
   EXPECT_EQ(a.window.results[1]->phase, Phase::CREATED);
   EXPECT_EQ(a.process.Starts().back().arguments.find(L"a -mem=AES256 -ssw -ppw "), 0u);
+  EXPECT_EQ(a.process.Starts().back().program, L"C:\\7-Zip\\7z.exe");
+  EXPECT_EQ(a.window.states, 2);
   a.Do(ID_RUN);
+  EXPECT_TRUE(a.window.results.empty() && a.app->Run().RowCount() == 0) << "rows of the run before";
+  const int statuses = a.window.statuses;
+  a.app->OnTimer();
+  EXPECT_EQ(a.window.statuses, statuses + 1);
   a.Do(ID_RUN);
   EXPECT_EQ(a.State(), RunState::STOPPING);
   a.Do(ID_RUN);
@@ -269,6 +275,12 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
   a.Do(ID_OPEN);
   EXPECT_EQ(a.dialogs.questions.back().initialPath, L"C:\\one.qlmr") << "of a new document: the latest";
   EXPECT_EQ(a.dialogs.questions.back().dialog, FileDialog::OPEN_FILE);
+  EXPECT_EQ(a.dialogs.questions.back().kinds.at(0).pattern, L"*.qlmr");
+  EXPECT_EQ(a.dialogs.questions.back().kinds.at(1).pattern, L"*.xml");
+  a.dialogs.paths = {L"C:\\one.qlmr"};
+  a.Do(ID_OPEN);
+  EXPECT_EQ(document.Path(), L"C:\\one.qlmr");
+  a.Do(ID_NEW);
   a.Fill(content);
   a.Do(ID_SAVE);
   EXPECT_EQ(document.Path(), L"") << "cancelled";
@@ -314,13 +326,12 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
   EXPECT_TRUE(document.IsModified());
   CContent rest = content;
   rest.tasks.Remove(0);
-  a.window.tasks.focused = 0;
-  for (const size_t at : {2, 1}) {  // the end while nothing is selected
+  for (const size_t at : {2, 0, 1}) {  // the end while nothing is selected
     a.Fill(rest);
     a.dialogs.paths = {L"C:\\one.qlmr"};
     a.Do(ID_ADD_FILE);
     EXPECT_EQ(document.Tasks()[at]->id, L"plain");
-    a.window.tasks.selected = {1};
+    a.window.tasks.selected = at == 2 ? std::vector<size_t>{0, 1} : std::vector<size_t>{1};
   }
   a.Do(ID_MRU_FIRST + 2);
   EXPECT_NE(a.TakeBoxes().find(L"Mru index is out of range: 2"), std::wstring::npos);
@@ -518,10 +529,24 @@ TEST_F(Commands, start_opens_the_named_document_or_the_last_one) {
   EXPECT_EQ(a.TakeBoxes(), L"");
   EXPECT_TRUE(a.Start(L"q.exe a b").Document().Path().empty());
   EXPECT_EQ(a.TakeBoxes(), L"エラー: コマンドライン引数が多すぎます: 2\n\na\nb\n");
+  a.files.AddFile(L"C:\\last2.qlmr", a.files.Files().at(L"C:\\last.qlmr"));
   a.files.Remove(L"C:\\last.qlmr");
   EXPECT_TRUE(a.Start().Document().Path().empty());
   EXPECT_NE(a.TakeBoxes().find(L"C:\\last.qlmr"), std::wstring::npos);
   EXPECT_TRUE(a.window.shown);
+  a.onTitle = [&a = a] {
+    if (!a.document->Path().empty()) throw std::runtime_error("title");
+  };
+  EXPECT_TRUE(a.Start(L"q.exe C:\\last2.qlmr").Document().Path().empty()) << "no half of a failed opening";
+  EXPECT_EQ(a.TakeBoxes(), L"エラー: 標準エラーが発生しました: title\n");
+}
+
+TEST_F(Commands, any_failure_is_shown) {
+  StartIn(RunState::NOT_RUN);
+  a.app->ShowFailure(std::make_exception_ptr(std::runtime_error("何か")));
+  EXPECT_EQ(a.TakeBoxes(), L"エラー: 標準エラーが発生しました: 何か\n");
+  a.app->ShowFailure(std::make_exception_ptr(1));
+  EXPECT_EQ(a.TakeBoxes(), L"エラー: 内部エラー\n\nunknown exception\n");
 }
 
 TEST_F(Commands, start_that_is_given_up_leaves_the_settings_file) {
@@ -548,10 +573,14 @@ TEST_F(Commands, start_that_is_given_up_leaves_the_settings_file) {
   a.Start();
   EXPECT_TRUE(a.window.closing && a.app->OnClose());
   EXPECT_EQ(a.files.Files().at(kSettingsFile), good) << "not replaced by defaults";
-  const std::wstring boxes = a.TakeBoxes();
+  std::wstring boxes = a.TakeBoxes();
   EXPECT_NE(boxes.find(L"設定ファイル: " + kSettingsFile + L"\nXML"), std::wstring::npos) << "named once";
   EXPECT_NE(boxes.find(L"有無を確認できませんでした"), std::wstring::npos);
   EXPECT_NE(boxes.find(L"新しいバージョン用の設定ファイル"), std::wstring::npos);
+  a.folders.failure = my::CException(IDS_PATH_EMPTY);
+  a.Start();
+  const my::CMsgArg reason = a.Text(IDS_PATH_EMPTY);
+  EXPECT_EQ(a.TakeBoxes(), L"確認: " + my::MakeText(a.texts, IDS_ASK_SETTINGS_ERROR, {&reason, 1}) + L"\n");
 }
 
 }  // namespace

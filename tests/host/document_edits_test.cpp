@@ -141,6 +141,7 @@ TEST_F(DocumentEdits, clip_brings_what_the_document_lacks) {
   document.Undo();
   EXPECT_EQ(PasteDsts(dom, document, tasks.document, 1), (CRows{1}));
   EXPECT_EQ(Shown(), L"ABCDEacbd");
+  EXPECT_FALSE(document.CanRedo()) << "an edit ends what could be done again";
   EXPECT_EQ(ThrownId([&] { PasteTasks(dom, document, "text", 0); }), IDS_XML_LOAD_FAILED);
 }
 

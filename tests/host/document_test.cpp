@@ -238,6 +238,9 @@ TEST_F(DocumentFile, document_that_could_not_be_read_back_leaves_the_old_file) {
   content.tasks.Insert(-1, Task(L"b", L""));
   content.tasks[1]->id = L"a";
   EXPECT_EQ(ThrownId([&] { Saved(CDocument(content)); }), IDS_ID_DUPLICATE);
+  content.tasks[1]->id = L" ";
+  dom.losesBlanks = true;
+  EXPECT_EQ(ThrownId([&] { Saved(CDocument(content)); }), IDS_XML_SAVE_FAILED);
   EXPECT_EQ(files.Files(), (std::map<std::wstring, std::string>{{kPath, "old"}}));
 }
 

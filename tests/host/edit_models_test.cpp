@@ -43,6 +43,9 @@ TEST_F(EditModels, destinations_of_a_task_are_in_the_order_of_the_rows) {
   const CDsts& dsts = document.Dsts();
   CTaskDstsModel model(dsts, {dsts[2], dsts[0]}, texts);
   EXPECT_EQ(Numbers(model), L"3124");
+  EXPECT_EQ(Numbers(CTaskDstsModel(dsts, {}, texts)), L"1234");
+  EXPECT_EQ(model.Text(0, CTaskDstsModel::FOLDER) + model.Text(0, CTaskDstsModel::PATTERN),
+            L"C:\\srcs" + CDst().pattern);
   EXPECT_EQ(model.StepRow(2, Step::UP), 2u);  // not used
   model.Toggle(3);
   EXPECT_EQ(model.Used(), (CTaskDsts{dsts[2], dsts[0], dsts[3]}));
@@ -91,6 +94,7 @@ TEST_F(EditModels, the_name_is_shown_or_what_is_wrong_with_it) {
   EXPECT_NE(Preview(L"x\\nul.zip").find(L"「nul.zip」は Windows のデバイス名"), std::wstring::npos);
   EXPECT_NE(Preview(L"x", L"C:\\a:b\\c").find(L"「a:b」には :"), std::wstring::npos);
   EXPECT_EQ(Preview(L"x", L" ..\\a "), L"x") << "a folder may be relative to another one";
+  EXPECT_EQ(NameTokens().size(), 13u);
   for (const CNameToken& token : NameTokens()) {
     EXPECT_EQ(Preview(token.text).find(L'<'), std::wstring::npos) << token.descId;
     EXPECT_FALSE(texts.Text(token.descId).empty());

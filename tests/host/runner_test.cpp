@@ -7,6 +7,7 @@
 #include "settings/settings_file.h"
 #include "support/fake_ports.h"
 #include "support/fake_system.h"
+#include "support/fake_windows.h"
 #include "support/memory_file_system.h"
 #include "support/pugi_dom.h"
 #include "text_ids.h"
@@ -29,6 +30,7 @@ class Runner : public testing::Test {
         "<Task><Id>none</Id><Path>C:\\src</Path><Dsts/><FilterPath/></Task></Tasks></QuillmoorDoc>",
         kTime);
     console.terminal = true;
+    threads.eager = true;
   }
 
   int Run(std::vector<std::wstring> arguments) {
@@ -41,13 +43,16 @@ class Runner : public testing::Test {
                             parsed.options);
   }
 
+  // What wipes a progress line of so many characters.
+  static std::wstring Wiped(size_t length) { return L"\r" + std::wstring(2 * length, L' ') + L"\r"; }
+
   test::CMemoryFileSystem files;
   test::CFakeClock clock;
   test::CIconvAnsiCodec ansi;
   test::CRcTexts texts;
   test::CFakeProcess process;
   test::CPugiDom dom;
-  test::CStdThreads threads;
+  test::CManualThreads threads;
   test::CFakeConsole console;
   test::CFakeFolders folders;
   test::CFakePower power;
@@ -55,15 +60,43 @@ class Runner : public testing::Test {
 
 TEST_F(Runner, terminal_gets_a_progress_line_that_gives_way_to_rows) {
   EXPECT_EQ(Run({L"--task", L"plain"}), qlm::kExitDone);
-  const std::wstring row = L"plain | D:\\dst\\copy | 正常終了 - バックアップが作成されました\n";
-  const size_t at = console.output.find(row);
-  ASSERT_NE(at, std::wstring::npos);
-  EXPECT_TRUE(at == 0 || console.output[at - 1] == L'\r') << "the progress line is wiped first";
-  EXPECT_NE(console.output.find(L"1 / 1  正常終了"), std::wstring::npos);
-  EXPECT_TRUE(console.output.ends_with(L"\r正常終了 - 結果 1 件、エラー 0 件\n"));
+  const std::wstring running = L"1 / 1  実行中  0:00  .";
+  const std::wstring ended = L"1 / 1  正常終了  0:00  ";
+  EXPECT_EQ(console.output, L"plain | D:\\dst\\copy | 正常終了 - バックアップが作成されました\n" + running +
+                                Wiped(running.size()) + ended + Wiped(ended.size()) +
+                                L"正常終了 - 結果 1 件、エラー 0 件\n");
   console.terminal = false;
   Run({L"--task", L"plain"});
   EXPECT_EQ(console.output.find(L'\r'), std::wstring::npos) << "a file gets no progress";
+  console.terminal = true;
+  Run({L"--task", L"plain", L"--quiet"});
+  EXPECT_EQ(console.output, L"");
+  files.Remove(L"C:\\src");
+  EXPECT_EQ(Run({L"--task", L"plain", L"--quiet"}), qlm::kExitErrors);
+  EXPECT_TRUE(console.output.starts_with(L"plain | C:\\src | ")) << "the source, while there is no name yet";
+}
+
+TEST_F(Runner, json_has_a_line_for_progress_rows_and_the_end) {
+  const std::wstring end = L"{\"event\":\"end\",\"state\":375,\"rows\":1,\"errors\":0}\n";
+  Run({L"--json", L"--task", L"plain"});
+  EXPECT_EQ(
+      console.output,
+      L"{\"event\":\"row\",\"task\":\"plain\",\"destination\":\"D:\\\\dst\\\\copy\",\"type\":\"FOLDER\","
+      L"\"phase\":439,\"message\":\"正常終了 - バックアップが作成されました\",\"error\":0,"
+      L"\"newest\":\"2016-03-05T07:04:09Z\",\"entries\":1,\"counted\":1,\"excluded\":0}\n"
+      L"{\"event\":\"progress\",\"done\":0,\"total\":1,\"elapsed_ms\":25,\"state\":372}\n" +
+          end);
+  Run({L"--json", L"--quiet", L"--task", L"plain"});
+  EXPECT_EQ(console.output, end);
+  files.Remove(L"C:\\src");
+  Run({L"--json", L"--quiet", L"--task", L"plain"});
+  EXPECT_NE(console.output.find(L"\"error\":465,\"newest\":null,\"entries\":0"), std::wstring::npos);
+}
+
+TEST_F(Runner, interrupted_run_is_stopped_after_what_is_at_work) {
+  console.interrupted = true;
+  EXPECT_EQ(Run({L"--json", L"--task", L"plain"}), qlm::kExitStopped);
+  EXPECT_TRUE(console.output.ends_with(L"\"state\":374,\"rows\":1,\"errors\":0}\n")) << console.output;
 }
 
 TEST_F(Runner, nothing_is_written_when_the_run_cannot_start) {
@@ -73,7 +106,12 @@ TEST_F(Runner, nothing_is_written_when_the_run_cannot_start) {
       << "a task may be listed without a destination";
   EXPECT_EQ(Run({}), qlm::kExitUnusable) << "no password";
   EXPECT_EQ(Run({L"--password-stdin"}), qlm::kExitUnusable) << "no line to read";
+  EXPECT_EQ(console.errors, texts.Text(IDS_PASSWORD_NEEDED) + L"\n");
+  console.input = {L"a b"};
+  EXPECT_EQ(Run({L"--password-stdin"}), qlm::kExitUnusable);
+  EXPECT_EQ(console.errors, texts.Text(IDS_PASSWORD_BAD_CHARACTER) + L"\n");
   EXPECT_EQ(Run({L"--settings", L"C:\\missing.config"}), qlm::kExitUnusable);
+  EXPECT_NE(console.errors.find(L"C:\\missing.config"), std::wstring::npos);
   EXPECT_EQ(Run({L"--unknown"}), qlm::kExitUnusable);
   EXPECT_EQ(files.Kind(L"D:\\dst"), my::PathKind::NONE);
   EXPECT_TRUE(process.Starts().empty());
@@ -103,9 +141,15 @@ TEST_F(Runner, archiver_and_password_come_from_the_options_or_else_the_settings)
   files.AddFile(settings, bytes.substr(0, bytes.find("<UI>")) + "</QuillmoorSetting>", kTime);
   console.input = {L"p1"};
   Run({L"--task", L"zip", L"--password-stdin"});
+  EXPECT_NE(process.Starts().back().arguments.find(L" -pp1 "), std::wstring::npos);
   EXPECT_EQ(process.Starts().back().program, L"C:\\set.exe") << "what comes after it is not needed";
   EXPECT_TRUE(console.errors.starts_with(L"警告: 設定ファイルが途中まで"));
   EXPECT_NE(console.errors.find(L"UI\n\n"), std::wstring::npos) << console.errors;
+  stored.archive.passwordType = qlm::PasswordType::SAVE;
+  stored.archive.password = L"p2";
+  qlm::SaveSettings(files, clock, dom, L"C:\\other.config", stored);
+  Run({L"--task", L"zip", L"--settings", L"C:\\other.config"});
+  EXPECT_NE(process.Starts().back().arguments.find(L" -pp2 "), std::wstring::npos);
 }
 
 TEST_F(Runner, filter_that_excludes_everything_shows_its_counts) {

@@ -5,6 +5,7 @@
 #include <functional>
 #include <limits>
 
+#include "document/dst.h"
 #include "settings/settings_file.h"
 #include "support/exception.h"
 #include "support/fake_ports.h"
@@ -99,6 +100,27 @@ TEST_F(SettingsFile, every_field_stands_under_its_name_and_comes_back) {
   EXPECT_TRUE(live.ui.hybridShutdown && !live.ui.installUpdates) << "not one in place of the other";
   ASSERT_EQ(Load(defaults), 0u);
   EXPECT_EQ(Saved(live), defaults) << "the file's lists replace those of before";
+}
+
+TEST(SettingsNames, every_value_has_its_name) {
+  const std::pair<const my::CEnumTable&, std::wstring> kTables[] = {
+      {kPasswordTypeNames, L"EXEC|EXEC_ONCE|SAVE"},
+      {kPowerOffTypeNames, L"LOGOFF|SLEEP|HIBERNATE|POWEROFF"},
+      {kBrushTypeNames, L"DEFAULT|OS_DEFAULT|CUSTOM_COLOR|CUSTOM_BK|CHECK|DIA|STRIPE|INTERLACE"},
+      {kFitTypeNames, L"NONE|WIDTH|HEIGHT|AUTO_FIT|AUTO_FILL"},
+      {kImgOriginNames, L"LT|LB|RB|RT"},
+      {kBkImgTypeNames,
+       L"DEFAULT|NONE|CUSTOM|OK|LOVELOVE|NO|HATENA|MASSAKASAMA|ASE|GAKKURI|PEROON|DARUDARU|CHOUDAI|DOGEZA|"
+       L"MANEKI|"
+       L"ONEGAI|BUTSUYO|GUROKKII|GUTTARI|DOWN|IYAIYA|OMOI|ZUKO|BIRIBIRI|URAMIMASU|CHANCE|GETTODAZE"},
+      {kDstTypeNames, L"FOLDER|ZIP|PASSWORD_ZIP|AES_256_ZIP"},
+      {kReplaceRowNames, L"ALL|SELECTED|FOCUSED"},
+      {kReplaceColNames, L"TASK_ID|TASK_PATH|TASK_FILTER|DST_FOLDER|DST_PATTERN"}};
+  for (const auto& [table, names] : kTables) {
+    const uint32_t all = (1u << table.names.size()) - 1;
+    EXPECT_EQ(my::FlagsText(table, all), names);
+    EXPECT_EQ(my::ParseFlags(table, names), all);
+  }
 }
 
 TEST_F(SettingsFile, bad_values_get_the_message_of_their_kind) {

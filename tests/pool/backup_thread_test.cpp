@@ -21,11 +21,12 @@ class CShown : public qlm::IRunObserver {
     rows.resize(firstRow);
     rows.insert(rows.end(), changed.begin(), changed.end());
   }
-  void OnStatus() override {}
+  void OnStatus() override { ++statuses; }
   void OnStateChanged() override { ++stateChanges; }
   void OnPowerOff() override { ++powerOffs; }
 
   qlm::CResults rows;
+  int statuses = 0;
   int stateChanges = 0;
   int powerOffs = 0;
 };
@@ -121,8 +122,9 @@ TEST_F(BackupThread, stop_drops_what_waits_and_ends_what_runs) {
   AddJob(L"2", {L"three"});
   controller.Start(false, true);
   entered.get_future().wait();
-  clock.SetTick(61'400);
+  clock.Sleep(61'400);
   controller.Tick();
+  EXPECT_TRUE(shown.statuses == 1 && shown.rows.size() == 1);
   EXPECT_EQ(controller.Progress().position, 0u) << "the row that is at work does not count yet";
   EXPECT_EQ(controller.StatusText(), L"1 / 3  実行中  1:01  ........");
   controller.Stop();

@@ -1,6 +1,8 @@
 // The whole program without its windows, on a disk in memory.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <boost/smart_ptr/make_shared.hpp>
 #include <optional>
 #include <string>
@@ -37,10 +39,16 @@ class CFakeApp {
     process.OnRun([this](const my::CProcessStart& start) { return MakeArchive(files, start); });
   }
 
+  ~CFakeApp() {
+    app.reset();
+    EXPECT_EQ(threads.abandoned, 0) << "a worker was not waited for";
+  }
+
   // A new start of the program on what the last one left.
   qlm::CApplication& Start(const std::wstring& commandLine = L"Quillmoor.exe") {
     app.reset();
     window = {};
+    window.onTitle = onTitle;
     settings.emplace(0);
     document.emplace();
     app.emplace(
@@ -93,6 +101,7 @@ class CFakeApp {
   CFakeClipboard clipboard;
   CFakeWindow window;
   CFakeDialogs dialogs;
+  std::function<void()> onTitle;  // of the next start
   std::optional<qlm::CSettings> settings;
   std::optional<qlm::CDocument> document;
   std::optional<qlm::CApplication> app;

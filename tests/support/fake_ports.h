@@ -14,12 +14,12 @@
 #include "platform/message_texts.h"
 #include "platform/process.h"
 #include "platform/threads.h"
+#include "support/exception.h"
 
 namespace test {
 
 class CFakeClock : public my::IClock {
  public:
-  void SetTick(uint64_t tick) { m_tick = tick; }
   void SetOffsetMinutes(int minutes) { m_offsetMinutes = minutes; }  // of the user's time zone
 
   uint64_t TickCount() const override { return m_tick; }
@@ -28,7 +28,7 @@ class CFakeClock : public my::IClock {
   my::CCalendar LocalCalendar(my::CFileTime time) const override;
 
  private:
-  mutable std::atomic<uint64_t> m_tick = 0;
+  mutable std::atomic<uint64_t> m_tick = 5'000'000;  // since the system's start
   std::atomic<int> m_offsetMinutes = 0;
 };
 
@@ -47,11 +47,15 @@ class CIconvAnsiCodec : public my::IAnsiCodec {
 
 struct CFakeFolders : my::IKnownFolders {
   std::optional<std::wstring> ProgramFiles() const override { return programs; }
-  std::wstring RoamingAppData() const override { return roaming; }
+  std::wstring RoamingAppData() const override {
+    if (failure) throw *failure;
+    return roaming;
+  }
   std::wstring ProgramFolder() const override { return program; }
 
   std::optional<std::wstring> programs;
   std::wstring roaming = L"C:\\Roaming";
+  std::optional<my::CException> failure;  // of RoamingAppData
   std::wstring program = L"C:\\Quillmoor";
 };
 

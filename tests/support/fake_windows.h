@@ -15,6 +15,7 @@
 #include "platform/threads.h"
 #include "settings/settings.h"
 #include "support/exception.h"
+#include "support/secret.h"
 
 namespace test {
 
@@ -45,7 +46,9 @@ struct CFakeWindow : qlm::IMainWindow {
   void RedrawLists() override {}
   void ApplySettings(const qlm::CSettings&) override { shown = true; }
   void StoreSettings(qlm::CSettings& settings) override { settings.mainFrame.normalBounds = bounds; }
-  void UpdateTitle() override { ++titles; }
+  void UpdateTitle() override {
+    if (onTitle) onTitle();
+  }
   void PostClose() override { closing = true; }
   void HoldSession(const std::wstring& reason) override { hold = reason; }
   void ShowClosing() override { ++closingShown; }
@@ -56,8 +59,8 @@ struct CFakeWindow : qlm::IMainWindow {
     results.resize(firstRow);
     results.insert(results.end(), rows.begin(), rows.end());
   }
-  void ShowRunStatus() override {}
-  void ShowRunState() override {}
+  void ShowRunStatus() override { ++statuses; }
+  void ShowRunState() override { ++states; }
 
   CFakeList tasks;
   CFakeList dsts;
@@ -68,9 +71,11 @@ struct CFakeWindow : qlm::IMainWindow {
   bool shown = false;
   bool closing = false;
   bool timer = false;
-  int titles = 0;
+  std::function<void()> onTitle;
   std::wstring hold;  // why the session must not end
   int closingShown = 0;
+  int statuses = 0;
+  int states = 0;
   qlm::CResults results;
 };
 
@@ -96,7 +101,8 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
   }
   bool AskPassword(qlm::CPasswordEntry& entry) override {
     ++passwordDialogs;
-    while (const auto password = Next(passwords)) {
+    while (auto password = Next(passwords)) {
+      const my::CWipeAtEnd wipe(*password);
       try {
         if (entry.Accept(*password, true)) return true;
       } catch (const my::CException& failure) {
@@ -162,7 +168,9 @@ class CManualThreads : public my::IThreads {
                                             my::CSystemError& error) override {
     if (fail) return error = my::CSystemError::FromWin32(8), nullptr;
     m_bodies.push_back(std::make_shared<CBody>(std::move(body)));
-    return std::make_unique<CThread>(m_bodies.back(), start.priority != kIdlePriority && !hang);
+    const bool worker = start.priority == kIdlePriority;
+    return std::make_unique<CThread>(m_bodies.back(), (!worker || eager) && !hang,
+                                     worker ? &abandoned : nullptr);
   }
 
   // Lets every thread come to its end, also those whose owner has given them up.
@@ -172,6 +180,8 @@ class CManualThreads : public my::IThreads {
 
   bool fail = false;
   bool hang = false;
+  bool eager = false;  // workers work while they are waited for, too
+  int abandoned = 0;   // workers that nobody waited for
 
  private:
   using CBody = std::function<void()>;
@@ -181,8 +191,11 @@ class CManualThreads : public my::IThreads {
   }
 
   struct CThread : my::IRunningThread {
-    CThread(std::shared_ptr<CBody> threadBody, bool works)
-        : body(std::move(threadBody)), worksInTime(works) {}
+    CThread(std::shared_ptr<CBody> threadBody, bool works, int* counter)
+        : body(std::move(threadBody)), worksInTime(works), abandoned(counter) {}
+    ~CThread() override {
+      if (abandoned && *body) ++*abandoned;
+    }
 
     bool Wait(uint32_t timeOutMs) override {
       if (timeOutMs == my::kNoTimeOut || (worksInTime && timeOutMs > 0)) Run(*body);
@@ -193,6 +206,7 @@ class CManualThreads : public my::IThreads {
 
     std::shared_ptr<CBody> body;
     bool worksInTime;
+    int* abandoned;
   };
 
   std::vector<std::shared_ptr<CBody>> m_bodies;

@@ -55,6 +55,8 @@ class CNode : public my::IXmlNode {
 
 class CDocument : public my::IXmlDocument {
  public:
+  explicit CDocument(bool losesBlanks) : m_flags(losesBlanks ? kFlags & ~pugi::parse_ws_pcdata : kFlags) {}
+
   void LoadBytes(std::string_view bytes, const std::wstring& path) override {
     if (const auto reason = Refuse(std::string(bytes))) {
       throw my::CException(IDS_XML_LOAD_FAILED, {*reason, path});
@@ -73,8 +75,7 @@ class CDocument : public my::IXmlDocument {
   // Parses, and answers why not. The library lets some documents pass that stricter parsers refuse.
   std::optional<my::CMsgArg> Refuse(const std::string& bytes) {
     static const std::regex looseAmpersand("&(?!(amp|lt|gt|quot|apos|#[0-9]+|#x[0-9A-Fa-f]+);)");
-    constexpr unsigned kFlags = pugi::parse_default | pugi::parse_ws_pcdata | pugi::parse_doctype;
-    const pugi::xml_parse_result result = m_document.load_buffer(bytes.data(), bytes.size(), kFlags);
+    const pugi::xml_parse_result result = m_document.load_buffer(bytes.data(), bytes.size(), m_flags);
     if (!result) return WideFromUtf8(result.description());
     const auto isDoctype = [](pugi::xml_node node) { return node.type() == pugi::node_doctype; };
     if (m_document.find_child(isDoctype)) return my::CTextId{IDS_DOCTYPE_REFUSED};
@@ -85,13 +86,15 @@ class CDocument : public my::IXmlDocument {
     return {};
   }
 
+  static constexpr unsigned kFlags = pugi::parse_default | pugi::parse_ws_pcdata | pugi::parse_doctype;
+  unsigned m_flags;
   pugi::xml_document m_document;
 };
 
 }  // namespace
 
 std::unique_ptr<my::IXmlDocument> CPugiDom::Create() {
-  return std::make_unique<CDocument>();
+  return std::make_unique<CDocument>(losesBlanks);
 }
 
 }  // namespace test

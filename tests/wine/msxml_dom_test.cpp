@@ -7,6 +7,7 @@
 
 #include "document/document.h"
 #include "document/document_file.h"
+#include "document/text_file.h"
 #include "platform/clock.h"
 #include "platform/win32/com.h"
 #include "platform/win32/win32_ansi_codec.h"
@@ -16,6 +17,7 @@
 #include "settings/settings_file.h"
 #include "support/exception.h"
 #include "support/golden.h"
+#include "support/strings.h"
 #include "support/thrown.h"
 #include "text_ids.h"
 
@@ -99,6 +101,13 @@ TEST_F(MsxmlDom, known_files_come_back_byte_for_byte) {
     EXPECT_EQ(m_scratch.files.ReadFile(path, 1 << 20), golden) << name;
     m_scratch.files.RemoveFile(path);
   }
+}
+
+TEST(Strings, character_beyond_the_first_plane_is_a_pair) {
+  const std::string utf8 = "\xF0\xA0\xAE\xB7";
+  EXPECT_EQ(my::WideFromUtf8(utf8), L"\xD842\xDFB7");
+  EXPECT_EQ(my::Utf8FromWide(L"\xD842\xDFB7"), utf8);
+  EXPECT_EQ(qlm::TextLines(my::CWin32AnsiCodec(), {"\xFF\xFE\x42\xD8\xB7\xDF", 6}).at(0), L"\xD842\xDFB7");
 }
 
 TEST(Win32AnsiCodec, invalid_bytes_are_marked_and_the_others_kept) {

@@ -8,6 +8,7 @@
 #include "support/contrast.h"
 #include "support/exception.h"
 #include "ui/framework/check_images.h"
+#include "ui/framework/colors.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/failures.h"
 
@@ -39,10 +40,9 @@ class CFlag {
   bool m_before;
 };
 
-COLORREF ReadableOn(COLORREF background, CColor color) {
-  const double luminance = Luminance({GetRValue(background), GetGValue(background), GetBValue(background)});
-  const CColor moved = Readable(color, luminance, luminance < 0.18);
-  return RGB(moved.red, moved.green, moved.blue);
+COLORREF ReadableOn(CColor background, CColor color) {
+  const double luminance = Luminance(background);
+  return ColorRef(Readable(color, luminance, luminance < 0.18));
 }
 
 }  // namespace
@@ -205,7 +205,7 @@ LRESULT CListView::OnCustomDraw(NMLVCUSTOMDRAW& draw) {
   if (look.grey)
     draw.clrText = ::GetSysColor(COLOR_GRAYTEXT);
   else if (look.color)
-    draw.clrText = ReadableOn(::GetSysColor(COLOR_WINDOW), *look.color);
+    draw.clrText = ReadableOn(SystemColor(COLOR_WINDOW), *look.color);
   return CDRF_DODEFAULT;
 }
 

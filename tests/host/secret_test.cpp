@@ -1,0 +1,70 @@
+// Looks into all memory that is given back for a password.
+#include <gtest/gtest.h>
+#include <malloc.h>
+
+#include <cstdlib>
+#include <new>
+
+#include "command_ids.h"
+#include "support/fake_app.h"
+
+namespace {
+
+constexpr std::wstring_view kSecret = L"a-long-password";
+constexpr std::string_view kSecretUtf8 = "a-long-password";
+bool watching = false;
+int found = 0;
+
+}  // namespace
+
+void* operator new(size_t bytes) {
+  if (void* memory = std::malloc(bytes)) return memory;
+  throw std::bad_alloc();
+}
+
+void operator delete(void* memory) noexcept {
+  if (watching && memory) {
+    const size_t bytes = ::malloc_usable_size(memory);
+    const std::wstring_view wide(static_cast<const wchar_t*>(memory), bytes / sizeof(wchar_t));
+    const std::string_view utf8(static_cast<const char*>(memory), bytes);
+    if (wide.find(kSecret) != wide.npos || utf8.find(kSecretUtf8) != utf8.npos) ++found;
+  }
+  std::free(memory);
+}
+
+void operator delete(void* memory, size_t) noexcept {
+  operator delete(memory);
+}
+
+namespace {
+
+using namespace qlm;
+
+TEST(Secret, password_is_wiped_before_its_memory_is_given_back) {
+  test::CFakeApp a;
+  for (const auto type : {PasswordType::EXEC, PasswordType::EXEC_ONCE, PasswordType::SAVE}) {
+    CContent content;
+    content.dsts.Insert(-1, test::MakeDst(L"D:\\z" + std::to_wstring(static_cast<int>(type)),
+                                          DstType::PASSWORD_ZIP, L"<ID>.zip"));
+    content.tasks.Insert(-1, test::MakeTask(L"secret", {content.dsts[0]}));
+    a.Start().Document().Reset(content, L"");
+    a.app->Settings().archive.passwordType = type;
+    a.dialogs.passwords.emplace_back(kSecret);
+    const size_t archives = a.process.Starts().size();
+    watching = true;
+    a.Do(ID_RUN);
+    a.EndRun();
+    CArchiveSetting edited = a.app->Settings().archive;
+    edited.password = L"b";
+    SetArchiveSetting(a.app->Settings().archive, edited);
+    my::Wipe(edited.password);
+    a.app->Settings().archive.password = kSecret;
+    a.app.reset();
+    watching = false;
+    EXPECT_EQ(found, 0) << static_cast<int>(type);
+    EXPECT_EQ(a.settings->archive.password, L"");
+    EXPECT_EQ(a.process.Starts().size(), archives + 1);
+  }
+}
+
+}  // namespace
