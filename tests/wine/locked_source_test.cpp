@@ -36,10 +36,8 @@ class LockedSource : public testing::Test {
   qlm::CResultPtr Run(DstType type, const std::wstring& name) {
     qlm::CTask task{L"t", m_scratch.At(L"src"), L"", {}};
     task.dsts = {boost::make_shared<qlm::CDst>(qlm::CDst{m_scratch.At(L"dst"), type, name})};
-    const auto job = boost::make_shared<qlm::CBackupTask>(
-        qlm::CEnginePorts{m_scratch.files, m_clock, m_ansi, m_texts, m_process});
-    job->SetTask(task);
-    job->SetArchiverPath(ArchiverPath());
+    const qlm::CEnginePorts ports{m_scratch.files, m_clock, m_ansi, m_texts, m_process};
+    const auto job = boost::make_shared<qlm::CBackupTask>(ports, qlm::CBackupJob{task, ArchiverPath()});
     job->Run();
     return job->Results().back();
   }

@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "platform/win32/last_error.h"
 #include "support/contrast.h"
 #include "support/exception.h"
 #include "ui/framework/check_images.h"
@@ -60,7 +61,7 @@ void CListView::Create(HWND parent, int id, Boxes boxes, DWORD style) {
   const HWND list =
       ::CreateWindowExW(0, WC_LISTVIEWW, L"", kStyle | style, 0, 0, 0, 0, parent,
                         reinterpret_cast<HMENU>(INT_PTR{id}), ::GetModuleHandleW(nullptr), nullptr);
-  if (!list) throw CException(CSystemError::FromWin32(::GetLastError()));
+  if (!list) throw CException(LastError());
   m_owned = true;
   Attach(list, boxes);
 }
