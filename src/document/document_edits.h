@@ -12,9 +12,6 @@ namespace qlm {
 
 using CRows = std::vector<size_t>;
 
-// The document takes no more destinations than this. A file that has more can be opened all the same.
-inline constexpr size_t kMostDsts = 99;
-
 enum class Step { UP, DOWN };
 
 // How many of some tasks use a destination.
@@ -36,9 +33,6 @@ CRows MoveTasks(CDocument& document, const CRows& rows, std::ptrdiff_t position)
 
 // Moves each task by one; those that stand at the end of the way, one behind the other, stay.
 CRows StepTasks(CDocument& document, const CRows& rows, Step step);
-
-// Copies with free IDs, behind the last of the tasks. Answers their rows. Throws IDS_ID_NUMBERS_EXHAUSTED.
-CRows DuplicateTasks(CDocument& document, const CRows& rows);
 
 void SetTaskFilter(CDocument& document, size_t row, const std::wstring& filterPath);
 
@@ -64,10 +58,6 @@ void RemoveDsts(CDocument& document, const CRows& rows);
 
 CRows MoveDsts(CDocument& document, const CRows& rows, std::ptrdiff_t position);
 CRows StepDsts(CDocument& document, const CRows& rows, Step step);
-
-// Copies behind the last of the destinations, told apart by a number behind the name in the pattern:
-// "a_2.zip". Throws IDS_TOO_MANY_DSTS.
-CRows DuplicateDsts(CDocument& document, const CRows& rows);
 
 // --- which task uses which destination ---
 

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/unlisted_folder.h"
 #include "platform/file_system.h"
 #include "support/exception.h"
 #include "support/file_time.h"
@@ -54,12 +55,6 @@ class CTarget {
   my::CFileTime m_lastWriteTime;
   uint64_t m_size;
   const CFilterItem* m_item;
-};
-
-// A folder that could not be listed, or not to its end.
-struct CUnlistedFolder {
-  std::wstring folder;  // relative to the source and ending in "\"; the source itself is ""
-  my::CSystemError error;
 };
 
 // Every entry below a task's source in listing order: a folder stands before its contents.

@@ -1,4 +1,6 @@
 #include "document/document_edits.h"
+#include "document/document_limits.h"
+#include "document/duplicate_items.h"
 
 #include <gtest/gtest.h>
 
