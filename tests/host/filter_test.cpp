@@ -5,7 +5,6 @@
 #include <iterator>
 #include <random>
 #include <sstream>
-#include <stdexcept>
 
 #include "document/text_file.h"
 #include "support/fake_ports.h"
