@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cwchar>
 #include <functional>
 #include <memory>
 #include <stdexcept>
@@ -45,8 +46,9 @@ class CFakeFiles : public my::IFileSystem {
   static constexpr const wchar_t* kSource = L"C:\\source";
 
   // A file in a folder has a relative path of 60 characters.
-  std::unique_ptr<my::IFindFiles> Find(const std::wstring& pattern) override {
-    const bool source = m_folders != 0 && my::ParentPath(pattern) == kSource;
+  std::unique_ptr<my::IFindFiles> Find(const std::wstring& folder) override {
+    const bool source =
+        m_folders != 0 && folder.starts_with(kSource) && folder.size() <= std::wcslen(kSource) + 1;
     if (source) return std::make_unique<CFakeFind>(m_folders, 29, my::kAttributeFolder);
     return std::make_unique<CFakeFind>(m_files, 30, 0);
   }

@@ -48,7 +48,7 @@ CFilterPtr MakeFilter(size_t lines) {
   return filter;
 }
 
-// Searches every expression in every path: the cost of a filter without CLiteralTest.
+// Searches every expression in every path: the cost of a filter without CRegexPrefilter.
 size_t SearchPlainly(const qlm::CFilter& filter, const qlm::CTargets& targets) {
   my::CRegexMatch scratch;
   return static_cast<size_t>(std::count_if(targets.begin(), targets.end(), [&](const qlm::CTarget& target) {

@@ -32,9 +32,7 @@ inline qlm::CBackupTaskPtr MakeJob(const qlm::CEnginePorts& ports, std::wstring 
     task.dsts.push_back(boost::make_shared<qlm::CDst>());
     task.dsts.back()->folder = destination;
   }
-  auto job = boost::make_shared<qlm::CBackupTask>(ports);
-  job->SetTask(task);
-  return job;
+  return boost::make_shared<qlm::CBackupTask>(ports, qlm::CBackupJob{task});
 }
 
 }  // namespace bench

@@ -66,7 +66,7 @@ uint64_t BareList(std::wstring& folder) {
   const size_t length = folder.size();
   folder += L"*.*";
   WIN32_FIND_DATAW data;
-  const my::CFindHandle find(::FindFirstFileW(folder.c_str(), &data));
+  const my::CHandle<HANDLE, &::FindClose> find(::FindFirstFileW(folder.c_str(), &data));
   folder.resize(length);
   if (!find) return 0;
   uint64_t count = 0;

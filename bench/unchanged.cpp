@@ -8,7 +8,6 @@
 #include "platform/win32/win32_file_system.h"
 #include "ports.h"
 #include "support/paths.h"
-#include "text_ids.h"
 #include "tree.h"
 
 namespace bench {

@@ -28,12 +28,11 @@ TEST(Windows, large_document) {
   test::CGuiApp a;
   CContent content;
   for (int i = 0; i < 99; ++i) {
-    content.dsts.Insert(-1,
-                        boost::make_shared<CDst>(CDst{L"C:\\" + std::to_wstring(i), DstType::FOLDER, L"p"}));
+    content.dsts.Append(boost::make_shared<CDst>(CDst{L"C:\\" + std::to_wstring(i), DstType::FOLDER, L"p"}));
   }
   const CTaskDsts all(content.dsts.begin(), content.dsts.end());
   for (int i = 0; i < 1000; ++i)
-    content.tasks.Insert(-1, boost::make_shared<CTask>(CTask{std::to_wstring(i), L"C:\\s", L"", all}));
+    content.tasks.Append(boost::make_shared<CTask>(CTask{std::to_wstring(i), L"C:\\s", L"", all}));
   const auto measure = [&](const char* what, const std::function<void()>& action) {
     const auto shown = [&] {
       action();

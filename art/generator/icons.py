@@ -55,12 +55,19 @@ enum class ToolIcon {
 };
 constexpr int kToolIconCount = %d;
 
+inline constexpr struct {
+  int command;
+  ToolIcon icon;
+} kToolIcons[] = {
+%s
+};
+
 // Returns the icon of a command, or None. Stop has no command of its own: ID_RUN stops a run.
 constexpr ToolIcon ToolIconOf(int command) {
-  switch (command) {
-%s
-    default: return ToolIcon::None;
+  for (const auto& [id, icon] : kToolIcons) {
+    if (id == command) return icon;
   }
+  return ToolIcon::None;
 }
 
 }  // namespace qlm
@@ -88,10 +95,5 @@ def make_strips(folder):
 
 def make_header():
     pascal = lambda name: "".join(word.capitalize() for word in name.split("_"))
-    cases = [f"{indent_cases(commands)} return ToolIcon::{pascal(name)};"
-             for name, commands in TOOLS.items() if commands]
-    return HEADER % (",\n".join(f"  {pascal(name)}" for name in TOOLS), len(TOOLS), "\n".join(cases))
-
-
-def indent_cases(commands):
-    return "\n".join(f"    case {command}:" for command in commands)
+    icons = [f"    {{{command}, ToolIcon::{pascal(name)}}}," for name, commands in TOOLS.items() for command in commands]
+    return HEADER % (",\n".join(f"  {pascal(name)}" for name in TOOLS), len(TOOLS), "\n".join(icons))

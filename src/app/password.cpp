@@ -3,7 +3,7 @@
 #include "app/command.h"
 #include "app/messenger.h"
 #include "app/windows.h"
-#include "engine/archive_writer.h"
+#include "engine/archive_password.h"
 #include "platform/hash.h"
 #include "support/secret.h"
 #include "support/strings.h"

@@ -13,23 +13,8 @@
 namespace qlm {
 namespace {
 
-constexpr my::CEnumTexts<PowerOffType> kFailures{IDS_LOGOFF_FAILED, IDS_POWEROFF_FAILED};
-
 bool EndsSession(PowerOffType type) {
   return type == PowerOffType::LOGOFF || type == PowerOffType::POWEROFF;
-}
-
-uint32_t Act(my::IPower& power, const my::IMessageTexts& texts, PowerOffType type, uint32_t shutdownFlags) {
-  switch (type) {
-    case PowerOffType::LOGOFF: return power.EndSession(my::kLogOffForceIfHung, 0);
-    case PowerOffType::SLEEP: return power.SetSuspendState(false, false, false);
-    case PowerOffType::HIBERNATE: return power.SetSuspendState(true, false, false);
-    case PowerOffType::POWEROFF:
-      return power.ShutDown(texts.Text(IDS_POWER_OFF_MESSAGE), 0, shutdownFlags | my::kShutdownPowerOff,
-                            my::kReasonPlannedApplication);
-  }
-  throw my::CException(IDS_INTERNAL_ERROR,
-                       {L"Unkonwn PowerOff type: " + std::to_wstring(static_cast<int>(type))});
 }
 
 }  // namespace
@@ -61,9 +46,16 @@ uint32_t ShutdownFlags(bool hybrid, bool installUpdates) {
 }
 
 void PowerOff(my::IPower& power, const my::IMessageTexts& texts, PowerOffType type, uint32_t shutdownFlags) {
-  const uint32_t code = Act(power, texts, type, shutdownFlags);
-  if (code == 0) return;
-  throw my::CException(kFailures[type], {my::CSystemError::FromWin32(code)});
+  switch (type) {
+    case PowerOffType::LOGOFF: return power.EndSession(my::kLogOffForceIfHung, 0);
+    case PowerOffType::SLEEP: return power.SetSuspendState(false, false, false);
+    case PowerOffType::HIBERNATE: return power.SetSuspendState(true, false, false);
+    case PowerOffType::POWEROFF:
+      return power.ShutDown(texts.Text(IDS_POWER_OFF_MESSAGE), 0, shutdownFlags | my::kShutdownPowerOff,
+                            my::kReasonPlannedApplication);
+  }
+  throw my::CException(IDS_INTERNAL_ERROR,
+                       {L"Unkonwn PowerOff type: " + std::to_wstring(static_cast<int>(type))});
 }
 
 }  // namespace qlm

@@ -66,12 +66,12 @@ CContent Exchanged(const CContent& content, const CExchange<CTask>& tasks, const
   for (const CTaskPtr& task : content.tasks) {
     const CTaskPtr replaced = Replacement(tasks, task);
     if (replaced) CheckTask(*replaced);
-    result.tasks.Insert(-1, WithDsts(replaced ? replaced : task, dsts));
+    result.tasks.Append(WithDsts(replaced ? replaced : task, dsts));
   }
   for (const CDstPtr& dst : content.dsts) {
     const CDstPtr replaced = Replacement(dsts, dst);
     if (replaced) CheckDst(*replaced);
-    result.dsts.Insert(-1, replaced ? replaced : dst);
+    result.dsts.Append(replaced ? replaced : dst);
   }
   return result;
 }

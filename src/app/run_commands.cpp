@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <boost/smart_ptr/make_shared.hpp>
+#include <iterator>
 
 #include "app/password.h"
 #include "app/windows.h"
 #include "document/document.h"
-#include "engine/archive_writer.h"
+#include "engine/archiver_location.h"
 #include "engine/backup_thread.h"
 #include "settings/settings.h"
 #include "support/secret.h"
@@ -16,14 +17,6 @@ namespace qlm {
 namespace {
 
 constexpr uint32_t kTickMs = 100;
-
-template <class Test>
-bool AnyDst(const std::vector<CBackupTaskPtr>& jobs, Test test) {
-  return std::any_of(jobs.begin(), jobs.end(), [test](const CBackupTaskPtr& job) {
-    const CTaskDsts& dsts = job->Task().dsts;
-    return std::any_of(dsts.begin(), dsts.end(), [test](const CDstPtr& dst) { return test(dst->type); });
-  });
-}
 
 void Start(CAppContext& context, const std::vector<CBackupTaskPtr>& jobs, bool listOnly, bool powerOff) {
   context.run.ResetResults();
@@ -43,32 +36,24 @@ void CCommandExec::Execute(bool run) {
     m_context.run.Stop();
     return;
   }
-  const std::vector<CBackupTaskPtr> jobs = MakeJobs();
-  if (jobs.empty()) throw my::CException(IDS_NO_TASKS);
-  StartRun(jobs);
+  std::vector<CTaskPtr> tasks;
+  const auto isSelected = [](const CTaskPtr& task) { return !task->dsts.empty(); };
+  std::ranges::copy_if(m_context.document.Tasks(), std::back_inserter(tasks), isSelected);
+  if (tasks.empty()) throw my::CException(IDS_NO_TASKS);
+  StartRun(tasks);
 }
 
-std::vector<CBackupTaskPtr> CCommandExec::MakeJobs() const {
-  std::vector<CBackupTaskPtr> jobs;
-  for (const CTaskPtr& task : m_context.document.Tasks()) {
-    if (task->dsts.empty()) continue;
-    auto job = boost::make_shared<CBackupTask>(m_context.ports.engine);
-    job->SetTask(*task);
-    jobs.push_back(std::move(job));
-  }
-  return jobs;
-}
-
-void CCommandExec::StartRun(const std::vector<CBackupTaskPtr>& jobs) {
+void CCommandExec::StartRun(const std::vector<CTaskPtr>& tasks) {
   CArchiveSetting archive = m_context.settings.archive;
   const my::CWipeAtEnd wipe(archive.password);
-  if (AnyDst(jobs, NeedsPassword) && !AskPassword(m_context, archive)) return;
-  if (archive.sevenZipPath.empty() && AnyDst(jobs, IsZip)) {
+  if (AnyDst(tasks, NeedsPassword) && !AskPassword(m_context, archive)) return;
+  if (archive.sevenZipPath.empty() && AnyDst(tasks, IsZip)) {
     archive.sevenZipPath = FindArchiver(m_context.ports.engine.files, m_context.ports.folders);
   }
-  for (const CBackupTaskPtr& job : jobs) {
-    job->SetArchiverPath(archive.sevenZipPath);
-    job->SetPassword(archive.password);
+  std::vector<CBackupTaskPtr> jobs;
+  for (const CTaskPtr& task : tasks) {
+    const CBackupJob job{*task, archive.sevenZipPath, archive.password};
+    jobs.push_back(boost::make_shared<CBackupTask>(m_context.ports.engine, job));
   }
   Start(m_context, jobs, false, m_powerOff);
 }
@@ -80,9 +65,8 @@ void CCommandTaskTargets::Execute(bool run) {
   if (!row || *row >= m_context.document.Tasks().size())
     throw CListException(IDS_NO_ITEM_SELECTED, m_context.window.TaskList());
   if (!run) return;
-  auto job = boost::make_shared<CBackupTask>(m_context.ports.engine);
-  job->SetTask(*m_context.document.Tasks()[*row]);
-  Start(m_context, {job}, true, false);
+  const CBackupJob job{*m_context.document.Tasks()[*row]};
+  Start(m_context, {boost::make_shared<CBackupTask>(m_context.ports.engine, job)}, true, false);
 }
 
 }  // namespace qlm

@@ -16,8 +16,7 @@ class CCommandExec final : public CCommand {
   void Execute(bool run) override;
 
  private:
-  std::vector<CBackupTaskPtr> MakeJobs() const;
-  void StartRun(const std::vector<CBackupTaskPtr>& jobs);
+  void StartRun(const std::vector<CTaskPtr>& tasks);
 
   bool m_powerOff;
 };

@@ -5,7 +5,7 @@
 #include "app/messenger.h"
 #include "app/windows.h"
 #include "document/document.h"
-#include "engine/archive_writer.h"
+#include "engine/archiver_location.h"
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
 #include "settings/settings.h"

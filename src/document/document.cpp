@@ -9,8 +9,6 @@
 namespace qlm {
 namespace {
 
-constexpr std::wstring_view kChangeNames[] = {L"RESET", L"CHNAGE_PATH", L"CHNAGE_TASKS", L"CHNAGE_DSTS"};
-
 // So many edits can be taken back.
 constexpr size_t kMostSteps = 500;
 
@@ -31,28 +29,24 @@ CTaskPtr CopyOnto(const CTask& task, const CDsts& dsts) {
 // Answers whether the source had anything that the content lacked.
 bool AddMissing(CContent& content, const CContent& source, std::ptrdiff_t position) {
   const size_t before = content.dsts.size() + content.tasks.size();
-  if (position < 0 || position > static_cast<std::ptrdiff_t>(content.tasks.size())) {
-    position = static_cast<std::ptrdiff_t>(content.tasks.size());
-  }
+  size_t row = InsertRow(position, content.tasks.size());
   for (const CDstPtr& dst : source.dsts) {
-    if (!content.dsts.FindEqual(*dst)) content.dsts.Insert(-1, boost::make_shared<CDst>(*dst));
+    if (!content.dsts.FindEqual(*dst)) content.dsts.Append(boost::make_shared<CDst>(*dst));
   }
   for (const CTaskPtr& task : source.tasks) {
     CTaskPtr copy = CopyOnto(*task, content.dsts);
     if (content.tasks.FindEqual(*copy)) continue;
     copy->id = content.tasks.FreeId(copy->id);
-    content.tasks.Insert(position++, std::move(copy));
+    content.tasks.Insert(row++, std::move(copy));
   }
   return content.dsts.size() + content.tasks.size() != before;
 }
 
 }  // namespace
 
-const my::CEnumTable kDocChangeEventNames{L"DocChangeEventFlags", kChangeNames};
-
-void CDsts::Insert(std::ptrdiff_t position, CDstPtr dst) {
+void CDsts::Insert(size_t row, CDstPtr dst) {
   if (FindEqual(*dst)) throw my::CException(IDS_DST_DUPLICATE);
-  InsertAt(position, std::move(dst));
+  InsertAt(row, std::move(dst));
 }
 
 void CDsts::Replace(size_t index, CDstPtr dst) {
@@ -62,9 +56,9 @@ void CDsts::Replace(size_t index, CDstPtr dst) {
   Set(index, std::move(dst));
 }
 
-void CTasks::Insert(std::ptrdiff_t position, CTaskPtr task) {
+void CTasks::Insert(size_t row, CTaskPtr task) {
   if (FindId(task->id)) throw my::CException(IDS_ID_DUPLICATE);
-  InsertAt(position, std::move(task));
+  InsertAt(row, std::move(task));
 }
 
 CTaskPtr CTasks::FindId(const std::wstring& id) const {

@@ -10,7 +10,6 @@
 #include "document/dst.h"
 #include "document/item_list.h"
 #include "document/task.h"
-#include "support/enum_names.h"
 #include "support/value_codecs.h"
 
 namespace qlm {
@@ -18,8 +17,10 @@ namespace qlm {
 // The common destinations; no two are equal.
 class CDsts : public CItemList<CDst> {
  public:
-  // Throws IDS_DST_DUPLICATE when an equal destination is in the list.
-  void Insert(std::ptrdiff_t position, CDstPtr dst);
+  // These throw IDS_DST_DUPLICATE if an equal destination is in the list.
+  void Insert(size_t row, CDstPtr dst);
+  void Insert(std::ptrdiff_t position, CDstPtr dst) { Insert(InsertRow(position, size()), std::move(dst)); }
+  void Append(CDstPtr dst) { Insert(size(), std::move(dst)); }
 
   // Puts the destination in the place of another one. Throws IDS_DST_DUPLICATE when one of the others equals
   // it.
@@ -30,8 +31,12 @@ class CDsts : public CItemList<CDst> {
 // file may have others.
 class CTasks : public CItemList<CTask> {
  public:
-  // Throws IDS_ID_DUPLICATE if a task of that ID is in the list.
-  void Insert(std::ptrdiff_t position, CTaskPtr task);
+  // These throw IDS_ID_DUPLICATE if a task of that ID is in the list.
+  void Insert(size_t row, CTaskPtr task);
+  void Insert(std::ptrdiff_t position, CTaskPtr task) {
+    Insert(InsertRow(position, size()), std::move(task));
+  }
+  void Append(CTaskPtr task) { Insert(size(), std::move(task)); }
 
   // Puts the task in the place of another one. Throws what Insert throws, the task that goes not counted.
   void Replace(size_t index, CTaskPtr task);
@@ -61,8 +66,6 @@ constexpr bool Has(DocChangeEventFlags flags, DocChangeEventFlags flag) {
   return (static_cast<uint32_t>(flags) & static_cast<uint32_t>(flag)) != 0;
 }
 
-extern const my::CEnumTable kDocChangeEventNames;
-
 class CDocument {
  public:
   using Listener = std::function<void(DocChangeEventFlags)>;
@@ -88,7 +91,7 @@ class CDocument {
   bool Edit(DocChangeEventFlags what, const std::function<bool(CContent&)>& change);
 
   // Takes over what the source has of tasks and destinations that this document lacks; tasks are inserted
-  // at `position` (see CItemList), under a free ID. One edit; answers whether anything was added. On a
+  // at `position` (see InsertRow), under a free ID. One edit; answers whether anything was added. On a
   // failure (IDS_ID_NUMBERS_EXHAUSTED, IDS_INTERNAL_ERROR) this document is as it was.
   bool Merge(const CContent& source, std::ptrdiff_t position);
 

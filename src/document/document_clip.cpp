@@ -40,7 +40,7 @@ CTaken TakeDst(CDsts& dsts, const CDst& dst, size_t row) {
   if (CDstPtr own = dsts.FindEqual(dst)) return {std::move(own)};
   if (dsts.size() >= kMostDsts) throw my::CException(IDS_TOO_MANY_DSTS);
   const auto copy = boost::make_shared<CDst>(dst);
-  dsts.Insert(static_cast<std::ptrdiff_t>(row), copy);
+  dsts.Insert(row, copy);
   return {copy, true};
 }
 
@@ -52,12 +52,12 @@ CClip CopyTasks(my::IXmlDom& dom, const CDocument& document, const CRows& rows) 
   std::unordered_set<const CDst*> used;
   for (const size_t row : rows) {
     const CTaskPtr& task = document.Tasks()[row];
-    content.tasks.Insert(-1, task);
+    content.tasks.Append(task);
     for (const CDstPtr& dst : task->dsts) used.insert(dst.get());
     clip.text += Line({task->id, task->path, task->filterPath, Folders(*task)});
   }
   for (const CDstPtr& dst : document.Dsts()) {
-    if (used.contains(dst.get())) content.dsts.Insert(-1, dst);
+    if (used.contains(dst.get())) content.dsts.Append(dst);
   }
   clip.document = DocumentBytes(dom, content);
   return clip;
@@ -69,7 +69,7 @@ CClip CopyDsts(my::IXmlDom& dom, const my::IMessageTexts& texts, const CDocument
   CContent content;
   for (const size_t row : rows) {
     const CDstPtr& dst = document.Dsts()[row];
-    content.dsts.Insert(-1, dst);
+    content.dsts.Append(dst);
     const std::wstring type = texts.Text(kDstTypeTexts[dst->type]);
     clip.text += Line({dst->folder, type, dst->pattern});
   }
@@ -86,7 +86,7 @@ CRows PasteTasks(my::IXmlDom& dom, CDocument& document, std::string_view clip, s
     const auto copy = boost::make_shared<CTask>(*task);
     copy->id = changed.tasks.FreeId(copy->id);
     for (CDstPtr& dst : copy->dsts) dst = TakeDst(changed.dsts, *dst, changed.dsts.size()).dst;
-    changed.tasks.Insert(static_cast<std::ptrdiff_t>(to), copy);
+    changed.tasks.Insert(to, copy);
     rows.push_back(to++);
   }
   const auto tasks = DocChangeEventFlags::CHNAGE_TASKS;

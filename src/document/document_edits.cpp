@@ -170,7 +170,7 @@ CRows DuplicateTasks(CDocument& document, const CRows& rows) {
     for (const size_t row : rows) {
       const auto copy = boost::make_shared<CTask>(*content.tasks[row]);
       copy->id = content.tasks.FreeId(copy->id);
-      content.tasks.Insert(static_cast<std::ptrdiff_t>(to++), copy);
+      content.tasks.Insert(to++, copy);
     }
     return true;
   });
@@ -255,7 +255,7 @@ CRows DuplicateDsts(CDocument& document, const CRows& rows) {
     size_t to = first;
     for (const size_t row : rows) {
       CheckRoom(content.dsts);
-      content.dsts.Insert(static_cast<std::ptrdiff_t>(to++), NumberedCopy(*content.dsts[row], content.dsts));
+      content.dsts.Insert(to++, NumberedCopy(*content.dsts[row], content.dsts));
     }
     return true;
   });

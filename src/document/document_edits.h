@@ -20,12 +20,6 @@ enum class Step { UP, DOWN };
 // How many of some tasks use a destination.
 enum class DstUse { NONE, MIXED, ALL };
 
-// The row of an item that is inserted before the one at that position of a list; the end for -1 and any other
-// position outside the list.
-constexpr size_t InsertRow(std::ptrdiff_t position, size_t size) {
-  return position >= 0 && position < static_cast<std::ptrdiff_t>(size) ? static_cast<size_t>(position) : size;
-}
-
 // --- tasks ---
 
 // Answers the row of the new task. Its destinations are given by value or as objects of the list. Throws what

@@ -48,11 +48,11 @@ CContent ReadContent(const my::CXmlElement& root) {
   root.Child(L"Version").Version();  // any well-formed version is accepted
   for (const my::CXmlElement& element : root.Child(L"Dsts").Children(L"Dst")) {
     const CDstPtr dst = ReadDst(element);
-    my::NamingElement(element.Child(L"Folder"), [&](const auto&) { content.dsts.Insert(-1, dst); });
+    my::NamingElement(element.Child(L"Folder"), [&](const auto&) { content.dsts.Append(dst); });
   }
   for (const my::CXmlElement& element : root.Child(L"Tasks").Children(L"Task")) {
     const CTaskPtr task = ReadTask(element, content.dsts);
-    my::NamingElement(element.Child(L"Id"), [&](const auto&) { content.tasks.Insert(-1, task); });
+    my::NamingElement(element.Child(L"Id"), [&](const auto&) { content.tasks.Append(task); });
   }
   return content;
 }

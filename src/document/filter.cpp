@@ -61,7 +61,7 @@ void CFilter::Load(my::IFileSystem& files, const my::IAnsiCodec& ansi, const my:
 
 void CFilter::Parse(const std::vector<std::wstring>& lines, const my::IMessageTexts& texts) {
   m_items.clear();
-  m_tests.clear();
+  m_prefilters.clear();
   for (size_t index = 0; index < lines.size(); ++index) {
     if (IsSkipped(lines[index])) continue;
     auto item = boost::make_shared<CFilterItem>();
@@ -69,7 +69,7 @@ void CFilter::Parse(const std::vector<std::wstring>& lines, const my::IMessageTe
     item->line = lines[index];
     std::wstring expression;
     item->error = my::TrapError(texts, [&] { expression = ParseRule(*item); });
-    m_tests.emplace_back(expression);
+    m_prefilters.emplace_back(expression);
     m_items.push_back(std::move(item));
   }
 }
@@ -81,13 +81,14 @@ const CFilterItem* CFilter::FirstError() const {
 }
 
 const CFilterItem* CFilter::Find(std::wstring_view relativePath, my::CRegexMatch& scratch) const {
-  const CTestedPath path(relativePath);
+  using Verdict = my::CRegexPrefilter::Verdict;
+  const my::CPrefilterText path(relativePath);
   for (size_t i = 0; i < m_items.size(); ++i) {
-    const CLiteralTest::Answer answer = m_tests[i].Ask(path);
-    if (answer == CLiteralTest::Answer::NO) continue;
+    const Verdict verdict = m_prefilters[i].Test(path);
+    if (verdict == Verdict::NO_MATCH) continue;
     const CFilterItem& item = *m_items[i];
     if (!item.expression) continue;
-    if (answer == CLiteralTest::Answer::YES || item.expression->Search(relativePath, scratch)) return &item;
+    if (verdict == Verdict::MATCH || item.expression->Search(relativePath, scratch)) return &item;
   }
   return nullptr;
 }

@@ -9,9 +9,9 @@
 #include <string_view>
 #include <vector>
 
-#include "document/literal_test.h"
 #include "support/exception.h"
 #include "support/regex.h"
+#include "support/regex_prefilter.h"
 
 namespace my {
 class IAnsiCodec;
@@ -59,7 +59,7 @@ class CFilter {
 
  private:
   std::vector<CFilterItemPtr> m_items;
-  std::vector<CLiteralTest> m_tests;  // one for each item
+  std::vector<my::CRegexPrefilter> m_prefilters;  // one for each item
 };
 
 }  // namespace qlm

@@ -2,9 +2,17 @@
 
 #include <algorithm>
 #include <boost/smart_ptr/shared_ptr.hpp>
+#include <cstddef>
+#include <utility>
 #include <vector>
 
 namespace qlm {
+
+// Returns the row of an item that is inserted before the one at `position`: the end for -1 and any other
+// position outside the list.
+constexpr size_t InsertRow(std::ptrdiff_t position, size_t size) {
+  return position >= 0 && position < static_cast<std::ptrdiff_t>(size) ? static_cast<size_t>(position) : size;
+}
 
 // An ordered list of shared items. Copies are cheap and share the items, so an item that stands in a list is
 // not changed in place: a changed copy takes its place.
@@ -49,10 +57,8 @@ class CItemList {
     return found == end() ? Ptr() : *found;
   }
 
-  // Before the item at that position; at the end for -1 and any other position outside the list.
-  void InsertAt(std::ptrdiff_t position, Ptr item) {
-    const bool inside = position >= 0 && position < static_cast<std::ptrdiff_t>(m_items.size());
-    m_items.insert(inside ? m_items.begin() + position : m_items.end(), std::move(item));
+  void InsertAt(size_t row, Ptr item) {
+    m_items.insert(m_items.begin() + static_cast<std::ptrdiff_t>(row), std::move(item));
   }
 
   void Set(size_t index, Ptr item) { m_items[index] = std::move(item); }

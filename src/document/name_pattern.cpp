@@ -4,6 +4,7 @@
 
 #include "platform/clock.h"
 #include "support/regex.h"
+#include "support/strings.h"
 
 namespace qlm {
 namespace {
@@ -20,10 +21,8 @@ const std::array<my::CRegex, kTokens>& TokenExpressions() {
   return expressions;
 }
 
-std::wstring Padded(int number, size_t width) {
-  std::wstring digits = std::to_wstring(number);
-  if (digits.size() < width) digits.insert(0, width - digits.size(), L'0');
-  return digits;
+std::wstring Digits(int number, size_t width) {
+  return my::PaddedNumber(static_cast<uint64_t>(number), width);
 }
 
 // The text as a replacement that stands for itself.
@@ -47,20 +46,16 @@ CExtensionSpan FindExtension(const std::wstring& name) {
   return {dot, std::wstring_view(name).substr(dot + 1)};
 }
 
-bool IsZipExtension(std::wstring_view text) {
-  return text.size() == 3 && (text[0] | 0x20) == L'z' && (text[1] | 0x20) == L'i' && (text[2] | 0x20) == L'p';
-}
-
 }  // namespace
 
 std::wstring ExpandName(const CDst& dst, const std::wstring& taskId, my::CFileTime time,
                         const my::IClock& clock) {
   const my::CCalendar at = clock.LocalCalendar(time);
   const std::array<std::wstring, kTokens> formats = {
-      AsFormat(taskId),    Padded(at.year % 100, 2), Padded(at.year, 4),   Padded(at.month, 1),
-      Padded(at.month, 2), Padded(at.day, 1),        Padded(at.day, 2),    Padded(at.hour, 1),
-      Padded(at.hour, 2),  Padded(at.minute, 1),     Padded(at.minute, 2), Padded(at.second, 1),
-      Padded(at.second, 2)};
+      AsFormat(taskId),    Digits(at.year % 100, 2), Digits(at.year, 4),   Digits(at.month, 1),
+      Digits(at.month, 2), Digits(at.day, 1),        Digits(at.day, 2),    Digits(at.hour, 1),
+      Digits(at.hour, 2),  Digits(at.minute, 1),     Digits(at.minute, 2), Digits(at.second, 1),
+      Digits(at.second, 2)};
   std::wstring name = dst.pattern;
   for (size_t i = 0; i < kTokens; ++i) name = TokenExpressions()[i].Replace(name, formats[i]);
   return name;
@@ -76,7 +71,7 @@ bool AdjustExtension(DstType type, std::wstring& name) {
 
 bool HasFittingExtension(DstType type, const std::wstring& name) {
   const CExtensionSpan extension = FindExtension(name);
-  if (IsZip(type)) return IsZipExtension(extension.text);
+  if (IsZip(type)) return my::EqualNoCase(extension.text, L"zip");
   return extension.dot == name.npos;
 }
 

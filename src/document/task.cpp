@@ -13,6 +13,12 @@ bool operator==(const CTask& a, const CTask& b) {
          std::equal(a.dsts.begin(), a.dsts.end(), b.dsts.begin(), b.dsts.end(), sameDst);
 }
 
+bool AnyDst(const std::vector<CTaskPtr>& tasks, bool (*test)(DstType)) {
+  return std::ranges::any_of(tasks, [test](const CTaskPtr& task) {
+    return std::ranges::any_of(task->dsts, [test](const CDstPtr& dst) { return test(dst->type); });
+  });
+}
+
 void CheckId(std::wstring_view id) {
   if (id.empty()) throw my::CException(IDS_ID_EMPTY);
   if (id.find_first_of(kBadIdCharacters) != id.npos) throw my::CException(IDS_ID_BAD_CHARACTER);

@@ -28,6 +28,9 @@ bool operator==(const CTask& a, const CTask& b);
 
 using CTaskPtr = boost::shared_ptr<CTask>;
 
+// Returns whether a destination of one of the tasks has a type that passes the test.
+bool AnyDst(const std::vector<CTaskPtr>& tasks, bool (*test)(DstType));
+
 // What no ID may contain.
 inline constexpr std::wstring_view kBadIdCharacters = L"/?:*\"><|";
 

@@ -28,13 +28,12 @@ std::wstring DecodeUtf16(std::string_view bytes, bool bigEndian) {
   const size_t end = bytes.size() / 2 * 2;
   for (size_t at = 0; at < end; at += 2) {
     char32_t c = unit(at);
-    if (my::IsSurrogate(c)) {
-      const char32_t low = c < 0xDC00 && at + 2 < end ? unit(at + 2) : 0;
-      const bool pair = low >= 0xDC00 && low <= 0xDFFF;
-      c = pair ? 0x10000 + ((c - 0xD800) << 10) + (low - 0xDC00) : my::kReplacementChar;
-      if (pair) at += 2;
+    const char32_t next = my::IsHighSurrogate(c) && at + 2 < end ? unit(at + 2) : 0;
+    if (my::IsLowSurrogate(next)) {
+      c = my::CombineSurrogates(c, next);
+      at += 2;
     }
-    my::AppendCodePoint(text, c);
+    my::AppendCodePoint(text, my::IsSurrogate(c) ? my::kReplacementChar : c);
   }
   if (end != bytes.size()) my::AppendCodePoint(text, my::kReplacementChar);
   return text;

@@ -2,14 +2,12 @@
 
 #include <algorithm>
 #include <memory>
-#include <vector>
 
 #include "document/name_pattern.h"
 #include "engine/auto_delete_file.h"
 #include "engine/targets.h"
 #include "engine/task_base.h"
 #include "engine/zip_end_record.h"
-#include "platform/known_folders.h"
 #include "platform/message_texts.h"
 #include "platform/process.h"
 #include "support/exception.h"
@@ -102,11 +100,6 @@ bool IsSplitByArchiver(std::wstring_view path) {
   return path.find_first_of(L" \t") != path.npos;
 }
 
-void CheckPassword(const std::wstring& password) {
-  const auto isBad = [](wchar_t c) { return c <= L' ' || c == L'"' || c == 0x7F; };
-  if (std::any_of(password.begin(), password.end(), isBad)) throw my::CException(IDS_PASSWORD_BAD_CHARACTER);
-}
-
 std::wstring ArchiverOptions(DstType type, const std::wstring& password) {
   switch (type) {
     case DstType::ZIP: return L"a -ssw";
@@ -130,24 +123,6 @@ void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job) {
     CheckArchive(files, job.archivePath, count);
   });
   FlushFresh(ports.transfer, job.archivePath, my::FlushDepth::DEVICE);
-}
-
-std::vector<std::wstring> ArchiverCandidates(const my::IKnownFolders& folders) {
-  const auto programs = folders.ProgramFiles();
-  if (!programs) return {L"C:\\Program Files\\7-Zip\\7z.exe"};
-  // The folder of 64-bit programs is beside that of the 32-bit ones, or the same on a 32-bit system.
-  std::vector<std::wstring> candidates = {
-      my::JoinPath(my::ParentPath(*programs), L"Program Files\\7-Zip\\7z.exe"),
-      my::JoinPath(*programs, L"7-Zip\\7z.exe")};
-  if (my::EqualNoCase(candidates[0], candidates[1])) candidates.pop_back();
-  return candidates;
-}
-
-std::wstring FindArchiver(my::IFileSystem& files, const my::IKnownFolders& folders) {
-  for (const std::wstring& candidate : ArchiverCandidates(folders)) {
-    if (my::KindIfKnown(files, candidate) == my::PathKind::FILE) return candidate;
-  }
-  return {};
 }
 
 }  // namespace qlm

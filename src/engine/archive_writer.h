@@ -1,18 +1,14 @@
 // Archives are made by the external archiver 7z.exe, which is handed a list of the files to add.
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "document/dst.h"
 #include "engine/fresh_files.h"
 
 namespace my {
 class IFileSystem;
-class IKnownFolders;
 class IMessageTexts;
 class IProcess;
 }  // namespace my
@@ -47,18 +43,8 @@ void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job);
 // archive's path and the list's path in the system's temporary folder must not be split.
 bool IsSplitByArchiver(std::wstring_view path);
 
-// Throws IDS_PASSWORD_BAD_CHARACTER for a password that would not reach the archiver as one argument: with a
-// blank in it, what follows would be taken for the archive's name.
-void CheckPassword(const std::wstring& password);
-
 // What stands before the archive's path on the archiver's command line. Throws IDS_INTERNAL_ERROR for a type
 // that is no archive.
 std::wstring ArchiverOptions(DstType type, const std::wstring& password);
-
-// Where an installed archiver may be, the likeliest place first.
-std::vector<std::wstring> ArchiverCandidates(const my::IKnownFolders& folders);
-
-// The first of these paths that exists, empty when there is none.
-std::wstring FindArchiver(my::IFileSystem& files, const my::IKnownFolders& folders);
 
 }  // namespace qlm

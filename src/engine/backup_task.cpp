@@ -28,6 +28,12 @@ my::PathKind KindOf(const CDst& dst) {
 
 }  // namespace
 
+CBackupTask::CBackupTask(const CEnginePorts& ports, const CBackupJob& job) : m_ports(ports) {
+  SetTask(job.task);
+  SetArchiverPath(job.archiverPath);
+  SetPassword(job.password);
+}
+
 void CBackupTask::SetTask(const qlm::CTask& task) {
   const auto copy = boost::make_shared<qlm::CTask>(task);
   // The document's own destinations may be edited while the job runs.
@@ -37,6 +43,11 @@ void CBackupTask::SetTask(const qlm::CTask& task) {
   AddRow();
   const my::CAutoLock<my::CAutoCriticalSection> lock(m_publishedLock);
   m_published = {boost::make_shared<CResult>(LastRow())};
+}
+
+void CBackupTask::SetPassword(const std::wstring& password) {
+  my::Wipe(m_password);
+  m_password = password;
 }
 
 void CBackupTask::Run() {

@@ -42,10 +42,22 @@ struct CEnginePorts {
   my::IProcess& process;
 };
 
+// What a job is to do.
+struct CBackupJob {
+  qlm::CTask task;
+  std::wstring archiverPath = {};  // empty if there is none; only archives need it
+  std::wstring password = {};      // of archives; empty if none needs one
+
+  ~CBackupJob() { my::Wipe(password); }
+};
+
 class CBackupTask : public my::CTask<CBackupTask, CBackupTaskClient, my::CSimpleErr> {
  public:
-  explicit CBackupTask(const CEnginePorts& ports) : m_ports(ports) {}
+  CBackupTask(const CEnginePorts& ports, const CBackupJob& job);
   ~CBackupTask() override { my::Wipe(m_password); }
+
+  // The constructor has called SetTask, SetArchiverPath and SetPassword; until the run they may be called
+  // again, in any order.
 
   // Takes a copy of the task and starts its rows again with one of Phase::LISTING.
   void SetTask(const qlm::CTask& task);
@@ -53,7 +65,7 @@ class CBackupTask : public my::CTask<CBackupTask, CBackupTaskClient, my::CSimple
   // List and compute the destination path, transfer nothing.
   void SetListOnly(bool listOnly) { m_listOnly = listOnly; }
   void SetArchiverPath(std::wstring path) { m_archiverPath = std::move(path); }
-  void SetPassword(std::wstring password) { m_password = std::move(password); }
+  void SetPassword(const std::wstring& password);
 
   // Runs the job, once; never throws. A failure ends it and stands on the last row.
   void Run();
@@ -84,7 +96,7 @@ class CBackupTask : public my::CTask<CBackupTask, CBackupTaskClient, my::CSimple
 
   CEnginePorts m_ports;
   bool m_listOnly = false;
-  boost::shared_ptr<const qlm::CTask> m_task = boost::make_shared<qlm::CTask>();  // the job's own copy
+  boost::shared_ptr<const qlm::CTask> m_task;  // the job's own copy
   std::wstring m_archiverPath;
   std::wstring m_password;
   boost::shared_ptr<const CFilter> m_filter = boost::make_shared<CFilter>();

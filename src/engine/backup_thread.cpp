@@ -4,18 +4,10 @@
 
 #include "platform/clock.h"
 #include "platform/message_texts.h"
+#include "support/strings.h"
 #include "text_ids.h"
 
 namespace qlm {
-namespace {
-
-std::wstring TwoDigits(uint64_t number) {
-  std::wstring text = std::to_wstring(number);
-  return text.size() < 2 ? L"0" + text : text;
-}
-
-}  // namespace
-
 CBackupThread::CBackupThread(my::IThreads& threads, const my::IClock& clock, const my::IMessageTexts& texts,
                              IRunObserver& observer)
     : m_clock(clock), m_texts(texts), m_observer(observer), m_pool(threads) {}
@@ -41,11 +33,12 @@ void CBackupThread::Start(bool listOnly, bool powerOff) {
     m_total += listOnly ? 1 : job.Task().dsts.size();
   });
   SetState(RunState::RUNNING);
-  my::CSystemError error;
-  if (!m_pool.Start(error)) {
+  try {
+    m_pool.Start();
+  } catch (...) {
     m_pool.Stop(true);
     SetState(RunState::STOPPED);
-    throw my::CException(IDS_START_THREAD_FAILED, {error});
+    throw;
   }
   m_powerOff = powerOff;
 }
@@ -132,9 +125,9 @@ CRunProgress CBackupThread::Progress() const {
 std::wstring ElapsedText(uint64_t elapsedMs) {
   const uint64_t seconds = elapsedMs / 1000;
   const uint64_t minutes = seconds / 60;
-  const std::wstring tail = L":" + TwoDigits(seconds % 60);
+  const std::wstring tail = L":" + my::PaddedNumber(seconds % 60, 2);
   if (minutes < 60) return std::to_wstring(minutes) + tail;
-  return std::to_wstring(minutes / 60) + L":" + TwoDigits(minutes % 60) + tail;
+  return std::to_wstring(minutes / 60) + L":" + my::PaddedNumber(minutes % 60, 2) + tail;
 }
 
 }  // namespace qlm

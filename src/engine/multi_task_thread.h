@@ -110,15 +110,10 @@ class CMultiTaskThreadPool {
     m_queue.ForEach(visit);
   }
 
-  // Starts every worker; answers whether all have started. `error` tells why one has not.
-  bool Start(CSystemError& error) {
-    bool all = true;
-    for (const auto& worker : m_workers) {
-      if (worker->Start()) continue;
-      error = worker->StartError();
-      all = false;
-    }
-    return all;
+  // Starts every worker. If one cannot be started, throws the reason (IDS_START_THREAD_FAILED); those before
+  // it run then.
+  void Start() {
+    for (const auto& worker : m_workers) worker->Start();
   }
 
   // Takes the waiting jobs out of the queue and sets every worker's stop flag.
@@ -127,9 +122,9 @@ class CMultiTaskThreadPool {
     for (const auto& worker : m_workers) worker->SetStop(stop);
   }
 
-  bool WaitAll(uint32_t timeOutMs) {
-    return std::all_of(m_workers.begin(), m_workers.end(),
-                       [timeOutMs](const auto& worker) { return worker->Wait(timeOutMs); });
+  // Waits for each worker, at most that many milliseconds.
+  void WaitAll(uint32_t timeOutMs) {
+    for (const auto& worker : m_workers) worker->Wait(timeOutMs);
   }
 
   bool IsBusy() const {
@@ -137,15 +132,13 @@ class CMultiTaskThreadPool {
                        [](const auto& worker) { return worker->IsActive(); });
   }
 
-  // The jobs that a stop took out of the queue; they never ran.
-  const std::list<Ptr>& Removed() const { return m_removed; }
   void ClearRemoved() { m_removed.clear(); }
 
  private:
   IThreads& m_threads;
   CJobQueue<TJob> m_queue;
   std::vector<boost::shared_ptr<TThread>> m_workers;
-  std::list<Ptr> m_removed;
+  std::list<Ptr> m_removed;  // jobs that a stop took out of the queue; they never ran
 };
 
 }  // namespace my

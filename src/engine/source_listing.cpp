@@ -10,7 +10,8 @@
 namespace qlm {
 namespace {
 
-constexpr size_t kPatternLimit = 260;
+constexpr std::wstring_view kPattern = L"*.*";
+constexpr size_t kPatternLimit = 260;  // characters of a folder's path and the pattern
 
 class CListing {
  public:
@@ -20,12 +21,12 @@ class CListing {
 
   // Lists the folder that m_path names (relative, empty or with its "\" at the end).
   void ListFolder(uint32_t attributes) {
-    const std::wstring pattern = my::JoinPath(my::JoinPath(m_source, m_path), L"*.*");
-    if (pattern.size() >= kPatternLimit)
+    const std::wstring folder = my::JoinPath(m_source, m_path);
+    if (my::JoinPath(folder, kPattern).size() >= kPatternLimit)
       return NoteUnlisted(my::CSystemError::FromWin32(my::kErrorNameTooLong));
     std::unique_ptr<my::IFindFiles> find;
     try {
-      find = m_files.Find(pattern);
+      find = m_files.Find(folder);
     } catch (const my::CException& failure) {
       // A source that cannot be read at all shows by itself: nothing is found in it.
       if (m_path.empty() || IsGuardedLink(attributes, failure)) return;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <boost/smart_ptr/enable_shared_from_this.hpp>
-#include <boost/smart_ptr/shared_ptr.hpp>
 
 namespace my {
 

@@ -19,7 +19,7 @@ class CThread {
 
   virtual void Body() = 0;
 
-  // Returns false if the system has no thread to give (see StartError) or the thread was aborted.
+  // Returns false if the thread was aborted. Throws IDS_START_THREAD_FAILED.
   virtual bool Start() = 0;
 
   // Waits for the end of the thread; returns whether it has ended (or never ran).
@@ -33,7 +33,6 @@ class CThread {
   bool IsActive() const { return m_thread && !m_thread->Wait(0); }
   void SetPriority(int priority) { m_priority = priority; }
   uint32_t ThreadId() const { return m_threadId; }  // of the last start; 0 before the first
-  CSystemError StartError() const { return m_startError; }
 
  protected:
   std::atomic<bool> m_stop = false;
@@ -41,7 +40,6 @@ class CThread {
   std::unique_ptr<IRunningThread> m_thread;
   int m_priority = IThreads::kNormalPriority;
   uint32_t m_threadId = 0;
-  CSystemError m_startError;
 };
 
 // The start of a thread of class T through the platform. `kKeepsPriority` other than 0 denies the system to
@@ -57,9 +55,9 @@ class CThreadImpl : public CThread {
     Wait(kNoTimeOut);
     m_stop = false;
     m_thread = m_threads.Start([this] { static_cast<T*>(this)->Body(); },
-                               {m_priority, kKeepsPriority == 0, kStackBytes}, m_startError);
-    if (m_thread) m_threadId = m_thread->Id();
-    return m_thread != nullptr;
+                               {m_priority, kKeepsPriority == 0, kStackBytes});
+    m_threadId = m_thread->Id();
+    return true;
   }
 
  private:

@@ -8,8 +8,6 @@
 #include <utility>
 
 #include "platform/threads.h"
-#include "support/exception.h"
-#include "text_ids.h"
 
 namespace my {
 
@@ -33,9 +31,7 @@ std::optional<std::invoke_result_t<Work&>> CallWithin(IThreads& threads, uint32_
       call->failure = std::current_exception();
     }
   };
-  CSystemError error;
-  const auto thread = threads.Start(body, {}, error);
-  if (!thread) throw CException(IDS_START_THREAD_FAILED, {error});
+  const auto thread = threads.Start(body, {});
   if (!thread->Wait(limitMs)) return {};
   if (call->failure) std::rethrow_exception(call->failure);
   return std::move(call->result);

@@ -14,6 +14,7 @@ class IClock {
   // Returns the milliseconds since an arbitrary moment; never decreases.
   virtual uint64_t TickCount() const = 0;
 
+  // Returns the current time.
   virtual CFileTime Now() const = 0;
 
   // Blocks the calling thread.

@@ -61,9 +61,9 @@ class IFileSystem {
   // system's dialogs change. The path need not exist. Throws the system error.
   virtual std::wstring FullPath(const std::wstring& path) = 0;
 
-  // Starts an enumeration of all entries of a folder, in the order of the file system. The folder is given as
-  // a pattern that matches everything ("C:\a\*.*"). Never returns null. Throws IDS_LIST_FOLDER_FAILED.
-  virtual std::unique_ptr<IFindFiles> Find(const std::wstring& pattern) = 0;
+  // Starts an enumeration of all entries of a folder, in the order of the file system. Never returns null.
+  // Throws IDS_LIST_FOLDER_FAILED.
+  virtual std::unique_ptr<IFindFiles> Find(const std::wstring& folder) = 0;
 
   // Returns what exists at the path. NONE means that nothing exists; an unreachable share, a locked drive or
   // a denied folder throws IDS_PATH_UNREADABLE instead.

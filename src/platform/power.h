@@ -27,7 +27,7 @@ class IStayAwake {
   virtual ~IStayAwake() = default;
 };
 
-// The actions return a Win32 code, 0 for success. Parameters are passed to the system unchanged.
+// Parameters are passed to the system unchanged.
 class IPower {
  public:
   virtual ~IPower() = default;
@@ -40,10 +40,15 @@ class IPower {
   // not have.
   virtual std::unique_ptr<IPrivilege> EnablePrivilege(const std::wstring& name) = 0;
 
-  virtual uint32_t EndSession(uint32_t flags, uint32_t reason) = 0;
-  virtual uint32_t SetSuspendState(bool hibernate, bool force, bool disableWakeEvents) = 0;
-  virtual uint32_t ShutDown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
-                            uint32_t reason) = 0;
+  // Throws IDS_LOGOFF_FAILED.
+  virtual void EndSession(uint32_t flags, uint32_t reason) = 0;
+
+  // Throws IDS_SLEEP_FAILED or IDS_HIBERNATE_FAILED.
+  virtual void SetSuspendState(bool hibernate, bool force, bool disableWakeEvents) = 0;
+
+  // Throws IDS_POWEROFF_FAILED.
+  virtual void ShutDown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
+                        uint32_t reason) = 0;
 };
 
 }  // namespace my

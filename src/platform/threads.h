@@ -5,8 +5,6 @@
 #include <limits>
 #include <memory>
 
-#include "support/exception.h"
-
 namespace my {
 
 inline constexpr uint32_t kNoTimeOut = std::numeric_limits<uint32_t>::max();
@@ -36,9 +34,8 @@ class IThreads {
 
   virtual ~IThreads() = default;
 
-  // Starts a thread. Returns null and sets `error` if the system cannot create one. `body` must not throw.
-  virtual std::unique_ptr<IRunningThread> Start(std::function<void()> body, const CThreadStart& start,
-                                                CSystemError& error) = 0;
+  // Starts a thread; never null. `body` must not throw. Throws IDS_START_THREAD_FAILED.
+  virtual std::unique_ptr<IRunningThread> Start(std::function<void()> body, const CThreadStart& start) = 0;
 };
 
 }  // namespace my

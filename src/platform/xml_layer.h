@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/xml_dom.h"
-#include "support/enum_names.h"
 #include "support/exception.h"
 #include "support/value_codecs.h"
 

@@ -1,8 +1,7 @@
 #include "run/archive_choice.h"
 
-#include <algorithm>
-
-#include "engine/archive_writer.h"
+#include "engine/archive_password.h"
+#include "engine/archiver_location.h"
 #include "platform/console.h"
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
@@ -11,14 +10,6 @@
 
 namespace qlm {
 namespace {
-
-template <class Test>
-bool AnyDst(const std::vector<CTaskPtr>& tasks, Test test) {
-  return std::any_of(tasks.begin(), tasks.end(), [test](const CTaskPtr& task) {
-    return std::any_of(task->dsts.begin(), task->dsts.end(),
-                       [test](const CDstPtr& dst) { return test(dst->type); });
-  });
-}
 
 void WarnOfDamage(const CRunnerPorts& ports, const std::wstring& path, my::CException failure) {
   const my::IMessageTexts& texts = ports.engine.texts;

@@ -20,8 +20,7 @@ struct CRawOptions {
   std::string settings;
 };
 
-void Describe(CLI::App& app, COptions& options, CRawOptions& raw) {
-  app.name("QuillmoorRun");
+void AddOptions(CLI::App& app, COptions& options, CRawOptions& raw) {
   app.option_defaults()->group("オプション");
   app.set_help_flag("-h,--help", "この説明を表示します")->group("オプション");
   app.set_version_flag("--version", kVersionText, "バージョンを表示します")->group("オプション");
@@ -38,6 +37,11 @@ void Describe(CLI::App& app, COptions& options, CRawOptions& raw) {
       ->option_text("FILE");
   app.add_flag("--password-stdin", options.passwordStdin,
                "zip パスワードを標準入力の 1 行目から読み込みます");
+}
+
+// Replaces the library's own English texts.
+void SetTexts(CLI::App& app) {
+  app.name("QuillmoorRun");
   app.failure_message([](const CLI::App*, const CLI::Error& error) {
     return std::string("コマンドラインの指定が正しくありません - ") + error.what() +
            "\n使い方は QuillmoorRun --help で表示されます\n";
@@ -68,7 +72,8 @@ CParsedOptions ParseOptions(const std::vector<std::wstring>& arguments) {
   CParsedOptions parsed;
   CRawOptions raw;
   CLI::App app("Quillmoor のバックアップ文書を実行します");
-  Describe(app, parsed.options, raw);
+  AddOptions(app, parsed.options, raw);
+  SetTexts(app);
   try {
     app.parse(ReversedUtf8(arguments));
   } catch (const CLI::ParseError& end) {

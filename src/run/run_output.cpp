@@ -71,16 +71,11 @@ class CTextOutput : public IRunOutput {
   size_t m_progressLength = 0;
 };
 
-std::string TwoDigits(int number) {
-  return (number < 10 ? "0" : "") + std::to_string(number);
-}
-
 nlohmann::ordered_json IsoTime(my::CFileTime time) {
   constexpr uint64_t kBeyondCalendar = uint64_t{1} << 63;
   if (!time || time.ticks >= kBeyondCalendar) return nullptr;
   const my::CCalendar at = my::UtcCalendar(time);
-  return std::to_string(at.year) + "-" + TwoDigits(at.month) + "-" + TwoDigits(at.day) + "T" +
-         TwoDigits(at.hour) + ":" + TwoDigits(at.minute) + ":" + TwoDigits(at.second) + "Z";
+  return my::Utf8FromWide(my::CalendarText(at, L'-', L'T') + L"Z");
 }
 
 class CJsonOutput : public IRunOutput {

@@ -55,11 +55,8 @@ class CRunSession : private IRunObserver {
 
   int Run(const std::vector<CTaskPtr>& tasks, const CArchiveChoice& archive) {
     for (const CTaskPtr& task : tasks) {
-      auto job = boost::make_shared<CBackupTask>(m_ports.engine);
-      job->SetTask(*task);
-      job->SetArchiverPath(archive.archiverPath);
-      job->SetPassword(archive.password);
-      m_controller.Add(job);
+      const CBackupJob job{*task, archive.archiverPath, archive.password};
+      m_controller.Add(boost::make_shared<CBackupTask>(m_ports.engine, job));
     }
     const std::unique_ptr<my::IStayAwake> awake = m_ports.power.KeepAwake();
     m_controller.Start(m_options.listOnly, false);

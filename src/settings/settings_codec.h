@@ -4,9 +4,11 @@
 
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/xml_layer.h"
-#include "settings/settings.h"
+#include "support/enum_names.h"
+#include "support/mru_strings.h"
 
 namespace qlm {
 

@@ -1,8 +1,6 @@
 // Enumerations of the settings, their names in the settings file and their texts.
 #pragma once
 
-#include <cstdint>
-
 #include "support/enum_names.h"
 
 namespace qlm {

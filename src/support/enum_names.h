@@ -16,7 +16,7 @@ struct CEnumTable {
   std::span<const std::wstring_view> names;
 };
 
-// The texts of an enumeration: consecutive ids in the order of its values, from 0 on.
+// The texts of an enumeration: consecutive ids in the order of its values from 0.
 template <class TEnum>
 struct CEnumTexts {
   uint32_t first;

@@ -2,6 +2,8 @@
 
 #include <chrono>
 
+#include "support/strings.h"
+
 namespace my {
 
 CCalendar UtcCalendar(CFileTime time) {
@@ -18,6 +20,14 @@ CCalendar UtcCalendar(CFileTime time) {
           static_cast<int>(clock.hours().count()),
           static_cast<int>(clock.minutes().count()),
           static_cast<int>(clock.seconds().count())};
+}
+
+std::wstring CalendarText(const CCalendar& at, wchar_t inDate, wchar_t beforeTime) {
+  const auto number = [](int value, size_t width) {
+    return PaddedNumber(static_cast<uint64_t>(value), width);
+  };
+  return number(at.year, 4) + inDate + number(at.month, 2) + inDate + number(at.day, 2) + beforeTime +
+         number(at.hour, 2) + L':' + number(at.minute, 2) + L':' + number(at.second, 2);
 }
 
 }  // namespace my

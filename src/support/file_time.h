@@ -2,6 +2,7 @@
 
 #include <compare>
 #include <cstdint>
+#include <string>
 
 namespace my {
 
@@ -27,5 +28,8 @@ struct CCalendar {
 
 // Returns the calendar fields of a time in UTC, also for years above 9999.
 CCalendar UtcCalendar(CFileTime time);
+
+// Returns "2016-03-05T07:04:09" for "-" in the date and "T" before the time.
+std::wstring CalendarText(const CCalendar& at, wchar_t inDate, wchar_t beforeTime);
 
 }  // namespace my

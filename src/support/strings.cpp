@@ -7,13 +7,6 @@ namespace {
 
 constexpr bool kUtf16 = sizeof(wchar_t) == 2;
 
-constexpr bool IsHigh(char32_t c) {
-  return c >= 0xD800 && c <= 0xDBFF;
-}
-constexpr bool IsLow(char32_t c) {
-  return c >= 0xDC00 && c <= 0xDFFF;
-}
-
 void AppendUtf8(std::string& out, char32_t c) {
   if (IsSurrogate(c) || c > 0x10FFFF) c = kReplacementChar;
   if (c < 0x80) {
@@ -58,10 +51,6 @@ size_t DecodeUtf8(std::string_view bytes, char32_t& codePoint) {
   return length;
 }
 
-wchar_t LowerAscii(wchar_t c) {
-  return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c + 32) : c;
-}
-
 }  // namespace
 
 void AppendCodePoint(std::wstring& text, char32_t codePoint) {
@@ -75,11 +64,11 @@ void AppendCodePoint(std::wstring& text, char32_t codePoint) {
 
 char32_t NextCodePoint(std::wstring_view text, size_t& at) {
   const auto first = static_cast<char32_t>(text[at++]);
-  if (!kUtf16 || !IsHigh(first) || at == text.size()) return first;
+  if (!kUtf16 || !IsHighSurrogate(first) || at == text.size()) return first;
   const auto second = static_cast<char32_t>(text[at]);
-  if (!IsLow(second)) return first;
+  if (!IsLowSurrogate(second)) return first;
   ++at;
-  return 0x10000 + ((first - 0xD800) << 10) + (second - 0xDC00);
+  return CombineSurrogates(first, second);
 }
 
 std::wstring_view FirstCharacter(std::wstring_view text) {
@@ -133,6 +122,12 @@ std::wstring_view Trim(std::wstring_view text, std::wstring_view chars) {
 bool EqualNoCase(std::wstring_view a, std::wstring_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                     [](wchar_t x, wchar_t y) { return LowerAscii(x) == LowerAscii(y); });
+}
+
+std::wstring PaddedNumber(uint64_t number, size_t width) {
+  std::wstring digits = std::to_wstring(number);
+  if (digits.size() < width) digits.insert(0, width - digits.size(), L'0');
+  return digits;
 }
 
 std::wstring OneLine(std::wstring_view text) {

@@ -1,6 +1,7 @@
 // Functions on wide strings (UTF-16 on Windows, UTF-32 in the host build).
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -29,16 +30,35 @@ std::wstring_view FirstCharacter(std::wstring_view text);
 // Returns the text with each lone surrogate replaced by U+FFFD.
 std::wstring WellFormed(std::wstring_view text);
 
-constexpr bool IsSurrogate(char32_t codePoint) {
-  return codePoint >= 0xD800 && codePoint <= 0xDFFF;
+constexpr bool IsHighSurrogate(char32_t c) {
+  return c >= 0xD800 && c <= 0xDBFF;
+}
+constexpr bool IsLowSurrogate(char32_t c) {
+  return c >= 0xDC00 && c <= 0xDFFF;
+}
+constexpr bool IsSurrogate(char32_t c) {
+  return c >= 0xD800 && c <= 0xDFFF;
+}
+
+// Returns the code point of a pair.
+constexpr char32_t CombineSurrogates(char32_t high, char32_t low) {
+  return 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00);
 }
 
 std::wstring_view TrimStart(std::wstring_view text, std::wstring_view chars);
 std::wstring_view TrimEnd(std::wstring_view text, std::wstring_view chars);
 std::wstring_view Trim(std::wstring_view text, std::wstring_view chars);
 
+// Returns a letter from A to Z in lower case, and any other character unchanged.
+constexpr wchar_t LowerAscii(wchar_t c) {
+  return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c - L'A' + L'a') : c;
+}
+
 // Compares two paths, ignoring the case of ASCII letters only.
 bool EqualNoCase(std::wstring_view a, std::wstring_view b);
+
+// Returns the decimal digits of a number, with leading zeros up to `width` characters.
+std::wstring PaddedNumber(uint64_t number, size_t width);
 
 // Returns the text with every run of line breaks replaced by a space.
 std::wstring OneLine(std::wstring_view text);

@@ -20,7 +20,11 @@ std::optional<T> ParseNumber(std::wstring_view text, int base) {
   return value;
 }
 
-constexpr wchar_t kHexDigits[] = L"0123456789ABCDEF";
+void AppendHex(std::wstring& text, uint8_t byte) {
+  constexpr wchar_t kDigits[] = L"0123456789ABCDEF";
+  text += kDigits[byte >> 4];
+  text += kDigits[byte & 0xF];
+}
 
 }  // namespace
 
@@ -67,10 +71,7 @@ std::optional<CVersion> ParseVersion(std::wstring_view text) {
 
 std::wstring ColorText(CColor color) {
   std::wstring text;
-  for (const uint8_t channel : {color.red, color.green, color.blue}) {
-    text += kHexDigits[channel >> 4];
-    text += kHexDigits[channel & 0xF];
-  }
+  for (const uint8_t channel : {color.red, color.green, color.blue}) AppendHex(text, channel);
   return text;
 }
 
@@ -85,17 +86,13 @@ std::optional<CColor> ParseColor(std::wstring_view text) {
 
 std::wstring HexText(uint32_t value) {
   std::wstring text = L"0x";
-  for (int shift = 28; shift >= 0; shift -= 4) text += kHexDigits[(value >> shift) & 0xF];
+  for (const int shift : {24, 16, 8, 0}) AppendHex(text, static_cast<uint8_t>(value >> shift));
   return text;
 }
 
 std::wstring BytesText(std::string_view bytes) {
   std::wstring text;
-  for (const char byte : bytes) {
-    const auto value = static_cast<unsigned char>(byte);
-    text += kHexDigits[value >> 4];
-    text += kHexDigits[value & 0xF];
-  }
+  for (const char byte : bytes) AppendHex(text, static_cast<uint8_t>(byte));
   return text;
 }
 

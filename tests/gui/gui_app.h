@@ -122,7 +122,7 @@ class CGuiApp : public CWin32Ports {
 
   qlm::CTaskPtr AddTask(const std::wstring& id, const std::wstring& path) {
     app->Document().Edit(qlm::DocChangeEventFlags::CHNAGE_TASKS, [&](qlm::CContent& content) {
-      content.tasks.Insert(-1, boost::make_shared<qlm::CTask>(qlm::CTask{id, path, L"", {}}));
+      content.tasks.Append(boost::make_shared<qlm::CTask>(qlm::CTask{id, path, L"", {}}));
       return true;
     });
     return app->Document().Tasks().FindId(id);
@@ -130,7 +130,7 @@ class CGuiApp : public CWin32Ports {
 
   void AddDst(const std::wstring& folder, qlm::DstType type = qlm::DstType::FOLDER) {
     app->Document().Edit(qlm::DocChangeEventFlags::CHNAGE_DSTS, [&](qlm::CContent& content) {
-      content.dsts.Insert(-1, boost::make_shared<qlm::CDst>(qlm::CDst{folder, type, L"<ID>_<Y>"}));
+      content.dsts.Append(boost::make_shared<qlm::CDst>(qlm::CDst{folder, type, L"<ID>_<Y>"}));
       return true;
     });
   }

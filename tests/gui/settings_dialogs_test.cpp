@@ -22,7 +22,7 @@ struct SettingsDialogs : testing::Test, test::CDialogApp {
   void Fill() {
     app.Document().Edit(DocChangeEventFlags::RESET, [](CContent& content) {
       for (const wchar_t* id : {L"ab1", L"ab2"}) {
-        content.tasks.Insert(-1, boost::make_shared<CTask>(CTask{id, L"C:\\src", L"", {}}));
+        content.tasks.Append(boost::make_shared<CTask>(CTask{id, L"C:\\src", L"", {}}));
       }
       return true;
     });

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "engine/archiver_location.h"
 #include "engine/targets.h"
 #include "engine/zip_end_record.h"
 #include "support/fake_archiver.h"

@@ -45,10 +45,8 @@ class BackupTask : public testing::Test {
   }
 
   qlm::CResults Run(const my::IStopQuery* stop = nullptr, bool listOnly = false) {
-    const auto job = boost::make_shared<CBackupTask>(qlm::CEnginePorts{files, clock, ansi, texts, process});
-    job->SetTask(task);
-    job->SetArchiverPath(L"C:\\7z.exe");
-    job->SetPassword(L"pw");
+    const qlm::CEnginePorts ports{files, clock, ansi, texts, process};
+    const auto job = boost::make_shared<CBackupTask>(ports, qlm::CBackupJob{task, L"C:\\7z.exe", L"pw"});
     job->SetStopQuery(stop);
     job->SetListOnly(listOnly);
     job->Run();

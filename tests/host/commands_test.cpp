@@ -14,11 +14,11 @@ constexpr RunState kStates[] = {RunState::NOT_RUN, RunState::RUNNING, RunState::
 class Commands : public testing::Test {
  protected:
   Commands() {
-    content.dsts.Insert(-1, MakeDst(L"D:\\b"));
-    content.dsts.Insert(-1, MakeDst(L"D:\\z", DstType::AES_256_ZIP, L"<ID>.zip"));
-    content.tasks.Insert(-1, MakeTask(L"plain", {content.dsts[0]}));
-    content.tasks.Insert(-1, MakeTask(L"secret", {content.dsts[1]}));
-    content.tasks.Insert(-1, MakeTask(L"idle"));
+    content.dsts.Append(MakeDst(L"D:\\b"));
+    content.dsts.Append(MakeDst(L"D:\\z", DstType::AES_256_ZIP, L"<ID>.zip"));
+    content.tasks.Append(MakeTask(L"plain", {content.dsts[0]}));
+    content.tasks.Append(MakeTask(L"secret", {content.dsts[1]}));
+    content.tasks.Append(MakeTask(L"idle"));
   }
 
   // A started program with the document of the fixture, saved, and a run in that state.
@@ -119,7 +119,7 @@ TEST_F(Commands, run_toggles_and_makes_a_job_for_each_task_with_destinations) {
   EXPECT_EQ(a.State(), RunState::STOPPED);
   a.threads.fail = false;
   content.tasks = {};
-  content.tasks.Insert(-1, MakeTask(L"idle"));
+  content.tasks.Append(MakeTask(L"idle"));
   a.Fill(content);
   a.Do(ID_RUN);
   EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(IDS_NO_TASKS) + L"\n");
@@ -234,7 +234,7 @@ TEST_F(Commands, power_off_does_what_the_settings_say_with_exact_flags) {
     EXPECT_EQ(a.power.calls, (std::vector<std::wstring>{L"EnablePrivilege SeShutdownPrivilege", c.call}));
     EXPECT_EQ(a.power.livePrivileges, 0);
   }
-  a.power.exitWindowsCode = a.power.setSuspendStateCode = a.power.initiateShutdownCode = 5;
+  a.power.actionCode = 5;
   const wchar_t* const kErrors[] = {L"サインアウトする", L"スリープする", L"休止状態にする", L"電源を切る"};
   for (int type = 0; type < 4; ++type) {
     ui.powerOffType = static_cast<PowerOffType>(type);
@@ -486,7 +486,7 @@ TEST_F(Commands, session_ends_at_the_programs_own_request_and_else_waits_for_wor
   requestAfter(PowerOffType::POWEROFF, false);
   a.Do(ID_RUN);
   EXPECT_FALSE(mayEnd());
-  a.power.initiateShutdownCode = 5;
+  a.power.actionCode = 5;
   a.TakeBoxes();
   requestAfter(PowerOffType::POWEROFF);
   EXPECT_FALSE(mayEnd()) << "the request failed";

@@ -49,23 +49,23 @@ TEST(Document, first_broken_rule_is_told) {
 TEST(Document, merge_renames_clashing_id) {
   CContent content;
   const CDstPtr x = Dst(L"x");
-  content.dsts.Insert(-1, x);
-  for (const wchar_t* id : {L"Backup", L"Backup2", L"A"}) content.tasks.Insert(-1, Task(id, L"p", {x}));
+  content.dsts.Append(x);
+  for (const wchar_t* id : {L"Backup", L"Backup2", L"A"}) content.tasks.Append(Task(id, L"p", {x}));
   CDocument document(content);
   EXPECT_FALSE(document.Merge(document.Content(), 0)) << "nothing is new";
   EXPECT_FALSE(document.IsModified());
   CContent source;
-  for (const wchar_t* folder : {L"y", L"x"}) source.dsts.Insert(-1, Dst(folder));
+  for (const wchar_t* folder : {L"y", L"x"}) source.dsts.Append(Dst(folder));
   const CTaskDsts both = {source.dsts[1], source.dsts[0]};
-  for (const wchar_t* id : {L"Backup", L"A2", L"new", L"A"}) source.tasks.Insert(-1, Task(id, L"q", both));
-  source.tasks.Insert(-1, Task(L"Backup2", L"p", {both[0]}));
+  for (const wchar_t* id : {L"Backup", L"A2", L"new", L"A"}) source.tasks.Append(Task(id, L"q", both));
+  source.tasks.Append(Task(L"Backup2", L"p", {both[0]}));
   EXPECT_TRUE(document.Merge(source, 1));
   EXPECT_EQ(Ids(document), L"Backup Backup3 A2 new A3 Backup2 A ") << "the equal one is skipped";
   EXPECT_EQ(document.Dsts().size(), 2u);
   EXPECT_EQ(document.Tasks()[1]->dsts, (CTaskDsts{x, document.Dsts()[1]})) << "its own objects";
   EXPECT_EQ(source.tasks[0]->id, L"Backup");
 
-  source.dsts.Insert(-1, Dst(L"z"));
+  source.dsts.Append(Dst(L"z"));
   source.tasks[4]->dsts = {Dst(L"nowhere")};
   EXPECT_EQ(ThrownId([&] { document.Merge(source, 0); }), IDS_INTERNAL_ERROR);
   EXPECT_EQ(document.Tasks().size() + document.Dsts().size(), 7u + 2u) << "nothing of a failed merge stays";
@@ -80,7 +80,7 @@ TEST(Document, merge_renames_clashing_id) {
   EXPECT_TRUE(document.IsModified());
 
   CContent other;
-  other.tasks.Insert(-1, Task(L"backup", L"q"));
+  other.tasks.Append(Task(L"backup", L"q"));
   for (const std::ptrdiff_t outside : {-1, 4, 99}) {
     CDocument filled(content);
     EXPECT_TRUE(filled.Merge(other, outside));
@@ -194,10 +194,10 @@ TEST_F(DocumentFile, texts_come_back_as_they_were_and_stay_shared) {
   CContent content;
   for (const wchar_t* text :
        {L"", L" ", L"\t a \n", L"a\rb\nc\r\nd\n\r", L"<&>\"' ]]> &amp;", L"𠮷é\xFFFD\x7F\x85"}) {
-    content.dsts.Insert(-1, Dst(text, DstType::AES_256_ZIP, text));
+    content.dsts.Append(Dst(text, DstType::AES_256_ZIP, text));
     const size_t i = content.tasks.size();
     const CTaskDsts dsts = {content.dsts[0], content.dsts[i]};
-    content.tasks.Insert(-1, Task(L"t" + std::to_wstring(i), text, dsts, std::wstring(L"f") + text));
+    content.tasks.Append(Task(L"t" + std::to_wstring(i), text, dsts, std::wstring(L"f") + text));
   }
   Saved(CDocument(content));
   const CDocument loaded = LoadDocument(files, dom, kPath);
@@ -214,18 +214,18 @@ TEST_F(DocumentFile, bytes_are_those_of_the_format) {
   const CDstPtr zip = Dst(L"D:\\保存", DstType::ZIP, L"<ID>_<Y>.zip");
   const CDstPtr folder = Dst(L"E:\\b & c", DstType::FOLDER);
   CContent content;
-  content.dsts.Insert(-1, zip);
-  content.dsts.Insert(-1, folder);
-  content.tasks.Insert(-1, Task(L"a", L"C:\\書類\\a", {folder, zip}));
-  content.tasks.Insert(-1, Task(L"b", L"C:\\書類\\b", {folder}));
+  content.dsts.Append(zip);
+  content.dsts.Append(folder);
+  content.tasks.Append(Task(L"a", L"C:\\書類\\a", {folder, zip}));
+  content.tasks.Append(Task(L"b", L"C:\\書類\\b", {folder}));
   EXPECT_EQ(Saved(CDocument(content)), golden);
   EXPECT_EQ(Saved({}), golden.substr(0, golden.find("<Dsts>")) + "<Dsts/><Tasks/></QuillmoorDoc>\n");
 }
 
 TEST_F(DocumentFile, document_that_could_not_be_read_back_leaves_the_old_file) {
   CContent content;
-  content.dsts.Insert(-1, Dst(L"x"));
-  content.tasks.Insert(-1, Task(L"a", L"", {content.dsts[0]}));
+  content.dsts.Append(Dst(L"x"));
+  content.tasks.Append(Task(L"a", L"", {content.dsts[0]}));
   for (const wchar_t bad : {L'\0', L'\x1F', wchar_t(0xD800), L'\xFFFE'}) {
     content.tasks[0]->path = std::wstring(L"C:\\") + bad;
     EXPECT_EQ(ThrownId([&] { Saved(CDocument(content)); }), IDS_XML_SET_TEXT_FAILED);
@@ -233,7 +233,7 @@ TEST_F(DocumentFile, document_that_could_not_be_read_back_leaves_the_old_file) {
   *content.tasks[0] = *Task(L"a", L"", {Dst(L"x")});
   EXPECT_EQ(ThrownId([&] { Saved(CDocument(content)); }), IDS_DST_NOT_COMMON) << "equal, but not of the list";
   *content.tasks[0] = *Task(L"a", L"");
-  content.tasks.Insert(-1, Task(L"b", L""));
+  content.tasks.Append(Task(L"b", L""));
   content.tasks[1]->id = L"a";
   EXPECT_EQ(ThrownId([&] { Saved(CDocument(content)); }), IDS_ID_DUPLICATE);
   content.tasks[1]->id = L" ";

@@ -10,9 +10,9 @@ using namespace qlm;
 struct EditCommands : testing::Test {
   EditCommands() {
     CContent content;
-    for (const wchar_t* folder : {L"x", L"y"}) content.dsts.Insert(-1, test::MakeDst(folder));
-    content.tasks.Insert(-1, test::MakeTask(L"A", {content.dsts[1]}));
-    content.tasks.Insert(-1, test::MakeTask(L"B"));
+    for (const wchar_t* folder : {L"x", L"y"}) content.dsts.Append(test::MakeDst(folder));
+    content.tasks.Append(test::MakeTask(L"A", {content.dsts[1]}));
+    content.tasks.Append(test::MakeTask(L"B"));
     a.Start().Document().Reset(content, L"");
   }
 

@@ -20,12 +20,12 @@ struct CReplaceTest : testing::Test {
   CReplaceTest() {
     CContent content;
     for (const wchar_t* folder : {L"D:\\one", L"D:\\two", L"D:\\three"}) {
-      content.dsts.Insert(-1, boost::make_shared<CDst>(CDst{folder, DstType::ZIP, L"<ID>.zip"}));
+      content.dsts.Append(boost::make_shared<CDst>(CDst{folder, DstType::ZIP, L"<ID>.zip"}));
     }
     const std::wstring path = L"C:\\" + std::wstring(60, L'a') + L"!";
     for (const wchar_t* id : {L"ab", L"ba", L"xyz"}) {
-      content.tasks.Insert(
-          -1, boost::make_shared<CTask>(CTask{id, path, L"", {content.dsts[1], content.dsts[0]}}));
+      content.tasks.Append(
+          boost::make_shared<CTask>(CTask{id, path, L"", {content.dsts[1], content.dsts[0]}}));
     }
     document.Reset(std::move(content), L"");
     document.AddListener([this](DocChangeEventFlags flags) { told = flags; });

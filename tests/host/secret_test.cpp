@@ -43,9 +43,9 @@ TEST(Secret, password_is_wiped_before_its_memory_is_given_back) {
   test::CFakeApp a;
   for (const auto type : {PasswordType::EXEC, PasswordType::EXEC_ONCE, PasswordType::SAVE}) {
     CContent content;
-    content.dsts.Insert(-1, test::MakeDst(L"D:\\z" + std::to_wstring(static_cast<int>(type)),
-                                          DstType::PASSWORD_ZIP, L"<ID>.zip"));
-    content.tasks.Insert(-1, test::MakeTask(L"secret", {content.dsts[0]}));
+    content.dsts.Append(test::MakeDst(L"D:\\z" + std::to_wstring(static_cast<int>(type)),
+                                      DstType::PASSWORD_ZIP, L"<ID>.zip"));
+    content.tasks.Append(test::MakeTask(L"secret", {content.dsts[0]}));
     a.Start().Document().Reset(content, L"");
     a.app->Settings().archive.passwordType = type;
     a.dialogs.passwords.emplace_back(kSecret);

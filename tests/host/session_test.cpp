@@ -11,8 +11,8 @@ TEST(Session, day_with_the_program_leaves_these_settings) {
   CFakeApp a;
   CDocument& document = a.Start().Document();
   CContent content;
-  content.dsts.Insert(-1, MakeDst(L"D:\\保存", DstType::PASSWORD_ZIP, L"<ID>_<Y>.zip"));
-  content.tasks.Insert(-1, MakeTask(L"書類", {content.dsts[0]}));
+  content.dsts.Append(MakeDst(L"D:\\保存", DstType::PASSWORD_ZIP, L"<ID>_<Y>.zip"));
+  content.tasks.Append(MakeTask(L"書類", {content.dsts[0]}));
   a.Fill(content);
   a.dialogs.paths = {L"C:\\文書\\一.qlmr"};
   a.files.AddFolder(L"C:\\文書");

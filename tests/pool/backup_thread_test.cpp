@@ -44,9 +44,8 @@ class BackupThread : public testing::Test {
       task.dsts.push_back(
           boost::make_shared<qlm::CDst>(qlm::CDst{L"D:\\dst", qlm::DstType::ZIP, pattern + L".zip"}));
     }
-    auto job = boost::make_shared<qlm::CBackupTask>(qlm::CEnginePorts{files, clock, ansi, texts, process});
-    job->SetTask(task);
-    controller.Add(job);
+    const qlm::CEnginePorts ports{files, clock, ansi, texts, process};
+    controller.Add(boost::make_shared<qlm::CBackupTask>(ports, qlm::CBackupJob{task}));
   }
 
   void TickToEnd() {

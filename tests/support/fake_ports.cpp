@@ -7,6 +7,7 @@
 
 #include "support/names.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace test {
 namespace {
@@ -79,11 +80,9 @@ uint32_t CFakeProcess::Run(const my::CProcessStart& start) {
   return m_program ? m_program(start) : 0;
 }
 
-std::unique_ptr<my::IRunningThread> CStdThreads::Start(std::function<void()> body, const my::CThreadStart&,
-                                                       my::CSystemError& error) {
-  if (!m_fail) return std::make_unique<CStdThread>(std::move(body));
-  error = my::CSystemError::FromWin32(8);
-  return nullptr;
+std::unique_ptr<my::IRunningThread> CStdThreads::Start(std::function<void()> body, const my::CThreadStart&) {
+  if (m_fail) throw my::CException(IDS_START_THREAD_FAILED, {my::CSystemError::FromWin32(8)});
+  return std::make_unique<CStdThread>(std::move(body));
 }
 
 std::optional<std::wstring> CFakeConsole::ReadLine() {

@@ -23,7 +23,7 @@ class CFakeClock : public my::IClock {
   void SetOffsetMinutes(int minutes) { m_offsetMinutes = minutes; }  // of the user's time zone
 
   uint64_t TickCount() const override { return m_tick; }
-  my::CFileTime Now() const override { return {131'016'350'490'000'000}; }
+  my::CFileTime Now() const override { return {131'016'350'490'000'000}; }  // 2016-03-05 07:04:09 UTC
   void Sleep(uint32_t ms) const override { m_tick += ms; }
   my::CCalendar LocalCalendar(my::CFileTime time) const override;
 
@@ -77,8 +77,8 @@ class CFakeProcess : public my::IProcess {
 class CStdThreads : public my::IThreads {
  public:
   void FailToStart(bool fail) { m_fail = fail; }
-  std::unique_ptr<my::IRunningThread> Start(std::function<void()> body, const my::CThreadStart& start,
-                                            my::CSystemError& error) override;
+  std::unique_ptr<my::IRunningThread> Start(std::function<void()> body,
+                                            const my::CThreadStart& start) override;
 
  private:
   bool m_fail = false;

@@ -13,6 +13,7 @@
 #include "platform/shell.h"
 #include "support/exception.h"
 #include "support/value_codecs.h"
+#include "text_ids.h"
 
 namespace test {
 
@@ -32,27 +33,25 @@ class CFakePower : public my::IPower {
     if (failure) throw *failure;
     return std::make_unique<CPrivilege>(livePrivileges);
   }
-  uint32_t EndSession(uint32_t flags, uint32_t reason) override {
+  void EndSession(uint32_t flags, uint32_t reason) override {
     calls.push_back(L"EndSession " + my::HexText(flags) + L" " + my::HexText(reason));
     if (onSessionEnd) onSessionEnd();
-    return exitWindowsCode;
+    RefuseAction(IDS_LOGOFF_FAILED);
   }
-  uint32_t SetSuspendState(bool hibernate, bool force, bool disableWakeEvents) override {
+  void SetSuspendState(bool hibernate, bool force, bool disableWakeEvents) override {
     calls.push_back(L"SetSuspendState" + Bit(hibernate) + Bit(force) + Bit(disableWakeEvents));
-    return setSuspendStateCode;
+    RefuseAction(hibernate ? IDS_HIBERNATE_FAILED : IDS_SLEEP_FAILED);
   }
-  uint32_t ShutDown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
-                    uint32_t reason) override {
+  void ShutDown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
+                uint32_t reason) override {
     calls.push_back(L"ShutDown \"" + message + L"\" " + std::to_wstring(graceSeconds) + L" " +
                     my::HexText(flags) + L" " + my::HexText(reason));
     if (onSessionEnd) onSessionEnd();
-    return initiateShutdownCode;
+    RefuseAction(IDS_POWEROFF_FAILED);
   }
 
   std::optional<my::CException> failure;  // of EnablePrivilege
-  uint32_t exitWindowsCode = 0;
-  uint32_t setSuspendStateCode = 0;
-  uint32_t initiateShutdownCode = 0;
+  uint32_t actionCode = 0;                // the system's code for every action; 0: success
   int livePrivileges = 0;
   std::function<void()> onSessionEnd;  // the system may ask the program before its call returns
   // As in `EnablePrivilege SeShutdownPrivilege`, `EndSession 0x00000010 0x00000000`,
@@ -70,6 +69,10 @@ class CFakePower : public my::IPower {
    private:
     int& m_live;
   };
+
+  void RefuseAction(uint32_t messageId) const {
+    if (actionCode != 0) throw my::CException(messageId, {my::CSystemError::FromWin32(actionCode)});
+  }
 
   static std::wstring Bit(bool value) { return value ? L" 1" : L" 0"; }
 };

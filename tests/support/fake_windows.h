@@ -164,9 +164,9 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
 // hang.
 class CManualThreads : public my::IThreads {
  public:
-  std::unique_ptr<my::IRunningThread> Start(std::function<void()> body, const my::CThreadStart& start,
-                                            my::CSystemError& error) override {
-    if (fail) return error = my::CSystemError::FromWin32(8), nullptr;
+  std::unique_ptr<my::IRunningThread> Start(std::function<void()> body,
+                                            const my::CThreadStart& start) override {
+    if (fail) throw my::CException(IDS_START_THREAD_FAILED, {my::CSystemError::FromWin32(8)});
     m_bodies.push_back(std::make_shared<CBody>(std::move(body)));
     const bool worker = start.priority == kIdlePriority;
     return std::make_unique<CThread>(m_bodies.back(), (!worker || eager) && !hang,

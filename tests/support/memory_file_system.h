@@ -130,8 +130,9 @@ class CMemoryFileSystem : public my::IFileSystem {
     return full ? path : my::JoinPath(std::exchange(m_currentFolder, L"D:\\elsewhere"), path);
   }
 
-  std::unique_ptr<my::IFindFiles> Find(const std::wstring& pattern) override {
-    CStep step = Begin(Op::FIND, L"find", IDS_LIST_FOLDER_FAILED, {pattern});
+  std::unique_ptr<my::IFindFiles> Find(const std::wstring& path) override {
+    CStep step = Begin(Op::FIND, L"find", IDS_LIST_FOLDER_FAILED, {path});
+    const std::wstring pattern = my::JoinPath(path, L"*");
     const std::wstring_view folder = my::ParentPath(pattern);
     step.RefuseIf(!IsFolder(folder), my::kErrorPathNotFound);
     const CEntryPtr self = Lookup(folder);

@@ -59,7 +59,7 @@ TEST_F(MsxmlDom, line_breaks_come_back_and_a_control_character_leaves_the_old_fi
   const std::wstring path = m_scratch.At(L"文書.qlmr");
   const auto task = boost::make_shared<qlm::CTask>();
   qlm::CContent content;
-  content.tasks.Insert(-1, task);
+  content.tasks.Append(task);
   for (const wchar_t* text : {L"\t a\rb\nc\r\nd\n ]]>\xFFFD", L"control \x01"}) {
     const std::wstring before = std::exchange(task->path, text);
     const bool good = before.empty();

@@ -85,7 +85,7 @@ TEST(Win32FileSystem, enumeration_reports_what_a_file_is) {
   scratch.Write(L"長い名前の.txt", "12345");
   scratch.files.CreateFolders(scratch.At(L"sub\\deeper"));
   std::set<std::wstring> seen;
-  const auto find = scratch.files.Find(scratch.At(L"*.*"));
+  const auto find = scratch.files.Find(scratch.At(L""));
   my::CFindData entry;
   while (find->Next(entry)) {
     seen.emplace(entry.name);
@@ -96,7 +96,7 @@ TEST(Win32FileSystem, enumeration_reports_what_a_file_is) {
     EXPECT_GT(entry.lastWriteTime.ticks, 0u);
   }
   EXPECT_EQ(seen, (std::set<std::wstring>{L".", L"..", L"sub", L"長い名前の.txt"}));
-  EXPECT_EQ(Failure([&] { scratch.files.Find(scratch.At(L"none\\*.*")); }).first, IDS_LIST_FOLDER_FAILED);
+  EXPECT_EQ(Failure([&] { scratch.files.Find(scratch.At(L"none")); }).first, IDS_LIST_FOLDER_FAILED);
 }
 
 TEST(Win32FileSystem, read_only_copy_is_flushed_and_stays_read_only) {

@@ -56,12 +56,11 @@ TEST(Win32Power, computer_may_sleep_again_after_a_run) {
 TEST(Win32Threads, thread_that_nobody_waits_for_goes_on) {
   std::atomic<bool> go = false;
   std::atomic<bool> done = false;
-  my::CSystemError error;
   const auto body = [&] {
     while (!go) std::this_thread::yield();
     done = true;
   };
-  const auto thread = my::CWin32Threads().Start(body, {}, error);
+  const auto thread = my::CWin32Threads().Start(body, {});
   EXPECT_FALSE(thread->Wait(1));
   go = true;
   for (int waited = 0; waited < 1000 && !done; ++waited) ::Sleep(10);

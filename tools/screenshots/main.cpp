@@ -89,7 +89,7 @@ int wmain(int argc, wchar_t** argv) {
                                                            ICC_TAB_CLASSES};
   ::InitCommonControlsEx(&controls);
   const my::CGdiplus gdiplus;
-  AssumeMenusBlend(false);  // Wine ignores the transparency of menu pictures
+  AssumeMenusBlend(false);  // Wine ignores the transparency of menu bitmaps
   ShootMain();
   ShootDialogs();
   ShootDesign();

@@ -109,7 +109,7 @@ CSampleApp::CSampleApp() {
   CContent content;
   const auto dst = [&](const std::wstring& folder, DstType type, const std::wstring& pattern) {
     auto item = boost::make_shared<CDst>(CDst{folder, type, pattern});
-    content.dsts.Insert(-1, item);
+    content.dsts.Append(item);
     return item;
   };
   const auto folder = dst(L"E:\\バックアップ", DstType::FOLDER, L"<ID>_<Y>_<M>_<D>_<h>_<m>");
@@ -117,7 +117,7 @@ CSampleApp::CSampleApp() {
   dst(L"\\\\NAS\\backup\\社内", DstType::AES_256_ZIP, L"<ID>_<Y><M><D>_<h><m>.zip");
   const auto add = [&](const std::wstring& id, const std::wstring& path, CTaskDsts dsts,
                        const std::wstring& filter) {
-    content.tasks.Insert(-1, boost::make_shared<CTask>(CTask{id, path, filter, std::move(dsts)}));
+    content.tasks.Append(boost::make_shared<CTask>(CTask{id, path, filter, std::move(dsts)}));
   };
   add(L"書類", L"D:\\書類", {folder}, L"D:\\設定\\書類.flt");
   add(L"写真", L"D:\\写真", {folder}, L"");

@@ -36,6 +36,5 @@ class CHandle {
 };
 
 using CKernelHandle = CHandle<HANDLE, &::CloseHandle>;
-using CFindHandle = CHandle<HANDLE, &::FindClose>;
 
 }  // namespace my

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "platform/win32/last_error.h"
 #include "support/exception.h"
 
 namespace my {
@@ -36,7 +37,7 @@ CCalendar CWin32Clock::LocalCalendar(CFileTime time) const {
   SYSTEMTIME fields{};
   if (!IsInCalendar(utc) || !::FileTimeToLocalFileTime(&utc, &local) || !IsInCalendar(local) ||
       !::FileTimeToSystemTime(&local, &fields)) {
-    throw CException(CSystemError::FromWin32(::GetLastError()));
+    throw CException(LastError());
   }
   return {fields.wYear, fields.wMonth, fields.wDay, fields.wHour, fields.wMinute, fields.wSecond};
 }

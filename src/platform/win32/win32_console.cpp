@@ -21,21 +21,12 @@ HANDLE Handle(IConsole::Stream stream) {
   return ::GetStdHandle(stream == IConsole::Stream::OUTPUT ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
 }
 
-void WriteToTerminal(HANDLE handle, std::wstring_view text) {
+// Writes all of a text or of bytes with a function of the system that may write less, or fail.
+void WriteAll(HANDLE handle, auto rest, auto write) {
   DWORD written = 0;
-  while (!text.empty() &&
-         ::WriteConsoleW(handle, text.data(), static_cast<DWORD>(text.size()), &written, nullptr) &&
+  while (!rest.empty() && write(handle, rest.data(), static_cast<DWORD>(rest.size()), &written, nullptr) &&
          written != 0) {
-    text.remove_prefix(written);
-  }
-}
-
-void WriteToFile(HANDLE handle, std::string_view bytes) {
-  DWORD written = 0;
-  while (!bytes.empty() &&
-         ::WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
-         written != 0) {
-    bytes.remove_prefix(written);
+    rest.remove_prefix(written);
   }
 }
 
@@ -54,8 +45,10 @@ bool CWin32Console::IsTerminal(Stream stream) const {
 }
 
 void CWin32Console::Write(Stream stream, std::wstring_view text) {
-  if (IsTerminal(stream)) return WriteToTerminal(Handle(stream), text);
-  WriteToFile(Handle(stream), Utf8FromWide(text));
+  const HANDLE handle = Handle(stream);
+  if (IsTerminal(stream)) return WriteAll(handle, text, &::WriteConsoleW);
+  const std::string bytes = Utf8FromWide(text);
+  WriteAll(handle, std::string_view(bytes), &::WriteFile);
 }
 
 std::optional<std::wstring> CWin32Console::ReadLine() {

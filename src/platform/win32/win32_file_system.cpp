@@ -9,6 +9,8 @@
 #include <optional>
 
 #include "platform/win32/handle.h"
+#include "platform/win32/last_error.h"
+#include "platform/win32/system_function.h"
 #include "support/exception.h"
 #include "support/paths.h"
 #include "text_ids.h"
@@ -25,19 +27,15 @@ static_assert(kErrorNameTooLong == ERROR_FILENAME_EXCED_RANGE);
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-CSystemError LastError() {
-  return CSystemError::FromWin32(::GetLastError());
-}
-
 // Enumerates a folder through its handle. Entries and order are those of FindFirstFile with "*.*", without
 // the cost of short names and of one copy of every entry. The only difference: the root of a drive may also
 // have a "." entry.
 class CFindFiles : public IFindFiles {
  public:
-  // The path of the folder ends in a separator, so that it is not taken for a device and keeps trailing dots.
+  // The separator at the end keeps the path from being taken for a device, and keeps its trailing dots.
   explicit CFindFiles(const std::wstring& folder)
-      : m_path(folder),
-        m_folder(::CreateFileW(folder.c_str(), FILE_LIST_DIRECTORY, kShareAll, nullptr, OPEN_EXISTING,
+      : m_path(JoinPath(folder, {})),
+        m_folder(::CreateFileW(m_path.c_str(), FILE_LIST_DIRECTORY, kShareAll, nullptr, OPEN_EXISTING,
                                FILE_FLAG_BACKUP_SEMANTICS, nullptr)) {
     if (!m_folder) throw CException(IDS_LIST_FOLDER_FAILED, {LastError(), m_path});
     Fill();
@@ -150,10 +148,9 @@ CKernelHandle OpenForFlush(const std::wstring& path) {
 // Writes out data and metadata of a file without flushing the device. Returns the Win32 code:
 // ERROR_NOT_SUPPORTED if the system (before Windows 8) or the file system (not NTFS) does not support this.
 DWORD FlushWithoutSync(const CKernelHandle& file) {
-  using Function = NTSTATUS(NTAPI*)(HANDLE, ULONG flags, void* parameters, ULONG size, IO_STATUS_BLOCK*);
+  using Function = NTSTATUS NTAPI(HANDLE, ULONG flags, void* parameters, ULONG size, IO_STATUS_BLOCK*);
   constexpr ULONG kNoSync = 2;  // FLUSH_FLAGS_NO_SYNC
-  static const auto flush = reinterpret_cast<Function>(
-      reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "NtFlushBuffersFileEx")));
+  static const auto flush = SystemFunction<Function>(L"ntdll.dll", "NtFlushBuffersFileEx");
   if (!flush) return ERROR_NOT_SUPPORTED;
   IO_STATUS_BLOCK status{};
   const NTSTATUS result = flush(file.Get(), kNoSync, nullptr, 0, &status);
@@ -188,8 +185,8 @@ std::wstring CWin32FileSystem::FullPath(const std::wstring& path) {
   }
 }
 
-std::unique_ptr<IFindFiles> CWin32FileSystem::Find(const std::wstring& pattern) {
-  return std::make_unique<CFindFiles>(pattern.substr(0, pattern.find_last_of(L"\\/") + 1));
+std::unique_ptr<IFindFiles> CWin32FileSystem::Find(const std::wstring& folder) {
+  return std::make_unique<CFindFiles>(folder);
 }
 
 PathKind CWin32FileSystem::Kind(const std::wstring& path) {

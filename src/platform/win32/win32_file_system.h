@@ -7,7 +7,7 @@ namespace my {
 class CWin32FileSystem : public IFileSystem {
  public:
   std::wstring FullPath(const std::wstring& path) override;
-  std::unique_ptr<IFindFiles> Find(const std::wstring& pattern) override;
+  std::unique_ptr<IFindFiles> Find(const std::wstring& folder) override;
   PathKind Kind(const std::wstring& path) override;
   uint64_t FileSize(const std::wstring& path) override;
   void CreateFolders(const std::wstring& path) override;

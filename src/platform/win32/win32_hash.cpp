@@ -5,6 +5,7 @@
 #include <wincrypt.h>
 
 #include "platform/win32/handle.h"
+#include "platform/win32/last_error.h"
 #include "support/exception.h"
 #include "text_ids.h"
 
@@ -21,7 +22,7 @@ using CHashHandle = CHandle<HCRYPTHASH, &::CryptDestroyHash>;
 // Throws the last error if the call failed. Must wrap the call itself, before anything can change the last
 // error.
 void Check(BOOL success, uint32_t message) {
-  if (!success) throw CException(message, {CSystemError::FromWin32(::GetLastError())});
+  if (!success) throw CException(message, {LastError()});
 }
 
 CProvider AcquireProvider() {

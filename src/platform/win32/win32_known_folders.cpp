@@ -4,6 +4,7 @@
 
 #include <shlobj.h>
 
+#include "platform/win32/last_error.h"
 #include "support/exception.h"
 #include "support/paths.h"
 #include "text_ids.h"
@@ -28,7 +29,7 @@ std::wstring CWin32KnownFolders::RoamingAppData() const {
 std::wstring CWin32KnownFolders::ProgramFolder() const {
   for (std::wstring path(MAX_PATH, L'\0');; path.resize(path.size() * 2)) {
     const DWORD length = ::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-    if (length == 0) throw CException(CSystemError::FromWin32(::GetLastError()));
+    if (length == 0) throw CException(LastError());
     if (length == path.size()) continue;  // truncated
     path.resize(length);
     return std::wstring(ParentPath(path));

@@ -4,6 +4,7 @@
 #include <powrprof.h>
 
 #include "platform/win32/handle.h"
+#include "platform/win32/last_error.h"
 #include "platform/win32/win32_power.h"
 #include "support/exception.h"
 #include "text_ids.h"
@@ -35,16 +36,15 @@ struct CStayAwake : IStayAwake {
 CKernelHandle OpenToken() {
   HANDLE token = nullptr;
   if (!::OpenProcessToken(::GetCurrentProcess(), TOKEN_ADJUST_PRIVILEGES | TOKEN_QUERY, &token)) {
-    throw CException(IDS_OPEN_TOKEN_FAILED, {CSystemError::FromWin32(::GetLastError())});
+    throw CException(IDS_OPEN_TOKEN_FAILED, {LastError()});
   }
   return CKernelHandle(token);
 }
 
-// Returns the error code of an action that has failed, never 0: drivers may refuse to sleep without setting
-// one.
-uint32_t FailureCode() {
-  const DWORD code = ::GetLastError();
-  return code == ERROR_SUCCESS ? ERROR_GEN_FAILURE : code;
+// Throws `messageId` with the error code of an action that has failed. Drivers may refuse to sleep without
+// setting one.
+[[noreturn]] void ThrowFailure(uint32_t messageId, DWORD code) {
+  throw CException(messageId, {CSystemError::FromWin32(code == ERROR_SUCCESS ? ERROR_GEN_FAILURE : code)});
 }
 
 }  // namespace
@@ -59,26 +59,28 @@ std::unique_ptr<IPrivilege> CWin32Power::EnablePrivilege(const std::wstring& nam
   privileges.PrivilegeCount = 1;
   privileges.Privileges[0].Attributes = SE_PRIVILEGE_ENABLED;
   if (!::LookupPrivilegeValueW(nullptr, name.c_str(), &privileges.Privileges[0].Luid)) {
-    throw CException(IDS_PRIVILEGE_NOT_FOUND, {CSystemError::FromWin32(::GetLastError()), name});
+    throw CException(IDS_PRIVILEGE_NOT_FOUND, {LastError(), name});
   }
   if (!::AdjustTokenPrivileges(token.Get(), FALSE, &privileges, 0, nullptr, nullptr)) {
-    throw CException(IDS_ADJUST_PRIVILEGE_FAILED, {CSystemError::FromWin32(::GetLastError()), name});
+    throw CException(IDS_ADJUST_PRIVILEGE_FAILED, {LastError(), name});
   }
   return std::make_unique<CTokenPrivilege>(std::move(token));
 }
 
-uint32_t CWin32Power::EndSession(uint32_t flags, uint32_t reason) {
-  return ::ExitWindowsEx(flags, reason) ? ERROR_SUCCESS : FailureCode();
+void CWin32Power::EndSession(uint32_t flags, uint32_t reason) {
+  if (!::ExitWindowsEx(flags, reason)) ThrowFailure(IDS_LOGOFF_FAILED, ::GetLastError());
 }
 
-uint32_t CWin32Power::SetSuspendState(bool hibernate, bool force, bool disableWakeEvents) {
-  return ::SetSuspendState(hibernate, force, disableWakeEvents) ? ERROR_SUCCESS : FailureCode();
+void CWin32Power::SetSuspendState(bool hibernate, bool force, bool disableWakeEvents) {
+  if (::SetSuspendState(hibernate, force, disableWakeEvents)) return;
+  ThrowFailure(hibernate ? IDS_HIBERNATE_FAILED : IDS_SLEEP_FAILED, ::GetLastError());
 }
 
-uint32_t CWin32Power::ShutDown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
-                               uint32_t reason) {
+void CWin32Power::ShutDown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
+                           uint32_t reason) {
   std::wstring text = message;  // the function needs a writable buffer
-  return ::InitiateShutdownW(nullptr, text.data(), graceSeconds, flags, reason);
+  const DWORD code = ::InitiateShutdownW(nullptr, text.data(), graceSeconds, flags, reason);
+  if (code != ERROR_SUCCESS) ThrowFailure(IDS_POWEROFF_FAILED, code);
 }
 
 }  // namespace my

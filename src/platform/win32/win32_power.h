@@ -9,10 +9,9 @@ class CWin32Power : public IPower {
   std::unique_ptr<IStayAwake> KeepAwake() override;
   std::unique_ptr<IPrivilege> EnablePrivilege(const std::wstring& name) override;
 
-  uint32_t EndSession(uint32_t flags, uint32_t reason) override;
-  uint32_t SetSuspendState(bool hibernate, bool force, bool disableWakeEvents) override;
-  uint32_t ShutDown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags,
-                    uint32_t reason) override;
+  void EndSession(uint32_t flags, uint32_t reason) override;
+  void SetSuspendState(bool hibernate, bool force, bool disableWakeEvents) override;
+  void ShutDown(const std::wstring& message, uint32_t graceSeconds, uint32_t flags, uint32_t reason) override;
 };
 
 }  // namespace my

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "platform/win32/handle.h"
+#include "platform/win32/last_error.h"
 #include "support/exception.h"
 #include "support/secret.h"
 #include "text_ids.h"
@@ -28,7 +29,7 @@ CKernelHandle KillOnCloseJob() {
 // Resumes a process that was created suspended; terminates it if that fails.
 void Resume(HANDLE process, HANDLE thread, const std::wstring& program) {
   if (::ResumeThread(thread) != static_cast<DWORD>(-1)) return;
-  const CSystemError error = CSystemError::FromWin32(::GetLastError());
+  const CSystemError error = LastError();
   ::TerminateProcess(process, 1);
   throw CException(IDS_CREATE_PROCESS_FAILED, {error, program});
 }
@@ -78,7 +79,7 @@ PROCESS_INFORMATION Create(const CProcessStart& start, std::wstring& commandLine
       start.program.c_str(), commandLine.data(), &ofProcess, &ofThread, start.inheritHandles, flags,
       start.environment ? environment.data() : nullptr, folder, &startup, &information);
   if (created) return information;
-  throw CException(IDS_CREATE_PROCESS_FAILED, {CSystemError::FromWin32(::GetLastError()), start.program});
+  throw CException(IDS_CREATE_PROCESS_FAILED, {LastError(), start.program});
 }
 
 }  // namespace
@@ -99,7 +100,7 @@ uint32_t CWin32Process::Run(const CProcessStart& start) {
   DWORD exitCode = 0;
   if (::WaitForSingleObject(process.Get(), INFINITE) != WAIT_OBJECT_0 ||
       !::GetExitCodeProcess(process.Get(), &exitCode)) {
-    throw CException(IDS_EXIT_CODE_FAILED, {CSystemError::FromWin32(::GetLastError())});
+    throw CException(IDS_EXIT_CODE_FAILED, {LastError()});
   }
   return exitCode;
 }

@@ -7,6 +7,7 @@
 
 #include <cstring>
 
+#include "platform/win32/last_error.h"
 #include "support/exception.h"
 #include "text_ids.h"
 
@@ -33,7 +34,7 @@ void Execute(const std::wstring& file, const wchar_t* parameters) {
   execution.lpParameters = parameters;
   execution.nShow = SW_SHOWNORMAL;
   if (::ShellExecuteExW(&execution)) return;
-  throw CException(IDS_SHELL_OPEN_FAILED, {CSystemError::FromWin32(::GetLastError()), file});
+  throw CException(IDS_SHELL_OPEN_FAILED, {LastError(), file});
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include <process.h>
 
 #include "platform/win32/handle.h"
+#include "platform/win32/last_error.h"
+#include "text_ids.h"
 
 namespace my {
 namespace {
@@ -35,17 +37,13 @@ unsigned __stdcall Enter(void* parameter) {
 
 }  // namespace
 
-std::unique_ptr<IRunningThread> CWin32Threads::Start(std::function<void()> body, const CThreadStart& start,
-                                                     CSystemError& error) {
+std::unique_ptr<IRunningThread> CWin32Threads::Start(std::function<void()> body, const CThreadStart& start) {
   auto parameter = std::make_unique<std::function<void()>>(std::move(body));
   unsigned id = 0;
   // Created suspended until its priority is set. _beginthreadex also sets the last error.
   CKernelHandle thread(reinterpret_cast<HANDLE>(
       ::_beginthreadex(nullptr, start.stackBytes, Enter, parameter.get(), CREATE_SUSPENDED, &id)));
-  if (!thread) {
-    error = CSystemError::FromWin32(::GetLastError());
-    return nullptr;
-  }
+  if (!thread) throw CException(IDS_START_THREAD_FAILED, {LastError()});
   ::SetThreadPriority(thread.Get(), start.priority);
   ::SetThreadPriorityBoost(thread.Get(), !start.boost);
   parameter.release();  // owned by the thread from here

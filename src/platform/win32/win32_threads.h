@@ -6,8 +6,7 @@ namespace my {
 
 class CWin32Threads : public IThreads {
  public:
-  std::unique_ptr<IRunningThread> Start(std::function<void()> body, const CThreadStart& start,
-                                        CSystemError& error) override;
+  std::unique_ptr<IRunningThread> Start(std::function<void()> body, const CThreadStart& start) override;
 };
 
 }  // namespace my

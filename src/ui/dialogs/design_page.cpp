@@ -14,6 +14,7 @@
 #include "support/exception.h"
 #include "support/strings.h"
 #include "text_ids.h"
+#include "ui/framework/colors.h"
 #include "ui/framework/controls.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/file_dialogs.h"
@@ -46,11 +47,11 @@ std::optional<my::CColor> AskColor(HWND owner, my::CColor color) {
   CHOOSECOLORW choice{};
   choice.lStructSize = sizeof choice;
   choice.hwndOwner = owner;
-  choice.rgbResult = RGB(color.red, color.green, color.blue);
+  choice.rgbResult = my::ColorRef(color);
   choice.lpCustColors = custom;
   choice.Flags = CC_RGBINIT | CC_FULLOPEN;
   if (!::ChooseColorW(&choice)) return {};
-  return my::CColor{GetRValue(choice.rgbResult), GetGValue(choice.rgbResult), GetBValue(choice.rgbResult)};
+  return my::ColorOfRef(choice.rgbResult);
 }
 
 using CTheme = my::CHandle<HTHEME, &::CloseThemeData>;
@@ -229,7 +230,7 @@ void CDesignPage::DrawSwatch(const DRAWITEMSTRUCT& draw) {
   ::InflateRect(&rect, -margin / 2, -margin / 2);
   if (disabled) return;
   const my::CColor color = ColorOf(static_cast<int>(draw.CtlID));
-  const my::CBrush brush(::CreateSolidBrush(RGB(color.red, color.green, color.blue)));
+  const my::CBrush brush(::CreateSolidBrush(my::ColorRef(color)));
   ::FillRect(dc, &rect, brush.Get());
   ::FrameRect(dc, &rect, ::GetSysColorBrush(COLOR_BTNSHADOW));
 }

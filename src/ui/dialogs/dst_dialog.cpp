@@ -34,17 +34,13 @@ std::vector<my::CAnchor> CDstDialog::Anchors() const {
 }
 
 bool CDstDialog::OnInit() {
-  InitTypes();
+  my::FillFromTexts(Item(IDC_DST_TYPE), m_context.ports.engine.texts, kDstTypeTexts, m_dst.type);
   SetItemText(IDC_DST_FOLDER, m_dst.folder);
   SetItemText(IDC_DST_PATTERN, m_dst.pattern);
   const size_t end = m_dst.pattern.size();
   ::SendMessageW(Item(IDC_DST_PATTERN), EM_SETSEL, end, static_cast<LPARAM>(end));
   ShowEffect();
   return true;
-}
-
-void CDstDialog::InitTypes() const {
-  my::FillFromTexts(Item(IDC_DST_TYPE), m_context.ports.engine.texts, kDstTypeTexts, m_dst.type);
 }
 
 void CDstDialog::OnOk() {

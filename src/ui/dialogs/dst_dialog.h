@@ -26,7 +26,6 @@ class CDstDialog : public my::CDialog {
   bool OnCommand(int id, int code) override;
 
  private:
-  void InitTypes() const;
   CDst EditedDst() const;
   void FocusOffender(uint32_t failureId) const;
   void Browse();

@@ -5,7 +5,7 @@
 #include "app/command.h"
 #include "app/password.h"
 #include "control_ids.h"
-#include "engine/archive_writer.h"
+#include "engine/archiver_location.h"
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
 #include "settings/settings.h"

@@ -5,6 +5,7 @@
 #include "control_ids.h"
 #include "platform/message_texts.h"
 #include "ui/framework/clipboard.h"
+#include "ui/framework/colors.h"
 #include "ui/framework/failures.h"
 #include "ui/models/cells.h"
 
@@ -12,8 +13,7 @@ namespace qlm {
 namespace {
 
 COLORREF WarningColor(const CUISetting& setting) {
-  const my::CColor color = StateLook(setting, ResultState::FAILED).color.value_or(my::CColor{});
-  return RGB(color.red, color.green, color.blue);
+  return my::ColorRef(StateLook(setting, ResultState::FAILED).color.value_or(my::CColor{}));
 }
 
 }  // namespace

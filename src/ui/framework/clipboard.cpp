@@ -5,13 +5,14 @@
 #include <cstring>
 #include <memory>
 
+#include "platform/win32/last_error.h"
 #include "support/exception.h"
 
 namespace my {
 namespace {
 
 [[noreturn]] void ThrowLastError() {
-  throw CException(CSystemError::FromWin32(::GetLastError()));
+  throw CException(LastError());
 }
 
 struct CFreeMemory {

@@ -23,7 +23,6 @@ class CClipboard {
   std::optional<std::string> Bytes(HWND owner) const;
 
   // Do not open the clipboard, so they are cheap enough for the state of commands.
-  bool HasText() const { return ::IsClipboardFormatAvailable(CF_UNICODETEXT) != FALSE; }
   bool HasBytes() const { return ::IsClipboardFormatAvailable(m_format) != FALSE; }
 
  private:

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/win32/system_function.h"
 #include "support/exception.h"
 #include "ui/framework/combo_texts.h"
 #include "ui/framework/disabled_windows.h"
@@ -25,8 +26,7 @@ HINSTANCE Instance() {
 void KeepSystemFromScaling(HWND dialog) {
   constexpr int kDisableAll = 1;
   using Function = BOOL WINAPI(HWND, int, int);
-  static const auto setBehavior = reinterpret_cast<Function*>(reinterpret_cast<void*>(
-      ::GetProcAddress(::GetModuleHandleW(L"user32.dll"), "SetDialogDpiChangeBehavior")));
+  static const auto setBehavior = SystemFunction<Function>(L"user32.dll", "SetDialogDpiChangeBehavior");
   if (setBehavior) setBehavior(dialog, kDisableAll, kDisableAll);
 }
 

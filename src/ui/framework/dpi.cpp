@@ -1,14 +1,8 @@
 #include "ui/framework/dpi.h"
+#include "platform/win32/system_function.h"
 
 namespace my {
 namespace {
-
-// Returns a function of user32, or null on systems without it.
-template <class Function>
-Function* UserFunction(const char* name) {
-  return reinterpret_cast<Function*>(
-      reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleW(L"user32.dll"), name)));
-}
 
 UINT ScreenDpi() {
   return static_cast<UINT>(::GetDeviceCaps(CWindowDc(nullptr).Get(), LOGPIXELSY));
@@ -22,20 +16,21 @@ BOOL CALLBACK SendDpi(HWND window, LPARAM dpi) {
 }  // namespace
 
 UINT WindowDpi(HWND window) {
-  static const auto getDpi = UserFunction<UINT WINAPI(HWND)>("GetDpiForWindow");
+  static const auto getDpi = SystemFunction<UINT WINAPI(HWND)>(L"user32.dll", "GetDpiForWindow");
   const UINT dpi = getDpi ? getDpi(window) : 0;
   return dpi != 0 ? dpi : ScreenDpi();
 }
 
 int SystemMetric(int index, UINT dpi) {
-  static const auto getMetric = UserFunction<int WINAPI(int, UINT)>("GetSystemMetricsForDpi");
+  static const auto getMetric =
+      SystemFunction<int WINAPI(int, UINT)>(L"user32.dll", "GetSystemMetricsForDpi");
   if (getMetric) return getMetric(index, dpi);
   return ::MulDiv(::GetSystemMetrics(index), static_cast<int>(dpi), static_cast<int>(ScreenDpi()));
 }
 
 RECT OuterRect(RECT client, DWORD style, DWORD exStyle, UINT dpi) {
   static const auto adjust =
-      UserFunction<BOOL WINAPI(RECT*, DWORD, BOOL, DWORD, UINT)>("AdjustWindowRectExForDpi");
+      SystemFunction<BOOL WINAPI(RECT*, DWORD, BOOL, DWORD, UINT)>(L"user32.dll", "AdjustWindowRectExForDpi");
   if (!adjust || !adjust(&client, style, FALSE, exStyle, dpi))
     ::AdjustWindowRectEx(&client, style, FALSE, exStyle);
   return client;
@@ -43,7 +38,7 @@ RECT OuterRect(RECT client, DWORD style, DWORD exStyle, UINT dpi) {
 
 LOGFONTW MessageLogFont(UINT dpi) {
   static const auto getForDpi =
-      UserFunction<BOOL WINAPI(UINT, UINT, void*, UINT, UINT)>("SystemParametersInfoForDpi");
+      SystemFunction<BOOL WINAPI(UINT, UINT, void*, UINT, UINT)>(L"user32.dll", "SystemParametersInfoForDpi");
   NONCLIENTMETRICSW metrics{};
   metrics.cbSize = sizeof metrics;
   if (getForDpi && getForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, dpi))

@@ -5,9 +5,11 @@
 
 #include <utility>
 
+#include "platform/win32/last_error.h"
 #include "support/contrast.h"
 #include "support/exception.h"
 #include "ui/framework/check_images.h"
+#include "ui/framework/colors.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/failures.h"
 
@@ -39,10 +41,9 @@ class CFlag {
   bool m_before;
 };
 
-COLORREF ReadableOn(COLORREF background, CColor color) {
-  const double luminance = Luminance({GetRValue(background), GetGValue(background), GetBValue(background)});
-  const CColor moved = Readable(color, luminance, luminance < 0.18);
-  return RGB(moved.red, moved.green, moved.blue);
+COLORREF ReadableOn(CColor background, CColor color) {
+  const double luminance = Luminance(background);
+  return ColorRef(Readable(color, luminance, luminance < 0.18));
 }
 
 }  // namespace
@@ -60,7 +61,7 @@ void CListView::Create(HWND parent, int id, Boxes boxes, DWORD style) {
   const HWND list =
       ::CreateWindowExW(0, WC_LISTVIEWW, L"", kStyle | style, 0, 0, 0, 0, parent,
                         reinterpret_cast<HMENU>(INT_PTR{id}), ::GetModuleHandleW(nullptr), nullptr);
-  if (!list) throw CException(CSystemError::FromWin32(::GetLastError()));
+  if (!list) throw CException(LastError());
   m_owned = true;
   Attach(list, boxes);
 }
@@ -205,7 +206,7 @@ LRESULT CListView::OnCustomDraw(NMLVCUSTOMDRAW& draw) {
   if (look.grey)
     draw.clrText = ::GetSysColor(COLOR_GRAYTEXT);
   else if (look.color)
-    draw.clrText = ReadableOn(::GetSysColor(COLOR_WINDOW), *look.color);
+    draw.clrText = ReadableOn(SystemColor(COLOR_WINDOW), *look.color);
   return CDRF_DODEFAULT;
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/win32/last_error.h"
 #include "support/exception.h"
 
 namespace my {
@@ -61,7 +62,7 @@ int CAutoMessageLoop::Run() {
   MSG message;
   for (;;) {
     const BOOL got = ::GetMessageW(&message, nullptr, 0, 0);
-    if (got == -1) throw CException(CSystemError::FromWin32(::GetLastError()));
+    if (got == -1) throw CException(LastError());
     if (got == 0) return static_cast<int>(message.wParam);
     if (Translate(message)) continue;
     ::TranslateMessage(&message);

@@ -1,21 +1,20 @@
 #include "ui/framework/session_hold.h"
 
+#include "platform/win32/system_function.h"
+
 namespace my {
 namespace {
 
-// Returns null on systems without the function, which do not show reasons.
-template <class Function>
-Function* SessionFunction(const char* name) {
-  const HMODULE module = ::GetModuleHandleW(L"user32.dll");
-  return reinterpret_cast<Function*>(reinterpret_cast<void (*)()>(::GetProcAddress(module, name)));
-}
+constexpr const wchar_t* kLibrary = L"user32.dll";
 
 }  // namespace
 
 void HoldSession(HWND window, const std::wstring& reason) {
+  // Null on systems that do not show reasons.
+  static const auto hold = SystemFunction<BOOL WINAPI(HWND, LPCWSTR)>(kLibrary, "ShutdownBlockReasonCreate");
+  static const auto release = SystemFunction<BOOL WINAPI(HWND)>(kLibrary, "ShutdownBlockReasonDestroy");
   // The system does not replace an existing reason.
-  if (const auto release = SessionFunction<BOOL WINAPI(HWND)>("ShutdownBlockReasonDestroy")) release(window);
-  const auto hold = SessionFunction<BOOL WINAPI(HWND, LPCWSTR)>("ShutdownBlockReasonCreate");
+  if (release) release(window);
   if (hold && !reason.empty()) hold(window, reason.c_str());
 }
 

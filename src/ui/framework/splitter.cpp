@@ -64,9 +64,8 @@ LRESULT CSplitter::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_CAPTURECHANGED: m_dragging = false; return 0;
     case WM_SETCURSOR:
-      if (reinterpret_cast<HWND>(wParam) != Hwnd() || LOWORD(lParam) != HTCLIENT) break;
-      ::SetCursor(::LoadCursorW(nullptr, IDC_SIZENS));
-      return TRUE;
+      if (SetCursor(reinterpret_cast<HWND>(wParam), LOWORD(lParam))) return TRUE;
+      break;
     case WM_GETDLGCODE: return DLGC_WANTARROWS;
     case WM_KEYDOWN:
       if (HandleKey(static_cast<UINT>(wParam))) return 0;
@@ -78,6 +77,12 @@ LRESULT CSplitter::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     default: break;
   }
   return Default(message, wParam, lParam);
+}
+
+bool CSplitter::SetCursor(HWND window, UINT hit) const {
+  if (window != Hwnd() || hit != HTCLIENT) return false;
+  ::SetCursor(::LoadCursorW(nullptr, IDC_SIZENS));
+  return true;
 }
 
 void CSplitter::Arrange() const {

@@ -32,6 +32,7 @@ class CSplitter : public CWindow {
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
+  bool SetCursor(HWND window, UINT hit) const;
   void Arrange() const;
   int BarTop() const;  // pixels
   int BarHeight() const;

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/win32/last_error.h"
 #include "support/exception.h"
 #include "ui/framework/failures.h"
 
@@ -32,7 +33,7 @@ CWindowClass::CWindowClass(const wchar_t* name, UINT style, INT_PTR background, 
   windowClass.hCursor = ::LoadCursorW(nullptr, cursor);
   windowClass.hbrBackground = reinterpret_cast<HBRUSH>(background);
   windowClass.lpszClassName = name;
-  if (!::RegisterClassExW(&windowClass)) throw CException(CSystemError::FromWin32(::GetLastError()));
+  if (!::RegisterClassExW(&windowClass)) throw CException(LastError());
 }
 
 CWindowClass::~CWindowClass() {

@@ -20,7 +20,7 @@ void CWindowIcons::Use(HWND window, int iconId, UINT dpi) {
   CIcon large = LoadIconOf(iconId, SM_CXICON, dpi);
   ::SendMessageW(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small.Get()));
   ::SendMessageW(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(large.Get()));
-  m_small = std::move(small);  // the window uses the old ones until here
+  m_small = std::move(small);  // until here the window uses the old ones
   m_large = std::move(large);
 }
 

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "platform/win32/system_function.h"
 #include "support/placement.h"
 #include "ui/framework/dpi.h"
 
@@ -27,11 +28,7 @@ MONITORINFO ScreenOf(HWND window) {
 std::optional<RECT> VisibleBounds(HWND window) {
   using Function = HRESULT WINAPI(HWND, DWORD, void*, DWORD);
   constexpr DWORD kExtendedFrameBounds = 9;  // DWMWA_EXTENDED_FRAME_BOUNDS
-  // Never unloaded.
-  static const HMODULE module = ::LoadLibraryExW(L"dwmapi.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-  if (!module) return {};
-  static const auto get = reinterpret_cast<Function*>(
-      reinterpret_cast<void (*)()>(::GetProcAddress(module, "DwmGetWindowAttribute")));
+  static const auto get = SystemFunction<Function>(L"dwmapi.dll", "DwmGetWindowAttribute");
   RECT bounds{};
   if (!get || FAILED(get(window, kExtendedFrameBounds, &bounds, sizeof bounds))) return {};
   return bounds;

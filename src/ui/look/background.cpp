@@ -4,6 +4,7 @@
 #include <exception>
 #include <vector>
 
+#include "ui/framework/colors.h"
 #include "ui/framework/dpi.h"
 #include "ui/look/character.h"
 #include "ui/look/high_contrast.h"
@@ -22,15 +23,6 @@ CExtent ExtentOf(SIZE size) {
 // Returns the size of all screens together, which no view exceeds.
 CExtent ScreenExtent() {
   return {::GetSystemMetrics(SM_CXVIRTUALSCREEN), ::GetSystemMetrics(SM_CYVIRTUALSCREEN)};
-}
-
-my::CColor SystemColor(int index) {
-  const COLORREF color = ::GetSysColor(index);
-  return {GetRValue(color), GetGValue(color), GetBValue(color)};
-}
-
-COLORREF ColorRef(my::CColor color) {
-  return RGB(color.red, color.green, color.blue);
 }
 
 BkImgType ImageOf(const CDesignSetting& design) {
@@ -117,16 +109,17 @@ void CBackground::Copy(const my::CPixelBitmap& bitmap, HDC dc, HWND window, cons
 }
 
 COLORREF CBackground::TextColor() const {
-  return ColorRef(Text());
+  return my::ColorRef(Text());
 }
 
 COLORREF CBackground::Readable(my::CColor color) {
   Update();
-  return ColorRef(my::Readable(color, m_luminance, my::NeedsDark(Text())));
+  return my::ColorRef(my::Readable(color, m_luminance, my::NeedsDark(Text())));
 }
 
 my::CColor CBackground::Text() const {
-  return m_design.bkBrushType == BrushType::OS_DEFAULT ? SystemColor(COLOR_WINDOWTEXT) : m_design.textColor;
+  return m_design.bkBrushType == BrushType::OS_DEFAULT ? my::SystemColor(COLOR_WINDOWTEXT)
+                                                       : m_design.textColor;
 }
 
 void CBackground::Update() {
@@ -145,7 +138,7 @@ void CBackground::DrawBrush() {
   const BrushType type = m_design.bkBrushType;
   my::CColor color = m_design.bkBrushColor;
   if (type == BrushType::DEFAULT) color = kDefaultBrush;
-  if (type == BrushType::OS_DEFAULT) color = SystemColor(COLOR_WINDOW);
+  if (type == BrushType::OS_DEFAULT) color = my::SystemColor(COLOR_WINDOW);
   const int width = static_cast<int>(m_bitmap->Size().cx);
   FillBrush(m_bitmap->Pixels(), width, type, color, static_cast<int>(m_dpi));
   if (m_brush)

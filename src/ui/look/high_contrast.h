@@ -4,10 +4,10 @@
 
 namespace my {
 
-// Whether the system is set to high contrast, whose colours replace those of the design.
+// Returns whether the system uses high contrast, whose colours replace those of the design.
 bool IsHighContrast();
 
-// Replaces the system's setting for the rest of the process; nullopt: the system's setting holds again.
+// Overrides the system's setting for the whole process; nullopt ends the override.
 void AssumeHighContrast(std::optional<bool> assumed);
 
 }  // namespace my

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "ui/framework/check_images.h"
+#include "ui/framework/colors.h"
 #include "ui/framework/dpi.h"
 #include "ui/look/background.h"
 
@@ -16,11 +17,6 @@ constexpr int kCellMargin = 6;
 constexpr int kShadeMargin = 3;
 
 constexpr int kRowMargin = 2;  // pixels at any DPI; some systems do not redraw this edge of a row
-
-my::CColor SystemColor(int index) {
-  const COLORREF color = ::GetSysColor(index);
-  return {GetRValue(color), GetGValue(color), GetBValue(color)};
-}
 
 UINT Flags(my::ListAlign align) {
   constexpr UINT kFlags = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS;
@@ -116,7 +112,7 @@ CSeeThroughList::CRowColors CSeeThroughList::ColorsOf(size_t row, bool selected,
   if (selected && active) return {::GetSysColor(COLOR_HIGHLIGHT), ::GetSysColor(COLOR_HIGHLIGHTTEXT)};
   if (selected) return {::GetSysColor(COLOR_BTNFACE), ::GetSysColor(COLOR_BTNTEXT)};
   const my::CListLook look = Model().Look(row);
-  if (look.grey) return {{}, m_background.Readable(SystemColor(COLOR_GRAYTEXT))};
+  if (look.grey) return {{}, m_background.Readable(my::SystemColor(COLOR_GRAYTEXT))};
   return {{}, look.color ? m_background.Readable(*look.color) : m_background.TextColor()};
 }
 

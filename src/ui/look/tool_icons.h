@@ -41,54 +41,61 @@ enum class ToolIcon {
 };
 constexpr int kToolIconCount = 30;
 
+inline constexpr struct {
+  int command;
+  ToolIcon icon;
+} kToolIcons[] = {
+    {ID_NEW, ToolIcon::New},
+    {ID_OPEN, ToolIcon::Open},
+    {ID_ADD_FILE, ToolIcon::Add},
+    {ID_SAVE, ToolIcon::Save},
+    {ID_SAVE_AS, ToolIcon::SaveAs},
+    {ID_UNDO, ToolIcon::Undo},
+    {ID_REDO, ToolIcon::Redo},
+    {ID_CUT, ToolIcon::Cut},
+    {ID_COPY, ToolIcon::Copy},
+    {ID_PASTE, ToolIcon::Paste},
+    {ID_ITEM_ADD, ToolIcon::AddItem},
+    {ID_TASK_ADD, ToolIcon::AddItem},
+    {ID_DST_ADD, ToolIcon::AddItem},
+    {ID_ITEM_EDIT, ToolIcon::Edit},
+    {ID_TASK_EDIT, ToolIcon::Edit},
+    {ID_DST_EDIT, ToolIcon::Edit},
+    {ID_ITEM_DUPLICATE, ToolIcon::Duplicate},
+    {ID_TASK_DUPLICATE, ToolIcon::Duplicate},
+    {ID_DST_DUPLICATE, ToolIcon::Duplicate},
+    {ID_ITEM_DELETE, ToolIcon::Delete},
+    {ID_TASK_DELETE, ToolIcon::Delete},
+    {ID_DST_DELETE, ToolIcon::Delete},
+    {ID_ITEM_UP, ToolIcon::Up},
+    {ID_TASK_UP, ToolIcon::Up},
+    {ID_DST_UP, ToolIcon::Up},
+    {ID_ITEM_DOWN, ToolIcon::Down},
+    {ID_TASK_DOWN, ToolIcon::Down},
+    {ID_DST_DOWN, ToolIcon::Down},
+    {ID_RUN, ToolIcon::Run},
+    {ID_RUN_POWER_OFF, ToolIcon::RunPowerOff},
+    {ID_POWER_OFF, ToolIcon::PowerOff},
+    {ID_TASK_TARGETS, ToolIcon::TestRun},
+    {ID_TARGETS, ToolIcon::TestRun},
+    {ID_RESULTS, ToolIcon::Results},
+    {ID_FILTER_CHECK, ToolIcon::Filter},
+    {ID_REPLACE, ToolIcon::Replace},
+    {ID_SETTINGS, ToolIcon::Settings},
+    {ID_DESIGN, ToolIcon::Design},
+    {ID_EXPLORER_SRC, ToolIcon::Explorer},
+    {ID_EXPLORER_DST, ToolIcon::Explorer},
+    {ID_USAGE_PAGE, ToolIcon::Help},
+    {ID_HOME_PAGE, ToolIcon::Home},
+    {ID_ABOUT, ToolIcon::About},
+};
+
 // Returns the icon of a command, or None. Stop has no command of its own: ID_RUN stops a run.
 constexpr ToolIcon ToolIconOf(int command) {
-  switch (command) {
-    case ID_NEW: return ToolIcon::New;
-    case ID_OPEN: return ToolIcon::Open;
-    case ID_ADD_FILE: return ToolIcon::Add;
-    case ID_SAVE: return ToolIcon::Save;
-    case ID_SAVE_AS: return ToolIcon::SaveAs;
-    case ID_UNDO: return ToolIcon::Undo;
-    case ID_REDO: return ToolIcon::Redo;
-    case ID_CUT: return ToolIcon::Cut;
-    case ID_COPY: return ToolIcon::Copy;
-    case ID_PASTE: return ToolIcon::Paste;
-    case ID_ITEM_ADD:
-    case ID_TASK_ADD:
-    case ID_DST_ADD: return ToolIcon::AddItem;
-    case ID_ITEM_EDIT:
-    case ID_TASK_EDIT:
-    case ID_DST_EDIT: return ToolIcon::Edit;
-    case ID_ITEM_DUPLICATE:
-    case ID_TASK_DUPLICATE:
-    case ID_DST_DUPLICATE: return ToolIcon::Duplicate;
-    case ID_ITEM_DELETE:
-    case ID_TASK_DELETE:
-    case ID_DST_DELETE: return ToolIcon::Delete;
-    case ID_ITEM_UP:
-    case ID_TASK_UP:
-    case ID_DST_UP: return ToolIcon::Up;
-    case ID_ITEM_DOWN:
-    case ID_TASK_DOWN:
-    case ID_DST_DOWN: return ToolIcon::Down;
-    case ID_RUN: return ToolIcon::Run;
-    case ID_RUN_POWER_OFF: return ToolIcon::RunPowerOff;
-    case ID_POWER_OFF: return ToolIcon::PowerOff;
-    case ID_TASK_TARGETS:
-    case ID_TARGETS: return ToolIcon::TestRun;
-    case ID_RESULTS: return ToolIcon::Results;
-    case ID_FILTER_CHECK: return ToolIcon::Filter;
-    case ID_REPLACE: return ToolIcon::Replace;
-    case ID_SETTINGS: return ToolIcon::Settings;
-    case ID_DESIGN: return ToolIcon::Design;
-    case ID_EXPLORER_SRC:
-    case ID_EXPLORER_DST: return ToolIcon::Explorer;
-    case ID_USAGE_PAGE: return ToolIcon::Help;
-    case ID_HOME_PAGE: return ToolIcon::Home;
-    case ID_ABOUT: return ToolIcon::About;
-    default: return ToolIcon::None;
+  for (const auto& [id, icon] : kToolIcons) {
+    if (id == command) return icon;
   }
+  return ToolIcon::None;
 }
 
 }  // namespace qlm

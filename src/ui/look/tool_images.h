@@ -28,8 +28,8 @@ class CToolImages {
   std::vector<my::CBitmap> m_bitmaps;
 };
 
-// Whether the system's menus blend transparent pictures, which is assumed at first. If not, pictures made
-// later have the background of menus. For the rest of the process.
+// Sets whether the system's menus blend transparent images (default: yes). If not, images created later have
+// the background colour of menus. Holds for the whole process.
 void AssumeMenusBlend(bool blend);
 
 }  // namespace qlm

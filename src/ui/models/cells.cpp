@@ -1,7 +1,5 @@
 #include "ui/models/cells.h"
 
-#include <array>
-#include <cstdio>
 #include <utility>
 
 #include "document/filter.h"
@@ -49,11 +47,7 @@ my::CListLook StateLook(const CUISetting& setting, ResultState state) {
 
 std::wstring LocalTimeText(const my::IClock& clock, my::CFileTime time) try {
   if (!time) return {};
-  const my::CCalendar at = clock.LocalCalendar(time);
-  std::array<wchar_t, 64> text{};
-  const int length = std::swprintf(text.data(), text.size(), L"%04d/%02d/%02d %02d:%02d:%02d", at.year,
-                                   at.month, at.day, at.hour, at.minute, at.second);
-  return {text.data(), static_cast<size_t>(length)};
+  return my::CalendarText(clock.LocalCalendar(time), L'/', L' ');
 } catch (const my::CException&) {
   return {};
 }

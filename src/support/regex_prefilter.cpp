@@ -1,17 +1,15 @@
-#include "document/literal_test.h"
+#include "support/regex_prefilter.h"
 
 #include <algorithm>
 #include <utility>
 #include <vector>
 
-namespace qlm {
+#include "support/strings.h"
+
+namespace my {
 namespace {
 
-constexpr wchar_t Lower(wchar_t c) {
-  return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c - L'A' + L'a') : c;
-}
-
-// The two cases of a letter share their bit, so that one look serves expressions that ignore case as well.
+// The two cases of a letter share a bit, so that the set also serves expressions that ignore case.
 constexpr uint64_t CharacterBit(wchar_t c) {
   return uint64_t{1} << ((static_cast<uint32_t>(c) & 31) | (static_cast<uint32_t>(c) & 64) >> 1);
 }
@@ -45,7 +43,7 @@ size_t SkipClass(std::wstring_view text, size_t at) {
   return kNone;
 }
 
-// From "(" on: a plain group; one with a meaning of its own is not understood.
+// From "(" on: a plain group. Others, such as a look-ahead, are not understood.
 size_t SkipGroup(std::wstring_view text, size_t at) {
   ++at;
   const std::wstring_view kind = text.substr(at, 2);
@@ -63,8 +61,7 @@ size_t SkipEscape(std::wstring_view text, size_t at) {
   return escape.size() == 2 && !quotes ? at + 2 : kNone;
 }
 
-// The position behind the character, escape, class or group that begins at a position; kNone for what is not
-// understood.
+// Returns the position after the character, escape, class or group at `at`; kNone if it is not understood.
 size_t SkipAtom(std::wstring_view text, size_t at) {
   switch (text[at]) {
     case L'\\': return SkipEscape(text, at);
@@ -78,7 +75,7 @@ bool IsRepeat(wchar_t c) {
   return c == L'*' || c == L'+' || c == L'?' || c == L'{';
 }
 
-// The parts between the "|" that stand in no group; none when there is something that is not understood.
+// Splits at each "|" outside of groups. Empty if something is not understood.
 std::vector<std::wstring_view> SplitAlternatives(std::wstring_view text) {
   std::vector<std::wstring_view> parts;
   size_t start = 0;
@@ -108,8 +105,8 @@ CSpan FindGroup(std::wstring_view text) {
   return {};
 }
 
-// Adds the expressions without groups that together mean the same: "abd" and "acd" for "a(b|c)d". False when
-// there is something that is not understood, or too much of it.
+// Adds the expressions without groups that together mean the same: "abd" and "acd" for "a(b|c)d". Returns
+// false if something is not understood or there are too many.
 bool SpellOut(std::wstring_view expression, std::vector<std::wstring>& ways) {
   constexpr size_t kMostWays = 64;
   const std::vector<std::wstring_view> parts = SplitAlternatives(expression);
@@ -131,11 +128,11 @@ bool SpellOut(std::wstring_view expression, std::vector<std::wstring>& ways) {
   return !parts.empty();
 }
 
-// A stretch of literal characters, one after the other, that every match contains.
+// Consecutive literal characters that every match contains.
 struct CRun {
   std::wstring text;
-  bool atStart = false;  // right behind a leading "^"
-  bool atEnd = false;    // right before a closing "$"
+  bool atStart = false;  // follows a leading "^"
+  bool atEnd = false;    // precedes a final "$"
 };
 
 }  // namespace
@@ -147,12 +144,12 @@ struct CLiteralRuns {
 
 namespace {
 
-// Reads an expression of the Perl kind without alternatives as far as it consists of plain things.
+// Reads the literals of an expression without alternatives.
 class CExpressionReader {
  public:
   explicit CExpressionReader(std::wstring_view expression) : m_text(expression) {}
 
-  // False when there is something in it that the reader does not understand.
+  // Returns false if something is not understood.
   bool Read() {
     if (Peek() == L'^') {
       ++m_at;
@@ -209,7 +206,7 @@ class CExpressionReader {
     return next != L'+' || EndOther();
   }
 
-  // Ends the run at something that is no literal, and passes over what says how often it may occur.
+  // Ends the run at something that is no literal, and skips its repeat.
   bool EndOther() {
     m_runs.others = true;
     EndRun();
@@ -229,14 +226,14 @@ class CExpressionReader {
 
 constexpr std::wstring_view kIgnoreCase = L"(?i)";
 
-// Beyond ASCII the expressions know cases that are not known here.
+// Expressions fold the case of all letters, the prefilter that of ASCII letters only.
 bool IsAscii(std::wstring_view text) {
   return std::all_of(text.begin(), text.end(), [](wchar_t c) { return c < 0x80; });
 }
 
 bool StartsWith(std::wstring_view text, std::wstring_view part, bool ignoreCase) {
   if (!ignoreCase) return text.starts_with(part);
-  const auto equal = [](wchar_t a, wchar_t b) { return Lower(a) == Lower(b); };
+  const auto equal = [](wchar_t a, wchar_t b) { return LowerAscii(a) == LowerAscii(b); };
   return text.size() >= part.size() && std::equal(part.begin(), part.end(), text.begin(), equal);
 }
 
@@ -254,66 +251,68 @@ bool Contains(std::wstring_view text, std::wstring_view part, bool ignoreCase) {
 
 }  // namespace
 
-CTestedPath::CTestedPath(std::wstring_view path) : m_path(path) {
+CPrefilterText::CPrefilterText(std::wstring_view text) : m_text(text) {
   wchar_t codes = 0;
-  for (const wchar_t c : path) {
+  for (const wchar_t c : text) {
     m_characters |= CharacterBit(c);
     codes |= c;
   }
   m_ascii = codes < 0x80;
-  m_lineEnds = (m_characters & kLineEndBits) != 0 && std::any_of(path.begin(), path.end(), IsLineEnd);
+  m_lineEnds = (m_characters & kLineEndBits) != 0 && std::any_of(text.begin(), text.end(), IsLineEnd);
 }
 
-CLiteralTest::CWay::CWay(const CLiteralRuns& runs) {
+CRegexPrefilter::CAlternative::CAlternative(const CLiteralRuns& runs) {
   for (const CRun& run : runs.runs) {
     characters |= CharacterBits(run.text);
     if (run.atStart) prefix = run.text;
     if (run.atEnd) suffix = run.text;
     if (!run.atStart && !run.atEnd && run.text.size() > part.size()) part = run.text;
   }
-  // A run with both anchors asks for the whole path, which prefix and suffix alone do not tell.
+  // A run with both anchors must be the whole text, which prefix and suffix alone do not tell.
   const bool both = !prefix.empty() && !suffix.empty();
   complete = runs.runs.size() == 1 && !runs.others && !both;
 }
 
-CLiteralTest::Answer CLiteralTest::CWay::Ask(const CTestedPath& path, bool ignoreCase) const {
-  if ((characters & ~path.Characters()) != 0) return Answer::NO;
-  const std::wstring_view text = path.Text();
-  if (!EndsWith(text, suffix, ignoreCase) || !StartsWith(text, prefix, ignoreCase)) return Answer::NO;
-  if (!Contains(text, part, ignoreCase)) return Answer::NO;
-  return complete ? Answer::YES : Answer::RUN_EXPRESSION;
+CRegexPrefilter::Verdict CRegexPrefilter::CAlternative::Test(const CPrefilterText& text,
+                                                             bool ignoreCase) const {
+  if ((characters & ~text.Characters()) != 0) return Verdict::NO_MATCH;
+  const std::wstring_view all = text.Text();
+  if (!EndsWith(all, suffix, ignoreCase) || !StartsWith(all, prefix, ignoreCase)) return Verdict::NO_MATCH;
+  if (!Contains(all, part, ignoreCase)) return Verdict::NO_MATCH;
+  return complete ? Verdict::MATCH : Verdict::UNDECIDED;
 }
 
-CLiteralTest::CLiteralTest(std::wstring_view expression) : m_ignoreCase(expression.starts_with(kIgnoreCase)) {
+CRegexPrefilter::CRegexPrefilter(std::wstring_view expression)
+    : m_ignoreCase(expression.starts_with(kIgnoreCase)) {
   if (m_ignoreCase) {
     expression.remove_prefix(kIgnoreCase.size());
     if (!IsAscii(expression)) return;
   }
   std::vector<std::wstring> texts;
   if (!SpellOut(expression, texts)) return;
-  std::vector<CWay> ways;
+  std::vector<CAlternative> alternatives;
   uint64_t common = ~uint64_t{0};
   for (const std::wstring& text : texts) {
     CExpressionReader reader(text);
     if (!reader.Read()) return;
-    ways.emplace_back(reader.Runs());
-    common &= ways.back().characters;
+    alternatives.emplace_back(reader.Runs());
+    common &= alternatives.back().characters;
   }
   m_characters = common;
-  m_ways = std::move(ways);
+  m_alternatives = std::move(alternatives);
 }
 
-CLiteralTest::Answer CLiteralTest::Ask(const CTestedPath& path) const {
-  if (m_ways.empty() || (m_ignoreCase && !path.IsAscii())) return Answer::RUN_EXPRESSION;
-  if ((m_characters & ~path.Characters()) != 0) return Answer::NO;
-  if (path.HasLineEnds()) return Answer::RUN_EXPRESSION;
-  Answer answer = Answer::NO;
-  for (const CWay& way : m_ways) {
-    const Answer one = way.Ask(path, m_ignoreCase);
-    if (one == Answer::YES) return one;
-    if (one != Answer::NO) answer = one;
+CRegexPrefilter::Verdict CRegexPrefilter::Test(const CPrefilterText& text) const {
+  if (m_alternatives.empty() || (m_ignoreCase && !text.IsAscii())) return Verdict::UNDECIDED;
+  if ((m_characters & ~text.Characters()) != 0) return Verdict::NO_MATCH;
+  if (text.HasLineEnds()) return Verdict::UNDECIDED;
+  Verdict verdict = Verdict::NO_MATCH;
+  for (const CAlternative& alternative : m_alternatives) {
+    const Verdict one = alternative.Test(text, m_ignoreCase);
+    if (one == Verdict::MATCH) return one;
+    if (one != Verdict::NO_MATCH) verdict = one;
   }
-  return answer;
+  return verdict;
 }
 
-}  // namespace qlm
+}  // namespace my

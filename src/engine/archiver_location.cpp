@@ -1,0 +1,28 @@
+#include "engine/archiver_location.h"
+
+#include "platform/file_system.h"
+#include "platform/known_folders.h"
+#include "support/paths.h"
+#include "support/strings.h"
+
+namespace qlm {
+
+std::vector<std::wstring> ArchiverCandidates(const my::IKnownFolders& folders) {
+  const auto programs = folders.ProgramFiles();
+  if (!programs) return {L"C:\\Program Files\\7-Zip\\7z.exe"};
+  // The folder of 64-bit programs is beside that of the 32-bit ones, or the same on a 32-bit system.
+  std::vector<std::wstring> candidates = {
+      my::JoinPath(my::ParentPath(*programs), L"Program Files\\7-Zip\\7z.exe"),
+      my::JoinPath(*programs, L"7-Zip\\7z.exe")};
+  if (my::EqualNoCase(candidates[0], candidates[1])) candidates.pop_back();
+  return candidates;
+}
+
+std::wstring FindArchiver(my::IFileSystem& files, const my::IKnownFolders& folders) {
+  for (const std::wstring& candidate : ArchiverCandidates(folders)) {
+    if (my::KindIfKnown(files, candidate) == my::PathKind::FILE) return candidate;
+  }
+  return {};
+}
+
+}  // namespace qlm
