@@ -1,11 +1,5 @@
 // The end of the session and of the program, as the system and the user ask for it.
-#include <gtest/gtest.h>
 
-#include <windows.h>
-
-#include "command_ids.h"
-#include "control_ids.h"
-#include "document/document_edits.h"
 #include "gui/gui_app.h"
 #include "support/fake_windows.h"
 #include "ui/dialogs/message_box.h"

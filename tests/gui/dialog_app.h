@@ -3,14 +3,11 @@
 
 #include "app/application.h"
 #include "gui/gui.h"
+#include "gui/win32_ports.h"
 #include "platform/win32/msxml_dom.h"
-#include "platform/win32/win32_ansi_codec.h"
-#include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_file_system.h"
 #include "platform/win32/win32_hash.h"
 #include "platform/win32/win32_known_folders.h"
-#include "platform/win32/win32_message_texts.h"
-#include "platform/win32/win32_process.h"
 #include "support/fake_system.h"
 #include "support/fake_windows.h"
 
@@ -18,12 +15,8 @@ namespace test {
 
 // `TFiles` is the disk: the real one, or one in memory.
 template <class TFiles>
-struct CDialogAppOn {
+struct CDialogAppOn : CWin32Ports {
   TFiles files;
-  my::CWin32Clock clock;
-  my::CWin32AnsiCodec ansi;
-  my::CWin32MessageTexts texts;
-  my::CWin32Process process;
   my::CMsxmlDom dom;
   CManualThreads threads;
   my::CWin32KnownFolders folders;

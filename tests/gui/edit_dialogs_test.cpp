@@ -1,13 +1,9 @@
 // The dialogs of one task and of one destination, on a disk in memory.
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "control_ids.h"
-#include "document/document_edits.h"
 #include "gui/dialog_app.h"
 #include "support/memory_file_system.h"
-#include "text_ids.h"
 #include "ui/dialogs/dst_dialog.h"
 #include "ui/dialogs/task_dialog.h"
 #include "ui/framework/dpi.h"

@@ -15,14 +15,11 @@
 #include "command_ids.h"
 #include "control_ids.h"
 #include "gui/gui.h"
+#include "gui/win32_ports.h"
 #include "platform/win32/com.h"
 #include "platform/win32/msxml_dom.h"
-#include "platform/win32/win32_ansi_codec.h"
-#include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_hash.h"
 #include "platform/win32/win32_known_folders.h"
-#include "platform/win32/win32_message_texts.h"
-#include "platform/win32/win32_process.h"
 #include "platform/win32/win32_threads.h"
 #include "support/fake_system.h"
 #include "ui/framework/failures.h"
@@ -54,7 +51,7 @@ struct CScratchFolders : my::CWin32KnownFolders {
   std::wstring m_folder;
 };
 
-class CGuiApp {
+class CGuiApp : public CWin32Ports {
  public:
   CGuiApp() { Start(); }
   ~CGuiApp() { my::SetFailureHandler(nullptr); }
@@ -141,10 +138,6 @@ class CGuiApp {
   my::CComApartment com;
   CScratchFolder scratch;
   my::CMsxmlDom dom;
-  my::CWin32Clock clock;
-  my::CWin32AnsiCodec ansi;
-  my::CWin32MessageTexts texts;
-  my::CWin32Process process;
   my::CWin32Threads threads;
   my::IThreads* worker = &threads;  // of the next start
   CScratchFolders folders{scratch.path};

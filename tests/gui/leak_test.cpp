@@ -1,7 +1,4 @@
-#include <gtest/gtest.h>
 
-#include "command_ids.h"
-#include "control_ids.h"
 #include "gui/gui_app.h"
 
 namespace {

@@ -1,11 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <boost/smart_ptr/make_shared.hpp>
-
 #include "control_ids.h"
 #include "gui/dialog_app.h"
 #include "support/memory_file_system.h"
-#include "text_ids.h"
 #include "ui/dialogs/filter_dialog.h"
 #include "ui/dialogs/result_dialog.h"
 #include "ui/dialogs/target_dialog.h"

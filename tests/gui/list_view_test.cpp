@@ -128,20 +128,4 @@ TEST_F(ListView, rows_are_dropped_where_the_mark_is) {
   EXPECT_EQ(ListView_GetTopIndex(view.Hwnd()), top + 1);
 }
 
-TEST(ListViews, go_before_or_after_their_control) {
-  const test::CRows rows;
-  CWindow frame;
-  frame.Create(FrameClass(), {});
-  auto first = std::make_unique<CListView>(rows);
-  CListView second(rows);
-  first->Create(frame.Hwnd(), 1, CListView::Boxes::Yes);
-  second.Create(frame.Hwnd(), 2, CListView::Boxes::Yes);
-  const HWND control = first->Hwnd();
-  first.reset();
-  EXPECT_FALSE(::IsWindow(control));
-  frame.Destroy();
-  EXPECT_EQ(frame.Hwnd(), nullptr);
-  EXPECT_EQ(second.Hwnd(), nullptr);
-}
-
 }  // namespace

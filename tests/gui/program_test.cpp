@@ -1,13 +1,8 @@
 // The built program, from outside: a window of another process that gets messages.
 #include <gtest/gtest.h>
 
-#include <windows.h>
-
-#include <commctrl.h>
-
 #include "control_ids.h"
 #include "gui/gui.h"
-#include "platform/win32/handle.h"
 #include "support/strings.h"
 #include "wine/scratch_folder.h"
 

@@ -1,9 +1,5 @@
-#include <gtest/gtest.h>
 
-#include "command_ids.h"
-#include "control_ids.h"
 #include "gui/gui_app.h"
-#include "text_ids.h"
 
 namespace {
 
@@ -48,6 +44,8 @@ TEST_F(Session, document_is_built_by_dialogs_saved_run_and_its_results_are_read)
   });
   EXPECT_EQ(a.app->Document().Path(), path);
   a.RunToEnd();
+  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 0, 4), a.texts.Text(IDS_PHASE_CREATED));
+  EXPECT_TRUE(test::StatusText(a.StatusBar()).starts_with(L"1 / 1  正常終了"));
   a.Do(ID_RESULTS);
   const HWND results = test::DialogWith(IDC_RESULT_LIST);
   ASSERT_TRUE(results);

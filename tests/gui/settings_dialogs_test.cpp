@@ -1,16 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <windows.h>
-
-#include <commctrl.h>
-
-#include <boost/smart_ptr/make_shared.hpp>
-#include <memory>
-
-#include "app/password.h"
 #include "control_ids.h"
 #include "gui/dialog_app.h"
-#include "text_ids.h"
 #include "ui/dialogs/about_dialog.h"
 #include "ui/dialogs/password_dialog.h"
 #include "ui/dialogs/replace_dialog.h"
@@ -36,7 +27,6 @@ struct SettingsDialogs : testing::Test, test::CDialogApp {
       return true;
     });
   }
-  std::wstring FirstId() { return app.Document().Tasks()[0]->id; }
   bool IsPreviewed() { return app.Document().Tasks()[0]->replaceRule != nullptr; }
 
   CReplaceDialog& OpenReplace() {
@@ -76,19 +66,13 @@ TEST_F(SettingsDialogs, replacement_is_previewed_as_it_is_typed_and_committed) {
   Choose(replace.Hwnd(), IDC_REPLACE_SRC, 0);
   EXPECT_EQ(ShownValue(*app.Document().Tasks()[1], kReplaceTaskId), L"ax");
 
-  Click(replace.Hwnd(), IDC_REPLACE_ROW_FOCUSED);
-  EXPECT_FALSE(IsPreviewed());
-  window.tasks.focused = 0;
-  replace.Refresh();
-  EXPECT_TRUE(IsPreviewed());
   Click(replace.Hwnd(), IDC_REPLACE_PREVIEW);
   EXPECT_FALSE(IsPreviewed());
 
   Type(replace.Hwnd(), IDC_REPLACE_SRC, L"ab");
   Click(replace.Hwnd(), IDOK);
-  EXPECT_EQ(FirstId(), L"x1");
+  EXPECT_EQ(app.Document().Tasks()[0]->id, L"x1");
   EXPECT_EQ(replace.Hwnd(), nullptr);
-  EXPECT_EQ(Settings().replaceDlg.replace.row, ReplaceRow::FOCUSED);
   EXPECT_NE(Settings().replaceDlg.rect, my::CRect{});
   replace.Refresh();  // as the document tells of its change
 }
@@ -97,10 +81,9 @@ TEST_F(SettingsDialogs, replacement_is_previewed_as_it_is_typed_and_committed) {
 LRESULT CALLBACK CompleteText(HWND combo, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
   const LRESULT result = ::DefSubclassProc(combo, message, wParam, lParam);
   if (message != WM_SIZE && message != WM_SETFONT) return result;
-  wchar_t text[100]{};
-  ::GetWindowTextW(combo, text, 100);
+  const std::wstring text = TextOf(combo);
   const LRESULT found =
-      ::SendMessageW(combo, CB_FINDSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text));
+      ::SendMessageW(combo, CB_FINDSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text.c_str()));
   if (found >= 0) ::SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(found), 0);
   return result;
 }
@@ -112,13 +95,9 @@ TEST_F(SettingsDialogs, typed_replacement_outlives_a_resized_window) {
   ::SetWindowSubclass(dialog.Item(IDC_REPLACE_SRC), CompleteText, 0, 0);
   Type(dialog.Hwnd(), IDC_REPLACE_SRC, L"ab");
   ::SendMessageW(dialog.Item(IDC_REPLACE_SRC), CB_SETEDITSEL, 0, MAKELPARAM(1, 2));
-  RECT bounds = test::Bounds(dialog.Hwnd());
-  test::Resize(dialog.Hwnd(), bounds.right - bounds.left + 50, bounds.bottom - bounds.top);
+  test::Resize(dialog.Hwnd(), test::Size(dialog.Hwnd()).cx + 50, test::Size(dialog.Hwnd()).cy);
   EXPECT_EQ(TextOf(dialog.Hwnd(), IDC_REPLACE_SRC), L"ab");
   EXPECT_EQ(::SendMessageW(dialog.Item(IDC_REPLACE_SRC), CB_GETEDITSEL, 0, 0), MAKELRESULT(1, 2));
-  bounds.right += 100;
-  ::SendMessageW(dialog.Hwnd(), WM_DPICHANGED, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&bounds));
-  EXPECT_EQ(TextOf(dialog.Hwnd(), IDC_REPLACE_SRC), L"ab");
 }
 
 TEST_F(SettingsDialogs, refused_replacement_stays_open_at_the_text_to_blame) {
@@ -135,18 +114,12 @@ TEST_F(SettingsDialogs, refused_replacement_stays_open_at_the_text_to_blame) {
   Type(replace.Hwnd(), IDC_REPLACE_SRC, L".*");
   EXPECT_EQ(replace.ItemText(IDC_REPLACE_STATUS), L"");
   Click(replace.Hwnd(), IDOK);
-  EXPECT_TRUE(Said(IDS_ID_EMPTY));
-  EXPECT_TRUE(hasFocus(IDC_REPLACE_DST));
-  EXPECT_EQ(FirstId(), L"ab1");
-
+  EXPECT_TRUE(Said(IDS_ID_EMPTY) && hasFocus(IDC_REPLACE_DST));
   ::DestroyWindow(replace.Hwnd());  // with the main window
-  EXPECT_FALSE(app.Replace().IsOpen());
-  EXPECT_FALSE(IsPreviewed());
-  EXPECT_TRUE(Settings().replaceDlg.replace.regex);
+  EXPECT_FALSE(app.Replace().IsOpen() || IsPreviewed());
   OpenReplace();
   EXPECT_EQ(replace.ItemText(IDC_REPLACE_SRC), L".*");
-  EXPECT_TRUE(replace.IsChecked(IDC_REPLACE_REGEX));
-  EXPECT_TRUE(replace.IsChecked(IDC_REPLACE_TASK_ID));
+  EXPECT_TRUE(replace.IsChecked(IDC_REPLACE_REGEX) && replace.IsChecked(IDC_REPLACE_TASK_ID));
 }
 
 struct SettingsSheet : SettingsDialogs {

@@ -1,13 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <memory>
 #include <stdexcept>
 
 #include "gui/gui.h"
-#include "ui/framework/clipboard.h"
 #include "ui/framework/failures.h"
-#include "ui/framework/message_loop.h"
 #include "ui/framework/splitter.h"
 #include "ui/framework/window.h"
 
@@ -50,21 +46,6 @@ TEST(Window, failures_stay_out_of_the_systems_code) {
   EXPECT_EQ(::SendMessageW(window.Hwnd(), WM_APP, 0, 0), 0);
   EXPECT_EQ(failures, 1);
   SetFailureHandler(before);
-}
-
-TEST(Window, object_may_go_in_its_last_message) {
-  auto window = std::make_unique<CTestWindow>();
-  window->onMessage = [&](UINT message, WPARAM) {
-    if (message == WM_NCDESTROY) window->onMessage = [](UINT, WPARAM) {};
-  };
-  window->Create(FrameClass(), {});
-  const HWND hwnd = window->Hwnd();
-  ::SendMessageW(hwnd, WM_CLOSE, 0, 0);
-  EXPECT_EQ(window->Hwnd(), nullptr);
-  window->Create(FrameClass(), {});  // and may have another window
-  const HWND second = window->Hwnd();
-  window.reset();
-  EXPECT_FALSE(::IsWindow(second));
 }
 
 TEST(MessageLoop, translates_keys_of_the_registered_windows_only) {
@@ -141,20 +122,6 @@ TEST(Splitter, bar_follows_mouse_and_keys_and_upper_pane_keeps_its_height) {
   ::SendMessageW(splitter.Hwnd(), WM_KEYDOWN, VK_UP, 0);
   EXPECT_EQ(test::Size(upper.Hwnd()).cy, 142);
   EXPECT_EQ(moved, 2);
-}
-
-TEST(Clipboard, gives_back_what_was_put_there) {
-  CWindow window;
-  window.Create(FrameClass(), {});
-  const CClipboard clipboard(L"Quillmoor.Test");
-  const std::string bytes("a\0b\0", 4);
-  clipboard.Set(window.Hwnd(), L"漢字 𠮷", bytes);
-  EXPECT_EQ(clipboard.Text(window.Hwnd()), L"漢字 𠮷");
-  EXPECT_EQ(clipboard.Bytes(window.Hwnd()), bytes);
-  clipboard.Set(window.Hwnd(), L"", {});
-  EXPECT_EQ(clipboard.Text(window.Hwnd()), L"");
-  EXPECT_FALSE(clipboard.HasBytes());
-  EXPECT_FALSE(clipboard.Bytes(window.Hwnd()));
 }
 
 }  // namespace

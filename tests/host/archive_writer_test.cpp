@@ -3,14 +3,10 @@
 #include <gtest/gtest.h>
 
 #include "engine/archiver_location.h"
-#include "engine/auto_delete_file.h"
 #include "engine/targets.h"
 #include "engine/zip_end_record.h"
-#include "platform/message_texts.h"
 #include "support/fake_archiver.h"
 #include "support/fake_ports.h"
-#include "support/memory_file_system.h"
-#include "text_ids.h"
 
 namespace {
 
@@ -141,24 +137,6 @@ TEST_F(ArchiveWriter, archiver_is_found_where_it_is_installed) {
   EXPECT_EQ(qlm::FindArchiver(files, folders), L"E:\\Program Files\\7-Zip\\7z.exe");
   folders.programs = L"E:\\PROGRAM FILES";  // a 32-bit system
   EXPECT_EQ(qlm::ArchiverCandidates(folders).size(), 1u) << "none is offered twice";
-}
-
-TEST_F(ArchiveWriter, owner_of_a_path_deletes_it_once) {
-  files.AddFile(L"C:\\temp\\x", "", {1});
-  {
-    qlm::CAutoDeleteFile file(files, texts, L"C:\\temp\\x", qlm::CAutoDeleteFile::Kind::FILE,
-                              qlm::CAutoDeleteFile::OnFailure::THROW);
-    file.Delete();
-    files.AddFile(L"C:\\temp\\x", "new", {1});
-  }
-  EXPECT_TRUE(files.Files().contains(L"C:\\temp\\x")) << "its path was empty after the first time";
-  qlm::CAutoDeleteFile missing(files, texts, L"C:\\temp\\y", qlm::CAutoDeleteFile::Kind::FILE,
-                               qlm::CAutoDeleteFile::OnFailure::THROW);
-  EXPECT_THROW(missing.Delete(), my::CCtrlException);
-  qlm::CAutoDeleteFile quiet(files, texts, L"C:\\temp\\y");
-  quiet.Delete();
-  EXPECT_EQ(quiet.Error().code, IDS_DELETE_FAILED);
-  EXPECT_EQ(quiet.Error().detail, 0x80070002u);
 }
 
 }  // namespace

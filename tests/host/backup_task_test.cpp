@@ -2,11 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/message_texts.h"
 #include "support/fake_ports.h"
 #include "support/memory_file_system.h"
 #include "support/names.h"
-#include "text_ids.h"
 
 namespace {
 

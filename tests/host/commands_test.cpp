@@ -1,4 +1,3 @@
-#include <gtest/gtest.h>
 
 #include <fstream>
 
@@ -6,7 +5,6 @@
 #include "command_ids.h"
 #include "support/fake_app.h"
 #include "support/thrown.h"
-#include "text_ids.h"
 
 namespace {
 
@@ -91,10 +89,14 @@ TEST_F(Commands, each_command_is_refused_in_the_states_that_forbid_it) {
 
 TEST_F(Commands, run_toggles_and_makes_a_job_for_each_task_with_destinations) {
   StartIn(RunState::NOT_RUN);
+  const CBackupThread& run = a.app->Run();
+  EXPECT_EQ(run.StatusText(), L"");
   a.Do(ID_RUN);
   EXPECT_EQ(a.State(), RunState::RUNNING);
+  EXPECT_EQ(run.Progress().range, 2u);
   EXPECT_TRUE(a.window.timer);
   a.EndRun();
+  EXPECT_EQ(run.Progress().position, 2u);
   EXPECT_EQ(a.State(), RunState::ENDED);
   EXPECT_FALSE(a.window.timer);
   ASSERT_EQ(a.window.results.size(), 2u) << "the idle task has no row";
@@ -136,6 +138,7 @@ TEST_F(Commands, test_run_lists_the_focused_task_and_asks_for_no_password) {
   a.Do(ID_TASK_TARGETS);
   a.EndRun();
   ASSERT_EQ(a.window.results.size(), 1u);
+  EXPECT_TRUE(a.app->Run().IsListOnly() && a.app->Run().Total() == 1);
   EXPECT_EQ(a.window.results[0]->phase, Phase::LISTED);
   EXPECT_EQ(a.window.results[0]->destinationPath, L"D:\\z\\secret.zip");
   EXPECT_EQ(a.dialogs.passwordDialogs, 0);

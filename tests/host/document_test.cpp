@@ -12,9 +12,7 @@
 #include "support/golden.h"
 #include "support/memory_file_system.h"
 #include "support/pugi_dom.h"
-#include "support/strings.h"
 #include "support/thrown.h"
-#include "text_ids.h"
 
 namespace {
 

@@ -1,11 +1,7 @@
 #include "app/edit_commands.h"
 
-#include <gtest/gtest.h>
-
 #include "command_ids.h"
-#include "document/document_edits.h"
 #include "support/fake_app.h"
-#include "text_ids.h"
 
 namespace {
 

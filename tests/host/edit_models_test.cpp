@@ -5,7 +5,6 @@
 #include "engine/backup_task.h"
 #include "support/fake_ports.h"
 #include "support/memory_file_system.h"
-#include "text_ids.h"
 #include "ui/models/name_preview.h"
 #include "ui/models/task_dsts_model.h"
 #include "ui/models/task_warning.h"

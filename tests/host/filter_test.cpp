@@ -10,9 +10,7 @@
 #include "document/text_file.h"
 #include "support/fake_ports.h"
 #include "support/memory_file_system.h"
-#include "support/strings.h"
 #include "support/thrown.h"
-#include "text_ids.h"
 
 namespace {
 

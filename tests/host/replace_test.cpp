@@ -2,12 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <boost/smart_ptr/make_shared.hpp>
-
-#include "document/document.h"
 #include "support/fake_windows.h"
 #include "support/thrown.h"
-#include "text_ids.h"
 
 namespace {
 

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/message_texts.h"
 #include "run/exit_codes.h"
 #include "settings/settings_file.h"
 #include "support/fake_ports.h"
@@ -10,7 +9,6 @@
 #include "support/fake_windows.h"
 #include "support/memory_file_system.h"
 #include "support/pugi_dom.h"
-#include "text_ids.h"
 
 namespace {
 

@@ -1,5 +1,4 @@
 // Looks into all memory that is given back for a password.
-#include <gtest/gtest.h>
 #include <malloc.h>
 
 #include <cstdlib>

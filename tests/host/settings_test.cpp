@@ -2,17 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <limits>
-
 #include "document/dst.h"
 #include "settings/settings_file.h"
-#include "support/exception.h"
 #include "support/fake_ports.h"
 #include "support/golden.h"
 #include "support/memory_file_system.h"
 #include "support/pugi_dom.h"
-#include "text_ids.h"
 
 namespace {
 
@@ -185,19 +180,6 @@ TEST_F(SettingsFile, values_without_a_name_are_not_written) {
   EXPECT_EQ(Failure([this] { Saved(live); }), IDS_XML_UNKNOWN_ENUM);
   EXPECT_NE(text.find(L"ReplaceRow: -1"), text.npos);
   EXPECT_TRUE(files.Files().empty());
-}
-
-TEST_F(SettingsFile, failed_save_leaves_the_old_file_and_nothing_beside) {
-  using test::Op;
-  const std::map<std::wstring, std::string> before{{path, "old"}};
-  files.AddFile(path, "old", {1});
-  for (const Op op :
-       {Op::CREATE_FOLDERS, Op::CREATE_FILE, Op::WRITE, Op::FLUSH, Op::CLOSE, Op::READ, Op::MOVE_OVER}) {
-    files.FailAt(op, 1, my::kErrorDiskFull);
-    const uint32_t expected = op == Op::CREATE_FOLDERS ? IDS_CREATE_FOLDER_FAILED : IDS_XML_SAVE_FAILED;
-    EXPECT_EQ(Failure([this] { Saved(live); }), expected);
-    EXPECT_EQ(files.Files(), before);
-  }
 }
 
 }  // namespace

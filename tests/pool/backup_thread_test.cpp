@@ -5,10 +5,10 @@
 #include <future>
 #include <thread>
 
+#include "support/fake_archiver.h"
 #include "support/fake_ports.h"
-#include "support/memory_file_system.h"
 #include "support/names.h"
-#include "text_ids.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -33,7 +33,10 @@ class CShown : public qlm::IRunObserver {
 
 class BackupThread : public testing::Test {
  protected:
-  BackupThread() { files.AddFile(L"C:\\src\\a", "a", kTime); }
+  BackupThread() {
+    files.AddFile(L"C:\\src\\a", "a", kTime);
+    files.RefuseRenames(0);
+  }
 
   void AddJob(const std::wstring& id, std::vector<std::wstring> patterns,
               const std::wstring& path = L"C:\\src") {
@@ -53,27 +56,12 @@ class BackupThread : public testing::Test {
     }
   }
 
-  // The id of the message that the work throws, 0 for none.
-  template <class Work>
-  uint32_t Refusal(Work work) {
-    try {
-      work();
-    } catch (const my::CException& failure) {
-      return failure.Id();
-    }
-    return 0;
-  }
-
   // Lets the archiver wait until `release` is set, and succeed.
   void HoldArchiver(std::promise<void>& entered, std::shared_future<void> release) {
     process.OnRun([this, &entered, release](const my::CProcessStart& start) {
       entered.set_value();
       release.wait();
-      const size_t from = start.arguments.find(L"D:");
-      std::string record = "PK\5\6" + std::string(18, '\0');
-      record[10] = 1;
-      files.AddFile(start.arguments.substr(from, start.arguments.rfind(L" @") - from), record, kTime);
-      return 0;
+      return test::MakeArchive(files, start);
     });
   }
 
@@ -86,32 +74,6 @@ class BackupThread : public testing::Test {
   CShown shown;
   qlm::CBackupThread controller{threads, clock, texts, shown};
 };
-
-TEST_F(BackupThread, run_counts_its_rows_and_ends_at_the_full_bar) {
-  files.AddFile(L"D:\\dst\\x.zip", "", kTime);  // everything exists: three rows that skip
-  AddJob(L"1", {L"x", L"x"});
-  AddJob(L"2", {L"x"});
-  EXPECT_EQ(controller.StatusText(), L"");
-  controller.Start(false, false);
-  EXPECT_EQ(controller.Total(), 3u);
-  EXPECT_FALSE(controller.IsListOnly());
-  EXPECT_EQ(Refusal([&] { controller.Start(false, false); }), IDS_ALREADY_RUNNING);
-  TickToEnd();
-  EXPECT_EQ(controller.State(), qlm::RunState::ENDED);
-  EXPECT_EQ(shown.rows.size(), 3u);
-  EXPECT_EQ(controller.Progress().position, 3u);
-  EXPECT_EQ(controller.StatusText(), L"3 / 3  正常終了  0:00  ");
-  for (const auto& row : shown.rows) EXPECT_EQ(row->phase, qlm::Phase::SKIPPED);
-  EXPECT_EQ(Refusal([&] { controller.Stop(); }), IDS_NOT_RUNNING);
-
-  controller.ResetResults();
-  AddJob(L"3", {L"x", L"x"});
-  controller.Start(true, false);  // a second run may follow; a listing has one row a job
-  EXPECT_EQ(controller.Total(), 1u);
-  EXPECT_TRUE(controller.IsListOnly());
-  TickToEnd();
-  EXPECT_EQ(controller.RowCount(), 1u);
-}
 
 TEST_F(BackupThread, stop_drops_what_waits_and_ends_what_runs) {
   std::promise<void> entered;
@@ -128,8 +90,8 @@ TEST_F(BackupThread, stop_drops_what_waits_and_ends_what_runs) {
   EXPECT_EQ(controller.StatusText(), L"1 / 3  実行中  1:01  ........");
   controller.Stop();
   EXPECT_EQ(controller.State(), qlm::RunState::STOPPING);
-  EXPECT_EQ(Refusal([&] { controller.Stop(); }), IDS_ALREADY_STOPPING);
-  EXPECT_EQ(Refusal([&] { controller.Start(false, false); }), IDS_ALREADY_RUNNING);
+  EXPECT_EQ(test::ThrownId([&] { controller.Stop(); }), IDS_ALREADY_STOPPING);
+  EXPECT_EQ(test::ThrownId([&] { controller.Start(false, false); }), IDS_ALREADY_RUNNING);
   release.set_value();
   TickToEnd();
   EXPECT_EQ(controller.State(), qlm::RunState::STOPPED);
@@ -137,18 +99,7 @@ TEST_F(BackupThread, stop_drops_what_waits_and_ends_what_runs) {
   EXPECT_EQ(shown.rows[0]->phase, qlm::Phase::CREATED) << "a running archiver is waited for";
   EXPECT_EQ(shown.rows[1]->error.code, uint32_t{IDS_STOPPED});
   EXPECT_EQ(shown.powerOffs, 0);
-}
-
-TEST_F(BackupThread, missing_thread_ends_the_run_before_it_began) {
-  threads.FailToStart(true);
-  AddJob(L"1", {L"x"});
-  EXPECT_EQ(Refusal([&] { controller.Start(false, true); }), IDS_START_THREAD_FAILED);
-  EXPECT_EQ(controller.State(), qlm::RunState::STOPPED);
-  EXPECT_EQ(shown.stateChanges, 2);
-  threads.FailToStart(false);
-  controller.Start(false, true);
-  TickToEnd();
-  EXPECT_EQ(shown.rows.size(), 0u) << "the jobs of the failed start are not run by the next";
+  EXPECT_EQ(test::ThrownId([&] { controller.Stop(); }), IDS_NOT_RUNNING);
 }
 
 TEST_F(BackupThread, rows_may_be_read_while_the_worker_writes_them) {

@@ -3,7 +3,6 @@
 #include <iconv.h>
 
 #include <future>
-#include <map>
 #include <thread>
 
 #include "support/names.h"

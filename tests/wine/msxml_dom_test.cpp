@@ -15,7 +15,6 @@
 #include "platform/xml_layer.h"
 #include "scratch_folder.h"
 #include "settings/settings_file.h"
-#include "support/exception.h"
 #include "support/golden.h"
 #include "support/strings.h"
 #include "support/thrown.h"

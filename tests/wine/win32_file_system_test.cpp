@@ -8,7 +8,6 @@
 #include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_message_texts.h"
 #include "scratch_folder.h"
-#include "support/exception.h"
 #include "text_ids.h"
 
 namespace {
@@ -64,12 +63,14 @@ TEST(Win32FileSystem, failures_carry_their_operation_and_code) {
   EXPECT_EQ(files.Kind(deep), PathKind::NONE);
 }
 
-TEST(Win32FileSystem, save_over_a_locked_file_leaves_it_and_nothing_beside) {
+TEST(Win32FileSystem, locked_file_is_neither_copied_nor_saved_over) {
   test::CScratchFolder scratch;
   const my::CWin32Clock clock;
   scratch.Write(L"doc", "old");
   {
     const auto lock = Lock(scratch.At(L"doc"));
+    EXPECT_EQ(Failure([&] { scratch.files.Copy(scratch.At(L"doc"), scratch.At(L"copy")); }),
+              Code(IDS_COPY_FILE_FAILED, ERROR_SHARING_VIOLATION));
     EXPECT_EQ(Failure([&] { my::WriteFileSafely(scratch.files, clock, scratch.At(L"doc"), "new"); }).first,
               IDS_MOVE_FILE_FAILED);
   }
