@@ -123,7 +123,7 @@ void CApplication::OnEndSession(bool ends) {
     if (m_replace.IsOpen()) m_context.dialogs.CancelReplace();
     m_table.quit->Store();
   } catch (...) {
-    return;  // the process ends before anybody could read a message
+    return;  // the process ends before anyone could read a message
   }
 }
 

@@ -1,5 +1,5 @@
-// The program without its windows: run, replace tool and commands over the settings and the document, and
-// what happens to them when a window is told something. GUI thread only.
+// The program without its windows: run, replace tool and commands for the settings and the document, and the
+// handling of window events. GUI thread only.
 #pragma once
 
 #include <exception>
@@ -19,7 +19,7 @@ namespace qlm {
 
 class CApplication : private IRunObserver {
  public:
-  // All of it outlives the application. `commandLine` is the process's whole command line.
+  // All arguments must outlive the application. `commandLine` is the whole command line of the process.
   CApplication(const CAppPorts& ports, CSettings& settings, CDocument& document, my::IMessageBox& box,
                IMainWindow& window, IDialogs& dialogs, std::wstring commandLine);
   CApplication(const CApplication&) = delete;
@@ -32,36 +32,36 @@ class CApplication : private IRunObserver {
   const CBackupThread& Run() const { return m_run; }
   CReplaceTool& Replace() { return m_replace; }
 
-  // To be called once, when the main window has been created.
+  // Must be called once, when the main window has been created.
   void Start();
 
-  // Runs the command of an id (ID_...) and shows its failure. Does nothing while IsClosing.
+  // Runs the command with this id (ID_...) and shows its failure. Does nothing while IsClosing() is true.
   void Execute(uint32_t id);
 
-  // Whether the command could run now. False for an id without a command.
+  // Returns whether the command could run now; false if the id has no command.
   bool IsEnabled(uint32_t id);
 
-  // The same for a command with arguments.
+  // Runs a command with arguments in the same way.
   void Execute(CCommand& command);
   bool IsEnabled(CCommand& command) const;
 
-  // Shows what was thrown outside of the commands.
+  // Shows an exception thrown outside of commands.
   void ShowFailure(const std::exception_ptr& failure) const;
 
   void OnTimer() { m_run.Tick(); }
 
-  // The user closes the main window. Returns whether it may be destroyed now. If not, and IsClosing, the run
-  // has been told to stop, and IMainWindow::PostClose follows once it has ended.
+  // Handles closing the main window. Returns whether it may be destroyed now. If not, and IsClosing is true,
+  // the run is being stopped, and IMainWindow::PostClose follows when it has ended.
   bool OnClose();
 
-  // Whether the program only waits for the run to end before it ends itself. Every command is refused.
+  // Returns whether the program only waits for the end of the run to exit. All commands are refused then.
   bool IsClosing() const { return m_closing; }
 
-  // The system asks whether the session may end. Shows no message box: the system waits for a few seconds
-  // only.
+  // Returns whether the session may end. Shows no message box, because the system waits only for a few
+  // seconds.
   bool OnQueryEndSession();
 
-  // The session ends now or, without `ends`, goes on.
+  // Handles the decision of the system: the session ends (`ends`) or continues.
   void OnEndSession(bool ends);
 
  private:
@@ -70,7 +70,7 @@ class CApplication : private IRunObserver {
   void OnStateChanged() override;
   void OnPowerOff() override;
 
-  // Calls `use` with the command of an id. Returns false if there is none.
+  // Calls `use` with the command of this id. Returns false if there is none.
   template <class TUse>
   bool WithCommand(uint32_t id, TUse use);
 
@@ -86,7 +86,7 @@ class CApplication : private IRunObserver {
   CAppContext m_context;
   CCommandTable m_table;
   CEditTable m_edits;
-  uint32_t m_holdReason = 0;  // the text that the system has been told
+  uint32_t m_holdReason = 0;  // id of the reason currently shown by the system
   bool m_closing = false;
 };
 

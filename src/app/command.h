@@ -1,4 +1,4 @@
-// Commands: what stands behind every menu item and button. GUI thread only.
+// The commands of menus, buttons and keys. GUI thread only.
 #pragma once
 
 #include "engine/backup_task.h"
@@ -37,7 +37,7 @@ struct CAppPorts {
   IClipboard& clipboard;
 };
 
-// What the commands work on; all of it outlives them.
+// The objects that the commands use; all must outlive them.
 struct CAppContext {
   CAppPorts ports;
   my::CMsg& messenger;
@@ -54,8 +54,8 @@ class CCommand {
  public:
   explicit CCommand(CAppContext& context) : m_context(context) {}
 
-  // Checks what must hold and, with `run`, acts. Without it nothing changes and nobody is asked. Throws what
-  // it refuses with.
+  // Checks the preconditions and, if `run` is true, acts. With `run` false nothing is changed and the user is
+  // not asked. Throws the reason for a refusal.
   virtual void Execute(bool run) = 0;
 
  protected:
@@ -64,7 +64,7 @@ class CCommand {
   CAppContext& m_context;
 };
 
-// A failure that moves the keyboard to the list that the user has to do something in.
+// A failure that moves the focus to the list in which the user has to act.
 class CListException : public my::CCtrlException {
  public:
   CListException(uint32_t id, IListState& list) : CCtrlException(id), m_list(list) {}
@@ -74,15 +74,14 @@ class CListException : public my::CCtrlException {
   IListState& m_list;
 };
 
-// Executes a command; whatever it throws is shown. Then, with `rethrow`, a my::CCtrlException of the same
-// error is thrown.
+// Executes a command and shows its exception. If `rethrow` is set, then throws the same error as a
+// my::CCtrlException.
 void RunCommand(CAppContext& context, CCommand& command, bool run, bool rethrow);
 
-// Shows the exception that is being handled, and answers it as one that may be thrown on. To be called from a
-// catch block.
+// Shows the current exception and returns it in a form that can be thrown. For use in a catch block.
 my::CCtrlException ShowCurrentFailure(const CAppContext& context);
 
-// Refusals that several commands share.
+// Preconditions of several commands.
 void RefuseDuringRun(const CAppContext& context);      // throws IDS_REFUSED_DURING_RUN
 void RefuseDuringReplace(const CAppContext& context);  // throws IDS_REFUSED_DURING_REPLACE
 

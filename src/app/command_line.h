@@ -1,4 +1,4 @@
-// The program's command line: at most the path of one document.
+// The command line of the desktop program: at most the path of one document.
 #pragma once
 
 #include <string>
@@ -9,15 +9,15 @@ namespace qlm {
 
 class CCommandLineParserUtil {
  public:
-  // The arguments of a whole command line. Blanks and tabs separate; a double or a single quote starts a run
-  // that ends at the next quote of its kind and keeps what separates. Quotes are dropped, nothing escapes
-  // them, and an argument without a character is none.
+  // Splits a command line at spaces and tabs. A double or single quote starts a run that ends at the next
+  // quote of the same kind and may contain spaces. Quotes are removed and cannot be escaped. Empty arguments
+  // are dropped.
   static std::vector<std::wstring> Split(std::wstring_view text);
 };
 
 class CSimpleCommandLineParser {
  public:
-  // `text` starts with the program's own path.
+  // `text` starts with the path of the program.
   explicit CSimpleCommandLineParser(std::wstring_view text);
 
   const std::vector<std::wstring>& Arguments() const { return m_arguments; }  // without the program
@@ -30,7 +30,7 @@ class CSingleCommandLineParser : public CSimpleCommandLineParser {
  public:
   using CSimpleCommandLineParser::CSimpleCommandLineParser;
 
-  // Empty when there is no argument. Throws IDS_TOO_MANY_ARGUMENTS.
+  // Returns the path; empty if there is no argument. Throws IDS_TOO_MANY_ARGUMENTS.
   std::wstring Path() const;
 };
 

@@ -1,4 +1,4 @@
-// The program's commands, one of each, and the ids of the menu that they stand behind.
+// The commands of the program, by id.
 #pragma once
 
 #include <boost/smart_ptr/shared_ptr.hpp>
@@ -14,11 +14,11 @@
 namespace qlm {
 
 struct CCommandTable {
-  // `commandLine` is the process's whole command line.
+  // `commandLine` is the whole command line of the process.
   CCommandTable(CAppContext& context, std::wstring commandLine);
 
-  // Returns the command of an id (ID_...), null if there is none; sets the page of openUrl. Commands for
-  // recent documents are made when they are used and are not here.
+  // Returns the command with this id (ID_...), and sets the page of openUrl. Null for other ids. Commands for
+  // recent documents are created when used and are not in the table.
   CCommand* Find(uint32_t id);
 
   boost::shared_ptr<CCommandInit> init;

@@ -1,4 +1,4 @@
-// The commands that make, open and save documents.
+// The commands that create, open and save documents.
 #pragma once
 
 #include <string>
@@ -13,14 +13,14 @@ class CCommandNew final : public CCommand {
   void Execute(bool run) override;
 };
 
-// Opens a document in place of the one that is open, or inserts its content into that: at the first selected
-// task, or else at the end.
+// Opens a document, or with `append` inserts its content into the current one: at the first selected task, or
+// at the end.
 class CCommandOpen : public CCommand {
  public:
-  // Asks for the path when it is empty.
+  // Asks for the path if it is empty.
   CCommandOpen(CAppContext& context, bool append, std::wstring path = {})
       : CCommand(context), m_append(append), m_path(std::move(path)) {}
-  virtual ~CCommandOpen() = default;  // the only command that another one derives from
+  virtual ~CCommandOpen() = default;  // CCommandOpenMru derives from this class
 
   void Execute(bool run) override;
 
@@ -38,7 +38,7 @@ class CCommandOpen : public CCommand {
 class CCommandOpenMru final : public CCommandOpen {
  public:
   CCommandOpenMru(CAppContext& context, size_t index) : CCommandOpen(context, false), m_index(index) {}
-  void Execute(bool run) override;  // throws IDS_INTERNAL_ERROR for a bad index
+  void Execute(bool run) override;  // throws IDS_INTERNAL_ERROR for an invalid index
 
  private:
   size_t m_index;

@@ -1,4 +1,4 @@
-// The edits and the view commands, and the command ids that run them: beside CCommandTable.
+// The edit and view commands by id. The other commands are in CCommandTable.
 #pragma once
 
 #include <map>
@@ -12,7 +12,7 @@ class CEditTable {
  public:
   explicit CEditTable(CAppContext& context);
 
-  // Returns the command of an id (ID_...), null if there is none.
+  // Returns the command with this id (ID_...); null for other ids.
   CCommand* Find(uint32_t id);
 
  private:

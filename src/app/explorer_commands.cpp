@@ -15,12 +15,12 @@
 namespace qlm {
 namespace {
 
-constexpr uint32_t kLookUpLimitMs = 4000;  // for all of a command
+constexpr uint32_t kLookUpLimitMs = 4000;  // for all lookups of a command
 
 struct CPlace {
   std::wstring path;
   my::PathKind kind = my::PathKind::NONE;
-  my::CSystemError error = my::CSystemError::FromWin32(my::kErrorPathNotFound);  // if it is NONE
+  my::CSystemError error = my::CSystemError::FromWin32(my::kErrorPathNotFound);  // valid if the kind is NONE
 };
 
 CPlace PlaceAt(my::IFileSystem& files, const std::wstring& path) {
@@ -33,7 +33,7 @@ CPlace PlaceAt(my::IFileSystem& files, const std::wstring& path) {
   return place;
 }
 
-// The path or its nearest parent that exists. If there is none, the path itself with its error.
+// Returns the path or its nearest existing parent; if there is none, the path with its error.
 CPlace NearestPlace(my::IFileSystem& files, const std::wstring& path) {
   CPlace origin = PlaceAt(files, path);
   CPlace place = origin;
@@ -45,12 +45,12 @@ CPlace NearestPlace(my::IFileSystem& files, const std::wstring& path) {
   return place;
 }
 
-// Looks places up on a thread of its own: a network that does not respond blocks for a minute.
+// Checks paths on a separate thread, because an unresponsive network blocks for up to a minute.
 class CLookUp {
  public:
   explicit CLookUp(const CAppPorts& ports) : m_ports(ports) {}
 
-  // Calls PlaceAt or NearestPlace. Throws IDS_PATH_NOT_RESPONDING when the limit is reached.
+  // Calls PlaceAt or NearestPlace. Throws IDS_PATH_NOT_RESPONDING when the time limit is reached.
   CPlace Place(CPlace (&find)(my::IFileSystem&, const std::wstring&), const std::wstring& path) {
     const my::IClock& clock = m_ports.engine.clock;
     const uint64_t start = clock.TickCount();

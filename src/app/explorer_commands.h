@@ -1,4 +1,4 @@
-// The commands that show files in the file manager, and pages in the browser.
+// The commands that open the file manager or the browser.
 #pragma once
 
 #include <functional>
@@ -22,9 +22,9 @@ class CCommandExplorer final : public CCommand {
   CCommandExplorer(CAppContext& context, my::CShellIdList idList, bool openFolder)
       : CCommand(context), m_idList(std::move(idList)), m_openFolder(openFolder) {}
 
-  // Throws IDS_ID_LIST_EMPTY without path and list, IDS_ID_LIST_TO_PATH_FAILED, IDS_SHELL_OPEN_FAILED, or
-  // IDS_PATH_NOT_RESPONDING after some seconds; the look-up then ends by itself, and uses the file system of
-  // the ports until then.
+  // Throws IDS_ID_LIST_EMPTY without path and ID list, IDS_ID_LIST_TO_PATH_FAILED, IDS_SHELL_OPEN_FAILED, or
+  // IDS_PATH_NOT_RESPONDING after some seconds; the lookup thread then continues and uses the file-system
+  // port until it ends.
   void Execute(bool run) override;
 
  private:
@@ -33,14 +33,14 @@ class CCommandExplorer final : public CCommand {
   bool m_openFolder;
 };
 
-// Shows what the focused row of a list names. TList is what the list shows; `PathOf` answers the path of a
-// row and throws when the row has none.
+// Shows the path of the focused row of a list. TList is the list; `PathOf` returns the path of a row, or
+// throws if the row has none.
 template <class TList>
 class CCommandExplorerImpl final : public CCommand {
  public:
   using PathOf = std::function<std::wstring(const TList&, size_t row)>;
 
-  // The list and its state outlive the command.
+  // The list and its state must outlive the command.
   CCommandExplorerImpl(CAppContext& context, const TList& list, IListState& state, PathOf pathOf,
                        bool openFolder)
       : CCommand(context),
@@ -69,18 +69,18 @@ using CCommandExplorerTaskDst = CCommandExplorerImpl<CTaskDsts>;
 using CCommandExplorerTarget = CCommandExplorerImpl<CTargets>;
 using CCommandExplorerResult = CCommandExplorerImpl<CResults>;
 
-// The paths of rows.
+// Return the path of a row.
 std::wstring SourceFolderOf(const CTasks& tasks, size_t row);
 std::wstring FolderOf(const CDsts& dsts, size_t row);
 std::wstring FolderOfTaskDst(const CTaskDsts& dsts, size_t row);
 std::wstring DestinationOf(const CResults& results, size_t row);  // throws IDS_NO_DESTINATION
 
-// Where an entry of a test run or a run stands in the source, and where its backup does: in the folder of the
-// backup, or the archive that holds it. The latter throws IDS_NO_DESTINATION.
+// Return the path of an entry in the source, and in the backup: within a folder backup, or the archive that
+// contains it. The latter throws IDS_NO_DESTINATION.
 std::wstring SourceOfTarget(const CResult& result, const CTargets& targets, size_t row);
 std::wstring BackupOfTarget(const CResult& result, const CTargets& targets, size_t row);
 
-// Opens a page of the program: an address, or a file that ships beside the program.
+// Opens a page: a URL, or a file in the folder of the program.
 class CCommandOpenUrl final : public CCommand {
  public:
   using CCommand::CCommand;

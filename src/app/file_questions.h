@@ -1,4 +1,4 @@
-// The questions for files that several dialogs and commands ask.
+// Questions for files that several dialogs and commands ask.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@ class IMessageTexts;
 
 namespace qlm {
 
-// Each starts at `initialPath`, which may be empty.
+// `initialPath` is preselected; it may be empty.
 CFileQuestion OpenDocumentQuestion(const my::IMessageTexts& texts, std::wstring initialPath);
 CFileQuestion SaveDocumentQuestion(const my::IMessageTexts& texts, std::wstring initialPath);
 CFileQuestion FilterQuestion(const my::IMessageTexts& texts, std::wstring initialPath);

@@ -1,4 +1,4 @@
-// What the program says and asks in message boxes. GUI thread only.
+// Message boxes of the program. GUI thread only.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@ namespace my {
 
 class IMessageTexts;
 
-// The kinds of boxes; the values are the styles of the system's message boxes.
+// The types of boxes. The values are MB_ styles of the Windows API.
 enum class BoxStyle : uint32_t {
   FAILURE = 0x10,   // an error, with OK
   QUESTION = 0x31,  // a warning, with OK and Cancel
@@ -19,7 +19,7 @@ enum class BoxStyle : uint32_t {
 
 enum class BoxButton : int { OK = 1, CANCEL = 2 };
 
-// The box itself, over the active window or else over the program's own.
+// Shows a box over the active window, or over the main window if none is active.
 class IMessageBox {
  public:
   virtual ~IMessageBox() = default;
@@ -35,10 +35,10 @@ class CMsg {
   virtual void ShowError(const CException& failure) = 0;
   virtual BoxButton Show(const std::wstring& text, BoxStyle style) = 0;
 
-  // Whether the user's edits may be lost.
+  // Asks whether edits may be discarded.
   virtual bool ConfirmDiscard() = 0;
 
-  // A question with OK and Cancel; true for OK.
+  // Asks a question with OK and Cancel; returns true for OK.
   virtual bool Ask(uint32_t id, std::vector<CMsgArg> args = {}) = 0;
 };
 
@@ -56,7 +56,7 @@ class CMessageBoxMsg : public CMsg {
 
   const IMessageTexts& m_texts;
   IMessageBox& m_box;
-  std::wstring m_errorCaption;  // read on first use
+  std::wstring m_errorCaption;  // loaded on first use
   std::wstring m_confirmCaption;
 };
 
@@ -66,7 +66,7 @@ namespace qlm {
 
 class CDocument;
 
-// Asks about edits only when there are any.
+// Asks about edits only if there are any.
 class CMsg : public my::CMessageBoxMsg {
  public:
   CMsg(const my::IMessageTexts& texts, my::IMessageBox& box, const CDocument& document)

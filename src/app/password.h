@@ -1,4 +1,4 @@
-// The zip password: when it is asked for, what is remembered of it, and which ones are refused.
+// The zip password: when to ask for it, what to remember, and what to refuse.
 #pragma once
 
 #include <optional>
@@ -17,10 +17,11 @@ namespace qlm {
 
 struct CAppContext;
 
-// The MD5 digest of the password's UTF-8 bytes, empty for an empty password. Throws what IHash::Md5 throws.
+// Returns the MD5 of the password in UTF-8; empty for an empty password. Throws what IHash::Md5 throws.
 std::string HashPassword(const my::IHash& hash, std::wstring_view password);
 
-// What the password dialog works on: a copy of the archive settings. The copy's password is wiped in the end.
+// The state of the password dialog: a copy of the archive settings. The destructor wipes the password of the
+// copy.
 class CPasswordEntry {
  public:
   CPasswordEntry(const CArchiveSetting& setting, const my::IHash& hash, my::CMsg& messenger);
@@ -30,13 +31,12 @@ class CPasswordEntry {
 
   const CArchiveSetting& Setting() const { return m_setting; }
 
-  // To be called when the dialog is confirmed. Takes the password and the hide flag over, and answers true
-  // when the dialog may close: a password that differs from the last one is asked about. If no hash can be
-  // made of it, the dialog may close as well; nothing is taken over then.
-  // Throws IDS_PASSWORD_EMPTY or IDS_PASSWORD_BAD_CHARACTER; the dialog stays open.
+  // Called when the dialog is confirmed. Stores password and hide flag, and returns whether the dialog may
+  // close: the user is asked about a password that differs from the last one. If the hash fails, returns true
+  // and stores nothing. Throws IDS_PASSWORD_EMPTY or IDS_PASSWORD_BAD_CHARACTER; the dialog then stays open.
   bool Accept(const std::wstring& password, bool hide);
 
-  // Why no hash could be made; ends the password step.
+  // The failure of the hash, which ends the password step.
   const std::optional<my::CException>& Failure() const { return m_failure; }
 
  private:
@@ -46,14 +46,13 @@ class CPasswordEntry {
   std::optional<my::CException> m_failure;
 };
 
-// The password step of a run that needs one: takes care that the run's copy of the settings has a password.
-// Answers false when the user cancelled; then nothing is changed.
-// Throws IDS_PASSWORD_BAD_CHARACTER for a stored password that the archiver cannot be given, and what
-// IHash::Md5 throws.
+// Ensures that the run's copy of the settings has a password, and asks for it if needed. Returns false if the
+// user cancelled; nothing is changed then. Throws IDS_PASSWORD_BAD_CHARACTER for a stored password that
+// cannot be passed to the archiver, and what IHash::Md5 throws.
 bool AskPassword(CAppContext& context, CArchiveSetting& runCopy);
 
-// Takes the archive settings over that a settings page holds. Unless it is stored or kept for the session,
-// the password is wiped. Throws IDS_PASSWORD_BAD_CHARACTER.
+// Applies the archive settings of a settings page. The password is wiped unless it is stored or kept for the
+// session. Throws IDS_PASSWORD_BAD_CHARACTER.
 void SetArchiveSetting(CArchiveSetting& live, const CArchiveSetting& edited);
 
 }  // namespace qlm

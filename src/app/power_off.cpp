@@ -23,13 +23,13 @@ void CCommandPowerOff::Execute(bool run) {
   if (!run || !m_context.messenger.ConfirmDiscard()) return;
   if (m_context.run.IsActive()) {
     if (!m_context.messenger.Ask(IDS_ASK_STOP_AND_QUIT)) return;
-    // The run may have ended, or been stopped, while the question stood.
+    // The run may have ended, or been stopped, while the question was open.
     if (m_context.run.State() == RunState::RUNNING) m_context.run.Stop();
   }
   my::IPower& power = m_context.ports.power;
   const auto privilege = power.EnablePrivilege(L"SeShutdownPrivilege");
   const CUISetting& ui = m_context.settings.ui;
-  // The system may put its question before the call returns.
+  // The system may send its query before the call returns.
   if (EndsSession(ui.powerOffType)) m_context.session.Request();
   try {
     PowerOff(power, m_context.ports.engine.texts, ui.powerOffType,

@@ -1,4 +1,4 @@
-// What a run may end with: the computer logs off, sleeps or is powered off.
+// The actions after a run: log off, sleep, hibernate or power off.
 #pragma once
 
 #include <cstdint>
@@ -18,11 +18,11 @@ class CCommandPowerOff final : public CCommand {
   void Execute(bool run) override;
 };
 
-// What the settings ask of a shutdown, as the system's flags.
+// Returns the shutdown flags for the settings.
 uint32_t ShutdownFlags(bool hybrid, bool installUpdates);
 
-// Does it. Throws IDS_LOGOFF_FAILED, IDS_SLEEP_FAILED, IDS_HIBERNATE_FAILED or IDS_POWEROFF_FAILED, and
-// IDS_INTERNAL_ERROR for an unknown type.
+// Performs the action. Throws IDS_LOGOFF_FAILED, IDS_SLEEP_FAILED, IDS_HIBERNATE_FAILED or
+// IDS_POWEROFF_FAILED, and IDS_INTERNAL_ERROR for an unknown type.
 void PowerOff(my::IPower& power, const my::IMessageTexts& texts, PowerOffType type, uint32_t shutdownFlags);
 
 }  // namespace qlm

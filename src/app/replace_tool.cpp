@@ -11,7 +11,7 @@
 namespace qlm {
 namespace {
 
-// What takes the place of what.
+// Maps each item to its replacement.
 template <class T>
 using CExchange = std::unordered_map<const T*, boost::shared_ptr<T>>;
 
@@ -47,7 +47,7 @@ std::vector<boost::shared_ptr<T>> AffectedItems(const CItemList<T>& items, const
   return affected;
 }
 
-// The task with its destinations exchanged: the very task when it uses none of them.
+// Returns the task with its destinations replaced; the same object if it uses none of them.
 CTaskPtr WithDsts(CTaskPtr task, const CExchange<CDst>& dsts) {
   CTaskDsts exchanged = task->dsts;
   for (CDstPtr& dst : exchanged) {
@@ -59,8 +59,8 @@ CTaskPtr WithDsts(CTaskPtr task, const CExchange<CDst>& dsts) {
   return copy;
 }
 
-// The lists are built anew, as two items may exchange their values. What is not changed may break a rule that
-// is not one of a list: it may come from a file.
+// Builds the lists again, because two items may exchange their values. Unchanged items are not checked with
+// CheckTask and CheckDst: those from a file may violate these rules.
 CContent Exchanged(const CContent& content, const CExchange<CTask>& tasks, const CExchange<CDst>& dsts) {
   CContent result;
   for (const CTaskPtr& task : content.tasks) {
@@ -109,7 +109,7 @@ void CReplaceTool::Refresh(CReplaceOptions options) {
   m_error.reset();
   try {
     m_rule = CReplaceRule(m_options);
-    // Told by trying: an expression that runs away must not do so in every drawing.
+    // Tries all items, so that an expression that is too complex is found now and not on every drawing.
     MakeExchange(m_rule, m_tasks);
     MakeExchange(m_rule, m_dsts);
   } catch (const my::CException& failure) {
@@ -122,7 +122,7 @@ void CReplaceTool::Refresh(CReplaceOptions options) {
 void CReplaceTool::Commit(CReplaceOptions options) {
   Refresh(std::move(options));
   if (m_error) throw my::CException(*m_error);
-  Detach();  // the document's rules compare items, and none with a rule equals one without
+  Detach();  // items with and without a rule are never equal
   const auto tasks = MakeExchange(m_rule, m_tasks);
   const auto dsts = MakeExchange(m_rule, m_dsts);
   CContent result;

@@ -1,5 +1,5 @@
 // The replace tool: changes text in many tasks and destinations at once, with a preview in the lists of the
-// main window. Open from the command until its dialog commits or cancels. GUI thread only.
+// main window. It is open from the command until its dialog calls Commit or Cancel. GUI thread only.
 #pragma once
 
 #include <cstddef>
@@ -29,30 +29,30 @@ class CReplaceTool {
 
   bool IsOpen() const { return m_open; }
 
-  // Opens the dialog with the options of the settings, or focuses the one that is open.
+  // Opens the dialog with the options from the settings, or focuses the open one.
   void Show();
 
   // --- while open; called by the dialog ---
 
-  // To be called after every change of a control or of the lists' selections: takes the options, attaches the
-  // rule to the affected items and redraws the lists.
+  // Must be called after every change of a control or of the list selections: stores the options, attaches
+  // the rule to the affected items and redraws the lists.
   void Refresh(CReplaceOptions options);
 
   const CReplaceOptions& Options() const { return m_options; }
-  const CReplaceSetting& Setting() const { return m_setting; }  // the recent texts
-  size_t TaskCount() const { return m_tasks.size(); }           // affected rows
+  const CReplaceSetting& Setting() const { return m_setting; }  // with the recent texts
+  size_t TaskCount() const { return m_tasks.size(); }           // number of affected rows
   size_t DstCount() const { return m_dsts.size(); }
 
-  // What is wrong with the expression (IDS_REGEX_...), empty when nothing is.
+  // The error of the expression (IDS_REGEX_...); nullopt if it is valid.
   const std::optional<my::CException>& Error() const { return m_error; }
 
-  // Writes the replaced values into the document as one edit, remembers the options and the texts, and
-  // closes. Throws the first broken rule of the document (IDS_ID_EMPTY, IDS_ID_BAD_CHARACTER,
-  // IDS_ID_DUPLICATE, IDS_PATH_EMPTY, IDS_PATTERN_EMPTY, IDS_DST_DUPLICATE) or what is wrong with the
-  // expression (IDS_REGEX_...); then nothing is changed and the tool stays open.
+  // Writes the replaced values to the document as one edit, stores options and texts, and closes the tool.
+  // Throws the first violated rule of the document (IDS_ID_EMPTY, IDS_ID_BAD_CHARACTER, IDS_ID_DUPLICATE,
+  // IDS_PATH_EMPTY, IDS_PATTERN_EMPTY, IDS_DST_DUPLICATE) or the error of the expression (IDS_REGEX_...);
+  // nothing is changed then and the tool stays open.
   void Commit(CReplaceOptions options);
 
-  // Takes the preview back, remembers the options, and closes.
+  // Removes the preview, stores the options and closes the tool.
   void Cancel(CReplaceOptions options);
 
  private:
@@ -66,8 +66,8 @@ class CReplaceTool {
   IDialogs& m_dialogs;
   bool m_open = false;
   CReplaceOptions m_options;
-  CReplaceRule m_rule;            // attached items point to it
-  std::vector<CTaskPtr> m_tasks;  // the affected rows
+  CReplaceRule m_rule;            // referenced by the affected items
+  std::vector<CTaskPtr> m_tasks;  // affected items
   std::vector<CDstPtr> m_dsts;
   std::optional<my::CException> m_error;
 };

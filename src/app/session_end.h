@@ -1,4 +1,4 @@
-// Whether the system may end the user's session.
+// Decides whether the system may end the user's session.
 #pragma once
 
 #include <cstdint>
@@ -11,17 +11,17 @@ class CDocument;
 // GUI thread only.
 class CSessionEnd {
  public:
-  // Both outlive the object.
+  // Both must outlive the object.
   CSessionEnd(const CDocument& document, const CBackupThread& run) : m_document(document), m_run(run) {}
 
-  // Returns the id of the text that tells why the session must not end now, 0 if it may end.
+  // Returns the id of the reason why the session must not end now; 0 if it may end.
   uint32_t BlockReason() const;
 
-  // The program itself asks the system to end the session: from now on nothing blocks it, a run that is
-  // still ending included. The user has been asked already.
+  // The program requests the end of the session itself: from now on nothing blocks it, not even a run that is
+  // still ending. The user has already been asked.
   void Request() { m_requested = true; }
 
-  // The session goes on, or there is new work that the user was not asked about.
+  // The session continues, or there is new work about which the user was not asked.
   void Withdraw() { m_requested = false; }
 
  private:

@@ -15,7 +15,7 @@
 namespace qlm {
 namespace {
 
-// Executes a function as a command.
+// A command that calls a function.
 template <class Work>
 class CInlineCommand final : public CCommand {
  public:
@@ -60,7 +60,7 @@ void CCommandInit::Execute(bool run) {
   OpenFirstDocument();
 }
 
-// Answers whether to go on.
+// Returns whether to continue.
 bool CCommandInit::LoadSettings() {
   const CAppPorts& ports = m_context.ports;
   CSettings& settings = m_context.settings;

@@ -1,4 +1,4 @@
-// The commands that the program begins and ends with.
+// The commands at the start and the end of the program.
 #pragma once
 
 #include <boost/smart_ptr/shared_ptr.hpp>
@@ -8,7 +8,7 @@
 
 namespace qlm {
 
-// Puts the window's state into the settings and writes their file.
+// Copies the state of the window to the settings and saves them.
 class CCommandQuit final : public CCommand {
  public:
   using CCommand::CCommand;
@@ -19,18 +19,19 @@ class CCommandQuit final : public CCommand {
   // Does the same without a message box. Throws what SaveSettings throws.
   void Store();
 
-  // A start that the user gave up must not overwrite the file that could not be read.
+  // If the user cancels the start, the settings file that could not be read must not be overwritten.
   void SetSkipSave(bool skip) { m_skipSave = skip; }
 
  private:
   bool m_skipSave = true;
 };
 
-// Reads the settings and opens the first document. Run once, when the main window has been created; the
-// window is closed again when the user does not want to go on without the settings.
+// Loads the settings and opens the first document. Runs once, when the main window has been created. Closes
+// the window if the user does not want to continue without the settings.
 class CCommandInit final : public CCommand {
  public:
-  // `commandLine` is the process's whole command line. `quit` need not be made before it is executed.
+  // `commandLine` is the whole command line of the process. `quit` may still be null here, but not when the
+  // command is executed.
   CCommandInit(CAppContext& context, const boost::shared_ptr<CCommandQuit>& quit, std::wstring commandLine)
       : CCommand(context), m_quit(quit), m_commandLine(std::move(commandLine)) {}
 

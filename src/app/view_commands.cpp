@@ -8,7 +8,7 @@
 namespace qlm {
 
 void CCommandReplace::Execute(bool run) {
-  RefuseDuringRun(m_context);  // the open dialog would keep the run from being stopped
+  RefuseDuringRun(m_context);  // while the replace tool is open, the run could not be stopped
   if (run) m_context.replace.Show();
 }
 

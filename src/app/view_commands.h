@@ -20,7 +20,7 @@ class CCommandSetting final : public CCommand {
   bool m_designPage;
 };
 
-// A command that is possible at any time.
+// A command without preconditions.
 class CCommandView final : public CCommand {
  public:
   using Action = void (*)(CAppContext& context);

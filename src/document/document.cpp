@@ -9,10 +9,10 @@
 namespace qlm {
 namespace {
 
-// So many edits can be taken back.
+// Maximum number of undo steps.
 constexpr size_t kMostSteps = 500;
 
-// A copy of the task that uses the equal destinations of the list.
+// Returns a copy of the task that refers to the equal destinations in the list.
 CTaskPtr CopyOnto(const CTask& task, const CDsts& dsts) {
   auto copy = boost::make_shared<CTask>();
   copy->id = task.id;
@@ -26,7 +26,7 @@ CTaskPtr CopyOnto(const CTask& task, const CDsts& dsts) {
   return copy;
 }
 
-// Answers whether the source had anything that the content lacked.
+// Returns whether anything was added.
 bool AddMissing(CContent& content, const CContent& source, std::ptrdiff_t position) {
   const size_t before = content.dsts.size() + content.tasks.size();
   size_t row = InsertRow(position, content.tasks.size());

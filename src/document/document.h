@@ -1,4 +1,5 @@
-// The backup document: what to back up, and where to. Only the GUI thread reads or changes it.
+// The backup document: what to back up, and where to. It is used by one thread; jobs work on copies of its
+// tasks.
 #pragma once
 
 #include <cstdint>
@@ -17,45 +18,44 @@ namespace qlm {
 // The common destinations; no two are equal.
 class CDsts : public CItemList<CDst> {
  public:
-  // These throw IDS_DST_DUPLICATE if an equal destination is in the list.
+  // Throw IDS_DST_DUPLICATE if the list has an equal destination.
   void Insert(size_t row, CDstPtr dst);
   void Insert(std::ptrdiff_t position, CDstPtr dst) { Insert(InsertRow(position, size()), std::move(dst)); }
   void Append(CDstPtr dst) { Insert(size(), std::move(dst)); }
 
-  // Puts the destination in the place of another one. Throws IDS_DST_DUPLICATE when one of the others equals
-  // it.
+  // Replaces the destination at `index`. Throws IDS_DST_DUPLICATE if it equals another one.
   void Replace(size_t index, CDstPtr dst);
 };
 
-// The tasks; no two have the same ID. What else must hold of an ID is checked by the editors (CheckTask): a
-// file may have others.
+// The tasks; no two have the same ID. Other rules for IDs are checked by the editors (CheckTask), because a
+// file may violate them.
 class CTasks : public CItemList<CTask> {
  public:
-  // These throw IDS_ID_DUPLICATE if a task of that ID is in the list.
+  // Throw IDS_ID_DUPLICATE if the list has a task with this ID.
   void Insert(size_t row, CTaskPtr task);
   void Insert(std::ptrdiff_t position, CTaskPtr task) {
     Insert(InsertRow(position, size()), std::move(task));
   }
   void Append(CTaskPtr task) { Insert(size(), std::move(task)); }
 
-  // Puts the task in the place of another one. Throws what Insert throws, the task that goes not counted.
+  // Replaces the task at `index`. Throws IDS_ID_DUPLICATE if another task has its ID.
   void Replace(size_t index, CTaskPtr task);
 
-  // Empty when there is none.
+  // Returns null if there is none.
   CTaskPtr FindId(const std::wstring& id) const;
 
-  // The ID itself, or the ID with the first number from 2 on that makes it free (Backup, Backup2, Backup3).
+  // Returns the ID, or if it is taken the ID with the first free number from 2 (Backup, Backup2, Backup3).
   // Throws IDS_ID_NUMBERS_EXHAUSTED.
   std::wstring FreeId(const std::wstring& id) const;
 };
 
-// What a document holds at one moment; cheap to copy.
+// The tasks and destinations of a document; cheap to copy.
 struct CContent {
   CTasks tasks;
   CDsts dsts;
 };
 
-// What changed in a document. The spelling of the names is the one that is in use.
+// What changed in a document. The spelling of the names is intended.
 enum class DocChangeEventFlags : uint32_t { RESET = 1, CHNAGE_PATH = 2, CHNAGE_TASKS = 4, CHNAGE_DSTS = 8 };
 
 constexpr DocChangeEventFlags operator|(DocChangeEventFlags a, DocChangeEventFlags b) {
@@ -80,33 +80,34 @@ class CDocument {
   const CDsts& Dsts() const { return m_content.dsts; }
   const CContent& Content() const { return m_content; }
 
-  // The document's file; empty for a new document.
+  // The path of the file; empty for a new document.
   const std::wstring& Path() const { return m_path; }
 
-  // Whether there are edits that the file does not have. Undoing them all makes it false again.
+  // Returns whether the content differs from the saved one; false again after undoing back to it.
   bool IsModified() const { return m_revision != m_savedRevision; }
 
-  // One edit: `change` works on a copy, and what it leaves takes the place of the content as one step that
-  // Undo takes back. When it answers false or throws, nothing has happened. Listeners hear of `what`.
+  // Calls `change` with a copy of the content. The result becomes the content, as one undo step. If `change`
+  // returns false or throws, the document is unchanged. Listeners are notified with `what`.
   bool Edit(DocChangeEventFlags what, const std::function<bool(CContent&)>& change);
 
-  // Takes over what the source has of tasks and destinations that this document lacks; tasks are inserted
-  // at `position` (see InsertRow), under a free ID. One edit; answers whether anything was added. On a
-  // failure (IDS_ID_NUMBERS_EXHAUSTED, IDS_INTERNAL_ERROR) this document is as it was.
+  // Adds the tasks and destinations of `source` that this document lacks. Tasks are inserted at `position`
+  // (see InsertRow), with a free ID. One edit; returns whether anything was added. If
+  // IDS_ID_NUMBERS_EXHAUSTED or IDS_INTERNAL_ERROR is thrown, this document is unchanged.
   bool Merge(const CContent& source, std::ptrdiff_t position);
 
   bool CanUndo() const { return !m_undo.empty(); }
   bool CanRedo() const { return !m_redo.empty(); }
-  void Undo();  // does nothing when there is nothing to undo
+  void Undo();  // does nothing if there is nothing to undo
   void Redo();
 
-  // Becomes another document: not modified, nothing to undo. Listeners stay.
+  // Replaces content and path. The document is then unmodified and has no undo steps. Listeners stay
+  // registered.
   void Reset(CContent content, std::wstring path);
 
-  // Notes that the file at `path` now has what this document has.
+  // Marks the current content as saved at `path`.
   void SetSaved(std::wstring path);
 
-  // Listeners are called in the order in which they came, and live as long as the document.
+  // Listeners are called in order of registration and are never removed.
   void AddListener(Listener listener) { m_listeners.push_back(std::move(listener)); }
   void NotifyChange(DocChangeEventFlags flags) const;
 
@@ -120,10 +121,10 @@ class CDocument {
 
   CContent m_content;
   std::wstring m_path;
-  uint64_t m_revision = 0;  // names the content as it is
+  uint64_t m_revision = 0;  // identifies the current content
   uint64_t m_savedRevision = 0;
   uint64_t m_lastRevision = 0;
-  std::deque<CStep> m_undo;  // the latest step at the back
+  std::deque<CStep> m_undo;  // the latest step is last
   std::deque<CStep> m_redo;
   std::vector<Listener> m_listeners;
 };

@@ -14,7 +14,7 @@
 namespace qlm {
 namespace {
 
-// Fields and lines are told apart by what a field must not contain then.
+// Joins the fields with tabs. Line breaks and tabs within a field become spaces.
 std::wstring Line(const std::vector<std::wstring>& fields) {
   std::wstring line;
   for (size_t i = 0; i < fields.size(); ++i) {
@@ -32,11 +32,11 @@ std::wstring Folders(const CTask& task) {
 }
 
 struct CTaken {
-  CDstPtr dst;  // the document's own
+  CDstPtr dst;  // object of the document
   bool isNew = false;
 };
 
-// Inserts the destination in that row unless there is an equal one.
+// Inserts the destination at `row` unless the list has an equal one.
 CTaken TakeDst(CDsts& dsts, const CDst& dst, size_t row) {
   if (CDstPtr own = dsts.FindEqual(dst)) return {std::move(own)};
   CheckRoom(dsts);

@@ -1,4 +1,4 @@
-// Tasks and destinations on the clipboard: as a document of their own, and as plain text for other programs.
+// Tasks and destinations on the clipboard: as a document for this program, and as text for other programs.
 #pragma once
 
 #include <string>
@@ -14,23 +14,23 @@ class IXmlDom;
 namespace qlm {
 
 struct CClip {
-  std::string document;  // the bytes of a document file
-  std::wstring text;     // a line for each item, its fields with tabs between them
+  std::string document;  // the content of a document file
+  std::wstring text;     // one line per item, fields separated by tabs
 };
 
-// The tasks with the destinations that they use. Throws what DocumentBytes throws.
+// Copies the tasks and the destinations they use. Throws what DocumentBytes throws.
 CClip CopyTasks(my::IXmlDom& dom, const CDocument& document, const CRows& rows);
 
 CClip CopyDsts(my::IXmlDom& dom, const my::IMessageTexts& texts, const CDocument& document,
                const CRows& rows);
 
-// Inserts the tasks of a clip under free IDs, and adds the destinations that they need and the document
-// lacks. One edit; answers the new rows, none when the clip has no tasks. Throws what ContentFromBytes
-// throws, IDS_TOO_MANY_DSTS or IDS_ID_NUMBERS_EXHAUSTED.
+// Inserts the tasks of a clip with free IDs, and adds their destinations that the document lacks. One edit;
+// returns the new rows, none if the clip has no tasks. Throws what ContentFromBytes throws, IDS_TOO_MANY_DSTS
+// or IDS_ID_NUMBERS_EXHAUSTED.
 CRows PasteTasks(my::IXmlDom& dom, CDocument& document, std::string_view clip, std::ptrdiff_t position);
 
-// Inserts the destinations of a clip that the document lacks, those that its tasks use included. One edit;
-// answers the new rows. Throws what ContentFromBytes throws, IDS_TOO_MANY_DSTS, or IDS_DST_DUPLICATE when the
+// Inserts the destinations of a clip that the document lacks, including those used by its tasks. One edit;
+// returns the new rows. Throws what ContentFromBytes throws, IDS_TOO_MANY_DSTS, or IDS_DST_DUPLICATE if the
 // document has them all.
 CRows PasteDsts(my::IXmlDom& dom, CDocument& document, std::string_view clip, std::ptrdiff_t position);
 

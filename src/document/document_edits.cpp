@@ -28,8 +28,8 @@ void Remove(auto& list, const CRows& rows) {
   std::for_each(rows.rbegin(), rows.rend(), [&list](size_t row) { list.Remove(row); });
 }
 
-// Those above the place come down to it from the last on, those below it come up from the first on: so no
-// move shifts a row that is still to be moved.
+// Rows before `place` are moved from the last to the first, rows after it from the first to the last, so no
+// move shifts a row that has not been moved yet.
 CRows Move(auto& list, const CRows& rows, size_t place) {
   const auto below = std::lower_bound(rows.begin(), rows.end(), place);
   size_t to = place;
@@ -42,7 +42,7 @@ CRows Move(auto& list, const CRows& rows, size_t place) {
 
 CRows MoveBy(auto& list, CRows rows, Step step) {
   const bool up = step == Step::UP;
-  size_t end = up ? 0 : list.size() - 1;  // where a row stays
+  size_t end = up ? 0 : list.size() - 1;  // a row here cannot move further
   if (!up) std::reverse(rows.begin(), rows.end());
   for (size_t& row : rows) {
     const size_t to = up ? row - 1 : row + 1;
@@ -57,7 +57,7 @@ CRows MoveBy(auto& list, CRows rows, Step step) {
   return rows;
 }
 
-// An edit of the order of one of the lists.
+// Changes the order of one of the lists.
 CRows ChangeOrder(CDocument& document, DocChangeEventFlags what, auto CContent::*list, const auto& move) {
   CRows moved;
   document.Edit(what, [&](CContent& content) {
@@ -72,7 +72,7 @@ bool Uses(const CTask& task, const CDstPtr& dst) {
   return std::find(task.dsts.begin(), task.dsts.end(), dst) != task.dsts.end();
 }
 
-// The task over the objects of the list.
+// Returns the task with its destinations replaced by the objects in the list.
 CTaskPtr Owned(CTask task, const CDsts& dsts) {
   CheckTask(task);
   for (CDstPtr& dst : task.dsts) {
@@ -82,7 +82,7 @@ CTaskPtr Owned(CTask task, const CDsts& dsts) {
   return boost::make_shared<CTask>(std::move(task));
 }
 
-// Puts a copy in the place of every task that `change` changes; it answers whether it did.
+// Replaces each task that `change` changes with a copy. `change` returns whether it did.
 bool ChangeTasks(CTasks& tasks, const CRows& rows, const std::function<bool(CTask&)>& change) {
   bool changed = false;
   for (const size_t row : rows) {
@@ -100,7 +100,7 @@ std::unordered_set<CDst*> Objects(const CDsts& dsts, const CRows& rows) {
   return objects;
 }
 
-// The tasks change together with the destinations only when there are users.
+// Returns kTasks only if a task uses one of the destinations.
 DocChangeEventFlags DstsAndUsers(const CDocument& document, const CRows& rows) {
   return CountUsers(document, rows) == 0 ? kDsts : kDsts | kTasks;
 }
@@ -233,7 +233,7 @@ void SetUse(CDocument& document, const CRows& tasks, size_t dst, bool use) {
 std::vector<DstUse> UsesOf(const CContent& content, const CRows& tasks) {
   struct CUsers {
     size_t count = 0;
-    const CTask* last = nullptr;  // a file may name a destination of a task twice
+    const CTask* last = nullptr;  // a file may list a destination twice in a task
   };
   std::unordered_map<const CDst*, CUsers> users;
   for (const size_t row : tasks) {

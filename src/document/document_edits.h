@@ -1,5 +1,5 @@
-// The edits that the windows offer. Each is one step that Undo takes back; when one throws, or finds nothing
-// to change, there is no step. Rows are positions in the document's lists, ascending and without repeats.
+// The edits offered by the windows. Each is one undo step; if it throws or changes nothing, there is no step.
+// Rows are indices in the lists of the document, ascending and unique.
 #pragma once
 
 #include <cstddef>
@@ -14,46 +14,46 @@ using CRows = std::vector<size_t>;
 
 enum class Step { UP, DOWN };
 
-// How many of some tasks use a destination.
+// How many of the given tasks use a destination.
 enum class DstUse { NONE, MIXED, ALL };
 
 // --- tasks ---
 
-// Answers the row of the new task. Its destinations are given by value or as objects of the list. Throws what
+// Returns the row of the new task. Its destinations are matched by value with those in the list. Throws what
 // CheckTask throws, IDS_DST_NOT_COMMON or IDS_ID_DUPLICATE.
 size_t InsertTask(CDocument& document, std::ptrdiff_t position, CTask task);
 
-// Throws what InsertTask throws. An equal task is no edit.
+// Throws what InsertTask throws. An equal task is not an edit.
 void ReplaceTask(CDocument& document, size_t row, CTask task);
 
 void RemoveTasks(CDocument& document, const CRows& rows);
 
-// Puts the tasks, in their order, before the task at that position. Answers where they are then.
+// Moves the tasks, in their order, before the task at `position`. Returns their new rows.
 CRows MoveTasks(CDocument& document, const CRows& rows, std::ptrdiff_t position);
 
-// Moves each task by one; those that stand at the end of the way, one behind the other, stay.
+// Moves each task by one row; rows already at the end stay in place.
 CRows StepTasks(CDocument& document, const CRows& rows, Step step);
 
 void SetTaskFilter(CDocument& document, size_t row, const std::wstring& filterPath);
 
-// A task for a folder, named after it. Answers its row. Throws IDS_PATH_EMPTY, IDS_ID_EMPTY for a path
-// without any name.
+// Inserts a task for a folder, named after it. Returns its row. Throws IDS_PATH_EMPTY, or IDS_ID_EMPTY for a
+// path without a name.
 size_t AddFolderTask(CDocument& document, std::ptrdiff_t position, const std::wstring& folderPath);
 
-// The free ID that AddFolderTask would use: "Docs" for "D:\Docs\", "C" for "C:\".
+// Returns the ID that AddFolderTask would use: "Docs" for "D:\Docs\", "C" for "C:\", made free with a number.
 std::wstring FolderTaskId(const CTasks& tasks, const std::wstring& folderPath);
 
 // --- destinations ---
 
-// Answers the row of the new destination. Throws what CheckDst throws, IDS_TOO_MANY_DSTS or
+// Returns the row of the new destination. Throws what CheckDst throws, IDS_TOO_MANY_DSTS or
 // IDS_DST_DUPLICATE.
 size_t InsertDst(CDocument& document, std::ptrdiff_t position, CDst dst);
 
-// The tasks that use the destination use the changed one then. Throws what CheckDst throws, or
-// IDS_DST_DUPLICATE. An equal destination is no edit.
+// Tasks that use the destination use the new one afterwards. Throws what CheckDst throws, or
+// IDS_DST_DUPLICATE. An equal destination is not an edit.
 void ReplaceDst(CDocument& document, size_t row, CDst dst);
 
-// The tasks that use the destinations lose them.
+// Also removes the destinations from the tasks that use them.
 void RemoveDsts(CDocument& document, const CRows& rows);
 
 CRows MoveDsts(CDocument& document, const CRows& rows, std::ptrdiff_t position);
@@ -61,14 +61,14 @@ CRows StepDsts(CDocument& document, const CRows& rows, Step step);
 
 // --- which task uses which destination ---
 
-// A destination that comes to a task comes behind those that it has.
+// A destination is added after those that the task already has.
 void SetUse(CDocument& document, const CRows& tasks, size_t dst, bool use);
 
-// The answer for every destination of the list in one go; NONE for no tasks.
+// Returns the use of every destination in the list; NONE if there are no tasks.
 std::vector<DstUse> UsesOf(const CContent& content, const CRows& tasks);
 DstUse UseOf(const CDocument& document, const CRows& tasks, size_t dst);
 
-// How many tasks use any of the destinations.
+// Returns the number of tasks that use any of the destinations.
 size_t CountUsers(const CDocument& document, const CRows& dsts);
 
 }  // namespace qlm

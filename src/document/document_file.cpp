@@ -84,7 +84,7 @@ bool SameContent(const CContent& a, const CContent& b) {
          std::equal(a.tasks.begin(), a.tasks.end(), b.tasks.begin(), b.tasks.end(), same);
 }
 
-// A file that could not be opened again must not take the place of one that can.
+// A file that could not be opened again must not replace one that can.
 void CheckReadsBack(my::IXmlDom& dom, const CDocument& document, std::string_view bytes,
                     const std::wstring& path) {
   if (SameContent(document.Content(), ReadContent(my::LoadXmlBytes(dom, bytes, path, kRoot).root))) return;

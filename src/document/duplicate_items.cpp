@@ -16,7 +16,7 @@ CRows Range(size_t first, size_t count) {
   return rows;
 }
 
-// A copy of the destination whose pattern makes it differ from all others.
+// Returns a copy of the destination, with a number in the pattern if needed to differ from the others.
 CDstPtr NumberedCopy(const CDst& dst, const CDsts& others) {
   auto copy = boost::make_shared<CDst>(dst);
   const auto [stem, extension] = my::SplitExtension(my::LastComponent(dst.pattern));

@@ -5,11 +5,12 @@
 
 namespace qlm {
 
-// Copies with free IDs, behind the last of the tasks. Answers their rows. Throws IDS_ID_NUMBERS_EXHAUSTED.
+// Inserts copies with free IDs after the last of the tasks. Returns their rows. Throws
+// IDS_ID_NUMBERS_EXHAUSTED.
 CRows DuplicateTasks(CDocument& document, const CRows& rows);
 
-// Copies behind the last of the destinations, told apart by a number behind the name in the pattern:
-// "a_2.zip". Throws IDS_TOO_MANY_DSTS.
+// Inserts copies after the last of the destinations, with a number appended to the name in the pattern:
+// "a_2.zip". Returns their rows. Throws IDS_TOO_MANY_DSTS.
 CRows DuplicateDsts(CDocument& document, const CRows& rows);
 
 }  // namespace qlm

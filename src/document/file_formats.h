@@ -1,4 +1,4 @@
-// The kinds of files that the dialogs offer, in the order in which they offer them.
+// The file types offered in the dialogs, in that order.
 #pragma once
 
 #include <cstddef>
@@ -6,15 +6,15 @@
 
 namespace qlm {
 
-// Kinds of documents; both are read and written the same way.
+// Types of documents; both have the same content.
 enum class FileFormat { QLMR, XML };
 
-// Kinds of filters; both are read the same way.
+// Types of filters; both have the same content.
 enum class FilterFormat { FLT, TXT };
 
 struct CFormat {
   std::wstring_view pattern;
-  std::wstring_view extension;  // without a dot
+  std::wstring_view extension;  // without the dot
 };
 
 inline constexpr CFormat kFileFormats[] = {{L"*.qlmr", L"qlmr"}, {L"*.xml", L"xml"}};

@@ -17,7 +17,8 @@ bool IsSkipped(const std::wstring& line) {
   return blank.Found(line) || comment.Found(line);
 }
 
-// The expression behind the sign: in double quotes, or up to the end of the line with its trailing blanks.
+// Returns the expression after the sign: the text in double quotes, or the rest of the line including
+// trailing spaces.
 std::wstring_view RulePart(const std::wstring& line) {
   static const my::CRegex quoted(L"[^ \\t][ \\t]+\"(.*)\"[ \\t]*$");
   static const my::CRegex plain(L"[^ \\t][ \\t]+([^ \\t].*)[ \\t]*$");
@@ -26,7 +27,7 @@ std::wstring_view RulePart(const std::wstring& line) {
   return match.Group(1);
 }
 
-// "/" stands for the separator of paths, which the expression must escape.
+// Replaces "/" with an escaped backslash, the separator of paths.
 std::wstring WithBackslashes(std::wstring_view rule) {
   std::wstring expression;
   for (const wchar_t c : rule) {
@@ -39,7 +40,7 @@ std::wstring WithBackslashes(std::wstring_view rule) {
   return expression;
 }
 
-// Fills the item from its line and answers the text of its expression.
+// Parses the line of the item and returns the text of its expression.
 std::wstring ParseRule(CFilterItem& item) {
   const wchar_t sign = item.line.front();
   if (sign != L'+' && sign != L'-') {

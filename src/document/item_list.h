@@ -8,14 +8,13 @@
 
 namespace qlm {
 
-// Returns the row of an item that is inserted before the one at `position`: the end for -1 and any other
-// position outside the list.
+// Converts an insert position to a row: -1 and any other position outside the list mean the end.
 constexpr size_t InsertRow(std::ptrdiff_t position, size_t size) {
   return position >= 0 && position < static_cast<std::ptrdiff_t>(size) ? static_cast<size_t>(position) : size;
 }
 
-// An ordered list of shared items. Copies are cheap and share the items, so an item that stands in a list is
-// not changed in place: a changed copy takes its place.
+// An ordered list of shared items. Copies of the list are cheap and share the items, so items in a list must
+// not be changed in place but replaced with changed copies.
 template <class T>
 class CItemList {
  public:
@@ -28,7 +27,7 @@ class CItemList {
   bool empty() const { return m_items.empty(); }
   const Ptr& operator[](size_t index) const { return m_items[index]; }
 
-  // The position of this very object, -1 when it is not in the list.
+  // Returns the index of this object; -1 if it is not in the list.
   std::ptrdiff_t IndexOf(const Ptr& item) const {
     const auto found = std::find(begin(), end(), item);
     return found == end() ? -1 : found - begin();
@@ -36,7 +35,7 @@ class CItemList {
 
   void Remove(size_t index) { m_items.erase(m_items.begin() + static_cast<std::ptrdiff_t>(index)); }
 
-  // Takes the item out and puts it in again so that it stands at `to`.
+  // Moves the item to index `to`.
   void Move(size_t from, size_t to) {
     const auto at = [this](size_t index) { return m_items.begin() + static_cast<std::ptrdiff_t>(index); };
     if (from < to)
@@ -45,7 +44,7 @@ class CItemList {
       std::rotate(at(to), at(from), at(from + 1));
   }
 
-  // An item equal to the given one, empty when there is none.
+  // Returns an item equal to the given one; null if there is none.
   Ptr FindEqual(const T& item) const {
     return FindIf([&item](const T& other) { return other == item; });
   }

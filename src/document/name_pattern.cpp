@@ -11,7 +11,7 @@ namespace {
 
 constexpr size_t kTokens = 13;
 
-// In the order in which they are replaced.
+// In the order of replacement.
 const std::array<my::CRegex, kTokens>& TokenExpressions() {
   static const std::array<my::CRegex, kTokens> expressions = {
       my::CRegex(L"<[iI][dD]>"), my::CRegex(L"<Y2>"), my::CRegex(L"<Y4{0,1}>"), my::CRegex(L"<M1>"),
@@ -25,7 +25,7 @@ std::wstring Digits(int number, size_t width) {
   return my::PaddedNumber(static_cast<uint64_t>(number), width);
 }
 
-// The text as a replacement that stands for itself.
+// Escapes the text for use as a replacement format.
 std::wstring AsFormat(const std::wstring& text) {
   std::wstring format;
   for (const wchar_t c : text) {
@@ -36,7 +36,7 @@ std::wstring AsFormat(const std::wstring& text) {
 }
 
 struct CExtensionSpan {
-  size_t dot = std::wstring::npos;  // npos: the name has no extension
+  size_t dot = std::wstring::npos;  // npos: no extension
   std::wstring_view text;
 };
 

@@ -11,8 +11,8 @@ class IClock;
 
 namespace qlm {
 
-// The name that the destination's pattern yields for a task ID and a time (UTC), which is shown in the user's
-// time zone. A backslash in the ID stays one and makes a subfolder.
+// Expands the pattern of a destination for a task ID and a time (UTC, converted to the user's time zone). A
+// backslash in the ID is kept and creates a subfolder.
 //
 //   <ID> (any case)  the task ID           <h> <h2>  hour, 2 digits      <h1>  without leading zero
 //   <Y> <Y4>  year, 4 digits               <m> <m2>  minute, 2 digits    <m1>  without leading zero
@@ -20,15 +20,15 @@ namespace qlm {
 //   <M> <M2>  month, 2 digits              <M1>  without leading zero
 //   <D> <D2>  day, 2 digits                <D1>  without leading zero
 //
-// Throws a CException with the system's text when the time cannot be converted.
+// Throws the system error if the time cannot be converted.
 std::wstring ExpandName(const CDst& dst, const std::wstring& taskId, my::CFileTime time,
                         const my::IClock& clock);
 
-// Makes the extension of a pattern fit the type: "zip" for archives, none for folders. Answers whether the
+// Adapts the extension of a pattern to the type: "zip" for archives, none for folders. Returns whether the
 // text was changed.
 bool AdjustExtension(DstType type, std::wstring& name);
 
-// Whether the pattern's extension fits the type already.
+// Returns whether the pattern already has the extension of the type.
 bool HasFittingExtension(DstType type, const std::wstring& name);
 
 }  // namespace qlm

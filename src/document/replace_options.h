@@ -1,4 +1,4 @@
-// What the replace tool is asked to do, and the names by which its choices stand in the settings file.
+// Options of the replace tool, and their names in the settings file.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@ namespace qlm {
 enum class ReplaceRow { ALL, SELECTED, FOCUSED };
 extern const my::CEnumTable kReplaceRowNames;
 
-// The columns that the replace tool changes: a set of flags.
+// The columns that the replace tool changes, as flags.
 using ReplaceCol = uint32_t;
 inline constexpr ReplaceCol kReplaceTaskId = 1u << 0;
 inline constexpr ReplaceCol kReplaceTaskPath = 1u << 1;
@@ -21,14 +21,14 @@ inline constexpr ReplaceCol kReplaceDstFolder = 1u << 3;
 inline constexpr ReplaceCol kReplaceDstPattern = 1u << 4;
 extern const my::CEnumTable kReplaceColNames;
 
-// The text fields are a regular expression and its format if `regex` is set.
+// If `regex` is set, `src` is a regular expression and `dst` its format.
 struct CReplaceOptions {
   ReplaceRow row = ReplaceRow::ALL;
   ReplaceCol col = 0;
   std::wstring src;
   std::wstring dst;
   bool regex = false;
-  bool preview = true;  // the main window's lists show the result while the dialog is open
+  bool preview = true;  // show the result in the lists while the dialog is open
 };
 
 }  // namespace qlm

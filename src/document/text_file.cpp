@@ -9,7 +9,7 @@
 namespace qlm {
 namespace {
 
-// A filter is some lines; what is larger is another kind of file.
+// Filters are short. A larger file is of another kind.
 constexpr uint64_t kLargestTextFile = 16u << 20;
 
 bool TakePrefix(std::string_view& bytes, std::string_view prefix) {

@@ -4,8 +4,8 @@
 
 namespace qlm {
 
-// Throws IDS_PASSWORD_BAD_CHARACTER for a password that would not reach the archiver as one argument: the
-// archiver would take what follows a space for the archive's name.
+// Throws IDS_PASSWORD_BAD_CHARACTER if the archiver would not receive the password as one argument: after a
+// space it would read the rest as the path of the archive.
 void CheckPassword(const std::wstring& password);
 
 }  // namespace qlm

@@ -35,7 +35,7 @@ CNewListFile CreateListFile(my::IFileSystem& files) {
 
 // Writes a line for every counted file and returns their number.
 uint64_t WriteList(my::INewFile& file, const CArchivePorts& ports, const CTargets& targets) {
-  constexpr size_t kPortion = size_t{256} * 1024;  // bytes that go out in one write
+  constexpr size_t kPortion = size_t{256} * 1024;  // bytes per write
   std::string lines;
   uint64_t count = 0;
   for (const CTarget& target : targets) {
@@ -59,18 +59,19 @@ void RunArchiver(const CArchivePorts& ports, const CArchiveJob& job, const std::
   const my::CWipeAtEnd wipeArguments(start.arguments);
   start.program = job.archiverPath;
   start.arguments.reserve(options.size() + job.archivePath.size() + listPath.size() + 3);
-  // Neither path is quoted: a path with a blank reaches the archiver as two arguments.
+  // The paths are not quoted, so one with a space reaches the archiver as two arguments.
   start.arguments.append(options).append(L" ").append(job.archivePath).append(L" @").append(listPath);
   start.creationFlags = my::CProcessStart::kNoWindow;
   start.inheritHandles = true;
-  // The list's relative paths begin there. Without a separator "D:" would be that drive's current folder.
+  // The paths in the list are relative to this folder. "D:" without a separator would be the current folder
+  // of the drive.
   start.workingFolder = job.source.ends_with(L':') ? job.source + my::kSeparator : job.source;
   const uint32_t exitCode = ports.process.Run(start);
   if (exitCode != 0) throw my::CException(IDS_PROCESS_EXIT_CODE, {std::to_wstring(exitCode)});
 }
 
-// An archiver that was killed can report success. So the archive must be there and, if it is a zip, count as
-// many entries as it was told to hold: the archiver chooses the format by the extension.
+// Verifies the archive, because a killed archiver may report success: it must exist and, if it is a zip, have
+// as many entries as expected. The archiver chooses the format by the extension.
 void CheckArchive(my::IFileSystem& files, const std::wstring& path, uint64_t wanted) {
   const bool exists = files.Kind(path) == my::PathKind::FILE;
   const bool isZip = HasFittingExtension(DstType::ZIP, path);
@@ -80,7 +81,7 @@ void CheckArchive(my::IFileSystem& files, const std::wstring& path, uint64_t wan
   throw my::CException(IDS_ARCHIVE_INCOMPLETE, {std::to_wstring(wanted), std::to_wstring(found), path});
 }
 
-// Runs the work; a failure is explained if one of the paths cannot reach the archiver as one argument.
+// Runs `work`. If it fails, the failure names the path that the archiver has split, if there is one.
 template <class Work>
 void ExplainingBlanks(const CArchivePorts& ports, std::initializer_list<std::wstring_view> paths, Work work) {
   try {
@@ -113,7 +114,7 @@ std::wstring ArchiverOptions(DstType type, const std::wstring& password) {
 void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job) {
   my::IFileSystem& files = ports.transfer.files;
   CNewListFile list = CreateListFile(files);
-  // Declared before the file is handed on, so that the file is closed before it is deleted.
+  // Declared before `file`, so that the file is closed before it is deleted.
   const CAutoDeleteFile deleteList(files, ports.texts, list.path);
   const std::unique_ptr<my::INewFile> file = std::move(list.file);
   const uint64_t count = WriteList(*file, ports, job.targets);

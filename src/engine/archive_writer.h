@@ -1,4 +1,4 @@
-// Archives are made by the external archiver 7z.exe, which is handed a list of the files to add.
+// Archives are written by the external archiver 7z.exe, which reads the files to add from a list file.
 #pragma once
 
 #include <string>
@@ -33,18 +33,18 @@ struct CArchiveJob {
 };
 
 // Archives every counted file of the list, verifies the archive instead of trusting the exit code, and
-// flushes it to its device. A stop is noticed while the list is written; once the archiver runs, it is waited
-// for. Throws IDS_STOPPED, IDS_TEMP_PATH_FAILED, IDS_CREATE_FILE_FAILED, IDS_WRITE_FILE_FAILED,
-// IDS_CREATE_PROCESS_FAILED, IDS_PROCESS_EXIT_CODE, IDS_ARCHIVE_INCOMPLETE; a path that
-// could not be passed is named behind the message.
+// flushes it to its device. A stop request ends the writing of the list; a running archiver is waited for.
+// Throws IDS_STOPPED, IDS_TEMP_PATH_FAILED, IDS_CREATE_FILE_FAILED, IDS_WRITE_FILE_FAILED,
+// IDS_CREATE_PROCESS_FAILED, IDS_PROCESS_EXIT_CODE, IDS_ARCHIVE_INCOMPLETE; the failure names a path that the
+// archiver has split.
 void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job);
 
-// Returns whether the archiver would take the path for several arguments: its command line quotes none. An
-// archive's path and the list's path in the system's temporary folder must not be split.
+// Returns whether the archiver would split the path into several arguments, because its command line is not
+// quoted. Applies to the path of the archive and to the list file in the temporary folder.
 bool IsSplitByArchiver(std::wstring_view path);
 
-// What stands before the archive's path on the archiver's command line. Throws IDS_INTERNAL_ERROR for a type
-// that is no archive.
+// Returns the options in front of the archive path. Throws IDS_INTERNAL_ERROR for a type that is not an
+// archive.
 std::wstring ArchiverOptions(DstType type, const std::wstring& password);
 
 }  // namespace qlm

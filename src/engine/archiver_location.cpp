@@ -10,7 +10,7 @@ namespace qlm {
 std::vector<std::wstring> ArchiverCandidates(const my::IKnownFolders& folders) {
   const auto programs = folders.ProgramFiles();
   if (!programs) return {L"C:\\Program Files\\7-Zip\\7z.exe"};
-  // The folder of 64-bit programs is beside that of the 32-bit ones, or the same on a 32-bit system.
+  // The folder of 64-bit programs is next to that of 32-bit programs; on a 32-bit system they are the same.
   std::vector<std::wstring> candidates = {
       my::JoinPath(my::ParentPath(*programs), L"Program Files\\7-Zip\\7z.exe"),
       my::JoinPath(*programs, L"7-Zip\\7z.exe")};

@@ -10,10 +10,10 @@ class IKnownFolders;
 
 namespace qlm {
 
-// Returns where an installed archiver may be, the most likely path first.
+// Returns possible paths of an installed archiver, the most likely first.
 std::vector<std::wstring> ArchiverCandidates(const my::IKnownFolders& folders);
 
-// Returns the first of these paths that exists, empty if none does.
+// Returns the first of these paths that exists; empty if there is none.
 std::wstring FindArchiver(my::IFileSystem& files, const my::IKnownFolders& folders);
 
 }  // namespace qlm

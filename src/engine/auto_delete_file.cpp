@@ -19,7 +19,7 @@ CAutoDeleteFile::~CAutoDeleteFile() {
   m_throws = false;
   try {
     Delete();
-  } catch (...) {  // a destructor has nobody to report to
+  } catch (...) {  // a destructor cannot report it
   }
 }
 

@@ -11,7 +11,7 @@ class IMessageTexts;
 
 namespace qlm {
 
-// Owns one path and deletes what is there when it goes away.
+// Owns a path; the destructor deletes the file or folder.
 class CAutoDeleteFile {
  public:
   enum class Kind { FILE, FOLDER };
@@ -23,12 +23,12 @@ class CAutoDeleteFile {
   CAutoDeleteFile& operator=(const CAutoDeleteFile&) = delete;
   virtual ~CAutoDeleteFile();  // never throws
 
-  // Deletes now, once: the path is empty afterwards, and an empty path is never deleted. A failure is kept,
+  // Deletes at once. The path is then empty, and an empty path is never deleted. A failure is stored in Error
   // or thrown as a my::CCtrlException (IDS_DELETE_FAILED).
   void Delete();
 
   const std::wstring& Path() const { return m_path; }
-  const my::CSimpleErr& Error() const { return m_error; }  // of the deletion; not set if it succeeded
+  const my::CSimpleErr& Error() const { return m_error; }  // of the deletion; no error if it succeeded
 
  private:
   void DeletePath(const std::wstring& path);

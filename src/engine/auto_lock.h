@@ -4,7 +4,7 @@
 
 namespace my {
 
-// A lock that one thread holds at a time; a thread must not enter it twice.
+// A non-recursive lock.
 class CAutoCriticalSection {
  public:
   void Enter() { m_mutex.lock(); }

@@ -21,7 +21,7 @@ std::wstring_view DestinationFolder(const CDst& dst) {
   return my::TrimEnd(my::Trim(dst.folder, my::kBlanks), L"/\\");
 }
 
-// What a finished backup is on disk.
+// Returns what a finished backup is on disk.
 my::PathKind KindOf(const CDst& dst) {
   return IsZip(dst.type) ? my::PathKind::FILE : my::PathKind::FOLDER;
 }
@@ -36,7 +36,7 @@ CBackupTask::CBackupTask(const CEnginePorts& ports, const CBackupJob& job) : m_p
 
 void CBackupTask::SetTask(const qlm::CTask& task) {
   const auto copy = boost::make_shared<qlm::CTask>(task);
-  // The document's own destinations may be edited while the job runs.
+  // The destinations of the document may be edited while the job runs.
   for (CDstPtr& dst : copy->dsts) dst = boost::make_shared<CDst>(*dst);
   m_task = copy;
   m_rows.clear();
@@ -91,15 +91,15 @@ void CBackupTask::ListTargets() {
   auto targets = boost::make_shared<CTargets>(m_filter);
   m_targets = targets;
   ListSource(m_ports.files, *m_filter, m_stop, m_task->path, *targets);
-  LastRow().targets = targets;  // also for a run that ends here: the list shows what the filter excluded
+  LastRow().targets = targets;  // set now, so that a run that ends here shows what the filter excluded
   m_newest = NewestWriteTime(*m_targets);
   if (!m_newest) throw my::CException(IDS_NO_FILES);
 }
 
-// Makes the last row that of the given destination, with all that is known from the listing.
+// Fills the last row for the given destinations with the results of the listing.
 void CBackupTask::FillRow(const CTaskDsts& dsts) {
   CResult& row = LastRow();
-  // Built from its fields: a copy of the task would keep room for all of its destinations in every row.
+  // Built from its fields: a copy of the task would reserve memory for all its destinations in every row.
   row.task = boost::make_shared<qlm::CTask>(
       qlm::CTask{m_task->id, m_task->path, m_task->filterPath, dsts, m_task->replaceRule});
   row.phase = Phase::LISTED;
@@ -116,8 +116,8 @@ std::wstring CBackupTask::DestinationPath(const CResult& row) const {
   return std::wstring(DestinationFolder(*dst)).append(1, my::kSeparator).append(name);
 }
 
-// Throws IDS_NAME_... if the system would take the destination's name for something else. Such a path exists,
-// or seems to be created, without any backup.
+// Throws IDS_NAME_... if the system would map the name to something else. Such a path may seem to exist, or
+// to be created, without any backup.
 void CBackupTask::CheckDestinationNames() const {
   const CResult& row = m_rows.back();
   if (!row.Dst()) return;
@@ -129,18 +129,19 @@ void CBackupTask::CheckDestinationNames() const {
 
 void CBackupTask::BackUpTo(const CDst& dst) {
   const std::wstring path = LastRow().destinationPath;
-  // Without a name of its own the path is the destination folder, which exists and would pass for a backup.
+  // Without a name the path would be the destination folder, which exists and would count as a backup.
   if (my::LastComponent(path).empty()) throw my::CException(IDS_PATH_NO_FILE_NAME, {path});
   CheckDestinationNames();
   if (IsUpToDate(dst)) return SetPhase(Phase::SKIPPED);
-  // A half-written backup must never have the final name: the next run would take it for a finished one.
+  // An incomplete backup must never have the final name: the next run would consider it finished.
   const CTemporaryTarget temporary = TakeTemporaryTarget(m_ports.files, path, dst.type);
   Transfer(dst, temporary.path);
   if (!TakeFinalName(dst, temporary.path)) return SetPhase(Phase::SKIPPED);
   LastRow().phase = Phase::CREATED;
 }
 
-// The name carries the newest write time of the source, so an unchanged source finds its backup there.
+// The name contains the newest write time of the source, so an unchanged source has the name of its last
+// backup.
 bool CBackupTask::IsUpToDate(const CDst& dst) const {
   const std::wstring& path = m_rows.back().destinationPath;
   const my::PathKind kind = m_ports.files.Kind(path);
@@ -159,7 +160,7 @@ void CBackupTask::Transfer(const CDst& dst, const std::wstring& temporaryPath) {
                {m_archiverPath, m_password, m_task->path, *m_targets, temporaryPath, dst.type});
 }
 
-// Returns false if another run has created the same backup meanwhile; this one is then removed.
+// Returns false if another run has created the same backup in the meantime; this one is then deleted.
 bool CBackupTask::TakeFinalName(const CDst& dst, const std::wstring& temporaryPath) {
   const std::wstring& path = LastRow().destinationPath;
   try {
@@ -189,10 +190,10 @@ CResults CBackupTask::Results() const {
   return m_published;
 }
 
-// Rows are handed out as copies that do not change, so that nobody reads a row while it is being written.
+// Publishes copies of the rows that are never changed, so that no thread reads a row while it is written.
 void CBackupTask::Publish() {
   const my::CAutoLock<my::CAutoCriticalSection> lock(m_publishedLock);
-  // The row that was last before may have changed since; those in front of it have not.
+  // Only the last row may have changed since the last call.
   if (!m_published.empty()) m_published.pop_back();
   while (m_published.size() < m_rows.size()) {
     m_published.push_back(boost::make_shared<CResult>(m_rows[m_published.size()]));

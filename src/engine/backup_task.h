@@ -1,4 +1,4 @@
-// The backup job: one run of one task against all of its destinations.
+// The backup job: runs one task for all of its destinations.
 #pragma once
 
 #include <boost/smart_ptr/shared_ptr.hpp>
@@ -25,7 +25,7 @@ namespace qlm {
 
 class CBackupTask;
 
-// Hears of a job on the job's worker thread; must not touch windows there.
+// Receives notifications on the worker thread of the job; must not use windows.
 class CBackupTaskClient {
  public:
   virtual ~CBackupTaskClient() = default;
@@ -33,7 +33,7 @@ class CBackupTaskClient {
   virtual void OnEnd(const boost::shared_ptr<CBackupTask>& job) = 0;
 };
 
-// What a job works with; all of it outlives the job.
+// The ports of a job; all must outlive it.
 struct CEnginePorts {
   my::IFileSystem& files;
   const my::IClock& clock;
@@ -42,11 +42,11 @@ struct CEnginePorts {
   my::IProcess& process;
 };
 
-// What a job is to do.
+// The description of a job.
 struct CBackupJob {
   qlm::CTask task;
-  std::wstring archiverPath = {};  // empty if there is none; only archives need it
-  std::wstring password = {};      // of archives; empty if none needs one
+  std::wstring archiverPath = {};  // needed for archives only; empty if not found
+  std::wstring password = {};      // of archives; empty if not needed
 
   ~CBackupJob() { my::Wipe(password); }
 };
@@ -56,23 +56,23 @@ class CBackupTask : public my::CTask<CBackupTask, CBackupTaskClient, my::CSimple
   CBackupTask(const CEnginePorts& ports, const CBackupJob& job);
   ~CBackupTask() override { my::Wipe(m_password); }
 
-  // The constructor has called SetTask, SetArchiverPath and SetPassword; until the run they may be called
-  // again, in any order.
+  // The constructor calls SetTask, SetArchiverPath and SetPassword. They may be called again before the run,
+  // in any order.
 
-  // Takes a copy of the task and starts its rows again with one of Phase::LISTING.
+  // Copies the task and replaces all rows with one in Phase::LISTING.
   void SetTask(const qlm::CTask& task);
 
-  // List and compute the destination path, transfer nothing.
+  // Only list and compute the destination path; transfer nothing.
   void SetListOnly(bool listOnly) { m_listOnly = listOnly; }
   void SetArchiverPath(std::wstring path) { m_archiverPath = std::move(path); }
   void SetPassword(const std::wstring& password);
 
-  // Runs the job, once; never throws. A failure ends it and stands on the last row.
+  // Runs the job once; never throws. A failure ends the job and is stored in the last row.
   void Run();
 
   const qlm::CTask& Task() const { return *m_task; }
 
-  // The rows as they were at the last notification. Callable from any thread.
+  // Returns the rows at the last notification. Any thread may call.
   CResults Results() const;
 
  private:
@@ -96,16 +96,16 @@ class CBackupTask : public my::CTask<CBackupTask, CBackupTaskClient, my::CSimple
 
   CEnginePorts m_ports;
   bool m_listOnly = false;
-  boost::shared_ptr<const qlm::CTask> m_task;  // the job's own copy
+  boost::shared_ptr<const qlm::CTask> m_task;  // a copy owned by the job
   std::wstring m_archiverPath;
   std::wstring m_password;
   boost::shared_ptr<const CFilter> m_filter = boost::make_shared<CFilter>();
   CTargetsPtr m_targets = boost::make_shared<CTargets>();
   my::CFileTime m_newest;
-  std::vector<CResult> m_rows;  // the worker's own
+  std::vector<CResult> m_rows;  // used by the worker only
 
   mutable my::CAutoCriticalSection m_publishedLock;
-  CResults m_published;  // what other threads see of m_rows
+  CResults m_published;  // copies of m_rows for other threads
 };
 
 using CBackupTaskPtr = boost::shared_ptr<CBackupTask>;

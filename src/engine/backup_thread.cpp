@@ -84,7 +84,7 @@ void CBackupThread::Collect() {
 }
 
 void CBackupThread::Show(const CBackupTaskPtr& job) {
-  // Jobs run one after the other, so only the last one shown can still grow.
+  // Jobs run one after another, so only the rows of the last one can change.
   if (m_shown.empty() || m_shown.back().job != job) m_shown.push_back({job, m_rowCount, {}});
   CShownJob& shown = m_shown.back();
   shown.rows = job->Results();
@@ -101,7 +101,7 @@ void CBackupThread::Finish() {
   m_pool.Stop(true);
   m_pool.WaitAll(my::kNoTimeOut);
   m_pool.ClearRemoved();
-  Collect();  // what changed between the last look and the end
+  Collect();  // changes between the last tick and the end
   m_state = m_state == RunState::STOPPING ? RunState::STOPPED : RunState::ENDED;
   m_observer.OnStatus();
   m_observer.OnStateChanged();

@@ -1,4 +1,4 @@
-// The run controller: the jobs of a run on the worker, its state, and what the windows show of it.
+// The run controller: runs jobs on the worker and collects their rows and state for the windows.
 #pragma once
 
 #include <cstdint>
@@ -11,16 +11,16 @@
 
 namespace qlm {
 
-// Hears of a run on the thread that ticks.
+// Receives notifications on the thread that calls Tick.
 class IRunObserver {
  public:
   virtual ~IRunObserver() = default;
 
-  // A job's rows, all of them, whenever one has changed. `firstRow` is the place of the first among all rows.
+  // Receives all rows of a job when one has changed. `firstRow` is the index of its first row among all rows.
   virtual void OnResults(size_t firstRow, const CResults& rows) = 0;
-  virtual void OnStatus() = 0;  // the status text and the progress may have changed
+  virtual void OnStatus() = 0;  // status text or progress may have changed
   virtual void OnStateChanged() = 0;
-  virtual void OnPowerOff() = 0;  // the run has ended well and power-off was asked for
+  virtual void OnPowerOff() = 0;  // the run ended without errors, and power-off was requested
 };
 
 struct CRunProgress {
@@ -28,7 +28,7 @@ struct CRunProgress {
   size_t range = 1;
 };
 
-// Owned and called by one thread; only the client's two notifications come from the worker.
+// Used by one thread. Only the two notifications of the job client come from the worker.
 class CBackupThread : private CBackupTaskClient {
  public:
   using Pool = my::CMultiTaskThreadPool<CBackupTask, my::CMultiTaskThread<CBackupTask, 1>>;
@@ -39,31 +39,31 @@ class CBackupThread : private CBackupTaskClient {
   // Queues a job for the next run.
   void Add(const CBackupTaskPtr& job);
 
-  // Forgets the rows of the last run.
+  // Removes the rows of the last run.
   void ResetResults();
 
   // Runs the queued jobs. Throws IDS_ALREADY_RUNNING or IDS_START_THREAD_FAILED.
   void Start(bool listOnly, bool powerOff);
 
-  // Drops the queued jobs; the running job ends at its next check.
-  // Throws IDS_ALREADY_STOPPING or IDS_NOT_RUNNING.
+  // Drops the queued jobs; the running job ends at its next check. Throws IDS_ALREADY_STOPPING or
+  // IDS_NOT_RUNNING.
   void Stop();
 
-  // Waits for the running jobs to end, at most that many milliseconds. The end shows at the next Tick.
+  // Waits up to `timeOutMs` for the running jobs to end. The next Tick notices the end.
   void WaitForJobs(uint32_t timeOutMs) { m_pool.WaitAll(timeOutMs); }
 
-  // To be called every 100 ms during a run: hands out what has changed and notices the end.
+  // Must be called every 100 ms during a run: reports changed rows and detects the end.
   void Tick();
 
   RunState State() const { return m_state; }
   bool IsActive() const;
   bool IsListOnly() const { return m_listOnly; }  // of the last run
-  size_t Total() const { return m_total; }  // rows that the run will have when all jobs come to their end
+  size_t Total() const { return m_total; }        // number of rows if all jobs run to their end
   size_t RowCount() const { return m_rowCount; }
   bool HasErrors() const;
   uint64_t ElapsedMs() const { return m_currentTick - m_startTick; }
 
-  // Empty before the first run.
+  // Returns the text of state, count and time; empty before the first run.
   std::wstring StatusText() const;
   CRunProgress Progress() const;
 
@@ -92,15 +92,15 @@ class CBackupThread : private CBackupTaskClient {
   uint64_t m_currentTick = 0;
   size_t m_total = 0;
   size_t m_rowCount = 0;
-  std::vector<CShownJob> m_shown;  // in the order in which the jobs came up
+  std::vector<CShownJob> m_shown;  // in the order in which they first reported
 
   my::CAutoCriticalSection m_changedLock;
   std::vector<CBackupTaskPtr> m_changed;
 
-  Pool m_pool;  // last, so that its workers end before what they use goes away
+  Pool m_pool;  // last member, so that the workers end before the other members are destroyed
 };
 
-// "12:34" or "1:02:03".
+// Returns "12:34" or "1:02:03".
 std::wstring ElapsedText(uint64_t elapsedMs);
 
 }  // namespace qlm

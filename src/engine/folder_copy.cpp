@@ -11,8 +11,9 @@
 namespace qlm {
 namespace {
 
-// A system may report success for a truncated copy. A source that grows or shrinks meanwhile, such as a log,
-// is no failure: the copy is whole if it is as long as the source was when it was listed, or as it is now.
+// CopyFile may report success for a truncated copy. A source that changes its size during the copy, such as a
+// log, is not a failure: the copy is complete if it is at least as long as the source when listed, or as the
+// source now.
 void CheckCopied(my::IFileSystem& files, uint64_t listed, uint64_t copied, const std::wstring& from,
                  const std::wstring& to) {
   if (copied >= listed) return;
@@ -46,7 +47,7 @@ void CopyToFolder(const CTransferPorts& ports, const std::wstring& source, const
     }
     CopyFile(ports, target, my::JoinPath(source, target.RelativePath()), to);
   }
-  // One flush of the device for all that was handed to it.
+  // One device flush for all files that were written out.
   if (!to.empty()) FlushFresh(ports, to, my::FlushDepth::DEVICE);
 }
 

@@ -1,4 +1,4 @@
-// Files and folders that were just written, and that scanners, indexers and sync clients therefore have open.
+// Operations on new files and folders, which virus scanners, indexers and sync clients may have open.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +19,8 @@ struct CTransferPorts {
   const my::IStopQuery* stop;  // may be null
 };
 
-// Each of these is tried again while another program refuses it, for up to 15 s or until a stop is requested.
+// Each function repeats the operation while another program prevents it, for up to 15 s or until a stop is
+// requested.
 
 // Flushes a file and returns its size in bytes. Throws IDS_WRITE_FILE_FAILED.
 uint64_t FlushFresh(const CTransferPorts& ports, const std::wstring& path, my::FlushDepth depth);

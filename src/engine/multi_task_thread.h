@@ -1,4 +1,4 @@
-// A pool of worker threads that take jobs from one queue, first in, first out.
+// A pool of worker threads that run jobs from one queue, first in, first out.
 #pragma once
 
 #include <algorithm>
@@ -14,7 +14,7 @@
 
 namespace my {
 
-// The jobs that wait. Callable from any thread.
+// The queued jobs. Any thread may call.
 template <class TJob>
 class CJobQueue {
  public:
@@ -25,7 +25,7 @@ class CJobQueue {
     m_jobs.push_back(std::move(job));
   }
 
-  // Empty when no job waits.
+  // Returns null if the queue is empty.
   Ptr Pop() {
     const CAutoLock<CAutoCriticalSection> lock(m_lock);
     if (m_jobs.empty()) return {};
@@ -50,8 +50,7 @@ class CJobQueue {
   std::list<Ptr> m_jobs;
 };
 
-// A worker: runs one job after the other until the queue is empty or it is asked to stop. It gives way to
-// other work at any moment if `kKeepsPriority` is not 0 (see CThreadImpl).
+// A worker: runs jobs until the queue is empty or a stop is requested. For `kKeepsPriority` see CThreadImpl.
 template <class TJob, int kKeepsPriority>
 class CMultiTaskThread : public CThreadImpl<CMultiTaskThread<TJob, kKeepsPriority>, kKeepsPriority, 0>,
                          private IStopQuery {
@@ -60,7 +59,7 @@ class CMultiTaskThread : public CThreadImpl<CMultiTaskThread<TJob, kKeepsPriorit
  public:
   CMultiTaskThread(IThreads& threads, CJobQueue<TJob>& queue) : Base(threads), m_queue(&queue) {}
 
-  // Also what the running job asks.
+  // Also the stop query of the running job.
   bool IsStopRequested() const override { return Base::IsStopRequested(); }
 
   void Body() override {
@@ -75,7 +74,7 @@ class CMultiTaskThread : public CThreadImpl<CMultiTaskThread<TJob, kKeepsPriorit
 
  private:
   CJobQueue<TJob>* m_queue;
-  boost::shared_ptr<TJob> m_current;  // touched by the worker only
+  boost::shared_ptr<TJob> m_current;  // used by the worker only
 };
 
 template <class TJob, class TThread>
@@ -85,7 +84,7 @@ class CMultiTaskThreadPool {
 
   explicit CMultiTaskThreadPool(IThreads& threads) : m_threads(threads) { SetThreadCount(1); }
 
-  // Stops and waits for what still runs.
+  // Requests a stop and waits for the running jobs.
   ~CMultiTaskThreadPool() {
     Stop(true);
     WaitAll(kNoTimeOut);
@@ -93,12 +92,12 @@ class CMultiTaskThreadPool {
   CMultiTaskThreadPool(const CMultiTaskThreadPool&) = delete;
   CMultiTaskThreadPool& operator=(const CMultiTaskThreadPool&) = delete;
 
-  // Not to be called while a worker is active.
+  // Must not be called while a worker is active.
   void SetThreadCount(size_t count) {
     if (count < m_workers.size()) m_workers.resize(count);
     while (m_workers.size() < count) {
       m_workers.push_back(boost::make_shared<TThread>(m_threads, m_queue));
-      // Backups give way to whatever the user does meanwhile.
+      // Backups must not slow down what the user does meanwhile.
       m_workers.back()->SetPriority(IThreads::kIdlePriority);
     }
   }
@@ -110,19 +109,19 @@ class CMultiTaskThreadPool {
     m_queue.ForEach(visit);
   }
 
-  // Starts every worker. If one cannot be started, throws the reason (IDS_START_THREAD_FAILED); those before
-  // it run then.
+  // Starts all workers. Throws IDS_START_THREAD_FAILED if one cannot be started; the workers before it are
+  // then running.
   void Start() {
     for (const auto& worker : m_workers) worker->Start();
   }
 
-  // Takes the waiting jobs out of the queue and sets every worker's stop flag.
+  // Removes the queued jobs and sets the stop flag of every worker.
   void Stop(bool stop) {
     m_removed.splice(m_removed.end(), m_queue.TakeAll());
     for (const auto& worker : m_workers) worker->SetStop(stop);
   }
 
-  // Waits for each worker, at most that many milliseconds.
+  // Waits up to `timeOutMs` for each worker.
   void WaitAll(uint32_t timeOutMs) {
     for (const auto& worker : m_workers) worker->Wait(timeOutMs);
   }
@@ -138,7 +137,7 @@ class CMultiTaskThreadPool {
   IThreads& m_threads;
   CJobQueue<TJob> m_queue;
   std::vector<boost::shared_ptr<TThread>> m_workers;
-  std::list<Ptr> m_removed;  // jobs that a stop took out of the queue; they never ran
+  std::list<Ptr> m_removed;  // jobs removed by a stop; they never ran
 };
 
 }  // namespace my

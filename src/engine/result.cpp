@@ -8,7 +8,7 @@ namespace qlm {
 
 namespace {
 
-constexpr uint32_t kErrorAfterPhase = 6;  // from the id of a phase's text to that of its error
+constexpr uint32_t kErrorAfterPhase = 6;  // id of a phase's error text minus id of its text
 static_assert(IDS_PHASE_LISTING + kErrorAfterPhase == IDS_ERR_LISTING &&
               IDS_PHASE_ARCHIVING + kErrorAfterPhase == IDS_ERR_ARCHIVING);
 

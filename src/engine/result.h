@@ -18,7 +18,7 @@ class IMessageTexts;
 
 namespace qlm {
 
-// How far a row has come. The value is the id of the phase's text.
+// The phase of a row. The value is the id of its text.
 enum class Phase : uint32_t {
   LISTING = IDS_PHASE_LISTING,
   LISTED = IDS_PHASE_LISTED,
@@ -30,22 +30,22 @@ enum class Phase : uint32_t {
 
 // One row of a run: one task and one destination.
 struct CResult {
-  my::CSimpleErr error;                                  // why the run ended at this row
-  Phase phase = Phase::LISTING;                          // the one that the row reached
-  boost::shared_ptr<const CTask> task;                   // a copy that holds exactly this row's destination
-  CTargetsPtr targets = boost::make_shared<CTargets>();  // shared with the other rows of the job
-  my::CFileTime newestWriteTime;                         // zero until listed
-  std::wstring destinationPath;  // the folder or archive that the row creates; empty until listed
+  my::CSimpleErr error;                                  // why the job ended at this row
+  Phase phase = Phase::LISTING;                          // the last phase reached
+  boost::shared_ptr<const CTask> task;                   // a copy with only this row's destination
+  CTargetsPtr targets = boost::make_shared<CTargets>();  // shared by the rows of a job
+  my::CFileTime newestWriteTime;                         // zero before the listing
+  std::wstring destinationPath;  // the folder or archive to create; empty before the listing
 
-  // The row's destination, null for a task that has none.
+  // Returns the destination of the row; null for a task without one.
   const CDst* Dst() const { return task->dsts.empty() ? nullptr : task->dsts.front().get(); }
 };
 
-// A row that was handed out does not change any more.
+// A published row is never changed.
 using CResultPtr = boost::shared_ptr<const CResult>;
 using CResults = std::vector<CResultPtr>;
 
-// What the result list shows for a row: the text of its phase, or what went wrong in it. On one line.
+// Returns the text of the phase, or of the error with its phase, in one line.
 std::wstring ResultText(const my::IMessageTexts& texts, const CResult& result);
 
 }  // namespace qlm

@@ -8,12 +8,12 @@
 
 namespace qlm {
 
-// Where the run controller is. The value is the id of the state's text.
+// The state of the run controller. The value is the id of its text.
 enum class RunState : uint32_t {
   NOT_RUN = IDS_STATE_NOT_RUN,
   RUNNING = IDS_STATE_RUNNING,
-  STOPPING = IDS_STATE_STOPPING,  // a stop was requested, jobs still end
-  STOPPED = IDS_STATE_STOPPED,    // after a stop, or the start failed
+  STOPPING = IDS_STATE_STOPPING,  // a stop was requested, a job is still running
+  STOPPED = IDS_STATE_STOPPED,    // after a stop or a failed start
   ENDED = IDS_STATE_ENDED         // without a stop, even if rows have errors
 };
 

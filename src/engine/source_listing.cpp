@@ -11,7 +11,7 @@ namespace qlm {
 namespace {
 
 constexpr std::wstring_view kPattern = L"*.*";
-constexpr size_t kPatternLimit = 260;  // characters of a folder's path and the pattern
+constexpr size_t kPatternLimit = 260;  // length of the folder path with the pattern
 
 class CListing {
  public:
@@ -19,7 +19,7 @@ class CListing {
            const std::wstring& source, CTargets& targets)
       : m_files(files), m_filter(filter), m_stop(stop), m_source(source), m_targets(targets) {}
 
-  // Lists the folder that m_path names (relative, empty or with its "\" at the end).
+  // Lists the folder m_path, which is relative to the source: empty, or with "\" at its end.
   void ListFolder(uint32_t attributes) {
     const std::wstring folder = my::JoinPath(m_source, m_path);
     if (my::JoinPath(folder, kPattern).size() >= kPatternLimit)
@@ -28,7 +28,7 @@ class CListing {
     try {
       find = m_files.Find(folder);
     } catch (const my::CException& failure) {
-      // A source that cannot be read at all shows by itself: nothing is found in it.
+      // An unreadable source folder is reported otherwise: no files are found in it.
       if (m_path.empty() || IsGuardedLink(attributes, failure)) return;
       return NoteUnlisted(failure.SystemError());
     }
@@ -40,8 +40,8 @@ class CListing {
   }
 
  private:
-  // Every user folder has junctions such as "My Music" that lead to another folder of it under an old name.
-  // They deny listing to everybody, and what they lead to is listed where it is.
+  // Every user folder has junctions such as "My Music" to other user folders. They deny listing to everybody,
+  // and their targets are listed under their own paths.
   static bool IsGuardedLink(uint32_t attributes, const my::CException& failure) {
     return (attributes & my::kAttributeLink) != 0 && failure.SystemError().Is(my::kErrorAccessDenied);
   }

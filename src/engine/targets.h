@@ -18,8 +18,8 @@ namespace qlm {
 class CFilter;
 struct CFilterItem;
 
-// One entry below a task's source. It points into the list that holds it: a list of a million entries is
-// kept once and without an allocation for each.
+// One entry below a task's source. It points into the list that owns it, so that a list of a million entries
+// needs no allocation per entry.
 class CTarget {
  public:
   CTarget(std::wstring_view storedPath, const my::CFindData& found, const CFilterItem* item)
@@ -30,22 +30,22 @@ class CTarget {
         m_size(found.size),
         m_item(item) {}
 
-  // "docs\a.txt"; the path of a folder ends in "\".
+  // The path relative to the source: "docs\a.txt"; the path of a folder ends in "\".
   std::wstring_view RelativePath() const { return {m_path, m_length}; }
   uint32_t Attributes() const { return m_attributes; }
   my::CFileTime LastWriteTime() const { return m_lastWriteTime; }
-  uint64_t Size() const { return m_size; }  // bytes, when it was listed
+  uint64_t Size() const { return m_size; }  // bytes at the time of the listing
 
-  // The filter item that decided, null when none matched.
+  // Returns the filter item that decided; null if none matched.
   const CFilterItem* FilterItem() const { return m_item; }
 
-  // A link has the size of the link, not of what it points to.
+  // The size of a link is that of the link, not of its target.
   bool IsLink() const { return (m_attributes & my::kAttributeLink) != 0; }
 
   bool IsFolder() const { return (m_attributes & my::kAttributeFolder) != 0; }
   bool IsExcluded() const;
 
-  // Only these are copied or archived, and only these count for the newest write time.
+  // Only these files are backed up and count for the newest write time.
   bool IsCountedFile() const { return !IsFolder() && !IsExcluded(); }
 
  private:
@@ -57,7 +57,7 @@ class CTarget {
   const CFilterItem* m_item;
 };
 
-// Every entry below a task's source in listing order: a folder stands before its contents.
+// All entries below a task's source in listing order: a folder comes before its contents.
 class CTargets {
  public:
   using const_iterator = std::deque<CTarget>::const_iterator;
@@ -69,10 +69,10 @@ class CTargets {
   const_iterator end() const { return m_targets.end(); }
   size_t size() const { return m_targets.size(); }
 
-  // Keeps a copy of the path.
+  // Copies the path.
   const CTarget& Add(std::wstring_view relativePath, const my::CFindData& found, const CFilterItem* item);
 
-  // What is missing from the list, and so from every backup made of it.
+  // Folders whose contents are missing in the list, and so in every backup made from it.
   const std::vector<CUnlistedFolder>& Unlisted() const { return m_unlisted; }
   void AddUnlisted(std::wstring_view relativeFolder, my::CSystemError error) {
     m_unlisted.push_back({std::wstring(relativeFolder), error});
@@ -81,7 +81,7 @@ class CTargets {
  private:
   std::wstring_view Store(std::wstring_view text);
 
-  boost::shared_ptr<const CFilter> m_filter;  // owns the items that the entries point to
+  boost::shared_ptr<const CFilter> m_filter;  // owns the items referenced by the entries
   std::deque<CTarget> m_targets;
   std::vector<std::unique_ptr<wchar_t[]>> m_blocks;
   size_t m_blockLeft = 0;
@@ -93,12 +93,12 @@ using CTargetsPtr = boost::shared_ptr<const CTargets>;
 
 struct CTargetCounts {
   size_t counted = 0;   // files to back up
-  size_t excluded = 0;  // files and folders that the filter excludes
+  size_t excluded = 0;  // files and folders excluded by the filter
 };
 
 CTargetCounts CountTargets(const CTargets& targets);
 
-// The latest write time among the counted files, zero when there is none.
+// Returns the latest write time of the counted files; zero if there are none.
 my::CFileTime NewestWriteTime(const CTargets& targets);
 
 }  // namespace qlm

@@ -1,31 +1,31 @@
-// What every kind of job has that a worker thread runs.
+// The base of all jobs that run on a worker thread.
 #pragma once
 
 #include <boost/smart_ptr/enable_shared_from_this.hpp>
 
 namespace my {
 
-// Asked by a running job whether it is to end. Callable from any thread.
+// Tells a running job whether to stop. Any thread may call.
 class IStopQuery {
  public:
   virtual ~IStopQuery() = default;
   virtual bool IsStopRequested() const = 0;
 };
 
-// Throws IDS_STOPPED when a stop was requested; a null query never requests one.
+// Throws IDS_STOPPED if a stop was requested. Does nothing if `stop` is null.
 void CheckStop(const IStopQuery* stop);
 
-// A job of class TJob whose client TClient hears of its progress and its end. Held by shared pointer.
+// A job of class TJob. Its client TClient is notified of progress and end. Held by shared pointer.
 template <class TJob, class TClient, class TErr>
 class CTask : public boost::enable_shared_from_this<TJob> {
  public:
   virtual ~CTask() = default;
 
-  // To be set before the job runs; neither is owned, both may be null.
+  // Must be set before the job runs; not owned, may be null.
   void SetStopQuery(const IStopQuery* stop) { m_stop = stop; }
   void SetClient(TClient* client) { m_client = client; }
 
-  // The error that ended the run; to be read after the run.
+  // The error that ended the run. Valid after the run.
   const TErr& Error() const { return m_error; }
 
  protected:

@@ -6,7 +6,7 @@
 namespace qlm {
 namespace {
 
-// "_lck1_a.zip" for "_tmp1_a.zip".
+// Returns "_lck1_a.zip" for "_tmp1_a.zip".
 std::wstring ReservationPath(const std::wstring& path) {
   constexpr size_t kPrefix = 4;
   const std::wstring_view name = my::LastComponent(path);
@@ -19,8 +19,8 @@ CTemporaryTarget TakeTemporaryTarget(my::IFileSystem& files, const std::wstring&
   files.CreateFolders(std::wstring(my::ParentPath(destination)));
   CTemporaryTarget target;
   const auto takeFolder = [&](const std::wstring& path) { return files.CreateNewFolder(path); };
-  // The archiver wants to create the archive itself, so another file holds the name. Looking for an archive
-  // comes second: who held the name before may have left one.
+  // The archiver creates the archive itself, so a separate file reserves its name. The archive is checked
+  // after that, because the previous holder of the name may have left one.
   const auto takeArchive = [&](const std::wstring& path) {
     auto reservation = files.CreateNewFile(ReservationPath(path), my::FileLife::UNTIL_CLOSED);
     if (!reservation || files.Kind(path) != my::PathKind::NONE) return false;

@@ -8,8 +8,8 @@
 
 namespace my {
 
-// A thread that can be started again after it has ended, and asked to end. Its owner starts and waits on one
-// thread; the flags may be set and read on any.
+// A thread that can be restarted after it has ended, and asked to stop. Start and Wait belong to one thread;
+// any thread may use the flags.
 class CThread {
  public:
   CThread() = default;
@@ -22,7 +22,7 @@ class CThread {
   // Returns false if the thread was aborted. Throws IDS_START_THREAD_FAILED.
   virtual bool Start() = 0;
 
-  // Waits for the end of the thread; returns whether it has ended (or never ran).
+  // Waits for the end of the thread. Returns whether it has ended or never ran.
   virtual bool Wait(uint32_t timeOutMs);
 
   virtual bool IsStopRequested() const { return m_stop || m_abort; }
@@ -42,8 +42,8 @@ class CThread {
   uint32_t m_threadId = 0;
 };
 
-// The start of a thread of class T through the platform. `kKeepsPriority` other than 0 denies the system to
-// raise the thread's priority for a while; `kStackBytes` is the size of its stack, 0 for the default.
+// Starts a thread that runs T::Body. If `kKeepsPriority` is not 0, the system may not raise the priority of
+// the thread temporarily. `kStackBytes` is the size of its stack, 0 for the default.
 template <class T, int kKeepsPriority, uint32_t kStackBytes>
 class CThreadImpl : public CThread {
  public:

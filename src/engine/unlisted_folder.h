@@ -12,9 +12,9 @@ namespace qlm {
 
 struct CTask;
 
-// A folder that could not be listed, or not to its end.
+// A folder that could not be listed completely.
 struct CUnlistedFolder {
-  std::wstring folder;  // relative to the source and ending in "\"; the source itself is ""
+  std::wstring folder;  // relative to the source, ending in "\"; empty for the source itself
   my::CSystemError error;
 };
 

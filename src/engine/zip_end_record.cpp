@@ -14,7 +14,7 @@ constexpr std::string_view kZip64LocatorMark = "PK\6\7";
 constexpr size_t kZip64LocatorSize = 20;
 constexpr std::string_view kZip64EndMark = "PK\6\6";
 constexpr size_t kZip64EndSize = 56;
-constexpr uint64_t kInZip64 = 0xFFFF;  // the count that says: see the Zip64 record
+constexpr uint64_t kInZip64 = 0xFFFF;  // a count with this value refers to the Zip64 record
 
 uint64_t Number(std::string_view bytes, size_t at, size_t size) {
   uint64_t value = 0;
@@ -25,7 +25,7 @@ uint64_t Number(std::string_view bytes, size_t at, size_t size) {
 }  // namespace
 
 std::optional<uint64_t> CountZipEntries(my::IFileSystem& files, const std::wstring& path) {
-  // The archiver writes no comment behind the record; before it may stand the Zip64 locator.
+  // The archiver writes no comment after the record. The Zip64 locator may precede it.
   const uint64_t size = files.FileSize(path);
   if (size < kEndSize) return {};
   const uint64_t from = size - std::min<uint64_t>(size, kZip64LocatorSize + kEndSize);

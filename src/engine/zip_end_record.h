@@ -10,8 +10,9 @@ class IFileSystem;
 
 namespace qlm {
 
-// How many entries a zip file's end record counts (that of Zip64 where the file has one); nothing when the
-// file has no end record, so is no complete zip. Throws IDS_OPEN_FILE_FAILED, IDS_READ_FILE_FAILED.
+// Returns the number of entries in the end record of a zip file (the Zip64 one, if there is one). Returns
+// nullopt if there is no end record, so the zip is incomplete. Throws IDS_OPEN_FILE_FAILED,
+// IDS_READ_FILE_FAILED.
 std::optional<uint64_t> CountZipEntries(my::IFileSystem& files, const std::wstring& path);
 
 }  // namespace qlm

@@ -34,7 +34,7 @@ class IThreads {
 
   virtual ~IThreads() = default;
 
-  // Starts a thread; never null. `body` must not throw. Throws IDS_START_THREAD_FAILED.
+  // Starts a thread; never returns null. `body` must not throw. Throws IDS_START_THREAD_FAILED.
   virtual std::unique_ptr<IRunningThread> Start(std::function<void()> body, const CThreadStart& start) = 0;
 };
 

@@ -39,7 +39,7 @@ void AddOptions(CLI::App& app, COptions& options, CRawOptions& raw) {
                "zip パスワードを標準入力の 1 行目から読み込みます");
 }
 
-// Replaces the library's own English texts.
+// Replaces the English texts of the library.
 void SetTexts(CLI::App& app) {
   app.name("QuillmoorRun");
   app.failure_message([](const CLI::App*, const CLI::Error& error) {

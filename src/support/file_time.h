@@ -29,7 +29,7 @@ struct CCalendar {
 // Returns the calendar fields of a time in UTC, also for years above 9999.
 CCalendar UtcCalendar(CFileTime time);
 
-// Returns "2016-03-05T07:04:09" for "-" in the date and "T" before the time.
+// Formats date and time with these separators: "2016-03-05T07:04:09" for L'-' and L'T'.
 std::wstring CalendarText(const CCalendar& at, wchar_t inDate, wchar_t beforeTime);
 
 }  // namespace my

@@ -9,7 +9,7 @@
 namespace my {
 namespace {
 
-// The two cases of a letter share a bit, so that the set also serves expressions that ignore case.
+// Upper and lower case of a letter share a bit, so the set also serves expressions that ignore case.
 constexpr uint64_t CharacterBit(wchar_t c) {
   return uint64_t{1} << ((static_cast<uint32_t>(c) & 31) | (static_cast<uint32_t>(c) & 64) >> 1);
 }
@@ -31,7 +31,7 @@ constexpr size_t kNone = std::wstring_view::npos;
 
 size_t SkipAtom(std::wstring_view text, size_t at);
 
-// From "[" on: a plain character class.
+// Skips a character class that starts at "[".
 size_t SkipClass(std::wstring_view text, size_t at) {
   ++at;
   if (text.substr(at, 1) == L"^") ++at;
@@ -43,7 +43,7 @@ size_t SkipClass(std::wstring_view text, size_t at) {
   return kNone;
 }
 
-// From "(" on: a plain group. Others, such as a look-ahead, are not understood.
+// Skips a group that starts at "(". Groups with special syntax, such as a look-ahead, are not supported.
 size_t SkipGroup(std::wstring_view text, size_t at) {
   ++at;
   const std::wstring_view kind = text.substr(at, 2);
@@ -57,11 +57,11 @@ size_t SkipGroup(std::wstring_view text, size_t at) {
 
 size_t SkipEscape(std::wstring_view text, size_t at) {
   const std::wstring_view escape = text.substr(at, 2);
-  const bool quotes = escape == L"\\Q" || escape == L"\\E";  // what lies between is no expression
+  const bool quotes = escape == L"\\Q" || escape == L"\\E";  // the text between them is literal
   return escape.size() == 2 && !quotes ? at + 2 : kNone;
 }
 
-// Returns the position after the character, escape, class or group at `at`; kNone if it is not understood.
+// Returns the position after the character, escape, class or group at `at`; kNone if it is not supported.
 size_t SkipAtom(std::wstring_view text, size_t at) {
   switch (text[at]) {
     case L'\\': return SkipEscape(text, at);
@@ -75,7 +75,7 @@ bool IsRepeat(wchar_t c) {
   return c == L'*' || c == L'+' || c == L'?' || c == L'{';
 }
 
-// Splits at each "|" outside of groups. Empty if something is not understood.
+// Splits at each "|" outside of groups. Returns nothing if a part is not supported.
 std::vector<std::wstring_view> SplitAlternatives(std::wstring_view text) {
   std::vector<std::wstring_view> parts;
   size_t start = 0;
@@ -94,7 +94,7 @@ struct CSpan {
   size_t end = kNone;
 };
 
-// The first group that occurs exactly once in every match.
+// Returns the first group that occurs exactly once in every match.
 CSpan FindGroup(std::wstring_view text) {
   for (size_t at = 0; at < text.size();) {
     const size_t next = SkipAtom(text, at);
@@ -105,8 +105,8 @@ CSpan FindGroup(std::wstring_view text) {
   return {};
 }
 
-// Adds the expressions without groups that together mean the same: "abd" and "acd" for "a(b|c)d". Returns
-// false if something is not understood or there are too many.
+// Adds equivalent expressions without groups: "abd" and "acd" for "a(b|c)d". Returns false if something is
+// not supported or there are too many.
 bool SpellOut(std::wstring_view expression, std::vector<std::wstring>& ways) {
   constexpr size_t kMostWays = 64;
   const std::vector<std::wstring_view> parts = SplitAlternatives(expression);
@@ -131,15 +131,15 @@ bool SpellOut(std::wstring_view expression, std::vector<std::wstring>& ways) {
 // Consecutive literal characters that every match contains.
 struct CRun {
   std::wstring text;
-  bool atStart = false;  // follows a leading "^"
-  bool atEnd = false;    // precedes a final "$"
+  bool atStart = false;  // preceded by a leading "^"
+  bool atEnd = false;    // followed by a final "$"
 };
 
 }  // namespace
 
 struct CLiteralRuns {
   std::vector<CRun> runs;
-  bool others = false;  // the expression asks for more than the runs
+  bool others = false;  // the expression requires more than the runs
 };
 
 namespace {
@@ -149,7 +149,7 @@ class CExpressionReader {
  public:
   explicit CExpressionReader(std::wstring_view expression) : m_text(expression) {}
 
-  // Returns false if something is not understood.
+  // Returns false if something is not supported.
   bool Read() {
     if (Peek() == L'^') {
       ++m_at;
@@ -206,7 +206,7 @@ class CExpressionReader {
     return next != L'+' || EndOther();
   }
 
-  // Ends the run at something that is no literal, and skips its repeat.
+  // Ends the run at something that is not a literal, and skips its repeat count.
   bool EndOther() {
     m_runs.others = true;
     EndRun();
@@ -226,7 +226,7 @@ class CExpressionReader {
 
 constexpr std::wstring_view kIgnoreCase = L"(?i)";
 
-// Expressions fold the case of all letters, the prefilter that of ASCII letters only.
+// Expressions fold the case of all letters, the prefilter only that of ASCII letters.
 bool IsAscii(std::wstring_view text) {
   return std::all_of(text.begin(), text.end(), [](wchar_t c) { return c < 0x80; });
 }
@@ -268,7 +268,7 @@ CRegexPrefilter::CAlternative::CAlternative(const CLiteralRuns& runs) {
     if (run.atEnd) suffix = run.text;
     if (!run.atStart && !run.atEnd && run.text.size() > part.size()) part = run.text;
   }
-  // A run with both anchors must be the whole text, which prefix and suffix alone do not tell.
+  // A run with both anchors must equal the whole text; prefix and suffix alone cannot express that.
   const bool both = !prefix.empty() && !suffix.empty();
   complete = runs.runs.size() == 1 && !runs.others && !both;
 }

@@ -1,9 +1,8 @@
-// Decides for most texts without running a regular expression whether the expression is found in them.
-//
-// Nearly every expression holds literal characters that all of its matches contain: a text without ".bak" has
-// no match of "\.bak$". The prefilter reads these literals from the expression once. For each text it
-// compares the set of characters, as 64 bits, then prefix, suffix and one part. Only texts that pass need a
-// search, which is slow. A prefilter that does not understand an expression leaves every text to the search.
+// Decides for most texts whether a regular expression matches in them, without running the expression. Nearly
+// every expression has literal characters that all of its matches contain: a text without ".bak" has no match
+// of "\.bak$". The prefilter reads these literals from the expression once. For each text it compares the set
+// of characters, as 64 bits, then prefix, suffix and one part. Only texts that pass need the slow search. For
+// an expression that the prefilter does not support, every text needs it.
 #pragma once
 
 #include <cstdint>
@@ -15,17 +14,17 @@ namespace my {
 
 struct CLiteralRuns;
 
-// A text with what all prefilters need to know of it, found once.
+// A text with the properties that all prefilters need, computed once.
 class CPrefilterText {
  public:
   explicit CPrefilterText(std::wstring_view text);
 
   std::wstring_view Text() const { return m_text; }
 
-  // A bit for every character that occurs; some share bits, as do the cases of a letter.
+  // A bit mask of the characters in the text. Some characters share bits, as do upper and lower case.
   uint64_t Characters() const { return m_characters; }
 
-  // Whether "^" and "$" may match inside the text, at a character that expressions take for a line end.
+  // Returns whether the text has line ends, at which "^" and "$" may match.
   bool HasLineEnds() const { return m_lineEnds; }
 
   bool IsAscii() const { return m_ascii; }
@@ -43,7 +42,7 @@ class CRegexPrefilter {
 
   explicit CRegexPrefilter(std::wstring_view expression);
 
-  // Whether the expression is found in the text. UNDECIDED: only a search can tell.
+  // Returns whether the expression matches in the text; UNDECIDED if only a search can tell.
   Verdict Test(const CPrefilterText& text) const;
 
  private:
@@ -52,16 +51,16 @@ class CRegexPrefilter {
     explicit CAlternative(const CLiteralRuns& runs);
     Verdict Test(const CPrefilterText& text, bool ignoreCase) const;
 
-    uint64_t characters = 0;  // that every match contains
-    std::wstring prefix;      // that a matching text starts with
-    std::wstring suffix;      // that a matching text ends with
-    std::wstring part;        // that a matching text contains
-    bool complete = false;    // whether a text that passes these is a match
+    uint64_t characters = 0;  // in every match
+    std::wstring prefix;      // start of every matching text
+    std::wstring suffix;      // end of every matching text
+    std::wstring part;        // within every matching text
+    bool complete = false;    // whether every text that passes these is a match
   };
 
   bool m_ignoreCase = false;
-  uint64_t m_characters = 0;                 // that every match of any alternative contains
-  std::vector<CAlternative> m_alternatives;  // empty if the expression is not understood
+  uint64_t m_characters = 0;                 // in every match of any alternative
+  std::vector<CAlternative> m_alternatives;  // empty if the expression is not supported
 };
 
 }  // namespace my

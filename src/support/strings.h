@@ -40,7 +40,7 @@ constexpr bool IsSurrogate(char32_t c) {
   return c >= 0xD800 && c <= 0xDFFF;
 }
 
-// Returns the code point of a pair.
+// Returns the code point of a surrogate pair.
 constexpr char32_t CombineSurrogates(char32_t high, char32_t low) {
   return 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00);
 }

@@ -8,7 +8,7 @@
 
 namespace {
 
-// OLE, which brings COM with it, on the calling thread for as long as the object lives.
+// Keeps OLE, which includes COM, initialized on the calling thread.
 class COle {
  public:
   COle() : m_result(::OleInitialize(nullptr)) {}
@@ -26,7 +26,7 @@ class COle {
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int showCommand) {
   const COle ole;
-  ::DefWindowProcW(nullptr, 0, 0, 0);  // has the window library loaded before the first window
+  ::DefWindowProcW(nullptr, 0, 0, 0);  // loads user32 before the first window is created
   const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_BAR_CLASSES | ICC_LISTVIEW_CLASSES |
                                                            ICC_STANDARD_CLASSES | ICC_LINK_CLASS |
                                                            ICC_TAB_CLASSES};

@@ -24,13 +24,13 @@
 namespace qlm {
 namespace {
 
-// Never destroyed: a look-up on a network that does not respond may still use it while the process ends.
+// Never destroyed, because a lookup on an unresponsive network may use it while the process ends.
 my::CWin32FileSystem& Files() {
   static auto* const files = new my::CWin32FileSystem;
   return *files;
 }
 
-// What the commands know of Windows.
+// The Windows ports of the commands.
 struct CWin32Ports {
   my::CMsxmlDom dom;
   my::CWin32FileSystem& files = Files();
@@ -61,7 +61,7 @@ int RunProgram(const std::wstring& commandLine, int showCommand) {
   CDocument document;
   CMainFrame frame(loop, showCommand);
   CApplication application(ports.Ports(), settings, document, box, frame, frame.Dialogs(), commandLine);
-  // What fails in a window procedure is shown like the failure of a command.
+  // Failures in window procedures are shown like those of commands.
   const my::CFailureHandler before =
       my::SetFailureHandler([&](std::exception_ptr failure) { application.ShowFailure(failure); });
   if (frame.Create(application)) {

@@ -4,9 +4,9 @@
 
 namespace qlm {
 
-// Runs the desktop program on the calling thread, which has OLE and the common controls, until its main
-// window is gone. `commandLine` is that of the process, `showCommand` how the window is to appear. Answers
-// the exit code.
+// Runs the desktop program on the calling thread until its main window is destroyed, and returns the exit
+// code. OLE and the common controls must be initialized. `commandLine` is that of the process, `showCommand`
+// an SW_ value.
 int RunProgram(const std::wstring& commandLine, int showCommand);
 
 }  // namespace qlm

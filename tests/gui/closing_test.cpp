@@ -1,4 +1,4 @@
-// The end of the session and of the program, as the system and the user ask for it.
+// The end of the session and of the program.
 
 #include "gui/gui_app.h"
 #include "support/fake_windows.h"
@@ -42,7 +42,7 @@ TEST_F(Closing, end_of_session_or_program_stores_what_open_windows_remember) {
   const my::CRect normal = my::WindowBounds(a.frame->Hwnd());
   a.Do(ID_FULL_SCREEN);
   EndSession(true);
-  EndSession(true);  // a second look must not find the window changed by the first
+  EndSession(true);  // repeated: the first call must not have changed the window
   a.Start();
   const CSettings& settings = a.app->Settings();
   EXPECT_EQ(settings.resultDlg.rect, (my::CRect{30, 40, 1030, 640}));
@@ -96,7 +96,7 @@ TEST_F(Closing, box_over_the_results_keeps_the_user_out_of_the_main_window) {
     const HWND box = ::GetActiveWindow();
     if (box == frame || !::GetDlgItem(box, IDCANCEL) || ::GetDlgItem(box, IDC_RESULT_LIST)) return;
     wasEnabled = ::IsWindowEnabled(frame);
-    ::SendMessageW(frame, WM_CLOSE, 0, 0);  // of the task manager
+    ::SendMessageW(frame, WM_CLOSE, 0, 0);  // sent by the task manager
     ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
   };
   const UINT_PTR timer = ::SetTimer(nullptr, 0, 20, answer);

@@ -14,20 +14,20 @@ CPixels PixelsOf(HWND window) {
   ::UpdateWindow(window);
   test::Pump();
   const my::CPixelBitmap copy(test::Size(window));
-  const HDC dc = ::GetDCEx(window, nullptr, DCX_CACHE);  // with its children
+  const HDC dc = ::GetDCEx(window, nullptr, DCX_CACHE);  // includes child windows
   ::BitBlt(copy.Dc(), 0, 0, copy.Size().cx, copy.Size().cy, dc, 0, 0, SRCCOPY);
   ::ReleaseDC(window, dc);
   ::GdiFlush();
   return {copy.Pixels().begin(), copy.Pixels().end()};
 }
 
-// A main view in a frame of its own.
+// A main view in a frame window.
 struct Design : testing::Test {
   ~Design() override { ::DestroyWindow(frame); }
 
   HWND ViewOfApp() const { return ::GetDlgItem(a.frame->Hwnd(), IDC_SPLITTER); }
 
-  // In the design page of the settings; the sheet has to be closed.
+  // Calls `user` with the open design page; it must close the sheet.
   void InPage(const std::function<void(HWND sheet, HWND page)>& user) {
     a.DoWithDialog(ID_DESIGN, [&](HWND sheet) { user(sheet, test::ChildWith(sheet, IDC_BRUSH_TYPE)); });
   }
@@ -54,7 +54,7 @@ TEST_F(Design, choices_show_at_once_and_are_taken_back) {
   };
   InPage([&](HWND sheet, HWND page) {
     for (int type = 1; type <= static_cast<int>(BrushType::INTERLACE); ++type) {
-      if (type == static_cast<int>(BrushType::CUSTOM_BK)) continue;  // has no picture
+      if (type == static_cast<int>(BrushType::CUSTOM_BK)) continue;  // needs an image file
       Choose(page, IDC_BRUSH_TYPE, type);
       expectChange("brush");
     }
@@ -67,7 +67,7 @@ TEST_F(Design, choices_show_at_once_and_are_taken_back) {
     test::Click(page, IDC_SHOW_DESCRIPTION);
     expectChange("description");
     Choose(page, IDC_IMAGE_TYPE, static_cast<int>(BkImgType::CUSTOM));
-    ::SetFocus(::GetDlgItem(page, IDC_IMAGE_PATH));  // which it loses as the sheet goes
+    ::SetFocus(::GetDlgItem(page, IDC_IMAGE_PATH));  // it loses the focus when the sheet closes
     test::Click(sheet, IDCANCEL);
   });
   EXPECT_EQ(PixelsOf(ViewOfApp()), first);
@@ -153,7 +153,7 @@ TEST_F(Design, background_stands_still_while_rows_and_panes_move) {
   design.bkBrushType = BrushType::CHECK;
   Show(design);
   const HWND list = view.Tasks().List().Hwnd();
-  // Right of the columns' texts.
+  // An area to the right of the column texts.
   const auto strip = [&] {
     ::UpdateWindow(frame);
     test::Pump();

@@ -1,4 +1,4 @@
-// The program on the real ports but without its main window: who uses it is played by a script.
+// The program on the real ports, without its main window. A script plays the user.
 #pragma once
 
 #include "app/application.h"
@@ -13,7 +13,7 @@
 
 namespace test {
 
-// `TFiles` is the disk: the real one, or one in memory.
+// `TFiles` is the file system: the real one or one in memory.
 template <class TFiles>
 struct CDialogAppOn : CWin32Ports {
   TFiles files;
@@ -41,7 +41,7 @@ struct CDialogAppOn : CWin32Ports {
   qlm::CAppContext& Context() { return app.Context(); }
   qlm::CSettings& Settings() { return app.Settings(); }
 
-  // Whether the last message box since the last question has the text.
+  // Returns whether the last message box since the last call had this text.
   bool Said(uint32_t id) {
     const auto boxes = std::exchange(dialogs.boxes, {});
     return !boxes.empty() && boxes.back().find(texts.Text(id)) != std::wstring::npos;

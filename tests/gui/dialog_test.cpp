@@ -44,7 +44,7 @@ struct Dialog : testing::Test {
     const RECT inner = Bounds(dialog.Item(id));
     return {outer.right - inner.right, outer.bottom - inner.bottom};
   }
-  // As the system does when the window, which has `bounds` at 96 DPI, comes to a screen of this DPI.
+  // Sends what the system sends when a window with these bounds at 96 DPI moves to a screen with this DPI.
   void SetDpi(RECT bounds, UINT dpi) const {
     bounds.right = bounds.left + Scale(bounds.right - bounds.left, dpi);
     bounds.bottom = bounds.top + Scale(bounds.bottom - bounds.top, dpi);

@@ -1,4 +1,4 @@
-// The dialogs of one task and of one destination, on a disk in memory.
+// The task dialog and the destination dialog, with a file system in memory.
 #include <gtest/gtest.h>
 
 #include "control_ids.h"
@@ -24,13 +24,13 @@ struct EditDialogs : testing::Test, test::CDialogAppOn<test::CMemoryFileSystem> 
   static void Choose(const my::CDialog& dialog, DstType type) {
     test::Choose(dialog.Hwnd(), IDC_DST_TYPE, static_cast<int>(type));
   }
-  // Of the menu beside the pattern.
+  // Inserts the token from the menu next to the pattern.
   static void InsertToken(const my::CDialog& dialog) {
     ::SendMessageW(dialog.Hwnd(), WM_COMMAND, IDC_DST_TOKEN_FIRST, 0);
   }
   static bool HasFocus(const my::CDialog& dialog, int id) { return ::GetFocus() == dialog.Item(id); }
 
-  // What OK is refused with, and the control that has the focus then.
+  // Returns the message with which OK is refused, and the control with the focus then.
   std::pair<std::wstring, int> Refused(const my::CDialog& dialog) {
     dialogs.boxes.clear();
     ::SetFocus(dialog.Item(IDCANCEL));

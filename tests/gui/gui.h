@@ -1,4 +1,4 @@
-// What the tests of windows share.
+// Helpers for tests of windows.
 #pragma once
 
 #include <windows.h>
@@ -15,7 +15,7 @@
 
 namespace test {
 
-// Messages that are waiting, but no longer than it takes.
+// Handles the waiting messages, for a limited time.
 inline void Pump() {
   MSG message;
   while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
@@ -24,7 +24,7 @@ inline void Pump() {
   }
 }
 
-// Handles messages until something has come true; gives up, and answers false, after 20 s.
+// Handles messages until the test returns true. Returns false after 20 s.
 template <class Test>
 bool PumpUntil(Test test) {
   const ULONGLONG end = ::GetTickCount64() + 20'000;
@@ -35,7 +35,7 @@ bool PumpUntil(Test test) {
   return test();
 }
 
-// The modeless dialog that a command has opened.
+// Returns the modeless dialog that has this control.
 inline HWND DialogWith(int controlId) {
   struct CSearch {
     int id;
@@ -50,7 +50,7 @@ inline HWND DialogWith(int controlId) {
   return search.found;
 }
 
-// The child that holds a control; null when there is none.
+// Returns the child window that contains the control; null if there is none.
 inline HWND ChildWith(HWND parent, int id) {
   HWND child = ::GetWindow(parent, GW_CHILD);
   while (child && !::GetDlgItem(child, id)) child = ::GetWindow(child, GW_HWNDNEXT);
@@ -72,8 +72,8 @@ inline void Resize(HWND window, int width, int height) {
   ::SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// Wine does not count for GetGuiResources; there the slots of its table of GDI objects can be asked one by
-// one.
+// Counts GDI objects. GetGuiResources does not work under Wine, where each slot of the GDI table can be
+// queried instead.
 inline DWORD GdiObjects() {
   DWORD count = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS);
   if (count != 0) return count;
@@ -82,7 +82,7 @@ inline DWORD GdiObjects() {
   return count;
 }
 
-// There only windows are counted.
+// Under Wine only windows are counted.
 inline DWORD UserObjects() {
   DWORD count = ::GetGuiResources(::GetCurrentProcess(), GR_USEROBJECTS);
   const auto countOne = [](HWND, LPARAM sum) -> BOOL { return ++*reinterpret_cast<DWORD*>(sum) != 0; };
@@ -96,7 +96,7 @@ inline std::wstring CellOf(HWND list, int row, int column) {
   return text;
 }
 
-// As if the user did it. A control that is disabled is left alone.
+// Clicks a control like a user; does nothing if it is disabled.
 inline void Click(HWND dialog, int id) {
   const HWND control = ::GetDlgItem(dialog, id);
   if (::IsWindowEnabled(control)) ::SendMessageW(control, BM_CLICK, 0, 0);
@@ -104,7 +104,8 @@ inline void Click(HWND dialog, int id) {
 
 inline void Type(HWND dialog, int id, const wchar_t* text) {
   HWND edit = ::GetDlgItem(dialog, id);
-  if (const HWND inner = ::FindWindowExW(edit, nullptr, L"Edit", nullptr)) edit = inner;  // of a combo box
+  if (const HWND inner = ::FindWindowExW(edit, nullptr, L"Edit", nullptr))
+    edit = inner;  // the edit control of a combo box
   if (!::IsWindowEnabled(edit)) return;
   ::SendMessageW(edit, EM_SETSEL, 0, -1);
   ::SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text));
@@ -141,7 +142,7 @@ inline void FocusRow(HWND list, int row) {
   ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
 }
 
-// Sends the dialog through screens of several DPI, as the system does when it is moved there.
+// Moves the dialog through several DPI as the system does.
 template <class Check>
 void AtEveryDpi(HWND dialog, Check check) {
   const SIZE size = Size(dialog);
@@ -152,7 +153,7 @@ void AtEveryDpi(HWND dialog, Check check) {
   }
 }
 
-// The labels and buttons below `window` whose texts do not fit.
+// Returns the labels and buttons below `window` whose texts do not fit.
 inline std::vector<std::wstring> Clipped(HWND window) {
   std::vector<std::wstring> clipped;
   const my::CWindowDc dc(nullptr);

@@ -1,4 +1,4 @@
-// The whole program with its real windows in the test's process, and a script in place of the user.
+// The whole program with its real windows in the test process, and a script that plays the user.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -29,7 +29,7 @@
 
 namespace test {
 
-// Keeps what is asked, and answers from a queue; a question without an answer is cancelled.
+// Records questions and answers them from a queue; without an answer it cancels.
 struct CScriptedBox : my::IMessageBox {
   my::BoxButton Show(const std::wstring& text, const std::wstring&, my::BoxStyle style) override {
     texts.push_back(text);
@@ -56,7 +56,7 @@ class CGuiApp : public CWin32Ports {
   CGuiApp() { Start(); }
   ~CGuiApp() { my::SetFailureHandler(nullptr); }
 
-  // A new start of the program on what the last one left.
+  // Restarts the program with the files of the previous run.
   void Start(const std::wstring& documentPath = {}) {
     app.reset();
     settings = qlm::CSettings(clock.TickCount());
@@ -73,11 +73,11 @@ class CGuiApp : public CWin32Ports {
     Pump();
   }
 
-  // Closes the window as a user does, edits lost.
+  // Closes the window and discards edits.
   void Quit() {
     box.answers = {true, true};
     ::SendMessageW(frame->Hwnd(), WM_CLOSE, 0, 0);
-    Pump();  // the message that ends the loop
+    Pump();  // handles the message that ends the loop
   }
 
   void Do(int id) {
@@ -85,7 +85,7 @@ class CGuiApp : public CWin32Ports {
     Pump();
   }
 
-  // Does what opens a modal dialog, and plays the user in it, who must close it.
+  // Executes a command that opens a modal dialog, and calls `user` with the dialog, which it must close.
   void DoWithDialog(int id, std::function<void(HWND)> user) {
     m_user = std::move(user);
     m_patience = 500;
@@ -139,7 +139,7 @@ class CGuiApp : public CWin32Ports {
   CScratchFolder scratch;
   my::CMsxmlDom dom;
   my::CWin32Threads threads;
-  my::IThreads* worker = &threads;  // of the next start
+  my::IThreads* worker = &threads;  // used by the next start
   CScratchFolders folders{scratch.path};
   CFakePower power;
   my::CWin32Hash hash;
@@ -168,7 +168,7 @@ class CGuiApp : public CWin32Ports {
 
   inline static CGuiApp* s_current = nullptr;
   std::function<void(HWND)> m_user;
-  int m_patience = 0;  // so often is a dialog that is there after its user looked at
+  int m_patience = 0;  // how often `user` is called again for a dialog that is still open
 };
 
 }  // namespace test

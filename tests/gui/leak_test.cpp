@@ -25,7 +25,7 @@ TEST(Leaks, every_dialog_of_the_main_window_leaves_the_counts_where_they_were) {
       }
       a.DoWithDialog(id, [](HWND dialog) { ::SendMessageW(dialog, WM_COMMAND, IDCANCEL, 0); });
     };
-    for (int i = 0; i < 3; ++i) open();  // what the system keeps for good
+    for (int i = 0; i < 3; ++i) open();  // warm-up: objects that the system keeps
     const DWORD gdi = test::GdiObjects();
     const DWORD user = test::UserObjects();
     for (int i = 0; i < 12; ++i) open();

@@ -32,9 +32,9 @@ void PressWithControl(HWND control, WPARAM key) {
   ::SetKeyboardState(keys);
 }
 
-// The program on a disk in memory.
+// The program with a file system in memory.
 struct ListDialogs : testing::Test, test::CDialogAppOn<test::CMemoryFileSystem> {
-  // Three entries, of which the filter excludes the last, and a folder that could not be read.
+  // Three entries, the last of them excluded, and one unlisted folder.
   CResultPtr MakeResult() {
     auto filter = boost::make_shared<CFilter>();
     filter->Parse({L"- [.]bak$"}, texts);
@@ -117,9 +117,9 @@ TEST_F(ListDialogs, targets_are_found_shown_and_copied) {
   Type(dialog.Hwnd(), IDC_TARGET_SEARCH, L"a.b");
   EXPECT_EQ(Selected(list), 2);
   Type(dialog.Hwnd(), IDC_TARGET_SEARCH, L"DOCS");
-  EXPECT_EQ(Selected(list), 2);  // where it still fits
+  EXPECT_EQ(Selected(list), 2);  // still matches
   PressKey(dialog.Item(IDC_TARGET_SEARCH), VK_F3);
-  EXPECT_EQ(Selected(list), 0);  // around the end
+  EXPECT_EQ(Selected(list), 0);  // wraps around
   Type(dialog.Hwnd(), IDC_TARGET_SEARCH, L"nowhere");
   EXPECT_EQ(dialog.ItemText(IDC_TARGET_FOUND), texts.Text(IDS_TARGET_NOT_FOUND));
 
@@ -134,7 +134,7 @@ TEST_F(ListDialogs, targets_are_found_shown_and_copied) {
   EXPECT_EQ(LastCall(), L"Run EXPLORER.EXE /n,/select,\"C:\\backup\\work_1\\docs\\a.txt\"");
 }
 
-// What a timer does to the targets above the results.
+// Closes the target dialog above the results.
 VOID CALLBACK CloseTargets(HWND results, UINT, UINT_PTR timer, DWORD) {
   const HWND targets = ::GetLastActivePopup(results);
   if (!::GetDlgItem(targets, IDC_TARGET_LIST)) return;
@@ -180,7 +180,7 @@ TEST_F(ListDialogs, results_follow_a_run_and_are_opened_and_saved) {
   EXPECT_TRUE(::IsWindowEnabled(owner.Hwnd()));
 }
 
-// No control lies over another one or outside.
+// Checks that no control overlaps another one or exceeds the dialog.
 void CheckPlaces(const my::CDialog& dialog) {
   RECT client{};
   ::GetClientRect(dialog.Hwnd(), &client);

@@ -60,7 +60,7 @@ TEST_F(ListView, selection_and_focus_stay_while_rows_come_and_go) {
   view.Refresh();
   EXPECT_EQ(view.Selection(), (std::vector<size_t>{3, 7}));
   EXPECT_EQ(view.Focused(), 7u);
-  ListView_SetItemState(view.Hwnd(), 1, LVIS_SELECTED, LVIS_SELECTED);  // as the user does
+  ListView_SetItemState(view.Hwnd(), 1, LVIS_SELECTED, LVIS_SELECTED);  // as a user would
   EXPECT_EQ(selections, 1);
   rows.count = 0;
   view.Refresh();

@@ -19,7 +19,7 @@ void CollectIds(HMENU menu, std::set<int>& ids) {
   }
 }
 
-// Of the menus, the keys and the buttons, but for what opens modal dialogs or ends the program.
+// The ids of menus, keys and buttons, except commands that open modal dialogs or end the program.
 std::set<int> CommandIds(HWND frame) {
   std::set<int> ids;
   CollectIds(::GetMenu(frame), ids);
@@ -172,7 +172,7 @@ TEST(MainFrame, file_is_dropped_on_the_row_below_the_pointer) {
     ::SendMessageW(a.frame->Hwnd(), WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
   };
   drop(L"C:\\x.FLT");
-  ::EnableWindow(a.frame->Hwnd(), FALSE);  // by a modal dialog
+  ::EnableWindow(a.frame->Hwnd(), FALSE);  // as a modal dialog does
   drop(L"C:\\y.FLT");
   EXPECT_EQ(a.Cell(IDC_TASK_LIST, 1, 2), L"C:\\x.FLT");
 }

@@ -1,4 +1,4 @@
-// The built program, from outside: a window of another process that gets messages.
+// Tests the built program in its own process, by messages to its windows.
 #include <gtest/gtest.h>
 
 #include "control_ids.h"
@@ -58,7 +58,7 @@ TEST(Program, opens_the_document_of_its_command_line_runs_it_by_a_key_and_quits)
   const std::wstring copied = scratch.At(L"out\\backup\\a.txt");
   ASSERT_TRUE(test::PumpUntil([&] { return scratch.files.Kind(copied) == my::PathKind::FILE; }));
   EXPECT_EQ(scratch.files.ReadFile(copied, 100), "content");
-  // "1 / 1  正常終了 ..." is seen as the bar that has come to its end.
+  // The full bar means "1 / 1  正常終了 ...".
   const HWND bar = ::GetDlgItem(::GetDlgItem(window, IDC_STATUS_BAR), IDC_PROGRESS);
   EXPECT_TRUE(test::PumpUntil([&] { return ::SendMessageW(bar, PBM_GETPOS, 0, 0) == 1; })) << "state 375";
   ::PostMessageW(window, WM_CLOSE, 0, 0);

@@ -74,10 +74,10 @@ TEST_F(SettingsDialogs, replacement_is_previewed_as_it_is_typed_and_committed) {
   EXPECT_EQ(app.Document().Tasks()[0]->id, L"x1");
   EXPECT_EQ(replace.Hwnd(), nullptr);
   EXPECT_NE(Settings().replaceDlg.rect, my::CRect{});
-  replace.Refresh();  // as the document tells of its change
+  replace.Refresh();  // as on a document change
 }
 
-// As the system's combo box, which completes its text when its size changes.
+// Imitates the system's combo box, which completes its text when its size changes.
 LRESULT CALLBACK CompleteText(HWND combo, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
   const LRESULT result = ::DefSubclassProc(combo, message, wParam, lParam);
   if (message != WM_SIZE && message != WM_SETFONT) return result;
@@ -115,7 +115,7 @@ TEST_F(SettingsDialogs, refused_replacement_stays_open_at_the_text_to_blame) {
   EXPECT_EQ(replace.ItemText(IDC_REPLACE_STATUS), L"");
   Click(replace.Hwnd(), IDOK);
   EXPECT_TRUE(Said(IDS_ID_EMPTY) && hasFocus(IDC_REPLACE_DST));
-  ::DestroyWindow(replace.Hwnd());  // with the main window
+  ::DestroyWindow(replace.Hwnd());  // as when the main window is destroyed
   EXPECT_FALSE(app.Replace().IsOpen() || IsPreviewed());
   OpenReplace();
   EXPECT_EQ(replace.ItemText(IDC_REPLACE_SRC), L".*");
@@ -138,7 +138,7 @@ TEST_F(SettingsSheet, stores_when_confirmed_and_only_then) {
     EXPECT_FALSE(::IsWindowEnabled(sheet.Item(IDC_APPLY)));
     Type(page, IDC_ARCHIVER_PATH, L" \"C:\\7z.exe\" ");
     Choose(page, IDC_POWER_OFF_TYPE, static_cast<int>(PowerOffType::SLEEP));
-    Click(page, IDC_HYBRID_SHUTDOWN);  // means nothing to sleeping
+    Click(page, IDC_HYBRID_SHUTDOWN);  // has no effect on sleep
     Choose(page, IDC_PASSWORD_TYPE, static_cast<int>(PasswordType::SAVE));
     EXPECT_EQ(TextOf(page, IDC_PASSWORD_DESC), texts.Text(IDS_PASSWORD_DESC_SAVE));
     Type(page, IDC_PASSWORD, L"a b");

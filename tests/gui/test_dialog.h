@@ -1,4 +1,4 @@
-// Shared with the resource compiler.
+// Also included by the resource compiler.
 #ifndef QUILLMOOR_TEST_DIALOG_H
 #define QUILLMOOR_TEST_DIALOG_H
 

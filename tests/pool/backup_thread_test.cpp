@@ -13,7 +13,7 @@ namespace {
 
 constexpr my::CFileTime kTime{131'016'350'490'000'000};
 
-// Keeps what a window would show.
+// Records what a window would show.
 class CShown : public qlm::IRunObserver {
  public:
   void OnResults(size_t firstRow, const qlm::CResults& changed) override {
@@ -55,7 +55,7 @@ class BackupThread : public testing::Test {
     }
   }
 
-  // Lets the archiver wait until `release` is set, and succeed.
+  // Blocks the archiver until `release` is set; it then succeeds.
   void HoldArchiver(std::promise<void>& entered, std::shared_future<void> release) {
     process.OnRun([this, &entered, release](const my::CProcessStart& start) {
       entered.set_value();

@@ -26,7 +26,7 @@ const my::CComApartment com;
 
 class MsxmlDom : public testing::Test {
  protected:
-  // The message id and the text of what loading the bytes throws; 0 for none.
+  // Returns the message id and text thrown when loading the bytes; 0 for none.
   uint32_t LoadFailure(const std::string& bytes) {
     const std::wstring path = m_scratch.At(L"in.qlmr");
     if (m_scratch.files.Kind(path) == my::PathKind::FILE) m_scratch.files.RemoveFile(path);
@@ -101,14 +101,14 @@ TEST(Win32AnsiCodec, invalid_bytes_are_marked_and_the_others_kept) {
   const my::CWin32AnsiCodec shiftJis(932);
   EXPECT_EQ(shiftJis.Decode("\x93\xFA\x96\x7B\x8C\xEA \xB1"), L"日本語 ｱ");
   EXPECT_EQ(shiftJis.Decode("a\xFF\x93\xFA\x81"), L"a\xFFFD日\xFFFD");
-  const my::CWin32AnsiCodec utf8(65001);  // a user may make it the system's code page
+  const my::CWin32AnsiCodec utf8(65001);  // users can make it the system's code page
   EXPECT_EQ(utf8.Decode("\xFF\xC3\xA9\xE6\x97\xA5\xF0\xA0\xAE\xB7\xE6\x97z"), L"\xFFFDé日𠮷\xFFFD\xFFFDz");
-  if (!::IsValidCodePage(54936)) return;  // Wine has it not
+  if (!::IsValidCodePage(54936)) return;  // missing in Wine
   const my::CWin32AnsiCodec gb18030(54936);
   EXPECT_EQ(gb18030.Decode("\xFF\xC8\xD5\x95\x34\xB2\x35z"), L"\xFFFD日𠮷z");
 }
 
-// The suite sets a time zone of +05:45 here, in which every field but the second differs.
+// The suite sets the time zone +05:45, in which every field except the second differs from UTC.
 TEST(Win32Clock, converts_to_local_time_and_refuses_what_is_none) {
   const my::CWin32Clock clock;
   const my::CFileTime time{130'960'799'580'000'000};

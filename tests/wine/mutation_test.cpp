@@ -19,13 +19,13 @@ namespace {
 const my::CComApartment com;
 my::CMsxmlDom dom;
 
-// Every path of this disk reads as the bytes of the moment.
+// Every path of this disk has the current bytes as content.
 struct COneFile : my::CWin32FileSystem {
   std::string ReadFile(const std::wstring&, uint64_t, uint64_t) override { return bytes; }
   std::string bytes;
 };
 
-// What hurts parsers and value codecs.
+// Typical input that breaks parsers.
 std::vector<std::string> Insertions() {
   std::istringstream words(
       "<!DOCTYPE a [<!ENTITY b SYSTEM 'file:///c:/windows/win.ini'>]>~&b;~&#0;~&#x110000;~<![CDATA[~]]>~<!--~"
@@ -51,7 +51,7 @@ void Mutate(std::string& bytes, std::mt19937& random) {
   }
 }
 
-// Mutations of a file load or are refused with an exception of the program.
+// A mutated file must load or be refused with an exception of the program.
 template <class Load>
 void SurvivesMutations(const std::string& golden, Load load) {
   const std::string original = test::Golden(golden);

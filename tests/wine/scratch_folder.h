@@ -8,7 +8,7 @@
 
 namespace test {
 
-// An empty folder on the real disk for one test; it goes away with the object.
+// An empty folder on the real disk for one test, deleted with the object.
 class CScratchFolder {
  public:
   CScratchFolder() {
@@ -20,7 +20,7 @@ class CScratchFolder {
     try {
       files.RemoveFolder(path);
     } catch (const my::CException&) {
-      // Another program may look at it just now; the next prefix is without it.
+      // Another program may have it open; the next test starts with a new prefix.
     }
   }
   CScratchFolder(const CScratchFolder&) = delete;

@@ -15,7 +15,7 @@ namespace {
 using my::CException;
 using my::PathKind;
 
-// The message id and the system's code of what the work throws.
+// Returns the message id and the system error that `work` throws.
 template <class Work>
 std::pair<uint32_t, uint32_t> Failure(Work work) {
   try {
@@ -28,7 +28,7 @@ std::pair<uint32_t, uint32_t> Failure(Work work) {
 
 using Code = std::pair<uint32_t, uint32_t>;
 
-// Holds a file so that nobody else may open it.
+// Opens a file without sharing.
 my::CKernelHandle Lock(const std::wstring& path) {
   return my::CKernelHandle(
       ::CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));

@@ -20,7 +20,7 @@ namespace {
 
 using namespace std::string_literals;
 
-// The handles that are open, by asking for each: Wine answers 0 to GetProcessHandleCount.
+// Returns the number of open handles by testing each: GetProcessHandleCount returns 0 under Wine.
 int HandleCount() {
   int count = 0;
   DWORD flags = 0;
@@ -85,7 +85,7 @@ TEST(Win32Process, program_gets_what_it_is_started_with) {
   EXPECT_EQ(my::CWin32Process().Run(start), my::IProcess::kStillActive);
 }
 
-// The manifest of a program beside this one.
+// Returns the manifest of a program in the same folder.
 std::string Manifest(const wchar_t* program) {
   const std::wstring path = my::JoinPath(my::CWin32KnownFolders().ProgramFolder(), program);
   const HMODULE module = ::LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
@@ -112,7 +112,7 @@ TEST(Win32Hash, md5_of_something_and_of_nothing) {
   EXPECT_EQ(hash.Md5({}), "\xd4\x1d\x8c\xd9\x8f\x00\xb2\x04\xe9\x80\x09\x98\xec\xf8\x42\x7e"s);
 }
 
-// The bytes of the shell's list of a path.
+// Returns the ID list of a path.
 my::CShellIdList IdList(const std::wstring& path) {
   ITEMIDLIST* const list = ::ILCreateFromPathW(path.c_str());
   const auto* const bytes = reinterpret_cast<const std::byte*>(list);

@@ -6,7 +6,7 @@
 
 namespace my {
 
-// Returns the error of the call that has just failed. To be called before any other function of the system.
+// Returns the error of the last failed call. Must be called before any other system function.
 inline CSystemError LastError() {
   return CSystemError::FromWin32(::GetLastError());
 }

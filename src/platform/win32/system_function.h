@@ -4,9 +4,9 @@
 
 namespace my {
 
-// Returns a function of a system library, null if this version of the system lacks it. The library is taken
-// from the system's folder only and stays loaded. `Function` is a type such as `UINT WINAPI(HWND)`. Callers
-// keep the result.
+// Returns a function of a system library; null if this version of the system lacks it. The library is loaded
+// from the system folder only and stays loaded. `Function` is a type such as `UINT WINAPI(HWND)`. Callers
+// should keep the result.
 template <class Function>
 Function* SystemFunction(const wchar_t* library, const char* name) {
   const HMODULE module = ::LoadLibraryExW(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);

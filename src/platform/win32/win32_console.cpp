@@ -21,7 +21,7 @@ HANDLE Handle(IConsole::Stream stream) {
   return ::GetStdHandle(stream == IConsole::Stream::OUTPUT ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
 }
 
-// Writes all of a text or of bytes with a function of the system that may write less, or fail.
+// Writes all of `rest` by repeated calls, because a call may write only a part or fail.
 void WriteAll(HANDLE handle, auto rest, auto write) {
   DWORD written = 0;
   while (!rest.empty() && write(handle, rest.data(), static_cast<DWORD>(rest.size()), &written, nullptr) &&

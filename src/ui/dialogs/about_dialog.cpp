@@ -14,7 +14,7 @@
 namespace qlm {
 namespace {
 
-// Shared: not to be destroyed.
+// Returns a shared icon, which must not be destroyed.
 HICON IconOf(HWND window) {
   if (const LRESULT icon = ::SendMessageW(window, WM_GETICON, ICON_BIG, 0))
     return reinterpret_cast<HICON>(icon);

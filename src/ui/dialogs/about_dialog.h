@@ -1,4 +1,4 @@
-// What program this is.
+// The about dialog: name, version and home page of the program.
 #pragma once
 
 #include "ui/framework/dialog.h"
@@ -7,7 +7,7 @@ namespace qlm {
 
 struct CAppContext;
 
-// Shows the icon of the window that it belongs to.
+// Shows the icon of its owner window.
 class CAboutDialog : public my::CDialog {
  public:
   explicit CAboutDialog(CAppContext& context);

@@ -21,7 +21,7 @@ void CClosingDialog::Show(const std::wstring& text, const std::wstring& path) co
   ShowText(IDC_CLOSING_PATH, path);
 }
 
-// A text that is set again would flicker.
+// Sets the text only if it differs, to avoid flicker.
 void CClosingDialog::ShowText(int id, const std::wstring& text) const {
   if (ItemText(id) != text) SetItemText(id, text);
 }

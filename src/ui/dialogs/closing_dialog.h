@@ -7,12 +7,12 @@
 
 namespace qlm {
 
-// Stays, without a way to close it, while the program waits for a run to end before it ends itself.
+// Shown while the program waits for a run to end before it exits. The user cannot close it.
 class CClosingDialog final : public my::CDialog {
  public:
   CClosingDialog() : CDialog(IDD_CLOSING) {}
 
-  // `text` says what is waited for, `path` is what is being written; both may be shown again at every tick.
+  // `text` is what is waited for, `path` what is being written. May be called on every tick.
   void Show(const std::wstring& text, const std::wstring& path) const;
 
  protected:

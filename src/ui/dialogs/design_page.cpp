@@ -41,7 +41,7 @@ bool Names(const my::CException& failure, const std::wstring& path) {
   return std::find(args.begin(), args.end(), my::CMsgArg(path)) != args.end();
 }
 
-// The system's dialog, which keeps the user's own colours as long as the program runs.
+// Shows the system's colour dialog, which keeps the custom colours until the program ends.
 std::optional<my::CColor> AskColor(HWND owner, my::CColor color) {
   static COLORREF custom[16] = {};
   CHOOSECOLORW choice{};
@@ -83,7 +83,8 @@ void CDesignPage::Store(CSettings& settings) {
   settings.design = m_design;
 }
 
-// A picture that was accepted before may be on a drive that is away now; only a new one is refused.
+// Checks the image paths. Only a changed one is refused: an accepted picture may be on a drive that is
+// disconnected now.
 void CDesignPage::Check(const CDesignSetting& design, bool newBrush, bool newImage) {
   try {
     m_preview(design);
@@ -94,7 +95,7 @@ void CDesignPage::Check(const CDesignSetting& design, bool newBrush, bool newIma
     if (isBrush ? newBrush : newImage) throw;
     if (!isBrush || !newImage) return;
   }
-  // The missing brush may have hidden what is wrong with the image.
+  // The failure of the brush may have hidden a failure of the image.
   CDesignSetting withoutBrush = design;
   withoutBrush.bkBrushType = BrushType::DEFAULT;
   Check(withoutBrush, false, true);
@@ -152,7 +153,7 @@ void CDesignPage::OnChosen() {
   Edited();
 }
 
-// A half-typed path may be that of a slow server: it is looked at when the user goes on.
+// The path is not checked while it is being typed, because an incomplete one may name a slow server.
 bool CDesignPage::OnPath(int id, int code) {
   if (code == EN_CHANGE) {
     (id == IDC_BRUSH_PATH ? m_design.bkBrushPath : m_design.bkImgPath) = PathIn(id);
@@ -204,7 +205,7 @@ void CDesignPage::Edited() {
   ReportChange();
 }
 
-// What is wrong with it the user is told when it is to be kept.
+// Errors are reported only when the design is stored.
 void CDesignPage::Show() {
   try {
     m_preview(m_design);
@@ -239,7 +240,7 @@ my::CColor& CDesignPage::ColorOf(int id) {
   return id == IDC_TEXT_COLOR ? m_design.textColor : m_design.bkBrushColor;
 }
 
-// Without the quotation marks that a path copied from the file manager has.
+// Returns the path without the quotation marks that the file manager adds when copying it.
 std::wstring CDesignPage::PathIn(int id) const {
   const std::wstring text = ItemText(id);
   return std::wstring(my::Trim(text, L" \t\r\n\""));

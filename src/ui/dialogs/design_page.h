@@ -1,4 +1,4 @@
-// The colours, the background and the image of the main view.
+// The page for colours, background and image of the main view.
 #pragma once
 
 #include <functional>
@@ -10,12 +10,12 @@ namespace qlm {
 
 struct CAppContext;
 
-// What the user chooses is shown in the main window at once; the sheet restores it when it is cancelled.
+// Changes are previewed in the main window at once; the sheet restores the design when cancelled.
 class CDesignPage : public CSettingsPage {
  public:
   using FPreview = std::function<void(const CDesignSetting&)>;
 
-  // `preview` shows a design; throws IDS_IMAGE_NOT_READ.
+  // `preview` shows a design; it throws IDS_IMAGE_NOT_READ.
   CDesignPage(CAppContext& context, FPreview preview);
 
   std::wstring Title() const override;
@@ -45,7 +45,7 @@ class CDesignPage : public CSettingsPage {
   CAppContext& m_context;
   FPreview m_preview;
   CDesignSetting m_design;
-  int m_refused = 0;  // the control with what could not be stored
+  int m_refused = 0;  // the control with the refused value
 };
 
 }  // namespace qlm

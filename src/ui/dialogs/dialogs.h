@@ -23,16 +23,16 @@ class CResultListModel;
 struct CAppContext;
 struct CDesignSetting;
 
-// The program's dialogs, over the window that is active: those that the commands ask for, and the others.
+// Opens the dialogs of the program, owned by the active window: those that commands need, and the others.
 class CDialogs : public IDialogs {
  public:
   explicit CDialogs(my::CAutoMessageLoop& loop);
   ~CDialogs() override;
 
-  // To be called before any other function.
+  // Must be called before any other function.
   void SetOwner(HWND owner, CAppContext& context);
 
-  // Shows a design in the main window at once; throws what is wrong with it.
+  // Sets the function that shows a design in the main window; it throws if an image cannot be read.
   void SetPreview(std::function<void(const CDesignSetting&)> preview) { m_preview = std::move(preview); }
 
   std::optional<std::wstring> AskPath(const CFileQuestion& question) override;
@@ -47,20 +47,20 @@ class CDialogs : public IDialogs {
   void EditTask(const CTask& task, const std::function<void(const CTask&)>& confirm) override;
   void EditDst(const CDst& dst, const std::function<void(const CDst&)>& confirm) override;
 
-  // The selections of the lists have changed.
+  // Must be called when the selections of the lists have changed.
   void RefreshReplace();
 
-  // Opens the results, or focuses them; the model outlives this object.
+  // Opens or focuses the result dialog; the model must outlive this object.
   void ShowResults(const CResultListModel& results);
-  void RefreshResults();  // rows were added or changed
+  void RefreshResults();  // Must be called when rows were added or changed.
 
   void ShowTargets(const CResultPtr& row);
 
-  // Disables every window and says that the program ends, and what it waits for.
+  // Disables all windows and opens the dialog that shows what the program waits for before it exits.
   void OpenClosing();
   void ShowClosing(const std::wstring& text, const std::wstring& path);  // once it is open
 
-  // Lets the dialogs that are open beside the main window keep what they remember.
+  // Stores the placements of the open modeless dialogs.
   void RememberOpen();
 
  private:

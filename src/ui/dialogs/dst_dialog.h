@@ -10,13 +10,13 @@
 
 namespace qlm {
 
-// Edits one destination. Shows the name that its pattern gives while it is typed.
+// Edits one destination and previews the names that its pattern yields.
 class CDstDialog : public my::CDialog {
  public:
   using CConfirm = std::function<void(const CDst&)>;
 
-  // The context outlives the dialog. OK hands the destination to `confirm`, which throws what is wrong with
-  // it: then that is shown, and the dialog stays.
+  // The context must outlive the dialog. OK passes the destination to `confirm`; if it throws, the error is
+  // shown and the dialog stays open.
   CDstDialog(CAppContext& context, CDst dst, CConfirm confirm);
 
  protected:
@@ -39,8 +39,8 @@ class CDstDialog : public my::CDialog {
   CAppContext& m_context;
   CDst m_dst;
   CConfirm m_confirm;
-  my::CFileTime m_time;   // of the name shown: now
-  std::wstring m_taskId;  // of the name shown
+  my::CFileTime m_time;   // of the previewed name: now
+  std::wstring m_taskId;  // for the preview
 };
 
 }  // namespace qlm

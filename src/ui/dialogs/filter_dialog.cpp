@@ -69,7 +69,7 @@ void CFilterDialog::Open() {
   Load();
 }
 
-// Few systems know a program for .flt files.
+// Falls back to Notepad, because few systems have a program registered for .flt files.
 void CFilterDialog::Edit() {
   my::IShell& shell = m_context.ports.shell;
   try {
@@ -101,7 +101,7 @@ std::wstring CFilterDialog::CountsText() const {
   return Text(IDS_FILTER_LINE_COUNTS, {std::to_wstring(m_model.RowCount()), std::to_wstring(errors)});
 }
 
-// Relative to the source, also when it was typed with it.
+// Returns the typed path relative to the source; a full path is accepted too.
 std::wstring CFilterDialog::TypedPath() const {
   const std::wstring path = ItemText(IDC_FILTER_PATH);
   const bool isFull = !m_source.empty() && my::EqualNoCase(path.substr(0, m_source.size()), m_source);

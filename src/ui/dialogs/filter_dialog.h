@@ -9,12 +9,12 @@
 
 namespace qlm {
 
-// Shows every line of a filter file, of which the user may choose another one, and which of them decides for
-// a path that the user types.
+// Shows the lines of a filter file, and which line decides for a path typed by the user. The user can choose
+// another file.
 class CFilterDialog final : public CListDialog {
  public:
-  // What keeps the file from being read is shown in the dialog. `source` is the folder of the task, for full
-  // paths that are pasted; it may be empty.
+  // A file that cannot be read is reported in the dialog. `source` is the source folder of the task, for full
+  // paths; may be empty.
   CFilterDialog(CAppContext& context, std::wstring path, std::wstring source = {});
 
  private:

@@ -19,7 +19,7 @@
 namespace qlm {
 namespace {
 
-// To ourselves: the text of the archiver's combo box is settled now.
+// Posted to the page itself, to be handled when the combo box has updated its text.
 constexpr UINT kSettled = WM_APP;
 
 }  // namespace
@@ -116,13 +116,13 @@ bool CGeneralPage::OnCommand(int id, int code) {
 bool CGeneralPage::OnArchiverPath(int code) {
   switch (code) {
     case CBN_EDITCHANGE:
-      // A half-typed path may be that of a slow server: it is looked at when the user goes on.
+      // The path is not checked while it is being typed, because an incomplete one may name a slow server.
       SetItemText(IDC_ARCHIVER_VERSION, {});
       ReportChange();
       return true;
     case CBN_SELCHANGE:
       ReportChange();
-      // The edit takes the list's text only after this.
+      // The edit control gets the chosen text only after this notification.
       ::PostMessageW(Hwnd(), kSettled, 0, 0);
       return true;
     case CBN_KILLFOCUS: ShowArchiverVersion(); return true;
@@ -178,7 +178,7 @@ void CGeneralPage::ShowPowerOffType() {
   EnableItem(IDC_INSTALL_UPDATES, turnsOff);
 }
 
-// Without the quotation marks that a path copied from the file manager has.
+// Returns the path without the quotation marks that the file manager adds when copying it.
 std::wstring CGeneralPage::ArchiverPath() const {
   const std::wstring text = ItemText(IDC_ARCHIVER_PATH);
   return std::wstring(my::Trim(text, L" \t\r\n\""));

@@ -1,4 +1,4 @@
-// The archiver, the zip password and the way in which the computer is turned off.
+// The page for archiver, zip password and power-off action.
 #pragma once
 
 #include "ui/dialogs/settings_page.h"

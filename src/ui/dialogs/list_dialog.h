@@ -10,38 +10,37 @@
 
 namespace qlm {
 
-// The base of the dialogs around one list: its column widths, its context menu, its clipboard, and failures
-// that are shown while the dialog stays open.
+// The base of dialogs with one list: column widths, context menu, clipboard, and failures that are shown
+// while the dialog stays open.
 class CListDialog : public my::CDialog {
  public:
   void Remember() override;
 
  protected:
-  // Both outlive the dialog; `setting` keeps placement and column widths.
+  // Both must outlive the dialog; `setting` stores placement and column widths.
   CListDialog(CAppContext& context, UINT templateId, CColumnsDlgSetting& setting)
       : CDialog(templateId, &setting), m_context(context), m_setting(setting) {}
 
-  // To be called once from OnInit. The items of the menu are commands of the dialog. View and model belong to
-  // the derived class.
+  // Must be called once from OnInit. The menu items are commands of the dialog. View and model belong to the
+  // derived class.
   void UseList(my::CListView& list, const my::IListModel& model, int controlId, UINT menuId);
 
-  // A command of a control, the menu or a key; answers whether it was one of the dialog's. Failures are
-  // shown.
+  // Handles a command of a control, the menu or a key. Returns whether it was handled. Failures are shown.
   virtual bool Execute(int id, int code) = 0;
   bool OnCommand(int id, int code) final;
 
-  // A key in any control; answers whether the control shall not see it.
+  // Handles a key in any control. Returns true to hide it from the control.
   virtual bool OnKey(UINT) { return false; }
 
-  // A key in the list, before OnKey.
+  // Handles a key in the list, before OnKey.
   virtual bool OnListKey(UINT key);
 
-  // Whether a static text is to stand out.
+  // Returns whether a static text is drawn as a warning.
   virtual bool IsWarning(int) const { return false; }
 
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
-  // Selects the row alone, where it can be seen.
+  // Selects only this row and scrolls it into view.
   void ShowRow(size_t row) const;
 
   const my::IMessageTexts& Texts() const { return m_context.ports.engine.texts; }
@@ -63,7 +62,7 @@ class CListDialog : public my::CDialog {
   UINT m_menuId = 0;
 };
 
-// Whether the control key is held down, and no other that changes its meaning.
+// Returns whether the Ctrl key is down without other modifier keys.
 bool IsControlDown();
 
 }  // namespace qlm

@@ -6,10 +6,10 @@
 
 namespace my {
 
-// The system's message boxes. For the user-interface thread.
+// Message boxes of the system. For the user-interface thread.
 class CMessageBox : public IMessageBox {
  public:
-  // The window that a message box belongs to while no window of the program is active.
+  // Sets the owner of message boxes while no window of the program is active.
   void SetOwner(HWND owner) { m_owner = owner; }
 
   BoxButton Show(const std::wstring& text, const std::wstring& caption, BoxStyle style) override;

@@ -8,7 +8,7 @@ namespace qlm {
 class CPasswordEntry;
 struct CAppContext;
 
-// Hands what was typed to CPasswordEntry::Accept until that answers true; what it refuses with is shown.
+// Passes the input to CPasswordEntry::Accept until it returns true; shows what it throws.
 class CPasswordDlg : public my::CDialog {
  public:
   CPasswordDlg(CAppContext& context, CPasswordEntry& entry);

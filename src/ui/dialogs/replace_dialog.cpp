@@ -17,7 +17,7 @@ namespace {
 constexpr int kFirstColumn = IDC_REPLACE_TASK_ID;
 constexpr int kLastColumn = IDC_REPLACE_DST_PATTERN;
 
-// To ourselves: the text of a combo box is settled now.
+// Posted to the dialog itself, to be handled when a combo box has updated its text.
 constexpr UINT kSettled = WM_APP;
 
 constexpr ReplaceCol ColumnOf(int id) {
@@ -69,7 +69,7 @@ void CReplaceDialog::OnOk() {
   } catch (const my::CException& failure) {
     ShowState();
     m_context.messenger.ShowError(failure);
-    // What the document refuses was made by the new text.
+    // Violated rules of the document are caused by the new text.
     return FocusItem(IsAboutExpression(failure) ? IDC_REPLACE_SRC : IDC_REPLACE_DST);
   }
   Close(IDOK);
@@ -80,7 +80,7 @@ bool CReplaceDialog::OnCommand(int id, int code) {
     case IDC_REPLACE_SRC:
     case IDC_REPLACE_DST:
       if (code == CBN_EDITCHANGE) Refresh();
-      // The edit takes the list's text only after these.
+      // The edit control gets the chosen text only after these notifications.
       if (code == CBN_SELCHANGE || code == CBN_CLOSEUP) ::PostMessageW(Hwnd(), kSettled, 0, 0);
       return true;
     default:
@@ -134,7 +134,7 @@ void CReplaceDialog::ShowState() const {
   if (tool.Error())
     status = my::MakeErrorText(texts, *tool.Error());
   else if (tool.Options().regex && tool.Options().src.empty())
-    status = texts.Text(IDS_REGEX_EMPTY);  // OK changes nothing then
+    status = texts.Text(IDS_REGEX_EMPTY);  // OK would change nothing
   SetItemText(IDC_REPLACE_STATUS, status);
 }
 

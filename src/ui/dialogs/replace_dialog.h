@@ -1,4 +1,4 @@
-// The window of the replace tool.
+// The dialog of the replace tool.
 #pragma once
 
 #include "document/replace_options.h"
@@ -8,14 +8,13 @@ namespace qlm {
 
 struct CAppContext;
 
-// Modeless over the context's replace tool, which is open when the dialog is created. The tool is committed
-// by OK, and cancelled whichever other way the window goes.
+// A modeless dialog for the context's replace tool, which must be open. OK commits the tool; closing the
+// window in any other way cancels it.
 class CReplaceDialog : public my::CDialog {
  public:
   explicit CReplaceDialog(CAppContext& context);
 
-  // To be called when the selections of the lists or the document have changed. Does nothing while there is
-  // no window.
+  // Must be called when the list selections or the document have changed. Does nothing if there is no window.
   void Refresh();
 
  protected:

@@ -7,15 +7,15 @@
 
 namespace qlm {
 
-// Shows the rows of a run while it goes on. Modeless: it may be closed and created again.
+// Shows the rows of a run, also while it is active. Modeless; can be closed and created again.
 class CResultDialog final : public CListDialog {
  public:
-  // The model outlives the dialog.
+  // The model must outlive the dialog.
   CResultDialog(CAppContext& context, const CResultListModel& model)
       : CListDialog(context, IDD_RESULTS, context.settings.resultDlg), m_model(model) {}
 
-  // To be called when rows of the model were added, removed or changed, also while there is no window. A list
-  // that stands at its end follows the rows that are added.
+  // Must be called when rows were added, removed or changed, also if there is no window. A list scrolled to
+  // its end follows new rows.
   void RowsChanged();
 
  private:

@@ -1,4 +1,4 @@
-// What the pages of the settings sheet have in common.
+// The base of the pages in the settings sheet.
 #pragma once
 
 #include <functional>
@@ -11,18 +11,18 @@ namespace qlm {
 
 struct CSettings;
 
-// A dialog without a frame. Its sheet creates and shows it, and outlives it.
+// A child dialog. Its sheet creates and shows it, and outlives it.
 class CSettingsPage : public my::CDialog {
  public:
   using CDialog::CDialog;
 
-  // On the page's tab.
+  // The text of the tab.
   virtual std::wstring Title() const = 0;
 
-  // Puts into the settings what the controls show. Throws the rule that this breaks.
+  // Copies the values of the controls to the settings. Throws the violated rule.
   virtual void Store(CSettings& settings) = 0;
 
-  // Gives the keyboard to the control that Store refused.
+  // Sets the focus to the control whose value Store refused.
   virtual void FocusRefused() = 0;
 
   // `changed` is called whenever the user changes a control.

@@ -39,25 +39,25 @@ void CSettingsSheet::OnOk() {
   if (Apply()) Close(IDOK);
 }
 
-// The main window shows what was being tried.
+// Restores the stored design, because the main window shows the preview.
 void CSettingsSheet::OnCancel() {
   m_cancelled = true;
   try {
     m_preview(m_context.settings.design);
   } catch (const my::CException&) {
-    // A picture that could not be read before the sheet opened either.
+    // The picture could not be read before either.
   }
   Close(IDCANCEL);
 }
 
-// A control that loses the keyboard because the sheet goes has nothing to show any more.
+// Ignored while the sheet closes: a control that loses the focus then must not change the preview.
 void CSettingsSheet::Preview(const CDesignSetting& design) const {
   if (!m_cancelled) m_preview(design);
 }
 
 bool CSettingsSheet::OnCommand(int id, int code) {
   if (id != IDC_APPLY || code != BN_CLICKED) return false;
-  // A disabled button would keep the keyboard to itself.
+  // A disabled button would keep the focus.
   if (Apply()) {
     FocusItem(IDOK);
     EnableItem(IDC_APPLY, false);

@@ -1,4 +1,4 @@
-// The settings dialog: pages, one of which shows at a time.
+// The settings dialog, with one tab per page.
 #pragma once
 
 #include <functional>
@@ -13,14 +13,14 @@ namespace qlm {
 struct CAppContext;
 struct CDesignSetting;
 
-// OK and Apply store the pages into the live settings: all of them, or none when one refuses; that one is
-// shown then. The settings file is not written.
+// OK and Apply store all pages in the live settings, or none if a page refuses; that page is then shown. The
+// settings file is not written.
 class CSettingsSheet : public my::CDialog {
  public:
-  // `preview` shows a design in the main window; throws what is wrong with it.
+  // Shows a design in the main window; throws if an image cannot be read.
   using FPreview = std::function<void(const CDesignSetting&)>;
 
-  // Opens at a page, counted from 0; at the last one when there are fewer.
+  // Opens with the page at the given 0-based index, at most the last one.
   CSettingsSheet(
       CAppContext& context, size_t firstPage, FPreview preview = [](const CDesignSetting&) {});
 
@@ -44,7 +44,7 @@ class CSettingsSheet : public my::CDialog {
   FPreview m_preview;
   bool m_cancelled = false;
   size_t m_shown;
-  my::CAutoMessageLoop m_pageKeys;  // never runs: the modal loop of the sheet translates the pages' keys
+  my::CAutoMessageLoop m_pageKeys;  // never runs: the modal loop of the sheet handles the keys of the pages
   std::vector<std::unique_ptr<CSettingsPage>> m_pages;
 };
 

@@ -12,19 +12,19 @@
 
 namespace qlm {
 
-// A list view whose rows are the items of a list of the program: CTasks, CDsts, CTargets, ... The commands
-// see it as IListState.
+// A list view for a list of the program (CTasks, CDsts, CTargets, ...): row i shows item i. The commands use
+// it as IListState.
 template <class TList, class TView = my::CListView>
 class CSimpleListView : public TView, public IListState {
  public:
-  // The items outlive the control. `args` are those of the view; row i of its model shows item i.
+  // The items must outlive the control. `args` are passed to the view; row i of its model must show item i.
   template <class... TArgs>
   explicit CSimpleListView(const TList& items, TArgs&&... args)
       : TView(std::forward<TArgs>(args)...), m_items(items) {}
 
   const TList& Items() const { return m_items; }
 
-  // Null if no row has the focus. Valid until the items change.
+  // Returns null if no row has the focus. Valid until the items change.
   auto FocusedItem() const -> decltype(std::addressof(*std::declval<const TList&>().begin())) {
     const auto row = FocusedRow();
     if (!row) return nullptr;
@@ -38,7 +38,7 @@ class CSimpleListView : public TView, public IListState {
     return *item;
   }
 
-  // Until it is refreshed, the control may have rows that the list has lost.
+  // The control may have rows that were removed from the list since the last refresh.
   std::optional<size_t> FocusedRow() const override {
     const auto row = this->Focused();
     return row && *row < m_items.size() ? row : std::nullopt;

@@ -6,13 +6,13 @@
 
 namespace qlm {
 
-// Shows what a test run or a run has found below a task's source, and what becomes of it.
+// Shows the entries found by a test run or a run, and whether they are backed up.
 class CTargetDialog final : public CListDialog {
  public:
   CTargetDialog(CAppContext& context, CResultPtr result);
 
  private:
-  // The row with the newest time stands in bold.
+  // The row with the newest time is bold.
   class CView final : public CSimpleListView<CTargets> {
    public:
     CView(const CTargets& targets, const CTargetListModel& model)

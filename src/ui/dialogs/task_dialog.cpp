@@ -15,7 +15,7 @@
 namespace qlm {
 namespace {
 
-// Looks at the disk when the user has stopped typing.
+// Updates the warning, which reads the disk, when the user has stopped typing.
 constexpr UINT_PTR kWarningTimer = 1;
 constexpr UINT kWarningDelayMs = 300;
 
@@ -57,7 +57,7 @@ bool CTaskDialog::OnInit() {
   m_pathIsNew = m_task.id.empty();
   ShowWarning();
   if (!m_task.path.empty()) return true;
-  // A new task begins with its folder, from which the ID follows.
+  // A new task starts with the folder, from which the ID is proposed.
   FocusItem(IDC_TASK_PATH);
   return false;
 }
@@ -172,7 +172,7 @@ void CTaskDialog::CheckFilter() {
   }
 }
 
-// Once for each path: a user who empties the ID again means it.
+// Proposes an ID only once per path, so that the user can leave it empty.
 void CTaskDialog::ProposeId() {
   const std::wstring path = ItemText(IDC_TASK_PATH);
   if (path.empty() || !std::exchange(m_pathIsNew, false) || !ItemText(IDC_TASK_ID).empty()) return;
@@ -207,7 +207,7 @@ void CTaskDialog::EnableMoving() const {
   };
   for (const auto& [id, step] : {std::pair(IDC_TASK_UP, Step::UP), std::pair(IDC_TASK_DOWN, Step::DOWN)}) {
     const bool enable = canStep(step);
-    // A button that cannot be pressed must not keep the keyboard.
+    // A disabled button must not keep the focus.
     if (!enable && ::GetFocus() == Item(id)) FocusItem(IDC_TASK_DSTS);
     EnableItem(id, enable);
   }

@@ -10,13 +10,13 @@
 
 namespace qlm {
 
-// Edits one task. What is not typed into a control of its own stays as it was.
+// Edits one task. Fields without a control keep their values.
 class CTaskDialog : public my::CDialog {
  public:
   using CConfirm = std::function<void(const CTask&)>;
 
-  // The context outlives the dialog. OK hands the task to `confirm`, which throws what is wrong with it:
-  // then that is shown, and the dialog stays.
+  // The context must outlive the dialog. OK passes the task to `confirm`; if it throws, the error is shown
+  // and the dialog stays open.
   CTaskDialog(CAppContext& context, CTask task, CConfirm confirm);
 
  protected:
@@ -28,7 +28,7 @@ class CTaskDialog : public my::CDialog {
   void OnClosed(int result) override;
 
  private:
-  // The destinations; their order also by Alt and the arrow keys.
+  // The destinations, which can be reordered with Alt+Up and Alt+Down.
   class CList : public CSimpleListView<CTaskDsts> {
    public:
     explicit CList(CTaskDialog& dialog)
@@ -61,7 +61,7 @@ class CTaskDialog : public my::CDialog {
   CConfirm m_confirm;
   CTaskDstsModel m_dsts;
   CList m_list{*this};
-  bool m_pathIsNew = false;  // no ID was proposed for it yet
+  bool m_pathIsNew = false;  // no ID has been proposed for it yet
 };
 
 }  // namespace qlm

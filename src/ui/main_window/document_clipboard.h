@@ -9,7 +9,7 @@ class CDocumentClipboard : public IClipboard {
  public:
   CDocumentClipboard() : m_clipboard(L"Quillmoor.Document") {}
 
-  // To be called before the other functions; a window of the calling thread.
+  // Must be called before the other functions, with a window of the calling thread.
   void SetOwner(HWND owner) { m_owner = owner; }
 
   void Set(const CClip& clip) override;

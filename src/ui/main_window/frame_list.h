@@ -9,12 +9,12 @@ namespace qlm {
 class CListPane;
 class CMainView;
 
-// A list of the main window as the commands see it: without rows until it has a view.
+// A list of the main window, for the commands. It has no rows until a view is attached.
 class CFrameList : public IEditList {
  public:
   explicit CFrameList(ListKind kind) : m_kind(kind) {}
 
-  // The view outlives this object or the calls to it. `selected` is called after Select.
+  // The view must exist whenever another function is called. `selected` is called after Select.
   void Attach(CMainView& view, std::function<void()> selected);
 
   std::optional<size_t> FocusedRow() const override;

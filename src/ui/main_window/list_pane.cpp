@@ -16,7 +16,7 @@ constexpr int kMargin = 6;
 constexpr int kGap = 4;
 constexpr int kButtonPadding = 12;
 constexpr int kButtonHeight = 24;
-constexpr int kRoomForDescription = 150;  // of the whole pane
+constexpr int kRoomForDescription = 150;  // height of the whole pane
 
 const my::CWindowClass& PaneClass() {
   static const my::CWindowClass paneClass(L"QuillmoorListPane", 0, COLOR_BTNFACE + 1);
@@ -34,7 +34,7 @@ void CListPane::CreateIn(HWND parent, int paneId, int listId, my::CListView::Box
   params.controlId = paneId;
   params.left = params.top = params.width = params.height = 0;
   Create(PaneClass(), params);
-  // Screen readers take the text before a list for its name, so the title comes right before it.
+  // Screen readers use the text before a list as its name, so the title comes directly before the list.
   for (const CPaneButton& button : m_spec.buttons)
     m_buttons.push_back(AddControl(L"BUTTON", button.textId, WS_VISIBLE | WS_TABSTOP, button.id));
   m_title = AddControl(L"STATIC", m_spec.titleId, WS_VISIBLE | SS_NOPREFIX, IDC_PANE_TITLE);
@@ -91,7 +91,7 @@ LRESULT CListPane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_COMMAND: return ::SendMessageW(Parent(), message, wParam, lParam);
     case WM_SIZE: Arrange(); return 0;
     case WM_WINDOWPOSCHANGED: {
-      // Another slice of the background is behind it now.
+      // The pane shows another part of the background now.
       ::RedrawWindow(Hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
       break;
     }
@@ -119,7 +119,7 @@ void CListPane::Erase(HDC dc) {
   m_background.Draw(dc, Hwnd(), area);
 }
 
-// Where the text of a static control stands in its area.
+// Returns the rectangle of the text within a static control.
 RECT CListPane::TextArea(HWND control, const RECT& area) const {
   const LONG width = std::min(TextSize(control).cx, area.right - area.left);
   const LONG free = area.right - area.left - width;
@@ -128,7 +128,7 @@ RECT CListPane::TextArea(HWND control, const RECT& area) const {
   return {left, area.top, left + width, area.bottom};
 }
 
-// A text has no background of its own: it is drawn right before the text.
+// Draws the background before the control draws its text, because the text itself is transparent.
 LRESULT CListPane::ColorStatic(HDC dc, HWND control) {
   RECT area{};
   ::GetClientRect(control, &area);
@@ -151,7 +151,7 @@ void CListPane::UseDpi(UINT dpi) {
   for (const HWND control : controls)
     ::SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), TRUE);
   ::SendMessageW(m_title, WM_SETFONT, reinterpret_cast<WPARAM>(titleFont.Get()), TRUE);
-  m_font = std::move(font);  // the old ones are in use until here
+  m_font = std::move(font);  // until here the controls use the old ones
   m_titleFont = std::move(titleFont);
   Arrange();
 }
@@ -165,7 +165,7 @@ void CListPane::Arrange() const {
   ArrangeHint(area);
 }
 
-// The title on the left, the buttons on the right as far as there is room.
+// The title is on the left, the buttons are on the right as far as there is room.
 int CListPane::ArrangeHeader(int width) const {
   const int margin = my::Scale(kMargin, m_dpi);
   const int gap = my::Scale(kGap, m_dpi);
@@ -198,7 +198,7 @@ int CListPane::ArrangeDescription(const SIZE& client) const {
   if ((::GetWindowLongW(m_description, GWL_STYLE) & WS_VISIBLE) == 0) return client.cy;
   const int margin = my::Scale(kMargin, m_dpi);
   const int gap = my::Scale(kGap, m_dpi);
-  // A low pane is left to its list.
+  // A low pane shows only its list.
   const bool fits = client.cy >= my::Scale(kRoomForDescription, m_dpi);
   const int height = fits ? TextSize(m_title).cy : 0;
   const int top = static_cast<int>(client.cy) - gap - height;

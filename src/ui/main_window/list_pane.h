@@ -1,4 +1,4 @@
-// One list of the main view, with its title and the buttons of its edits above it.
+// A list of the main view, with its title and edit buttons above.
 #pragma once
 
 #include <cstdint>
@@ -17,21 +17,21 @@ class IMessageTexts;
 namespace qlm {
 
 struct CPaneButton {
-  int id = 0;           // of its WM_COMMAND
-  uint32_t textId = 0;  // in the string table
+  int id = 0;           // command id
+  uint32_t textId = 0;  // text id
 };
 
 struct CPaneSpec {
   uint32_t titleId = 0;
-  uint32_t hintId = 0;  // in place of an empty list
+  uint32_t hintId = 0;  // shown instead of an empty list
   CPaneButton hintButton;
   std::vector<CPaneButton> buttons;
 };
 
-// What the user does with the buttons goes to the parent as WM_COMMAND.
+// The buttons send WM_COMMAND to the parent.
 class CListPane : public my::CWindow {
  public:
-  // All outlive the pane.
+  // All arguments must outlive the pane.
   CListPane(const my::IMessageTexts& texts, CSeeThroughList& list, CBackground& background)
       : m_texts(texts), m_background(background), m_list(list) {}
 
@@ -43,19 +43,19 @@ class CListPane : public my::CWindow {
   const std::vector<CPaneButton>& Buttons() const { return m_spec.buttons; }
   void EnableButton(int id, bool enable) const;
 
-  // Whether the hint stands in place of the list.
+  // Shows the hint instead of the list.
   void ShowHint(bool show);
 
-  // A line below the list; empty: none.
+  // Shows a line of text below the list; empty: none.
   void ShowDescription(const std::wstring& text);
 
-  // The background is another one.
+  // Must be called when the background has changed.
   void UseBackground();
 
-  // The user has turned to this pane: the pointer came over it, or its list got the keyboard.
+  // Called when the mouse enters the pane or its list gets the focus.
   std::function<void()> onAttention;
 
-  // Where the keyboard goes: the list, or the hint's button.
+  // Sets the focus to the list, or to the button of the hint.
   void SetFocus() const;
 
  protected:
@@ -65,9 +65,9 @@ class CListPane : public my::CWindow {
   HWND AddControl(const wchar_t* className, uint32_t textId, DWORD style, int id) const;
   void UseDpi(UINT dpi);
   void Arrange() const;
-  int ArrangeHeader(int width) const;  // answers its height
+  int ArrangeHeader(int width) const;  // returns its height
   void ArrangeHint(const RECT& area) const;
-  int ArrangeDescription(const SIZE& client) const;  // answers its top
+  int ArrangeDescription(const SIZE& client) const;  // returns its top
   LRESULT ColorStatic(HDC dc, HWND control);
   void Erase(HDC dc);
   SIZE TextSize(HWND control) const;

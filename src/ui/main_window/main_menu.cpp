@@ -12,7 +12,7 @@ bool IsRecent(UINT id) {
   return id >= ID_MRU_FIRST && id <= ID_MRU_LAST;
 }
 
-// "&1 path"; an "&" of the path is none of the menu.
+// Returns "&1 path", with each "&" in the path escaped.
 std::wstring RecentText(size_t index, const std::wstring& path) {
   std::wstring text = (index < 9 ? L"&" : L"") + std::to_wstring(index + 1) + L" ";
   for (const wchar_t c : path) text.append(c == L'&' ? 2 : 1, c);
@@ -51,7 +51,7 @@ void SetItemText(HMENU menu, int id, const std::wstring& text) {
   MENUITEMINFOW item{};
   item.cbSize = sizeof item;
   item.fMask = MIIM_STRING;
-  item.dwTypeData = const_cast<wchar_t*>(text.c_str());  // only read
+  item.dwTypeData = const_cast<wchar_t*>(text.c_str());  // not written to
   ::SetMenuItemInfoW(menu, static_cast<UINT>(id), FALSE, &item);
 }
 

@@ -1,4 +1,4 @@
-// What changes in the menus of the main window.
+// Updates of the menus of the main window.
 #pragma once
 
 #include <windows.h>
@@ -12,18 +12,18 @@
 
 namespace qlm {
 
-// Enables what may run now. Items that open a menu stay as they are.
+// Enables the items that may run now. Items with a submenu are unchanged.
 void EnableItems(HMENU menu, const std::function<bool(int id)>& isEnabled);
 
-// Puts the recent documents in place of those that a menu shows; does nothing to a menu that shows none.
+// Replaces the recent documents shown in a menu; does nothing if it shows none.
 void ShowRecent(HMENU menu, const std::vector<std::wstring>& paths, const std::wstring& none);
 
 void SetItemText(HMENU menu, int id, const std::wstring& text);
 
-// Puts the pictures of the commands beside them.
+// Sets the images of the commands.
 void ShowPictures(HMENU menu, const CToolImages& images);
 
-// Shows the first popup of a menu of the resources at a place on the screen; its messages go to the window.
+// Shows the first popup of a menu resource at a position on the screen; `window` receives its commands.
 void TrackMenu(HWND window, int menuId, POINT screen);
 
 }  // namespace qlm

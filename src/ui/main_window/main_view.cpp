@@ -80,7 +80,7 @@ void CMainView::OnDocumentChanged(DocChangeEventFlags what) {
   const bool dsts = reset || Has(what, DocChangeEventFlags::CHNAGE_DSTS);
   if (!tasks && !dsts) return;
   if (reset) m_taskModel.ClearResults();
-  // The numbers of destinations are shown among the tasks.
+  // The task list shows the numbers of destinations.
   const bool numbers = dsts && m_taskModel.Refresh();
   if (tasks || numbers) m_taskList.Refresh();
   if (reset) SelectFirst(m_taskList, m_document.Tasks().empty());
@@ -96,8 +96,7 @@ void CMainView::OnTaskSelection() {
   UpdateDescription();
 }
 
-// Shows which destinations the selected tasks use. Without `always` the list is left alone if that has not
-// changed.
+// Shows which destinations the selected tasks use. Unless `always` is set, redraws only if that has changed.
 void CMainView::RefreshUses(bool always) {
   const bool changed = m_dstModel.Refresh(m_taskList.Selection());
   if (always || changed) m_dstList.Refresh();

@@ -18,7 +18,7 @@ struct CMainFrameSetting;
 
 class CMainView {
  public:
-  // All outlive the view.
+  // All arguments must outlive the view.
   CMainView(const CDocument& document, const CUISetting& setting, const my::IMessageTexts& texts);
 
   void CreateIn(HWND parent);
@@ -33,29 +33,29 @@ class CMainView {
   CListPane& Dsts() { return m_dsts; }
   CTaskListModel& TaskModel() { return m_taskModel; }
 
-  // The pane that has, or had last, the keyboard.
+  // The pane that has, or last had, the focus.
   CListPane& Current();
   bool TasksAreCurrent() { return &Current() == &m_tasks; }
   void FocusOther();
 
-  // Refreshes the lists that a change of the document concerns. After a reset the first rows are selected.
+  // Refreshes the lists affected by a document change. After a reset the first rows are selected.
   void OnDocumentChanged(DocChangeEventFlags what);
 
-  // The selected tasks have changed: their destinations are checked.
+  // Must be called when the selected tasks have changed: shows their destinations.
   void OnTaskSelection();
 
-  // Enables what may run now.
+  // Enables the buttons whose commands may run now.
   void EnableButtons(const std::function<bool(int id)>& isEnabled) const;
 
-  void Redraw();  // the texts have changed, the document has not
+  void Redraw();  // the texts have changed without a document change
 
-  // Shows a design at once. Throws IDS_IMAGE_NOT_READ; all of it but the picture is shown then.
+  // Shows a design. Throws IDS_IMAGE_NOT_READ; everything except the picture is applied then.
   void ShowDesign(const CDesignSetting& design);
 
-  // A run has begun or ended.
+  // A run has started or ended.
   void ShowRunning(bool running);
 
-  // Colours or contrast of the system have changed.
+  // The system's colours or contrast have changed.
   void OnSystemChanged();
 
   void ApplySettings(const CMainFrameSetting& setting);
@@ -80,7 +80,7 @@ class CMainView {
   bool m_dstsCurrent = false;
   bool m_showDescription = true;
   bool m_running = false;
-  CListPane* m_described = nullptr;  // the user turned to it last
+  CListPane* m_described = nullptr;  // the pane the user turned to last
 };
 
 }  // namespace qlm

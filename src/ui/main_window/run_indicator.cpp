@@ -27,7 +27,7 @@ void CRunIndicator::Begin() {
 void CRunIndicator::End(HWND window, bool hasErrors) {
   if (!m_awake) return;
   m_awake.reset();
-  // An error stays red until the next run, so that it is seen.
+  // An error stays red in the taskbar until the next run.
   if (m_taskbar) m_taskbar->SetProgressState(window, hasErrors ? TBPF_ERROR : TBPF_NOPROGRESS);
   if (::GetForegroundWindow() == window) return;
   FLASHWINFO flash{sizeof flash, window, FLASHW_ALL | FLASHW_TIMERNOFG, 3, 0};

@@ -1,4 +1,4 @@
-// What the system is told of a run: the button in the taskbar, and that the computer must stay awake.
+// Shows a run in the taskbar, and keeps the computer awake.
 #pragma once
 
 #include <memory>
@@ -11,7 +11,7 @@ struct ITaskbarList3;
 
 namespace qlm {
 
-// Of the thread of the window, which has COM.
+// For use on the thread of the window, with COM initialized.
 class CRunIndicator {
  public:
   explicit CRunIndicator(my::IPower& power);
@@ -21,16 +21,16 @@ class CRunIndicator {
 
   void ShowProgress(HWND window, const CRunProgress& progress, bool hasErrors) const;
 
-  // A run has begun: the computer does not fall asleep.
+  // A run has started.
   void Begin();
 
-  // It has ended: the window draws attention to itself when another one is used.
+  // The run has ended: flashes the window unless it is active.
   void End(HWND window, bool hasErrors);
 
  private:
-  my::CComPtr<ITaskbarList3> m_taskbar;  // none on a system without a taskbar
+  my::CComPtr<ITaskbarList3> m_taskbar;  // null on a system without a taskbar
   my::IPower& m_power;
-  std::unique_ptr<my::IStayAwake> m_awake;  // while there is a run
+  std::unique_ptr<my::IStayAwake> m_awake;  // set during a run
 };
 
 }  // namespace qlm
