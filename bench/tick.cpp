@@ -22,8 +22,7 @@ class CIdleObserver : public qlm::IRunObserver {
 // Runs the worker only when the benchmark calls Run, so that ticks happen between its steps.
 class CHeldThreads : public my::IThreads {
  public:
-  std::unique_ptr<my::IRunningThread> Start(std::function<void()> body, const my::CThreadStart&,
-                                            my::CSystemError&) override {
+  std::unique_ptr<my::IRunningThread> Start(std::function<void()> body, const my::CThreadStart&) override {
     m_body = std::move(body);
     m_ended = false;
     return std::make_unique<CHeldThread>(m_ended);

@@ -3,15 +3,11 @@
 #include <algorithm>
 #include <numeric>
 
-#include "app/document_commands.h"
 #include "app/messenger.h"
 #include "document/document.h"
 #include "document/document_clip.h"
 #include "document/document_edits.h"
-#include "document/file_formats.h"
-#include "platform/file_system.h"
-#include "support/paths.h"
-#include "support/strings.h"
+#include "document/duplicate_items.h"
 #include "text_ids.h"
 
 namespace qlm {
@@ -49,12 +45,6 @@ class CListEdit {
   IEditList& m_list;
 };
 
-// After the last selected row; -1, the end, if none is selected.
-std::ptrdiff_t InsertPosition(const IListState& list) {
-  const CRows rows = list.SelectedRows();
-  return rows.empty() ? -1 : static_cast<std::ptrdiff_t>(rows.back()) + 1;
-}
-
 // The row that is selected after these rows were removed.
 CRows RowAfter(const CRows& removed, size_t sizeAfter) {
   if (removed.empty() || sizeAfter == 0) return {};
@@ -91,7 +81,7 @@ void CListEdit::Run(EditAction action) {
 }
 
 void CListEdit::Add() {
-  const std::ptrdiff_t position = InsertPosition(m_list);
+  const std::ptrdiff_t position = PositionAfterSelection(m_list);
   if (!IsTasks()) {
     m_context.dialogs.EditDst(
         {}, [&](const CDst& dst) { m_list.Select({InsertDst(m_document, position, dst)}); });
@@ -153,7 +143,7 @@ void CListEdit::Paste() {
   const auto clip = m_context.ports.clipboard.Document();
   if (!clip) return;
   my::IXmlDom& dom = m_context.ports.dom;
-  const std::ptrdiff_t position = InsertPosition(m_list);
+  const std::ptrdiff_t position = PositionAfterSelection(m_list);
   const CRows rows =
       IsTasks() ? PasteTasks(dom, m_document, *clip, position) : PasteDsts(dom, m_document, *clip, position);
   if (!rows.empty()) m_list.Select(rows);
@@ -163,16 +153,6 @@ void CListEdit::SelectAll() {
   CRows all(Size());
   std::iota(all.begin(), all.end(), size_t{0});
   m_list.Select(all);
-}
-
-bool HasExtension(const std::wstring& path, std::wstring_view extension) {
-  return my::EqualNoCase(my::SplitExtension(my::LastComponent(path)).extension, extension);
-}
-
-template <class TFormats>
-bool IsOneOf(const TFormats& formats, const std::wstring& path) {
-  return std::any_of(std::begin(formats), std::end(formats),
-                     [&](const CFormat& format) { return HasExtension(path, format.extension); });
 }
 
 }  // namespace
@@ -206,27 +186,6 @@ void CCommandToggleUse::Execute(bool run) {
 void CCommandMoveRows::Execute(bool run) {
   RefuseDuringReplace(m_context);
   if (run) CListEdit(m_context, m_list).MoveBefore(m_before);
-}
-
-void CCommandDrop::Execute(bool run) {
-  RefuseDuringReplace(m_context);
-  if (!run) return;
-  for (const std::wstring& path : m_paths) Drop(path);
-}
-
-void CCommandDrop::Drop(const std::wstring& path) {
-  CDocument& document = m_context.document;
-  IEditList& tasks = m_context.window.TaskList();
-  if (my::KindIfKnown(m_context.ports.engine.files, path) == my::PathKind::FOLDER) {
-    tasks.Select({AddFolderTask(document, InsertPosition(tasks), path)});
-  } else if (IsOneOf(kFilterFormats, path)) {
-    if (!m_taskRow) throw CListException(IDS_DROP_FILTER_ON_TASK, tasks);
-    SetTaskFilter(document, *m_taskRow, path);
-  } else if (IsOneOf(kFileFormats, path)) {
-    CCommandOpen(m_context, m_append, path).Execute(true);
-  } else {
-    throw my::CException(IDS_DROP_UNKNOWN, {path});
-  }
 }
 
 }  // namespace qlm

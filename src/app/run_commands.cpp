@@ -9,6 +9,7 @@
 #include "document/document.h"
 #include "engine/archiver_location.h"
 #include "engine/backup_thread.h"
+#include "engine/run_tick.h"
 #include "settings/settings.h"
 #include "support/secret.h"
 #include "text_ids.h"
@@ -16,14 +17,12 @@
 namespace qlm {
 namespace {
 
-constexpr uint32_t kTickMs = 100;
-
 void Start(CAppContext& context, const std::vector<CBackupTaskPtr>& jobs, bool listOnly, bool powerOff) {
   context.run.ResetResults();
   for (const CBackupTaskPtr& job : jobs) context.run.Add(job);
   context.window.ClearResults();
   context.run.Start(listOnly, powerOff);
-  context.window.StartTimer(kTickMs);
+  context.window.StartTimer(kRunTickMs);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // What the commands need of the windows, which implement it. GUI thread only.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -34,6 +35,9 @@ class IEditList : public IListState {
   // Selects these rows and no others, focuses the first of them and scrolls to it.
   virtual void Select(const std::vector<size_t>& rows) = 0;
 };
+
+// Returns the position after the last selected row; -1, the end, if none is selected.
+std::ptrdiff_t PositionAfterSelection(const IListState& list);
 
 enum class ListKind { TASKS, DSTS };
 

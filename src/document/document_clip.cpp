@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "document/document_file.h"
+#include "document/document_limits.h"
 #include "platform/message_texts.h"
 #include "support/exception.h"
 #include "support/strings.h"
@@ -38,7 +39,7 @@ struct CTaken {
 // Inserts the destination at `row` unless the list has an equal one.
 CTaken TakeDst(CDsts& dsts, const CDst& dst, size_t row) {
   if (CDstPtr own = dsts.FindEqual(dst)) return {std::move(own)};
-  if (dsts.size() >= kMostDsts) throw my::CException(IDS_TOO_MANY_DSTS);
+  CheckRoom(dsts);
   const auto copy = boost::make_shared<CDst>(dst);
   dsts.Insert(row, copy);
   return {copy, true};

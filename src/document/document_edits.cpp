@@ -7,6 +7,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "document/document_limits.h"
 #include "support/exception.h"
 #include "support/paths.h"
 #include "text_ids.h"
@@ -104,22 +105,6 @@ DocChangeEventFlags DstsAndUsers(const CDocument& document, const CRows& rows) {
   return CountUsers(document, rows) == 0 ? kDsts : kDsts | kTasks;
 }
 
-void CheckRoom(const CDsts& dsts) {
-  if (dsts.size() >= kMostDsts) throw my::CException(IDS_TOO_MANY_DSTS);
-}
-
-// Returns a copy of the destination, with a number in the pattern if needed to differ from the others.
-CDstPtr NumberedCopy(const CDst& dst, const CDsts& others) {
-  auto copy = boost::make_shared<CDst>(dst);
-  const auto [stem, extension] = my::SplitExtension(my::LastComponent(dst.pattern));
-  const size_t stemEnd = stem.data() + stem.size() - dst.pattern.data();
-  for (int number = 2; others.FindEqual(*copy); ++number) {
-    copy->pattern = dst.pattern;
-    copy->pattern.insert(stemEnd, L"_" + std::to_wstring(number));
-  }
-  return copy;
-}
-
 DstUse UseBy(size_t users, size_t tasks) {
   if (users == 0) return DstUse::NONE;
   return users == tasks ? DstUse::ALL : DstUse::MIXED;
@@ -160,21 +145,6 @@ CRows MoveTasks(CDocument& document, const CRows& rows, std::ptrdiff_t position)
 CRows StepTasks(CDocument& document, const CRows& rows, Step step) {
   return ChangeOrder(document, kTasks, &CContent::tasks,
                      [&](auto& list) { return MoveBy(list, rows, step); });
-}
-
-CRows DuplicateTasks(CDocument& document, const CRows& rows) {
-  if (rows.empty()) return {};
-  const size_t first = rows.back() + 1;
-  document.Edit(kTasks, [&](CContent& content) {
-    size_t to = first;
-    for (const size_t row : rows) {
-      const auto copy = boost::make_shared<CTask>(*content.tasks[row]);
-      copy->id = content.tasks.FreeId(copy->id);
-      content.tasks.Insert(to++, copy);
-    }
-    return true;
-  });
-  return Range(first, rows.size());
 }
 
 void SetTaskFilter(CDocument& document, size_t row, const std::wstring& filterPath) {
@@ -246,20 +216,6 @@ CRows MoveDsts(CDocument& document, const CRows& rows, std::ptrdiff_t position) 
 
 CRows StepDsts(CDocument& document, const CRows& rows, Step step) {
   return ChangeOrder(document, kDsts, &CContent::dsts, [&](auto& list) { return MoveBy(list, rows, step); });
-}
-
-CRows DuplicateDsts(CDocument& document, const CRows& rows) {
-  if (rows.empty()) return {};
-  const size_t first = rows.back() + 1;
-  document.Edit(kDsts, [&](CContent& content) {
-    size_t to = first;
-    for (const size_t row : rows) {
-      CheckRoom(content.dsts);
-      content.dsts.Insert(to++, NumberedCopy(*content.dsts[row], content.dsts));
-    }
-    return true;
-  });
-  return Range(first, rows.size());
 }
 
 void SetUse(CDocument& document, const CRows& tasks, size_t dst, bool use) {

@@ -12,9 +12,6 @@ namespace qlm {
 
 using CRows = std::vector<size_t>;
 
-// Maximum number of destinations for edits. A file with more can still be opened.
-inline constexpr size_t kMostDsts = 99;
-
 enum class Step { UP, DOWN };
 
 // How many of the given tasks use a destination.
@@ -36,10 +33,6 @@ CRows MoveTasks(CDocument& document, const CRows& rows, std::ptrdiff_t position)
 
 // Moves each task by one row; rows already at the end stay in place.
 CRows StepTasks(CDocument& document, const CRows& rows, Step step);
-
-// Inserts copies with free IDs after the last of the tasks. Returns their rows. Throws
-// IDS_ID_NUMBERS_EXHAUSTED.
-CRows DuplicateTasks(CDocument& document, const CRows& rows);
 
 void SetTaskFilter(CDocument& document, size_t row, const std::wstring& filterPath);
 
@@ -65,10 +58,6 @@ void RemoveDsts(CDocument& document, const CRows& rows);
 
 CRows MoveDsts(CDocument& document, const CRows& rows, std::ptrdiff_t position);
 CRows StepDsts(CDocument& document, const CRows& rows, Step step);
-
-// Inserts copies after the last of the destinations, with a number appended to the name in the pattern:
-// "a_2.zip". Throws IDS_TOO_MANY_DSTS.
-CRows DuplicateDsts(CDocument& document, const CRows& rows);
 
 // --- which task uses which destination ---
 

@@ -1,7 +1,6 @@
 #include "engine/result.h"
 
 #include "platform/message_texts.h"
-#include "support/paths.h"
 #include "support/strings.h"
 #include "text_ids.h"
 
@@ -20,12 +19,6 @@ std::wstring ResultText(const my::IMessageTexts& texts, const CResult& result) {
   if (!result.error) return my::OneLine(texts.Text(phase));
   const my::CMsgArg cause = result.error.message;
   return my::OneLine(my::MakeText(texts, phase + kErrorAfterPhase, {&cause, 1}));
-}
-
-std::wstring UnlistedText(const my::IMessageTexts& texts, const CTask& task,
-                          const CUnlistedFolder& unlisted) {
-  const my::CMsgArg error = unlisted.error;
-  return my::JoinPath(task.path, unlisted.folder) + L" (" + my::MakeText(texts, 0, {&error, 1}) + L")";
 }
 
 }  // namespace qlm

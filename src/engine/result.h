@@ -48,8 +48,4 @@ using CResults = std::vector<CResultPtr>;
 // Returns the text of the phase, or of the error with its phase, in one line.
 std::wstring ResultText(const my::IMessageTexts& texts, const CResult& result);
 
-// Returns the path of a folder that could not be listed, with the reason: "C:\a\ (access denied
-// (0x80070005))".
-std::wstring UnlistedText(const my::IMessageTexts& texts, const CTask& task, const CUnlistedFolder& unlisted);
-
 }  // namespace qlm

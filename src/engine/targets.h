@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/unlisted_folder.h"
 #include "platform/file_system.h"
 #include "support/exception.h"
 #include "support/file_time.h"
@@ -54,12 +55,6 @@ class CTarget {
   my::CFileTime m_lastWriteTime;
   uint64_t m_size;
   const CFilterItem* m_item;
-};
-
-// A folder that could not be listed completely.
-struct CUnlistedFolder {
-  std::wstring folder;  // relative to the source, ending in "\"; empty for the source itself
-  my::CSystemError error;
 };
 
 // All entries below a task's source in listing order: a folder comes before its contents.

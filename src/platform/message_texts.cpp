@@ -1,7 +1,7 @@
 #include "platform/message_texts.h"
 
+#include "platform/system_error_text.h"
 #include "support/strings.h"
-#include "support/value_codecs.h"
 #include "text_ids.h"
 
 namespace my {
@@ -14,10 +14,7 @@ std::wstring ArgText(const IMessageTexts& texts, const CMsgArg& arg) {
   if (const auto* id = std::get_if<CTextId>(&arg)) {
     return MakeText(texts, id->id, std::vector<CMsgArg>(id->args.begin(), id->args.end()));
   }
-  const CSystemError error = std::get<CSystemError>(arg);
-  const std::wstring code = HexText(static_cast<uint32_t>(error.hresult));
-  const std::wstring text = texts.SystemText(error.hresult);
-  return text.empty() ? code : text + L" (" + code + L")";
+  return SystemErrorText(texts, std::get<CSystemError>(arg));
 }
 
 }  // namespace

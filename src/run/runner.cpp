@@ -7,6 +7,7 @@
 #include "document/document.h"
 #include "document/document_file.h"
 #include "engine/backup_thread.h"
+#include "engine/run_tick.h"
 #include "platform/console.h"
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
@@ -18,8 +19,6 @@
 
 namespace qlm {
 namespace {
-
-constexpr uint32_t kTickMs = 100;
 
 // Returns the tasks to run in document order.
 std::vector<CTaskPtr> SelectTasks(const CDocument& document, const COptions& options) {
@@ -61,7 +60,7 @@ class CRunSession : private IRunObserver {
     const std::unique_ptr<my::IStayAwake> awake = m_ports.power.KeepAwake();
     m_controller.Start(m_options.listOnly, false);
     while (m_controller.IsActive()) {
-      m_controller.WaitForJobs(kTickMs);
+      m_controller.WaitForJobs(kRunTickMs);
       if (m_ports.console.InterruptRequested() && m_controller.State() == RunState::RUNNING)
         m_controller.Stop();
       m_controller.Tick();

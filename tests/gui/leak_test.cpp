@@ -1,4 +1,3 @@
-
 #include "gui/gui_app.h"
 
 namespace {

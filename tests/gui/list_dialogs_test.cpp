@@ -213,15 +213,4 @@ TEST_F(ListDialogs, texts_have_room_at_every_dpi_and_size) {
   }
 }
 
-TEST_F(ListDialogs, columns_are_remembered) {
-  for (const int width : {77, 0}) {
-    CTargetDialog dialog(context, MakeResult());
-    dialog.CreateModeless(nullptr, loop);
-    const HWND list = dialog.Item(IDC_TARGET_LIST);
-    if (width != 0) ListView_SetColumnWidth(list, 1, my::Scale(width, dialog.Dpi()));
-    EXPECT_EQ(ListView_GetColumnWidth(list, 1), my::Scale(77, dialog.Dpi()));
-    dialog.Close(IDCANCEL);
-  }
-}
-
 }  // namespace

@@ -1,5 +1,3 @@
-
-
 #include <shlobj.h>
 
 #include <set>

@@ -133,49 +133,33 @@ struct SettingsSheet : SettingsDialogs {
 };
 
 TEST_F(SettingsSheet, stores_when_confirmed_and_only_then) {
-  Archive().password = L"session";
   for (const int button : {IDCANCEL, IDC_APPLY, IDOK}) {
     Open();
     EXPECT_FALSE(::IsWindowEnabled(sheet.Item(IDC_APPLY)));
     Type(page, IDC_ARCHIVER_PATH, L" \"C:\\7z.exe\" ");
     Choose(page, IDC_POWER_OFF_TYPE, static_cast<int>(PowerOffType::SLEEP));
     Click(page, IDC_HYBRID_SHUTDOWN);  // has no effect on sleep
-    Type(page, IDC_PASSWORD, L"ignored");
+    Choose(page, IDC_PASSWORD_TYPE, static_cast<int>(PasswordType::SAVE));
+    EXPECT_EQ(TextOf(page, IDC_PASSWORD_DESC), texts.Text(IDS_PASSWORD_DESC_SAVE));
+    Type(page, IDC_PASSWORD, L"a b");
     Click(sheet.Hwnd(), button);
+    const bool stored = button != IDCANCEL;
+    EXPECT_EQ(Said(IDS_PASSWORD_BAD_CHARACTER), stored);
+    EXPECT_EQ(Settings().ui.powerOffType, PowerOffType::POWEROFF) << "nothing of the rest, either";
+    if (stored) {
+      EXPECT_EQ(::GetFocus(), ::GetDlgItem(page, IDC_PASSWORD));
+      Type(page, IDC_PASSWORD, L"abc");
+      Click(sheet.Hwnd(), button);
+      EXPECT_EQ(Settings().ui.powerOffType, PowerOffType::SLEEP);
+    }
     EXPECT_EQ(sheet.Hwnd() != nullptr, button == IDC_APPLY);
     if (sheet.Hwnd()) sheet.Close(IDCANCEL);
-    const bool stored = button != IDCANCEL;
-    const CUISetting& ui = Settings().ui;
     EXPECT_EQ(Archive().sevenZipPath, stored ? L"C:\\7z.exe" : L"");
-    EXPECT_EQ(ui.powerOffType, stored ? PowerOffType::SLEEP : PowerOffType::POWEROFF);
-    EXPECT_TRUE(ui.hybridShutdown);
-    EXPECT_EQ(Archive().password, L"session");
+    EXPECT_EQ(Archive().password, stored ? L"abc" : L"");
+    EXPECT_TRUE(Settings().ui.hybridShutdown);
     Settings().ui = {};
-    Archive().sevenZipPath.clear();
+    Archive() = {};
   }
-}
-
-TEST_F(SettingsSheet, refuses_a_password_and_stores_nothing_of_the_rest) {
-  Open();
-  Choose(page, IDC_POWER_OFF_TYPE, static_cast<int>(PowerOffType::LOGOFF));
-  Choose(page, IDC_PASSWORD_TYPE, static_cast<int>(PasswordType::SAVE));
-  EXPECT_EQ(TextOf(page, IDC_PASSWORD_DESC), texts.Text(IDS_PASSWORD_DESC_SAVE));
-  Type(page, IDC_PASSWORD, L"a b");
-  Click(sheet.Hwnd(), IDOK);
-  EXPECT_TRUE(Said(IDS_PASSWORD_BAD_CHARACTER));
-  ASSERT_NE(sheet.Hwnd(), nullptr);
-  EXPECT_EQ(::GetFocus(), ::GetDlgItem(page, IDC_PASSWORD));
-  EXPECT_EQ(Settings().ui.powerOffType, PowerOffType::POWEROFF);
-  Type(page, IDC_PASSWORD, L"abc");
-  Click(sheet.Hwnd(), IDOK);
-  EXPECT_EQ(Archive().password, L"abc");
-  EXPECT_EQ(Archive().passwordType, PasswordType::SAVE);
-
-  Open();
-  EXPECT_EQ(TextOf(page, IDC_PASSWORD), L"abc");
-  Choose(page, IDC_PASSWORD_TYPE, static_cast<int>(PasswordType::EXEC));
-  Click(sheet.Hwnd(), IDOK);
-  EXPECT_EQ(Archive().password, L"");
 }
 
 TEST_F(SettingsSheet, tells_which_archiver_it_found) {

@@ -120,6 +120,7 @@ TEST(Background, tiles_repeat_over_the_whole_view_and_let_the_brush_through) {
   EXPECT_TRUE(std::equal(pixels.begin(), pixels.begin() + 5, expected));
   EXPECT_TRUE(std::equal(pixels.begin() + 10, pixels.end(), expected));
   EXPECT_EQ(pixels[5], 0xFF040484U);
+  EXPECT_EQ(pixels[6], 0xFF00FF00U);
 }
 
 TEST(NextStep, leads_from_an_empty_document_to_the_run) {

@@ -366,10 +366,4 @@ TEST_F(BackupTaskFaults, archive_of_another_run_is_never_written_into) {
   EXPECT_EQ(Below(L"D:\\dst").size(), 2u) << "no reservation is left over, and no archive of these runs";
 }
 
-TEST_F(BackupTaskFaults, copy_that_ended_early_without_an_error_is_noticed) {
-  files.ShortenCopies(true);
-  EXPECT_EQ(Outcome(Run()), "COPYING/COPY_INCOMPLETE");
-  EXPECT_EQ(files.Kind(L"D:\\dst\\one"), my::PathKind::NONE);
-}
-
 }  // namespace

@@ -1,6 +1,3 @@
-
-#include <fstream>
-
 #include "app/command_line.h"
 #include "command_ids.h"
 #include "support/fake_app.h"

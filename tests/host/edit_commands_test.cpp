@@ -1,5 +1,6 @@
 #include "app/edit_commands.h"
 
+#include "app/drop_command.h"
 #include "command_ids.h"
 #include "support/fake_app.h"
 

@@ -5,11 +5,11 @@
 #include <iterator>
 #include <random>
 #include <sstream>
-#include <stdexcept>
 
 #include "document/text_file.h"
 #include "support/fake_ports.h"
 #include "support/memory_file_system.h"
+#include "support/regex_prefilter.h"
 #include "support/thrown.h"
 
 namespace {
@@ -130,27 +130,36 @@ class CMaker {
   std::mt19937 m_random;
 };
 
-TEST(Filter, quick_look_never_contradicts_the_expression) {
+TEST(RegexPrefilter, never_contradicts_a_search_and_decides_what_it_can) {
   CMaker maker;
-  my::CRegexMatch scratch;
   int counts[2] = {};
+  int decided = 0;
   for (int patterns = 0; patterns < 20'000; ++patterns) {
     const std::wstring pattern = maker.Pattern();
-    const qlm::CFilter filter = Filter({L"+ \"" + pattern + L"\""});
-    for (int paths = 0; paths < 20 && !filter.HasErrors(); ++paths) {
+    std::optional<my::CRegex> expression;
+    if (test::ThrownId([&] { expression.emplace(pattern); }) != 0) continue;
+    const my::CRegexPrefilter prefilter(pattern);
+    for (int paths = 0; paths < 20; ++paths) {
       const std::wstring path = maker.Path(pattern);
       bool expected = false;
-      try {
-        expected = filter.Items()[0]->expression->Found(path);
-      } catch (const my::CException&) {
-        continue;  // grew beyond the bounds
-      }
+      if (test::ThrownId([&] { expected = expression->Found(path); }) != 0) continue;  // beyond the bounds
       ++counts[expected];
-      EXPECT_EQ(filter.Find(path, scratch) != nullptr, expected)
+      const auto verdict = prefilter.Test(my::CPrefilterText(path));
+      if (verdict == my::CRegexPrefilter::Verdict::UNDECIDED) continue;
+      ++decided;
+      EXPECT_EQ(verdict == my::CRegexPrefilter::Verdict::MATCH, expected)
           << pattern << L" in " << testing::PrintToString(path);
     }
   }
   EXPECT_TRUE(counts[0] > 100'000 && counts[1] > 50'000) << counts[0] << " " << counts[1];
+  EXPECT_GE(decided, 47'443) << "less than it has understood so far";
+}
+
+TEST(RegexPrefilter, spares_the_filter_a_search) {
+  const std::wstring path(180, L'a');
+  my::CRegexMatch scratch;
+  EXPECT_EQ(test::ThrownId([&] { Filter({L"- ^(a+)+[b]"}).Find(path, scratch); }), IDS_REGEX_TOO_COMPLEX);
+  EXPECT_EQ(test::ThrownId([&] { Filter({L"- ^(a+)+[b]zip"}).Find(path, scratch); }), 0u);
 }
 
 }  // namespace

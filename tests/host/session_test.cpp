@@ -1,4 +1,3 @@
-
 #include "command_ids.h"
 #include "support/fake_app.h"
 #include "support/golden.h"

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <future>
-#include <thread>
 
 #include "support/fake_archiver.h"
 #include "support/fake_ports.h"

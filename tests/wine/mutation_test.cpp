@@ -66,13 +66,10 @@ void SurvivesMutations(const std::string& golden, Load load) {
   EXPECT_GE(outcomes.size(), 6u) << "mutations must get past the parser";
 }
 
-TEST(Mutation, settings_file_loads_or_is_refused) {
+TEST(Mutation, file_loads_or_is_refused) {
   qlm::CSettings settings(1);
   SurvivesMutations("settings_full.config",
                     [&](COneFile& file) { qlm::LoadSettings(file, dom, L"C:\\in", settings); });
-}
-
-TEST(Mutation, document_file_loads_or_is_refused) {
   SurvivesMutations("document.qlmr", [](COneFile& file) { qlm::LoadDocument(file, dom, L"C:\\in"); });
 }
 

@@ -11,7 +11,6 @@
 #include "text_ids.h"
 #include "ui/framework/controls.h"
 #include "ui/framework/file_dialogs.h"
-#include "ui/models/cells.h"
 #include "ui/models/name_preview.h"
 #include "ui/models/task_warning.h"
 

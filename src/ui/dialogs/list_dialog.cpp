@@ -7,7 +7,7 @@
 #include "ui/framework/clipboard.h"
 #include "ui/framework/colors.h"
 #include "ui/framework/failures.h"
-#include "ui/models/cells.h"
+#include "ui/models/row_colors.h"
 
 namespace qlm {
 namespace {

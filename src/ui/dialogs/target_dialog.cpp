@@ -9,6 +9,7 @@
 #include "platform/message_texts.h"
 #include "text_ids.h"
 #include "ui/framework/dpi.h"
+#include "ui/models/cell_texts.h"
 
 namespace qlm {
 namespace {

@@ -2,6 +2,12 @@
 
 namespace my {
 
+int HeightOf(HWND window) {
+  RECT bounds{};
+  ::GetWindowRect(window, &bounds);
+  return bounds.bottom - bounds.top;
+}
+
 void FillCombo(HWND combo, const std::vector<std::wstring>& items) {
   for (const std::wstring& item : items) {
     ::SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));

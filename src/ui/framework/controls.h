@@ -11,6 +11,8 @@
 
 namespace my {
 
+int HeightOf(HWND window);  // pixels
+
 // Appends the items to the list of a combo box.
 void FillCombo(HWND combo, const std::vector<std::wstring>& items);
 

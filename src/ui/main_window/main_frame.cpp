@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "app/application.h"
+#include "app/drop_command.h"
 #include "command_ids.h"
 #include "control_ids.h"
 #include "platform/message_texts.h"

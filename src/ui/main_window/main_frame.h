@@ -13,9 +13,10 @@
 #include "ui/framework/window_icons.h"
 #include "ui/look/tool_images.h"
 #include "ui/main_window/frame_list.h"
-#include "ui/main_window/main_bars.h"
 #include "ui/main_window/main_view.h"
 #include "ui/main_window/run_presenter.h"
+#include "ui/main_window/status_bar.h"
+#include "ui/main_window/tool_bar.h"
 
 namespace qlm {
 

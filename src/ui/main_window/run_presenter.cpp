@@ -5,8 +5,9 @@
 #include "platform/message_texts.h"
 #include "text_ids.h"
 #include "ui/dialogs/dialogs.h"
-#include "ui/main_window/main_bars.h"
 #include "ui/main_window/main_view.h"
+#include "ui/main_window/status_bar.h"
+#include "ui/main_window/tool_bar.h"
 #include "ui/models/closing_text.h"
 
 namespace qlm {

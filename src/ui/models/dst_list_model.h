@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "document/document_edits.h"
-#include "ui/models/cells.h"
+#include "ui/models/table_model.h"
 
 namespace qlm {
 

@@ -5,6 +5,8 @@
 #include "settings/settings.h"
 #include "support/strings.h"
 #include "text_ids.h"
+#include "ui/models/cell_texts.h"
+#include "ui/models/row_colors.h"
 
 namespace qlm {
 namespace {

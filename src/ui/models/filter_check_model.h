@@ -6,9 +6,11 @@
 #include <vector>
 
 #include "document/filter.h"
-#include "ui/models/cells.h"
+#include "ui/models/table_model.h"
 
 namespace qlm {
+
+struct CUISetting;
 
 // The item of each line of a filter file; null for a comment.
 using CFilterLines = std::vector<const CFilterItem*>;

@@ -6,6 +6,7 @@
 #include "settings/settings.h"
 #include "support/strings.h"
 #include "text_ids.h"
+#include "ui/models/cell_texts.h"
 
 namespace qlm {
 namespace {

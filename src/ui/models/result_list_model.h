@@ -3,7 +3,12 @@
 #include <string>
 
 #include "engine/result.h"
-#include "ui/models/cells.h"
+#include "ui/models/row_colors.h"
+#include "ui/models/table_model.h"
+
+namespace my {
+class IClock;
+}
 
 namespace qlm {
 

@@ -3,6 +3,7 @@
 #include "platform/message_texts.h"
 #include "support/strings.h"
 #include "text_ids.h"
+#include "ui/models/cell_texts.h"
 
 namespace qlm {
 namespace {

@@ -5,7 +5,11 @@
 #include <string_view>
 
 #include "engine/targets.h"
-#include "ui/models/cells.h"
+#include "ui/models/table_model.h"
+
+namespace my {
+class IClock;
+}
 
 namespace qlm {
 

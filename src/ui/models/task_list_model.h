@@ -4,7 +4,8 @@
 #include <unordered_map>
 
 #include "engine/result.h"
-#include "ui/models/cells.h"
+#include "ui/models/row_colors.h"
+#include "ui/models/table_model.h"
 
 namespace qlm {
 

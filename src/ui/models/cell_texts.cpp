@@ -1,0 +1,41 @@
+#include "ui/models/cell_texts.h"
+
+#include <array>
+#include <cstdio>
+
+#include "document/filter.h"
+#include "platform/clock.h"
+#include "platform/message_texts.h"
+#include "support/exception.h"
+#include "support/strings.h"
+#include "text_ids.h"
+
+namespace qlm {
+
+std::wstring LocalTimeText(const my::IClock& clock, my::CFileTime time) try {
+  if (!time) return {};
+  return my::CalendarText(clock.LocalCalendar(time), L'/', L' ');
+} catch (const my::CException&) {
+  return {};
+}
+
+std::wstring GroupedText(uint64_t number) {
+  std::wstring digits = std::to_wstring(number);
+  for (size_t end = digits.size(); end > 3; end -= 3) digits.insert(end - 3, 1, L',');
+  return digits;
+}
+
+std::wstring AttributesText(uint32_t attributes) {
+  std::wstring letters;
+  for (const auto& [bit, letter] : kAttributeLetters) {
+    if ((attributes & bit) != 0) letters += letter;
+  }
+  return letters;
+}
+
+std::wstring FilterItemText(const my::IMessageTexts& texts, const CFilterItem* item) {
+  if (!item) return texts.Text(IDS_FILTER_NO_MATCH);
+  return std::to_wstring(item->lineIndex + 1) + L": " + item->line;
+}
+
+}  // namespace qlm

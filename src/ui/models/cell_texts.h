@@ -1,0 +1,40 @@
+// The texts that cells of several lists show.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "support/file_time.h"
+
+namespace my {
+class IClock;
+class IMessageTexts;
+}  // namespace my
+
+namespace qlm {
+
+struct CFilterItem;
+
+// Returns the time as "2024/03/05 07:04:09" in the user's time zone; empty if it is zero or cannot be
+// converted.
+std::wstring LocalTimeText(const my::IClock& clock, my::CFileTime time);
+
+std::wstring GroupedText(uint64_t number);  // "1,234,567"
+
+struct CAttributeLetter {
+  uint32_t bit;  // FILE_ATTRIBUTE_ value
+  wchar_t letter;
+};
+
+inline constexpr CAttributeLetter kAttributeLetters[] = {
+    {0x1, L'R'},   {0x2, L'H'},   {0x4, L'S'},   {0x10, L'D'},   {0x20, L'A'},   {0x100, L'T'},
+    {0x200, L'P'}, {0x400, L'L'}, {0x800, L'C'}, {0x1000, L'O'}, {0x2000, L'I'}, {0x4000, L'E'}};
+
+// Returns the letters of the set attributes, in the order of the table.
+std::wstring AttributesText(uint32_t attributes);
+
+// Returns the deciding line of a filter with its number: "12: - \.bak$". For null the text that no line
+// matches.
+std::wstring FilterItemText(const my::IMessageTexts& texts, const CFilterItem* item);
+
+}  // namespace qlm

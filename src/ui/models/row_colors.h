@@ -1,0 +1,28 @@
+// The states of result rows, their colours and their texts in the lists.
+#pragma once
+
+#include <string>
+
+#include "ui/framework/list_model.h"
+
+namespace my {
+class IMessageTexts;
+}
+
+namespace qlm {
+
+struct CResult;
+struct CUISetting;
+
+// The first four are in the order of the state colours in the settings. INCOMPLETE has no colour there: the
+// row ended without an error, but folders of its source could not be listed.
+enum class ResultState { CREATED, RUNNING, NOT_UPDATED, FAILED, INCOMPLETE };
+
+// Returns phase or error of a row, and the first folder that could not be listed, with the reason; in one
+// line.
+std::wstring RowText(const my::IMessageTexts& texts, const CResult& result);
+
+ResultState StateOf(const CResult& result);
+my::CListLook StateLook(const CUISetting& setting, ResultState state);
+
+}  // namespace qlm
