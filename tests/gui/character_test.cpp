@@ -11,7 +11,7 @@ using Gdiplus::Bitmap;
 
 constexpr int kMargin = 8;
 
-// How many pixels of a strip around or in the square in the middle are drawn.
+// Returns the number of drawn pixels in the centred square, or outside it.
 int Drawn(Bitmap& bitmap, bool inside) {
   const auto size = static_cast<int>(bitmap.GetWidth());
   int count = 0;
@@ -26,7 +26,7 @@ int Drawn(Bitmap& bitmap, bool inside) {
   return count;
 }
 
-TEST(Character, stays_in_its_place_at_any_size) {
+TEST(Character, is_drawn_within_its_square_at_any_size) {
   const my::CGdiplus gdiplus;
   for (int type = static_cast<int>(BkImgType::OK); type <= static_cast<int>(BkImgType::GETTODAZE); ++type) {
     for (const int side : {50, 100}) {

@@ -4,7 +4,7 @@ namespace {
 
 using test::CGuiApp;
 
-TEST(Leaks, every_dialog_of_the_main_window_leaves_the_counts_where_they_were) {
+TEST(Leaks, dialogs_leak_no_gdi_or_user_objects) {
   CGuiApp a;
   a.scratch.Write(L"a.flt", "- x\n");
   a.scratch.files.CreateFolders(a.scratch.At(L"s"));

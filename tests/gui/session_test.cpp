@@ -7,7 +7,7 @@ using test::CGuiApp;
 using test::Click;
 using test::Type;
 
-TEST(Session, document_is_built_by_dialogs_saved_run_and_its_results_are_read) {
+TEST(Session, document_is_built_with_dialogs_saved_run_and_its_results_shown) {
   CGuiApp a;
   a.scratch.files.CreateFolders(a.scratch.At(L"書類"));
   a.scratch.Write(L"書類\\a.txt", "x");
@@ -21,7 +21,7 @@ TEST(Session, document_is_built_by_dialogs_saved_run_and_its_results_are_read) {
     Click(dialog, IDOK);
   });
   ASSERT_EQ(a.app->Document().Tasks().size(), 1u);
-  EXPECT_EQ(a.app->Document().Tasks()[0]->dsts.size(), 1u) << "the only destination is the first choice";
+  EXPECT_EQ(a.app->Document().Tasks()[0]->dsts.size(), 1u) << "the only destination is preselected";
   const std::wstring path = a.scratch.At(L"文書.qlmr");
   a.DoWithDialog(ID_SAVE, [&path](HWND dialog) {
     constexpr int kNameCombo = 0x47C;

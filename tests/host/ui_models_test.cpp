@@ -7,7 +7,7 @@ namespace {
 
 using namespace my;
 
-TEST(Placement, window_is_pulled_back_onto_the_screen_that_it_is_nearest_to) {
+TEST(Placement, window_is_moved_onto_the_nearest_screen) {
   const my::CRect left{0, 0, 1000, 800};
   const my::CRect right{1000, -200, 2000, 600};
   const std::vector<my::CRect> screens = {left, right};
@@ -17,19 +17,19 @@ TEST(Placement, window_is_pulled_back_onto_the_screen_that_it_is_nearest_to) {
   EXPECT_EQ(PullBack({950, 100, 1250, 300}, screens), (my::CRect{1000, 100, 1300, 300}));
   EXPECT_EQ(PullBack({2500, -900, 2700, -800}, screens), (my::CRect{1800, -200, 2000, -100}));
   EXPECT_EQ(PullBack({-500, -500, 5000, 100}, {left}), (my::CRect{0, 0, 1000, 600}));
-  // From an edited settings file.
+  // as in an edited settings file
   EXPECT_EQ(PullBack({INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN}, {left}),
             (my::CRect{1000, 800, 1000, 800}));
   EXPECT_EQ(PullBack({INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX}, screens), left);
   EXPECT_EQ(PullBack(inside, {}), inside);
-  // A window that the system has snapped to the left half, and one that only looks like it.
+  // A window snapped to the left half of the screen, and one that only resembles it.
   const CBorder border{7, 0, 7, 7};
   EXPECT_EQ(PullBack({-7, 0, 507, 807}, {left}, border), (my::CRect{-7, 0, 507, 807}));
   EXPECT_EQ(PullBack({-8, -1, 506, 500}, {left}, border), (my::CRect{0, 0, 514, 501}));
   EXPECT_EQ(CentreOn({0, 0, 200, 100}, {100, 100, 500, 300}), (my::CRect{200, 150, 400, 250}));
 }
 
-TEST(ListModel, typed_text_leads_around_the_end) {
+TEST(ListModel, search_by_typing_wraps_around) {
   struct CNames : IListModel {
     std::vector<std::wstring> names{L"Beta", L"alpha", L"Alto", L"al"};
     size_t RowCount() const override { return names.size(); }

@@ -66,7 +66,7 @@ std::wstring CIconvAnsiCodec::Decode(std::string_view bytes) const {
     size_t room = sizeof c;
     const size_t before = left;
     ::iconv(codec.get(), &from, &left, &to, &room);
-    if (left == before) ++from, --left;  // a byte that is none of the code page
+    if (left == before) ++from, --left;  // an invalid byte
     text += room == 0 ? c : static_cast<wchar_t>(my::kReplacementChar);
   }
   return text;
