@@ -148,7 +148,7 @@ TEST(Win32Shell, missing_file_is_an_error_without_a_window) {
 TEST(Win32KnownFolders, program_folder_holds_the_running_program) {
   const std::wstring folder = my::CWin32KnownFolders().ProgramFolder();
   my::CWin32FileSystem files;
-  EXPECT_EQ(files.Kind(my::JoinPath(folder, L"qlm_wine_tests.exe")), my::PathKind::FILE);
+  EXPECT_EQ(files.Kind(my::JoinPath(folder, L"qlm_wine_tests.exe")), my::PathKind::File);
 }
 
 }  // namespace
