@@ -150,14 +150,28 @@ TEST_F(DocumentEdits, clip_brings_what_the_document_lacks) {
 // No edit may touch what an earlier step holds.
 TEST_F(DocumentEdits, every_edit_can_be_taken_back_and_done_again) {
   const CClip clip = CopyTasks(dom, document, {1, 2});
-  const std::function<void()> kEdits[] = {
-      [&] { AddFolderTask(document, 1, L"C:\\n"); },     [&] { InsertDst(document, -1, {L"n"}); },
-      [&] { ReplaceTask(document, 0, Task(L"r", L"q")); }, [&] { ReplaceDst(document, 0, {L"r"}); },
-      [&] { MoveTasks(document, {0, 3}, 2); },             [&] { MoveDsts(document, {2}, 0); },
-      [&] { DuplicateTasks(document, {1}); },              [&] { DuplicateDsts(document, {1}); },
-      [&] { SetUse(document, {0, 1}, 1, true); },          [&] { PasteTasks(dom, document, clip.document, 1); },
-      [&] { RemoveDsts(document, {0, 1}); },               [&] { RemoveTasks(document, {0, 2, 3}); },
-      [&] { ReplaceDst(document, 1, {L"s"}); },            [&] { SetTaskFilter(document, 1, L"f"); }};
+  const std::function<void()> kEdits[] = {[&] { AddFolderTask(document, 1, L"C:\\n"); },
+                                          [&] { InsertDst(document, -1, {L"n"}); },
+                                          [&] { ReplaceTask(document, 0, Task(L"r", L"q")); },
+                                          [&] { ReplaceDst(document, 0, {L"r"}); },
+                                          [&] {
+                                            MoveTasks(document, {0, 3}, 2);
+                                          },
+                                          [&] { MoveDsts(document, {2}, 0); },
+                                          [&] { DuplicateTasks(document, {1}); },
+                                          [&] { DuplicateDsts(document, {1}); },
+                                          [&] {
+                                            SetUse(document, {0, 1}, 1, true);
+                                          },
+                                          [&] { PasteTasks(dom, document, clip.document, 1); },
+                                          [&] {
+                                            RemoveDsts(document, {0, 1});
+                                          },
+                                          [&] {
+                                            RemoveTasks(document, {0, 2, 3});
+                                          },
+                                          [&] { ReplaceDst(document, 1, {L"s"}); },
+                                          [&] { SetTaskFilter(document, 1, L"f"); }};
   document.Reset(document.Content(), L"");
   std::vector<std::string> steps = {Bytes()};
   for (const auto& edit : kEdits) {
