@@ -1,5 +1,4 @@
 #include "gui/gui_app.h"
-#include "ui/look/character.h"
 #include "ui/look/high_contrast.h"
 #include "ui/models/background_model.h"
 
@@ -197,37 +196,6 @@ TEST_F(Design, repainting_and_changing_leave_nothing_behind) {
     ::RedrawWindow(view.Tasks().List().Hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
   use(29);
   EXPECT_EQ(test::GdiObjects(), gdi);
-}
-
-constexpr int kMargin = 8;
-
-// How many pixels of a strip around or in the square in the middle are drawn.
-int Drawn(Gdiplus::Bitmap& bitmap, bool inside) {
-  const auto size = static_cast<int>(bitmap.GetWidth());
-  int count = 0;
-  for (int i = 0; i < size * size; ++i) {
-    const int x = i % size;
-    const int y = i / size;
-    const bool in = std::min(x, y) >= kMargin && std::max(x, y) < size - kMargin;
-    Gdiplus::Color color;
-    bitmap.GetPixel(x, y, &color);
-    if (in == inside && color.GetAlpha() != 0) ++count;
-  }
-  return count;
-}
-
-TEST(Character, stays_in_its_place_at_any_size) {
-  const my::CGdiplus gdiplus;
-  for (int type = static_cast<int>(BkImgType::OK); type <= static_cast<int>(BkImgType::GETTODAZE); ++type) {
-    for (const int side : {50, 100}) {
-      Gdiplus::Bitmap bitmap(side + 2 * kMargin, side + 2 * kMargin, PixelFormat32bppARGB);
-      Gdiplus::Graphics graphics(&bitmap);
-      const auto place = static_cast<float>(side);
-      DrawCharacter(graphics, static_cast<BkImgType>(type), {kMargin, kMargin, place, place});
-      EXPECT_GT(Drawn(bitmap, true), side * side / 5) << type << " at " << side;
-      EXPECT_EQ(Drawn(bitmap, false), 0) << type << " at " << side;
-    }
-  }
 }
 
 }  // namespace
