@@ -10,8 +10,8 @@
 
 namespace qlm {
 
-// Takes files that were dropped on the window: a folder becomes a task, a filter file becomes that of the
-// task it was dropped on, a document is opened or, with `append`, added.
+// Handles files dropped on the window: a folder becomes a task, a filter file the filter of the task it was
+// dropped on, a document is opened, or appended if `append` is set.
 class CCommandDrop final : public CCommand {
  public:
   // `taskRow` is the row of the task list under the pointer.
@@ -20,7 +20,7 @@ class CCommandDrop final : public CCommand {
       : CCommand(context), m_paths(std::move(paths)), m_taskRow(taskRow), m_append(append) {}
 
   // Throws IDS_REFUSED_DURING_REPLACE, CListException with IDS_DROP_FILTER_ON_TASK, IDS_DROP_UNKNOWN, or what
-  // the document or CCommandOpen throws. The files before the one that is refused have been taken.
+  // the document or CCommandOpen throws. Files before the refused one stay added.
   void Execute(bool run) override;
 
  private:

@@ -13,7 +13,7 @@
 namespace qlm {
 namespace {
 
-// One list, with what its edits need.
+// One list and the objects that its edits need.
 class CListEdit {
  public:
   CListEdit(CAppContext& context, ListKind kind)
@@ -45,7 +45,7 @@ class CListEdit {
   IEditList& m_list;
 };
 
-// The row that is selected after these rows were removed.
+// Returns the row to select after these rows were removed.
 CRows RowAfter(const CRows& removed, size_t sizeAfter) {
   if (removed.empty() || sizeAfter == 0) return {};
   return {std::min(removed.front(), sizeAfter - 1)};

@@ -11,11 +11,11 @@ namespace qlm {
 
 enum class EditAction { ADD, EDIT, DUPLICATE, REMOVE, UP, DOWN, CUT, COPY, PASTE, SELECT_ALL };
 
-// Edits the selected rows of a list, or the focused one. With nothing to edit, Execute does nothing; without
-// `run` it then throws IDS_NO_ITEM_SELECTED.
+// Edits the selected rows of a list, or the focused one. If there is nothing to edit, Execute(true) does
+// nothing and Execute(false) throws IDS_NO_ITEM_SELECTED.
 class CCommandEdit final : public CCommand {
  public:
-  // Without `list`, edits the list that has the keyboard when the command is executed.
+  // Without `list`, edits the list that has the focus when the command is executed.
   CCommandEdit(CAppContext& context, EditAction action, std::optional<ListKind> list)
       : CCommand(context), m_action(action), m_list(list) {}
 
@@ -33,14 +33,15 @@ class CCommandHistory final : public CCommand {
  public:
   CCommandHistory(CAppContext& context, HistoryStep step) : CCommand(context), m_step(step) {}
 
-  // Throws IDS_REFUSED_DURING_REPLACE. With no step to take: as CCommandEdit with nothing to edit.
+  // Throws IDS_REFUSED_DURING_REPLACE. Without an undo or redo step it behaves like CCommandEdit with nothing
+  // to edit.
   void Execute(bool run) override;
 
  private:
   HistoryStep m_step;
 };
 
-// Makes all selected tasks use a destination. If all of them use it already, none does afterwards.
+// Makes all selected tasks use a destination, or none of them if all did before.
 class CCommandToggleUse final : public CCommand {
  public:
   CCommandToggleUse(CAppContext& context, size_t dst) : CCommand(context), m_dst(dst) {}

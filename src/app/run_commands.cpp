@@ -59,7 +59,7 @@ void CCommandExec::StartRun(const std::vector<CTaskPtr>& tasks) {
 
 void CCommandTaskTargets::Execute(bool run) {
   RefuseDuringRun(m_context);
-  RefuseDuringReplace(m_context);  // while it is open nobody could stop the run
+  RefuseDuringReplace(m_context);  // while the replace tool is open, the run could not be stopped
   const auto row = m_context.window.TaskList().FocusedRow();
   if (!row || *row >= m_context.document.Tasks().size())
     throw CListException(IDS_NO_ITEM_SELECTED, m_context.window.TaskList());

@@ -9,7 +9,7 @@ namespace qlm {
 
 struct CArchiveSetting;
 
-// Runs the document, or stops the run that is active.
+// Runs the document, or stops the active run.
 class CCommandExec final : public CCommand {
  public:
   CCommandExec(CAppContext& context, bool powerOff) : CCommand(context), m_powerOff(powerOff) {}
@@ -21,7 +21,7 @@ class CCommandExec final : public CCommand {
   bool m_powerOff;
 };
 
-// Lists what the focused task would back up, and transfers nothing.
+// Lists what the focused task would back up; transfers nothing.
 class CCommandTaskTargets final : public CCommand {
  public:
   using CCommand::CCommand;

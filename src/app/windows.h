@@ -1,4 +1,4 @@
-// What the commands need of the windows, which implement it. GUI thread only.
+// Interfaces that the windows implement for the commands. GUI thread only.
 #pragma once
 
 #include <cstddef>
@@ -18,7 +18,7 @@ struct CDst;
 struct CSettings;
 struct CTask;
 
-// A list on the screen; rows are positions in the list of the program that it shows.
+// A list in a window. Rows are indices in the list of the program that it shows.
 class IListState {
  public:
   virtual ~IListState() = default;
@@ -27,16 +27,16 @@ class IListState {
   virtual void Focus() = 0;                              // moves the keyboard focus to the list
 };
 
-// A list of the document, which the user edits.
+// One of the two lists of the document.
 class IEditList : public IListState {
  public:
-  virtual bool AnySelected() const = 0;  // cheap
+  virtual bool AnySelected() const = 0;  // cheap to call
 
-  // Selects these rows and no others, focuses the first of them and scrolls to it.
+  // Selects only these rows, and focuses and shows the first of them.
   virtual void Select(const std::vector<size_t>& rows) = 0;
 };
 
-// Returns the position after the last selected row; -1, the end, if none is selected.
+// Returns the position after the last selected row; -1 (the end) if no row is selected.
 std::ptrdiff_t PositionAfterSelection(const IListState& list);
 
 enum class ListKind { TASKS, DSTS };
@@ -48,46 +48,46 @@ class IMainWindow {
   virtual IEditList& TaskList() = 0;
   virtual IEditList& DstList() = 0;
 
-  // The list that has, or had last, the keyboard focus.
+  // Returns the list that has, or last had, the focus.
   virtual ListKind CurrentList() = 0;
   virtual void FocusOtherList() = 0;
 
-  // Redraws the two lists: the preview of the replace tool has changed their texts without the document.
+  // Redraws both lists after the preview of the replace tool has changed their texts.
   virtual void RedrawLists() = 0;
 
   virtual void ApplySettings(const CSettings& settings) = 0;
   virtual void StoreSettings(CSettings& settings) = 0;
   virtual void ToggleFullScreen() = 0;
 
-  // The document's path or its modified flag has changed.
+  // Must be called when the path or the modified flag of the document has changed.
   virtual void UpdateTitle() = 0;
 
-  // Closes the window as the user does, after the current command.
+  // Closes the window, as the user would, after the current command.
   virtual void PostClose() = 0;
 
-  // Tells the system why the session must not end now; an empty text withdraws that.
+  // Sets the reason why the session must not end now; an empty text removes it.
   virtual void HoldSession(const std::wstring& reason) = 0;
 
-  // The program ends as soon as the run does: disables every window and shows what the program waits for.
+  // Called when the program exits as soon as the run ends: disables all windows and shows what is waited for.
   virtual void ShowClosing() = 0;
 
-  virtual void StartTimer(uint32_t periodMs) = 0;  // of the run tick
+  virtual void StartTimer(uint32_t periodMs) = 0;  // timer for CBackupThread::Tick
   virtual void StopTimer() = 0;
 
   virtual void ClearResults() = 0;
-  // A job's rows, all of them; `firstRow` is the place of the first among all rows.
+  // Shows all rows of a job. `firstRow` is the index of its first row among all rows.
   virtual void ShowResults(size_t firstRow, const CResults& rows) = 0;
-  virtual void ShowRunStatus() = 0;  // the run's text and progress may have changed
-  virtual void ShowRunState() = 0;   // a run has begun, is ending or has ended
+  virtual void ShowRunStatus() = 0;  // status text or progress may have changed
+  virtual void ShowRunState() = 0;   // a run has started, is stopping or has ended
   virtual void OpenResults() = 0;    // opens the list of all rows
 };
 
-// The list of a kind.
+// Returns the list of this kind.
 inline IEditList& ListOf(IMainWindow& window, ListKind kind) {
   return kind == ListKind::TASKS ? window.TaskList() : window.DstList();
 }
 
-// Each has its options of the system's dialog.
+// The type decides the options of the system's dialog.
 enum class FileDialog { OPEN_FILE, SAVE_FILE, OPEN_FILTER };
 
 struct CFileKind {
@@ -97,47 +97,49 @@ struct CFileKind {
 
 struct CFileQuestion {
   FileDialog dialog = FileDialog::OPEN_FILE;
-  std::wstring initialPath;  // empty: the system's choice
+  std::wstring initialPath;  // empty: chosen by the system
   std::vector<CFileKind> kinds;
-  std::wstring defaultExtension;  // without a dot; empty: none
+  std::wstring defaultExtension;  // without the dot; empty: none
 };
 
 class IDialogs {
  public:
   virtual ~IDialogs() = default;
 
-  // Returns the full path; empty if the user cancelled.
+  // Returns the full path; nullopt if the user cancelled.
   virtual std::optional<std::wstring> AskPath(const CFileQuestion& question) = 0;
 
-  // Modal; hands what was typed to CPasswordEntry::Accept until that returns true. Returns false if the user
+  // Modal. Passes the input to CPasswordEntry::Accept until that returns true. Returns false if the user
   // cancelled.
   virtual bool AskPassword(CPasswordEntry& entry) = 0;
 
-  // Modal; `confirm` takes the edited item. What it throws is shown, and the dialog stays.
+  // Modal. OK calls `confirm` with the edited item; if it throws, the error is shown and the dialog stays
+  // open.
   virtual void EditTask(const CTask& task, const std::function<void(const CTask&)>& confirm) = 0;
   virtual void EditDst(const CDst& dst, const std::function<void(const CDst&)>& confirm) = 0;
 
-  // Modal; shows what a filter file does to the files of a source folder, which may be empty.
+  // Modal. Shows the effect of a filter file on the files of a source folder, which may be empty.
   virtual void ShowFilter(const std::wstring& filterPath, const std::wstring& sourcePath) = 0;
 
   virtual void ShowSettings(bool designPage) = 0;  // modal
   virtual void ShowAbout() = 0;                    // modal
 
-  // Opens the replace dialog over the open replace tool. The dialog ends with the tool's Commit or Cancel.
+  // Opens the modeless replace dialog. The replace tool is already open; the dialog ends it with Commit or
+  // Cancel.
   virtual void OpenReplace() = 0;
   virtual void FocusReplace() = 0;
 
-  // Cancels the replace dialog as the user does. The tool is still open afterwards if it refused.
+  // Cancels the replace dialog as the user would. If the dialog refuses, the tool is still open afterwards.
   virtual void CancelReplace() = 0;
 };
 
-// Items of the document on the clipboard, shared by all running copies of the program.
+// Document items on the clipboard, shared by all running instances of the program.
 class IClipboard {
  public:
   virtual ~IClipboard() = default;
   virtual void Set(const CClip& clip) = 0;
-  virtual std::optional<std::string> Document() = 0;  // CClip::document; empty if there is none
-  virtual bool HasDocument() const = 0;               // cheap
+  virtual std::optional<std::string> Document() = 0;  // CClip::document; nullopt if there is none
+  virtual bool HasDocument() const = 0;               // cheap to call
 };
 
 }  // namespace qlm

@@ -1,4 +1,4 @@
-// The edits that duplicate items of the document, as those of document_edits.h.
+// Edits that duplicate items of the document; see document_edits.h.
 #pragma once
 
 #include "document/document_edits.h"

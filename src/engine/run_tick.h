@@ -4,7 +4,7 @@
 
 namespace qlm {
 
-// How often CBackupThread::Tick is called during a run, in milliseconds.
+// The period of CBackupThread::Tick during a run, in milliseconds.
 inline constexpr uint32_t kRunTickMs = 100;
 
 }  // namespace qlm

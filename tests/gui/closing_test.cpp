@@ -21,7 +21,7 @@ struct Closing : testing::Test {
   test::CGuiApp a;
 };
 
-TEST_F(Closing, end_of_session_or_program_stores_what_open_windows_remember) {
+TEST_F(Closing, end_of_session_or_program_stores_placements_of_open_windows) {
   const HWND results = OpenResults();
   ::MoveWindow(results, 30, 40, 1000, 600, FALSE);
   ListView_SetColumnWidth(::GetDlgItem(results, IDC_RESULT_LIST), 0, 123);
@@ -49,7 +49,7 @@ TEST_F(Closing, end_of_session_or_program_stores_what_open_windows_remember) {
   EXPECT_EQ(settings.resultDlg.rect, (my::CRect{35, 45, 1045, 655}));
 }
 
-TEST_F(Closing, window_keeps_painting_and_refuses_work_while_the_worker_ends) {
+TEST_F(Closing, window_paints_and_refuses_commands_while_the_worker_ends) {
   a.worker = &manual;
   a.Start();
   a.scratch.Write(L"file.txt", "x");
@@ -77,7 +77,7 @@ TEST_F(Closing, window_keeps_painting_and_refuses_work_while_the_worker_ends) {
   EXPECT_TRUE(test::PumpUntil([&] { return !::IsWindow(frame); }));
 }
 
-TEST_F(Closing, box_over_the_results_keeps_the_user_out_of_the_main_window) {
+TEST_F(Closing, message_box_over_the_results_disables_the_main_window) {
   static HWND frame = nullptr;
   static bool wasEnabled = true;
   frame = a.frame->Hwnd();

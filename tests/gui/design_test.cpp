@@ -44,7 +44,7 @@ struct Design : testing::Test {
                                  nullptr, nullptr, nullptr, nullptr);
 };
 
-TEST_F(Design, choices_show_at_once_and_are_taken_back) {
+TEST_F(Design, choices_are_previewed_and_cancel_restores_the_design) {
   const CPixels first = PixelsOf(ViewOfApp());
   CPixels before = first;
   const auto expectChange = [&](const char* what) {
@@ -74,7 +74,7 @@ TEST_F(Design, choices_show_at_once_and_are_taken_back) {
   EXPECT_EQ(a.app->Settings().design.bkBrushType, BrushType::DEFAULT);
 }
 
-TEST_F(Design, damaged_picture_is_refused_but_not_one_that_is_away_for_now) {
+TEST_F(Design, damaged_picture_is_refused_but_not_a_missing_one_in_use) {
   CDesignSetting& design = a.app->Settings().design;
   design.bkBrushType = BrushType::CUSTOM_BK;
   design.bkBrushPath = a.scratch.At(L"away\\brush.png");
@@ -107,7 +107,7 @@ TEST_F(Design, damaged_picture_is_refused_but_not_one_that_is_away_for_now) {
   EXPECT_EQ(design.bkBrushPath, a.scratch.At(L"away\\brush.png"));
 }
 
-TEST_F(Design, text_is_read_on_every_brush_and_every_character) {
+TEST_F(Design, text_is_readable_on_every_brush_and_character) {
   view.CreateIn(frame);
   ::MoveWindow(view.Hwnd(), 0, 0, 400, 300, FALSE);
   CBackground background;
@@ -131,7 +131,7 @@ TEST_F(Design, text_is_read_on_every_brush_and_every_character) {
   }
 }
 
-TEST_F(Design, high_contrast_of_the_system_goes_before_the_design) {
+TEST_F(Design, high_contrast_overrides_the_design) {
   const CPixels designed = PixelsOf(ViewOfApp());
   my::AssumeHighContrast(true);
   ::SendMessageW(a.frame->Hwnd(), WM_SETTINGCHANGE, SPI_SETHIGHCONTRAST, 0);
@@ -144,7 +144,7 @@ TEST_F(Design, high_contrast_of_the_system_goes_before_the_design) {
   EXPECT_EQ(PixelsOf(ViewOfApp()), designed);
 }
 
-TEST_F(Design, background_stands_still_while_rows_and_panes_move) {
+TEST_F(Design, background_does_not_move_with_rows_and_panes) {
   for (int i = 0; i < 60; ++i) a.AddTask(std::to_wstring(i), L"");
   view.CreateIn(frame);
   ::MoveWindow(view.Hwnd(), 0, 0, 900, 600, FALSE);
@@ -171,10 +171,10 @@ TEST_F(Design, background_stands_still_while_rows_and_panes_move) {
   view.Tasks().List().EnsureVisible(50);
   EXPECT_EQ(strip(), before);
   view.Tasks().List().Select({48, 50});
-  EXPECT_NE(strip(), before) << "the selection is seen";
+  EXPECT_NE(strip(), before) << "the selection is visible";
 }
 
-TEST_F(Design, repainting_and_changing_leave_nothing_behind) {
+TEST_F(Design, repainting_and_changing_the_design_leak_no_gdi_objects) {
   view.CreateIn(frame);
   ::MoveWindow(view.Hwnd(), 0, 0, 300, 400, FALSE);
   const auto use = [&](int i) {

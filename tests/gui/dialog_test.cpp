@@ -56,7 +56,7 @@ struct Dialog : testing::Test {
   CTestDialog dialog{&setting};
 };
 
-TEST_F(Dialog, controls_follow_the_edges_and_it_never_gets_smaller_than_its_template) {
+TEST_F(Dialog, controls_follow_their_anchors_and_the_template_is_the_minimum_size) {
   dialog.CreateModeless(nullptr, loop);
   const SIZE before = Size(dialog.Hwnd());
   const SIZE edit = Of(IDC_EDIT);
@@ -77,7 +77,7 @@ TEST_F(Dialog, controls_follow_the_edges_and_it_never_gets_smaller_than_its_temp
   EXPECT_EQ(Of(IDC_LIST).cx, list.cx);
 }
 
-TEST_F(Dialog, follows_the_dpi_of_its_screen_and_comes_back_without_drift) {
+TEST_F(Dialog, scales_with_the_dpi_and_back_without_drift) {
   dialog.CreateModeless(nullptr, loop);
   const SIZE edit = Of(IDC_EDIT);
   const SIZE list = Of(IDC_LIST);
@@ -100,7 +100,7 @@ TEST_F(Dialog, follows_the_dpi_of_its_screen_and_comes_back_without_drift) {
   EXPECT_EQ(Of(IDC_LIST).cy, list.cy);
 }
 
-TEST_F(Dialog, comes_back_where_it_was_but_onto_a_screen) {
+TEST_F(Dialog, placement_is_restored_onto_a_screen) {
   setting.rect = {100, 120, 700, 620};
   dialog.CreateModeless(nullptr, loop);
   EXPECT_EQ(WindowBounds(dialog.Hwnd()), setting.rect);
@@ -119,7 +119,7 @@ TEST_F(Dialog, comes_back_where_it_was_but_onto_a_screen) {
             (my::CRect{area.left, area.bottom - 500, area.left + 600, area.bottom}));
 }
 
-TEST_F(Dialog, failing_handlers_reach_the_caller_or_the_handler_of_failures) {
+TEST_F(Dialog, exceptions_reach_the_caller_or_the_failure_handler) {
   dialog.onInit = [] { throw std::runtime_error("init"); };
   EXPECT_THROW(dialog.DoModal(nullptr), std::runtime_error);
   EXPECT_THROW(dialog.CreateModeless(nullptr, loop), std::runtime_error);

@@ -49,7 +49,7 @@ struct EditDialogs : testing::Test, test::CDialogAppOn<test::CMemoryFileSystem> 
   CDocument& document = app.Document();
 };
 
-TEST_F(EditDialogs, a_task_is_refused_at_the_control_that_is_wrong_until_it_is_right) {
+TEST_F(EditDialogs, invalid_task_is_refused_with_the_focus_on_the_wrong_control) {
   dialogs.filterFailure = IDS_PATTERN_EMPTY;
   CTaskDialog dialog(context, *document.Tasks()[0], ReplaceFirst());
   dialog.CreateModeless(nullptr, loop);
@@ -81,7 +81,7 @@ TEST_F(EditDialogs, a_task_is_refused_at_the_control_that_is_wrong_until_it_is_r
             (CTask{L"New", L"D:\\docs\\New\\", L"C:\\g.flt", {document.Dsts()[2], document.Dsts()[0]}}));
 }
 
-TEST_F(EditDialogs, destinations_of_a_task_are_chosen_and_ordered_by_the_keyboard) {
+TEST_F(EditDialogs, destinations_of_a_task_are_selected_and_ordered_by_keyboard) {
   CTaskDialog dialog(context, *document.Tasks()[0], ReplaceFirst());
   dialog.CreateModeless(nullptr, loop);
   const HWND list = dialog.Item(IDC_TASK_DSTS);
@@ -108,7 +108,7 @@ TEST_F(EditDialogs, destinations_of_a_task_are_chosen_and_ordered_by_the_keyboar
   EXPECT_EQ(context.settings.taskDlg.columnWidthes[1], 77);
 }
 
-TEST_F(EditDialogs, the_pattern_follows_the_type_and_shows_its_name) {
+TEST_F(EditDialogs, pattern_extension_follows_the_type_and_the_name_is_previewed) {
   window.tasks.selected = {1};
   const CDst old = *document.Dsts()[0];
   CDstDialog dialog(context, old, [this](const CDst& dst) { ReplaceDst(document, 0, dst); });

@@ -61,7 +61,7 @@ struct ListDialogs : testing::Test, test::CDialogAppOn<test::CMemoryFileSystem> 
   CResultListModel rows{app.Settings().ui, texts, clock};
 };
 
-TEST_F(ListDialogs, filter_check_tells_the_line_that_decides_in_any_file_and_has_an_editor_for_it) {
+TEST_F(ListDialogs, filter_check_shows_the_deciding_line_and_opens_an_editor) {
   files.AddFile(L"C:\\work.flt", "# rules\r\n- [.]bak$\r\n+ ^docs\r\nx\r\n");
   CFilterDialog dialog(context, L"C:\\work.flt", L"C:\\src");
   dialog.CreateModeless(nullptr, loop);
@@ -102,7 +102,7 @@ TEST_F(ListDialogs, filter_check_tells_the_line_that_decides_in_any_file_and_has
   EXPECT_EQ(test::CellOf(lines, 0, 2) + test::CellOf(lines, 1, 2), L"defa b ");
 }
 
-TEST_F(ListDialogs, targets_are_found_shown_and_copied) {
+TEST_F(ListDialogs, targets_can_be_searched_opened_and_copied) {
   files.AddFile(L"C:\\src\\docs\\a.txt", "a");
   files.AddFile(L"C:\\backup\\work_1\\docs\\a.txt", "a");
   CTargetDialog dialog(context, MakeResult());
@@ -143,7 +143,7 @@ VOID CALLBACK CloseTargets(HWND results, UINT, UINT_PTR timer, DWORD) {
   ::PostMessageW(targets, WM_COMMAND, IDCANCEL, 0);
 }
 
-TEST_F(ListDialogs, results_follow_a_run_and_are_opened_and_saved) {
+TEST_F(ListDialogs, results_follow_a_run_and_can_be_opened_and_saved) {
   const my::CWindowClass windowClass(L"QuillmoorTestOwner");
   my::CWindow owner;
   my::CWindowParams shown;
@@ -180,7 +180,7 @@ TEST_F(ListDialogs, results_follow_a_run_and_are_opened_and_saved) {
   EXPECT_TRUE(::IsWindowEnabled(owner.Hwnd()));
 }
 
-TEST_F(ListDialogs, texts_have_room_at_every_dpi) {
+TEST_F(ListDialogs, texts_fit_at_every_dpi) {
   CFilterDialog filter(context, L"C:\\work.flt", L"");
   CTargetDialog targets(context, MakeResult());
   CResultDialog results(context, rows);

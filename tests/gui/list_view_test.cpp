@@ -47,7 +47,7 @@ struct ListView : testing::Test {
   int selections = 0;
 };
 
-TEST_F(ListView, selection_and_focus_stay_while_rows_come_and_go) {
+TEST_F(ListView, selection_and_focus_survive_row_changes) {
   view.Select({3, 7, 9999});
   view.SetFocused(7);
   EXPECT_EQ(selections, 0);
@@ -68,7 +68,7 @@ TEST_F(ListView, selection_and_focus_stay_while_rows_come_and_go) {
   EXPECT_FALSE(view.Focused());
 }
 
-TEST_F(ListView, boxes_and_rows_are_worked_by_mouse_and_keyboard) {
+TEST_F(ListView, check_boxes_and_rows_react_to_mouse_and_keyboard) {
   for (int row = 0; row < 4; ++row)
     EXPECT_EQ(ListView_GetItemState(view.Hwnd(), row, LVIS_STATEIMAGEMASK),
               INDEXTOSTATEIMAGEMASK(static_cast<UINT>(rows.Check(row))));
@@ -93,7 +93,7 @@ TEST_F(ListView, boxes_and_rows_are_worked_by_mouse_and_keyboard) {
   EXPECT_EQ(ListView_FindItem(view.Hwnd(), -1, &find), -1);
 }
 
-TEST_F(ListView, rows_are_dropped_where_the_mark_is) {
+TEST_F(ListView, rows_are_dropped_at_the_insertion_mark) {
   const auto begin = [&] {
     NMLISTVIEW drag{};
     drag.hdr = {view.Hwnd(), 1, LVN_BEGINDRAG};

@@ -35,7 +35,7 @@ std::set<int> CommandIds(HWND frame) {
   return ids;
 }
 
-TEST(MainFrame, every_menu_item_and_key_is_known_to_somebody) {
+TEST(MainFrame, every_menu_item_and_key_has_a_command) {
   CGuiApp a;
   const std::set<int> ids = CommandIds(a.frame->Hwnd());
   EXPECT_GE(ids.size(), 45u);
@@ -50,7 +50,7 @@ TEST(MainFrame, every_menu_item_and_key_is_known_to_somebody) {
   }
 }
 
-TEST(MainFrame, menu_item_is_explained_while_it_is_selected) {
+TEST(MainFrame, selected_menu_item_is_explained_in_the_status_bar) {
   CGuiApp a;
   const auto selected = [&a](WORD id, WORD flags) {
     ::SendMessageW(a.frame->Hwnd(), WM_MENUSELECT, MAKEWPARAM(id, flags), 0);
@@ -61,7 +61,7 @@ TEST(MainFrame, menu_item_is_explained_while_it_is_selected) {
   EXPECT_EQ(selected(0, 0xFFFF), L"") << "the menu has gone";
 }
 
-TEST(MainFrame, keys_reach_the_list_that_has_the_keyboard) {
+TEST(MainFrame, keys_act_on_the_focused_list) {
   CGuiApp a;
   a.AddTask(L"a", L"C:\\a");
   a.AddDst(L"C:\\x");
@@ -78,7 +78,7 @@ TEST(MainFrame, keys_reach_the_list_that_has_the_keyboard) {
   EXPECT_EQ(a.Cell(IDC_TASK_LIST, 0, 0), L"a");
 }
 
-TEST(MainFrame, boxes_show_and_set_the_use_of_all_selected_tasks) {
+TEST(MainFrame, check_boxes_show_and_set_the_use_by_all_selected_tasks) {
   CGuiApp a;
   for (const wchar_t* folder : {L"C:\\x", L"C:\\y"}) a.AddDst(folder);
   for (const wchar_t* id : {L"a", L"b"}) a.AddTask(id, L"C:\\a");
@@ -97,7 +97,7 @@ TEST(MainFrame, boxes_show_and_set_the_use_of_all_selected_tasks) {
   EXPECT_EQ(box(1), none);
 }
 
-TEST(MainFrame, lists_are_drawn_again_only_if_the_change_concerns_them) {
+TEST(MainFrame, lists_are_redrawn_only_if_affected) {
   CGuiApp a;
   for (const wchar_t* folder : {L"C:\\x", L"C:\\y"}) a.AddDst(folder);
   a.AddTask(L"a", L"C:\\a");
@@ -119,7 +119,7 @@ TEST(MainFrame, lists_are_drawn_again_only_if_the_change_concerns_them) {
   EXPECT_EQ(drawn([&] { document.Reset(document.Content(), L""); }), L"tasks dsts");
 }
 
-TEST(MainFrame, preview_follows_focus_and_selection_and_is_taken_back) {
+TEST(MainFrame, replace_preview_follows_focus_and_selection_and_is_removed) {
   CGuiApp a;
   for (const wchar_t* id : {L"a", L"b"}) a.AddTask(id, L"C:\\a");
   const auto shown = [&a] { return a.Cell(IDC_TASK_LIST, 0, 1) + a.Cell(IDC_TASK_LIST, 1, 1); };
@@ -138,7 +138,7 @@ TEST(MainFrame, preview_follows_focus_and_selection_and_is_taken_back) {
   EXPECT_EQ(shown(), L"C:\\aC:\\a");
 }
 
-TEST(MainFrame, usage_page_and_its_pictures_are_beside_the_program) {
+TEST(MainFrame, usage_page_and_pictures_are_next_to_the_program) {
   CGuiApp a;
   a.Do(ID_USAGE_PAGE);
   const std::wstring page = a.shell.calls.back().substr(std::wstring(L"Open ").size());

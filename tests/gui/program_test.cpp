@@ -41,7 +41,7 @@ class CProgram {
   my::CKernelHandle m_process;
 };
 
-TEST(Program, opens_the_document_of_its_command_line_runs_it_by_a_key_and_quits) {
+TEST(Program, opens_a_document_from_the_command_line_runs_it_and_quits) {
   test::CScratchFolder scratch;
   scratch.Write(L"a.txt", "content");
   std::string document =

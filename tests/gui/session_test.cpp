@@ -7,7 +7,7 @@ using test::CGuiApp;
 using test::Click;
 using test::Type;
 
-TEST(Session, document_is_built_by_dialogs_saved_run_and_its_results_are_read) {
+TEST(Session, document_is_built_with_dialogs_saved_run_and_its_results_shown) {
   CGuiApp a;
   a.scratch.files.CreateFolders(a.scratch.At(L"書類"));
   a.scratch.Write(L"書類\\a.txt", "x");
@@ -21,7 +21,7 @@ TEST(Session, document_is_built_by_dialogs_saved_run_and_its_results_are_read) {
     Click(dialog, IDOK);
   });
   ASSERT_EQ(a.app->Document().Tasks().size(), 1u);
-  EXPECT_EQ(a.app->Document().Tasks()[0]->dsts.size(), 1u) << "the only destination is the first choice";
+  EXPECT_EQ(a.app->Document().Tasks()[0]->dsts.size(), 1u) << "the only destination is preselected";
   const std::wstring path = a.scratch.At(L"文書.qlmr");
   a.DoWithDialog(ID_SAVE, [&path](HWND dialog) {
     constexpr int kNameCombo = 0x47C;
@@ -53,7 +53,7 @@ TEST(Session, document_is_built_by_dialogs_saved_run_and_its_results_are_read) {
   EXPECT_TRUE(test::StatusText(a.StatusBar(), 2).starts_with(L"エラー 1 件"));
 }
 
-TEST(Leaks, every_dialog_of_the_main_window_leaves_the_counts_where_they_were) {
+TEST(Leaks, dialogs_leak_no_gdi_or_user_objects) {
   CGuiApp a;
   a.scratch.Write(L"a.flt", "- x\n");
   a.scratch.files.CreateFolders(a.scratch.At(L"s"));

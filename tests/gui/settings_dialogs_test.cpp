@@ -38,7 +38,7 @@ struct SettingsDialogs : testing::Test, test::CDialogApp {
   CReplaceDialog replace{Context()};
 };
 
-TEST_F(SettingsDialogs, password_is_masked_and_handed_over_once) {
+TEST_F(SettingsDialogs, password_is_masked_and_accepted_only_if_not_empty) {
   CPasswordEntry entry(Archive(), hash, Context().messenger);
   CPasswordDlg dialog(Context(), entry);
   dialog.CreateModeless(nullptr, loop);
@@ -54,7 +54,7 @@ TEST_F(SettingsDialogs, password_is_masked_and_handed_over_once) {
   EXPECT_EQ(entry.Setting().password, L"abc");
 }
 
-TEST_F(SettingsDialogs, replacement_is_previewed_as_it_is_typed_and_committed) {
+TEST_F(SettingsDialogs, replacement_is_previewed_while_typing_and_committed) {
   Fill();
   Settings().replaceDlg.srcs.Add(L"b2");
   OpenReplace();
@@ -88,7 +88,7 @@ LRESULT CALLBACK CompleteText(HWND combo, UINT message, WPARAM wParam, LPARAM lP
   return result;
 }
 
-TEST_F(SettingsDialogs, typed_replacement_outlives_a_resized_window) {
+TEST_F(SettingsDialogs, typed_replacement_survives_resizing) {
   Fill();
   Settings().replaceDlg.srcs.Add(L"ab12");
   const CReplaceDialog& dialog = OpenReplace();
@@ -100,7 +100,7 @@ TEST_F(SettingsDialogs, typed_replacement_outlives_a_resized_window) {
   EXPECT_EQ(::SendMessageW(dialog.Item(IDC_REPLACE_SRC), CB_GETEDITSEL, 0, 0), MAKELRESULT(1, 2));
 }
 
-TEST_F(SettingsDialogs, refused_replacement_stays_open_at_the_text_to_blame) {
+TEST_F(SettingsDialogs, refused_replacement_focuses_the_text_at_fault) {
   Fill();
   OpenReplace();
   const auto hasFocus = [&](int id) { return ::IsChild(replace.Item(id), ::GetFocus()) != FALSE; };
@@ -132,7 +132,7 @@ struct SettingsSheet : SettingsDialogs {
   HWND page = nullptr;
 };
 
-TEST_F(SettingsSheet, stores_when_confirmed_and_only_then) {
+TEST_F(SettingsSheet, stores_only_when_confirmed) {
   for (const int button : {IDCANCEL, IDC_APPLY, IDOK}) {
     Open();
     EXPECT_FALSE(::IsWindowEnabled(sheet.Item(IDC_APPLY)));
@@ -162,7 +162,7 @@ TEST_F(SettingsSheet, stores_when_confirmed_and_only_then) {
   }
 }
 
-TEST_F(SettingsSheet, tells_which_archiver_it_found) {
+TEST_F(SettingsSheet, shows_the_version_of_the_archiver) {
   wchar_t program[MAX_PATH]{};
   ::GetModuleFileNameW(nullptr, program, MAX_PATH);
   Archive().sevenZipPath = program;

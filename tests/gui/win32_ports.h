@@ -7,7 +7,7 @@
 
 namespace test {
 
-// The engine's ports but for the file system.
+// The Windows ports of the engine, except the file system.
 struct CWin32Ports {
   my::CWin32Clock clock;
   my::CWin32AnsiCodec ansi;

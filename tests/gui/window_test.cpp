@@ -27,7 +27,7 @@ class CTestWindow : public CWindow {
   }
 };
 
-TEST(Window, failures_stay_out_of_the_systems_code) {
+TEST(Window, exceptions_do_not_leave_the_window_procedure) {
   int failures = 0;
   const auto before = SetFailureHandler([&](const std::exception_ptr&) {
     ++failures;

@@ -30,7 +30,7 @@ class ArchiveWriter : public testing::Test {
     });
   }
 
-  // The id of the message that archiving throws, 0 for none; its text is kept.
+  // Returns the message id that archiving throws, 0 for none; keeps the text.
   uint32_t Write(DstType type = DstType::ZIP) {
     const my::CSimpleErr error = my::TrapError(texts, [&] {
       qlm::WriteArchive({{files, clock, nullptr}, process, texts},
@@ -54,7 +54,7 @@ class ArchiveWriter : public testing::Test {
   uint32_t exitCode = 0;
 };
 
-TEST_F(ArchiveWriter, command_line_is_passed_unquoted_and_the_list_is_plain_utf8) {
+TEST_F(ArchiveWriter, command_line_is_unquoted_and_the_list_is_plain_utf8) {
   EXPECT_EQ(Write(), 0u);
   const my::CProcessStart& start = process.Starts().back();
   EXPECT_EQ(start.program, L"C:\\7 z.exe");
@@ -74,17 +74,17 @@ TEST_F(ArchiveWriter, command_line_is_passed_unquoted_and_the_list_is_plain_utf8
   EXPECT_THROW(qlm::ArchiverOptions(DstType::FOLDER, L""), my::CException);
 }
 
-TEST_F(ArchiveWriter, list_of_another_run_is_left_alone) {
+TEST_F(ArchiveWriter, list_file_of_another_run_is_not_overwritten) {
   files.AddFile(L"C:\\temp\\qlm0.txt", "other", {1});
   expectedList = L"C:\\temp\\qlm1.txt";
   EXPECT_EQ(Write(), 0u);
   EXPECT_EQ(files.Files().at(L"C:\\temp\\qlm0.txt"), "other");
-  // One that is being deleted refuses every access.
+  // A file pending deletion denies all access.
   files.FailAt(test::Op::CREATE_FILE, 1, my::kErrorAccessDenied);
   EXPECT_EQ(Write(), 0u);
 }
 
-TEST_F(ArchiveWriter, long_list_is_written_whole) {
+TEST_F(ArchiveWriter, long_list_is_written_completely) {
   const std::wstring longName(200, L'x');
   std::string expected = "a b.txt\nsub\\\xF0\xA0\xAE\xB7.txt\n";
   for (int i = 0; i < 3000; ++i) {
@@ -96,10 +96,10 @@ TEST_F(ArchiveWriter, long_list_is_written_whole) {
   EXPECT_EQ(list, expected);
 }
 
-TEST_F(ArchiveWriter, archiver_is_not_believed) {
-  exitCode = 1;  // warnings: a file was left out
+TEST_F(ArchiveWriter, archive_is_verified_instead_of_the_exit_code) {
+  exitCode = 1;  // 1 means warnings: a file was skipped
   EXPECT_EQ(Write(), IDS_PROCESS_EXIT_CODE);
-  EXPECT_TRUE(text.ends_with(L" - " + archivePath)) << "says that the archiver got two arguments";
+  EXPECT_TRUE(text.ends_with(L" - " + archivePath)) << "explains that the archiver got two arguments";
   exitCode = 0;
   for (const std::string& made :
        {std::string(), std::string("PK"), EndRecord(1), EndRecord(3), EndRecord(2) + "x"}) {
@@ -115,12 +115,12 @@ TEST_F(ArchiveWriter, archiver_is_not_believed) {
   EXPECT_FALSE(files.Files().contains(expectedList));
 }
 
-TEST_F(ArchiveWriter, end_record_of_zip64_is_followed) {
+TEST_F(ArchiveWriter, zip64_end_record_is_read) {
   std::string record(56, '\0');
   record.replace(0, 4, "PK\6\6");
   record.replace(32, 3, std::string("\x70\x11\1", 3));  // 70,000 entries
   std::string locator = "PK\6\7" + std::string(16, '\0');
-  locator[8] = 5;  // behind the five bytes of content
+  locator[8] = 5;  // after the five bytes of content
   files.AddFile(L"C:\\z.zip", "12345" + record + locator + EndRecord(0xFFFF), {1});
   EXPECT_EQ(qlm::CountZipEntries(files, L"C:\\z.zip"), 70'000u);
   files.AddFile(L"C:\\y.zip", locator + EndRecord(0xFFFF), {1});
@@ -136,7 +136,7 @@ TEST_F(ArchiveWriter, archiver_is_found_where_it_is_installed) {
   files.AddFile(L"E:\\Program Files\\7-Zip\\7z.exe", "", {1});
   EXPECT_EQ(qlm::FindArchiver(files, folders), L"E:\\Program Files\\7-Zip\\7z.exe");
   folders.programs = L"E:\\PROGRAM FILES";  // a 32-bit system
-  EXPECT_EQ(qlm::ArchiverCandidates(folders).size(), 1u) << "none is offered twice";
+  EXPECT_EQ(qlm::ArchiverCandidates(folders).size(), 1u) << "no duplicates";
 }
 
 }  // namespace

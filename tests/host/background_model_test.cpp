@@ -14,7 +14,7 @@ using namespace qlm;
 constexpr my::CColor kWhite{255, 255, 255};
 constexpr my::CColor kTexts[] = {kWhite, {0, 0, 0}, {255, 0, 0}, {0, 0, 255}, {118, 118, 118}, {97, 55, 44}};
 
-// Greys, pure colours and everything between in steps.
+// Greys, pure colours and mixtures.
 std::vector<my::CPixel> AllColors() {
   std::vector<my::CPixel> pixels;
   for (unsigned grey = 0; grey < 256; ++grey) pixels.push_back(0xFF000000U | grey * 0x010101U);
@@ -25,7 +25,7 @@ std::vector<my::CPixel> AllColors() {
   return pixels;
 }
 
-TEST(Contrast, every_background_can_be_read_and_changes_only_where_it_could_not) {
+TEST(Contrast, only_unreadable_backgrounds_are_changed) {
   for (const my::CColor text : kTexts) {
     const my::CContrastTable limit = my::CContrastTable::Limit(text);
     const my::CContrastTable soft = my::CContrastTable::Soft(text);
@@ -40,7 +40,7 @@ TEST(Contrast, every_background_can_be_read_and_changes_only_where_it_could_not)
   }
 }
 
-TEST(Contrast, pictures_keep_their_steps_and_their_transparency) {
+TEST(Contrast, pictures_keep_gradations_and_transparency) {
   const my::CContrastTable soft = my::CContrastTable::Soft(kWhite);
   for (unsigned grey = 0; grey + 32 < 256; ++grey) {
     const unsigned low = soft.Apply(0xFF000000U | grey * 0x010101U) & 0xFF;
@@ -55,7 +55,7 @@ TEST(Contrast, pictures_keep_their_steps_and_their_transparency) {
   EXPECT_EQ(my::ApplyToLayer(soft, 0U), 0U);
 }
 
-TEST(Contrast, colors_of_rows_stand_out_from_the_brightest_and_the_darkest_background) {
+TEST(Contrast, row_colors_are_readable_on_the_brightest_and_darkest_background) {
   for (const my::CColor color : CUISetting().stateColors) {
     for (const double luminance : {0.0, 0.05, 0.1, 0.18})
       EXPECT_GE(my::Contrast(my::Luminance(my::Readable(color, luminance, true)), luminance), my::kReadable);
@@ -65,7 +65,7 @@ TEST(Contrast, colors_of_rows_stand_out_from_the_brightest_and_the_darkest_backg
   EXPECT_EQ(my::Readable({1, 2, 3}, 1.0, false), (my::CColor{1, 2, 3}));
 }
 
-TEST(Background, images_keep_to_their_corner_and_fit_the_view) {
+TEST(Background, images_are_placed_in_their_corner_and_scaled_to_the_view) {
   const CExtent view{300, 200};
   const CExtent image{100, 100};
   EXPECT_EQ(PlaceImage(view, image, FitType::NONE, ImgOrigin::LT), (my::CRect{0, 0, 100, 100}));
@@ -78,7 +78,7 @@ TEST(Background, images_keep_to_their_corner_and_fit_the_view) {
   EXPECT_EQ(PlaceImage(view, image, FitType::AUTO_FILL, ImgOrigin::LT), (my::CRect{0, 0, 300, 300}));
 }
 
-TEST(Background, huge_pictures_are_kept_only_as_large_as_a_screen_shows_them) {
+TEST(Background, large_pictures_are_kept_at_screen_size) {
   const CExtent screen{1920, 1080};
   const CExtent huge{12000, 9000};
   EXPECT_EQ(NeededPart(huge, screen, FitType::WIDTH, ImgOrigin::LT).size, (CExtent{1920, 1440}));
@@ -111,7 +111,7 @@ TEST(Background, brushes_shade_their_color) {
   EXPECT_EQ(gradient, (std::vector<my::CPixel>{0xFF7D03FF, 0xFF6D02EC, 0xFF5C01D8}));
 }
 
-TEST(Background, tiles_repeat_over_the_whole_view_and_let_the_brush_through) {
+TEST(Background, translucent_tiles_cover_the_whole_view) {
   std::vector<my::CPixel> pixels(5 * 3);
   FillBrush(pixels, 5, BrushType::CUSTOM_BK, {9, 9, 9}, 96);
   const my::CPixel tile[] = {0xFF0000FFU, 0x00000000U, 0x80000080U, 0xFF00FF00U};

@@ -18,7 +18,7 @@ using test::Op;
 constexpr my::CFileTime kNewest{131'016'350'490'000'000};
 constexpr my::CFileTime kOlder{kNewest.ticks - 1};
 
-// A source with nested folders, and what of it is to be found in a complete copy.
+// A source with nested folders, and the files of a complete copy.
 const std::map<std::wstring, std::string> kSource = {
     {L"a.txt", "first"}, {L"sub\\b.txt", "second"}, {L"sub\\deep\\c.txt", "third"}, {L"z.txt", "fourth"}};
 
@@ -53,7 +53,7 @@ class BackupTask : public testing::Test {
     return job->Results();
   }
 
-  // "PHASE" or "PHASE/ERROR" of every row.
+  // Returns "PHASE" or "PHASE/ERROR" of every row.
   std::string Outcome(const qlm::CResults& rows) {
     std::string outcome;
     for (const auto& row : rows) {
@@ -64,7 +64,7 @@ class BackupTask : public testing::Test {
     return outcome;
   }
 
-  // The files below a folder of the memory disk, by their relative path.
+  // Returns the files below a folder by relative path.
   std::map<std::wstring, std::string> Below(const std::wstring& folder) {
     std::map<std::wstring, std::string> found;
     for (const auto& [path, content] : files.Files()) {
@@ -81,7 +81,7 @@ class BackupTask : public testing::Test {
   qlm::CTask task{L"書類", L"C:\\src", L"", {}};
 };
 
-TEST_F(BackupTask, second_run_of_an_unchanged_source_skips) {
+TEST_F(BackupTask, unchanged_source_is_skipped) {
   AddDst(L" <ID>_<Y>_<s>\\ ");
   AddDst(L"other");
   const auto rows = Run();
@@ -96,7 +96,7 @@ TEST_F(BackupTask, second_run_of_an_unchanged_source_skips) {
   EXPECT_EQ(Outcome(Run()), "CREATED, SKIPPED") << "a newer file makes a new name where the pattern shows it";
 }
 
-TEST_F(BackupTask, source_without_a_counted_file_fails_before_any_destination) {
+TEST_F(BackupTask, source_without_files_to_back_up_fails_before_any_destination) {
   AddDst(L"x");
   task.path = L"C:\\none";
   EXPECT_EQ(Outcome(Run()), "LISTING/NO_FILES");
@@ -109,7 +109,7 @@ TEST_F(BackupTask, source_without_a_counted_file_fails_before_any_destination) {
   EXPECT_EQ(files.Kind(L"D:\\dst"), my::PathKind::NONE);
 }
 
-TEST_F(BackupTask, name_taken_by_the_other_kind_fails_its_row_and_ends_the_job) {
+TEST_F(BackupTask, file_or_folder_of_the_wrong_kind_at_the_destination_fails_the_job) {
   AddDst(L"free");
   AddDst(L"taken");
   AddDst(L"later");
@@ -138,7 +138,7 @@ TEST_F(BackupTask, filter_decides_what_is_listed_counted_and_copied) {
             (std::map<std::wstring, std::string>{{L"a.txt", "first"}, {L"sub\\b.txt", "second"}}));
 }
 
-TEST_F(BackupTask, bad_filters_stop_the_job_and_name_the_line) {
+TEST_F(BackupTask, invalid_filter_fails_the_job_and_names_the_line) {
   AddDst(L"x");
   task.filterPath = L"C:\\f.flt";
   EXPECT_EQ(Outcome(Run()), "LISTING/OPEN_FILE_FAILED");
@@ -148,12 +148,12 @@ TEST_F(BackupTask, bad_filters_stop_the_job_and_name_the_line) {
   EXPECT_NE(qlm::ResultText(texts, *rows[0]).find(L"C:\\f.flt (2)"), std::wstring::npos);
   files.AddFile(task.filterPath, "- ^(a+)+[b]\n", kOlder);
   files.AddFile(L"C:\\src\\" + std::wstring(180, L'a'), "", kOlder);
-  EXPECT_EQ(Outcome(Run()), "LISTING/REGEX_TOO_COMPLEX") << "an expression that runs away";
+  EXPECT_EQ(Outcome(Run()), "LISTING/REGEX_TOO_COMPLEX") << "an expression that is too complex";
 }
 
-TEST_F(BackupTask, folder_beyond_the_pattern_limit_is_left_out_and_noted) {
+TEST_F(BackupTask, folder_with_a_too_long_path_is_skipped_and_recorded) {
   AddDst(L"x");
-  // "C:\src\" + 247 + "\*.*" are 258 characters; one level more is beyond 260.
+  // "C:\src\" + 247 + "\*.*" has 258 characters; one more level exceeds 260.
   const std::wstring longName(247, L'n');
   files.AddFile(L"C:\\src\\" + longName + L"\\in", "", kOlder);
   files.AddFile(L"C:\\src\\" + longName + L"\\m\\beyond", "", kOlder);
@@ -163,7 +163,7 @@ TEST_F(BackupTask, folder_beyond_the_pattern_limit_is_left_out_and_noted) {
   EXPECT_EQ(rows[0]->targets->Unlisted()[0].folder, longName + L"\\m\\");
 }
 
-TEST_F(BackupTask, junction_that_denies_listing_is_not_reported_but_a_denied_folder_is) {
+TEST_F(BackupTask, denied_folder_is_reported_but_a_denied_junction_is_not) {
   AddDst(L"x");
   files.AddLink(L"C:\\src\\My Music");
   EXPECT_TRUE(Run(nullptr, true)[0]->targets->Unlisted().empty());
@@ -173,7 +173,7 @@ TEST_F(BackupTask, junction_that_denies_listing_is_not_reported_but_a_denied_fol
   EXPECT_EQ(qlm::UnlistedText(texts, task, unlisted[0]), L"C:\\src\\sub\\ (system error (0x80070005))");
 }
 
-TEST_F(BackupTask, linked_file_is_copied_and_checked_whole) {
+TEST_F(BackupTask, copy_of_a_linked_file_has_the_size_of_its_target) {
   AddDst(L"x");
   task.path = L"C:\\links";
   files.AddFile(L"D:\\big", "linked content");
@@ -185,7 +185,7 @@ TEST_F(BackupTask, linked_file_is_copied_and_checked_whole) {
   EXPECT_EQ(Outcome(Run()), "COPYING/COPY_INCOMPLETE");
 }
 
-TEST_F(BackupTask, log_that_grows_or_shrinks_while_it_is_copied_fails_nothing) {
+TEST_F(BackupTask, file_that_changes_size_while_copied_is_no_error) {
   AddDst(L"x");
   for (const char* now : {"f", "first and much more"}) {
     files = {};
@@ -196,7 +196,7 @@ TEST_F(BackupTask, log_that_grows_or_shrinks_while_it_is_copied_fails_nothing) {
   }
 }
 
-TEST_F(BackupTask, name_that_windows_takes_for_something_else_is_an_error_before_anything_is_created) {
+TEST_F(BackupTask, device_and_stream_names_are_refused_before_anything_is_created) {
   for (const wchar_t* name : {L"...", L"<ID>\\..", L"nul", L"deep\\COM1.2024", L"a:b"}) {
     for (const bool listOnly : {false, true}) {
       task.dsts.clear();
@@ -210,7 +210,7 @@ TEST_F(BackupTask, name_that_windows_takes_for_something_else_is_an_error_before
   for (const auto& line : files.Log()) EXPECT_FALSE(line.starts_with(L"create")) << "nothing is created";
 }
 
-TEST_F(BackupTask, destination_whose_existence_cannot_be_told_fails_its_row) {
+TEST_F(BackupTask, unreachable_destination_fails_its_row) {
   AddDst(L"x");
   Run();
   for (const uint32_t code : {5u, 21u, 53u, 64u, 1231u}) {
@@ -221,7 +221,7 @@ TEST_F(BackupTask, destination_whose_existence_cannot_be_told_fails_its_row) {
   EXPECT_EQ(Outcome(Run()), "LISTED/CREATE_FOLDER_FAILED") << "a missing drive";
 }
 
-TEST_F(BackupTask, renaming_that_is_refused_for_a_moment_is_tried_again) {
+TEST_F(BackupTask, temporarily_refused_rename_is_repeated) {
   AddDst(L"x");
   uint64_t start = clock.TickCount();
   files.RefuseRenames(12);
@@ -238,18 +238,18 @@ TEST_F(BackupTask, renaming_that_is_refused_for_a_moment_is_tried_again) {
   EXPECT_LT(clock.TickCount(), start + 1'000) << "a stop does not wait";
 }
 
-TEST_F(BackupTask, two_runs_at_once_share_nothing_and_the_slower_one_ends_with_what_exists) {
+TEST_F(BackupTask, concurrent_runs_use_different_names_and_the_slower_one_skips) {
   AddDst(L"x");
   files.Meanwhile(Op::COPY, [&] { EXPECT_EQ(Outcome(Run()), "CREATED"); });
   EXPECT_EQ(Outcome(Run()), "SKIPPED");
   EXPECT_EQ(Below(L"D:\\dst\\x"), kSource);
-  EXPECT_EQ(Below(L"D:\\dst").size(), kSource.size()) << "nothing is left over";
+  EXPECT_EQ(Below(L"D:\\dst").size(), kSource.size()) << "no temporary file is left";
   EXPECT_EQ(files.Kind(L"D:\\dst\\_tmp1_x"), my::PathKind::NONE);
 }
 
 TEST_F(BackupTask, stop_ends_the_job_at_its_next_check) {
   AddDst(L"x");
-  // Nine checks while listing ("." and ".." of three folders are entries, too), then one before each target.
+  // Nine checks during the listing (including "." and ".." of three folders), then one before each target.
   for (int checks = 0; checks < 18; ++checks) {
     const CStopAfter stop(checks);
     const auto rows = Run(&stop);
@@ -257,7 +257,7 @@ TEST_F(BackupTask, stop_ends_the_job_at_its_next_check) {
     EXPECT_EQ(rows[0]->phase, checks < 12 ? qlm::Phase::LISTING : qlm::Phase::COPYING) << checks;
     EXPECT_EQ(files.Kind(L"D:\\dst\\x"), my::PathKind::NONE);
   }
-  const CStopAfter never(19);  // one more before the renaming is tried again
+  const CStopAfter never(19);  // one more before the rename is repeated
   EXPECT_EQ(Outcome(Run(&never)), "CREATED");
 }
 
@@ -265,7 +265,7 @@ constexpr Op kAllOps[] = {Op::FIND,  Op::NEXT, Op::KIND,        Op::SIZE,       
                           Op::COPY,  Op::MOVE, Op::REMOVE,      Op::CREATE_FILE, Op::WRITE,
                           Op::CLOSE, Op::READ, Op::TEMP_FOLDER, Op::FLUSH_FILE};
 
-// What each row's destination must hold if it bears its final name: the counted files that were listed.
+// Checks that a destination with its final name has all listed files.
 class BackupTaskFaults : public BackupTask {
  protected:
   BackupTaskFaults() {
@@ -275,7 +275,7 @@ class BackupTaskFaults : public BackupTask {
     process.OnRun([this](const my::CProcessStart& start) { return Archive(start); });
   }
 
-  // An archiver that copies the list's lines as the entries of an archive that has only an end record.
+  // An archiver that writes the list and an end record with the number of its lines.
   uint32_t Archive(const my::CProcessStart& start) {
     const size_t at = start.arguments.rfind(L" @");
     const size_t path = start.arguments.find(L"D:");
@@ -298,7 +298,7 @@ class BackupTaskFaults : public BackupTask {
   }
 };
 
-TEST_F(BackupTaskFaults, every_failing_operation_stands_on_its_row_and_leaves_no_false_backup) {
+TEST_F(BackupTaskFaults, every_failed_operation_is_reported_and_leaves_no_incomplete_final_name) {
   for (const Op op : kAllOps) {
     for (int n = 1;; ++n) {
       const std::string where =
@@ -309,7 +309,7 @@ TEST_F(BackupTaskFaults, every_failing_operation_stands_on_its_row_and_leaves_no
       const auto rows = Run();
       const bool failed = files.Failed();
       files.ClearFaults();
-      // A folder that cannot be enumerated is left out by design: then less is listed, and noted.
+      // A folder that cannot be enumerated is left out and recorded as unlisted.
       const bool partial = !rows[0]->targets->Unlisted().empty();
       if (!partial) ExpectFinalNamesComplete(where);
       for (size_t i = 0; i + 1 < rows.size(); ++i) EXPECT_EQ(rows[i]->error.code, 0u) << where;
@@ -327,7 +327,7 @@ TEST_F(BackupTaskFaults, every_failing_operation_stands_on_its_row_and_leaves_no
   }
 }
 
-TEST_F(BackupTaskFaults, crash_at_any_point_leaves_no_false_backup_and_the_next_run_succeeds) {
+TEST_F(BackupTaskFaults, crash_leaves_no_incomplete_final_name_and_the_next_run_succeeds) {
   for (int n = 1;; ++n) {
     files = {};
     AddSource();
@@ -350,13 +350,13 @@ TEST_F(BackupTaskFaults, crash_at_any_point_leaves_no_false_backup_and_the_next_
   }
 }
 
-TEST_F(BackupTaskFaults, archive_of_another_run_is_never_written_into) {
+TEST_F(BackupTaskFaults, archive_of_a_concurrent_run_is_not_written_to) {
   task.dsts = {task.dsts[1]};
   files.AddFile(L"D:\\dst\\_tmp_two.zip", "torn, of a run that was killed");
   std::vector<std::wstring> archives;
   process.OnRun([&](const my::CProcessStart& start) {
     archives.push_back(start.arguments.substr(0, start.arguments.find(L" @")));
-    // The second run begins while the first one's archiver has created nothing yet.
+    // The second run starts before the archiver of the first one has created a file.
     if (archives.size() == 1) EXPECT_EQ(Outcome(Run()), "CREATED");
     return Archive(start);
   });

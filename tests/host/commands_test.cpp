@@ -21,7 +21,7 @@ class Commands : public testing::Test {
     content.tasks.Append(MakeTask(L"idle"));
   }
 
-  // A started program with the document of the fixture, saved, and a run in that state.
+  // Starts the program with a saved document, and a run in this state.
   void StartIn(RunState state, bool modified = false) {
     a.dialogs.buttons.clear();
     a.files.Remove(kSettingsFile);
@@ -42,12 +42,12 @@ class Commands : public testing::Test {
   CContent content;
 };
 
-// 464 while a run is active, 470 while replacing; otherwise the command may act.
+// 464 during a run, 470 while the replace tool is open.
 TEST_F(Commands, each_command_is_refused_in_the_states_that_forbid_it) {
   struct CCase {
     uint32_t id;
-    bool duringRun;      // may act while a run is active
-    bool duringReplace;  // may act while the replace dialog is open
+    bool duringRun;      // allowed during a run
+    bool duringReplace;  // allowed while the replace dialog is open
   };
   const CCase kCases[] = {
       {ID_RUN, true, false},         {ID_RUN_POWER_OFF, false, false}, {ID_POWER_OFF, true, true},
@@ -70,13 +70,13 @@ TEST_F(Commands, each_command_is_refused_in_the_states_that_forbid_it) {
               << c.id << " in " << NameOf(state) << (replacing ? " replacing" : "");
           if (enabled) continue;
           a.TakeBoxes();
-          a.Do(c.id);  // refused for the same reason, in a box
+          a.Do(c.id);  // refused for the same reason, with a message box
           const bool runFirst = active && c.id != ID_RUN && c.id != ID_RUN_POWER_OFF && !c.duringRun;
           const uint32_t reason =
               runFirst || !replacing ? IDS_REFUSED_DURING_RUN : IDS_REFUSED_DURING_REPLACE;
           EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(reason) + L"\n") << c.id << " in " << NameOf(state);
         }
-        EXPECT_EQ(a.State(), state) << "testing starts and stops nothing";
+        EXPECT_EQ(a.State(), state) << "checking does not start or stop a run";
         EXPECT_EQ(a.app->Document().IsModified(), modified);
         EXPECT_EQ(a.app->Document().Tasks().size(), 3u);
       }
@@ -84,7 +84,7 @@ TEST_F(Commands, each_command_is_refused_in_the_states_that_forbid_it) {
   }
 }
 
-TEST_F(Commands, run_toggles_and_makes_a_job_for_each_task_with_destinations) {
+TEST_F(Commands, run_command_toggles_and_creates_a_job_per_task_with_destinations) {
   StartIn(RunState::NOT_RUN);
   const CBackupThread& run = a.app->Run();
   EXPECT_EQ(run.StatusText(), L"");
@@ -142,7 +142,7 @@ TEST_F(Commands, test_run_lists_the_focused_task_and_asks_for_no_password) {
   EXPECT_EQ(a.files.Kind(L"D:\\z"), my::PathKind::NONE);
 }
 
-TEST_F(Commands, password_is_asked_for_by_the_rules_of_its_type) {
+TEST_F(Commands, password_type_decides_when_to_ask) {
   const auto runs = [this](std::deque<std::wstring> typed) {
     a.dialogs.passwords = std::move(typed);
     const int before = a.dialogs.passwordDialogs;
@@ -156,18 +156,18 @@ TEST_F(Commands, password_is_asked_for_by_the_rules_of_its_type) {
   EXPECT_EQ(runs({}), 0) << "a stored password";
   a.app->Settings().archive = {L"C:\\7-Zip\\7z.exe", PasswordType::EXEC_ONCE, true, L"", ""};
   EXPECT_EQ(runs({}), 1) << "cancelled";
-  EXPECT_EQ(a.State(), RunState::ENDED) << "of the run before";
+  EXPECT_EQ(a.State(), RunState::ENDED) << "from the previous run";
   EXPECT_EQ(runs({L"", L"a b", L"a\"b", L"abc"}), 1);
   EXPECT_EQ(a.dialogs.refusals, (std::vector<uint32_t>{IDS_PASSWORD_EMPTY, IDS_PASSWORD_BAD_CHARACTER,
                                                        IDS_PASSWORD_BAD_CHARACTER}));
   EXPECT_EQ(a.app->Settings().archive.passwordHash.substr(0, 4), "\x90\x01\x50\x98");
   EXPECT_EQ(runs({}), 0) << "kept for the session";
-  EXPECT_EQ(a.TakeBoxes(), L"") << "nothing to compare the first one with";
+  EXPECT_EQ(a.TakeBoxes(), L"") << "the first password is not compared";
 
   a.app->Settings().archive.passwordType = PasswordType::EXEC;
   my::Wipe(a.app->Settings().archive.password);
   a.dialogs.buttons = {false, true};
-  EXPECT_EQ(runs({L"ébc", L"xyz"}), 1) << "a doubtful one, taken back, then another one";
+  EXPECT_EQ(runs({L"ébc", L"xyz"}), 1) << "a different password, cancelled, then another one";
   const std::wstring differs = L"確認: " + a.Text(IDS_ASK_PASSWORD_DIFFERS) + L"\n";
   EXPECT_EQ(a.TakeBoxes(), differs + differs);
   EXPECT_EQ(stored(), L"");
@@ -189,7 +189,7 @@ TEST_F(Commands, password_is_asked_for_by_the_rules_of_its_type) {
   EXPECT_EQ(a.TakeBoxes(), L"");
 }
 
-TEST_F(Commands, power_off_comes_only_after_a_run_that_was_asked_to_and_ended_well) {
+TEST_F(Commands, power_off_follows_only_a_requested_run_without_errors) {
   const auto powersOff = [this](uint32_t id, bool stop = false) {
     a.power.calls.clear();
     a.Do(id);
@@ -201,7 +201,7 @@ TEST_F(Commands, power_off_comes_only_after_a_run_that_was_asked_to_and_ended_we
   EXPECT_FALSE(powersOff(ID_RUN));
   EXPECT_FALSE(powersOff(ID_RUN_POWER_OFF, true));
   EXPECT_TRUE(powersOff(ID_RUN_POWER_OFF));
-  EXPECT_FALSE(powersOff(ID_RUN)) << "the wish does not outlive its run";
+  EXPECT_FALSE(powersOff(ID_RUN)) << "the request ends with its run";
   a.Fill(content);
   EXPECT_FALSE(powersOff(ID_RUN_POWER_OFF)) << "unsaved edits are not lost without a question";
   EXPECT_EQ(a.TakeBoxes(), L"確認: " + a.Text(IDS_ASK_DISCARD) + L"\n");
@@ -211,7 +211,7 @@ TEST_F(Commands, power_off_comes_only_after_a_run_that_was_asked_to_and_ended_we
   EXPECT_EQ(a.State(), RunState::ENDED);
 }
 
-TEST_F(Commands, power_off_does_what_the_settings_say_with_exact_flags) {
+TEST_F(Commands, power_off_passes_the_flags_of_the_settings) {
   StartIn(RunState::NOT_RUN);
   CUISetting& ui = a.app->Settings().ui;
   const std::wstring message = L"ShutDown \"コンピューターの電源を切ります\" 0 ";
@@ -254,7 +254,7 @@ TEST_F(Commands, power_off_does_what_the_settings_say_with_exact_flags) {
   EXPECT_TRUE(a.power.calls.empty());
   EXPECT_EQ(a.State(), RunState::RUNNING) << "cancelled";
   a.dialogs.buttons = {true};
-  a.dialogs.onBox = [this](const std::wstring&) { a.EndRun(); };  // while the question stands
+  a.dialogs.onBox = [this](const std::wstring&) { a.EndRun(); };  // while the question is open
   a.Do(ID_POWER_OFF);
   EXPECT_EQ(a.power.calls.size(), 2u);
   a.dialogs.onBox = nullptr;
@@ -284,7 +284,7 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
   a.Fill(content);
   a.Do(ID_SAVE);
   EXPECT_EQ(document.Path(), L"") << "cancelled";
-  a.dialogs.paths = {L"two.qlmr"};  // in the folder that is current now
+  a.dialogs.paths = {L"two.qlmr"};  // relative to the current folder
   a.Do(ID_SAVE);
   a.Fill(content);
   const size_t asked = a.dialogs.questions.size();
@@ -293,7 +293,7 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
   EXPECT_EQ(a.TakeBoxes(), L"");
 
   a.Fill({});
-  a.Do(ID_MRU_FIRST + 1);  // refused by the user
+  a.Do(ID_MRU_FIRST + 1);  // cancelled by the user
   EXPECT_EQ(a.TakeBoxes(), L"確認: " + a.Text(IDS_ASK_DISCARD) + L"\n");
   EXPECT_EQ(document.Path(), L"C:\\two.qlmr");
   a.dialogs.buttons = {true};
@@ -326,7 +326,7 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
   EXPECT_TRUE(document.IsModified());
   CContent rest = content;
   rest.tasks.Remove(0);
-  for (const size_t at : {2, 0, 1}) {  // the end while nothing is selected
+  for (const size_t at : {2, 0, 1}) {  // the end if nothing is selected
     a.Fill(rest);
     a.dialogs.paths = {L"C:\\one.qlmr"};
     a.Do(ID_ADD_FILE);
@@ -342,7 +342,7 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
   EXPECT_EQ(recent.size(), 20u);
 }
 
-TEST_F(Commands, file_manager_shows_what_is_focused_or_the_nearest_folder) {
+TEST_F(Commands, file_manager_shows_the_focused_item_or_its_nearest_folder) {
   StartIn(RunState::NOT_RUN);
   a.Do(ID_EXPLORER_DST);
   EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(IDS_NO_ITEM_SELECTED) + L"\n");
@@ -371,13 +371,13 @@ TEST_F(Commands, file_manager_shows_what_is_focused_or_the_nearest_folder) {
         << "not the root of a drive";
   }
 
-  a.threads.hang = true;  // as a share of a computer that was switched off
+  a.threads.hang = true;  // like a share on a computer that is switched off
   a.shell.calls.clear();
   a.Do(ID_EXPLORER_DST);
   EXPECT_NE(a.TakeBoxes().find(L"もう一度実行してください\n\n\\\\gone\\x\n"), std::wstring::npos);
   a.threads.hang = false;
   a.Do(ID_EXPLORER_SRC);
-  a.threads.Work();  // what was given up comes to its end
+  a.threads.Work();  // the abandoned lookup ends
   EXPECT_EQ(a.shell.calls, std::vector<std::wstring>{L"Run EXPLORER.EXE /n,/select,\"C:\\src\""});
 
   CAppContext& context = a.app->Context();
@@ -395,7 +395,7 @@ TEST_F(Commands, file_manager_shows_what_is_focused_or_the_nearest_folder) {
   EXPECT_EQ(ThrownId([&] { DestinationOf(a.window.results, 0); }), IDS_NO_DESTINATION);
 }
 
-TEST_F(Commands, settings_and_replace_open_their_windows) {
+TEST_F(Commands, settings_and_replace_open_their_dialogs) {
   StartIn(RunState::NOT_RUN);
   a.Do(ID_SETTINGS);
   a.Do(ID_DESIGN);
@@ -410,7 +410,7 @@ TEST_F(Commands, settings_and_replace_open_their_windows) {
   EXPECT_TRUE(a.app->OnClose());
 }
 
-TEST_F(Commands, closing_asks_about_edits_and_runs_and_goes_on_while_the_worker_ends) {
+TEST_F(Commands, closing_asks_about_edits_and_runs_and_waits_for_the_worker) {
   StartIn(RunState::RUNNING, true);
   EXPECT_FALSE(a.app->OnClose());
   EXPECT_EQ(a.TakeBoxes(), L"確認: " + a.Text(IDS_ASK_DISCARD) + L"\n");
@@ -430,8 +430,8 @@ TEST_F(Commands, closing_asks_about_edits_and_runs_and_goes_on_while_the_worker_
     EXPECT_FALSE(a.app->IsEnabled(id)) << id;
     a.Do(id);
   }
-  EXPECT_FALSE(a.app->OnClose()) << "the user closes once more";
-  EXPECT_EQ(a.TakeBoxes(), L"") << "nothing is asked, started or refused aloud meanwhile";
+  EXPECT_FALSE(a.app->OnClose()) << "the user closes again";
+  EXPECT_EQ(a.TakeBoxes(), L"") << "no question, run or message until then";
   EXPECT_EQ(a.app->Document().Tasks().size(), tasks);
   EXPECT_FALSE(a.app->OnQueryEndSession()) << "the worker has not ended";
   EXPECT_FALSE(a.window.closing);
@@ -441,11 +441,11 @@ TEST_F(Commands, closing_asks_about_edits_and_runs_and_goes_on_while_the_worker_
   EXPECT_TRUE(a.app->OnClose());
   EXPECT_EQ(a.files.Kind(kSettingsFile), my::PathKind::FILE);
   a.files.FailAt(Op::CREATE_FOLDERS, 1, my::kErrorAccessDenied);
-  EXPECT_TRUE(a.app->OnClose()) << "settings that cannot be written keep nobody";
+  EXPECT_TRUE(a.app->OnClose()) << "unwritable settings do not block exit";
   EXPECT_NE(a.TakeBoxes().find(L"フォルダーの作成に失敗しました"), std::wstring::npos);
 }
 
-TEST_F(Commands, session_ends_at_the_programs_own_request_and_else_waits_for_work) {
+TEST_F(Commands, session_end_is_blocked_by_work_unless_the_program_requested_it) {
   const auto mayEnd = [this] { return a.app->OnQueryEndSession(); };
   bool vetoed = false;
   a.power.onSessionEnd = [&] { vetoed = !mayEnd(); };
@@ -478,11 +478,11 @@ TEST_F(Commands, session_ends_at_the_programs_own_request_and_else_waits_for_wor
   };
   for (const auto type : {PowerOffType::SLEEP, PowerOffType::HIBERNATE}) {
     requestAfter(type);
-    EXPECT_FALSE(mayEnd()) << "the session does not end by this";
+    EXPECT_FALSE(mayEnd()) << "this does not end the session";
   }
   requestAfter(PowerOffType::POWEROFF, false);
   a.Fill(content);
-  EXPECT_FALSE(mayEnd()) << "edits made since, when another program has vetoed";
+  EXPECT_FALSE(mayEnd()) << "new edits after another program has blocked the end";
   requestAfter(PowerOffType::POWEROFF, false);
   a.Do(ID_RUN);
   EXPECT_FALSE(mayEnd());
@@ -492,7 +492,7 @@ TEST_F(Commands, session_ends_at_the_programs_own_request_and_else_waits_for_wor
   EXPECT_FALSE(mayEnd()) << "the request failed";
 }
 
-TEST_F(Commands, end_of_session_stores_what_closing_stores_without_a_box) {
+TEST_F(Commands, end_of_session_stores_settings_without_a_message_box) {
   StartIn(RunState::NOT_RUN, true);
   a.Do(ID_REPLACE);
   EXPECT_FALSE(a.app->OnQueryEndSession());
@@ -504,7 +504,7 @@ TEST_F(Commands, end_of_session_stores_what_closing_stores_without_a_box) {
   EXPECT_EQ(a.TakeBoxes(), L"");
 }
 
-TEST(CommandLine, quotes_keep_blanks_and_vanish) {
+TEST(CommandLine, quotes_protect_spaces_and_are_removed) {
   const auto split = &CCommandLineParserUtil::Split;
   EXPECT_EQ(split(L"\"C:\\p q\\Q.exe\"\t 'a \"b' c\"d e\"f \"\" ''"),
             (std::vector<std::wstring>{L"C:\\p q\\Q.exe", L"a \"b", L"cd ef"}));
@@ -541,7 +541,7 @@ TEST_F(Commands, start_opens_the_named_document_or_the_last_one) {
   EXPECT_EQ(a.TakeBoxes(), L"エラー: 標準エラーが発生しました: title\n");
 }
 
-TEST_F(Commands, any_failure_is_shown) {
+TEST_F(Commands, every_kind_of_exception_is_shown) {
   StartIn(RunState::NOT_RUN);
   a.app->ShowFailure(std::make_exception_ptr(std::runtime_error("何か")));
   EXPECT_EQ(a.TakeBoxes(), L"エラー: 標準エラーが発生しました: 何か\n");
@@ -549,7 +549,7 @@ TEST_F(Commands, any_failure_is_shown) {
   EXPECT_EQ(a.TakeBoxes(), L"エラー: 内部エラー\n\nunknown exception\n");
 }
 
-TEST_F(Commands, start_that_is_given_up_leaves_the_settings_file) {
+TEST_F(Commands, cancelled_start_does_not_overwrite_the_settings_file) {
   StartIn(RunState::NOT_RUN);
   ASSERT_TRUE(a.app->OnClose());
   const std::string good = a.files.Files().at(kSettingsFile);
@@ -569,7 +569,7 @@ TEST_F(Commands, start_that_is_given_up_leaves_the_settings_file) {
     EXPECT_NE(a.files.Files().at(kSettingsFile), content_);
   }
   a.files.AddFile(kSettingsFile, good);
-  a.files.FailAt(test::Op::KIND, 1, 53);  // the profile is on a share that cannot be reached just now
+  a.files.FailAt(test::Op::KIND, 1, 53);  // the profile is on an unreachable share
   a.Start();
   EXPECT_TRUE(a.window.closing && a.app->OnClose());
   EXPECT_EQ(a.files.Files().at(kSettingsFile), good) << "not replaced by defaults";

@@ -36,7 +36,7 @@ class DocumentEdits : public testing::Test {
     });
   }
 
-  // IDs of the tasks and folders of the destinations, in order.
+  // Returns the task IDs and the folders of destinations, in order.
   std::wstring Shown() const {
     std::wstring shown;
     for (const auto& task : document.Tasks()) shown += task->id;
@@ -44,7 +44,7 @@ class DocumentEdits : public testing::Test {
     return shown;
   }
 
-  // Also finds a task whose destination is not the object of the list.
+  // Fails if a destination of a task is not an object in the list.
   std::string Bytes() { return DocumentBytes(dom, document.Content()); }
 
   test::CPugiDom dom;
@@ -54,7 +54,7 @@ class DocumentEdits : public testing::Test {
   int edits = 0;
 };
 
-TEST_F(DocumentEdits, moved_rows_keep_their_order_and_are_answered) {
+TEST_F(DocumentEdits, moved_rows_keep_their_order_and_are_returned) {
   EXPECT_EQ(MoveTasks(document, {0, 1, 4}, 3), (CRows{1, 2, 3}));
   EXPECT_EQ(Shown(), L"CABEDabcd");
   EXPECT_EQ(MoveTasks(document, {0, 2}, -1), (CRows{3, 4}));
@@ -87,7 +87,7 @@ TEST_F(DocumentEdits, copies_and_folder_tasks_get_free_names) {
   EXPECT_EQ(document.Dsts()[4]->pattern, CDst().pattern + L"_2");
 }
 
-TEST_F(DocumentEdits, refused_or_empty_edit_is_no_step) {
+TEST_F(DocumentEdits, refused_or_empty_edit_adds_no_undo_step) {
   const std::string before = Bytes();
   EXPECT_EQ(ThrownId([&] { InsertTask(document, 0, Task(L"A", L"p")); }), IDS_ID_DUPLICATE);
   EXPECT_EQ(ThrownId([&] { ReplaceTask(document, 0, Task(L"B", L"")); }), IDS_PATH_EMPTY);
@@ -111,7 +111,7 @@ TEST_F(DocumentEdits, refused_or_empty_edit_is_no_step) {
   EXPECT_EQ(ThrownId([&] { DuplicateDsts(document, {0}); }), IDS_TOO_MANY_DSTS);
 }
 
-TEST_F(DocumentEdits, tasks_follow_their_destinations) {
+TEST_F(DocumentEdits, tasks_follow_changes_of_their_destinations) {
   EXPECT_EQ(CountUsers(document, {1, 3}), 0u);
   RemoveDsts(document, {1});
   EXPECT_EQ(heard, DocChangeEventFlags::CHNAGE_DSTS);
@@ -129,7 +129,7 @@ TEST_F(DocumentEdits, tasks_follow_their_destinations) {
   EXPECT_EQ(document.Tasks()[0]->dsts.size() + document.Tasks()[1]->dsts.size(), 1u);
 }
 
-TEST_F(DocumentEdits, clip_brings_what_the_document_lacks) {
+TEST_F(DocumentEdits, paste_adds_only_what_the_document_lacks) {
   const CClip tasks = CopyTasks(dom, document, {0, 3});
   EXPECT_EQ(tasks.text, L"A\tp\t\ta, c\r\nD\tp\t\ta, c\r\n");
   EXPECT_EQ(CopyDsts(dom, texts, document, {1}).text, L"b\tフォルダー\t<ID>_<Y>_<M>_<D>_<h>_<m>\r\n");
@@ -137,7 +137,8 @@ TEST_F(DocumentEdits, clip_brings_what_the_document_lacks) {
   RemoveDsts(document, {2});
   std::string odd = tasks.document;
   odd.replace(odd.find("<Id>D") + 4, 1, "?");
-  EXPECT_EQ(PasteTasks(dom, document, odd, 1), (CRows{1, 2})) << "the editors' rules are for what is typed";
+  EXPECT_EQ(PasteTasks(dom, document, odd, 1), (CRows{1, 2}))
+      << "the rules of the editors do not apply to pasted tasks";
   EXPECT_EQ(Shown(), L"AA2?BCDEabdc");
   EXPECT_EQ(document.Tasks()[1]->dsts, (CTaskDsts{document.Dsts()[0], document.Dsts()[3]}));
   document.Undo();
@@ -147,8 +148,8 @@ TEST_F(DocumentEdits, clip_brings_what_the_document_lacks) {
   EXPECT_EQ(ThrownId([&] { PasteTasks(dom, document, "text", 0); }), IDS_XML_LOAD_FAILED);
 }
 
-// No edit may touch what an earlier step holds.
-TEST_F(DocumentEdits, every_edit_can_be_taken_back_and_done_again) {
+// No edit may change the content held by an earlier step.
+TEST_F(DocumentEdits, every_edit_can_be_undone_and_redone) {
   const CClip clip = CopyTasks(dom, document, {1, 2});
   const std::function<void()> kEdits[] = {[&] { AddFolderTask(document, 1, L"C:\\n"); },
                                           [&] { InsertDst(document, -1, {L"n"}); },

@@ -35,7 +35,7 @@ std::wstring Ids(const CDocument& document) {
   return ids;
 }
 
-TEST(Document, first_broken_rule_is_told) {
+TEST(Document, first_violated_rule_is_reported) {
   for (const wchar_t c : std::wstring(L"/?:*\"><|")) {
     EXPECT_EQ(ThrownId([c] { CheckId(std::wstring(L"a") + c); }), IDS_ID_BAD_CHARACTER);
   }
@@ -46,7 +46,7 @@ TEST(Document, first_broken_rule_is_told) {
   EXPECT_EQ(ThrownId([] { CheckDst({L"f", {}, L""}); }), IDS_PATTERN_EMPTY);
 }
 
-TEST(Document, merge_renames_clashing_id) {
+TEST(Document, merge_renames_a_duplicate_id) {
   CContent content;
   const CDstPtr x = Dst(L"x");
   content.dsts.Append(x);
@@ -68,12 +68,12 @@ TEST(Document, merge_renames_clashing_id) {
   source.dsts.Append(Dst(L"z"));
   source.tasks[4]->dsts = {Dst(L"nowhere")};
   EXPECT_EQ(ThrownId([&] { document.Merge(source, 0); }), IDS_INTERNAL_ERROR);
-  EXPECT_EQ(document.Tasks().size() + document.Dsts().size(), 7u + 2u) << "nothing of a failed merge stays";
+  EXPECT_EQ(document.Tasks().size() + document.Dsts().size(), 7u + 2u) << "a failed merge changes nothing";
 
   EXPECT_TRUE(document.IsModified());
   document.Undo();
   EXPECT_EQ(Ids(document), L"Backup Backup2 A ");
-  EXPECT_FALSE(document.IsModified()) << "back at what the file has";
+  EXPECT_FALSE(document.IsModified()) << "the content is the saved one again";
   document.SetSaved(L"C:\\f");
   document.Redo();
   EXPECT_EQ(document.Tasks().size(), 7u);
@@ -127,7 +127,7 @@ class DocumentFile : public testing::Test {
  protected:
   DocumentFile() { files.AddFile(kPath, "old"); }
 
-  // Loads the bytes and answers the id of what is thrown; its text must name the file and `named`.
+  // Loads the bytes and returns the thrown message id; the text must name the file and `named`.
   uint32_t Refusal(const std::string& bytes, const std::wstring& named = L"") {
     files.AddFile(kPath, bytes);
     const my::CSimpleErr error = my::TrapError(texts, [&] { LoadDocument(files, dom, kPath); });
@@ -148,8 +148,8 @@ class DocumentFile : public testing::Test {
   test::CRcTexts texts;
 };
 
-TEST_F(DocumentFile, bad_file_is_refused_with_its_message) {
-  // Children stand in another order than they are written in.
+TEST_F(DocumentFile, invalid_file_is_refused_with_a_fitting_message) {
+  // The order of children differs from the order in which they are written.
   const std::string good =
       "<QuillmoorDoc><New><Dst/></New><Tasks><Task><FilterPath/><Id>I</Id><Path>S</Path><Dsts><Dst>0</Dst>"
       "</Dsts></Task></Tasks>\r\n<!-- x --><Version>2.5.0.0</Version><Dsts><Dst><Type>ZIP</Type>"
@@ -158,7 +158,7 @@ TEST_F(DocumentFile, bad_file_is_refused_with_its_message) {
       {"^", "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"utf-8\"?>", 0, L""},
       {"QuillmoorDoc", "Other", IDS_XML_NODE_NOT_FOUND, L"QuillmoorDoc"},
       {"<Dst>0", "<Dst>000000000000", 0, L""},
-      {"<Id>I", "<Id>a/b", 0, L""},  // the editors' rules are not those of a file
+      {"<Id>I", "<Id>a/b", 0, L""},  // the rules of the editors do not apply to files
       {"<Id>I</Id>", "<Id/>", 0, L""},
       {"<Dst>0", "<Dst>1", IDS_DST_NOT_COMMON, L"\"1\"\n\n/QuillmoorDoc/Tasks/Task[1]/Dsts/Dst[1]\n\n"},
       {"<Dst>0", "<Dst>-1", IDS_XML_BAD_DWORD,
@@ -190,7 +190,7 @@ TEST_F(DocumentFile, bad_file_is_refused_with_its_message) {
   EXPECT_EQ(Refusal(good, L"0x80070005"), IDS_XML_LOAD_FAILED);
 }
 
-TEST_F(DocumentFile, texts_come_back_as_they_were_and_stay_shared) {
+TEST_F(DocumentFile, texts_round_trip_and_destinations_stay_shared) {
   CContent content;
   for (const wchar_t* text :
        {L"", L" ", L"\t a \n", L"a\rb\nc\r\nd\n\r", L"<&>\"' ]]> &amp;", L"𠮷é\xFFFD\x7F\x85"}) {
@@ -209,7 +209,7 @@ TEST_F(DocumentFile, texts_come_back_as_they_were_and_stay_shared) {
   }
 }
 
-TEST_F(DocumentFile, bytes_are_those_of_the_format) {
+TEST_F(DocumentFile, saved_bytes_equal_the_golden_file) {
   const std::string golden = test::Golden("document.qlmr");
   const CDstPtr zip = Dst(L"D:\\保存", DstType::ZIP, L"<ID>_<Y>.zip");
   const CDstPtr folder = Dst(L"E:\\b & c", DstType::FOLDER);
@@ -222,7 +222,7 @@ TEST_F(DocumentFile, bytes_are_those_of_the_format) {
   EXPECT_EQ(Saved({}), golden.substr(0, golden.find("<Dsts>")) + "<Dsts/><Tasks/></QuillmoorDoc>\n");
 }
 
-TEST_F(DocumentFile, document_that_could_not_be_read_back_leaves_the_old_file) {
+TEST_F(DocumentFile, document_that_does_not_read_back_is_not_saved) {
   CContent content;
   content.dsts.Append(Dst(L"x"));
   content.tasks.Append(Task(L"a", L"", {content.dsts[0]}));
@@ -231,7 +231,8 @@ TEST_F(DocumentFile, document_that_could_not_be_read_back_leaves_the_old_file) {
     EXPECT_EQ(ThrownId([&] { Saved(CDocument(content)); }), IDS_XML_SET_TEXT_FAILED);
   }
   *content.tasks[0] = *Task(L"a", L"", {Dst(L"x")});
-  EXPECT_EQ(ThrownId([&] { Saved(CDocument(content)); }), IDS_DST_NOT_COMMON) << "equal, but not of the list";
+  EXPECT_EQ(ThrownId([&] { Saved(CDocument(content)); }), IDS_DST_NOT_COMMON)
+      << "equal, but not an object in the list";
   *content.tasks[0] = *Task(L"a", L"");
   content.tasks.Append(Task(L"b", L""));
   content.tasks[1]->id = L"a";
@@ -242,7 +243,7 @@ TEST_F(DocumentFile, document_that_could_not_be_read_back_leaves_the_old_file) {
   EXPECT_EQ(files.Files(), (std::map<std::wstring, std::string>{{kPath, "old"}}));
 }
 
-// Saves over an old file beside the leftover of somebody else; both must outlive whatever fails.
+// Saves over an old file next to the leftover of another program; both must survive any failure.
 class DocumentFileFaults : public DocumentFile {
  protected:
   void NewDisk() {
@@ -251,8 +252,8 @@ class DocumentFileFaults : public DocumentFile {
     files.AddFile(L"C:\\d\\_tmp_doc.qlmr", "theirs");
   }
 
-  // Whether saving was kept from its end: the old bytes must stand there, else the new ones; after a crash
-  // either.
+  // Returns whether saving failed. Then the old bytes must be in the file, otherwise the new ones; after a
+  // crash either.
   bool SaveFails() {
     constexpr uint32_t kCrash = 1;
     uint32_t failure = kCrash;
@@ -270,7 +271,7 @@ class DocumentFileFaults : public DocumentFile {
   }
 };
 
-TEST_F(DocumentFileFaults, failing_operation_leaves_the_old_file_and_nothing_beside_it) {
+TEST_F(DocumentFileFaults, failed_save_keeps_the_old_file_and_removes_the_temporary_one) {
   for (int kind = 0; kind <= static_cast<int>(Op::CLOSE); ++kind) {
     for (int n = 1; n == 1 || files.Failed(); ++n) {
       SCOPED_TRACE(testing::Message() << "operation " << kind << ", the " << n << ".");
@@ -285,7 +286,7 @@ TEST_F(DocumentFileFaults, failing_operation_leaves_the_old_file_and_nothing_bes
   }
 }
 
-TEST_F(DocumentFileFaults, crash_leaves_all_of_the_old_or_all_of_the_new) {
+TEST_F(DocumentFileFaults, crash_leaves_the_old_or_the_new_file_complete) {
   int n = 1;
   for (bool crashed = true; crashed; ++n) {
     SCOPED_TRACE(n);
@@ -293,7 +294,7 @@ TEST_F(DocumentFileFaults, crash_leaves_all_of_the_old_or_all_of_the_new) {
     files.CrashAt(n);
     crashed = SaveFails();
     files.ClearFaults();
-    EXPECT_FALSE(SaveFails()) << "what the crash left is in nobody's way";
+    EXPECT_FALSE(SaveFails()) << "leftovers of the crash do not matter";
   }
   EXPECT_GT(n, 5) << "to create, write, flush, close and rename";
 }

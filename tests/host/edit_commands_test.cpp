@@ -17,7 +17,7 @@ struct EditCommands : testing::Test {
     a.Start().Document().Reset(content, L"");
   }
 
-  // The IDs of the tasks and the folders of the destinations; those of selected rows in brackets.
+  // Returns task IDs and destination folders, selected ones in brackets.
   std::wstring Shown() {
     std::wstring shown;
     const auto add = [&shown](const auto& items, const test::CFakeList& list, auto name) {
@@ -46,7 +46,7 @@ struct EditCommands : testing::Test {
   test::CFakeList& dsts = a.window.dsts;
 };
 
-TEST_F(EditCommands, rows_are_edited_and_the_outcome_is_selected) {
+TEST_F(EditCommands, edited_rows_are_selected) {
   EXPECT_EQ(After(ID_TASK_DUPLICATE), L"ABxy") << "nothing is selected";
   tasks.selected = {0};
   EXPECT_EQ(After(ID_TASK_DUPLICATE), L"A[A2]Bxy");
@@ -78,7 +78,7 @@ TEST_F(EditCommands, rows_are_edited_and_the_outcome_is_selected) {
   EXPECT_TRUE(document.Tasks()[0]->dsts.empty());
 }
 
-TEST_F(EditCommands, dialogs_make_and_change_the_focused_item) {
+TEST_F(EditCommands, dialogs_add_and_change_items) {
   tasks.selected = {0};
   a.dialogs.tasks = {{L"N", L"C:\\n", L"", {}}};
   EXPECT_EQ(After(ID_TASK_ADD), L"A[N]Bxy");
@@ -108,7 +108,7 @@ TEST_F(EditCommands, destination_is_used_by_all_selected_tasks_or_by_none) {
   }
 }
 
-TEST_F(EditCommands, rows_and_files_are_dropped) {
+TEST_F(EditCommands, rows_and_files_can_be_dropped) {
   CAppContext& context = a.app->Context();
   const auto drop = [&](const wchar_t* path, std::optional<size_t> row, bool append = true) {
     return After(CCommandDrop(context, {path}, row, append));
@@ -134,7 +134,7 @@ TEST_F(EditCommands, rows_and_files_are_dropped) {
   EXPECT_FALSE(document.IsModified());
 }
 
-TEST_F(EditCommands, what_cannot_be_done_is_disabled) {
+TEST_F(EditCommands, impossible_edits_are_disabled) {
   constexpr uint32_t kIds[] = {ID_TASK_ADD, ID_TASK_EDIT, ID_TASK_DELETE, ID_CUT,       ID_COPY,
                                ID_PASTE,    ID_UNDO,      ID_REDO,        ID_SELECT_ALL};
   const auto enabled = [&] {

@@ -37,7 +37,7 @@ struct EditModels : testing::Test {
   CEnginePorts ports{files, clock, ansi, texts, process};
 };
 
-TEST_F(EditModels, destinations_of_a_task_are_in_the_order_of_the_rows) {
+TEST_F(EditModels, used_rows_are_the_destinations_in_order) {
   InsertDst(document, -1, {L"E:\\"});
   const CDsts& dsts = document.Dsts();
   CTaskDstsModel model(dsts, {dsts[2], dsts[0]}, texts);
@@ -50,7 +50,7 @@ TEST_F(EditModels, destinations_of_a_task_are_in_the_order_of_the_rows) {
   EXPECT_EQ(model.Used(), (CTaskDsts{dsts[2], dsts[0], dsts[3]}));
   EXPECT_FALSE(model.CanStep(0, Step::UP));
   EXPECT_FALSE(model.CanStep(3, Step::DOWN));
-  EXPECT_EQ(model.StepRow(3, Step::UP), 1u);  // past the one between, which is not used
+  EXPECT_EQ(model.StepRow(3, Step::UP), 1u);  // past an unused row
   EXPECT_EQ(model.StepRow(0, Step::DOWN), 1u);
   EXPECT_EQ(model.Used(), (CTaskDsts{dsts[3], dsts[2], dsts[0]}));
   model.Toggle(1);
@@ -58,7 +58,7 @@ TEST_F(EditModels, destinations_of_a_task_are_in_the_order_of_the_rows) {
   EXPECT_EQ(model.Used(), (CTaskDsts{dsts[3], dsts[0]}));
 }
 
-TEST_F(EditModels, a_backup_into_its_own_source_a_missing_source_and_an_archive_that_must_fail_are_told) {
+TEST_F(EditModels, task_warning_reports_bad_source_destination_and_archive_paths) {
   files.AddFolder(L"D:\\src");
   CTask task{L"T", L"D:\\src", L"", {document.Dsts()[0], document.Dsts()[2]}};
   EXPECT_EQ(TaskWarning(task, ports), L"");
@@ -85,7 +85,7 @@ TEST_F(EditModels, a_backup_into_its_own_source_a_missing_source_and_an_archive_
   EXPECT_NE(warning({L"C:\\a", DstType::ZIP, L"x"}).find(L"C:\\Sato Jiro"), std::wstring::npos);
 }
 
-TEST_F(EditModels, the_name_is_shown_or_what_is_wrong_with_it) {
+TEST_F(EditModels, preview_is_the_name_or_the_error) {
   EXPECT_EQ(Preview(L"<ID>\\<Y2><M1>"), L"Docs\\163");
   EXPECT_EQ(Preview(L""), texts.Text(IDS_PATTERN_EMPTY));
   EXPECT_NE(Preview(L"a<y>b").find(L" - a<y>b"), std::wstring::npos);

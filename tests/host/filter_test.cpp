@@ -23,15 +23,15 @@ qlm::CFilter Filter(const std::vector<std::wstring>& lines) {
   return filter;
 }
 
-// The index of the line that decides about the path, -1 for none.
+// Returns the index of the line that decides for the path, -1 for none.
 int Deciding(const qlm::CFilter& filter, const std::wstring& path) {
   my::CRegexMatch scratch;
   const qlm::CFilterItem* item = filter.Find(path, scratch);
   return item ? static_cast<int>(item->lineIndex) : -1;
 }
 
-TEST(Filter, line_yields_its_expression) {
-  // The line, a path that it matches, and one that it does not match.
+TEST(Filter, line_is_parsed_into_its_expression) {
+  // A line, a path that matches, and one that does not.
   const std::wstring table[][3] = {
       {L"- \\.tmp$", L"a\\b.tmp", L"a.tmpx"}, {L"+ ^docs/", L"docs\\", L"a\\docs\\"},
       {L"+ ^a//b", L"a\\\\b", L"a\\b"},       {L"+abc def", L"xdef", L"c de"},
@@ -47,7 +47,7 @@ TEST(Filter, line_yields_its_expression) {
   }
 }
 
-TEST(Filter, bad_line_keeps_its_error_and_matches_nothing) {
+TEST(Filter, invalid_line_has_an_error_and_matches_nothing) {
   const std::pair<const wchar_t*, uint32_t> table[] = {
       {L"   # note", IDS_FILTER_BAD_SIGN}, {L"*a b", IDS_FILTER_BAD_SIGN}, {L"-\\.tmp", IDS_FILTER_BAD_FORM},
       {L"+", IDS_FILTER_BAD_FORM},         {L"+ \t", IDS_FILTER_BAD_FORM}, {L"- (", IDS_REGEX_ERROR}};
@@ -57,14 +57,14 @@ TEST(Filter, bad_line_keeps_its_error_and_matches_nothing) {
     EXPECT_EQ(filter.FirstError()->error.code, id) << line;
     EXPECT_EQ(Deciding(filter, L"a.tmp"), 2);
   }
-  EXPECT_EQ(Filter({L"+abc def/"}).Items()[0]->pattern, L"def/") << "what was taken, as it was typed";
+  EXPECT_EQ(Filter({L"+abc def/"}).Items()[0]->pattern, L"def/") << "the pattern as typed";
   EXPECT_NE(Filter({L"𠮷"}).FirstError()->error.message.find(L"(𠮷)"), std::wstring::npos);
   EXPECT_EQ(Filter({L"- 𠮷(古[写真"}).FirstError()->error.message,
             L"正規表現エラー: 括弧 ( ) や [ ] が対応していません（𠮷(古[写真）")
       << "the expression is shown as it was typed";
 }
 
-TEST(TextFile, encoding_and_line_ends) {
+TEST(TextFile, encoding_and_line_ends_are_detected) {
   const std::pair<std::string, std::vector<std::wstring>> table[] = {
       {"", {}},
       {"\xEF\xBB\xBF", {}},
@@ -92,7 +92,7 @@ std::vector<std::wstring> Words(const wchar_t* text) {
   return {std::istream_iterator<std::wstring, wchar_t>(stream), {}};
 }
 
-// Makes patterns, and paths that have much to do with them.
+// Generates patterns and paths that resemble them.
 class CMaker {
  public:
   std::wstring Pattern(int depth = 0) {
@@ -130,7 +130,7 @@ class CMaker {
   std::mt19937 m_random;
 };
 
-TEST(RegexPrefilter, never_contradicts_a_search_and_decides_what_it_can) {
+TEST(RegexPrefilter, agrees_with_the_search_and_decides_simple_cases) {
   CMaker maker;
   int counts[2] = {};
   int decided = 0;
@@ -142,7 +142,7 @@ TEST(RegexPrefilter, never_contradicts_a_search_and_decides_what_it_can) {
     for (int paths = 0; paths < 20; ++paths) {
       const std::wstring path = maker.Path(pattern);
       bool expected = false;
-      if (test::ThrownId([&] { expected = expression->Found(path); }) != 0) continue;  // beyond the bounds
+      if (test::ThrownId([&] { expected = expression->Found(path); }) != 0) continue;  // too complex
       ++counts[expected];
       const auto verdict = prefilter.Test(my::CPrefilterText(path));
       if (verdict == my::CRegexPrefilter::Verdict::UNDECIDED) continue;
@@ -155,7 +155,7 @@ TEST(RegexPrefilter, never_contradicts_a_search_and_decides_what_it_can) {
   EXPECT_GE(decided, 47'443) << "less than it has understood so far";
 }
 
-TEST(RegexPrefilter, spares_the_filter_a_search) {
+TEST(RegexPrefilter, saves_the_filter_a_search) {
   const std::wstring path(180, L'a');
   my::CRegexMatch scratch;
   EXPECT_EQ(test::ThrownId([&] { Filter({L"- ^(a+)+[b]"}).Find(path, scratch); }), IDS_REGEX_TOO_COMPLEX);

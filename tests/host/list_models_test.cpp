@@ -23,7 +23,7 @@ using my::ListCheck;
 
 constexpr my::CFileTime kTime{131'016'350'490'000'000};  // 2016-03-05 07:04:09 UTC
 
-// What is told of two folders that could not be listed.
+// The remark about two folders that could not be listed.
 const std::wstring kUnlisted = L"（読み取れなかったフォルダー 2 件: C:\\a\\x (system error (0x80070005))）";
 
 class ListModels : public testing::Test {
@@ -35,7 +35,7 @@ class ListModels : public testing::Test {
     InsertTask(document, -1, {L"B", L"C:\\b", L"", {dsts[2]}});
   }
 
-  // A row of the task: with an error when there is a text for it.
+  // Creates a row of the task; with an error if there is a text for it.
   CResultPtr Row(const CTaskPtr& task, Phase phase, const wchar_t* error = L"") const {
     CResult row;
     row.task = task;
@@ -46,7 +46,7 @@ class ListModels : public testing::Test {
     return boost::make_shared<CResult>(row);
   }
 
-  // The texts of a row with "|" between them.
+  // Returns the texts of a row, joined with "|".
   static std::wstring Line(const my::IListModel& model, size_t row) {
     std::wstring line;
     for (size_t column = 0; column < model.ColumnCount(); ++column) line += model.Text(row, column) + L"|";
@@ -59,7 +59,7 @@ class ListModels : public testing::Test {
   CDocument document;
 };
 
-TEST_F(ListModels, closing_waits_for_the_archiver_of_the_last_row) {
+TEST_F(ListModels, closing_text_names_the_archive_of_the_last_row) {
   const CTasks& tasks = document.Tasks();
   EXPECT_EQ(ClosingText(texts, {}), texts.Text(IDS_WAIT_RUN));
   const CResultPtr copying = Row(tasks[0], Phase::COPYING);
@@ -83,7 +83,7 @@ TEST_F(ListModels, task_shows_destinations_preview_and_worst_state) {
   targets->AddUnlisted(L"y", my::CSystemError::FromWin32(5));
   partial->targets = targets;
   model.ShowResults({Row(task, Phase::CREATED), partial});
-  EXPECT_NE(model.Look(0).color, setting.stateColors[0]) << "not simply good";
+  EXPECT_NE(model.Look(0).color, setting.stateColors[0]) << "not shown as a success";
   EXPECT_EQ(model.Text(0, CTaskListModel::STATE), texts.Text(IDS_PHASE_SKIPPED) + kUnlisted);
   CResultListModel results(setting, texts, clock);
   results.ShowResults(0, {partial, partial});
@@ -99,7 +99,7 @@ TEST_F(ListModels, task_shows_destinations_preview_and_worst_state) {
   EXPECT_EQ(model.Text(0, CTaskListModel::PATH), L"D:\\a");
 }
 
-TEST_F(ListModels, destination_is_checked_by_the_selected_tasks) {
+TEST_F(ListModels, check_boxes_show_the_use_by_the_selected_tasks) {
   CDstListModel model(document, texts);
   model.Refresh({0, 1});
   EXPECT_EQ(model.Check(0), ListCheck::Mixed);
@@ -110,7 +110,7 @@ TEST_F(ListModels, destination_is_checked_by_the_selected_tasks) {
   EXPECT_EQ(Line(model, 3), L"4|new|AES-256 zip|<ID>.zip|");
 }
 
-TEST_F(ListModels, results_replace_their_rows_and_become_csv) {
+TEST_F(ListModels, results_replace_their_rows_and_are_exported_as_csv) {
   clock.SetOffsetMinutes(9 * 60);
   CResultListModel model(setting, texts, clock);
   const auto noDst = boost::make_shared<CTask>(CTask{L"=1+1", L"p", L"", {}});
@@ -126,7 +126,7 @@ TEST_F(ListModels, results_replace_their_rows_and_become_csv) {
             "=1+1,\"D:\\x,y\",,2016/03/05 16:04:09,正常終了 - 更新されていないためスキップされました\r\n");
 }
 
-TEST_F(ListModels, target_shows_the_line_that_decided) {
+TEST_F(ListModels, target_shows_the_deciding_filter_line) {
   const auto filter = boost::make_shared<CFilter>();
   filter->Parse({L"# x", L"- \\.bak$"}, texts);
   const auto targets = boost::make_shared<CTargets>(filter);
@@ -151,7 +151,7 @@ TEST_F(ListModels, target_shows_the_line_that_decided) {
   EXPECT_EQ(model.NewestRow(), 2u) << "neither a folder nor what is excluded";
   EXPECT_EQ(model.CountsText(), L"項目 3 件、対象 1 件、除外 1 件");
   EXPECT_EQ(model.Find(L"dOCS\\", 2), 2u);
-  EXPECT_EQ(model.Find(L".BAK", 2), 1u) << "around the end";
+  EXPECT_EQ(model.Find(L".BAK", 2), 1u) << "wraps around";
   EXPECT_EQ(model.Find(L"nowhere", 0), std::nullopt);
 }
 
@@ -161,7 +161,7 @@ TEST_F(ListModels, filter_line_shows_its_error_and_what_it_decides) {
   EXPECT_EQ(Line(model, 0), L"1||# all||");
   EXPECT_EQ(Line(model, 1), L"2|*|x|フィルターの先頭文字 (*) が不正です|");
   EXPECT_EQ(Line(model, 2), L"3|-|docs/.*\\.tmp$||");
-  EXPECT_EQ(model.Text(3, CFilterCheckModel::EXPRESSION), L"a$ ") << "the blank counts";
+  EXPECT_EQ(model.Text(3, CFilterCheckModel::EXPRESSION), L"a$ ") << "the space is significant";
   EXPECT_EQ(model.Look(1).color, setting.stateColors[3]);
   EXPECT_TRUE(model.Look(5).grey);
   EXPECT_EQ(model.Decide(L"docs/a.tmp").row, 2u);
@@ -170,7 +170,7 @@ TEST_F(ListModels, filter_line_shows_its_error_and_what_it_decides) {
   EXPECT_EQ(model.Decide(L"docs\\").row, std::nullopt);
 }
 
-TEST(Placement, window_is_pulled_back_onto_the_screen_that_it_is_nearest_to) {
+TEST(Placement, window_is_moved_onto_the_nearest_screen) {
   const my::CRect left{0, 0, 1000, 800};
   const my::CRect right{1000, -200, 2000, 600};
   const std::vector<my::CRect> screens = {left, right};
@@ -180,19 +180,19 @@ TEST(Placement, window_is_pulled_back_onto_the_screen_that_it_is_nearest_to) {
   EXPECT_EQ(my::PullBack({950, 100, 1250, 300}, screens), (my::CRect{1000, 100, 1300, 300}));
   EXPECT_EQ(my::PullBack({2500, -900, 2700, -800}, screens), (my::CRect{1800, -200, 2000, -100}));
   EXPECT_EQ(my::PullBack({-500, -500, 5000, 100}, {left}), (my::CRect{0, 0, 1000, 600}));
-  // From an edited settings file.
+  // as in an edited settings file
   EXPECT_EQ(my::PullBack({INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN}, {left}),
             (my::CRect{1000, 800, 1000, 800}));
   EXPECT_EQ(my::PullBack({INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX}, screens), left);
   EXPECT_EQ(my::PullBack(inside, {}), inside);
-  // A window that the system has snapped to the left half, and one that only looks like it.
+  // A window snapped to the left half of the screen, and one that only resembles it.
   const my::CBorder border{7, 0, 7, 7};
   EXPECT_EQ(my::PullBack({-7, 0, 507, 807}, {left}, border), (my::CRect{-7, 0, 507, 807}));
   EXPECT_EQ(my::PullBack({-8, -1, 506, 500}, {left}, border), (my::CRect{0, 0, 514, 501}));
   EXPECT_EQ(my::CentreOn({0, 0, 200, 100}, {100, 100, 500, 300}), (my::CRect{200, 150, 400, 250}));
 }
 
-TEST(ListModel, typed_text_leads_around_the_end) {
+TEST(ListModel, search_by_typing_wraps_around) {
   struct CNames : my::IListModel {
     std::vector<std::wstring> names{L"Beta", L"alpha", L"Alto", L"al"};
     size_t RowCount() const override { return names.size(); }

@@ -33,7 +33,7 @@ struct CReplaceTest : testing::Test {
     tool.Show();
   }
 
-  // Every value of the document and every rule in it.
+  // Returns every value and rule in the document.
   std::wstring State() const {
     std::wstring state;
     const auto add = [&state](const auto& a, const auto& b, bool rule) {
@@ -53,7 +53,7 @@ struct CReplaceTest : testing::Test {
   std::wstring before;
 };
 
-TEST(ReplaceRule, value_after_replacement) {
+TEST(ReplaceRule, format_references_are_replaced_and_everything_else_is_literal) {
   struct CCase {
     const wchar_t *src, *dst, *value, *result;
     bool regex;
@@ -75,7 +75,7 @@ TEST(ReplaceRule, value_after_replacement) {
   }
 }
 
-TEST_F(CReplaceTest, preview_shows_affected_rows_only_and_cancel_leaves_no_trace) {
+TEST_F(CReplaceTest, preview_changes_affected_rows_only_and_cancel_removes_it) {
   tool.Show();
   EXPECT_EQ(dialogs.replaceFocuses, 1);
   window.tasks.selected = window.dsts.selected = {0, 2};
@@ -102,11 +102,11 @@ TEST_F(CReplaceTest, preview_shows_affected_rows_only_and_cancel_leaves_no_trace
   EXPECT_EQ(setting.srcs.Items().size() + setting.dsts.Items().size(), 2u);
 }
 
-TEST_F(CReplaceTest, commit_is_one_step_that_leaves_no_rule_behind) {
+TEST_F(CReplaceTest, commit_is_one_undo_step_and_detaches_the_rule) {
   tool.Commit(Options(L"D:\\", L""));
   EXPECT_EQ(document.Dsts()[0]->folder, L"one");
   for (const auto& task : document.Tasks()) {
-    EXPECT_EQ(task->dsts, (CTaskDsts{document.Dsts()[1], document.Dsts()[0]})) << "the very objects";
+    EXPECT_EQ(task->dsts, (CTaskDsts{document.Dsts()[1], document.Dsts()[0]})) << "the same objects";
   }
   EXPECT_EQ(told, DocChangeEventFlags::CHNAGE_DSTS);
   EXPECT_EQ(setting.srcs.Items().front(), L"D:\\");

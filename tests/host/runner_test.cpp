@@ -41,7 +41,7 @@ class Runner : public testing::Test {
                             parsed.options);
   }
 
-  // What wipes a progress line of so many characters.
+  // Returns the output that clears a progress line of this length.
   static std::wstring Wiped(size_t length) { return L"\r" + std::wstring(2 * length, L' ') + L"\r"; }
 
   test::CMemoryFileSystem files;
@@ -56,7 +56,7 @@ class Runner : public testing::Test {
   test::CFakePower power;
 };
 
-TEST_F(Runner, terminal_gets_a_progress_line_that_gives_way_to_rows) {
+TEST_F(Runner, progress_line_on_a_terminal_is_cleared_before_rows) {
   EXPECT_EQ(Run({L"--task", L"plain"}), qlm::kExitDone);
   const std::wstring running = L"1 / 1  実行中  0:00  .";
   const std::wstring ended = L"1 / 1  正常終了  0:00  ";
@@ -65,7 +65,7 @@ TEST_F(Runner, terminal_gets_a_progress_line_that_gives_way_to_rows) {
                                 L"正常終了 - 結果 1 件、エラー 0 件\n");
   console.terminal = false;
   Run({L"--task", L"plain"});
-  EXPECT_EQ(console.output.find(L'\r'), std::wstring::npos) << "a file gets no progress";
+  EXPECT_EQ(console.output.find(L'\r'), std::wstring::npos) << "no progress in a file";
   console.terminal = true;
   Run({L"--task", L"plain", L"--quiet"});
   EXPECT_EQ(console.output, L"");
@@ -91,13 +91,13 @@ TEST_F(Runner, json_has_a_line_for_progress_rows_and_the_end) {
   EXPECT_NE(console.output.find(L"\"error\":465,\"newest\":null,\"entries\":0"), std::wstring::npos);
 }
 
-TEST_F(Runner, interrupted_run_is_stopped_after_what_is_at_work) {
+TEST_F(Runner, interrupt_stops_the_run_after_the_current_step) {
   console.interrupted = true;
   EXPECT_EQ(Run({L"--json", L"--task", L"plain"}), qlm::kExitStopped);
   EXPECT_TRUE(console.output.ends_with(L"\"state\":374,\"rows\":1,\"errors\":0}\n")) << console.output;
 }
 
-TEST_F(Runner, nothing_is_written_when_the_run_cannot_start) {
+TEST_F(Runner, run_that_cannot_start_writes_nothing) {
   EXPECT_EQ(Run({L"--task", L"none"}), qlm::kExitUnusable);
   EXPECT_EQ(console.errors, L"実行するタスクが１つもありません\n");
   EXPECT_EQ(Run({L"--test", L"--task", L"none"}), qlm::kExitDone)
@@ -115,22 +115,22 @@ TEST_F(Runner, nothing_is_written_when_the_run_cannot_start) {
   EXPECT_TRUE(process.Starts().empty());
 }
 
-TEST_F(Runner, archiver_and_password_come_from_the_options_or_else_the_settings) {
+TEST_F(Runner, archiver_and_password_come_from_options_or_settings) {
   console.input = {L"p1"};
   std::vector<std::wstring> callsBefore;
   process.OnRun([&](const my::CProcessStart&) { return callsBefore = power.calls, 0; });
   Run({L"--task", L"zip", L"--password-stdin", L"--7z", L"C:\\opt.exe"});
   ASSERT_EQ(process.Starts().size(), 1u);
-  EXPECT_EQ(callsBefore, std::vector<std::wstring>{L"KeepAwake"}) << "the computer must not fall asleep";
+  EXPECT_EQ(callsBefore, std::vector<std::wstring>{L"KeepAwake"}) << "the computer is kept awake";
   EXPECT_EQ(power.calls, (std::vector<std::wstring>{L"KeepAwake", L"LetSleep"}));
   EXPECT_EQ(process.Starts()[0].program, L"C:\\opt.exe");
   EXPECT_TRUE(process.Starts()[0].arguments.starts_with(L"a -mem=AES256 -ssw -pp1 D:\\dst\\_tmp_all.zip @"));
 
   const std::wstring settings = L"C:\\Roaming\\Tenkowa\\Quillmoor\\Quillmoor32.config";
   files.AddFile(settings, "not XML", kTime);
-  EXPECT_EQ(Run({L"--task", L"zip"}), qlm::kExitUnusable) << "a damaged settings file is not passed over";
+  EXPECT_EQ(Run({L"--task", L"zip"}), qlm::kExitUnusable) << "a damaged settings file is an error";
   EXPECT_NE(console.errors.find(settings), std::wstring::npos);
-  EXPECT_EQ(Run({L"--task", L"plain"}), qlm::kExitDone) << "unless nothing is wanted of it";
+  EXPECT_EQ(Run({L"--task", L"plain"}), qlm::kExitDone) << "unless it is not needed";
 
   qlm::CSettings stored(1);
   stored.archive.sevenZipPath = L"C:\\set.exe";
@@ -140,7 +140,7 @@ TEST_F(Runner, archiver_and_password_come_from_the_options_or_else_the_settings)
   console.input = {L"p1"};
   Run({L"--task", L"zip", L"--password-stdin"});
   EXPECT_NE(process.Starts().back().arguments.find(L" -pp1 "), std::wstring::npos);
-  EXPECT_EQ(process.Starts().back().program, L"C:\\set.exe") << "what comes after it is not needed";
+  EXPECT_EQ(process.Starts().back().program, L"C:\\set.exe") << "later groups are not needed";
   EXPECT_TRUE(console.errors.starts_with(L"警告: 設定ファイルが途中まで"));
   EXPECT_NE(console.errors.find(L"UI\n\n"), std::wstring::npos) << console.errors;
   stored.archive.passwordType = qlm::PasswordType::SAVE;
@@ -160,7 +160,7 @@ TEST_F(Runner, filter_that_excludes_everything_shows_its_counts) {
   EXPECT_NE(console.output.find(L" | " + my::MakeText(texts, IDS_COUNTS, counts)), std::wstring::npos);
 }
 
-TEST_F(Runner, folder_that_cannot_be_read_is_warned_of) {
+TEST_F(Runner, unreadable_folder_causes_a_warning) {
   files.AddFolder(L"C:\\src\\locked");
   files.FailAt(test::Op::FIND, 2, my::kErrorAccessDenied);
   EXPECT_EQ(Run({L"--task", L"plain"}), qlm::kExitDone);

@@ -1,4 +1,4 @@
-// Looks into all memory that is given back for a password.
+// Searches all freed memory for a password.
 #include <malloc.h>
 
 #include <cstdlib>
@@ -40,7 +40,7 @@ namespace {
 
 using namespace qlm;
 
-TEST(Secret, password_is_wiped_before_its_memory_is_given_back) {
+TEST(Secret, password_is_wiped_before_its_memory_is_freed) {
   test::CFakeApp a;
   for (const auto type : {PasswordType::EXEC, PasswordType::EXEC_ONCE, PasswordType::SAVE}) {
     CContent content;

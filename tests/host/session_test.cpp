@@ -7,7 +7,7 @@ namespace {
 using namespace qlm;
 using namespace test;
 
-TEST(Session, day_with_the_program_leaves_these_settings) {
+TEST(Session, scripted_session_saves_the_golden_settings) {
   CFakeApp a;
   CDocument& document = a.Start().Document();
   CContent content;
@@ -20,7 +20,7 @@ TEST(Session, day_with_the_program_leaves_these_settings) {
   a.dialogs.passwords = {L"first"};
   a.Do(ID_RUN);
   a.EndRun();
-  my::Wipe(a.app->Settings().archive.password);  // as a new start would have it
+  my::Wipe(a.app->Settings().archive.password);  // as after a restart
   a.dialogs.passwords = {L"wrong", L"wrong2"};
   a.Do(ID_RUN);
   EXPECT_FALSE(a.app->Run().IsActive()) << "neither was confirmed, then the dialog was cancelled";

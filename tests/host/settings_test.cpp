@@ -13,14 +13,15 @@ namespace {
 
 using namespace qlm;
 
-// The file up to "ReplaceDlg" from one, that group from another, the rest from a third.
+// Combines three files: up to "ReplaceDlg" from the first, that group from the second, the rest from the
+// third.
 std::string Spliced(const std::string& head, const std::string& replace, const std::string& rest) {
   const size_t from = replace.find("<ReplaceDlg>");
   return head.substr(0, head.find("<ReplaceDlg>")) + replace.substr(from, replace.find("<Archive>") - from) +
          rest.substr(rest.find("<Archive>"));
 }
 
-// Settings of which no field has its default, as they stand in settings_full.config.
+// Settings in which no field has its default, as in settings_full.config.
 CSettings FullSettings() {
   constexpr auto kLimits = std::numeric_limits<int32_t>();
   CSettings s(1);
@@ -47,7 +48,7 @@ CSettings FullSettings() {
 
 class SettingsFile : public testing::Test {
  protected:
-  // The id of what the work throws, 0 for none; its text is kept.
+  // Returns the message id that `work` throws, 0 for none; keeps the text.
   uint32_t Failure(const std::function<void()>& work) {
     const my::CSimpleErr failure = my::TrapError(texts, work);
     text = failure.message;
@@ -57,7 +58,7 @@ class SettingsFile : public testing::Test {
     files.AddFile(path, bytes, {1});
     return Failure([this] { version = LoadSettings(files, dom, path, live); });
   }
-  // Loads the full file with its first `from` turned into `to` over the defaults.
+  // Loads the full file, with its first `from` replaced by `to`, over the defaults.
   uint32_t LoadWith(const std::string& from, const std::string& to) {
     live = CSettings(1);
     return Load(std::string(full).replace(full.find(from), from.size(), to));
@@ -79,9 +80,9 @@ class SettingsFile : public testing::Test {
   std::wstring text;
 };
 
-TEST_F(SettingsFile, every_field_stands_under_its_name_and_comes_back) {
+TEST_F(SettingsFile, every_field_round_trips_under_its_name) {
   EXPECT_EQ(path, L"C:\\Roaming\\Tenkowa\\Quillmoor\\Quillmoor32.config");
-  EXPECT_EQ(Saved(live), defaults) << "makes its folder";
+  EXPECT_EQ(Saved(live), defaults) << "creates its folder";
   EXPECT_EQ(Saved(FullSettings()), full);
   const uint32_t drawn = live.design.random;
   EXPECT_NE(drawn, CSettings(2).design.random);
@@ -90,11 +91,11 @@ TEST_F(SettingsFile, every_field_stands_under_its_name_and_comes_back) {
   EXPECT_EQ(live.design.random, drawn);
   EXPECT_EQ(live.ui.stateColors[3], (my::CColor{0xD6, 0x4A, 0x00}));
   ASSERT_EQ(LoadWith("<FullScreen>true", "<FullScreen>false"), 0u);
-  EXPECT_TRUE(!live.mainFrame.fullScreen && live.mainFrame.maximized) << "not one in place of the other";
+  EXPECT_TRUE(!live.mainFrame.fullScreen && live.mainFrame.maximized) << "the values are not exchanged";
   ASSERT_EQ(LoadWith("<HybridShutdown>false", "<HybridShutdown>true"), 0u);
-  EXPECT_TRUE(live.ui.hybridShutdown && !live.ui.installUpdates) << "not one in place of the other";
+  EXPECT_TRUE(live.ui.hybridShutdown && !live.ui.installUpdates) << "the values are not exchanged";
   ASSERT_EQ(Load(defaults), 0u);
-  EXPECT_EQ(Saved(live), defaults) << "the file's lists replace those of before";
+  EXPECT_EQ(Saved(live), defaults) << "the lists of the file replace the old ones";
 }
 
 TEST(SettingsNames, every_value_has_its_name) {
@@ -118,7 +119,7 @@ TEST(SettingsNames, every_value_has_its_name) {
   }
 }
 
-TEST_F(SettingsFile, bad_values_get_the_message_of_their_kind) {
+TEST_F(SettingsFile, invalid_values_get_the_message_of_their_type) {
   EXPECT_EQ(LoadWith(">true<", ">True<"), IDS_XML_BAD_BOOL);
   EXPECT_EQ(LoadWith("2147483647", "2147483648"), IDS_XML_BAD_INT);
   EXPECT_EQ(LoadWith("<Width>80", "<Width>8 0"), IDS_XML_BAD_INT);
@@ -133,7 +134,7 @@ TEST_F(SettingsFile, bad_values_get_the_message_of_their_kind) {
   EXPECT_EQ(LoadWith("<Version>", "<Later><Version>9</Version></Later><Version>"), 0u) << "ignored";
 }
 
-TEST_F(SettingsFile, groups_that_fail_or_are_too_new_for_the_file_keep_what_they_had) {
+TEST_F(SettingsFile, failed_or_missing_groups_keep_their_values) {
   const size_t replace = full.find("<ReplaceDlg>");
   ASSERT_EQ(LoadWith("<HidePassword>false</HidePassword>", ""), IDS_XML_NODE_NOT_FOUND);
   EXPECT_EQ(Saved(live), Spliced(full, full, defaults));
@@ -145,7 +146,7 @@ TEST_F(SettingsFile, groups_that_fail_or_are_too_new_for_the_file_keep_what_they
   EXPECT_GT(version, kSettingsVersion);
 }
 
-TEST_F(SettingsFile, password_reaches_the_file_only_when_it_is_to_be_stored) {
+TEST_F(SettingsFile, password_is_written_only_if_it_may_be_stored) {
   live.archive.password = L"secret";
   for (const auto type : {PasswordType::EXEC, PasswordType::EXEC_ONCE, PasswordType::SAVE}) {
     live.archive.passwordType = type;
@@ -157,11 +158,11 @@ TEST_F(SettingsFile, password_reaches_the_file_only_when_it_is_to_be_stored) {
   handmade.replace(handmade.find("3CD24FB0"), 8, "3cd24fb0");
   handmade.resize(handmade.find("<Design>"));
   EXPECT_EQ(Load(handmade + "</QuillmoorSetting>"), IDS_XML_NODE_NOT_FOUND);
-  EXPECT_EQ(live.archive.password, L"") << "also if the load ends later on";
+  EXPECT_EQ(live.archive.password, L"") << "also if the load fails later";
   EXPECT_EQ(live.archive.passwordHash, FullSettings().archive.passwordHash) << "in either case";
 }
 
-TEST_F(SettingsFile, text_that_xml_cannot_carry_is_left_out_and_nothing_else) {
+TEST_F(SettingsFile, only_texts_that_xml_cannot_represent_are_omitted) {
   CSettings settings = FullSettings();
   const std::wstring half = std::wstring(L"C:\\") + wchar_t(0xD800);
   settings.ui.lastPath = half;
@@ -175,7 +176,7 @@ TEST_F(SettingsFile, text_that_xml_cannot_carry_is_left_out_and_nothing_else) {
 TEST_F(SettingsFile, values_without_a_name_are_not_written) {
   live.replaceDlg.replace.col = kReplaceDstFolder | 1u << 5;
   EXPECT_EQ(Failure([this] { Saved(live); }), IDS_XML_UNKNOWN_FLAG);
-  EXPECT_NE(text.find(L"ReplaceCol: 0x00000020"), text.npos) << "only what is left over";
+  EXPECT_NE(text.find(L"ReplaceCol: 0x00000020"), text.npos) << "only the flags without a name";
   live.replaceDlg.replace.row = static_cast<ReplaceRow>(-1);
   EXPECT_EQ(Failure([this] { Saved(live); }), IDS_XML_UNKNOWN_ENUM);
   EXPECT_NE(text.find(L"ReplaceRow: -1"), text.npos);

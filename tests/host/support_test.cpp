@@ -16,12 +16,12 @@ using namespace my;
 constexpr CSystemError kDiskFull = CSystemError::FromWin32(kErrorDiskFull);
 const test::CRcTexts texts;
 
-TEST(Strings, utf8_marks_every_byte_that_is_no_text) {
+TEST(Strings, invalid_utf8_bytes_become_replacement_characters) {
   const std::wstring wide = L"a\x7F\x80\x7FF\x800\xFFFF\U00010000\U0010FFFF𠮷";
   EXPECT_EQ(WideFromUtf8(Utf8FromWide(wide)), wide);
   EXPECT_EQ(Utf8FromWide(L"é€𠮷"), "\xC3\xA9\xE2\x82\xAC\xF0\xA0\xAE\xB7");
   EXPECT_EQ(Utf8FromWide(std::wstring{wchar_t(0xD800), wchar_t(0xDFFF)}), "\xEF\xBF\xBD\xEF\xBF\xBD");
-  // Overlong forms, surrogates, beyond the last code point, lone and missing tails.
+  // Overlong forms, surrogates, beyond the last code point, lone and missing continuation bytes.
   for (const char* bad : {"\xC1\xBF", "\xE0\x9F\xBF", "\xF0\x8F\xBF\xBF", "\xED\xA0\x80", "\xF4\x90\x80\x80",
                           "\xF5\x80\x80\x80", "\x80", "\xE2\x82", "\xF0\xA0\xAE", "\xC3"}) {
     const std::wstring marks(std::string_view(bad).size(), L'\xFFFD');
@@ -30,7 +30,7 @@ TEST(Strings, utf8_marks_every_byte_that_is_no_text) {
   }
 }
 
-TEST(Strings, half_a_character_does_not_stand_in_a_message) {
+TEST(Strings, lone_surrogates_are_replaced_in_messages) {
   CException failure(IDS_WARNING, {std::wstring(L"𠮷") + wchar_t(0xD842) + L"b"});
   failure.SetWhere(std::wstring(L"C:\\") + wchar_t(0xDFB7));
   EXPECT_EQ(MakeErrorText(texts, failure),
@@ -38,7 +38,7 @@ TEST(Strings, half_a_character_does_not_stand_in_a_message) {
             L"b\n\nC:\\\xFFFD");
 }
 
-TEST(Paths, way_up_ends_at_the_root) {
+TEST(Paths, parents_end_at_the_root) {
   // Each path with all its parents.
   for (const std::vector<std::wstring>& way : std::vector<std::vector<std::wstring>>{
            {L"Q:\\a/b\\c", L"Q:\\a/b", L"Q:\\a", L"Q:\\"},
@@ -56,7 +56,7 @@ TEST(Paths, way_up_ends_at_the_root) {
   }
 }
 
-TEST(Paths, name_that_is_taken_is_not_used) {
+TEST(Paths, taken_name_is_skipped) {
   std::wstring taken;
   const auto take = [&](const std::wstring& path) { return taken.find(path + L"|") == taken.npos; };
   EXPECT_EQ(TakeTemporaryPath(L"C:\\d.e\\a", take), L"C:\\d.e\\_tmp_a");
@@ -68,7 +68,7 @@ TEST(Paths, name_that_is_taken_is_not_used) {
     EXPECT_EQ(test::ThrownId([&] { TakeTemporaryPath(nameless, take); }), IDS_PATH_NO_FILE_NAME);
 }
 
-TEST(Paths, name_that_is_being_deleted_is_stepped_over_but_not_a_denied_folder) {
+TEST(Paths, name_pending_deletion_is_skipped_but_a_denied_folder_is_an_error) {
   int refusals = 0;
   int left = 0;
   const auto take = [&](const std::wstring&) -> bool {
@@ -84,7 +84,7 @@ TEST(Paths, name_that_is_being_deleted_is_stepped_over_but_not_a_denied_folder) 
   EXPECT_LT(refusals, 20);
 }
 
-TEST(NameFaults, name_that_windows_takes_for_something_else_is_found) {
+TEST(NameFaults, names_that_windows_maps_to_others_are_found) {
   const auto fault = [](std::wstring_view folder, std::wstring_view name) {
     const auto found = FindNameFault(folder, name);
     return found ? std::to_wstring(found->id) + L" " + found->name : std::wstring();
@@ -107,7 +107,7 @@ TEST(NameFaults, name_that_windows_takes_for_something_else_is_found) {
   }
 }
 
-TEST(ValueCodecs, text_that_is_no_value_is_refused) {
+TEST(ValueCodecs, malformed_values_are_refused) {
   EXPECT_EQ(ParseInt(L"-2147483648"), INT32_MIN);
   EXPECT_EQ(ParseDword(L"4294967295"), UINT32_MAX);
   EXPECT_EQ(ParseVersion(VersionText({1, 20, 0, UINT32_MAX})), (CVersion{1, 20, 0, UINT32_MAX}));
@@ -134,12 +134,12 @@ TEST(MruStrings, string_used_again_moves_to_the_front) {
   EXPECT_EQ(recent.Items(), (std::vector<std::wstring>{L"e", L"b", L"a"}));
 }
 
-TEST(MessageTexts, argument_stays_where_it_belongs) {
+TEST(MessageTexts, arguments_and_path_are_each_inserted_once) {
   CException copy(IDS_COPY_FILE_FAILED, {kDiskFull, L"C:\\%s", L"D:\\b", L"one too many"});
   const std::wstring text =
       L"ファイルのコピーに失敗しました - system error (0x80070070)\n\nC:\\%s\n->\nD:\\b";
   copy.SetWhere(L"D:\\b");
-  EXPECT_EQ(MakeErrorText(texts, copy), text) << "a file that is named already is not named twice";
+  EXPECT_EQ(MakeErrorText(texts, copy), text) << "a path in the text is not repeated";
   copy.SetWhere(L"E:\\c");
   EXPECT_EQ(MakeErrorText(texts, copy), text + L"\n\nE:\\c");
   EXPECT_EQ(MakeErrorText(texts, CException(IDS_STD_ERROR, {CTextId{IDS_STOPPED}})),

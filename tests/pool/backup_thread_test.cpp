@@ -74,7 +74,7 @@ class BackupThread : public testing::Test {
   qlm::CBackupThread controller{threads, clock, texts, shown};
 };
 
-TEST_F(BackupThread, stop_drops_what_waits_and_ends_what_runs) {
+TEST_F(BackupThread, stop_drops_queued_jobs_and_ends_the_running_one) {
   std::promise<void> entered;
   std::promise<void> release;
   HoldArchiver(entered, release.get_future().share());
@@ -85,7 +85,7 @@ TEST_F(BackupThread, stop_drops_what_waits_and_ends_what_runs) {
   clock.Sleep(61'400);
   controller.Tick();
   EXPECT_TRUE(shown.statuses == 1 && shown.rows.size() == 1);
-  EXPECT_EQ(controller.Progress().position, 0u) << "the row that is at work does not count yet";
+  EXPECT_EQ(controller.Progress().position, 0u) << "an unfinished row does not count";
   EXPECT_EQ(controller.StatusText(), L"1 / 3  実行中  1:01  ........");
   controller.Stop();
   EXPECT_EQ(controller.State(), qlm::RunState::STOPPING);
@@ -101,7 +101,7 @@ TEST_F(BackupThread, stop_drops_what_waits_and_ends_what_runs) {
   EXPECT_EQ(test::ThrownId([&] { controller.Stop(); }), IDS_NOT_RUNNING);
 }
 
-TEST_F(BackupThread, rows_may_be_read_while_the_worker_writes_them) {
+TEST_F(BackupThread, rows_can_be_read_while_the_worker_writes_them) {
   files.AddFile(L"D:\\dst\\x.zip", "", kTime);
   for (int job = 0; job < 20; ++job) AddJob(std::to_wstring(job), std::vector<std::wstring>(50, L"x"));
   controller.Start(false, false);

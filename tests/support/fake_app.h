@@ -1,4 +1,4 @@
-// The whole program without its windows, on a disk in memory.
+// The whole program without its windows, on a file system in memory.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -44,7 +44,7 @@ class CFakeApp {
     EXPECT_EQ(threads.abandoned, 0) << "a worker was not waited for";
   }
 
-  // A new start of the program on what the last one left.
+  // Restarts the program with the files of the previous run.
   qlm::CApplication& Start(const std::wstring& commandLine = L"Quillmoor.exe") {
     app.reset();
     window = {};
@@ -62,7 +62,7 @@ class CFakeApp {
 
   void Do(uint32_t id) { app->Execute(id); }
 
-  // Makes `content` the open document, modified, as if the user had typed it.
+  // Makes `content` the open document, with unsaved edits.
   void Fill(const qlm::CContent& content) {
     app->Document().Edit(qlm::DocChangeEventFlags::RESET, [&content](qlm::CContent& own) {
       own = content;
@@ -70,7 +70,7 @@ class CFakeApp {
     });
   }
 
-  // Lets the worker come to its end, and the tick see it.
+  // Lets the worker end, and ticks.
   void EndRun() {
     threads.Work();
     app->OnTimer();
@@ -79,7 +79,7 @@ class CFakeApp {
   qlm::RunState State() const { return app->Run().State(); }
   std::wstring Text(uint32_t id) const { return texts.Text(id); }
 
-  // What was shown in message boxes since the last question, one a line.
+  // Returns the message boxes since the last call, one per line.
   std::wstring TakeBoxes() {
     std::wstring all;
     for (const std::wstring& box : dialogs.boxes) all += box + L"\n";
@@ -101,7 +101,7 @@ class CFakeApp {
   CFakeClipboard clipboard;
   CFakeWindow window;
   CFakeDialogs dialogs;
-  std::function<void()> onTitle;  // of the next start
+  std::function<void()> onTitle;  // used by the next start
   std::optional<qlm::CSettings> settings;
   std::optional<qlm::CDocument> document;
   std::optional<qlm::CApplication> app;

@@ -8,7 +8,7 @@
 
 namespace test {
 
-// The end record of a zip archive with that many entries.
+// Returns the end record of a zip archive with this many entries.
 inline std::string EndRecord(size_t entries) {
   std::string record = "PK\5\6" + std::string(18, '\0');
   record[8] = record[10] = static_cast<char>(entries & 0xFF);
@@ -16,7 +16,7 @@ inline std::string EndRecord(size_t entries) {
   return record;
 }
 
-// Does an archiver's work: writes the list and the end record of an archive with these entries.
+// Acts as the archiver: writes an archive with the list and an end record for its entries.
 inline uint32_t MakeArchive(CMemoryFileSystem& files, const my::CProcessStart& start) {
   const size_t listAt = start.arguments.rfind(L" @");
   const size_t nameAt = start.arguments.rfind(L' ', listAt - 1) + 1;

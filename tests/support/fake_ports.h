@@ -1,4 +1,4 @@
-// The smaller ports, for the tests.
+// Doubles of the smaller ports.
 #pragma once
 
 #include <atomic>
@@ -20,7 +20,7 @@ namespace test {
 
 class CFakeClock : public my::IClock {
  public:
-  void SetOffsetMinutes(int minutes) { m_offsetMinutes = minutes; }  // of the user's time zone
+  void SetOffsetMinutes(int minutes) { m_offsetMinutes = minutes; }  // sets the user's time zone
 
   uint64_t TickCount() const override { return m_tick; }
   my::CFileTime Now() const override { return {131'016'350'490'000'000}; }  // 2016-03-05 07:04:09 UTC
@@ -28,11 +28,11 @@ class CFakeClock : public my::IClock {
   my::CCalendar LocalCalendar(my::CFileTime time) const override;
 
  private:
-  mutable std::atomic<uint64_t> m_tick = 5'000'000;  // since the system's start
+  mutable std::atomic<uint64_t> m_tick = 5'000'000;  // milliseconds since system start
   std::atomic<int> m_offsetMinutes = 0;
 };
 
-// The product's own texts.
+// The texts of the product.
 class CRcTexts : public my::IMessageTexts {
  public:
   std::wstring Text(uint32_t id) const override;
@@ -55,7 +55,7 @@ struct CFakeFolders : my::IKnownFolders {
 
   std::optional<std::wstring> programs;
   std::wstring roaming = L"C:\\Roaming";
-  std::optional<my::CException> failure;  // of RoamingAppData
+  std::optional<my::CException> failure;  // thrown by RoamingAppData
   std::wstring program = L"C:\\Quillmoor";
 };
 

@@ -1,4 +1,4 @@
-// The ports to power, hash and shell, for the tests. Each call is kept as a line of text.
+// Doubles of the power, hash and shell ports, which record each call as a line of text.
 #pragma once
 
 #include <boost/uuid/detail/md5.hpp>
@@ -17,7 +17,7 @@
 
 namespace test {
 
-// Must outlive the privileges that it gives.
+// Must outlive its privileges.
 class CFakePower : public my::IPower {
  public:
   std::unique_ptr<my::IStayAwake> KeepAwake() override {
@@ -50,12 +50,12 @@ class CFakePower : public my::IPower {
     RefuseAction(IDS_POWEROFF_FAILED);
   }
 
-  std::optional<my::CException> failure;  // of EnablePrivilege
+  std::optional<my::CException> failure;  // thrown by EnablePrivilege
   uint32_t actionCode = 0;                // the system's code for every action; 0: success
   int livePrivileges = 0;
-  std::function<void()> onSessionEnd;  // the system may ask the program before its call returns
-  // As in `EnablePrivilege SeShutdownPrivilege`, `EndSession 0x00000010 0x00000000`,
-  // `SetSuspendState 1 0 0`, `ShutDown "message" 0 0x00000008 0x80040000`.
+  std::function<void()> onSessionEnd;  // called before EndSession returns, as the system may do
+  // For example `EnablePrivilege SeShutdownPrivilege`, `EndSession 0x00000010 0x00000000`, `SetSuspendState 1
+  // 0 0`, `ShutDown "message" 0 0x00000008 0x80040000`.
   std::vector<std::wstring> calls;
 
  private:
@@ -109,8 +109,8 @@ struct CFakeShell : my::IShell {
     if (failure) throw *failure;
   }
 
-  std::optional<my::CException> failure;  // of every function
-  std::wstring path;                      // of every list
+  std::optional<my::CException> failure;  // thrown by every function
+  std::wstring path;                      // returned for every ID list
   std::vector<std::wstring> calls;
 };
 

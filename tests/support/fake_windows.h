@@ -1,4 +1,4 @@
-// The windows, played by a script: what a user would answer, and what a user would see.
+// Doubles of the windows: scripted answers of the user, and a record of what was shown.
 #pragma once
 
 #include <deque>
@@ -72,7 +72,7 @@ struct CFakeWindow : qlm::IMainWindow {
   bool closing = false;
   bool timer = false;
   std::function<void()> onTitle;
-  std::wstring hold;  // why the session must not end
+  std::wstring hold;  // reason why the session must not end
   int closingShown = 0;
   int statuses = 0;
   int states = 0;
@@ -87,7 +87,7 @@ struct CFakeClipboard : qlm::IClipboard {
   std::optional<std::string> content;
 };
 
-// Every question finds its answer at the front of its queue; one without an answer is cancelled.
+// Each question takes the first answer of its queue; without an answer it is cancelled.
 struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
   my::BoxButton Show(const std::wstring& text, const std::wstring& caption, my::BoxStyle style) override {
     boxes.push_back(caption + L": " + text);
@@ -139,29 +139,28 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
   }
 
   std::deque<bool> buttons;        // true: OK
-  std::deque<std::wstring> paths;  // of file dialogs
-  std::deque<qlm::CTask> tasks;    // what the user makes in the dialogs of items
+  std::deque<std::wstring> paths;  // for file dialogs
+  std::deque<qlm::CTask> tasks;    // results of the item dialogs
   std::deque<qlm::CDst> dsts;
-  std::deque<std::wstring> passwords;              // typed one after the other; the end of them cancels
-  std::function<void(const std::wstring&)> onBox;  // while a box stands
+  std::deque<std::wstring> passwords;              // typed one after another; then cancel
+  std::function<void(const std::wstring&)> onBox;  // called while a box is open
   bool refuseToCancel = false;
-  uint32_t filterFailure = 0;  // the filter dialog fails with it
+  uint32_t filterFailure = 0;  // thrown by the filter dialog; 0: nothing
 
   std::vector<std::wstring> boxes;
   std::vector<qlm::CFileQuestion> questions;
   std::vector<uint32_t> refusals;
   std::vector<bool> settingsPages;
-  std::vector<std::wstring> filters;  // shown: filter and source
-  qlm::CTask editedTask;              // as the dialog was opened
+  std::vector<std::wstring> filters;  // filters shown, with their source folders
+  qlm::CTask editedTask;              // the task with which the dialog was opened
   int passwordDialogs = 0;
   int replacesOpened = 0;
   int replaceFocuses = 0;
   qlm::CReplaceTool* tool = nullptr;  // of the dialog
 };
 
-// A worker (of idle priority) works only while it is waited for without a limit, or when the test says so:
-// runs stay active for as long as a test wants. Other threads work while they are waited for, unless they
-// hang.
+// A worker (idle priority) runs only while it is waited for without a limit, or when the test calls Work, so
+// runs stay active as long as a test needs. Other threads run while they are waited for, unless they hang.
 class CManualThreads : public my::IThreads {
  public:
   std::unique_ptr<my::IRunningThread> Start(std::function<void()> body,
@@ -173,15 +172,15 @@ class CManualThreads : public my::IThreads {
                                      worker ? &abandoned : nullptr);
   }
 
-  // Lets every thread come to its end, also those whose owner has given them up.
+  // Lets every thread end, including those no longer owned.
   void Work() {
     for (const auto& body : std::exchange(m_bodies, {})) Run(*body);
   }
 
   bool fail = false;
   bool hang = false;
-  bool eager = false;  // workers work while they are waited for, too
-  int abandoned = 0;   // workers that nobody waited for
+  bool eager = false;  // workers also run while they are waited for
+  int abandoned = 0;   // workers never waited for
 
  private:
   using CBody = std::function<void()>;

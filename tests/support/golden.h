@@ -6,7 +6,7 @@
 
 namespace test {
 
-// The bytes of a file in tests/host/golden.
+// Returns the bytes of a file in tests/host/golden.
 inline std::string Golden(const std::string& name) {
 #ifdef _WIN32
   const std::string root = "Z:" QLM_SOURCE_DIR;

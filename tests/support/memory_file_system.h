@@ -1,7 +1,6 @@
-// A disk in memory for the tests, meaner than a real one: names are case-insensitive, trailing dots and
-// spaces are dropped, devices exist in every folder, ":" opens a stream, drives can be missing, a fresh file
-// or folder refuses its first renaming, and a crash takes every byte that was not flushed. Failures come
-// where a test wants them.
+// A file system in memory that is stricter than a real one: names are case-insensitive, trailing dots and
+// spaces are dropped, devices exist in every folder, ":" opens a stream, drives can be missing, a new file or
+// folder refuses its first rename, and a crash loses all unflushed bytes. Tests can make operations fail.
 #pragma once
 
 #include <algorithm>
@@ -21,7 +20,7 @@
 
 namespace test {
 
-// What changes the disk stands from CREATE_FOLDERS on. REMOVE is for files and folders.
+// Operations from CREATE_FOLDERS on change the disk. REMOVE is for files and folders.
 enum class Op {
   FIND,
   NEXT,
@@ -41,15 +40,16 @@ enum class Op {
   CLOSE
 };
 
-// The program was killed and the power failed; no handler of exceptions gets an operation done any more.
+// A crash with power loss: operations in exception handlers fail too.
 struct CCrash {};
 
-// The drives C: and D: exist, and the folder for temporary files. Assigning {} makes a new disk.
+// Has the drives C: and D: and the folder for temporary files. Assigning {} clears it.
 class CMemoryFileSystem : public my::IFileSystem {
  public:
   CMemoryFileSystem() { AddFolder(m_temporaryFolder); }
 
-  // Literal trees, made with all missing parents; a file that exists gets the new content in its old place.
+  // Adds a file and its missing parents. An existing file gets the new content and keeps its place in the
+  // order.
   void AddFile(const std::wstring& path, std::string content, my::CFileTime time = {}) {
     AddFolder(std::wstring(my::ParentPath(path)));
     const std::lock_guard hold(*m_lock);
@@ -59,7 +59,7 @@ class CMemoryFileSystem : public my::IFileSystem {
     entry->time = time;
   }
 
-  // What another program writes and does not flush.
+  // Adds a file written by another program, not flushed yet.
   void AddUnflushedFile(const std::wstring& path, std::string content) {
     AddFile(path, std::move(content));
     const CEntryPtr entry = Lookup(path);
@@ -67,7 +67,7 @@ class CMemoryFileSystem : public my::IFileSystem {
     entry->renameRefusals = m_renameRefusals;
   }
 
-  // A symbolic link: listed with size 0, opened as the file that it names. Without one it is a junction that
+  // Adds a symbolic link, listed with size 0 and opened as its target. Without a target it is a junction that
   // denies listing.
   void AddLink(const std::wstring& path, std::wstring target = {}, my::CFileTime time = {}) {
     AddFolder(std::wstring(my::ParentPath(path)));
@@ -82,7 +82,7 @@ class CMemoryFileSystem : public my::IFileSystem {
     for (const std::wstring& folder : MissingFolders(path)) Insert(folder, true);
   }
 
-  void Remove(const std::wstring& path) {  // with all below it
+  void Remove(const std::wstring& path) {  // with everything below it
     const std::lock_guard hold(*m_lock);
     std::erase_if(m_entries, [&path](const CEntryPtr& entry) { return entry->IsWithin(path); });
   }
@@ -98,24 +98,24 @@ class CMemoryFileSystem : public my::IFileSystem {
 
   void SetTemporaryFolder(std::wstring path) { m_temporaryFolder = std::move(path); }
 
-  // Whether copies succeed with half of the content. A failed copy leaves half of it in any case.
+  // Sets whether copies report success with half of the content. A failed copy always leaves half of it.
   void ShortenCopies(bool shorten) { m_shortenCopies = shorten; }
 
-  // How often a fresh file, or a folder with one in it, refuses to be renamed; 1 at first.
+  // Sets how often a new file, or a folder that contains one, refuses to be renamed; initially 1.
   void RefuseRenames(int count) { m_renameRefusals = count; }
 
-  // Runs once, at the next operation of that kind before it begins: what somebody else does meanwhile.
+  // Runs `work` once, before the next operation of this kind: what another program does in between.
   void Meanwhile(Op op, std::function<void()> work) { m_meanwhile[op] = std::move(work); }
 
-  // Lets the n-th operation of that kind from now on fail, n from 1; each kind has a countdown of its own.
+  // Makes the n-th operation of this kind from now fail (n >= 1). Each kind has its own countdown.
   void FailAt(Op op, int n, uint32_t win32 = my::kErrorDiskFull) { m_faults[op] = {n, win32}; }
 
-  // Crashes at the n-th changing operation from now on: a rename is done, others are half done where they can
-  // be, files that were not flushed to the device lose their second half, and every later operation throws
+  // Crashes at the n-th changing operation from now: a rename is completed, other operations are half done
+  // where possible, files not flushed to the device lose their second half, and every later operation throws
   // CCrash.
   void CrashAt(int n) { m_crashIn = n; }
 
-  void ClearFaults() {  // ends a crash, too
+  void ClearFaults() {  // also ends a crash
     m_faults.clear();
     m_crashIn = 0;
     m_crashed = m_failed = false;
@@ -124,7 +124,7 @@ class CMemoryFileSystem : public my::IFileSystem {
   bool Failed() const { return m_failed; }
   const std::vector<std::wstring>& Log() const { return m_log; }  // "copy C:\a -> C:\b"
 
-  // The current folder moves with every question, as if each were the system's open dialog.
+  // The current folder changes with every call, as the system's open dialog might do.
   std::wstring FullPath(const std::wstring& path) override {
     const bool full = path.starts_with(L"\\\\") || path.substr(1, 2) == L":\\";
     return full ? path : my::JoinPath(std::exchange(m_currentFolder, L"D:\\elsewhere"), path);
@@ -266,12 +266,12 @@ class CMemoryFileSystem : public my::IFileSystem {
     uint32_t attributes = folder ? my::kAttributeFolder : 0;
     std::wstring linkTarget = {};
     Cache cache = Cache::NONE;
-    bool open = false;  // for writing: it can be neither renamed nor removed
+    bool open = false;  // for writing; can be neither renamed nor removed
     int renameRefusals = 0;
   };
   using CEntryPtr = std::shared_ptr<CEntry>;
 
-  // An operation at work: holds the disk, and knows how the operation has to fail.
+  // A running operation: holds the lock and decides whether it fails.
   struct CStep {
     bool Broken() const { return crash || win32 != 0; }
     size_t Done(size_t whole) const { return Broken() ? whole / 2 : whole; }
@@ -281,7 +281,7 @@ class CMemoryFileSystem : public my::IFileSystem {
       if (condition) End();
     }
 
-    // Fails if the operation has to.
+    // Throws if the operation has to fail.
     void End() const {
       if (crash) throw CCrash();
       if (win32 == 0) return;
@@ -392,13 +392,13 @@ class CMemoryFileSystem : public my::IFileSystem {
     return my::EqualNoCase(stem, L"nul") || my::EqualNoCase(stem, L"com1");
   }
 
-  // The file itself, or what it links to.
+  // Returns the file, or the target of a link.
   CEntryPtr Open(std::wstring_view path) const {
     const CEntryPtr entry = Lookup(path);
     return entry && !entry->linkTarget.empty() ? Lookup(entry->linkTarget) : entry;
   }
 
-  // The path as the system takes it: without dots and spaces at its end, and without the name of a stream.
+  // Returns the path as the system reads it: without trailing dots and spaces, and without a stream name.
   static std::wstring_view Meant(std::wstring_view path) {
     path = my::TrimEnd(path, L". ");
     const size_t colon = path.find(L':', std::min<size_t>(path.size(), 2));
@@ -423,7 +423,7 @@ class CMemoryFileSystem : public my::IFileSystem {
         std::make_shared<CEntry>(CEntry{std::wstring(Meant(path)), folder, {}, {}}));
   }
 
-  // The folders that the path needs to be one, from the outermost on.
+  // Returns the missing folders of the path, outermost first.
   std::vector<std::wstring> MissingFolders(std::wstring_view path) const {
     std::vector<std::wstring> missing;
     for (; !path.empty() && !IsFolder(path); path = my::ParentPath(path)) {
@@ -464,7 +464,7 @@ class CMemoryFileSystem : public my::IFileSystem {
   }
 
   std::unique_ptr<std::mutex> m_lock = std::make_unique<std::mutex>();
-  std::vector<CEntryPtr> m_entries;  // in the order in which they came
+  std::vector<CEntryPtr> m_entries;  // in order of creation
   std::wstring m_temporaryFolder = L"C:\\Temp\\";
   std::wstring m_currentFolder = L"C:\\";
   bool m_shortenCopies = false;

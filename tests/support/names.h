@@ -1,4 +1,4 @@
-// Names of states, phases and messages, for what a failing test prints.
+// Names of states, phases and messages, for the output of failed tests.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ enum class RunState : uint32_t;
 
 namespace test {
 
-// Returns what `form` finds in the lines of a file in res: its first group, and its second.
+// Maps the first group of `form` to the second, for every matching line of a file in res.
 std::map<std::string, std::string> ReadPairs(const std::string& file, const std::regex& form);
 
 // Returns "STOPPED" for IDS_STOPPED.

@@ -72,7 +72,8 @@ class CDocument : public my::IXmlDocument {
   }
 
  private:
-  // Parses, and answers why not. The library lets some documents pass that stricter parsers refuse.
+  // Parses the bytes and returns the reason for a refusal. Also refuses some documents that the library
+  // accepts and stricter parsers do not.
   std::optional<my::CMsgArg> Refuse(const std::string& bytes) {
     static const std::regex looseAmpersand("&(?!(amp|lt|gt|quot|apos|#[0-9]+|#x[0-9A-Fa-f]+);)");
     const pugi::xml_parse_result result = m_document.load_buffer(bytes.data(), bytes.size(), m_flags);

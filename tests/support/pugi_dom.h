@@ -4,11 +4,11 @@
 
 namespace test {
 
-// The XML document object model for builds without the platform's own.
+// The XML DOM of the host build.
 struct CPugiDom : my::IXmlDom {
   std::unique_ptr<my::IXmlDocument> Create() override;
 
-  bool losesBlanks = false;  // texts of nothing but whitespace, when it loads
+  bool losesBlanks = false;  // drops texts of only whitespace when loading
 };
 
 }  // namespace test

@@ -6,7 +6,7 @@
 
 namespace test {
 
-// The id of the message that the work throws, 0 for none.
+// Returns the message id that `work` throws, 0 for none.
 template <class Work>
 uint32_t ThrownId(Work&& work) {
   try {

@@ -44,7 +44,7 @@ class MsxmlDom : public testing::Test {
   my::CMsxmlDom m_dom;
 };
 
-TEST_F(MsxmlDom, bad_files_get_their_message) {
+TEST_F(MsxmlDom, invalid_files_get_a_fitting_message) {
   const std::string good = "<QuillmoorDoc><Version>2.5.0.0</Version><Dsts/><Tasks/><Unknown/></QuillmoorDoc>";
   EXPECT_EQ(LoadFailure(good), 0u);
   EXPECT_EQ(LoadFailure(""), IDS_XML_LOAD_FAILED);
@@ -55,7 +55,7 @@ TEST_F(MsxmlDom, bad_files_get_their_message) {
   EXPECT_EQ(LoadFailure("<QuillmoorDoc>" + std::string(2u << 20, '<')), IDS_XML_LOAD_FAILED);
 }
 
-TEST_F(MsxmlDom, line_breaks_come_back_and_a_control_character_leaves_the_old_file) {
+TEST_F(MsxmlDom, line_breaks_round_trip_and_control_characters_are_refused) {
   const std::wstring path = m_scratch.At(L"文書.qlmr");
   const auto task = boost::make_shared<qlm::CTask>();
   qlm::CContent content;
@@ -71,7 +71,7 @@ TEST_F(MsxmlDom, line_breaks_come_back_and_a_control_character_leaves_the_old_fi
   }
 }
 
-TEST_F(MsxmlDom, known_files_come_back_byte_for_byte) {
+TEST_F(MsxmlDom, golden_files_round_trip_byte_for_byte) {
   const std::wstring path = m_scratch.At(L"file");
   const my::CWin32Clock clock;
   for (const std::string name : {"document.qlmr", "settings_default.config", "settings_full.config"}) {
@@ -90,7 +90,7 @@ TEST_F(MsxmlDom, known_files_come_back_byte_for_byte) {
   }
 }
 
-TEST(Strings, character_beyond_the_first_plane_is_a_pair) {
+TEST(Strings, character_beyond_the_bmp_is_a_surrogate_pair) {
   const std::string utf8 = "\xF0\xA0\xAE\xB7";
   EXPECT_EQ(my::WideFromUtf8(utf8), L"\xD842\xDFB7");
   EXPECT_EQ(my::Utf8FromWide(L"\xD842\xDFB7"), utf8);

@@ -47,7 +47,7 @@ TEST(Win32FileSystem, failures_carry_their_operation_and_code) {
   EXPECT_EQ(Failure([&] { files.Copy(none, deep); }), Code(IDS_COPY_FILE_FAILED, ERROR_FILE_NOT_FOUND));
   EXPECT_EQ(Failure([&] { files.Copy(a, deep); }), Code(IDS_COPY_FILE_FAILED, ERROR_PATH_NOT_FOUND));
   EXPECT_EQ(Failure([&] { files.Move(a, b); }), Code(IDS_MOVE_FILE_FAILED, ERROR_ALREADY_EXISTS));
-  EXPECT_FALSE(files.CreateNewFile(a) || files.CreateNewFolder(a)) << "a file is there";
+  EXPECT_FALSE(files.CreateNewFile(a) || files.CreateNewFolder(a)) << "a file exists";
   EXPECT_EQ(Failure([&] { files.CreateNewFile(deep); }), Code(IDS_CREATE_FILE_FAILED, ERROR_PATH_NOT_FOUND));
   EXPECT_EQ(Failure([&] { files.FlushFile(none, my::FlushDepth::DEVICE); }),
             Code(IDS_WRITE_FILE_FAILED, ERROR_FILE_NOT_FOUND));

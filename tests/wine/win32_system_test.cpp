@@ -59,7 +59,7 @@ std::string Manifest(const wchar_t* program) {
   return manifest;
 }
 
-TEST(Manifests, promise_long_paths_and_no_system_that_cannot_list_folders) {
+TEST(Manifests, declare_long_paths_and_no_system_before_windows_8) {
   for (const wchar_t* program : {L"Quillmoor.exe", L"QuillmoorRun.exe"}) {
     const std::string manifest = Manifest(program);
     EXPECT_NE(manifest.find("<longPathAware"), manifest.npos) << program;
@@ -91,7 +91,7 @@ TEST(Win32Shell, path_of_a_list_only_when_it_is_complete) {
   EXPECT_EQ(shell.PathOf(list), scratch.At(L"長い 名前.txt"));
   const auto refused = [&] { return test::ThrownId([&] { shell.PathOf(list); }); };
   list.pop_back();
-  EXPECT_EQ(refused(), IDS_ID_LIST_TO_PATH_FAILED) << "half an end mark";
+  EXPECT_EQ(refused(), IDS_ID_LIST_TO_PATH_FAILED) << "half a terminator";
   list = {std::byte{9}, std::byte{0}, std::byte{0}, std::byte{0}};
   EXPECT_EQ(refused(), IDS_ID_LIST_TO_PATH_FAILED) << "an item beyond the end";
   list = {std::byte{1}, std::byte{0}, std::byte{0}, std::byte{0}};

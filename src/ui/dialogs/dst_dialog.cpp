@@ -100,7 +100,7 @@ void CDstDialog::Browse() {
     SetItemText(IDC_DST_FOLDER, *folder);
 }
 
-// Not while the pattern is being typed, and without moving the caret: a token may be inserted there next.
+// Not called while the pattern is being typed. Keeps the caret, because the user may insert a token there.
 void CDstDialog::FitExtension() {
   CDst dst = EditedDst();
   if (!FitPattern(dst.type, dst.pattern)) return;
@@ -122,7 +122,7 @@ void CDstDialog::OfferTokens() {
   }
   RECT button{};
   ::GetWindowRect(Item(IDC_DST_TOKENS), &button);
-  // The button stays in sight.
+  // The menu must not cover the button.
   TPMPARAMS around{sizeof around, button};
   ::TrackPopupMenuEx(menu.Get(), TPM_RIGHTALIGN | TPM_VERTICAL, button.right, button.bottom, Hwnd(), &around);
 }
@@ -130,7 +130,7 @@ void CDstDialog::OfferTokens() {
 void CDstDialog::InsertToken(size_t index) {
   const HWND edit = Item(IDC_DST_PATTERN);
   const LRESULT length = ::GetWindowTextLengthW(edit);
-  // The way through the dialog by the keyboard selects everything; nobody wants to replace that.
+  // Reaching the control by Tab selects its whole text, which the token must not replace.
   if (::SendMessageW(edit, EM_GETSEL, 0, 0) == MAKELRESULT(0, length))
     ::SendMessageW(edit, EM_SETSEL, length, length);
   ::SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(NameTokens()[index].text));
@@ -142,7 +142,7 @@ void CDstDialog::ShowEffect() const {
   ShowNote();
 }
 
-// Shows the pattern as it is to be once it has been typed.
+// Shows the name for the pattern as FitExtension would change it.
 void CDstDialog::ShowPreview() const {
   CDst dst = EditedDst();
   FitPattern(dst.type, dst.pattern);

@@ -98,7 +98,7 @@ void CListDialog::ShowMenu(POINT screen) const {
   ::TrackPopupMenu(::GetSubMenu(menu.Get(), 0), TPM_RIGHTBUTTON, screen.x, screen.y, 0, Hwnd(), nullptr);
 }
 
-// A line for each row, a tab between its cells, as spreadsheets take them.
+// Copies the selected rows as text, one line per row with tabs between cells, as spreadsheets expect.
 void CListDialog::CopyRows() const {
   std::wstring text;
   for (const size_t row : m_list->Selection()) {

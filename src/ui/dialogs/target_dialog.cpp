@@ -24,7 +24,7 @@ static_assert(LettersStandFor({FILE_ATTRIBUTE_READONLY, FILE_ATTRIBUTE_HIDDEN, F
                                FILE_ATTRIBUTE_COMPRESSED, FILE_ATTRIBUTE_OFFLINE,
                                FILE_ATTRIBUTE_NOT_CONTENT_INDEXED, FILE_ATTRIBUTE_ENCRYPTED}));
 
-// More than these would not be seen on one line.
+// The line has no room for more.
 constexpr size_t kNamedFolders = 8;
 
 }  // namespace
@@ -133,7 +133,7 @@ bool CTargetDialog::OnKey(UINT key) {
   return true;
 }
 
-// While the text is being typed, the row found for its beginning stays as long as it fits.
+// While the text is typed, the row found so far stays selected as long as it matches.
 void CTargetDialog::Search(bool next) {
   const std::wstring text = ItemText(IDC_TARGET_SEARCH);
   const auto focused = m_list.Focused();

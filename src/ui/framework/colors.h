@@ -14,7 +14,7 @@ inline CColor ColorOfRef(COLORREF color) {
   return {GetRValue(color), GetGValue(color), GetBValue(color)};
 }
 
-// `index` is a COLOR_... of the system.
+// Returns a system colour; `index` is a COLOR_ value.
 inline CColor SystemColor(int index) {
   return ColorOfRef(::GetSysColor(index));
 }

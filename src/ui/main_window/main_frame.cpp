@@ -17,7 +17,7 @@ namespace qlm {
 namespace {
 
 constexpr UINT_PTR kRunTimer = 1;
-constexpr UINT kRunEnded = WM_APP + 1;  // posted, so that dialogs do not open within a tick
+constexpr UINT kRunEnded = WM_APP + 1;  // posted, so that no dialog opens within a tick
 
 // Pixels at 96 DPI.
 constexpr SIZE kSmallest{560, 400};
@@ -123,7 +123,7 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_COMMAND: OnCommand(LOWORD(wParam)); return 0;
     case WM_INITMENUPOPUP:
-      // The items of the system menu are the system's, and so is the close button that goes with one of them.
+      // The items of the system menu, and the close button with them, are enabled by the system.
       if (HIWORD(lParam) != 0) return CWindow::OnMessage(message, wParam, lParam);
       OnMenu(reinterpret_cast<HMENU>(wParam));
       return 0;
@@ -164,7 +164,7 @@ void CMainFrame::OnCommand(int id) {
   if (m_app->IsClosing()) return;
   const HWND focus = ::GetFocus();
   m_app->Execute(static_cast<uint32_t>(id));
-  // The button of a pane returns the focus after its command.
+  // Clicking a button of a pane must not keep the focus there.
   if (focus == ::GetFocus() && ::GetDlgCtrlID(focus) == id) m_parts->view.Current().SetFocus();
   UpdateCommands();
 }
@@ -181,7 +181,7 @@ void CMainFrame::OnMenu(HMENU menu) const {
   ShowPictures(menu, m_images);
 }
 
-// A command that has a text of its own in the string table is explained by its first line.
+// Shows the first line of the command's text, if it has one in the string table.
 void CMainFrame::OnMenuSelect(int id, UINT flags) {
   const bool isItem = (flags & (MF_POPUP | MF_SEPARATOR | MF_SYSMENU)) == 0;
   const std::wstring text = isItem ? TextsOf(*m_app).Text(static_cast<uint32_t>(id)) : std::wstring();
@@ -191,7 +191,7 @@ void CMainFrame::OnMenuSelect(int id, UINT flags) {
 
 void CMainFrame::OnDrop(HDROP drop) {
   my::CDroppedFiles files = my::TakeDrop(Hwnd(), drop);
-  // The system delivers drops to a disabled window, too.
+  // The system also delivers drops to a disabled window.
   if (!::IsWindowEnabled(Hwnd())) return;
   const auto row = m_parts->view.Tasks().List().RowAt(files.screen);
   CCommandDrop command(m_app->Context(), std::move(files.paths), row, ::GetKeyState(VK_CONTROL) < 0);
@@ -236,7 +236,7 @@ void CMainFrame::ApplySettings(const CSettings& settings) {
   try {
     m_parts->view.ShowDesign(settings.design);
   } catch (const my::CException& failure) {
-    // The picture may be on a drive that is away now; the program works without.
+    // The picture may be on a disconnected drive; the program continues without it.
     m_app->Context().messenger.ShowError(failure);
   }
 }
@@ -274,7 +274,8 @@ void CMainFrame::ShowRunState() {
   UpdateCommands();
 }
 
-// While a modal dialog is open, only another program can send the message: the work in the dialog goes first.
+// While a modal dialog is open, only another program can send this message. The user's work in the dialog has
+// priority.
 void CMainFrame::OnClose() {
   if (!::IsWindowEnabled(Hwnd()) && !m_app->IsClosing()) return;
   if (m_app->OnClose()) Destroy();
@@ -292,7 +293,7 @@ void CMainFrame::UseDpi(UINT dpi) {
   CToolImages images(dpi);
   m_parts->toolBar.Use(font.Get(), images);
   m_parts->statusBar.UseFont(font.Get());
-  m_font = std::move(font);  // the old ones are in use until here
+  m_font = std::move(font);  // until here the window uses the old ones
   m_images = std::move(images);
   m_icons.Use(Hwnd(), IDI_QUILLMOOR, dpi);
   my::BroadcastDpi(Hwnd(), dpi);

@@ -24,20 +24,20 @@ class CApplication;
 
 class CMainFrame : public my::CWindow, public IMainWindow {
  public:
-  // `showCommand` is how the window appears at first.
+  // `showCommand` is an SW_ value.
   CMainFrame(my::CAutoMessageLoop& loop, int showCommand);
 
   IDialogs& Dialogs() { return m_dialogs; }
 
-  // Creates the window; the application starts in the course of that. Returns false, after showing the
-  // failure, if there is no window. The application outlives the window.
+  // Creates the window, which starts the application. Returns false if that failed; the failure has been
+  // shown. The application must outlive the window.
   bool Create(CApplication& application);
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
-  // What needs the application.
+  // The members that need the application.
   struct CParts {
     CParts(CApplication& application, CDialogs& dialogs);
 

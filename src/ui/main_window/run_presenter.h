@@ -14,7 +14,8 @@ class CToolBar;
 // Shows the run in the parts of the main window and in the taskbar.
 class CRunPresenter {
  public:
-  // All outlive the presenter; the bars and the view have their windows before the first call.
+  // All arguments must outlive the presenter. The windows of the bars and the view must exist before the
+  // first call.
   CRunPresenter(CApplication& app, CMainView& view, const CToolBar& toolBar, const CStatusBar& statusBar,
                 CDialogs& dialogs);
 
@@ -22,12 +23,12 @@ class CRunPresenter {
   void ShowResults(size_t firstRow, const CResults& rows);
   void OpenResults();
   void ShowStatus(HWND frame) const;
-  void ShowCounts() const;  // of tasks, destinations and errors
+  void ShowCounts() const;  // shows the numbers of tasks, destinations and errors
 
   // Shows whether a run is active. Returns whether one has ended since the last call.
   bool ShowState(HWND frame);
 
-  // Opens the dialog that shows what was asked for, or what went wrong.
+  // Opens the list of a test run, or the results of a run with errors.
   void OpenOutcome();
 
  private:

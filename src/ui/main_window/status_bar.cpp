@@ -12,7 +12,7 @@
 namespace qlm {
 namespace {
 
-constexpr WPARAM kBarStates[] = {PBST_NORMAL, PBST_PAUSED, PBST_ERROR};  // by RunHealth
+constexpr WPARAM kBarStates[] = {PBST_NORMAL, PBST_PAUSED, PBST_ERROR};  // indexed by RunHealth
 
 constexpr int kRunPart = 0;
 constexpr int kProgressPart = 1;

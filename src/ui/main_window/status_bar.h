@@ -8,7 +8,7 @@
 
 namespace qlm {
 
-// How a run goes, or went. Incomplete: without an error, but folders could not be listed.
+// The state of the last run. Incomplete: no errors, but folders could not be listed.
 enum class RunHealth { Good, Incomplete, Failed };
 
 class CStatusBar {
@@ -17,7 +17,7 @@ class CStatusBar {
   int Height() const;
 
   void ShowRun(const std::wstring& text, const CRunProgress& progress, RunHealth health) const;
-  void ShowText(const std::wstring& text) const;  // in place of the run's, until that is shown again
+  void ShowText(const std::wstring& text) const;  // shown until the run's text is shown again
   void ShowCounts(const std::wstring& text) const;
   void UseFont(HFONT font) const { ::SendMessageW(m_bar, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE); }
   void Resize(UINT dpi) const;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr struct {
   int id;
-  uint32_t textId;  // 0: a gap
+  uint32_t textId;  // 0: a separator
 } kTools[] = {
     {ID_NEW, IDS_TOOL_NEW},         {ID_OPEN, IDS_TOOL_OPEN},         {ID_SAVE, IDS_TOOL_SAVE},       {0, 0},
     {ID_RUN, IDS_TOOL_RUN},         {ID_TASK_TARGETS, IDS_TOOL_TEST}, {ID_RESULTS, IDS_TOOL_RESULTS}, {0, 0},

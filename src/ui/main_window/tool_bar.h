@@ -13,7 +13,7 @@ class IMessageTexts;
 
 namespace qlm {
 
-// Buttons with their pictures and texts; their commands go to the parent.
+// The toolbar: buttons with images and texts. Their commands are sent to the parent.
 class CToolBar {
  public:
   explicit CToolBar(const my::IMessageTexts& texts) : m_texts(texts) {}
@@ -25,7 +25,7 @@ class CToolBar {
   void Enable(int id, bool enable) const;
   void Change(int id, uint32_t textId, ToolIcon icon) const;
   std::vector<int> Ids() const;
-  // Both outlive the bar, or its next use of others.
+  // Both must stay valid until the bar is destroyed or gets others.
   void Use(HFONT font, const CToolImages& images) const;
   void Resize() const { ::SendMessageW(m_bar, TB_AUTOSIZE, 0, 0); }
 

@@ -1,4 +1,4 @@
-// The texts that cells of several lists show.
+// Texts in the cells of several lists.
 #pragma once
 
 #include <cstdint>
