@@ -60,6 +60,7 @@ TEST(Secret, password_is_wiped_before_its_memory_is_freed) {
     my::Wipe(edited.password);
     CBackupTask job({a.files, a.clock, a.ansi, a.texts, a.process}, {*content.tasks[0], L"", kSecret});
     job.SetPassword(L"b");
+    { const std::wstring replaced = std::move(a.app->Settings().archive.password); }
     a.app->Settings().archive.password = kSecret;
     a.app.reset();
     watching = false;

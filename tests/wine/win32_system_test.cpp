@@ -107,10 +107,4 @@ TEST(Win32Shell, missing_file_is_an_error_without_a_window) {
   EXPECT_EQ(test::ThrownId([&] { shell.Run(scratch.At(L"none.exe"), L"/n"); }), IDS_SHELL_OPEN_FAILED);
 }
 
-TEST(Win32KnownFolders, program_folder_holds_the_running_program) {
-  const std::wstring folder = my::CWin32KnownFolders().ProgramFolder();
-  my::CWin32FileSystem files;
-  EXPECT_EQ(files.Kind(my::JoinPath(folder, L"qlm_wine_tests.exe")), my::PathKind::FILE);
-}
-
 }  // namespace
