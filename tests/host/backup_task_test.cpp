@@ -75,7 +75,7 @@ class BackupTask : public testing::Test {
 
   CMemoryFileSystem files;
   test::CFakeClock clock;
-  test::CIconvAnsiCodec ansi;
+  test::CFakeAnsiCodec ansi;
   test::CRcTexts texts;
   test::CFakeProcess process;
   qlm::CTask task{L"書類", L"C:\\src", L"", {}};

@@ -158,6 +158,8 @@ TEST_F(EditCommands, impossible_edits_are_disabled) {
     EXPECT_EQ(a.TakeBoxes(), Error(IDS_REFUSED_DURING_REPLACE)) << id;
   }
   EXPECT_FALSE(a.app->IsEnabled(0));
+  document.Reset({}, L"");
+  EXPECT_FALSE(document.CanUndo() || document.CanRedo());
 }
 
 TEST_F(EditCommands, filter_of_the_focused_task_or_a_chosen_one_is_checked) {

@@ -32,7 +32,7 @@ struct EditModels : testing::Test {
   test::CRcTexts texts;
   test::CFakeClock clock;
   test::CMemoryFileSystem files;
-  test::CIconvAnsiCodec ansi;
+  test::CFakeAnsiCodec ansi;
   test::CFakeProcess process;
   CEnginePorts ports{files, clock, ansi, texts, process};
 };

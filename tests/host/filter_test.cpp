@@ -15,7 +15,7 @@
 namespace {
 
 const test::CRcTexts texts;
-const test::CIconvAnsiCodec ansi;
+const test::CFakeAnsiCodec ansi;
 
 qlm::CFilter Filter(const std::vector<std::wstring>& lines) {
   qlm::CFilter filter;

@@ -46,7 +46,7 @@ class Runner : public testing::Test {
 
   test::CMemoryFileSystem files;
   test::CFakeClock clock;
-  test::CIconvAnsiCodec ansi;
+  test::CFakeAnsiCodec ansi;
   test::CRcTexts texts;
   test::CFakeProcess process;
   test::CPugiDom dom;

@@ -66,7 +66,7 @@ class BackupThread : public testing::Test {
 
   test::CMemoryFileSystem files;
   test::CFakeClock clock;
-  test::CIconvAnsiCodec ansi;
+  test::CFakeAnsiCodec ansi;
   test::CRcTexts texts;
   test::CFakeProcess process;
   test::CStdThreads threads;

@@ -39,8 +39,8 @@ class CRcTexts : public my::IMessageTexts {
   std::wstring SystemText(int32_t) const override { return L"system error"; }
 };
 
-// Code page 932.
-class CIconvAnsiCodec : public my::IAnsiCodec {
+// Knows two characters of code page 932.
+class CFakeAnsiCodec : public my::IAnsiCodec {
  public:
   std::wstring Decode(std::string_view bytes) const override;
 };
