@@ -24,7 +24,7 @@ static_assert(LettersStandFor({FILE_ATTRIBUTE_READONLY, FILE_ATTRIBUTE_HIDDEN, F
                                FILE_ATTRIBUTE_COMPRESSED, FILE_ATTRIBUTE_OFFLINE,
                                FILE_ATTRIBUTE_NOT_CONTENT_INDEXED, FILE_ATTRIBUTE_ENCRYPTED}));
 
-// The line has no room for more.
+// Maximum number of folders named in one line, which has no room for more.
 constexpr size_t kNamedFolders = 8;
 
 }  // namespace
