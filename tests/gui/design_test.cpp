@@ -174,28 +174,4 @@ TEST_F(Design, background_does_not_move_with_rows_and_panes) {
   EXPECT_NE(strip(), before) << "the selection is visible";
 }
 
-TEST_F(Design, repainting_and_changing_the_design_leak_no_gdi_objects) {
-  view.CreateIn(frame);
-  ::MoveWindow(view.Hwnd(), 0, 0, 300, 400, FALSE);
-  const auto use = [&](int i) {
-    CDesignSetting design;
-    design.bkBrushType = static_cast<BrushType>(i % 8);
-    design.bkImgType = static_cast<BkImgType>(i % 27);
-    Show(design);
-  };
-  const auto repaint = [&] {
-    ::RedrawWindow(view.Hwnd(), nullptr, nullptr,
-                   RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-  };
-  for (int i = 0; i < 30; ++i) use(i);
-  repaint();
-  const DWORD gdi = test::GdiObjects();
-  for (int i = 0; i < 200; ++i) use(i);
-  for (int i = 0; i < 50; ++i) repaint();
-  for (int i = 0; i < 1000; ++i)
-    ::RedrawWindow(view.Tasks().List().Hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
-  use(29);
-  EXPECT_EQ(test::GdiObjects(), gdi);
-}
-
 }  // namespace

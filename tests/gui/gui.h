@@ -1,6 +1,7 @@
 // Helpers for tests of windows.
 #pragma once
 
+#include <gtest/gtest.h>
 #include <windows.h>
 
 #include <commctrl.h>
@@ -142,17 +143,6 @@ inline void FocusRow(HWND list, int row) {
   ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
 }
 
-// Moves the dialog through several DPI as the system does.
-template <class Check>
-void AtEveryDpi(HWND dialog, Check check) {
-  const SIZE size = Size(dialog);
-  for (const int dpi : {96, 144, 192, 96}) {
-    RECT bounds{0, 0, ::MulDiv(size.cx, dpi, 96), ::MulDiv(size.cy, dpi, 96)};
-    ::SendMessageW(dialog, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&bounds));
-    check();
-  }
-}
-
 // Returns the labels and buttons below `window` whose texts do not fit.
 inline std::vector<std::wstring> Clipped(HWND window) {
   std::vector<std::wstring> clipped;
@@ -172,6 +162,16 @@ inline std::vector<std::wstring> Clipped(HWND window) {
     if (needed.right + box > Size(at).cx || needed.bottom > Size(at).cy) clipped.push_back(text);
   }
   return clipped;
+}
+
+// Checks that on screens of several DPI, between which the system moves the dialog.
+inline void ExpectTextsFit(HWND dialog) {
+  const SIZE size = Size(dialog);
+  for (const int dpi : {96, 144, 192}) {
+    RECT bounds{0, 0, ::MulDiv(size.cx, dpi, 96), ::MulDiv(size.cy, dpi, 96)};
+    ::SendMessageW(dialog, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&bounds));
+    EXPECT_EQ(Clipped(dialog), std::vector<std::wstring>()) << dpi;
+  }
 }
 
 struct CRows : my::IListModel {

@@ -48,31 +48,6 @@ TEST(Window, exceptions_do_not_leave_the_window_procedure) {
   SetFailureHandler(before);
 }
 
-TEST(MessageLoop, translates_keys_of_the_registered_windows_only) {
-  CAutoMessageLoop loop;
-  CTestWindow window;
-  window.Create(FrameClass(), {});
-  std::vector<WPARAM> commands;
-  window.onMessage = [&](UINT message, WPARAM wParam) {
-    if (message == WM_COMMAND) commands.push_back(LOWORD(wParam));
-    if (message == WM_APP) ::PostQuitMessage(static_cast<int>(wParam));
-  };
-  ACCEL key{FVIRTKEY, VK_F5, 77};
-  const CAccelerators table(::CreateAcceleratorTableW(&key, 1));
-  const auto press = [&](int exitCode) {
-    ::PostMessageW(window.Hwnd(), WM_KEYDOWN, VK_F5, 0);
-    ::PostMessageW(window.Hwnd(), WM_APP, static_cast<WPARAM>(exitCode), 0);
-    return loop.Run();
-  };
-  {
-    const CTranslation registered = loop.AddAccelerators(window.Hwnd(), table.Get());
-    EXPECT_EQ(press(5), 5);
-    EXPECT_EQ(commands, (std::vector<WPARAM>{77}));
-  }
-  EXPECT_EQ(press(6), 6);
-  EXPECT_EQ(commands.size(), 1u);
-}
-
 TEST(MessageLoop, moves_the_focus_in_modeless_dialogs) {
   CAutoMessageLoop loop;
   CDialog dialog(IDD_TEST);

@@ -7,6 +7,7 @@
 #include "replace/replace_rule.h"
 #include "settings/settings.h"
 #include "support/fake_ports.h"
+#include "support/placement.h"
 #include "text_ids.h"
 #include "ui/models/closing_text.h"
 #include "ui/models/dst_list_model.h"
@@ -61,10 +62,10 @@ class ListModels : public testing::Test {
 TEST_F(ListModels, closing_text_names_the_archive_of_the_last_row) {
   const CTasks& tasks = document.Tasks();
   EXPECT_EQ(ClosingText(texts, {}), texts.Text(IDS_WAIT_RUN));
-  const CResultPtr copying = Row(tasks[0], Phase::COPYING);
-  EXPECT_EQ(ClosingText(texts, {Row(tasks[1], Phase::ARCHIVING), copying}),
+  const CResultPtr copying = Row(tasks[0], Phase::Copying);
+  EXPECT_EQ(ClosingText(texts, {Row(tasks[1], Phase::Archiving), copying}),
             L"「A」の処理が中断されるのを待っています");
-  EXPECT_EQ(ClosingText(texts, {copying, Row(tasks[1], Phase::ARCHIVING)}),
+  EXPECT_EQ(ClosingText(texts, {copying, Row(tasks[1], Phase::Archiving)}),
             L"「B」の圧縮が終わるのを待っています");
 }
 
@@ -74,28 +75,28 @@ TEST_F(ListModels, task_shows_destinations_preview_and_worst_state) {
   RemoveDsts(document, {0});
   model.Refresh();
   const CTaskPtr task = document.Tasks()[0];
-  model.ShowResults({Row(task, Phase::SKIPPED), Row(task, Phase::CREATED)});
+  model.ShowResults({Row(task, Phase::Skipped), Row(task, Phase::Created)});
   EXPECT_EQ(model.Look(0).color, setting.stateColors[0]) << "created";
-  auto partial = boost::make_shared<CResult>(*Row(task, Phase::SKIPPED));
+  auto partial = boost::make_shared<CResult>(*Row(task, Phase::Skipped));
   auto targets = boost::make_shared<CTargets>();
   targets->AddUnlisted(L"x", my::CSystemError::FromWin32(5));
   targets->AddUnlisted(L"y", my::CSystemError::FromWin32(5));
   partial->targets = targets;
-  model.ShowResults({Row(task, Phase::CREATED), partial});
+  model.ShowResults({Row(task, Phase::Created), partial});
   EXPECT_NE(model.Look(0).color, setting.stateColors[0]) << "not shown as a success";
-  EXPECT_EQ(model.Text(0, CTaskListModel::STATE), texts.Text(IDS_PHASE_SKIPPED) + kUnlisted);
+  EXPECT_EQ(model.Text(0, CTaskListModel::State), texts.Text(IDS_PHASE_SKIPPED) + kUnlisted);
   CResultListModel results(setting, texts, clock);
   results.ShowResults(0, {partial, partial});
-  EXPECT_EQ(results.Text(1, CResultListModel::MESSAGE), texts.Text(IDS_PHASE_SKIPPED) + kUnlisted);
+  EXPECT_EQ(results.Text(1, CResultListModel::Message), texts.Text(IDS_PHASE_SKIPPED) + kUnlisted);
   EXPECT_EQ(results.UnlistedCount(), 2U) << "rows of one job share their list";
-  model.ShowResults({Row(task, Phase::COPYING, L"disk\r\nfull"), Row(task, Phase::COPYING)});
+  model.ShowResults({Row(task, Phase::Copying, L"disk\r\nfull"), Row(task, Phase::Copying)});
   EXPECT_EQ(model.Look(0).color, setting.stateColors[3]) << "failed";
   EXPECT_FALSE(model.Look(0).grey);
   EXPECT_FALSE(model.Look(1).color);
   EXPECT_EQ(Line(model, 0), L"A|C:\\a|f|2|コピー処理中にエラーが発生しました: disk full|");
   const CReplaceRule rule({ReplaceRow::ALL, kReplaceTaskPath, L"C:", L"D:"});
   task->replaceRule = &rule;
-  EXPECT_EQ(model.Text(0, CTaskListModel::PATH), L"D:\\a");
+  EXPECT_EQ(model.Text(0, CTaskListModel::Path), L"D:\\a");
 }
 
 TEST_F(ListModels, check_boxes_show_the_use_by_the_selected_tasks) {
@@ -113,11 +114,11 @@ TEST_F(ListModels, results_replace_their_rows_and_are_exported_as_csv) {
   clock.SetOffsetMinutes(9 * 60);
   CResultListModel model(setting, texts, clock);
   const auto noDst = boost::make_shared<CTask>(CTask{L"=1+1", L"p", L"", {}});
-  model.ShowResults(0, {Row(document.Tasks()[1], Phase::COPYING)});
-  model.ShowResults(1, {Row(noDst, Phase::SKIPPED)});
+  model.ShowResults(0, {Row(document.Tasks()[1], Phase::Copying)});
+  model.ShowResults(1, {Row(noDst, Phase::Skipped)});
   EXPECT_EQ(model.Look(0).color, setting.stateColors[1]);
   EXPECT_EQ(model.Look(1).color, setting.stateColors[2]);
-  model.ShowResults(0, {Row(document.Tasks()[1], Phase::COPYING, L"\"why\"")});
+  model.ShowResults(0, {Row(document.Tasks()[1], Phase::Copying, L"\"why\"")});
   EXPECT_EQ(model.Csv(),
             "\xEF\xBB\xBFID,転送先パス,種類,最終更新日時,メッセージ\r\n"
             "B,\"D:\\x,y\",フォルダー,2016/03/05 16:04:09,"
@@ -145,7 +146,7 @@ TEST_F(ListModels, target_shows_the_deciding_filter_line) {
   const CTargetListModel model(targets, texts, clock);
   EXPECT_EQ(Line(model, 0), L"Docs\\|2016/03/05 07:04:09||HD|+ （フィルターにマッチしません）|");
   EXPECT_EQ(Line(model, 1), L"Docs\\a.bak|2016/03/05 07:04:09|1,234,567|RAL|2: - \\.bak$|");
-  EXPECT_EQ(model.Text(2, CTargetListModel::SIZE), L"123");
+  EXPECT_EQ(model.Text(2, CTargetListModel::Size), L"123");
   EXPECT_TRUE(model.Look(1).grey && !model.Look(2).grey);
   EXPECT_EQ(model.NewestRow(), 2u) << "neither a folder nor what is excluded";
   EXPECT_EQ(model.CountsText(), L"項目 3 件、対象 1 件、除外 1 件");
@@ -160,13 +161,52 @@ TEST_F(ListModels, filter_line_shows_its_error_and_what_it_decides) {
   EXPECT_EQ(Line(model, 0), L"1||# all||");
   EXPECT_EQ(Line(model, 1), L"2|*|x|フィルターの先頭文字 (*) が不正です|");
   EXPECT_EQ(Line(model, 2), L"3|-|docs/.*\\.tmp$||");
-  EXPECT_EQ(model.Text(3, CFilterCheckModel::EXPRESSION), L"a$ ") << "the space is significant";
+  EXPECT_EQ(model.Text(3, CFilterCheckModel::Expression), L"a$ ") << "the space is significant";
   EXPECT_EQ(model.Look(1).color, setting.stateColors[3]);
   EXPECT_TRUE(model.Look(5).grey);
   EXPECT_EQ(model.Decide(L"docs/a.tmp").row, 2u);
   EXPECT_TRUE(model.Decide(L"docs/a.tmp").excluded);
   EXPECT_EQ(model.Decide(L"a.tmp").text, L"5: + (?i)\\.TMP$");
   EXPECT_EQ(model.Decide(L"docs\\").row, std::nullopt);
+}
+
+TEST(Placement, window_is_moved_onto_the_nearest_screen) {
+  const my::CRect left{0, 0, 1000, 800};
+  const my::CRect right{1000, -200, 2000, 600};
+  const std::vector<my::CRect> screens = {left, right};
+  const my::CRect inside{10, 20, 300, 400};
+  EXPECT_EQ(my::PullBack(inside, screens), inside);
+  EXPECT_EQ(my::PullBack({900, 700, 1100, 900}, {left}), (my::CRect{800, 600, 1000, 800}));
+  EXPECT_EQ(my::PullBack({950, 100, 1250, 300}, screens), (my::CRect{1000, 100, 1300, 300}));
+  EXPECT_EQ(my::PullBack({2500, -900, 2700, -800}, screens), (my::CRect{1800, -200, 2000, -100}));
+  EXPECT_EQ(my::PullBack({-500, -500, 5000, 100}, {left}), (my::CRect{0, 0, 1000, 600}));
+  // as in an edited settings file
+  EXPECT_EQ(my::PullBack({INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN}, {left}),
+            (my::CRect{1000, 800, 1000, 800}));
+  EXPECT_EQ(my::PullBack({INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX}, screens), left);
+  EXPECT_EQ(my::PullBack(inside, {}), inside);
+  // A window snapped to the left half of the screen, and one that only resembles it.
+  const my::CBorder border{7, 0, 7, 7};
+  EXPECT_EQ(my::PullBack({-7, 0, 507, 807}, {left}, border), (my::CRect{-7, 0, 507, 807}));
+  EXPECT_EQ(my::PullBack({-8, -1, 506, 500}, {left}, border), (my::CRect{0, 0, 514, 501}));
+  EXPECT_EQ(my::CentreOn({0, 0, 200, 100}, {100, 100, 500, 300}), (my::CRect{200, 150, 400, 250}));
+}
+
+TEST(ListModel, search_by_typing_wraps_around) {
+  struct CNames : my::IListModel {
+    std::vector<std::wstring> names{L"Beta", L"alpha", L"Alto", L"al"};
+    size_t RowCount() const override { return names.size(); }
+    size_t ColumnCount() const override { return 1; }
+    my::CListColumn Column(size_t) const override { return {}; }
+    std::wstring Text(size_t row, size_t) const override { return names[row]; }
+  } model;
+  EXPECT_EQ(my::FindRow(model, L"AL", 0), 1u);
+  EXPECT_EQ(my::FindRow(model, L"al", 3), 3u);
+  EXPECT_EQ(my::FindRow(model, L"alp", 2), 1u);
+  EXPECT_EQ(my::FindRow(model, L"b", 9), 0u);
+  EXPECT_FALSE(my::FindRow(model, L"betas", 0));
+  model.names.clear();
+  EXPECT_FALSE(my::FindRow(model, L"", 0));
 }
 
 }  // namespace

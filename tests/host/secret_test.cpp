@@ -9,8 +9,9 @@
 
 namespace {
 
-constexpr std::wstring_view kSecret = L"a-long-password";
-constexpr std::string_view kSecretUtf8 = "a-long-password";
+const std::wstring kSecret = L"a-password-that-needs-memory-of-its-own";
+constexpr std::wstring_view kTail = L"of-its-own";  // what a shorter text leaves of it
+constexpr std::string_view kUtf8Tail = "of-its-own";
 bool watching = false;
 int found = 0;
 
@@ -26,7 +27,7 @@ void operator delete(void* memory) noexcept {
     const size_t bytes = ::malloc_usable_size(memory);
     const std::wstring_view wide(static_cast<const wchar_t*>(memory), bytes / sizeof(wchar_t));
     const std::string_view utf8(static_cast<const char*>(memory), bytes);
-    if (wide.find(kSecret) != wide.npos || utf8.find(kSecretUtf8) != utf8.npos) ++found;
+    if (wide.find(kTail) != wide.npos || utf8.find(kUtf8Tail) != utf8.npos) ++found;
   }
   std::free(memory);
 }
@@ -57,6 +58,9 @@ TEST(Secret, password_is_wiped_before_its_memory_is_freed) {
     edited.password = L"b";
     SetArchiveSetting(a.app->Settings().archive, edited);
     my::Wipe(edited.password);
+    CBackupTask job({a.files, a.clock, a.ansi, a.texts, a.process}, {*content.tasks[0], L"", kSecret});
+    job.SetPassword(L"b");
+    { const std::wstring replaced = std::move(a.app->Settings().archive.password); }
     a.app->Settings().archive.password = kSecret;
     a.app.reset();
     watching = false;

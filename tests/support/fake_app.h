@@ -89,7 +89,7 @@ class CFakeApp {
 
   CMemoryFileSystem files;
   CFakeClock clock;
-  CIconvAnsiCodec ansi;
+  CFakeAnsiCodec ansi;
   CRcTexts texts;
   CFakeProcess process;
   CPugiDom dom;

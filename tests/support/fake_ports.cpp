@@ -1,7 +1,5 @@
 #include "support/fake_ports.h"
 
-#include <iconv.h>
-
 #include <future>
 #include <thread>
 
@@ -55,21 +53,9 @@ std::wstring CRcTexts::Text(uint32_t id) const {
   return found == texts.end() ? std::wstring() : found->second;
 }
 
-std::wstring CIconvAnsiCodec::Decode(std::string_view bytes) const {
-  const std::unique_ptr<void, int (*)(iconv_t)> codec(::iconv_open("WCHAR_T", "CP932"), ::iconv_close);
-  std::string input(bytes);
-  std::wstring text;
-  char* from = input.data();
-  for (size_t left = input.size(); left > 0;) {
-    wchar_t c = L'\0';
-    auto* to = reinterpret_cast<char*>(&c);
-    size_t room = sizeof c;
-    const size_t before = left;
-    ::iconv(codec.get(), &from, &left, &to, &room);
-    if (left == before) ++from, --left;  // an invalid byte
-    text += room == 0 ? c : static_cast<wchar_t>(my::kReplacementChar);
-  }
-  return text;
+std::wstring CFakeAnsiCodec::Decode(std::string_view bytes) const {
+  const std::string utf8 = std::regex_replace(std::string(bytes), std::regex("\x8E\x9A"), "字");
+  return my::WideFromUtf8(std::regex_replace(utf8, std::regex("\xB1"), "ｱ"));
 }
 
 uint32_t CFakeProcess::Run(const my::CProcessStart& start) {

@@ -39,8 +39,8 @@ class CRcTexts : public my::IMessageTexts {
   std::wstring SystemText(int32_t) const override { return L"system error"; }
 };
 
-// Code page 932.
-class CIconvAnsiCodec : public my::IAnsiCodec {
+// Knows two characters of code page 932.
+class CFakeAnsiCodec : public my::IAnsiCodec {
  public:
   std::wstring Decode(std::string_view bytes) const override;
 };
@@ -87,7 +87,7 @@ class CStdThreads : public my::IThreads {
 struct CFakeConsole : my::IConsole {
   bool IsTerminal(Stream) const override { return terminal; }
   void Write(Stream stream, std::wstring_view text) override {
-    (stream == Stream::OUTPUT ? output : errors) += text;
+    (stream == Stream::Output ? output : errors) += text;
   }
   std::optional<std::wstring> ReadLine() override;
   bool InterruptRequested() const override { return interrupted; }

@@ -95,7 +95,7 @@ std::wstring CTargetDialog::NewestText() const {
   const auto row = m_model.NewestRow();
   if (!row) return Text(IDS_TARGET_NO_NEWEST);
   return Text(IDS_TARGET_NEWEST,
-              {m_model.Text(*row, CTargetListModel::PATH), m_model.Text(*row, CTargetListModel::TIME)});
+              {m_model.Text(*row, CTargetListModel::Path), m_model.Text(*row, CTargetListModel::Time)});
 }
 
 std::wstring CTargetDialog::UnlistedText() const {
