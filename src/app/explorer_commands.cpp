@@ -20,7 +20,7 @@ constexpr uint32_t kLookUpLimitMs = 4000;  // for all lookups of a command
 struct CPlace {
   std::wstring path;
   my::PathKind kind = my::PathKind::None;
-  my::CSystemError error = my::CSystemError::FromWin32(my::kErrorPathNotFound);  // valid if the kind is NONE
+  my::CSystemError error = my::CSystemError::FromWin32(my::kErrorPathNotFound);  // valid if the kind is None
 };
 
 CPlace PlaceAt(my::IFileSystem& files, const std::wstring& path) {

@@ -64,7 +64,7 @@ CRows StepDsts(CDocument& document, const CRows& rows, Step step);
 // A destination is added after those that the task already has.
 void SetUse(CDocument& document, const CRows& tasks, size_t dst, bool use);
 
-// Returns the use of every destination in the list; NONE if there are no tasks.
+// Returns the use of every destination in the list; DstUse::None if there are no tasks.
 std::vector<DstUse> UsesOf(const CContent& content, const CRows& tasks);
 DstUse UseOf(const CDocument& document, const CRows& tasks, size_t dst);
 

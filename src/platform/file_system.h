@@ -45,11 +45,11 @@ class INewFile {
 
 enum class PathKind { None, File, Folder };
 
-// The lifetime of a new file. UNTIL_CLOSED: the file is hidden, cannot be opened by others, and is deleted by
+// The lifetime of a new file. UntilClosed: the file is hidden, cannot be opened by others, and is deleted by
 // the system when it is closed, also if the program is killed.
 enum class FileLife { Kept, UntilClosed };
 
-// The extent of a flush. WRITE_OUT sends the cached data of one file to its device. DEVICE also flushes the
+// The extent of a flush. WriteOut sends the cached data of one file to its device. Device also flushes the
 // cache of the device, with everything sent before.
 enum class FlushDepth { WriteOut, Device };
 
@@ -65,7 +65,7 @@ class IFileSystem {
   // Throws IDS_LIST_FOLDER_FAILED.
   virtual std::unique_ptr<IFindFiles> Find(const std::wstring& folder) = 0;
 
-  // Returns what exists at the path. NONE means that nothing exists; an unreachable share, a locked drive or
+  // Returns what exists at the path. None means that nothing exists; an unreachable share, a locked drive or
   // a denied folder throws IDS_PATH_UNREADABLE instead.
   virtual PathKind Kind(const std::wstring& path) = 0;
 
@@ -84,7 +84,7 @@ class IFileSystem {
   virtual void Copy(const std::wstring& from, const std::wstring& to) = 0;
 
   // Flushes the cached data of a file and returns its size in bytes. On file systems that cannot write a file
-  // out without a device flush, WRITE_OUT skips small files, which the system writes later. Throws
+  // out without a device flush, WriteOut skips small files, which the system writes later. Throws
   // IDS_WRITE_FILE_FAILED.
   virtual uint64_t FlushFile(const std::wstring& path, FlushDepth depth) = 0;
 

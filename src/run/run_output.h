@@ -24,7 +24,7 @@ struct CRunStatus {
 };
 
 struct CRunSummary {
-  RunState state = RunState::Ended;  // or STOPPED
+  RunState state = RunState::Ended;  // or Stopped
   size_t rows = 0;
   size_t errors = 0;
 };

@@ -42,7 +42,7 @@ class CRegexPrefilter {
 
   explicit CRegexPrefilter(std::wstring_view expression);
 
-  // Returns whether the expression matches in the text; UNDECIDED if only a search can tell.
+  // Returns whether the expression matches in the text; Undecided if only a search can tell.
   Verdict Test(const CPrefilterText& text) const;
 
  private:

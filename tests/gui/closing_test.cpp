@@ -31,7 +31,7 @@ TEST_F(Closing, end_of_session_or_program_stores_placements_of_open_windows) {
   a.Do(ID_FULL_SCREEN);
   EXPECT_TRUE(MayEnd());
   a.AddTask(L"a", L"C:\\a");
-  EXPECT_TRUE(!MayEnd() && a.box.texts.empty()) << "no box while the system waits";
+  EXPECT_TRUE(!MayEnd() && a.box.texts.empty()) << "no message box while the system waits";
   EndSession(true);
   EndSession(true);  // repeated: the first call must not have changed the window
   a.Start();

@@ -164,7 +164,7 @@ inline std::vector<std::wstring> Clipped(HWND window) {
   return clipped;
 }
 
-// Checks that on screens of several DPI, between which the system moves the dialog.
+// Expects that all texts of the dialog fit at several DPI.
 inline void ExpectTextsFit(HWND dialog) {
   const SIZE size = Size(dialog);
   for (const int dpi : {96, 144, 192}) {

@@ -10,7 +10,7 @@
 namespace {
 
 const std::wstring kSecret = L"a-password-that-needs-memory-of-its-own";
-constexpr std::wstring_view kTail = L"of-its-own";  // what a shorter text leaves of it
+constexpr std::wstring_view kTail = L"of-its-own";  // the part of it that a shorter text does not overwrite
 constexpr std::string_view kUtf8Tail = "of-its-own";
 bool watching = false;
 int found = 0;

@@ -14,7 +14,7 @@ namespace qlm {
 struct CResult;
 struct CUISetting;
 
-// The first four are in the order of the state colours in the settings. INCOMPLETE has no colour there: the
+// The first four are in the order of the state colours in the settings. Incomplete has no colour there: the
 // row ended without an error, but folders of its source could not be listed.
 enum class ResultState { Created, Running, NotUpdated, Failed, Incomplete };
 
