@@ -55,7 +55,7 @@ class CFakeFiles : public my::IFileSystem {
 
   my::PathKind Kind(const std::wstring&) override {
     onKind();
-    return my::PathKind::FOLDER;
+    return my::PathKind::Folder;
   }
 
   std::wstring FullPath(const std::wstring&) override { Refuse(); }

@@ -51,14 +51,14 @@ std::wstring EnsureTree(const std::wstring& root, const CTreeShape& shape) {
       my::JoinPath(root, std::to_wstring(shape.projects) + L"x" + std::to_wstring(shape.files) + L"x" +
                              std::to_wstring(shape.bytes));
   const std::wstring marker = tree + L".complete";
-  if (files.Kind(marker) != my::PathKind::NONE) return tree;
+  if (files.Kind(marker) != my::PathKind::None) return tree;
   std::fprintf(stderr, "making a tree of %llu files\n", static_cast<unsigned long long>(FileCount(shape)));
   RemoveTree(tree);
   for (int i = 0; i < shape.projects; ++i) {
     const std::wstring project = my::JoinPath(tree, ProjectName(i));
     for (const wchar_t* const folder : kFolders) FillFolder(files, my::JoinPath(project, folder), shape);
   }
-  files.CreateNewFile(marker, my::FileLife::KEPT)->Close();
+  files.CreateNewFile(marker, my::FileLife::Kept)->Close();
   return tree;
 }
 

@@ -36,7 +36,7 @@ void MeasureUnchanged(const COptions& options) {
     const double time =
         TimeMs([&jobs] { std::for_each(jobs.begin(), jobs.end(), [](auto& job) { job->Run(); }); });
     const bool skipped = std::all_of(jobs.begin(), jobs.end(), [](const qlm::CBackupTaskPtr& job) {
-      return job->Results().back()->phase == qlm::Phase::SKIPPED;
+      return job->Results().back()->phase == qlm::Phase::Skipped;
     });
     if (!skipped) throw std::runtime_error("a job was not skipped");
     return time;

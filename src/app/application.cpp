@@ -101,7 +101,7 @@ bool CApplication::OnClose() {
   // The run may have ended, or been stopped, while the question was open.
   if (m_run.IsActive()) {
     m_closing = true;
-    if (m_run.State() == RunState::RUNNING) m_run.Stop();
+    if (m_run.State() == RunState::Running) m_run.Stop();
     m_context.window.ShowClosing();
     return false;
   }
@@ -147,7 +147,7 @@ void CApplication::OnStatus() {
 }
 
 void CApplication::OnStateChanged() {
-  if (m_run.State() == RunState::RUNNING) m_session.Withdraw();
+  if (m_run.State() == RunState::Running) m_session.Withdraw();
   if (!m_run.IsActive()) m_context.window.StopTimer();
   if (!m_run.IsActive() && m_closing) m_context.window.PostClose();
   UpdateHold();

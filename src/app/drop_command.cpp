@@ -35,7 +35,7 @@ void CCommandDrop::Execute(bool run) {
 void CCommandDrop::Drop(const std::wstring& path) {
   CDocument& document = m_context.document;
   IEditList& tasks = m_context.window.TaskList();
-  if (my::KindIfKnown(m_context.ports.engine.files, path) == my::PathKind::FOLDER) {
+  if (my::KindIfKnown(m_context.ports.engine.files, path) == my::PathKind::Folder) {
     tasks.Select({AddFolderTask(document, PositionAfterSelection(tasks), path)});
   } else if (IsOneOf(kFilterFormats, path)) {
     if (!m_taskRow) throw CListException(IDS_DROP_FILTER_ON_TASK, tasks);

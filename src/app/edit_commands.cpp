@@ -27,7 +27,7 @@ class CListEdit {
   void MoveBefore(size_t before);
 
  private:
-  bool IsTasks() const { return m_kind == ListKind::TASKS; }
+  bool IsTasks() const { return m_kind == ListKind::Tasks; }
   size_t Size() const { return IsTasks() ? m_document.Tasks().size() : m_document.Dsts().size(); }
 
   void Add();
@@ -52,31 +52,31 @@ CRows RowAfter(const CRows& removed, size_t sizeAfter) {
 }
 
 bool ChangesDocument(EditAction action) {
-  return action != EditAction::COPY && action != EditAction::SELECT_ALL;
+  return action != EditAction::Copy && action != EditAction::SelectAll;
 }
 
 bool CListEdit::HasSubject(EditAction action) const {
   switch (action) {
-    case EditAction::ADD: return true;
-    case EditAction::SELECT_ALL: return Size() != 0;
-    case EditAction::PASTE: return m_context.ports.clipboard.HasDocument();
-    case EditAction::EDIT: return m_list.FocusedRow().has_value();
+    case EditAction::Add: return true;
+    case EditAction::SelectAll: return Size() != 0;
+    case EditAction::Paste: return m_context.ports.clipboard.HasDocument();
+    case EditAction::Edit: return m_list.FocusedRow().has_value();
     default: return m_list.AnySelected();
   }
 }
 
 void CListEdit::Run(EditAction action) {
   switch (action) {
-    case EditAction::ADD: return Add();
-    case EditAction::EDIT: return Edit();
-    case EditAction::DUPLICATE: return Duplicate();
-    case EditAction::REMOVE: return Remove();
-    case EditAction::UP: return StepRows(Step::UP);
-    case EditAction::DOWN: return StepRows(Step::DOWN);
-    case EditAction::CUT: Copy(); return Remove();
-    case EditAction::COPY: return Copy();
-    case EditAction::PASTE: return Paste();
-    case EditAction::SELECT_ALL: return SelectAll();
+    case EditAction::Add: return Add();
+    case EditAction::Edit: return Edit();
+    case EditAction::Duplicate: return Duplicate();
+    case EditAction::Remove: return Remove();
+    case EditAction::Up: return StepRows(Step::Up);
+    case EditAction::Down: return StepRows(Step::Down);
+    case EditAction::Cut: Copy(); return Remove();
+    case EditAction::Copy: return Copy();
+    case EditAction::Paste: return Paste();
+    case EditAction::SelectAll: return SelectAll();
   }
 }
 
@@ -168,7 +168,7 @@ void CCommandEdit::Execute(bool run) {
 void CCommandHistory::Execute(bool run) {
   RefuseDuringReplace(m_context);
   CDocument& document = m_context.document;
-  const bool undo = m_step == HistoryStep::UNDO;
+  const bool undo = m_step == HistoryStep::Undo;
   if (!run && !(undo ? document.CanUndo() : document.CanRedo())) throw my::CException(IDS_NO_ITEM_SELECTED);
   if (run && undo) document.Undo();
   if (run && !undo) document.Redo();
@@ -180,7 +180,7 @@ void CCommandToggleUse::Execute(bool run) {
   const CRows tasks = list.SelectedRows();
   if (tasks.empty()) throw CListException(IDS_NO_TASK_SELECTED, list);
   CDocument& document = m_context.document;
-  if (run) SetUse(document, tasks, m_dst, UseOf(document, tasks, m_dst) != DstUse::ALL);
+  if (run) SetUse(document, tasks, m_dst, UseOf(document, tasks, m_dst) != DstUse::All);
 }
 
 void CCommandMoveRows::Execute(bool run) {

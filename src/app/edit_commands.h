@@ -9,7 +9,7 @@
 
 namespace qlm {
 
-enum class EditAction { ADD, EDIT, DUPLICATE, REMOVE, UP, DOWN, CUT, COPY, PASTE, SELECT_ALL };
+enum class EditAction { Add, Edit, Duplicate, Remove, Up, Down, Cut, Copy, Paste, SelectAll };
 
 // Edits the selected rows of a list, or the focused one. If there is nothing to edit, Execute(true) does
 // nothing and Execute(false) throws IDS_NO_ITEM_SELECTED.
@@ -27,7 +27,7 @@ class CCommandEdit final : public CCommand {
   std::optional<ListKind> m_list;
 };
 
-enum class HistoryStep { UNDO, REDO };
+enum class HistoryStep { Undo, Redo };
 
 class CCommandHistory final : public CCommand {
  public:

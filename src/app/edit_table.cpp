@@ -6,8 +6,8 @@ namespace qlm {
 namespace {
 
 // In the order of their ids.
-constexpr EditAction kItemEdits[] = {EditAction::ADD,    EditAction::EDIT, EditAction::DUPLICATE,
-                                     EditAction::REMOVE, EditAction::UP,   EditAction::DOWN};
+constexpr EditAction kItemEdits[] = {EditAction::Add,    EditAction::Edit, EditAction::Duplicate,
+                                     EditAction::Remove, EditAction::Up,   EditAction::Down};
 
 template <class TCommand>
 CCommand* FindIn(std::map<uint32_t, TCommand>& commands, uint32_t id) {
@@ -24,14 +24,14 @@ CEditTable::CEditTable(CAppContext& context)
               {ID_OTHER_PANE, {context, &FocusOtherList}},
               {ID_FULL_SCREEN, {context, &ToggleFullScreen}},
               {ID_QUIT, {context, &CloseWindow}}},
-      m_undo(context, HistoryStep::UNDO),
-      m_redo(context, HistoryStep::REDO) {
+      m_undo(context, HistoryStep::Undo),
+      m_redo(context, HistoryStep::Redo) {
   AddItemEdits(context, ID_ITEM_ADD, {});
-  AddItemEdits(context, ID_TASK_ADD, ListKind::TASKS);
-  AddItemEdits(context, ID_DST_ADD, ListKind::DSTS);
+  AddItemEdits(context, ID_TASK_ADD, ListKind::Tasks);
+  AddItemEdits(context, ID_DST_ADD, ListKind::Dsts);
   for (const auto& [id, action] :
-       {std::pair(ID_CUT, EditAction::CUT), std::pair(ID_COPY, EditAction::COPY),
-        std::pair(ID_PASTE, EditAction::PASTE), std::pair(ID_SELECT_ALL, EditAction::SELECT_ALL)})
+       {std::pair(ID_CUT, EditAction::Cut), std::pair(ID_COPY, EditAction::Copy),
+        std::pair(ID_PASTE, EditAction::Paste), std::pair(ID_SELECT_ALL, EditAction::SelectAll)})
     m_edits.try_emplace(static_cast<uint32_t>(id), context, action, std::nullopt);
 }
 

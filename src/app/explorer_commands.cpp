@@ -19,7 +19,7 @@ constexpr uint32_t kLookUpLimitMs = 4000;  // for all lookups of a command
 
 struct CPlace {
   std::wstring path;
-  my::PathKind kind = my::PathKind::NONE;
+  my::PathKind kind = my::PathKind::None;
   my::CSystemError error = my::CSystemError::FromWin32(my::kErrorPathNotFound);  // valid if the kind is NONE
 };
 
@@ -37,7 +37,7 @@ CPlace PlaceAt(my::IFileSystem& files, const std::wstring& path) {
 CPlace NearestPlace(my::IFileSystem& files, const std::wstring& path) {
   CPlace origin = PlaceAt(files, path);
   CPlace place = origin;
-  while (place.kind == my::PathKind::NONE) {
+  while (place.kind == my::PathKind::None) {
     const std::wstring parent(my::ParentPath(place.path));
     if (parent.empty()) return origin;
     place = PlaceAt(files, parent);
@@ -85,12 +85,12 @@ void CCommandExplorer::Execute(bool run) {
   const std::wstring path = m_path.empty() ? shell.PathOf(m_idList) : m_path;
   CLookUp lookUp(m_context.ports);
   CPlace place = lookUp.Place(PlaceAt, path);
-  if (place.kind == my::PathKind::NONE) {
+  if (place.kind == my::PathKind::None) {
     if (!m_context.messenger.Ask(IDS_ASK_OPEN_NEAREST_FOLDER)) return;
     place = lookUp.Place(NearestPlace, path);
   }
-  if (place.kind == my::PathKind::NONE) throw my::CException(IDS_SHELL_OPEN_FAILED, {place.error, path});
-  if (m_openFolder && place.kind == my::PathKind::FOLDER) return shell.Open(place.path);
+  if (place.kind == my::PathKind::None) throw my::CException(IDS_SHELL_OPEN_FAILED, {place.error, path});
+  if (m_openFolder && place.kind == my::PathKind::Folder) return shell.Open(place.path);
   shell.Run(L"EXPLORER.EXE", L"/n,/select,\"" + place.path + L"\"");
 }
 

@@ -18,7 +18,7 @@ CFileKind KindOf(const my::IMessageTexts& texts, uint32_t labelId, TFormat forma
 
 CFileQuestion OpenDocumentQuestion(const my::IMessageTexts& texts, std::wstring initialPath) {
   return {
-      FileDialog::OPEN_FILE,
+      FileDialog::OpenFile,
       std::move(initialPath),
       {KindOf(texts, IDS_DOCUMENT_KIND, FileFormat::QLMR), KindOf(texts, IDS_XML_FILE_KIND, FileFormat::XML)},
       {}};
@@ -26,13 +26,13 @@ CFileQuestion OpenDocumentQuestion(const my::IMessageTexts& texts, std::wstring 
 
 CFileQuestion SaveDocumentQuestion(const my::IMessageTexts& texts, std::wstring initialPath) {
   CFileQuestion question = OpenDocumentQuestion(texts, std::move(initialPath));
-  question.dialog = FileDialog::SAVE_FILE;
+  question.dialog = FileDialog::SaveFile;
   question.defaultExtension = FormatOf(FileFormat::QLMR).extension;
   return question;
 }
 
 CFileQuestion FilterQuestion(const my::IMessageTexts& texts, std::wstring initialPath) {
-  return {FileDialog::OPEN_FILTER,
+  return {FileDialog::OpenFilter,
           std::move(initialPath),
           {KindOf(texts, IDS_FILTER_FILES, FilterFormat::FLT),
            KindOf(texts, IDS_FILTER_TEXT_FILES, FilterFormat::TXT)},

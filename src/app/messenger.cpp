@@ -7,7 +7,7 @@
 namespace my {
 
 void CMessageBoxMsg::ShowError(const CException& failure) {
-  Show(MakeErrorText(m_texts, failure), BoxStyle::FAILURE);
+  Show(MakeErrorText(m_texts, failure), BoxStyle::Failure);
 }
 
 BoxButton CMessageBoxMsg::Show(const std::wstring& text, BoxStyle style) {
@@ -19,11 +19,11 @@ bool CMessageBoxMsg::ConfirmDiscard() {
 }
 
 bool CMessageBoxMsg::Ask(uint32_t id, std::vector<CMsgArg> args) {
-  return Show(MakeText(m_texts, id, args), BoxStyle::QUESTION) == BoxButton::OK;
+  return Show(MakeText(m_texts, id, args), BoxStyle::Question) == BoxButton::Ok;
 }
 
 const std::wstring& CMessageBoxMsg::Caption(BoxStyle style) {
-  const bool isError = style == BoxStyle::FAILURE;
+  const bool isError = style == BoxStyle::Failure;
   std::wstring& caption = isError ? m_errorCaption : m_confirmCaption;
   if (caption.empty()) caption = m_texts.Text(isError ? IDS_CAPTION_ERROR : IDS_CAPTION_CONFIRM);
   return caption;

@@ -13,11 +13,11 @@ class IMessageTexts;
 
 // The types of boxes. The values are MB_ styles of the Windows API.
 enum class BoxStyle : uint32_t {
-  FAILURE = 0x10,   // an error, with OK
-  QUESTION = 0x31,  // a warning, with OK and Cancel
+  Failure = 0x10,   // an error, with OK
+  Question = 0x31,  // a warning, with OK and Cancel
 };
 
-enum class BoxButton : int { OK = 1, CANCEL = 2 };
+enum class BoxButton : int { Ok = 1, Cancel = 2 };
 
 // Shows a box over the active window, or over the main window if none is active.
 class IMessageBox {

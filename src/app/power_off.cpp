@@ -24,7 +24,7 @@ void CCommandPowerOff::Execute(bool run) {
   if (m_context.run.IsActive()) {
     if (!m_context.messenger.Ask(IDS_ASK_STOP_AND_QUIT)) return;
     // The run may have ended, or been stopped, while the question was open.
-    if (m_context.run.State() == RunState::RUNNING) m_context.run.Stop();
+    if (m_context.run.State() == RunState::Running) m_context.run.Stop();
   }
   my::IPower& power = m_context.ports.power;
   const auto privilege = power.EnablePrivilege(L"SeShutdownPrivilege");

@@ -67,7 +67,7 @@ bool CCommandInit::LoadSettings() {
   std::wstring path;
   try {
     path = SettingsPath(ports.folders, ports.engine.texts);
-    if (ports.engine.files.Kind(path) == my::PathKind::NONE) return true;
+    if (ports.engine.files.Kind(path) == my::PathKind::None) return true;
     const my::CVersion version = qlm::LoadSettings(ports.engine.files, ports.dom, path, settings);
     return version <= kSettingsVersion || m_context.messenger.Ask(IDS_ASK_SETTINGS_NEWER);
   } catch (const my::CException& failure) {

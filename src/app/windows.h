@@ -39,7 +39,7 @@ class IEditList : public IListState {
 // Returns the position after the last selected row; -1 (the end) if no row is selected.
 std::ptrdiff_t PositionAfterSelection(const IListState& list);
 
-enum class ListKind { TASKS, DSTS };
+enum class ListKind { Tasks, Dsts };
 
 class IMainWindow {
  public:
@@ -84,11 +84,11 @@ class IMainWindow {
 
 // Returns the list of this kind.
 inline IEditList& ListOf(IMainWindow& window, ListKind kind) {
-  return kind == ListKind::TASKS ? window.TaskList() : window.DstList();
+  return kind == ListKind::Tasks ? window.TaskList() : window.DstList();
 }
 
 // The type decides the options of the system's dialog.
-enum class FileDialog { OPEN_FILE, SAVE_FILE, OPEN_FILTER };
+enum class FileDialog { OpenFile, SaveFile, OpenFilter };
 
 struct CFileKind {
   std::wstring label;
@@ -96,7 +96,7 @@ struct CFileKind {
 };
 
 struct CFileQuestion {
-  FileDialog dialog = FileDialog::OPEN_FILE;
+  FileDialog dialog = FileDialog::OpenFile;
   std::wstring initialPath;  // empty: chosen by the system
   std::vector<CFileKind> kinds;
   std::wstring defaultExtension;  // without the dot; empty: none

@@ -41,7 +41,7 @@ CRows Move(auto& list, const CRows& rows, size_t place) {
 }
 
 CRows MoveBy(auto& list, CRows rows, Step step) {
-  const bool up = step == Step::UP;
+  const bool up = step == Step::Up;
   size_t end = up ? 0 : list.size() - 1;  // a row here cannot move further
   if (!up) std::reverse(rows.begin(), rows.end());
   for (size_t& row : rows) {
@@ -106,8 +106,8 @@ DocChangeEventFlags DstsAndUsers(const CDocument& document, const CRows& rows) {
 }
 
 DstUse UseBy(size_t users, size_t tasks) {
-  if (users == 0) return DstUse::NONE;
-  return users == tasks ? DstUse::ALL : DstUse::MIXED;
+  if (users == 0) return DstUse::None;
+  return users == tasks ? DstUse::All : DstUse::Mixed;
 }
 
 }  // namespace

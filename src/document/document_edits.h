@@ -12,10 +12,10 @@ namespace qlm {
 
 using CRows = std::vector<size_t>;
 
-enum class Step { UP, DOWN };
+enum class Step { Up, Down };
 
 // How many of the given tasks use a destination.
-enum class DstUse { NONE, MIXED, ALL };
+enum class DstUse { None, Mixed, All };
 
 // --- tasks ---
 

@@ -86,10 +86,10 @@ const CFilterItem* CFilter::Find(std::wstring_view relativePath, my::CRegexMatch
   const my::CPrefilterText path(relativePath);
   for (size_t i = 0; i < m_items.size(); ++i) {
     const Verdict verdict = m_prefilters[i].Test(path);
-    if (verdict == Verdict::NO_MATCH) continue;
+    if (verdict == Verdict::NoMatch) continue;
     const CFilterItem& item = *m_items[i];
     if (!item.expression) continue;
-    if (verdict == Verdict::MATCH || item.expression->Search(relativePath, scratch)) return &item;
+    if (verdict == Verdict::Match || item.expression->Search(relativePath, scratch)) return &item;
   }
   return nullptr;
 }

@@ -73,7 +73,7 @@ void RunArchiver(const CArchivePorts& ports, const CArchiveJob& job, const std::
 // Verifies the archive, because a killed archiver may report success: it must exist and, if it is a zip, have
 // as many entries as expected. The archiver chooses the format by the extension.
 void CheckArchive(my::IFileSystem& files, const std::wstring& path, uint64_t wanted) {
-  const bool exists = files.Kind(path) == my::PathKind::FILE;
+  const bool exists = files.Kind(path) == my::PathKind::File;
   const bool isZip = HasFittingExtension(DstType::ZIP, path);
   if (exists && !isZip && files.FileSize(path) != 0) return;
   const uint64_t found = exists && isZip ? CountZipEntries(files, path).value_or(0) : 0;
@@ -123,7 +123,7 @@ void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job) {
     RunArchiver(ports, job, list.path);
     CheckArchive(files, job.archivePath, count);
   });
-  FlushFresh(ports.transfer, job.archivePath, my::FlushDepth::DEVICE);
+  FlushFresh(ports.transfer, job.archivePath, my::FlushDepth::Device);
 }
 
 }  // namespace qlm

@@ -20,7 +20,7 @@ std::vector<std::wstring> ArchiverCandidates(const my::IKnownFolders& folders) {
 
 std::wstring FindArchiver(my::IFileSystem& files, const my::IKnownFolders& folders) {
   for (const std::wstring& candidate : ArchiverCandidates(folders)) {
-    if (my::KindIfKnown(files, candidate) == my::PathKind::FILE) return candidate;
+    if (my::KindIfKnown(files, candidate) == my::PathKind::File) return candidate;
   }
   return {};
 }

@@ -9,8 +9,8 @@ namespace qlm {
 
 CAutoDeleteFile::CAutoDeleteFile(my::IFileSystem& files, const my::IMessageTexts& texts, std::wstring path,
                                  Kind kind, OnFailure onFailure)
-    : m_isFolder(kind == Kind::FOLDER),
-      m_throws(onFailure == OnFailure::THROW),
+    : m_isFolder(kind == Kind::Folder),
+      m_throws(onFailure == OnFailure::Throw),
       m_path(std::move(path)),
       m_files(files),
       m_texts(texts) {}

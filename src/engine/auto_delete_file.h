@@ -14,11 +14,11 @@ namespace qlm {
 // Owns a path; the destructor deletes the file or folder.
 class CAutoDeleteFile {
  public:
-  enum class Kind { FILE, FOLDER };
-  enum class OnFailure { KEEP_ERROR, THROW };
+  enum class Kind { File, Folder };
+  enum class OnFailure { KeepError, Throw };
 
   CAutoDeleteFile(my::IFileSystem& files, const my::IMessageTexts& texts, std::wstring path,
-                  Kind kind = Kind::FILE, OnFailure onFailure = OnFailure::KEEP_ERROR);
+                  Kind kind = Kind::File, OnFailure onFailure = OnFailure::KeepError);
   CAutoDeleteFile(const CAutoDeleteFile&) = delete;
   CAutoDeleteFile& operator=(const CAutoDeleteFile&) = delete;
   virtual ~CAutoDeleteFile();  // never throws

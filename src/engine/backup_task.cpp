@@ -23,7 +23,7 @@ std::wstring_view DestinationFolder(const CDst& dst) {
 
 // Returns what a finished backup is on disk.
 my::PathKind KindOf(const CDst& dst) {
-  return IsZip(dst.type) ? my::PathKind::FILE : my::PathKind::FOLDER;
+  return IsZip(dst.type) ? my::PathKind::File : my::PathKind::Folder;
 }
 
 }  // namespace
@@ -102,7 +102,7 @@ void CBackupTask::FillRow(const CTaskDsts& dsts) {
   // Built from its fields: a copy of the task would reserve memory for all its destinations in every row.
   row.task = boost::make_shared<qlm::CTask>(
       qlm::CTask{m_task->id, m_task->path, m_task->filterPath, dsts, m_task->replaceRule});
-  row.phase = Phase::LISTED;
+  row.phase = Phase::Listed;
   row.targets = m_targets;
   row.newestWriteTime = m_newest;
   row.destinationPath = DestinationPath(row);
@@ -132,12 +132,12 @@ void CBackupTask::BackUpTo(const CDst& dst) {
   // Without a name the path would be the destination folder, which exists and would count as a backup.
   if (my::LastComponent(path).empty()) throw my::CException(IDS_PATH_NO_FILE_NAME, {path});
   CheckDestinationNames();
-  if (IsUpToDate(dst)) return SetPhase(Phase::SKIPPED);
+  if (IsUpToDate(dst)) return SetPhase(Phase::Skipped);
   // An incomplete backup must never have the final name: the next run would consider it finished.
   const CTemporaryTarget temporary = TakeTemporaryTarget(m_ports.files, path, dst.type);
   Transfer(dst, temporary.path);
-  if (!TakeFinalName(dst, temporary.path)) return SetPhase(Phase::SKIPPED);
-  LastRow().phase = Phase::CREATED;
+  if (!TakeFinalName(dst, temporary.path)) return SetPhase(Phase::Skipped);
+  LastRow().phase = Phase::Created;
 }
 
 // The name contains the newest write time of the source, so an unchanged source has the name of its last
@@ -145,17 +145,17 @@ void CBackupTask::BackUpTo(const CDst& dst) {
 bool CBackupTask::IsUpToDate(const CDst& dst) const {
   const std::wstring& path = m_rows.back().destinationPath;
   const my::PathKind kind = m_ports.files.Kind(path);
-  if (kind == my::PathKind::NONE) return false;
+  if (kind == my::PathKind::None) return false;
   if (kind == KindOf(dst)) return true;
   throw my::CException(IsZip(dst.type) ? IDS_TARGET_IS_FOLDER : IDS_TARGET_IS_FILE, {path});
 }
 
 void CBackupTask::Transfer(const CDst& dst, const std::wstring& temporaryPath) {
   if (!IsZip(dst.type)) {
-    SetPhase(Phase::COPYING);
+    SetPhase(Phase::Copying);
     return CopyToFolder(TransferPorts(), m_task->path, *m_targets, temporaryPath);
   }
-  SetPhase(Phase::ARCHIVING);
+  SetPhase(Phase::Archiving);
   WriteArchive({TransferPorts(), m_ports.process, m_ports.texts},
                {m_archiverPath, m_password, m_task->path, *m_targets, temporaryPath, dst.type});
 }
@@ -169,7 +169,7 @@ bool CBackupTask::TakeFinalName(const CDst& dst, const std::wstring& temporaryPa
   } catch (const my::CException&) {
     if (my::KindIfKnown(m_ports.files, path) != KindOf(dst)) throw;
   }
-  const auto kind = IsZip(dst.type) ? CAutoDeleteFile::Kind::FILE : CAutoDeleteFile::Kind::FOLDER;
+  const auto kind = IsZip(dst.type) ? CAutoDeleteFile::Kind::File : CAutoDeleteFile::Kind::Folder;
   CAutoDeleteFile(m_ports.files, m_ports.texts, temporaryPath, kind).Delete();
   return false;
 }

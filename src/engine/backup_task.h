@@ -59,7 +59,7 @@ class CBackupTask : public my::CTask<CBackupTask, CBackupTaskClient, my::CSimple
   // The constructor calls SetTask, SetArchiverPath and SetPassword. They may be called again before the run,
   // in any order.
 
-  // Copies the task and replaces all rows with one in Phase::LISTING.
+  // Copies the task and replaces all rows with one in Phase::Listing.
   void SetTask(const qlm::CTask& task);
 
   // Only list and compute the destination path; transfer nothing.

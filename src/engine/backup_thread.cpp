@@ -32,21 +32,21 @@ void CBackupThread::Start(bool listOnly, bool powerOff) {
     job.SetListOnly(listOnly);
     m_total += listOnly ? 1 : job.Task().dsts.size();
   });
-  SetState(RunState::RUNNING);
+  SetState(RunState::Running);
   try {
     m_pool.Start();
   } catch (...) {
     m_pool.Stop(true);
-    SetState(RunState::STOPPED);
+    SetState(RunState::Stopped);
     throw;
   }
   m_powerOff = powerOff;
 }
 
 void CBackupThread::Stop() {
-  if (m_state == RunState::STOPPING) throw my::CException(IDS_ALREADY_STOPPING);
-  if (m_state != RunState::RUNNING) throw my::CException(IDS_NOT_RUNNING);
-  SetState(RunState::STOPPING);
+  if (m_state == RunState::Stopping) throw my::CException(IDS_ALREADY_STOPPING);
+  if (m_state != RunState::Running) throw my::CException(IDS_NOT_RUNNING);
+  SetState(RunState::Stopping);
   m_pool.Stop(true);
 }
 
@@ -59,7 +59,7 @@ void CBackupThread::Tick() {
 }
 
 bool CBackupThread::IsActive() const {
-  return m_state == RunState::RUNNING || m_state == RunState::STOPPING;
+  return m_state == RunState::Running || m_state == RunState::Stopping;
 }
 
 bool CBackupThread::HasErrors() const {
@@ -102,14 +102,14 @@ void CBackupThread::Finish() {
   m_pool.WaitAll(my::kNoTimeOut);
   m_pool.ClearRemoved();
   Collect();  // changes between the last tick and the end
-  m_state = m_state == RunState::STOPPING ? RunState::STOPPED : RunState::ENDED;
+  m_state = m_state == RunState::Stopping ? RunState::Stopped : RunState::Ended;
   m_observer.OnStatus();
   m_observer.OnStateChanged();
-  if (m_state == RunState::ENDED && m_powerOff && !HasErrors()) m_observer.OnPowerOff();
+  if (m_state == RunState::Ended && m_powerOff && !HasErrors()) m_observer.OnPowerOff();
 }
 
 std::wstring CBackupThread::StatusText() const {
-  if (m_state == RunState::NOT_RUN) return {};
+  if (m_state == RunState::NotRun) return {};
   std::wstring text;
   if (m_total != 0) text = std::to_wstring(m_rowCount) + L" / " + std::to_wstring(m_total) + L"  ";
   text.append(TextOf(m_texts, m_state)).append(L"  ").append(ElapsedText(ElapsedMs())).append(L"  ");
@@ -118,7 +118,7 @@ std::wstring CBackupThread::StatusText() const {
 }
 
 CRunProgress CBackupThread::Progress() const {
-  const bool lastCounts = m_state == RunState::ENDED || m_rowCount == 0;
+  const bool lastCounts = m_state == RunState::Ended || m_rowCount == 0;
   return {m_rowCount - (lastCounts ? 0 : 1), std::max<size_t>(m_total, 1)};
 }
 

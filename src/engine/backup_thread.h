@@ -85,7 +85,7 @@ class CBackupThread : private CBackupTaskClient {
   const my::IClock& m_clock;
   const my::IMessageTexts& m_texts;
   IRunObserver& m_observer;
-  RunState m_state = RunState::NOT_RUN;
+  RunState m_state = RunState::NotRun;
   bool m_listOnly = false;
   bool m_powerOff = false;
   uint64_t m_startTick = 0;

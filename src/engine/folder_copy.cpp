@@ -27,7 +27,7 @@ void CopyFile(const CTransferPorts& ports, const CTarget& target, const std::wst
               const std::wstring& to) {
   const uint64_t listed = target.IsLink() ? ports.files.FileSize(from) : target.Size();
   ports.files.Copy(from, to);
-  CheckCopied(ports.files, listed, FlushFresh(ports, to, my::FlushDepth::WRITE_OUT), from, to);
+  CheckCopied(ports.files, listed, FlushFresh(ports, to, my::FlushDepth::WriteOut), from, to);
 }
 
 }  // namespace
@@ -48,7 +48,7 @@ void CopyToFolder(const CTransferPorts& ports, const std::wstring& source, const
     CopyFile(ports, target, my::JoinPath(source, target.RelativePath()), to);
   }
   // One device flush for all files that were written out.
-  if (!to.empty()) FlushFresh(ports, to, my::FlushDepth::DEVICE);
+  if (!to.empty()) FlushFresh(ports, to, my::FlushDepth::Device);
 }
 
 }  // namespace qlm

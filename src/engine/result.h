@@ -20,18 +20,18 @@ namespace qlm {
 
 // The phase of a row. The value is the id of its text.
 enum class Phase : uint32_t {
-  LISTING = IDS_PHASE_LISTING,
-  LISTED = IDS_PHASE_LISTED,
-  COPYING = IDS_PHASE_COPYING,
-  ARCHIVING = IDS_PHASE_ARCHIVING,
-  CREATED = IDS_PHASE_CREATED,
-  SKIPPED = IDS_PHASE_SKIPPED
+  Listing = IDS_PHASE_LISTING,
+  Listed = IDS_PHASE_LISTED,
+  Copying = IDS_PHASE_COPYING,
+  Archiving = IDS_PHASE_ARCHIVING,
+  Created = IDS_PHASE_CREATED,
+  Skipped = IDS_PHASE_SKIPPED
 };
 
 // One row of a run: one task and one destination.
 struct CResult {
   my::CSimpleErr error;                                  // why the job ended at this row
-  Phase phase = Phase::LISTING;                          // the last phase reached
+  Phase phase = Phase::Listing;                          // the last phase reached
   boost::shared_ptr<const CTask> task;                   // a copy with only this row's destination
   CTargetsPtr targets = boost::make_shared<CTargets>();  // shared by the rows of a job
   my::CFileTime newestWriteTime;                         // zero before the listing

@@ -10,11 +10,11 @@ namespace qlm {
 
 // The state of the run controller. The value is the id of its text.
 enum class RunState : uint32_t {
-  NOT_RUN = IDS_STATE_NOT_RUN,
-  RUNNING = IDS_STATE_RUNNING,
-  STOPPING = IDS_STATE_STOPPING,  // a stop was requested, a job is still running
-  STOPPED = IDS_STATE_STOPPED,    // after a stop or a failed start
-  ENDED = IDS_STATE_ENDED         // without a stop, even if rows have errors
+  NotRun = IDS_STATE_NOT_RUN,
+  Running = IDS_STATE_RUNNING,
+  Stopping = IDS_STATE_STOPPING,  // a stop was requested, a job is still running
+  Stopped = IDS_STATE_STOPPED,    // after a stop or a failed start
+  Ended = IDS_STATE_ENDED         // without a stop, even if rows have errors
 };
 
 inline std::wstring TextOf(const my::IMessageTexts& texts, RunState state) {

@@ -22,8 +22,8 @@ CTemporaryTarget TakeTemporaryTarget(my::IFileSystem& files, const std::wstring&
   // The archiver creates the archive itself, so a separate file reserves its name. The archive is checked
   // after that, because the previous holder of the name may have left one.
   const auto takeArchive = [&](const std::wstring& path) {
-    auto reservation = files.CreateNewFile(ReservationPath(path), my::FileLife::UNTIL_CLOSED);
-    if (!reservation || files.Kind(path) != my::PathKind::NONE) return false;
+    auto reservation = files.CreateNewFile(ReservationPath(path), my::FileLife::UntilClosed);
+    if (!reservation || files.Kind(path) != my::PathKind::None) return false;
     target.reservation = std::move(reservation);
     return true;
   };

@@ -9,7 +9,7 @@ namespace my {
 // The standard streams. For use by one thread.
 class IConsole {
  public:
-  enum class Stream { OUTPUT, ERRORS };
+  enum class Stream { Output, Errors };
 
   virtual ~IConsole() = default;
 

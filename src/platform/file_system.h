@@ -43,15 +43,15 @@ class INewFile {
   virtual void Close() = 0;                        // throws IDS_WRITE_FILE_FAILED
 };
 
-enum class PathKind { NONE, FILE, FOLDER };
+enum class PathKind { None, File, Folder };
 
 // The lifetime of a new file. UNTIL_CLOSED: the file is hidden, cannot be opened by others, and is deleted by
 // the system when it is closed, also if the program is killed.
-enum class FileLife { KEPT, UNTIL_CLOSED };
+enum class FileLife { Kept, UntilClosed };
 
 // The extent of a flush. WRITE_OUT sends the cached data of one file to its device. DEVICE also flushes the
 // cache of the device, with everything sent before.
-enum class FlushDepth { WRITE_OUT, DEVICE };
+enum class FlushDepth { WriteOut, Device };
 
 class IFileSystem {
  public:
@@ -103,7 +103,7 @@ class IFileSystem {
   // Creates a file. Returns null if the name is taken; if several programs try the same name, exactly one
   // gets the file. Throws IDS_CREATE_FILE_FAILED.
   virtual std::unique_ptr<INewFile> CreateNewFile(const std::wstring& path,
-                                                  FileLife life = FileLife::KEPT) = 0;
+                                                  FileLife life = FileLife::Kept) = 0;
 
   // Returns the bytes of a file from `offset`, at most `most`. Throws IDS_OPEN_FILE_FAILED or
   // IDS_READ_FILE_FAILED.

@@ -22,7 +22,7 @@ void CheckWritten(IFileSystem& files, const std::wstring& path, std::string_view
 
 // Removes the file and ignores failures, so that the original failure is reported.
 void RemoveQuietly(IFileSystem& files, const std::wstring& path) {
-  if (KindIfKnown(files, path) != PathKind::FILE) return;
+  if (KindIfKnown(files, path) != PathKind::File) return;
   try {
     files.RemoveFile(path);
   } catch (const CException&) {

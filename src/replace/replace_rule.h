@@ -1,4 +1,4 @@
-// What the replace tool does to one value.
+// The rule by which the replace tool changes a value.
 #pragma once
 
 #include <optional>

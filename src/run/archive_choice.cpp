@@ -16,7 +16,7 @@ void WarnOfDamage(const CRunnerPorts& ports, const std::wstring& path, my::CExce
   failure.SetWhere(path);
   const my::CMsgArg reason = my::MakeErrorText(texts, failure);
   const my::CMsgArg text = my::MakeText(texts, IDS_SETTINGS_PARTLY_READ, {&reason, 1});
-  ports.console.Write(my::IConsole::Stream::ERRORS, my::MakeText(texts, IDS_WARNING, {&text, 1}) + L"\n");
+  ports.console.Write(my::IConsole::Stream::Errors, my::MakeText(texts, IDS_WARNING, {&text, 1}) + L"\n");
 }
 
 // Reads the archive settings. A settings file named in the options must exist; without the user's own file
@@ -24,7 +24,7 @@ void WarnOfDamage(const CRunnerPorts& ports, const std::wstring& path, my::CExce
 CArchiveSetting ReadArchiveSetting(const CRunnerPorts& ports, const COptions& options) {
   const bool named = !options.settingsPath.empty();
   const std::wstring path = named ? options.settingsPath : SettingsPath(ports.folders, ports.engine.texts);
-  if (!named && ports.engine.files.Kind(path) == my::PathKind::NONE) return {};
+  if (!named && ports.engine.files.Kind(path) == my::PathKind::None) return {};
   const CArchiveLoad load = LoadArchiveSetting(ports.engine.files, ports.dom, path);
   if (load.laterFailure) WarnOfDamage(ports, path, *load.laterFailure);
   return load.archive;

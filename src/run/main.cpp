@@ -23,7 +23,7 @@ int wmain(int argc, wchar_t** argv) {
   const qlm::CParsedOptions parsed = qlm::ParseOptions(std::vector<std::wstring>(argv + 1, argv + argc));
   if (parsed.exitCode >= 0) {
     const bool good = parsed.exitCode == qlm::kExitDone;
-    console.Write(good ? my::IConsole::Stream::OUTPUT : my::IConsole::Stream::ERRORS, parsed.text);
+    console.Write(good ? my::IConsole::Stream::Output : my::IConsole::Stream::Errors, parsed.text);
     return parsed.exitCode;
   }
   const my::CComApartment com;

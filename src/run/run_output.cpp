@@ -10,7 +10,7 @@
 namespace qlm {
 namespace {
 
-constexpr auto kOutput = my::IConsole::Stream::OUTPUT;
+constexpr auto kOutput = my::IConsole::Stream::Output;
 
 std::wstring CountsText(const my::IMessageTexts& texts, const CTargets& targets) {
   const CTargetCounts counts = CountTargets(targets);

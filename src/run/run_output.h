@@ -17,14 +17,14 @@ namespace qlm {
 
 struct CRunStatus {
   std::wstring text;
-  RunState state = RunState::NOT_RUN;
+  RunState state = RunState::NotRun;
   size_t done = 0;   // rows
   size_t total = 0;  // rows
   uint64_t elapsedMs = 0;
 };
 
 struct CRunSummary {
-  RunState state = RunState::ENDED;  // or STOPPED
+  RunState state = RunState::Ended;  // or STOPPED
   size_t rows = 0;
   size_t errors = 0;
 };

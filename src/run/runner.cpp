@@ -37,8 +37,8 @@ std::vector<CTaskPtr> SelectTasks(const CDocument& document, const COptions& opt
 }
 
 bool IsFinal(const CResult& row, bool listOnly) {
-  return row.error || row.phase == Phase::CREATED || row.phase == Phase::SKIPPED ||
-         (listOnly && row.phase == Phase::LISTED);
+  return row.error || row.phase == Phase::Created || row.phase == Phase::Skipped ||
+         (listOnly && row.phase == Phase::Listed);
 }
 
 // Runs the jobs and prints each row when it is final.
@@ -61,12 +61,12 @@ class CRunSession : private IRunObserver {
     m_controller.Start(m_options.listOnly, false);
     while (m_controller.IsActive()) {
       m_controller.WaitForJobs(kRunTickMs);
-      if (m_ports.console.InterruptRequested() && m_controller.State() == RunState::RUNNING)
+      if (m_ports.console.InterruptRequested() && m_controller.State() == RunState::Running)
         m_controller.Stop();
       m_controller.Tick();
     }
     m_output->End({m_controller.State(), m_printed, m_errors});
-    if (m_controller.State() == RunState::STOPPED) return kExitStopped;
+    if (m_controller.State() == RunState::Stopped) return kExitStopped;
     return m_errors == 0 ? kExitDone : kExitErrors;
   }
 
@@ -97,7 +97,7 @@ class CRunSession : private IRunObserver {
     for (const CUnlistedFolder& unlisted : row.targets->Unlisted()) {
       const my::CMsgArg what = UnlistedText(m_ports.engine.texts, *row.task, unlisted);
       const my::CMsgArg text = my::MakeText(m_ports.engine.texts, IDS_FOLDERS_NOT_LISTED, {&what, 1});
-      m_ports.console.Write(my::IConsole::Stream::ERRORS,
+      m_ports.console.Write(my::IConsole::Stream::Errors,
                             my::MakeText(m_ports.engine.texts, IDS_WARNING, {&text, 1}) + L"\n");
     }
   }
@@ -121,7 +121,7 @@ int RunDocument(const CRunnerPorts& ports, const COptions& options) {
     const std::vector<CTaskPtr> tasks = SelectTasks(document, options);
     exitCode = CRunSession(ports, options).Run(tasks, ChooseArchive(ports, options, tasks));
   });
-  if (error) ports.console.Write(my::IConsole::Stream::ERRORS, error.message + L"\n");
+  if (error) ports.console.Write(my::IConsole::Stream::Errors, error.message + L"\n");
   return exitCode;
 }
 

@@ -275,11 +275,11 @@ CRegexPrefilter::CAlternative::CAlternative(const CLiteralRuns& runs) {
 
 CRegexPrefilter::Verdict CRegexPrefilter::CAlternative::Test(const CPrefilterText& text,
                                                              bool ignoreCase) const {
-  if ((characters & ~text.Characters()) != 0) return Verdict::NO_MATCH;
+  if ((characters & ~text.Characters()) != 0) return Verdict::NoMatch;
   const std::wstring_view all = text.Text();
-  if (!EndsWith(all, suffix, ignoreCase) || !StartsWith(all, prefix, ignoreCase)) return Verdict::NO_MATCH;
-  if (!Contains(all, part, ignoreCase)) return Verdict::NO_MATCH;
-  return complete ? Verdict::MATCH : Verdict::UNDECIDED;
+  if (!EndsWith(all, suffix, ignoreCase) || !StartsWith(all, prefix, ignoreCase)) return Verdict::NoMatch;
+  if (!Contains(all, part, ignoreCase)) return Verdict::NoMatch;
+  return complete ? Verdict::Match : Verdict::Undecided;
 }
 
 CRegexPrefilter::CRegexPrefilter(std::wstring_view expression)
@@ -303,14 +303,14 @@ CRegexPrefilter::CRegexPrefilter(std::wstring_view expression)
 }
 
 CRegexPrefilter::Verdict CRegexPrefilter::Test(const CPrefilterText& text) const {
-  if (m_alternatives.empty() || (m_ignoreCase && !text.IsAscii())) return Verdict::UNDECIDED;
-  if ((m_characters & ~text.Characters()) != 0) return Verdict::NO_MATCH;
-  if (text.HasLineEnds()) return Verdict::UNDECIDED;
-  Verdict verdict = Verdict::NO_MATCH;
+  if (m_alternatives.empty() || (m_ignoreCase && !text.IsAscii())) return Verdict::Undecided;
+  if ((m_characters & ~text.Characters()) != 0) return Verdict::NoMatch;
+  if (text.HasLineEnds()) return Verdict::Undecided;
+  Verdict verdict = Verdict::NoMatch;
   for (const CAlternative& alternative : m_alternatives) {
     const Verdict one = alternative.Test(text, m_ignoreCase);
-    if (one == Verdict::MATCH) return one;
-    if (one != Verdict::NO_MATCH) verdict = one;
+    if (one == Verdict::Match) return one;
+    if (one != Verdict::NoMatch) verdict = one;
   }
   return verdict;
 }

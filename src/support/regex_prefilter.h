@@ -38,7 +38,7 @@ class CPrefilterText {
 
 class CRegexPrefilter {
  public:
-  enum class Verdict { NO_MATCH, MATCH, UNDECIDED };
+  enum class Verdict { NoMatch, Match, Undecided };
 
   explicit CRegexPrefilter(std::wstring_view expression);
 

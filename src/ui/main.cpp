@@ -26,7 +26,7 @@ class COle {
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int showCommand) {
   const COle ole;
-  ::DefWindowProcW(nullptr, 0, 0, 0);  // loads user32 before the first window is created
+  ::DefWindowProcW(nullptr, 0, 0, 0);  // initializes user32 before the first window is created
   const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_BAR_CLASSES | ICC_LISTVIEW_CLASSES |
                                                            ICC_STANDARD_CLASSES | ICC_LINK_CLASS |
                                                            ICC_TAB_CLASSES};

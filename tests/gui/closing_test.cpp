@@ -72,7 +72,7 @@ TEST_F(Closing, window_paints_and_refuses_commands_while_the_worker_ends) {
   test::Pump();
   EXPECT_FALSE(::GetUpdateRect(frame, nullptr, FALSE));
   EXPECT_TRUE(::IsWindow(waiting));
-  EXPECT_EQ(a.scratch.files.Kind(a.scratch.At(L"out")), my::PathKind::NONE);
+  EXPECT_EQ(a.scratch.files.Kind(a.scratch.At(L"out")), my::PathKind::None);
   manual.Work();
   EXPECT_TRUE(test::PumpUntil([&] { return !::IsWindow(frame); }));
 }
@@ -91,7 +91,7 @@ TEST_F(Closing, message_box_over_the_results_disables_the_main_window) {
     ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
   };
   const UINT_PTR timer = ::SetTimer(nullptr, 0, 20, answer);
-  EXPECT_EQ(my::CMessageBox().Show(L"text", L"caption", my::BoxStyle::QUESTION), my::BoxButton::CANCEL);
+  EXPECT_EQ(my::CMessageBox().Show(L"text", L"caption", my::BoxStyle::Question), my::BoxButton::Cancel);
   ::KillTimer(nullptr, timer);
   EXPECT_FALSE(wasEnabled);
   EXPECT_TRUE(::IsWindow(frame));

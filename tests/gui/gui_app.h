@@ -33,10 +33,10 @@ namespace test {
 struct CScriptedBox : my::IMessageBox {
   my::BoxButton Show(const std::wstring& text, const std::wstring&, my::BoxStyle style) override {
     texts.push_back(text);
-    if (style == my::BoxStyle::FAILURE || answers.empty()) return my::BoxButton::CANCEL;
+    if (style == my::BoxStyle::Failure || answers.empty()) return my::BoxButton::Cancel;
     const bool ok = answers.front();
     answers.pop_front();
-    return ok ? my::BoxButton::OK : my::BoxButton::CANCEL;
+    return ok ? my::BoxButton::Ok : my::BoxButton::Cancel;
   }
 
   std::deque<bool> answers;

@@ -46,7 +46,7 @@ struct ListDialogs : testing::Test, test::CDialogAppOn<test::CMemoryFileSystem> 
     const CDst dst{L"C:\\backup", DstType::FOLDER, L"<ID>"};
     const CTask task{L"work", L"C:\\src", L"", {boost::make_shared<CDst>(dst)}};
     const auto result = boost::make_shared<CResult>();
-    result->phase = Phase::CREATED;
+    result->phase = Phase::Created;
     result->task = boost::make_shared<CTask>(task);
     result->targets = targets;
     result->newestWriteTime = {kNoon};

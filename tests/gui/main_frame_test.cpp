@@ -148,7 +148,7 @@ TEST(MainFrame, usage_page_and_pictures_are_next_to_the_program) {
   for (size_t at = text.find(mark); at != text.npos; at = text.find(mark, at + 1), ++pictures) {
     const size_t start = at + mark.size();
     const std::wstring picture = my::WideFromUtf8(text.substr(start, text.find('"', start) - start));
-    EXPECT_EQ(a.scratch.files.Kind(my::JoinPath(my::ParentPath(page), picture)), my::PathKind::FILE)
+    EXPECT_EQ(a.scratch.files.Kind(my::JoinPath(my::ParentPath(page), picture)), my::PathKind::File)
         << picture;
   }
   EXPECT_GT(pictures, 0u);

@@ -56,7 +56,7 @@ TEST(Program, opens_a_document_from_the_command_line_runs_it_and_quits) {
   const HWND window = program.Window();
   ::PostMessageW(window, WM_KEYDOWN, VK_F5, 0);
   const std::wstring copied = scratch.At(L"out\\backup\\a.txt");
-  ASSERT_TRUE(test::PumpUntil([&] { return scratch.files.Kind(copied) == my::PathKind::FILE; }));
+  ASSERT_TRUE(test::PumpUntil([&] { return scratch.files.Kind(copied) == my::PathKind::File; }));
   EXPECT_EQ(scratch.files.ReadFile(copied, 100), "content");
   // The full bar means "1 / 1  正常終了 ...".
   const HWND bar = ::GetDlgItem(::GetDlgItem(window, IDC_STATUS_BAR), IDC_PROGRESS);

@@ -106,7 +106,7 @@ TEST_F(BackupTask, source_without_files_to_back_up_fails_before_any_destination)
   const qlm::CResults rows = Run();
   EXPECT_EQ(Outcome(rows), "LISTING/NO_FILES");
   EXPECT_EQ(qlm::CountTargets(*rows[0]->targets).excluded, kSource.size()) << "shows what excluded them";
-  EXPECT_EQ(files.Kind(L"D:\\dst"), my::PathKind::NONE);
+  EXPECT_EQ(files.Kind(L"D:\\dst"), my::PathKind::None);
 }
 
 TEST_F(BackupTask, file_or_folder_of_the_wrong_kind_at_the_destination_fails_the_job) {
@@ -115,7 +115,7 @@ TEST_F(BackupTask, file_or_folder_of_the_wrong_kind_at_the_destination_fails_the
   AddDst(L"later");
   files.AddFile(L"D:\\dst\\taken", "mine", kOlder);
   EXPECT_EQ(Outcome(Run()), "CREATED, LISTED/TARGET_IS_FILE");
-  EXPECT_EQ(files.Kind(L"D:\\dst\\later"), my::PathKind::NONE);
+  EXPECT_EQ(files.Kind(L"D:\\dst\\later"), my::PathKind::None);
   task.dsts.clear();
   AddDst(L"free", DstType::ZIP);
   EXPECT_EQ(Outcome(Run()), "LISTED/TARGET_IS_FOLDER");
@@ -202,7 +202,7 @@ TEST_F(BackupTask, device_and_stream_names_are_refused_before_anything_is_create
       task.dsts.clear();
       AddDst(name);
       const auto rows = Run(nullptr, listOnly);
-      EXPECT_EQ(rows[0]->phase, qlm::Phase::LISTED);
+      EXPECT_EQ(rows[0]->phase, qlm::Phase::Listed);
       EXPECT_TRUE(rows[0]->error) << "never a skipped row";
       EXPECT_NE(rows[0]->error.message.find(my::LastComponent(name)), std::wstring::npos);
     }
@@ -244,7 +244,7 @@ TEST_F(BackupTask, concurrent_runs_use_different_names_and_the_slower_one_skips)
   EXPECT_EQ(Outcome(Run()), "SKIPPED");
   EXPECT_EQ(Below(L"D:\\dst\\x"), kSource);
   EXPECT_EQ(Below(L"D:\\dst").size(), kSource.size()) << "no temporary file is left";
-  EXPECT_EQ(files.Kind(L"D:\\dst\\_tmp1_x"), my::PathKind::NONE);
+  EXPECT_EQ(files.Kind(L"D:\\dst\\_tmp1_x"), my::PathKind::None);
 }
 
 TEST_F(BackupTask, stop_ends_the_job_at_its_next_check) {
@@ -254,8 +254,8 @@ TEST_F(BackupTask, stop_ends_the_job_at_its_next_check) {
     const CStopAfter stop(checks);
     const auto rows = Run(&stop);
     EXPECT_EQ(rows[0]->error.code, uint32_t{IDS_STOPPED}) << checks;
-    EXPECT_EQ(rows[0]->phase, checks < 12 ? qlm::Phase::LISTING : qlm::Phase::COPYING) << checks;
-    EXPECT_EQ(files.Kind(L"D:\\dst\\x"), my::PathKind::NONE);
+    EXPECT_EQ(rows[0]->phase, checks < 12 ? qlm::Phase::Listing : qlm::Phase::Copying) << checks;
+    EXPECT_EQ(files.Kind(L"D:\\dst\\x"), my::PathKind::None);
   }
   const CStopAfter never(19);  // one more before the rename is repeated
   EXPECT_EQ(Outcome(Run(&never)), "CREATED");
@@ -289,7 +289,7 @@ class BackupTaskFaults : public BackupTask {
 
   void ExpectFinalNamesComplete(const std::string& where) {
     for (const wchar_t* name : {L"D:\\dst\\one", L"D:\\dst\\three"}) {
-      if (files.Kind(name) != my::PathKind::NONE) EXPECT_EQ(Below(name), kSource) << where;
+      if (files.Kind(name) != my::PathKind::None) EXPECT_EQ(Below(name), kSource) << where;
     }
     const auto all = files.Files();
     const auto zip = all.find(L"D:\\dst\\two.zip");
@@ -314,9 +314,9 @@ TEST_F(BackupTaskFaults, every_failed_operation_is_reported_and_leaves_no_incomp
       if (!partial) ExpectFinalNamesComplete(where);
       for (size_t i = 0; i + 1 < rows.size(); ++i) EXPECT_EQ(rows[i]->error.code, 0u) << where;
       if (rows.back()->error) {
-        EXPECT_EQ(files.Kind(rows.back()->destinationPath), my::PathKind::NONE) << where;
+        EXPECT_EQ(files.Kind(rows.back()->destinationPath), my::PathKind::None) << where;
         for (size_t i = rows.size(); i < task.dsts.size(); ++i) {
-          EXPECT_EQ(files.Kind(L"D:\\dst\\" + task.dsts[i]->pattern), my::PathKind::NONE) << where;
+          EXPECT_EQ(files.Kind(L"D:\\dst\\" + task.dsts[i]->pattern), my::PathKind::None) << where;
         }
       } else {
         EXPECT_EQ(rows.size(), 3u) << where;

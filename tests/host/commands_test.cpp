@@ -8,8 +8,8 @@ namespace {
 using namespace qlm;
 using namespace test;
 
-constexpr RunState kStates[] = {RunState::NOT_RUN, RunState::RUNNING, RunState::STOPPING, RunState::STOPPED,
-                                RunState::ENDED};
+constexpr RunState kStates[] = {RunState::NotRun, RunState::Running, RunState::Stopping, RunState::Stopped,
+                                RunState::Ended};
 
 class Commands : public testing::Test {
  protected:
@@ -31,10 +31,10 @@ class Commands : public testing::Test {
     a.app->Settings().archive = {L"C:\\7-Zip\\7z.exe", PasswordType::SAVE, true, L"pw", ""};
     a.app->Document().Reset(content, L"C:\\doc.qlmr");
     if (modified) a.Fill(content);
-    if (state == RunState::NOT_RUN) return;
+    if (state == RunState::NotRun) return;
     a.Do(ID_RUN);
-    if (state == RunState::STOPPING || state == RunState::STOPPED) a.Do(ID_RUN);
-    if (state == RunState::STOPPED || state == RunState::ENDED) a.EndRun();
+    if (state == RunState::Stopping || state == RunState::Stopped) a.Do(ID_RUN);
+    if (state == RunState::Stopped || state == RunState::Ended) a.EndRun();
     ASSERT_EQ(a.State(), state);
   }
 
@@ -85,19 +85,19 @@ TEST_F(Commands, each_command_is_refused_in_the_states_that_forbid_it) {
 }
 
 TEST_F(Commands, run_command_toggles_and_creates_a_job_per_task_with_destinations) {
-  StartIn(RunState::NOT_RUN);
+  StartIn(RunState::NotRun);
   const CBackupThread& run = a.app->Run();
   EXPECT_EQ(run.StatusText(), L"");
   a.Do(ID_RUN);
-  EXPECT_EQ(a.State(), RunState::RUNNING);
+  EXPECT_EQ(a.State(), RunState::Running);
   EXPECT_EQ(run.Progress().range, 2u);
   EXPECT_TRUE(a.window.timer);
   a.EndRun();
   EXPECT_EQ(run.Progress().position, 2u);
-  EXPECT_EQ(a.State(), RunState::ENDED);
+  EXPECT_EQ(a.State(), RunState::Ended);
   EXPECT_FALSE(a.window.timer);
   ASSERT_EQ(a.window.results.size(), 2u) << "the idle task has no row";
-  EXPECT_EQ(a.window.results[1]->phase, Phase::CREATED);
+  EXPECT_EQ(a.window.results[1]->phase, Phase::Created);
   EXPECT_EQ(a.process.Starts().back().arguments.find(L"a -mem=AES256 -ssw -ppw "), 0u);
   EXPECT_EQ(a.process.Starts().back().program, L"C:\\7-Zip\\7z.exe");
   EXPECT_EQ(a.window.states, 2);
@@ -107,16 +107,16 @@ TEST_F(Commands, run_command_toggles_and_creates_a_job_per_task_with_destination
   a.app->OnTimer();
   EXPECT_EQ(a.window.statuses, statuses + 1);
   a.Do(ID_RUN);
-  EXPECT_EQ(a.State(), RunState::STOPPING);
+  EXPECT_EQ(a.State(), RunState::Stopping);
   a.Do(ID_RUN);
   EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(IDS_ALREADY_STOPPING) + L"\n");
   a.EndRun();
-  EXPECT_EQ(a.State(), RunState::STOPPED);
+  EXPECT_EQ(a.State(), RunState::Stopped);
 
   a.threads.fail = true;
   a.Do(ID_RUN);
   EXPECT_NE(a.TakeBoxes().find(L"スレッドの開始に失敗しました"), std::wstring::npos);
-  EXPECT_EQ(a.State(), RunState::STOPPED);
+  EXPECT_EQ(a.State(), RunState::Stopped);
   a.threads.fail = false;
   content.tasks = {};
   content.tasks.Append(MakeTask(L"idle"));
@@ -126,7 +126,7 @@ TEST_F(Commands, run_command_toggles_and_creates_a_job_per_task_with_destination
 }
 
 TEST_F(Commands, test_run_lists_the_focused_task_and_asks_for_no_password) {
-  StartIn(RunState::NOT_RUN);
+  StartIn(RunState::NotRun);
   a.app->Settings().archive.password.clear();
   a.Do(ID_TASK_TARGETS);
   EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(IDS_NO_ITEM_SELECTED) + L"\n");
@@ -136,10 +136,10 @@ TEST_F(Commands, test_run_lists_the_focused_task_and_asks_for_no_password) {
   a.EndRun();
   ASSERT_EQ(a.window.results.size(), 1u);
   EXPECT_TRUE(a.app->Run().IsListOnly() && a.app->Run().Total() == 1);
-  EXPECT_EQ(a.window.results[0]->phase, Phase::LISTED);
+  EXPECT_EQ(a.window.results[0]->phase, Phase::Listed);
   EXPECT_EQ(a.window.results[0]->destinationPath, L"D:\\z\\secret.zip");
   EXPECT_EQ(a.dialogs.passwordDialogs, 0);
-  EXPECT_EQ(a.files.Kind(L"D:\\z"), my::PathKind::NONE);
+  EXPECT_EQ(a.files.Kind(L"D:\\z"), my::PathKind::None);
 }
 
 TEST_F(Commands, password_type_decides_when_to_ask) {
@@ -152,11 +152,11 @@ TEST_F(Commands, password_type_decides_when_to_ask) {
     return a.dialogs.passwordDialogs - before;
   };
   const auto stored = [this] { return a.app->Settings().archive.password; };
-  StartIn(RunState::NOT_RUN);
+  StartIn(RunState::NotRun);
   EXPECT_EQ(runs({}), 0) << "a stored password";
   a.app->Settings().archive = {L"C:\\7-Zip\\7z.exe", PasswordType::EXEC_ONCE, true, L"", ""};
   EXPECT_EQ(runs({}), 1) << "cancelled";
-  EXPECT_EQ(a.State(), RunState::ENDED) << "from the previous run";
+  EXPECT_EQ(a.State(), RunState::Ended) << "from the previous run";
   EXPECT_EQ(runs({L"", L"a b", L"a\"b", L"abc"}), 1);
   EXPECT_EQ(a.dialogs.refusals, (std::vector<uint32_t>{IDS_PASSWORD_EMPTY, IDS_PASSWORD_BAD_CHARACTER,
                                                        IDS_PASSWORD_BAD_CHARACTER}));
@@ -197,7 +197,7 @@ TEST_F(Commands, power_off_follows_only_a_requested_run_without_errors) {
     a.EndRun();
     return !a.power.calls.empty();
   };
-  StartIn(RunState::NOT_RUN);
+  StartIn(RunState::NotRun);
   EXPECT_FALSE(powersOff(ID_RUN));
   EXPECT_FALSE(powersOff(ID_RUN_POWER_OFF, true));
   EXPECT_TRUE(powersOff(ID_RUN_POWER_OFF));
@@ -208,11 +208,11 @@ TEST_F(Commands, power_off_follows_only_a_requested_run_without_errors) {
   a.app->Document().Reset(content, L"C:\\doc.qlmr");
   a.files.Remove(L"C:\\src");
   EXPECT_FALSE(powersOff(ID_RUN_POWER_OFF)) << "an error";
-  EXPECT_EQ(a.State(), RunState::ENDED);
+  EXPECT_EQ(a.State(), RunState::Ended);
 }
 
 TEST_F(Commands, power_off_passes_the_flags_of_the_settings) {
-  StartIn(RunState::NOT_RUN);
+  StartIn(RunState::NotRun);
   CUISetting& ui = a.app->Settings().ui;
   const std::wstring message = L"ShutDown \"コンピューターの電源を切ります\" 0 ";
   const struct {
@@ -248,11 +248,11 @@ TEST_F(Commands, power_off_passes_the_flags_of_the_settings) {
   a.Do(ID_POWER_OFF);
   EXPECT_NE(a.TakeBoxes().find(L"Unkonwn PowerOff type: 4"), std::wstring::npos);
 
-  StartIn(RunState::RUNNING);
+  StartIn(RunState::Running);
   a.power.calls.clear();
   a.Do(ID_POWER_OFF);
   EXPECT_TRUE(a.power.calls.empty());
-  EXPECT_EQ(a.State(), RunState::RUNNING) << "cancelled";
+  EXPECT_EQ(a.State(), RunState::Running) << "cancelled";
   a.dialogs.buttons = {true};
   a.dialogs.onBox = [this](const std::wstring&) { a.EndRun(); };  // while the question is open
   a.Do(ID_POWER_OFF);
@@ -261,20 +261,20 @@ TEST_F(Commands, power_off_passes_the_flags_of_the_settings) {
 }
 
 TEST_F(Commands, documents_are_opened_saved_and_remembered) {
-  StartIn(RunState::NOT_RUN, true);
+  StartIn(RunState::NotRun, true);
   CDocument& document = a.app->Document();
   const auto& recent = a.app->Settings().ui.mruPathes.Items();
   a.dialogs.paths = {L"C:\\one.qlmr"};
   a.Do(ID_SAVE_AS);
   EXPECT_EQ(document.Path(), L"C:\\one.qlmr");
   EXPECT_FALSE(document.IsModified());
-  EXPECT_EQ(a.dialogs.questions.back().dialog, FileDialog::SAVE_FILE);
+  EXPECT_EQ(a.dialogs.questions.back().dialog, FileDialog::SaveFile);
   EXPECT_EQ(a.dialogs.questions.back().defaultExtension, L"qlmr");
   a.Do(ID_NEW);
   EXPECT_TRUE(document.Tasks().empty() && document.Dsts().empty() && document.Path().empty());
   a.Do(ID_OPEN);
   EXPECT_EQ(a.dialogs.questions.back().initialPath, L"C:\\one.qlmr") << "of a new document: the latest";
-  EXPECT_EQ(a.dialogs.questions.back().dialog, FileDialog::OPEN_FILE);
+  EXPECT_EQ(a.dialogs.questions.back().dialog, FileDialog::OpenFile);
   EXPECT_EQ(a.dialogs.questions.back().kinds.at(0).pattern, L"*.qlmr");
   EXPECT_EQ(a.dialogs.questions.back().kinds.at(1).pattern, L"*.xml");
   a.dialogs.paths = {L"C:\\one.qlmr"};
@@ -343,7 +343,7 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
 }
 
 TEST_F(Commands, file_manager_shows_the_focused_item_or_its_nearest_folder) {
-  StartIn(RunState::NOT_RUN);
+  StartIn(RunState::NotRun);
   a.Do(ID_EXPLORER_DST);
   EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(IDS_NO_ITEM_SELECTED) + L"\n");
   EXPECT_EQ(a.window.dsts.focusCount, 1);
@@ -396,7 +396,7 @@ TEST_F(Commands, file_manager_shows_the_focused_item_or_its_nearest_folder) {
 }
 
 TEST_F(Commands, settings_and_replace_open_their_dialogs) {
-  StartIn(RunState::NOT_RUN);
+  StartIn(RunState::NotRun);
   a.Do(ID_SETTINGS);
   a.Do(ID_DESIGN);
   EXPECT_EQ(a.dialogs.settingsPages, (std::vector<bool>{false, true}));
@@ -411,18 +411,18 @@ TEST_F(Commands, settings_and_replace_open_their_dialogs) {
 }
 
 TEST_F(Commands, closing_asks_about_edits_and_runs_and_waits_for_the_worker) {
-  StartIn(RunState::RUNNING, true);
+  StartIn(RunState::Running, true);
   EXPECT_FALSE(a.app->OnClose());
   EXPECT_EQ(a.TakeBoxes(), L"確認: " + a.Text(IDS_ASK_DISCARD) + L"\n");
   a.dialogs.buttons = {true, false};
   EXPECT_FALSE(a.app->OnClose());
   EXPECT_EQ(a.TakeBoxes(),
             L"確認: " + a.Text(IDS_ASK_DISCARD) + L"\n確認: " + a.Text(IDS_ASK_STOP_AND_QUIT) + L"\n");
-  EXPECT_EQ(a.State(), RunState::RUNNING);
-  EXPECT_EQ(a.files.Kind(kSettingsFile), my::PathKind::NONE);
+  EXPECT_EQ(a.State(), RunState::Running);
+  EXPECT_EQ(a.files.Kind(kSettingsFile), my::PathKind::None);
   a.dialogs.buttons = {true, true};
   EXPECT_FALSE(a.app->OnClose());
-  EXPECT_EQ(a.State(), RunState::STOPPING);
+  EXPECT_EQ(a.State(), RunState::Stopping);
   EXPECT_EQ(a.window.closingShown, 1);
   a.TakeBoxes();
   const size_t tasks = a.app->Document().Tasks().size();
@@ -436,10 +436,10 @@ TEST_F(Commands, closing_asks_about_edits_and_runs_and_waits_for_the_worker) {
   EXPECT_FALSE(a.app->OnQueryEndSession()) << "the worker has not ended";
   EXPECT_FALSE(a.window.closing);
   a.EndRun();
-  EXPECT_EQ(a.State(), RunState::STOPPED);
+  EXPECT_EQ(a.State(), RunState::Stopped);
   EXPECT_TRUE(a.window.closing);
   EXPECT_TRUE(a.app->OnClose());
-  EXPECT_EQ(a.files.Kind(kSettingsFile), my::PathKind::FILE);
+  EXPECT_EQ(a.files.Kind(kSettingsFile), my::PathKind::File);
   a.files.FailAt(Op::CREATE_FOLDERS, 1, my::kErrorAccessDenied);
   EXPECT_TRUE(a.app->OnClose()) << "unwritable settings do not block exit";
   EXPECT_NE(a.TakeBoxes().find(L"フォルダーの作成に失敗しました"), std::wstring::npos);
@@ -449,10 +449,10 @@ TEST_F(Commands, session_end_is_blocked_by_work_unless_the_program_requested_it)
   const auto mayEnd = [this] { return a.app->OnQueryEndSession(); };
   bool vetoed = false;
   a.power.onSessionEnd = [&] { vetoed = !mayEnd(); };
-  StartIn(RunState::NOT_RUN);
+  StartIn(RunState::NotRun);
   EXPECT_TRUE(mayEnd());
   for (const auto type : {PowerOffType::LOGOFF, PowerOffType::POWEROFF}) {
-    StartIn(RunState::RUNNING, true);
+    StartIn(RunState::Running, true);
     EXPECT_EQ(a.window.hold, a.Text(IDS_SHUTDOWN_REASON));
     EXPECT_FALSE(mayEnd());
     a.app->Settings().ui.powerOffType = type;
@@ -471,7 +471,7 @@ TEST_F(Commands, session_end_is_blocked_by_work_unless_the_program_requested_it)
     EXPECT_EQ(a.window.hold, L"");
   }
   const auto requestAfter = [&](PowerOffType type, bool modified = true) {
-    StartIn(RunState::NOT_RUN, modified);
+    StartIn(RunState::NotRun, modified);
     a.app->Settings().ui.powerOffType = type;
     a.dialogs.buttons = {true};
     a.Do(ID_POWER_OFF);
@@ -493,12 +493,12 @@ TEST_F(Commands, session_end_is_blocked_by_work_unless_the_program_requested_it)
 }
 
 TEST_F(Commands, end_of_session_stores_settings_without_a_message_box) {
-  StartIn(RunState::NOT_RUN, true);
+  StartIn(RunState::NotRun, true);
   a.Do(ID_REPLACE);
   EXPECT_FALSE(a.app->OnQueryEndSession());
   a.app->OnEndSession(true);
   EXPECT_FALSE(a.app->Replace().IsOpen());
-  EXPECT_EQ(a.files.Kind(kSettingsFile), my::PathKind::FILE);
+  EXPECT_EQ(a.files.Kind(kSettingsFile), my::PathKind::File);
   a.files.FailAt(Op::CREATE_FOLDERS, 1, my::kErrorAccessDenied);
   a.app->OnEndSession(true);
   EXPECT_EQ(a.TakeBoxes(), L"");
@@ -514,7 +514,7 @@ TEST(CommandLine, quotes_protect_spaces_and_are_removed) {
 }
 
 TEST_F(Commands, start_opens_the_named_document_or_the_last_one) {
-  StartIn(RunState::NOT_RUN, true);
+  StartIn(RunState::NotRun, true);
   for (const wchar_t* path : {L"C:\\a b.qlmr", L"C:\\last.qlmr"}) {
     a.dialogs.paths = {path};
     a.Do(ID_SAVE_AS);
@@ -542,7 +542,7 @@ TEST_F(Commands, start_opens_the_named_document_or_the_last_one) {
 }
 
 TEST_F(Commands, every_kind_of_exception_is_shown) {
-  StartIn(RunState::NOT_RUN);
+  StartIn(RunState::NotRun);
   a.app->ShowFailure(std::make_exception_ptr(std::runtime_error("何か")));
   EXPECT_EQ(a.TakeBoxes(), L"エラー: 標準エラーが発生しました: 何か\n");
   a.app->ShowFailure(std::make_exception_ptr(1));
@@ -550,7 +550,7 @@ TEST_F(Commands, every_kind_of_exception_is_shown) {
 }
 
 TEST_F(Commands, cancelled_start_does_not_overwrite_the_settings_file) {
-  StartIn(RunState::NOT_RUN);
+  StartIn(RunState::NotRun);
   ASSERT_TRUE(a.app->OnClose());
   const std::string good = a.files.Files().at(kSettingsFile);
   std::string newer = good;

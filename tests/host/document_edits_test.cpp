@@ -61,10 +61,10 @@ TEST_F(DocumentEdits, moved_rows_keep_their_order_and_are_returned) {
   EXPECT_EQ(Shown(), L"AEDCBabcd");
   EXPECT_EQ(edits, 2);
   EXPECT_EQ(MoveTasks(document, {1, 2}, 2), (CRows{1, 2}));
-  EXPECT_EQ(StepTasks(document, {0, 1}, Step::UP), (CRows{0, 1}));
+  EXPECT_EQ(StepTasks(document, {0, 1}, Step::Up), (CRows{0, 1}));
   EXPECT_EQ(edits, 2) << "nothing has moved";
-  EXPECT_EQ(StepTasks(document, {0, 2, 3}, Step::UP), (CRows{0, 1, 2}));
-  EXPECT_EQ(StepDsts(document, {0, 3}, Step::DOWN), (CRows{1, 3}));
+  EXPECT_EQ(StepTasks(document, {0, 2, 3}, Step::Up), (CRows{0, 1, 2}));
+  EXPECT_EQ(StepDsts(document, {0, 3}, Step::Down), (CRows{1, 3}));
   EXPECT_EQ(MoveDsts(document, {2}, 0), (CRows{0}));
   EXPECT_EQ(Shown(), L"ADCEBcbad");
 }
@@ -122,8 +122,8 @@ TEST_F(DocumentEdits, tasks_follow_changes_of_their_destinations) {
   SetUse(document, {2, 3}, 0, false);
   EXPECT_EQ(document.Tasks()[2]->dsts, (CTaskDsts{document.Dsts()[1], document.Dsts()[2]}));
   EXPECT_EQ(UsesOf(document.Content(), {0, 1, 2}),
-            (std::vector<DstUse>{DstUse::MIXED, DstUse::ALL, DstUse::MIXED}));
-  EXPECT_EQ(UseOf(document, {}, 1), DstUse::NONE);
+            (std::vector<DstUse>{DstUse::Mixed, DstUse::All, DstUse::Mixed}));
+  EXPECT_EQ(UseOf(document, {}, 1), DstUse::None);
   EXPECT_EQ(CountUsers(document, {0, 2}), 4u);
   RemoveDsts(document, {0, 1});
   EXPECT_EQ(document.Tasks()[0]->dsts.size() + document.Tasks()[1]->dsts.size(), 1u);

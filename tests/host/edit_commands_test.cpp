@@ -102,7 +102,7 @@ TEST_F(EditCommands, destination_is_used_by_all_selected_tasks_or_by_none) {
   EXPECT_EQ(a.TakeBoxes(), Error(IDS_NO_TASK_SELECTED));
   EXPECT_EQ(tasks.focusCount, 1);
   tasks.selected = {0, 1};
-  for (const DstUse use : {DstUse::ALL, DstUse::NONE}) {
+  for (const DstUse use : {DstUse::All, DstUse::None}) {
     After(CCommandToggleUse(a.app->Context(), 1));
     EXPECT_EQ(UseOf(document, {0, 1}, 1), use);
   }
@@ -115,8 +115,8 @@ TEST_F(EditCommands, rows_and_files_can_be_dropped) {
   };
   tasks.selected = {0};
   dsts.selected = {1};
-  EXPECT_EQ(After(CCommandMoveRows(context, ListKind::TASKS, 2)), L"B[A]x[y]");
-  EXPECT_EQ(After(CCommandMoveRows(context, ListKind::DSTS, 0)), L"B[A][y]x");
+  EXPECT_EQ(After(CCommandMoveRows(context, ListKind::Tasks, 2)), L"B[A]x[y]");
+  EXPECT_EQ(After(CCommandMoveRows(context, ListKind::Dsts, 0)), L"B[A][y]x");
   EXPECT_EQ(drop(L"C:\\src", {}), L"BA[src][y]x");
   drop(L"C:\\f.FLT", {});
   EXPECT_EQ(a.TakeBoxes(), Error(IDS_DROP_FILTER_ON_TASK));

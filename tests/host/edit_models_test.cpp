@@ -21,7 +21,7 @@ struct EditModels : testing::Test {
   }
   static std::wstring Numbers(const CTaskDstsModel& model) {
     std::wstring numbers;
-    for (size_t row = 0; row < model.RowCount(); ++row) numbers += model.Text(row, CTaskDstsModel::NUMBER);
+    for (size_t row = 0; row < model.RowCount(); ++row) numbers += model.Text(row, CTaskDstsModel::Number);
     return numbers;
   }
   std::wstring Preview(const std::wstring& pattern, const std::wstring& folder = L"C:\\a") const {
@@ -43,15 +43,15 @@ TEST_F(EditModels, used_rows_are_the_destinations_in_order) {
   CTaskDstsModel model(dsts, {dsts[2], dsts[0]}, texts);
   EXPECT_EQ(Numbers(model), L"3124");
   EXPECT_EQ(Numbers(CTaskDstsModel(dsts, {}, texts)), L"1234");
-  EXPECT_EQ(model.Text(0, CTaskDstsModel::FOLDER) + model.Text(0, CTaskDstsModel::PATTERN),
+  EXPECT_EQ(model.Text(0, CTaskDstsModel::Folder) + model.Text(0, CTaskDstsModel::Pattern),
             L"C:\\srcs" + CDst().pattern);
-  EXPECT_EQ(model.StepRow(2, Step::UP), 2u);  // not used
+  EXPECT_EQ(model.StepRow(2, Step::Up), 2u);  // not used
   model.Toggle(3);
   EXPECT_EQ(model.Used(), (CTaskDsts{dsts[2], dsts[0], dsts[3]}));
-  EXPECT_FALSE(model.CanStep(0, Step::UP));
-  EXPECT_FALSE(model.CanStep(3, Step::DOWN));
-  EXPECT_EQ(model.StepRow(3, Step::UP), 1u);  // past an unused row
-  EXPECT_EQ(model.StepRow(0, Step::DOWN), 1u);
+  EXPECT_FALSE(model.CanStep(0, Step::Up));
+  EXPECT_FALSE(model.CanStep(3, Step::Down));
+  EXPECT_EQ(model.StepRow(3, Step::Up), 1u);  // past an unused row
+  EXPECT_EQ(model.StepRow(0, Step::Down), 1u);
   EXPECT_EQ(model.Used(), (CTaskDsts{dsts[3], dsts[2], dsts[0]}));
   model.Toggle(1);
   EXPECT_EQ(Numbers(model), L"4321");

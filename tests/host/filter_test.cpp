@@ -145,9 +145,9 @@ TEST(RegexPrefilter, agrees_with_the_search_and_decides_simple_cases) {
       if (test::ThrownId([&] { expected = expression->Found(path); }) != 0) continue;  // too complex
       ++counts[expected];
       const auto verdict = prefilter.Test(my::CPrefilterText(path));
-      if (verdict == my::CRegexPrefilter::Verdict::UNDECIDED) continue;
+      if (verdict == my::CRegexPrefilter::Verdict::Undecided) continue;
       ++decided;
-      EXPECT_EQ(verdict == my::CRegexPrefilter::Verdict::MATCH, expected)
+      EXPECT_EQ(verdict == my::CRegexPrefilter::Verdict::Match, expected)
           << pattern << L" in " << testing::PrintToString(path);
     }
   }

@@ -62,10 +62,10 @@ class ListModels : public testing::Test {
 TEST_F(ListModels, closing_text_names_the_archive_of_the_last_row) {
   const CTasks& tasks = document.Tasks();
   EXPECT_EQ(ClosingText(texts, {}), texts.Text(IDS_WAIT_RUN));
-  const CResultPtr copying = Row(tasks[0], Phase::COPYING);
-  EXPECT_EQ(ClosingText(texts, {Row(tasks[1], Phase::ARCHIVING), copying}),
+  const CResultPtr copying = Row(tasks[0], Phase::Copying);
+  EXPECT_EQ(ClosingText(texts, {Row(tasks[1], Phase::Archiving), copying}),
             L"「A」の処理が中断されるのを待っています");
-  EXPECT_EQ(ClosingText(texts, {copying, Row(tasks[1], Phase::ARCHIVING)}),
+  EXPECT_EQ(ClosingText(texts, {copying, Row(tasks[1], Phase::Archiving)}),
             L"「B」の圧縮が終わるのを待っています");
 }
 
@@ -75,28 +75,28 @@ TEST_F(ListModels, task_shows_destinations_preview_and_worst_state) {
   RemoveDsts(document, {0});
   model.Refresh();
   const CTaskPtr task = document.Tasks()[0];
-  model.ShowResults({Row(task, Phase::SKIPPED), Row(task, Phase::CREATED)});
+  model.ShowResults({Row(task, Phase::Skipped), Row(task, Phase::Created)});
   EXPECT_EQ(model.Look(0).color, setting.stateColors[0]) << "created";
-  auto partial = boost::make_shared<CResult>(*Row(task, Phase::SKIPPED));
+  auto partial = boost::make_shared<CResult>(*Row(task, Phase::Skipped));
   auto targets = boost::make_shared<CTargets>();
   targets->AddUnlisted(L"x", my::CSystemError::FromWin32(5));
   targets->AddUnlisted(L"y", my::CSystemError::FromWin32(5));
   partial->targets = targets;
-  model.ShowResults({Row(task, Phase::CREATED), partial});
+  model.ShowResults({Row(task, Phase::Created), partial});
   EXPECT_NE(model.Look(0).color, setting.stateColors[0]) << "not shown as a success";
-  EXPECT_EQ(model.Text(0, CTaskListModel::STATE), texts.Text(IDS_PHASE_SKIPPED) + kUnlisted);
+  EXPECT_EQ(model.Text(0, CTaskListModel::State), texts.Text(IDS_PHASE_SKIPPED) + kUnlisted);
   CResultListModel results(setting, texts, clock);
   results.ShowResults(0, {partial, partial});
-  EXPECT_EQ(results.Text(1, CResultListModel::MESSAGE), texts.Text(IDS_PHASE_SKIPPED) + kUnlisted);
+  EXPECT_EQ(results.Text(1, CResultListModel::Message), texts.Text(IDS_PHASE_SKIPPED) + kUnlisted);
   EXPECT_EQ(results.UnlistedCount(), 2U) << "rows of one job share their list";
-  model.ShowResults({Row(task, Phase::COPYING, L"disk\r\nfull"), Row(task, Phase::COPYING)});
+  model.ShowResults({Row(task, Phase::Copying, L"disk\r\nfull"), Row(task, Phase::Copying)});
   EXPECT_EQ(model.Look(0).color, setting.stateColors[3]) << "failed";
   EXPECT_FALSE(model.Look(0).grey);
   EXPECT_FALSE(model.Look(1).color);
   EXPECT_EQ(Line(model, 0), L"A|C:\\a|f|2|コピー処理中にエラーが発生しました: disk full|");
   const CReplaceRule rule({ReplaceRow::ALL, kReplaceTaskPath, L"C:", L"D:"});
   task->replaceRule = &rule;
-  EXPECT_EQ(model.Text(0, CTaskListModel::PATH), L"D:\\a");
+  EXPECT_EQ(model.Text(0, CTaskListModel::Path), L"D:\\a");
 }
 
 TEST_F(ListModels, check_boxes_show_the_use_by_the_selected_tasks) {
@@ -114,11 +114,11 @@ TEST_F(ListModels, results_replace_their_rows_and_are_exported_as_csv) {
   clock.SetOffsetMinutes(9 * 60);
   CResultListModel model(setting, texts, clock);
   const auto noDst = boost::make_shared<CTask>(CTask{L"=1+1", L"p", L"", {}});
-  model.ShowResults(0, {Row(document.Tasks()[1], Phase::COPYING)});
-  model.ShowResults(1, {Row(noDst, Phase::SKIPPED)});
+  model.ShowResults(0, {Row(document.Tasks()[1], Phase::Copying)});
+  model.ShowResults(1, {Row(noDst, Phase::Skipped)});
   EXPECT_EQ(model.Look(0).color, setting.stateColors[1]);
   EXPECT_EQ(model.Look(1).color, setting.stateColors[2]);
-  model.ShowResults(0, {Row(document.Tasks()[1], Phase::COPYING, L"\"why\"")});
+  model.ShowResults(0, {Row(document.Tasks()[1], Phase::Copying, L"\"why\"")});
   EXPECT_EQ(model.Csv(),
             "\xEF\xBB\xBFID,転送先パス,種類,最終更新日時,メッセージ\r\n"
             "B,\"D:\\x,y\",フォルダー,2016/03/05 16:04:09,"
@@ -146,7 +146,7 @@ TEST_F(ListModels, target_shows_the_deciding_filter_line) {
   const CTargetListModel model(targets, texts, clock);
   EXPECT_EQ(Line(model, 0), L"Docs\\|2016/03/05 07:04:09||HD|+ （フィルターにマッチしません）|");
   EXPECT_EQ(Line(model, 1), L"Docs\\a.bak|2016/03/05 07:04:09|1,234,567|RAL|2: - \\.bak$|");
-  EXPECT_EQ(model.Text(2, CTargetListModel::SIZE), L"123");
+  EXPECT_EQ(model.Text(2, CTargetListModel::Size), L"123");
   EXPECT_TRUE(model.Look(1).grey && !model.Look(2).grey);
   EXPECT_EQ(model.NewestRow(), 2u) << "neither a folder nor what is excluded";
   EXPECT_EQ(model.CountsText(), L"項目 3 件、対象 1 件、除外 1 件");
@@ -161,7 +161,7 @@ TEST_F(ListModels, filter_line_shows_its_error_and_what_it_decides) {
   EXPECT_EQ(Line(model, 0), L"1||# all||");
   EXPECT_EQ(Line(model, 1), L"2|*|x|フィルターの先頭文字 (*) が不正です|");
   EXPECT_EQ(Line(model, 2), L"3|-|docs/.*\\.tmp$||");
-  EXPECT_EQ(model.Text(3, CFilterCheckModel::EXPRESSION), L"a$ ") << "the space is significant";
+  EXPECT_EQ(model.Text(3, CFilterCheckModel::Expression), L"a$ ") << "the space is significant";
   EXPECT_EQ(model.Look(1).color, setting.stateColors[3]);
   EXPECT_TRUE(model.Look(5).grey);
   EXPECT_EQ(model.Decide(L"docs/a.tmp").row, 2u);

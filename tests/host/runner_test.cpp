@@ -111,7 +111,7 @@ TEST_F(Runner, run_that_cannot_start_writes_nothing) {
   EXPECT_EQ(Run({L"--settings", L"C:\\missing.config"}), qlm::kExitUnusable);
   EXPECT_NE(console.errors.find(L"C:\\missing.config"), std::wstring::npos);
   EXPECT_EQ(Run({L"--unknown"}), qlm::kExitUnusable);
-  EXPECT_EQ(files.Kind(L"D:\\dst"), my::PathKind::NONE);
+  EXPECT_EQ(files.Kind(L"D:\\dst"), my::PathKind::None);
   EXPECT_TRUE(process.Starts().empty());
 }
 

@@ -88,14 +88,14 @@ TEST_F(BackupThread, stop_drops_queued_jobs_and_ends_the_running_one) {
   EXPECT_EQ(controller.Progress().position, 0u) << "an unfinished row does not count";
   EXPECT_EQ(controller.StatusText(), L"1 / 3  実行中  1:01  ........");
   controller.Stop();
-  EXPECT_EQ(controller.State(), qlm::RunState::STOPPING);
+  EXPECT_EQ(controller.State(), qlm::RunState::Stopping);
   EXPECT_EQ(test::ThrownId([&] { controller.Stop(); }), IDS_ALREADY_STOPPING);
   EXPECT_EQ(test::ThrownId([&] { controller.Start(false, false); }), IDS_ALREADY_RUNNING);
   release.set_value();
   TickToEnd();
-  EXPECT_EQ(controller.State(), qlm::RunState::STOPPED);
+  EXPECT_EQ(controller.State(), qlm::RunState::Stopped);
   ASSERT_EQ(shown.rows.size(), 2u) << "the second job never started";
-  EXPECT_EQ(shown.rows[0]->phase, qlm::Phase::CREATED) << "a running archiver is waited for";
+  EXPECT_EQ(shown.rows[0]->phase, qlm::Phase::Created) << "a running archiver is waited for";
   EXPECT_EQ(shown.rows[1]->error.code, uint32_t{IDS_STOPPED});
   EXPECT_EQ(shown.powerOffs, 0);
   EXPECT_EQ(test::ThrownId([&] { controller.Stop(); }), IDS_NOT_RUNNING);

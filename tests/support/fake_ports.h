@@ -87,7 +87,7 @@ class CStdThreads : public my::IThreads {
 struct CFakeConsole : my::IConsole {
   bool IsTerminal(Stream) const override { return terminal; }
   void Write(Stream stream, std::wstring_view text) override {
-    (stream == Stream::OUTPUT ? output : errors) += text;
+    (stream == Stream::Output ? output : errors) += text;
   }
   std::optional<std::wstring> ReadLine() override;
   bool InterruptRequested() const override { return interrupted; }

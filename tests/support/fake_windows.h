@@ -39,7 +39,7 @@ struct CFakeWindow : qlm::IMainWindow {
   CFakeList& DstList() override { return dsts; }
   qlm::ListKind CurrentList() override { return current; }
   void FocusOtherList() override {
-    current = current == qlm::ListKind::TASKS ? qlm::ListKind::DSTS : qlm::ListKind::TASKS;
+    current = current == qlm::ListKind::Tasks ? qlm::ListKind::Dsts : qlm::ListKind::Tasks;
   }
   void ToggleFullScreen() override { fullScreen = !fullScreen; }
   void OpenResults() override { ++resultsOpened; }
@@ -64,7 +64,7 @@ struct CFakeWindow : qlm::IMainWindow {
 
   CFakeList tasks;
   CFakeList dsts;
-  qlm::ListKind current = qlm::ListKind::TASKS;
+  qlm::ListKind current = qlm::ListKind::Tasks;
   bool fullScreen = false;
   int resultsOpened = 0;
   my::CRect bounds{1, 2, 3, 4};
@@ -92,8 +92,8 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
   my::BoxButton Show(const std::wstring& text, const std::wstring& caption, my::BoxStyle style) override {
     boxes.push_back(caption + L": " + text);
     if (onBox) onBox(text);
-    if (style == my::BoxStyle::FAILURE) return my::BoxButton::OK;
-    return Next(buttons).value_or(false) ? my::BoxButton::OK : my::BoxButton::CANCEL;
+    if (style == my::BoxStyle::Failure) return my::BoxButton::Ok;
+    return Next(buttons).value_or(false) ? my::BoxButton::Ok : my::BoxButton::Cancel;
   }
   std::optional<std::wstring> AskPath(const qlm::CFileQuestion& question) override {
     questions.push_back(question);

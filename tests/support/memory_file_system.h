@@ -150,8 +150,8 @@ class CMemoryFileSystem : public my::IFileSystem {
 
   my::PathKind Kind(const std::wstring& path) override {
     Begin(Op::KIND, L"kind", IDS_PATH_UNREADABLE, {path}).End();
-    if (IsFolder(path)) return my::PathKind::FOLDER;
-    return IsDevice(path) || Lookup(path) ? my::PathKind::FILE : my::PathKind::NONE;
+    if (IsFolder(path)) return my::PathKind::Folder;
+    return IsDevice(path) || Lookup(path) ? my::PathKind::File : my::PathKind::None;
   }
 
   uint64_t FileSize(const std::wstring& path) override {
@@ -199,7 +199,7 @@ class CMemoryFileSystem : public my::IFileSystem {
   }
 
   uint64_t FlushFile(const std::wstring& path, my::FlushDepth depth) override {
-    const bool device = depth == my::FlushDepth::DEVICE;
+    const bool device = depth == my::FlushDepth::Device;
     CStep step = Begin(Op::FLUSH_FILE, device ? L"flush device" : L"flush", IDS_WRITE_FILE_FAILED, {path});
     const CEntryPtr entry = Lookup(path);
     step.RefuseIf(!entry, my::kErrorFileNotFound);
@@ -323,7 +323,7 @@ class CMemoryFileSystem : public my::IFileSystem {
     ~CNewFile() override {
       const std::lock_guard hold(*disk.m_lock);
       entry->open = false;
-      if (life == my::FileLife::UNTIL_CLOSED) std::erase(disk.m_entries, entry);
+      if (life == my::FileLife::UntilClosed) std::erase(disk.m_entries, entry);
     }
 
     void Write(std::string_view bytes) override {
@@ -336,7 +336,7 @@ class CMemoryFileSystem : public my::IFileSystem {
     void Flush() override {
       const CStep step = Begin(Op::FLUSH, L"flush");
       step.End();
-      disk.FlushEntry(*entry, my::FlushDepth::DEVICE);
+      disk.FlushEntry(*entry, my::FlushDepth::Device);
     }
 
     void Close() override {
@@ -380,7 +380,7 @@ class CMemoryFileSystem : public my::IFileSystem {
 
   void FlushEntry(CEntry& entry, my::FlushDepth depth) {
     if (entry.cache == Cache::SYSTEM) entry.cache = Cache::DEVICE;
-    if (depth != my::FlushDepth::DEVICE) return;
+    if (depth != my::FlushDepth::Device) return;
     for (const CEntryPtr& other : m_entries) {
       if (other->cache == Cache::DEVICE) other->cache = Cache::NONE;
     }

@@ -20,7 +20,7 @@ std::map<std::string, std::string> ReadPairs(const std::string& file, const std:
 // Returns "STOPPED" for IDS_STOPPED.
 std::string NameOf(uint32_t textId);
 
-// Returns "CREATED" for Phase::CREATED, whose value is IDS_PHASE_CREATED.
+// Returns "CREATED" for Phase::Created, whose value is IDS_PHASE_CREATED.
 template <class TEnum>
 requires std::is_enum_v<TEnum> std::string NameOf(TEnum value) {
   const std::string name = NameOf(static_cast<uint32_t>(value));

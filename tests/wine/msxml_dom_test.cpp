@@ -29,7 +29,7 @@ class MsxmlDom : public testing::Test {
   // Returns the message id and text thrown when loading the bytes; 0 for none.
   uint32_t LoadFailure(const std::string& bytes) {
     const std::wstring path = m_scratch.At(L"in.qlmr");
-    if (m_scratch.files.Kind(path) == my::PathKind::FILE) m_scratch.files.RemoveFile(path);
+    if (m_scratch.files.Kind(path) == my::PathKind::File) m_scratch.files.RemoveFile(path);
     m_scratch.Write(L"in.qlmr", bytes);
     try {
       qlm::LoadDocument(m_scratch.files, m_dom, path);

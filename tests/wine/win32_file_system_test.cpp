@@ -49,7 +49,7 @@ TEST(Win32FileSystem, failures_carry_their_operation_and_code) {
   EXPECT_EQ(Failure([&] { files.Move(a, b); }), Code(IDS_MOVE_FILE_FAILED, ERROR_ALREADY_EXISTS));
   EXPECT_FALSE(files.CreateNewFile(a) || files.CreateNewFolder(a)) << "a file exists";
   EXPECT_EQ(Failure([&] { files.CreateNewFile(deep); }), Code(IDS_CREATE_FILE_FAILED, ERROR_PATH_NOT_FOUND));
-  EXPECT_EQ(Failure([&] { files.FlushFile(none, my::FlushDepth::DEVICE); }),
+  EXPECT_EQ(Failure([&] { files.FlushFile(none, my::FlushDepth::Device); }),
             Code(IDS_WRITE_FILE_FAILED, ERROR_FILE_NOT_FOUND));
   EXPECT_EQ(Failure([&] { files.ReadFile(none, 9); }), Code(IDS_OPEN_FILE_FAILED, ERROR_FILE_NOT_FOUND));
   EXPECT_EQ(Failure([&] { files.FileSize(none); }), Code(IDS_READ_FILE_FAILED, ERROR_FILE_NOT_FOUND));
@@ -58,9 +58,9 @@ TEST(Win32FileSystem, failures_carry_their_operation_and_code) {
   EXPECT_EQ(Failure([&] { files.CreateFolders(scratch.At(L"a\\x")); }).first, IDS_CREATE_FOLDER_FAILED);
   EXPECT_EQ(Failure([&] { files.CreateFolders(scratch.path); }).first, 0u);
   EXPECT_EQ(files.ReadFile(b, 2, 1), "bb");
-  EXPECT_EQ(files.Kind(a), PathKind::FILE);
-  EXPECT_EQ(files.Kind(scratch.path), PathKind::FOLDER);
-  EXPECT_EQ(files.Kind(deep), PathKind::NONE);
+  EXPECT_EQ(files.Kind(a), PathKind::File);
+  EXPECT_EQ(files.Kind(scratch.path), PathKind::Folder);
+  EXPECT_EQ(files.Kind(deep), PathKind::None);
 }
 
 TEST(Win32FileSystem, locked_file_is_neither_copied_nor_saved_over) {
@@ -75,7 +75,7 @@ TEST(Win32FileSystem, locked_file_is_neither_copied_nor_saved_over) {
               IDS_MOVE_FILE_FAILED);
   }
   EXPECT_EQ(scratch.files.ReadFile(scratch.At(L"doc"), 9), "old");
-  EXPECT_EQ(scratch.files.Kind(scratch.At(L"_tmp_doc")), PathKind::NONE);
+  EXPECT_EQ(scratch.files.Kind(scratch.At(L"_tmp_doc")), PathKind::None);
   my::WriteFileSafely(scratch.files, clock, scratch.At(L"doc"), "new");
   EXPECT_EQ(scratch.files.ReadFile(scratch.At(L"doc"), 9), "new");
 }
@@ -104,7 +104,7 @@ TEST(Win32FileSystem, read_only_copy_is_flushed_and_stays_read_only) {
   scratch.Write(L"a", "abc");
   const auto a = scratch.At(L"a");
   ASSERT_TRUE(::SetFileAttributesW(a.c_str(), FILE_ATTRIBUTE_READONLY));
-  for (const auto depth : {my::FlushDepth::WRITE_OUT, my::FlushDepth::DEVICE}) {
+  for (const auto depth : {my::FlushDepth::WriteOut, my::FlushDepth::Device}) {
     EXPECT_EQ(scratch.files.FlushFile(a, depth), 3u);
     EXPECT_TRUE(::GetFileAttributesW(a.c_str()) & FILE_ATTRIBUTE_READONLY);
   }
@@ -114,11 +114,11 @@ TEST(Win32FileSystem, read_only_copy_is_flushed_and_stays_read_only) {
 TEST(Win32FileSystem, reserved_name_is_taken_until_it_is_closed) {
   test::CScratchFolder scratch;
   const auto name = scratch.At(L"_lck_a.zip");
-  auto reservation = scratch.files.CreateNewFile(name, my::FileLife::UNTIL_CLOSED);
+  auto reservation = scratch.files.CreateNewFile(name, my::FileLife::UntilClosed);
   ASSERT_TRUE(reservation);
-  EXPECT_FALSE(scratch.files.CreateNewFile(name, my::FileLife::UNTIL_CLOSED));
+  EXPECT_FALSE(scratch.files.CreateNewFile(name, my::FileLife::UntilClosed));
   reservation.reset();
-  EXPECT_EQ(scratch.files.Kind(name), PathKind::NONE);
+  EXPECT_EQ(scratch.files.Kind(name), PathKind::None);
 }
 
 TEST(Win32FileSystem, relative_path_is_in_the_current_folder_however_long_it_is) {

@@ -18,7 +18,7 @@ BOOL WINAPI OnControl(DWORD event) {
 }
 
 HANDLE Handle(IConsole::Stream stream) {
-  return ::GetStdHandle(stream == IConsole::Stream::OUTPUT ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
+  return ::GetStdHandle(stream == IConsole::Stream::Output ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
 }
 
 // Writes all of `rest` by repeated calls, because a call may write only a part or fail.

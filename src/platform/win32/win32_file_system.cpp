@@ -166,7 +166,7 @@ DWORD FlushFully(const CKernelHandle& file) {
 
 DWORD Flush(const CKernelHandle& file, uint64_t size, FlushDepth depth) {
   constexpr uint64_t kSmall = 1u << 20;  // device flushes for many small files would take hours
-  if (depth == FlushDepth::DEVICE) return FlushFully(file);
+  if (depth == FlushDepth::Device) return FlushFully(file);
   const DWORD error = FlushWithoutSync(file);
   if (error != ERROR_NOT_SUPPORTED) return error;
   return size > kSmall ? FlushFully(file) : ERROR_SUCCESS;
@@ -192,10 +192,10 @@ std::unique_ptr<IFindFiles> CWin32FileSystem::Find(const std::wstring& folder) {
 PathKind CWin32FileSystem::Kind(const std::wstring& path) {
   const DWORD attributes = ::GetFileAttributesW(path.c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES) {
-    return attributes & FILE_ATTRIBUTE_DIRECTORY ? PathKind::FOLDER : PathKind::FILE;
+    return attributes & FILE_ATTRIBUTE_DIRECTORY ? PathKind::Folder : PathKind::File;
   }
   const DWORD error = ::GetLastError();
-  if (MeansAbsent(error)) return PathKind::NONE;
+  if (MeansAbsent(error)) return PathKind::None;
   throw CException(IDS_PATH_UNREADABLE, {CSystemError::FromWin32(error), path});
 }
 
@@ -211,7 +211,7 @@ void CWin32FileSystem::CreateFolders(const std::wstring& path) {
   DWORD error = ::GetLastError();
   if (error == ERROR_PATH_NOT_FOUND) {
     const std::wstring parent(ParentPath(path));
-    if (!parent.empty() && parent != path && Kind(parent) == PathKind::NONE) {
+    if (!parent.empty() && parent != path && Kind(parent) == PathKind::None) {
       CreateFolders(parent);
       if (::CreateDirectoryW(path.c_str(), nullptr)) return;
       error = ::GetLastError();
@@ -219,7 +219,7 @@ void CWin32FileSystem::CreateFolders(const std::wstring& path) {
   }
   // CreateDirectory fails with "access denied" for the root of a drive, and with "exists" if another program
   // created the folder meanwhile.
-  if (Kind(path) == PathKind::FOLDER) return;
+  if (Kind(path) == PathKind::Folder) return;
   throw CException(IDS_CREATE_FOLDER_FAILED, {CSystemError::FromWin32(error), path});
 }
 
@@ -276,7 +276,7 @@ void CWin32FileSystem::RemoveFolder(const std::wstring& path) {
 }
 
 std::unique_ptr<INewFile> CWin32FileSystem::CreateNewFile(const std::wstring& path, FileLife life) {
-  const bool kept = life == FileLife::KEPT;
+  const bool kept = life == FileLife::Kept;
   const DWORD share = kept ? FILE_SHARE_READ : 0;
   const DWORD flags = kept ? FILE_ATTRIBUTE_NORMAL
                            : FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE;

@@ -24,8 +24,8 @@ static_assert(kOpenFile == 0x881000 && kSaveFile == 0x880006);
 
 DWORD FlagsOf(FileDialog dialog) {
   switch (dialog) {
-    case FileDialog::OPEN_FILE: return kOpenFile;
-    case FileDialog::SAVE_FILE: return kSaveFile;
+    case FileDialog::OpenFile: return kOpenFile;
+    case FileDialog::SaveFile: return kSaveFile;
     default: return kOpenFilter;
   }
 }
@@ -52,7 +52,7 @@ void CDialogs::SetOwner(HWND owner, CAppContext& context) {
 
 std::optional<std::wstring> CDialogs::AskPath(const CFileQuestion& question) {
   const my::CFileDialogParams params = ParamsOf(question);
-  if (question.dialog == FileDialog::SAVE_FILE) return my::AskSavePath(Owner(), params);
+  if (question.dialog == FileDialog::SaveFile) return my::AskSavePath(Owner(), params);
   return my::AskOpenPath(Owner(), params);
 }
 

@@ -62,7 +62,7 @@ void CGeneralPage::InitArchiver() {
   const std::wstring& own = m_context.settings.archive.sevenZipPath;
   std::erase_if(paths, [&](const std::wstring& path) {
     return my::EqualNoCase(path, own) ||
-           my::KindIfKnown(m_context.ports.engine.files, path) != my::PathKind::FILE;
+           my::KindIfKnown(m_context.ports.engine.files, path) != my::PathKind::File;
   });
   if (!own.empty()) paths.insert(paths.begin(), own);
   my::FillCombo(Item(IDC_ARCHIVER_PATH), paths);
@@ -156,7 +156,7 @@ void CGeneralPage::BrowseArchiver() {
 void CGeneralPage::ShowArchiverVersion() {
   const my::IMessageTexts& texts = m_context.ports.engine.texts;
   const std::wstring path = ArchiverPath();
-  if (path.empty() || my::KindIfKnown(m_context.ports.engine.files, path) != my::PathKind::FILE) {
+  if (path.empty() || my::KindIfKnown(m_context.ports.engine.files, path) != my::PathKind::File) {
     return SetItemText(IDC_ARCHIVER_VERSION, texts.Text(IDS_ARCHIVER_NOT_FOUND));
   }
   const auto version = my::ReadFileVersion(path);

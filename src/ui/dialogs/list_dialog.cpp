@@ -13,7 +13,7 @@ namespace qlm {
 namespace {
 
 COLORREF WarningColor(const CUISetting& setting) {
-  return my::ColorRef(StateLook(setting, ResultState::FAILED).color.value_or(my::CColor{}));
+  return my::ColorRef(StateLook(setting, ResultState::Failed).color.value_or(my::CColor{}));
 }
 
 }  // namespace

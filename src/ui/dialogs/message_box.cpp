@@ -4,9 +4,9 @@
 
 namespace my {
 
-static_assert(static_cast<UINT>(BoxStyle::FAILURE) == (MB_OK | MB_ICONERROR));
-static_assert(static_cast<UINT>(BoxStyle::QUESTION) == (MB_OKCANCEL | MB_ICONWARNING));
-static_assert(static_cast<int>(BoxButton::OK) == IDOK && static_cast<int>(BoxButton::CANCEL) == IDCANCEL);
+static_assert(static_cast<UINT>(BoxStyle::Failure) == (MB_OK | MB_ICONERROR));
+static_assert(static_cast<UINT>(BoxStyle::Question) == (MB_OKCANCEL | MB_ICONWARNING));
+static_assert(static_cast<int>(BoxButton::Ok) == IDOK && static_cast<int>(BoxButton::Cancel) == IDCANCEL);
 
 BoxButton CMessageBox::Show(const std::wstring& text, const std::wstring& caption, BoxStyle style) {
   const HWND active = ::GetActiveWindow();

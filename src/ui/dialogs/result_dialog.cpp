@@ -69,7 +69,7 @@ void CResultDialog::ShowTargets() {
 }
 
 void CResultDialog::SaveCsv() {
-  const CFileQuestion question{FileDialog::SAVE_FILE, {}, {{Text(IDS_CSV_KIND), L"*.csv"}}, L"csv"};
+  const CFileQuestion question{FileDialog::SaveFile, {}, {{Text(IDS_CSV_KIND), L"*.csv"}}, L"csv"};
   const auto path = m_context.dialogs.AskPath(question);
   const CEnginePorts& engine = m_context.ports.engine;
   if (path) my::WriteFileSafely(engine.files, engine.clock, *path, m_model.Csv());

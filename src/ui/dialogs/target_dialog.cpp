@@ -24,7 +24,7 @@ static_assert(LettersStandFor({FILE_ATTRIBUTE_READONLY, FILE_ATTRIBUTE_HIDDEN, F
                                FILE_ATTRIBUTE_COMPRESSED, FILE_ATTRIBUTE_OFFLINE,
                                FILE_ATTRIBUTE_NOT_CONTENT_INDEXED, FILE_ATTRIBUTE_ENCRYPTED}));
 
-// The line has no room for more.
+// Maximum number of folders named in one line, which has no room for more.
 constexpr size_t kNamedFolders = 8;
 
 }  // namespace
@@ -95,7 +95,7 @@ std::wstring CTargetDialog::NewestText() const {
   const auto row = m_model.NewestRow();
   if (!row) return Text(IDS_TARGET_NO_NEWEST);
   return Text(IDS_TARGET_NEWEST,
-              {m_model.Text(*row, CTargetListModel::PATH), m_model.Text(*row, CTargetListModel::TIME)});
+              {m_model.Text(*row, CTargetListModel::Path), m_model.Text(*row, CTargetListModel::Time)});
 }
 
 std::wstring CTargetDialog::UnlistedText() const {

@@ -97,8 +97,8 @@ bool CTaskDialog::OnCommand(int id, int code) {
     case IDC_TASK_BROWSE: Browse(); return true;
     case IDC_TASK_BROWSE_FILTER: BrowseFilter(); return true;
     case IDC_TASK_CHECK_FILTER: CheckFilter(); return true;
-    case IDC_TASK_UP: MoveDst(Step::UP); return true;
-    case IDC_TASK_DOWN: MoveDst(Step::DOWN); return true;
+    case IDC_TASK_UP: MoveDst(Step::Up); return true;
+    case IDC_TASK_DOWN: MoveDst(Step::Down); return true;
     case IDC_TASK_OPEN_DST: OpenDst(); return true;
     default: return false;
   }
@@ -205,7 +205,7 @@ void CTaskDialog::EnableMoving() const {
   const auto canStep = [&](Step step) {
     return !selection.empty() && m_dsts.CanStep(selection.front(), step);
   };
-  for (const auto& [id, step] : {std::pair(IDC_TASK_UP, Step::UP), std::pair(IDC_TASK_DOWN, Step::DOWN)}) {
+  for (const auto& [id, step] : {std::pair(IDC_TASK_UP, Step::Up), std::pair(IDC_TASK_DOWN, Step::Down)}) {
     const bool enable = canStep(step);
     // A disabled button must not keep the focus.
     if (!enable && ::GetFocus() == Item(id)) FocusItem(IDC_TASK_DSTS);
@@ -219,7 +219,7 @@ void CTaskDialog::ShowWarning() const {
 
 std::optional<LRESULT> CTaskDialog::CList::OnMessage(UINT message, WPARAM wParam, LPARAM) {
   if (message != WM_SYSKEYDOWN || (wParam != VK_UP && wParam != VK_DOWN)) return {};
-  m_dialog.MoveDst(wParam == VK_UP ? Step::UP : Step::DOWN);
+  m_dialog.MoveDst(wParam == VK_UP ? Step::Up : Step::Down);
   return 0;
 }
 

@@ -12,11 +12,11 @@ void CFrameList::Attach(CMainView& view, std::function<void()> selected) {
 }
 
 CListPane& CFrameList::Pane() const {
-  return m_kind == ListKind::TASKS ? m_view->Tasks() : m_view->Dsts();
+  return m_kind == ListKind::Tasks ? m_view->Tasks() : m_view->Dsts();
 }
 
 IListState& CFrameList::List() const {
-  if (m_kind == ListKind::TASKS) return m_view->TaskList();
+  if (m_kind == ListKind::Tasks) return m_view->TaskList();
   return m_view->DstList();
 }
 

@@ -42,8 +42,8 @@ CMainFrame::CParts::CParts(CApplication& application, CDialogs& dialogs)
 CMainFrame::CMainFrame(my::CAutoMessageLoop& loop, int showCommand)
     : m_loop(loop),
       m_showCommand(showCommand),
-      m_taskList(ListKind::TASKS),
-      m_dstList(ListKind::DSTS),
+      m_taskList(ListKind::Tasks),
+      m_dstList(ListKind::Dsts),
       m_dialogs(loop) {}
 
 bool CMainFrame::Create(CApplication& application) {
@@ -83,7 +83,7 @@ void CMainFrame::CreateParts() {
   m_parts->view.CreateIn(Hwnd());
   m_parts->statusBar.CreateIn(Hwnd());
   for (const auto& [list, kind] :
-       {std::pair(&m_taskList, ListKind::TASKS), std::pair(&m_dstList, ListKind::DSTS)}) {
+       {std::pair(&m_taskList, ListKind::Tasks), std::pair(&m_dstList, ListKind::Dsts)}) {
     list->Attach(m_parts->view, [this, kind = kind] { OnSelectionChanged(kind); });
     ListenToList(kind);
   }
@@ -91,7 +91,7 @@ void CMainFrame::CreateParts() {
 
 void CMainFrame::ListenToList(ListKind kind) {
   CMainView& view = m_parts->view;
-  const bool tasks = kind == ListKind::TASKS;
+  const bool tasks = kind == ListKind::Tasks;
   my::CListEvents& events = (tasks ? view.Tasks() : view.Dsts()).List().Events();
   events.activate = [this, tasks](size_t) { OnCommand(tasks ? ID_TASK_EDIT : ID_DST_EDIT); };
   events.selectionChanged = [this, kind] { OnSelectionChanged(kind); };
@@ -206,7 +206,7 @@ void CMainFrame::OnDocumentChanged(DocChangeEventFlags what) {
 }
 
 void CMainFrame::OnSelectionChanged(ListKind kind) {
-  if (kind == ListKind::TASKS) m_parts->view.OnTaskSelection();
+  if (kind == ListKind::Tasks) m_parts->view.OnTaskSelection();
   m_dialogs.RefreshReplace();
   UpdateCommands();
 }
@@ -311,7 +311,7 @@ void CMainFrame::Arrange() {
 }
 
 ListKind CMainFrame::CurrentList() {
-  return m_parts->view.TasksAreCurrent() ? ListKind::TASKS : ListKind::DSTS;
+  return m_parts->view.TasksAreCurrent() ? ListKind::Tasks : ListKind::Dsts;
 }
 
 }  // namespace qlm

@@ -98,7 +98,7 @@ void CRunPresenter::OpenOutcome() {
   const CBackupThread& run = m_app.Run();
   if (run.IsActive() || m_app.IsClosing()) return;
   const bool listed = run.IsListOnly() && m_results.RowCount() == 1 && !run.HasErrors();
-  if (listed && run.State() == RunState::ENDED) return m_dialogs.ShowTargets(m_results.Shared(0));
+  if (listed && run.State() == RunState::Ended) return m_dialogs.ShowTargets(m_results.Shared(0));
   if (run.HasErrors()) OpenResults();
 }
 

@@ -9,7 +9,7 @@ std::wstring ClosingText(const my::IMessageTexts& texts, const CResults& rows) {
   if (rows.empty()) return texts.Text(IDS_WAIT_RUN);
   const CResult& row = *rows.back();
   // A running archiver is waited for; any other job stops before its next file.
-  const bool archive = !row.error && row.phase == Phase::ARCHIVING;
+  const bool archive = !row.error && row.phase == Phase::Archiving;
   const my::CMsgArg id = row.task->id;
   return my::MakeText(texts, archive ? IDS_WAIT_ARCHIVE : IDS_WAIT_JOB, {&id, 1});
 }

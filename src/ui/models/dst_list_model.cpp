@@ -27,19 +27,19 @@ bool CDstListModel::Refresh(const CRows& selectedTasks) {
 std::wstring CDstListModel::Text(size_t row, size_t column) const {
   const CDst& dst = *m_document.Dsts()[row];
   switch (column) {
-    case NUMBER: return std::to_wstring(row + 1);
-    case FOLDER: return ShownValue(dst, kReplaceDstFolder);
-    case TYPE: return m_texts.Text(kDstTypeTexts[dst.type]);
+    case Number: return std::to_wstring(row + 1);
+    case Folder: return ShownValue(dst, kReplaceDstFolder);
+    case Type: return m_texts.Text(kDstTypeTexts[dst.type]);
     default: return ShownValue(dst, kReplaceDstPattern);
   }
 }
 
 my::ListCheck CDstListModel::Check(size_t row) const {
   // Between a document change and the refresh there may be a new row.
-  switch (row < m_uses.size() ? m_uses[row] : DstUse::NONE) {
-    case DstUse::ALL: return my::ListCheck::Checked;
-    case DstUse::MIXED: return my::ListCheck::Mixed;
-    case DstUse::NONE: break;
+  switch (row < m_uses.size() ? m_uses[row] : DstUse::None) {
+    case DstUse::All: return my::ListCheck::Checked;
+    case DstUse::Mixed: return my::ListCheck::Mixed;
+    case DstUse::None: break;
   }
   return my::ListCheck::Unchecked;
 }

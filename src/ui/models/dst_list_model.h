@@ -11,7 +11,7 @@ namespace qlm {
 // The destinations of the document. Check boxes show which of them the selected tasks use.
 class CDstListModel : public CTableModel {
  public:
-  enum DstColumn : size_t { NUMBER, FOLDER, TYPE, PATTERN };
+  enum DstColumn : size_t { Number, Folder, Type, Pattern };
 
   // The arguments must outlive the model.
   CDstListModel(const CDocument& document, const my::IMessageTexts& texts);

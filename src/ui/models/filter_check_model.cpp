@@ -17,7 +17,7 @@ constexpr CColumnSpec kColumns[] = {{IDS_COL_FILTER_LINE, 44, my::ListAlign::Rig
                                     {IDS_COL_FILTER_ERROR, 270}};
 
 // Returns the parsed pattern, or the text after the first character of an invalid line.
-std::wstring Expression(const CFilterItem& item) {
+std::wstring ExpressionOf(const CFilterItem& item) {
   if (!item.pattern.empty()) return item.pattern;
   return std::wstring(my::TrimStart(std::wstring_view(item.line).substr(1), my::kBlanks));
 }
@@ -52,9 +52,9 @@ std::wstring CFilterCheckModel::Text(size_t row, size_t column) const {
   const CFilterItem* item = m_items[row];
   const std::wstring& line = m_lines[row];
   switch (column) {
-    case LINE: return std::to_wstring(row + 1);
-    case SIGN: return item ? std::wstring(my::FirstCharacter(line)) : std::wstring();
-    case EXPRESSION: return item ? Expression(*item) : line;
+    case Line: return std::to_wstring(row + 1);
+    case Sign: return item ? std::wstring(my::FirstCharacter(line)) : std::wstring();
+    case Expression: return item ? ExpressionOf(*item) : line;
     default: return item ? my::OneLine(item->error.message) : std::wstring();
   }
 }
@@ -62,7 +62,7 @@ std::wstring CFilterCheckModel::Text(size_t row, size_t column) const {
 my::CListLook CFilterCheckModel::Look(size_t row) const {
   const CFilterItem* item = m_items[row];
   if (!item) return {{}, true};
-  return item->error ? StateLook(m_setting, ResultState::FAILED) : my::CListLook{};
+  return item->error ? StateLook(m_setting, ResultState::Failed) : my::CListLook{};
 }
 
 }  // namespace qlm

@@ -18,7 +18,7 @@ using CFilterLines = std::vector<const CFilterItem*>;
 // The lines of a filter file with their errors. Comments and empty lines are grey.
 class CFilterCheckModel : public CTableModel {
  public:
-  enum FilterColumn : size_t { LINE, SIGN, EXPRESSION, ERROR_TEXT };
+  enum FilterColumn : size_t { Line, Sign, Expression, ErrorText };
 
   // The arguments must outlive the model.
   CFilterCheckModel(const CUISetting& setting, const my::IMessageTexts& texts);

@@ -73,10 +73,10 @@ std::string CResultListModel::Csv() const {
 std::wstring CResultListModel::Text(size_t row, size_t column) const {
   const CResult& result = Row(row);
   switch (column) {
-    case ID: return result.task->id;
-    case PATH: return result.destinationPath;
-    case TYPE: return result.Dst() ? m_texts.Text(kDstTypeTexts[result.Dst()->type]) : std::wstring();
-    case TIME: return LocalTimeText(m_clock, result.newestWriteTime);
+    case Id: return result.task->id;
+    case Path: return result.destinationPath;
+    case Type: return result.Dst() ? m_texts.Text(kDstTypeTexts[result.Dst()->type]) : std::wstring();
+    case Time: return LocalTimeText(m_clock, result.newestWriteTime);
     default: return RowText(m_texts, result);
   }
 }

@@ -15,7 +15,7 @@ namespace qlm {
 // The result rows of a run.
 class CResultListModel : public CTableModel {
  public:
-  enum ResultColumn : size_t { ID, PATH, TYPE, TIME, MESSAGE };
+  enum ResultColumn : size_t { Id, Path, Type, Time, Message };
 
   // The arguments must outlive the model.
   CResultListModel(const CUISetting& setting, const my::IMessageTexts& texts, const my::IClock& clock);

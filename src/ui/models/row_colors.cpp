@@ -15,11 +15,11 @@ constexpr my::CColor kIncompleteColor{0x8A, 0x5A, 0x00};
 }  // namespace
 
 ResultState StateOf(const CResult& result) {
-  if (result.error) return ResultState::FAILED;
-  const bool created = result.phase == Phase::CREATED;
-  if (!created && result.phase != Phase::SKIPPED) return ResultState::RUNNING;
-  if (!result.targets->Unlisted().empty()) return ResultState::INCOMPLETE;
-  return created ? ResultState::CREATED : ResultState::NOT_UPDATED;
+  if (result.error) return ResultState::Failed;
+  const bool created = result.phase == Phase::Created;
+  if (!created && result.phase != Phase::Skipped) return ResultState::Running;
+  if (!result.targets->Unlisted().empty()) return ResultState::Incomplete;
+  return created ? ResultState::Created : ResultState::NotUpdated;
 }
 
 std::wstring RowText(const my::IMessageTexts& texts, const CResult& result) {
@@ -32,7 +32,7 @@ std::wstring RowText(const my::IMessageTexts& texts, const CResult& result) {
 }
 
 my::CListLook StateLook(const CUISetting& setting, ResultState state) {
-  if (state == ResultState::INCOMPLETE) return {kIncompleteColor, false};
+  if (state == ResultState::Incomplete) return {kIncompleteColor, false};
   return {setting.stateColors[static_cast<size_t>(state)], false};
 }
 

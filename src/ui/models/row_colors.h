@@ -16,7 +16,7 @@ struct CUISetting;
 
 // The first four are in the order of the state colours in the settings. INCOMPLETE has no colour there: the
 // row ended without an error, but folders of its source could not be listed.
-enum class ResultState { CREATED, RUNNING, NOT_UPDATED, FAILED, INCOMPLETE };
+enum class ResultState { Created, Running, NotUpdated, Failed, Incomplete };
 
 // Returns phase or error of a row, and the first folder that could not be listed, with the reason; in one
 // line.

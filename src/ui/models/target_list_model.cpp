@@ -59,10 +59,10 @@ std::optional<size_t> CTargetListModel::Find(std::wstring_view text, size_t star
 std::wstring CTargetListModel::Text(size_t row, size_t column) const {
   const CTarget& target = Target(row);
   switch (column) {
-    case PATH: return std::wstring(target.RelativePath());
-    case TIME: return LocalTimeText(m_clock, target.LastWriteTime());
-    case SIZE: return target.IsFolder() ? std::wstring() : GroupedText(target.Size());
-    case ATTRIBUTES: return AttributesText(target.Attributes());
+    case Path: return std::wstring(target.RelativePath());
+    case Time: return LocalTimeText(m_clock, target.LastWriteTime());
+    case Size: return target.IsFolder() ? std::wstring() : GroupedText(target.Size());
+    case Attributes: return AttributesText(target.Attributes());
     default: return FilterItemText(m_texts, target.FilterItem());
   }
 }

@@ -16,7 +16,7 @@ namespace qlm {
 // All entries of a task's source in listing order, with the filter line that decided each.
 class CTargetListModel : public CTableModel {
  public:
-  enum TargetColumn : size_t { PATH, TIME, SIZE, ATTRIBUTES, FILTER };
+  enum TargetColumn : size_t { Path, Time, Size, Attributes, Filter };
 
   // `texts` and `clock` must outlive the model.
   CTargetListModel(CTargetsPtr targets, const my::IMessageTexts& texts, const my::IClock& clock);

@@ -48,7 +48,7 @@ size_t CTaskDstsModel::StepRow(size_t row, Step step) {
 // Returns the nearest used row in that direction; the row itself if there is none.
 size_t CTaskDstsModel::Neighbour(size_t row, Step step) const {
   if (!m_rows[row].used) return row;
-  if (step == Step::UP) {
+  if (step == Step::Up) {
     for (size_t i = row; i-- > 0;) {
       if (m_rows[i].used) return i;
     }
@@ -63,9 +63,9 @@ size_t CTaskDstsModel::Neighbour(size_t row, Step step) const {
 std::wstring CTaskDstsModel::Text(size_t row, size_t column) const {
   const CDst& dst = *m_dsts[row];
   switch (column) {
-    case NUMBER: return std::to_wstring(m_rows[row].number);
-    case FOLDER: return dst.folder;
-    case TYPE: return m_texts.Text(kDstTypeTexts[dst.type]);
+    case Number: return std::to_wstring(m_rows[row].number);
+    case Folder: return dst.folder;
+    case Type: return m_texts.Text(kDstTypeTexts[dst.type]);
     default: return dst.pattern;
   }
 }

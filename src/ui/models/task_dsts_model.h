@@ -14,7 +14,7 @@ namespace qlm {
 // a row.
 class CTaskDstsModel : public CTableModel {
  public:
-  enum DstColumn : size_t { NUMBER, FOLDER, TYPE, PATTERN };
+  enum DstColumn : size_t { Number, Folder, Type, Pattern };
 
   // Destinations in `used` that are not objects in `dsts` are ignored. The texts must outlive the model.
   CTaskDstsModel(const CDsts& dsts, const CTaskDsts& used, const my::IMessageTexts& texts);

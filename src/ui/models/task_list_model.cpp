@@ -20,11 +20,11 @@ constexpr CColumnSpec kColumns[] = {{IDS_COL_TASK_ID, 140},
 // Lower is more urgent: if a task has rows in several states, the most urgent one is shown.
 int Urgency(ResultState state) {
   switch (state) {
-    case ResultState::FAILED: return 0;
-    case ResultState::RUNNING: return 1;
-    case ResultState::INCOMPLETE: return 2;
-    case ResultState::CREATED: return 3;
-    case ResultState::NOT_UPDATED: break;
+    case ResultState::Failed: return 0;
+    case ResultState::Running: return 1;
+    case ResultState::Incomplete: return 2;
+    case ResultState::Created: return 3;
+    case ResultState::NotUpdated: break;
   }
   return 4;
 }
@@ -63,10 +63,10 @@ size_t CTaskListModel::RowCount() const {
 std::wstring CTaskListModel::Text(size_t row, size_t column) const {
   const CTask& task = *m_document.Tasks()[row];
   switch (column) {
-    case ID: return ShownValue(task, kReplaceTaskId);
-    case PATH: return ShownValue(task, kReplaceTaskPath);
-    case FILTER: return ShownValue(task, kReplaceTaskFilter);
-    case DSTS: return DstNumbers(task);
+    case Id: return ShownValue(task, kReplaceTaskId);
+    case Path: return ShownValue(task, kReplaceTaskPath);
+    case Filter: return ShownValue(task, kReplaceTaskFilter);
+    case Dsts: return DstNumbers(task);
     default: break;
   }
   const CState* state = FindState(row);

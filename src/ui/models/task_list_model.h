@@ -14,7 +14,7 @@ class CDocument;
 // The tasks of the document with the results of their last run.
 class CTaskListModel : public CTableModel {
  public:
-  enum TaskColumn : size_t { ID, PATH, FILTER, DSTS, STATE };
+  enum TaskColumn : size_t { Id, Path, Filter, Dsts, State };
 
   // The arguments must outlive the model.
   CTaskListModel(const CDocument& document, const CUISetting& setting, const my::IMessageTexts& texts);
@@ -33,7 +33,7 @@ class CTaskListModel : public CTableModel {
 
  private:
   struct CState {
-    ResultState state = ResultState::RUNNING;
+    ResultState state = ResultState::Running;
     std::wstring text;
   };
 
@@ -43,7 +43,7 @@ class CTaskListModel : public CTableModel {
   const CDocument& m_document;
   const CUISetting& m_setting;
   std::unordered_map<const CDst*, size_t> m_dstNumbers;  // from 1
-  std::unordered_map<std::wstring, CState> m_states;     // by task ID
+  std::unordered_map<std::wstring, CState> m_states;     // by task Id
 };
 
 }  // namespace qlm

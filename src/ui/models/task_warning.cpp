@@ -63,7 +63,7 @@ std::wstring TaskWarning(const CTask& task, const CEnginePorts& ports) {
       return Warning(ports.texts, IDS_TASK_DST_WITHIN_SOURCE, {dst->folder});
   }
   const bool exists =
-      IsOnNetwork(task.path) || my::KindIfKnown(ports.files, task.path) == my::PathKind::FOLDER;
+      IsOnNetwork(task.path) || my::KindIfKnown(ports.files, task.path) == my::PathKind::Folder;
   if (!exists) return Warning(ports.texts, IDS_TASK_NO_SOURCE, {task.path});
   for (const CDstPtr& dst : task.dsts) {
     if (auto warning = ArchiveWarning(*dst, task.id, ports); !warning.empty()) return warning;
