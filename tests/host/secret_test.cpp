@@ -59,7 +59,10 @@ TEST(Secret, password_is_wiped_before_its_memory_is_freed) {
     SetArchiveSetting(a.app->Settings().archive, edited);
     my::Wipe(edited.password);
     CBackupTask job({a.files, a.clock, a.ansi, a.texts, a.process}, {*content.tasks[0], L"", kSecret});
-    job.SetPassword(L"b");
+    job.SetPassword(std::wstring(200, L'x'));  // needs other memory
+    std::wstring shorter = kSecret;
+    shorter = L"b";
+    my::Wipe(shorter);
     { const std::wstring replaced = std::move(a.app->Settings().archive.password); }
     a.app->Settings().archive.password = kSecret;
     a.app.reset();
