@@ -128,7 +128,7 @@ struct SettingsSheet : SettingsDialogs {
     page = test::ChildWith(sheet.Hwnd(), IDC_ARCHIVER_PATH);
   }
 
-  CSettingsSheet sheet{Context(), 0};
+  CSettingsSheet sheet{Context(), 0, [](const CDesignSetting&) {}};
   HWND page = nullptr;
 };
 

@@ -71,7 +71,7 @@ void DrawPushButton(const DRAWITEMSTRUCT& draw, bool disabled) {
 
 }  // namespace
 
-CDesignPage::CDesignPage(CAppContext& context, FPreview preview)
+CDesignPage::CDesignPage(CAppContext& context, CDesignPreview preview)
     : CSettingsPage(IDD_DESIGN_PAGE), m_context(context), m_preview(std::move(preview)) {}
 
 std::wstring CDesignPage::Title() const {

@@ -13,10 +13,7 @@ struct CAppContext;
 // Changes are previewed in the main window at once; the sheet restores the design when cancelled.
 class CDesignPage : public CSettingsPage {
  public:
-  using FPreview = std::function<void(const CDesignSetting&)>;
-
-  // `preview` shows a design; it throws IDS_IMAGE_NOT_READ.
-  CDesignPage(CAppContext& context, FPreview preview);
+  CDesignPage(CAppContext& context, CDesignPreview preview);
 
   std::wstring Title() const override;
 
@@ -43,7 +40,7 @@ class CDesignPage : public CSettingsPage {
   my::CColor& ColorOf(int id);
 
   CAppContext& m_context;
-  FPreview m_preview;
+  CDesignPreview m_preview;
   CDesignSetting m_design;
   int m_refused = 0;  // the control with the refused value
 };

@@ -9,7 +9,11 @@
 
 namespace qlm {
 
+struct CDesignSetting;
 struct CSettings;
+
+// Shows a design in the main window. Throws IDS_IMAGE_NOT_READ.
+using CDesignPreview = std::function<void(const CDesignSetting&)>;
 
 // A child dialog. Its sheet creates and shows it, and outlives it.
 class CSettingsPage : public my::CDialog {

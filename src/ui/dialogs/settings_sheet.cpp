@@ -17,7 +17,7 @@
 
 namespace qlm {
 
-CSettingsSheet::CSettingsSheet(CAppContext& context, size_t firstPage, FPreview preview)
+CSettingsSheet::CSettingsSheet(CAppContext& context, size_t firstPage, CDesignPreview preview)
     : CDialog(IDD_SETTINGS), m_context(context), m_preview(std::move(preview)) {
   m_pages.push_back(std::make_unique<CGeneralPage>(context));
   m_pages.push_back(

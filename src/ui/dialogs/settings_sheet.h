@@ -11,18 +11,13 @@
 namespace qlm {
 
 struct CAppContext;
-struct CDesignSetting;
 
 // OK and Apply store all pages in the live settings, or none if a page refuses; that page is then shown. The
 // settings file is not written.
 class CSettingsSheet : public my::CDialog {
  public:
-  // Shows a design in the main window; throws if an image cannot be read.
-  using FPreview = std::function<void(const CDesignSetting&)>;
-
   // Opens with the page at the given 0-based index, at most the last one.
-  CSettingsSheet(
-      CAppContext& context, size_t firstPage, FPreview preview = [](const CDesignSetting&) {});
+  CSettingsSheet(CAppContext& context, size_t firstPage, CDesignPreview preview);
 
  protected:
   bool OnInit() override;
@@ -41,7 +36,7 @@ class CSettingsSheet : public my::CDialog {
   bool StorePages(CSettings& settings);
 
   CAppContext& m_context;
-  FPreview m_preview;
+  CDesignPreview m_preview;
   bool m_cancelled = false;
   size_t m_shown;
   my::CAutoMessageLoop m_pageKeys;  // never runs: the modal loop of the sheet handles the keys of the pages

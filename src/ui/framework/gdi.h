@@ -13,7 +13,6 @@ namespace my {
 using CFont = CHandle<HFONT, &::DeleteObject>;
 using CBrush = CHandle<HBRUSH, &::DeleteObject>;
 using CBitmap = CHandle<HBITMAP, &::DeleteObject>;
-using CPen = CHandle<HPEN, &::DeleteObject>;
 using CIcon = CHandle<HICON, &::DestroyIcon>;
 using CMenu = CHandle<HMENU, &::DestroyMenu>;
 using CImageList = CHandle<HIMAGELIST, &::ImageList_Destroy>;

@@ -55,14 +55,10 @@ LRESULT CSplitter::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_NOTIFY:
     case WM_CONTEXTMENU: return ::SendMessageW(Parent(), message, wParam, lParam);
     case WM_SIZE: Arrange(); return 0;
-    case WM_LBUTTONDOWN: StartDrag(GET_Y_LPARAM(lParam)); return 0;
+    case WM_LBUTTONDOWN:
     case WM_MOUSEMOVE:
-      if (m_dragging) MoveTo(GET_Y_LPARAM(lParam) - m_grip);
-      return 0;
     case WM_LBUTTONUP:
-      if (m_dragging) ::ReleaseCapture();
-      return 0;
-    case WM_CAPTURECHANGED: m_dragging = false; return 0;
+    case WM_CAPTURECHANGED: HandleDrag(message, GET_Y_LPARAM(lParam)); return 0;
     case WM_SETCURSOR:
       if (SetCursor(reinterpret_cast<HWND>(wParam), LOWORD(lParam))) return TRUE;
       break;
@@ -77,6 +73,16 @@ LRESULT CSplitter::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     default: break;
   }
   return Default(message, wParam, lParam);
+}
+
+void CSplitter::HandleDrag(UINT message, int y) {
+  switch (message) {
+    case WM_LBUTTONDOWN: return StartDrag(y);
+    case WM_CAPTURECHANGED: m_dragging = false; return;
+    default: break;
+  }
+  if (m_dragging && message == WM_MOUSEMOVE) MoveTo(y - m_grip);
+  if (m_dragging && message == WM_LBUTTONUP) ::ReleaseCapture();
 }
 
 bool CSplitter::SetCursor(HWND window, UINT hit) const {

@@ -32,6 +32,7 @@ class CSplitter : public CWindow {
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
+  void HandleDrag(UINT message, int y);
   bool SetCursor(HWND window, UINT hit) const;
   void Arrange() const;
   int BarTop() const;  // pixels
