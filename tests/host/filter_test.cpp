@@ -59,7 +59,7 @@ TEST(Filter, invalid_line_has_an_error_and_matches_nothing) {
   }
   qlm::CFilter again = Filter({L"- a", L"x"});
   again.Parse({L"- b"}, texts);
-  EXPECT_TRUE(again.Items().size() == 1 && !again.HasErrors());
+  EXPECT_TRUE(again.Items().size() == 1 && !again.HasErrors() && Deciding(again, L"b") == 0);
   EXPECT_EQ(Filter({L"+abc def/"}).Items()[0]->pattern, L"def/") << "the pattern as typed";
   EXPECT_NE(Filter({L"𠮷"}).FirstError()->error.message.find(L"(𠮷)"), std::wstring::npos);
   EXPECT_EQ(Filter({L"- 𠮷(古[写真"}).FirstError()->error.message,
