@@ -85,6 +85,8 @@ TEST_F(EditDialogs, destinations_of_a_task_are_selected_and_ordered_by_keyboard)
   CTaskDialog dialog(context, *document.Tasks()[0], ReplaceFirst());
   dialog.CreateModeless(nullptr, loop);
   const HWND list = dialog.Item(IDC_TASK_DSTS);
+  EXPECT_EQ(ListView_GetItemCount(list), 3);
+  EXPECT_NE(ListView_GetItemState(list, 0, LVIS_STATEIMAGEMASK), 0u) << "the box";
   EXPECT_FALSE(::IsWindowEnabled(dialog.Item(IDC_TASK_UP)));
   EXPECT_EQ(dialog.ItemText(IDC_TASK_WARNING), L"");
   test::FocusRow(list, 2);

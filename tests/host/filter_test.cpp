@@ -57,6 +57,9 @@ TEST(Filter, invalid_line_has_an_error_and_matches_nothing) {
     EXPECT_EQ(filter.FirstError()->error.code, id) << line;
     EXPECT_EQ(Deciding(filter, L"a.tmp"), 2);
   }
+  qlm::CFilter again = Filter({L"- a", L"x"});
+  again.Parse({L"- b"}, texts);
+  EXPECT_TRUE(again.Items().size() == 1 && !again.HasErrors() && Deciding(again, L"b") == 0);
   EXPECT_EQ(Filter({L"+abc def/"}).Items()[0]->pattern, L"def/") << "the pattern as typed";
   EXPECT_NE(Filter({L"𠮷"}).FirstError()->error.message.find(L"(𠮷)"), std::wstring::npos);
   EXPECT_EQ(Filter({L"- 𠮷(古[写真"}).FirstError()->error.message,
@@ -72,6 +75,7 @@ TEST(TextFile, encoding_and_line_ends_are_detected) {
       {"\n\r\n\r", {L"", L"", L""}},
       {"\xEF\xBB\xBF\xE5\xAD\x97\xFF\n", {L"字\xFFFD"}},
       {"\x8E\x9A\xB1\x81 \xE5", {L"字ｱ\xFFFD \xFFFD"}},
+      {"\xFF\xFE\x42\xD8\xB7\xDF", {L"𠮷"}},
       {std::string("\xFF\xFE\x57\x5B\x42\xD8\xB7\xDF\n\0!", 11), {L"字𠮷", L"\xFFFD"}},
       {std::string("\xFE\xFF\x5B\x57\xD8\x42\xDF\xB7\0\r\0\n\xDF\xB7\xD8\x42", 16),
        {L"字𠮷", L"\xFFFD\xFFFD"}}};
