@@ -43,7 +43,7 @@ class CTaskListModel : public CTableModel {
   const CDocument& m_document;
   const CUISetting& m_setting;
   std::unordered_map<const CDst*, size_t> m_dstNumbers;  // from 1
-  std::unordered_map<std::wstring, CState> m_states;     // by task Id
+  std::unordered_map<std::wstring, CState> m_states;     // by task ID
 };
 
 }  // namespace qlm
