@@ -77,7 +77,7 @@ check_floors() {
 check_os_headers() {
   local c_library='(assert|ctype|errno|float|inttypes|limits|locale|math|stdarg|stddef|stdint|stdio|stdlib|string|time|wchar|wctype)\.h'
   local libraries='(boost|CLI|nlohmann|gtest|gmock|sanitizer)/'
-  local posix='(sys/.*|iconv|unistd|fcntl|dlfcn|pthread)\.h'
+  local posix='(sys/.*|iconv|malloc|unistd|fcntl|dlfcn|pthread)\.h'
   cpp_files src tests bench | grep -vP "$may_use_windows" | search -E '^\s*#\s*include\s*<.*\.h>' |
     grep -vE "<($c_library|$libraries)|^tests/[^:]+:.*<$posix>" |
     report_text 'OS header outside the OS floor' || true

@@ -38,6 +38,7 @@ run_with_password() {
 
 run_qlm --7z "$archiver" --settings "$(to_win "$work/none.config")" "$document"
 expect_code 2
+expect_err 'none.config'
 run_qlm --7z "$archiver" "$document" # no password given
 expect_code 2
 expect_err 'zip パスワードが必要です'

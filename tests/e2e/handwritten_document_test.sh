@@ -61,10 +61,6 @@ expect_code 0
 expect_out "書類 | $(to_win "$dst1/書類_2016_03_05") | 正常終了 - 更新されていないためスキップされました"
 expect_out '正常終了 - 結果 2 件、エラー 0 件'
 
-run_qlm --quiet "$document"
-expect_code 1
-[[ $(wc -l <"$out") == 2 ]] || fail "--quiet printed more than the two errors"
-
 run_qlm --task 知らない "$document"
 expect_code 2
 expect_err '指定された ID のタスクがありません: 知らない'

@@ -49,6 +49,7 @@ class BackupTask : public testing::Test {
     const auto job = boost::make_shared<CBackupTask>(ports, qlm::CBackupJob{task, L"C:\\7z.exe", L"pw"});
     job->SetStopQuery(stop);
     job->SetListOnly(listOnly);
+    job->SetTask(task);  // replaces the rows
     job->Run();
     return job->Results();
   }

@@ -102,6 +102,7 @@ TEST(NameFaults, names_that_windows_maps_to_others_are_found) {
   }
   EXPECT_EQ(fault(L"D:\\b", L"8:30"), colon + L"8:30");
   EXPECT_EQ(fault(L"D:\\a:b", L"x"), colon + L"a:b");
+  EXPECT_EQ(fault(L"nul\\b", L"x"), device + L"nul") << "without a drive";
   for (const wchar_t* folder : {L"D:", L"\\\\?\\D:\\b", L"\\\\server\\share", L"..\\b", L""}) {
     EXPECT_EQ(fault(folder, L"\\.a\\b.\\communal\\com10\\nul_1.zip"), L"") << folder;
   }

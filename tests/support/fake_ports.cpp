@@ -67,7 +67,6 @@ uint32_t CFakeProcess::Run(const my::CProcessStart& start) {
 }
 
 std::unique_ptr<my::IRunningThread> CStdThreads::Start(std::function<void()> body, const my::CThreadStart&) {
-  if (m_fail) throw my::CException(IDS_START_THREAD_FAILED, {my::CSystemError::FromWin32(8)});
   return std::make_unique<CStdThread>(std::move(body));
 }
 

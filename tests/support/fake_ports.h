@@ -76,12 +76,8 @@ class CFakeProcess : public my::IProcess {
 
 class CStdThreads : public my::IThreads {
  public:
-  void FailToStart(bool fail) { m_fail = fail; }
   std::unique_ptr<my::IRunningThread> Start(std::function<void()> body,
                                             const my::CThreadStart& start) override;
-
- private:
-  bool m_fail = false;
 };
 
 struct CFakeConsole : my::IConsole {
