@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "document/document.h"
+#include "settings/settings.h"
 #include "text_ids.h"
 #include "ui/models/background_model.h"
 #include "ui/models/next_step.h"

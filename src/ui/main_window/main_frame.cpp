@@ -10,6 +10,7 @@
 #include "support/paths.h"
 #include "text_ids.h"
 #include "ui/framework/dpi.h"
+#include "ui/framework/dropped_files.h"
 #include "ui/framework/window_placement.h"
 #include "ui/main_window/main_menu.h"
 

@@ -1,11 +1,14 @@
 // The main window.
 #pragma once
 
+#include <windows.h>
+
+#include <shellapi.h>
+
 #include <memory>
 
 #include "app/windows.h"
 #include "ui/dialogs/dialogs.h"
-#include "ui/framework/dropped_files.h"
 #include "ui/framework/full_screen.h"
 #include "ui/framework/message_loop.h"
 #include "ui/framework/session_hold.h"

@@ -5,7 +5,6 @@
 #include "platform/message_texts.h"
 #include "settings/settings.h"
 #include "text_ids.h"
-#include "ui/framework/dpi.h"
 #include "ui/models/next_step.h"
 
 namespace qlm {

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <windows.h>
+
 #include <cstdint>
 #include <string>
 #include <vector>
 
-#include "ui/framework/gdi.h"
 #include "ui/look/tool_images.h"
 
 namespace my {

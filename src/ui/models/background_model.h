@@ -4,8 +4,9 @@
 #include <cstdint>
 #include <span>
 
-#include "settings/settings.h"
+#include "settings/settings_enums.h"
 #include "support/contrast.h"
+#include "support/placement.h"
 
 namespace qlm {
 

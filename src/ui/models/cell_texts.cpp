@@ -7,7 +7,6 @@
 #include "platform/clock.h"
 #include "platform/message_texts.h"
 #include "support/exception.h"
-#include "support/strings.h"
 #include "text_ids.h"
 
 namespace qlm {

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "platform/message_texts.h"
-#include "settings/settings.h"
 #include "support/strings.h"
 #include "text_ids.h"
 #include "ui/models/cell_texts.h"
