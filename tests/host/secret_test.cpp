@@ -60,9 +60,6 @@ TEST(Secret, password_is_wiped_before_its_memory_is_freed) {
     my::Wipe(edited.password);
     CBackupTask job({a.files, a.clock, a.ansi, a.texts, a.process}, {*content.tasks[0], L"", kSecret});
     job.SetPassword(std::wstring(200, L'x'));  // needs other memory
-    std::wstring shorter = kSecret;
-    shorter = L"b";
-    my::Wipe(shorter);
     { const std::wstring replaced = std::move(a.app->Settings().archive.password); }
     a.app->Settings().archive.password = kSecret;
     a.app.reset();
@@ -71,6 +68,14 @@ TEST(Secret, password_is_wiped_before_its_memory_is_freed) {
     EXPECT_EQ(a.settings->archive.password, L"");
     EXPECT_EQ(a.process.Starts().size(), archives + 1);
   }
+}
+
+TEST(Secret, what_a_shorter_text_leaves_behind_is_wiped) {
+  std::wstring text = kSecret;
+  const wchar_t* memory = text.data();
+  text = L"b";
+  my::Wipe(text);
+  EXPECT_EQ(std::wstring(memory, kSecret.size()).find(kTail), std::wstring::npos);
 }
 
 }  // namespace
