@@ -22,6 +22,7 @@
 #include "platform/win32/win32_known_folders.h"
 #include "platform/win32/win32_threads.h"
 #include "support/fake_system.h"
+#include "text_ids.h"
 #include "ui/framework/failures.h"
 #include "ui/main_window/document_clipboard.h"
 #include "ui/main_window/main_frame.h"
@@ -121,18 +122,20 @@ class CGuiApp : public CWin32Ports {
   }
 
   qlm::CTaskPtr AddTask(const std::wstring& id, const std::wstring& path) {
-    app->Document().Edit(qlm::DocChangeEventFlags::CHNAGE_TASKS, [&](qlm::CContent& content) {
-      content.tasks.Append(boost::make_shared<qlm::CTask>(qlm::CTask{id, path, L"", {}}));
-      return true;
-    });
+    app->Document().Edit(
+        IDS_EDIT_ADD_TASK, qlm::DocChangeEventFlags::CHNAGE_TASKS, [&](qlm::CContent& content) {
+          content.tasks.Append(boost::make_shared<qlm::CTask>(qlm::CTask{id, path, L"", {}}));
+          return true;
+        });
     return app->Document().Tasks().FindId(id);
   }
 
   void AddDst(const std::wstring& folder, qlm::DstType type = qlm::DstType::FOLDER) {
-    app->Document().Edit(qlm::DocChangeEventFlags::CHNAGE_DSTS, [&](qlm::CContent& content) {
-      content.dsts.Append(boost::make_shared<qlm::CDst>(qlm::CDst{folder, type, L"<ID>_<Y>"}));
-      return true;
-    });
+    app->Document().Edit(
+        IDS_EDIT_ADD_DST, qlm::DocChangeEventFlags::CHNAGE_DSTS, [&](qlm::CContent& content) {
+          content.dsts.Append(boost::make_shared<qlm::CDst>(qlm::CDst{folder, type, L"<ID>_<Y>"}));
+          return true;
+        });
   }
 
   my::CComApartment com;

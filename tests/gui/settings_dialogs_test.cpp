@@ -20,7 +20,7 @@ struct SettingsDialogs : testing::Test, test::CDialogApp {
   CArchiveSetting& Archive() { return Settings().archive; }
 
   void Fill() {
-    app.Document().Edit(DocChangeEventFlags::RESET, [](CContent& content) {
+    app.Document().Edit(IDS_EDIT_MERGE, DocChangeEventFlags::RESET, [](CContent& content) {
       for (const wchar_t* id : {L"ab1", L"ab2"}) {
         content.tasks.Append(boost::make_shared<CTask>(CTask{id, L"C:\\src", L"", {}}));
       }
