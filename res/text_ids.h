@@ -371,6 +371,8 @@
 #define IDS_USED_BY_SOME             929
 #define IDS_TEXT_COLOR               930
 #define IDS_BRUSH_COLOR              931
+#define IDS_TOOL_UNDO                932
+#define IDS_TOOL_REDO                933
 
 // Text of the replace command; the id is also the command id.
 #define IDS_CMD_REPLACE              57641

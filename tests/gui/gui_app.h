@@ -88,14 +88,17 @@ class CGuiApp : public CWin32Ports {
 
   // Executes a command that opens a modal dialog, and calls `user` with the dialog, which it must close.
   void DoWithDialog(int id, std::function<void(HWND)> user) {
+    DoWithDialog([this, id] { Do(id); }, std::move(user));
+  }
+  void DoWithDialog(const std::function<void()>& open, std::function<void(HWND)> user) {
     m_user = std::move(user);
     m_patience = 500;
     s_current = this;
     const UINT_PTR timer = ::SetTimer(nullptr, 0, 10, PlayUser);
-    Do(id);
+    open();
     PumpUntil([this] { return !m_user || !app->Run().IsActive(); });
     ::KillTimer(nullptr, timer);
-    if (m_user) ADD_FAILURE() << "no dialog for " << id;
+    if (m_user) ADD_FAILURE() << "no dialog";
   }
 
   void RunToEnd() {

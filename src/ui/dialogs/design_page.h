@@ -37,6 +37,7 @@ class CDesignPage : public CSettingsPage {
   void Edited();
   void Show();
   void DrawSwatch(const DRAWITEMSTRUCT& draw);
+  void NameColors() const;
   my::CColor& ColorOf(int id);
 
   CAppContext& m_context;

@@ -77,6 +77,8 @@ class CListView {
   void Detach();
   void AddColumns();
   void UseImages();
+  void UpdateRemarks();
+  void Toggle(size_t row);
   void ChangeDpi(UINT dpi);
 
   std::optional<LRESULT> HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
@@ -98,6 +100,7 @@ class CListView {
   bool m_quiet = false;  // the object itself is changing the selection
   UINT m_dpi = 0;
   CImageList m_images;
+  std::vector<std::wstring> m_remarks;  // of the check boxes, as set in the control
   CListDrag m_drag;
   CSubclass m_parentHook;
   CSubclass m_listHook;

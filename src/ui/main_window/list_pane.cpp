@@ -53,7 +53,9 @@ HWND CListPane::AddControl(const wchar_t* className, uint32_t textId, DWORD styl
 }
 
 void CListPane::EnableButton(int id, bool enable) const {
-  ::EnableWindow(::GetDlgItem(Hwnd(), id), enable);
+  const HWND button = ::GetDlgItem(Hwnd(), id);
+  if (!enable && ::GetFocus() == button) SetFocus();  // keys sent to a disabled button would be lost
+  ::EnableWindow(button, enable);
 }
 
 void CListPane::ShowHint(bool show) {

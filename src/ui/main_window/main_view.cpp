@@ -53,7 +53,7 @@ CMainView::CMainView(const CDocument& document, const CUISetting& setting, const
       m_described(&m_tasks) {}
 
 void CMainView::CreateIn(HWND parent) {
-  m_splitter.CreateIn(parent, IDC_SPLITTER);
+  m_splitter.CreateIn(parent, IDC_SPLITTER, m_texts.Text(IDS_SPLITTER));
   m_background.SetView(m_splitter.Hwnd());
   m_tasks.CreateIn(m_splitter.Hwnd(), IDC_TASK_PANE, IDC_TASK_LIST, my::CListView::Boxes::No, kTaskPane);
   m_dsts.CreateIn(m_splitter.Hwnd(), IDC_DST_PANE, IDC_DST_LIST, my::CListView::Boxes::Yes, kDstPane);
@@ -132,8 +132,8 @@ void CMainView::OnSystemChanged() {
 void CMainView::UseBackground() {
   m_splitter.drawBehind = nullptr;
   if (!m_background.IsPlain())
-    m_splitter.drawBehind = [this](HDC dc, const RECT& area) { m_background.Draw(dc, Hwnd(), area); };
-  m_splitter.Invalidate();
+    m_splitter.drawBehind = [this](HDC dc, HWND bar, const RECT& area) { m_background.Draw(dc, bar, area); };
+  ::InvalidateRect(m_splitter.Bar(), nullptr, FALSE);
   m_tasks.UseBackground();
   m_dsts.UseBackground();
 }
