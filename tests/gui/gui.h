@@ -59,11 +59,18 @@ template <class Test>
 bool PressUntil(my::CAutoMessageLoop& loop, HWND window, std::initializer_list<WORD> keys, Test test) {
   ::SetForegroundWindow(window);
   Press(keys);
-  const UINT_PTR timer =
-      ::SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR, DWORD) { ::PostQuitMessage(0); });
-  const ULONGLONG end = ::GetTickCount64() + 10'000;
-  do loop.Run();
-  while (!test() && ::GetTickCount64() < end);
+  static HWND s_window;
+  static ULONGLONG s_end;
+  s_window = window;
+  s_end = ::GetTickCount64() + 10'000;
+  const auto quit = [](HWND, UINT, UINT_PTR, DWORD) {
+    const bool modal = !::IsWindowEnabled(s_window);  // the loop of a modal dialog is running
+    if (!modal || ::GetTickCount64() > s_end) ::PostQuitMessage(0);
+  };
+  const UINT_PTR timer = ::SetTimer(nullptr, 0, 10, quit);
+  do {
+    loop.Run();
+  } while (!test() && ::GetTickCount64() < s_end);
   ::KillTimer(nullptr, timer);
   return test();
 }
@@ -186,11 +193,13 @@ inline std::vector<std::wstring> Clipped(HWND window) {
     ::GetClassNameW(at, name, 16);
     const bool label = std::wstring(name) == L"Static";
     if (!label && std::wstring(name) != L"Button") continue;
+    const auto style = static_cast<DWORD>(::GetWindowLongW(at, GWL_STYLE));
+    if (!label && (style & BS_TYPEMASK) == BS_OWNERDRAW) continue;  // does not show its text
     const std::wstring text = TextOf(at);
     const my::CSelect font(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(at, WM_GETFONT, 0, 0)));
     RECT needed{0, 0, Size(at).cx, 0};
     ::DrawTextW(dc.Get(), text.c_str(), -1, &needed, DT_CALCRECT | (label ? DT_WORDBREAK : DT_SINGLELINE));
-    const LONG box = (::GetWindowLongW(at, GWL_STYLE) & BS_TYPEMASK) < BS_AUTOCHECKBOX || label ? 0 : 16;
+    const LONG box = (style & BS_TYPEMASK) < BS_AUTOCHECKBOX || label ? 0 : 16;
     if (needed.right + box > Size(at).cx || needed.bottom > Size(at).cy) clipped.push_back(text);
   }
   return clipped;

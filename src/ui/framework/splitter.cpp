@@ -88,6 +88,9 @@ LRESULT CSplitter::CBar::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (m_splitter.HandleKey(static_cast<UINT>(wParam))) return 0;
       break;
     case WM_SETFOCUS:
+      if (m_splitter.onFocus) m_splitter.onFocus(reinterpret_cast<HWND>(wParam));
+      Invalidate();
+      return 0;
     case WM_KILLFOCUS: Invalidate(); return 0;
     case WM_ERASEBKGND: return TRUE;
     case WM_PAINT: Paint(); return 0;

@@ -32,6 +32,9 @@ class CSplitter : public CWindow {
   // Called after the user moved the bar.
   std::function<void()> onMoved;
 
+  // Called when the bar gets the focus from another window.
+  std::function<void(HWND from)> onFocus;
+
   // Draws the background of the bar; if empty, the system's face colour is used. Must be set again, or the
   // bar invalidated, when the background changes.
   std::function<void(HDC dc, HWND window, const RECT& area)> drawBehind;

@@ -53,17 +53,15 @@ HWND CListPane::AddControl(const wchar_t* className, uint32_t textId, DWORD styl
 }
 
 void CListPane::EnableButton(int id, bool enable) const {
-  const HWND button = ::GetDlgItem(Hwnd(), id);
-  if (!enable && ::GetFocus() == button) SetFocus();  // keys sent to a disabled button would be lost
-  ::EnableWindow(button, enable);
+  ::EnableWindow(::GetDlgItem(Hwnd(), id), enable);
 }
 
 void CListPane::ShowHint(bool show) {
-  const bool hadFocus = ::IsChild(Hwnd(), ::GetFocus()) != FALSE;
+  const HWND focus = ::GetFocus();
   ::ShowWindow(m_hint, show ? SW_SHOWNA : SW_HIDE);
   ::ShowWindow(m_hintButton, show ? SW_SHOWNA : SW_HIDE);
   ::ShowWindow(m_list.Hwnd(), show ? SW_HIDE : SW_SHOWNA);
-  if (hadFocus) SetFocus();
+  if (::IsChild(Hwnd(), focus) && !::IsWindowVisible(focus)) SetFocus();
 }
 
 void CListPane::ShowDescription(const std::wstring& text) {

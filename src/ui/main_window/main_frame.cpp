@@ -20,7 +20,8 @@ namespace qlm {
 namespace {
 
 constexpr UINT_PTR kRunTimer = 1;
-constexpr UINT kRunEnded = WM_APP + 1;  // posted, so that no dialog opens within a tick
+constexpr UINT kRunEnded = WM_APP + 1;   // posted, so that no dialog opens within a tick
+constexpr UINT kFocusLost = WM_APP + 2;  // posted, because a button may be enabled again at once
 
 // Pixels at 96 DPI.
 constexpr SIZE kSmallest{560, 400};
@@ -125,8 +126,8 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CREATE: OnCreate(); return 0;
     case WM_SIZE: Arrange(); return 0;
     case WM_ACTIVATE:
-      if (LOWORD(wParam) == WA_INACTIVE) m_lastFocus = ::GetFocus();
-      return CWindow::OnMessage(message, wParam, lParam);
+      if (LOWORD(wParam) == WA_INACTIVE) RememberFocus();
+      break;
     case WM_SETFOCUS: RestoreFocus(); return 0;
     case WM_COMMAND: OnCommand(LOWORD(wParam)); return 0;
     case WM_INITMENUPOPUP:
@@ -146,6 +147,7 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (wParam == kRunTimer) m_app->OnTimer();
       return 0;
     case kRunEnded: m_parts->run.OpenOutcome(); return 0;
+    case kFocusLost: OnFocusLost(); return 0;
     case WM_CLOSE: OnClose(); return 0;
     case WM_SYSCOLORCHANGE:
     case WM_SETTINGCHANGE:
@@ -156,6 +158,17 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     default: break;
   }
   return CWindow::OnMessage(message, wParam, lParam);
+}
+
+void CMainFrame::RememberFocus() {
+  m_lastFocus = ::GetFocus();
+  if (m_parts) m_parts->view.Current();  // remembers the list, too
+}
+
+// Keys sent to a disabled control would be lost.
+void CMainFrame::OnFocusLost() {
+  const HWND focus = ::GetFocus();
+  if (::GetActiveWindow() == Hwnd() && (!focus || !::IsWindowEnabled(focus))) RestoreFocus();
 }
 
 // Returns the focus to the control that had it, such as a button that opened a dialog.
@@ -257,9 +270,13 @@ void CMainFrame::OnFocusChanged() {
   UpdateCommands();
 }
 
-void CMainFrame::UpdateCommands() const {
+void CMainFrame::UpdateCommands() {
+  const HWND focus = ::GetFocus();
   for (const int id : m_parts->toolBar.Ids()) m_parts->toolBar.Enable(id, IsEnabled(id));
   m_parts->view.EnableButtons([this](int id) { return IsEnabled(id); });
+  if (!focus || ::IsWindowEnabled(focus)) return;
+  m_lastFocus = focus;
+  ::PostMessageW(Hwnd(), kFocusLost, 0, 0);
 }
 
 void CMainFrame::RedrawLists() {

@@ -86,13 +86,15 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void OnMenuSelect(int id, UINT flags);
   void ShowTip(NMTBGETINFOTIPW& tip) const;
   CCommandText TextOf(int id) const;
+  void RememberFocus();
   void RestoreFocus();
+  void OnFocusLost();
   void OnDrop(HDROP drop);
   void OnDpiChanged(UINT dpi, const RECT& suggested);
   void LimitSize(MINMAXINFO& limits) const;
   void OnSystemChanged();
   void OnClose();
-  void UpdateCommands() const;
+  void UpdateCommands();
   void UseDpi(UINT dpi);
   void Arrange();
 
@@ -109,7 +111,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   CToolImages m_images;
   my::CWindowIcons m_icons;
   UINT m_dpi = 0;
-  HWND m_lastFocus = nullptr;  // the control that had the focus when the window became inactive
+  HWND m_lastFocus = nullptr;  // the control that had the focus before the window or the control lost it
   my::CFullScreen m_fullScreen;
 };
 

@@ -54,6 +54,7 @@ CMainView::CMainView(const CDocument& document, const CUISetting& setting, const
 
 void CMainView::CreateIn(HWND parent) {
   m_splitter.CreateIn(parent, IDC_SPLITTER, m_texts.Text(IDS_SPLITTER));
+  m_splitter.onFocus = [this](HWND from) { RememberCurrent(from); };
   m_background.SetView(m_splitter.Hwnd());
   m_tasks.CreateIn(m_splitter.Hwnd(), IDC_TASK_PANE, IDC_TASK_LIST, my::CListView::Boxes::No, kTaskPane);
   m_dsts.CreateIn(m_splitter.Hwnd(), IDC_DST_PANE, IDC_DST_LIST, my::CListView::Boxes::Yes, kDstPane);
@@ -62,10 +63,13 @@ void CMainView::CreateIn(HWND parent) {
   for (CListPane* pane : {&m_tasks, &m_dsts}) pane->onAttention = [this, pane] { Describe(*pane); };
 }
 
-CListPane& CMainView::Current() {
-  const HWND focus = ::GetFocus();
+void CMainView::RememberCurrent(HWND focus) {
   if (::IsChild(m_tasks.Hwnd(), focus)) m_dstsCurrent = false;
   if (::IsChild(m_dsts.Hwnd(), focus)) m_dstsCurrent = true;
+}
+
+CListPane& CMainView::Current() {
+  RememberCurrent(::GetFocus());
   return m_dstsCurrent ? m_dsts : m_tasks;
 }
 
