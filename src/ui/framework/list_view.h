@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include <functional>
 #include <optional>
 #include <vector>
@@ -79,6 +81,7 @@ class CListView {
   void UseImages();
   void UpdateRemarks();
   void Toggle(size_t row);
+  bool HandleSetState(size_t row, const LVITEMW& item);
   void ChangeDpi(UINT dpi);
 
   std::optional<LRESULT> HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
