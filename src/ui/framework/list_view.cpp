@@ -3,8 +3,6 @@
 #include <commctrl.h>
 #include <windowsx.h>
 
-#include <utility>
-
 #include "platform/win32/last_error.h"
 #include "support/contrast.h"
 #include "support/exception.h"
@@ -12,34 +10,14 @@
 #include "ui/framework/colors.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/failures.h"
+#include "ui/framework/flag.h"
+#include "ui/framework/high_contrast.h"
 
 namespace my {
 namespace {
 
 constexpr DWORD kStyle = LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS;
 constexpr DWORD kExtendedStyle = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
-
-int Format(ListAlign align) {
-  switch (align) {
-    case ListAlign::Right: return LVCFMT_RIGHT;
-    case ListAlign::Centre: return LVCFMT_CENTER;
-    case ListAlign::Left: break;
-  }
-  return LVCFMT_LEFT;
-}
-
-// Sets a flag until destroyed.
-class CFlag {
- public:
-  explicit CFlag(bool& flag) : m_flag(flag), m_before(std::exchange(flag, true)) {}
-  CFlag(const CFlag&) = delete;
-  CFlag& operator=(const CFlag&) = delete;
-  ~CFlag() { m_flag = m_before; }
-
- private:
-  bool& m_flag;
-  bool m_before;
-};
 
 COLORREF ReadableOn(CColor background, CColor color) {
   const double luminance = Luminance(background);
@@ -83,7 +61,7 @@ void CListView::Attach(HWND list, Boxes boxes) {
   ListView_SetExtendedListViewStyle(list, kExtendedStyle);
   if (m_boxes) ListView_SetCallbackMask(list, LVIS_STATEIMAGEMASK);
   UseImages();
-  AddColumns();
+  m_columns.Create(list, m_model, m_dpi);
   Refresh();
 }
 
@@ -96,18 +74,6 @@ void CListView::Detach() {
   m_list = nullptr;
 }
 
-void CListView::AddColumns() {
-  for (size_t i = 0; i < m_model.ColumnCount(); ++i) {
-    CListColumn source = m_model.Column(i);
-    LVCOLUMNW column{};
-    column.mask = LVCF_FMT | LVCF_TEXT | LVCF_WIDTH;
-    column.fmt = Format(source.align);
-    column.cx = Scale(source.width, m_dpi);
-    column.pszText = source.title.data();
-    ListView_InsertColumn(m_list, static_cast<int>(i), &column);
-  }
-}
-
 void CListView::UseImages() {
   if (!m_boxes) return;
   CImageList images = CheckImages(m_dpi);
@@ -117,10 +83,9 @@ void CListView::UseImages() {
 
 void CListView::ChangeDpi(UINT dpi) {
   if (dpi == m_dpi) return;
-  const std::vector<int32_t> widths = Widths();
   m_dpi = dpi;
   UseImages();
-  SetWidths(widths);
+  m_columns.SetDpi(dpi);
 }
 
 void CListView::Refresh() {
@@ -174,21 +139,6 @@ std::optional<size_t> CListView::RowAt(POINT screen) const {
   return static_cast<size_t>(row);
 }
 
-void CListView::SetWidths(const std::vector<int32_t>& widths) {
-  for (size_t i = 0; i < m_model.ColumnCount(); ++i) {
-    const bool given = i < widths.size() && widths[i] >= 0;
-    const int width = given ? widths[i] : m_model.Column(i).width;
-    ListView_SetColumnWidth(m_list, static_cast<int>(i), Scale(width, m_dpi));
-  }
-}
-
-std::vector<int32_t> CListView::Widths() const {
-  std::vector<int32_t> widths;
-  for (size_t i = 0; i < m_model.ColumnCount(); ++i)
-    widths.push_back(Unscale(ListView_GetColumnWidth(m_list, static_cast<int>(i)), m_dpi));
-  return widths;
-}
-
 std::optional<LRESULT> CListView::OnMessage(UINT, WPARAM, LPARAM) {
   return {};
 }
@@ -205,7 +155,7 @@ LRESULT CListView::OnCustomDraw(NMLVCUSTOMDRAW& draw) {
   const CListLook look = m_model.Look(row);
   if (look.grey)
     draw.clrText = ::GetSysColor(COLOR_GRAYTEXT);
-  else if (look.color)
+  else if (look.color && !IsHighContrast())
     draw.clrText = ReadableOn(SystemColor(COLOR_WINDOW), *look.color);
   return CDRF_DODEFAULT;
 }
@@ -216,8 +166,19 @@ std::optional<LRESULT> CListView::HandleMessage(UINT message, WPARAM wParam, LPA
     ChangeDpi(static_cast<UINT>(wParam));
     return 0;
   }
+  if (m_columns.OnMessage(message)) return 0;
   switch (message) {
     case WM_DESTROY: Detach(); return {};
+    case WM_SIZE: {
+      const LRESULT result = m_listHook.Default(message, wParam, lParam);
+      m_columns.Fill();
+      return result;
+    }
+    case WM_NOTIFY: {
+      const LRESULT result = m_listHook.Default(message, wParam, lParam);
+      m_columns.OnHeader(*reinterpret_cast<const NMHDR*>(lParam));
+      return result;
+    }
     case WM_KEYDOWN: return HandleKey(static_cast<UINT>(wParam)) ? std::optional<LRESULT>(0) : std::nullopt;
     case WM_CHAR:
       // Without this, handled keys would start a search by text.
