@@ -77,6 +77,8 @@ class CListView {
  private:
   void Detach();
   void UseImages();
+  void UpdateRemarks();
+  void Toggle(size_t row);
   void ChangeDpi(UINT dpi);
 
   std::optional<LRESULT> HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
@@ -99,6 +101,7 @@ class CListView {
   UINT m_dpi = 0;
   CImageList m_images;
   CListColumns m_columns;
+  std::vector<std::wstring> m_remarks;  // of the check boxes, as set in the control
   CListDrag m_drag;
   CSubclass m_parentHook;
   CSubclass m_listHook;

@@ -59,11 +59,11 @@ void CListPane::EnableButton(int id, bool enable) const {
 }
 
 void CListPane::ShowHint(bool show) {
-  const bool hadFocus = ::IsChild(Hwnd(), ::GetFocus()) != FALSE;
+  const HWND focus = ::GetFocus();
   ::ShowWindow(m_hint, show ? SW_SHOWNA : SW_HIDE);
   ::ShowWindow(m_hintButton, show ? SW_SHOWNA : SW_HIDE);
   ::ShowWindow(m_list.Hwnd(), show ? SW_HIDE : SW_SHOWNA);
-  if (hadFocus) SetFocus();
+  if (::IsChild(Hwnd(), focus) && !::IsWindowVisible(focus)) SetFocus();
 }
 
 void CListPane::ShowDescription(const std::wstring& text) {

@@ -53,7 +53,8 @@ CMainView::CMainView(const CDocument& document, const CUISetting& setting, const
       m_described(&m_tasks) {}
 
 void CMainView::CreateIn(HWND parent) {
-  m_splitter.CreateIn(parent, IDC_SPLITTER);
+  m_splitter.CreateIn(parent, IDC_SPLITTER, m_texts.Text(IDS_SPLITTER));
+  m_splitter.onFocus = [this](HWND from) { RememberCurrent(from); };
   m_background.SetView(m_splitter.Hwnd(), [this] {
     std::vector<CRoom> rooms;
     m_tasks.AddRooms(rooms, Hwnd(), true);
@@ -67,10 +68,13 @@ void CMainView::CreateIn(HWND parent) {
   for (CListPane* pane : {&m_tasks, &m_dsts}) pane->onAttention = [this, pane] { Describe(*pane); };
 }
 
-CListPane& CMainView::Current() {
-  const HWND focus = ::GetFocus();
+void CMainView::RememberCurrent(HWND focus) {
   if (::IsChild(m_tasks.Hwnd(), focus)) m_dstsCurrent = false;
   if (::IsChild(m_dsts.Hwnd(), focus)) m_dstsCurrent = true;
+}
+
+CListPane& CMainView::Current() {
+  RememberCurrent(::GetFocus());
   return m_dstsCurrent ? m_dsts : m_tasks;
 }
 
@@ -137,8 +141,8 @@ void CMainView::OnSystemChanged() {
 void CMainView::UseBackground() {
   m_splitter.drawBehind = nullptr;
   if (!m_background.IsPlain())
-    m_splitter.drawBehind = [this](HDC dc, const RECT& area) { m_background.Draw(dc, Hwnd(), area); };
-  m_splitter.Invalidate();
+    m_splitter.drawBehind = [this](HDC dc, HWND bar, const RECT& area) { m_background.Draw(dc, bar, area); };
+  ::InvalidateRect(m_splitter.Bar(), nullptr, FALSE);
   m_tasks.UseBackground();
   m_dsts.UseBackground();
 }
