@@ -197,14 +197,4 @@ TEST_F(ListDialogs, results_follow_a_run_and_can_be_opened_and_saved) {
   EXPECT_TRUE(::IsWindowEnabled(owner.Hwnd()));
 }
 
-TEST_F(ListDialogs, texts_fit_at_every_dpi) {
-  CFilterDialog filter(context, L"C:\\work.flt", L"");
-  CTargetDialog targets(context, MakeResult());
-  CResultDialog results(context, rows);
-  for (my::CDialog* dialog : std::initializer_list<my::CDialog*>{&filter, &targets, &results}) {
-    dialog->CreateModeless(nullptr, loop);
-    test::ExpectTextsFit(dialog->Hwnd());
-  }
-}
-
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "gui/gui.h"
+#include "ui/framework/dpi.h"
 #include "ui/framework/window.h"
 
 namespace {
@@ -91,6 +92,37 @@ TEST_F(ListView, check_boxes_and_rows_react_to_mouse_and_keyboard) {
   EXPECT_EQ(ListView_FindItem(view.Hwnd(), 124, &find), 1230);
   find.psz = L"none";
   EXPECT_EQ(ListView_FindItem(view.Hwnd(), -1, &find), -1);
+}
+
+TEST_F(ListView, last_column_fills_the_list_and_the_others_keep_their_widths) {
+  const auto widthOf = [&](int column) { return ListView_GetColumnWidth(view.Hwnd(), column); };
+  const auto expectFilled = [&](const char* when) {
+    RECT client{};
+    ::GetClientRect(view.Hwnd(), &client);
+    EXPECT_EQ(widthOf(0) + widthOf(1), client.right) << when;
+  };
+  const std::vector<int32_t> widths{120, 90};
+  view.SetWidths(widths);
+  expectFilled("widths of the settings");
+  ::MoveWindow(view.Hwnd(), 0, 0, 700, 260, FALSE);
+  expectFilled("wider");
+  rows.count = 2;
+  view.Refresh();
+  expectFilled("without a scroll bar");
+  ::SendMessageW(view.Hwnd(), DpiMessage(), 144, 0);
+  EXPECT_EQ(widthOf(0), 180);
+  expectFilled("another DPI");
+  EXPECT_EQ(view.Widths(), widths) << "the filling is not stored";
+  ::MoveWindow(view.Hwnd(), 0, 0, 200, 260, FALSE);
+  EXPECT_EQ(widthOf(1), 135) << "scrolls instead of hiding the column";
+
+  ::MoveWindow(view.Hwnd(), 0, 0, 700, 260, FALSE);
+  HDITEMW item{};
+  item.mask = HDI_WIDTH;
+  item.cxy = 300;
+  Header_SetItem(ListView_GetHeader(view.Hwnd()), 0, &item);  // as a user would
+  expectFilled("a divider was moved");
+  EXPECT_EQ(view.Widths(), (std::vector<int32_t>{200, 90}));
 }
 
 TEST_F(ListView, screen_readers_know_the_check_boxes_and_hear_their_changes) {

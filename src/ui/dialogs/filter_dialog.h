@@ -18,7 +18,7 @@ class CFilterDialog final : public CListDialog {
   CFilterDialog(CAppContext& context, std::wstring path, std::wstring source = {});
 
  private:
-  std::vector<my::CAnchor> Anchors() const override;
+  my::CBox Layout() const override;
   bool OnInit() override;
   void OnOk() override;
   bool Execute(int id, int code) override;

@@ -12,6 +12,9 @@
 namespace my {
 
 int HeightOf(HWND window);  // pixels
+std::wstring ClassOf(HWND window);
+std::wstring TextOf(HWND window);
+bool IsComboBox(HWND window);
 
 // Appends the items to the list of a combo box.
 void FillCombo(HWND combo, const std::vector<std::wstring>& items);

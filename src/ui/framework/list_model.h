@@ -21,6 +21,8 @@ struct CListColumn {
 struct CListLook {
   std::optional<CColor> color;  // text colour; empty for the colour of the view
   bool grey = false;            // drawn as disabled; overrides the colour
+  bool alarm = false;           // stands out from the other rows
+  int icon = -1;                // index of an icon of the view; -1: none
 };
 
 // Rows and columns count from 0. The columns must not change during the life of a view. Code that changes
@@ -34,6 +36,7 @@ class IListModel {
   virtual CListColumn Column(size_t column) const = 0;
   virtual std::wstring Text(size_t row, size_t column) const = 0;
   virtual CListLook Look(size_t) const { return {}; }
+  virtual size_t IconColumn() const { return 0; }
 
   // A view shows check boxes only if created with CListView::Boxes::Yes.
   virtual ListCheck Check(size_t) const { return ListCheck::None; }

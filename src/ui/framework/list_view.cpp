@@ -14,34 +14,14 @@
 #include "ui/framework/colors.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/failures.h"
+#include "ui/framework/flag.h"
+#include "ui/framework/high_contrast.h"
 
 namespace my {
 namespace {
 
 constexpr DWORD kStyle = LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS;
 constexpr DWORD kExtendedStyle = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
-
-int Format(ListAlign align) {
-  switch (align) {
-    case ListAlign::Right: return LVCFMT_RIGHT;
-    case ListAlign::Centre: return LVCFMT_CENTER;
-    case ListAlign::Left: break;
-  }
-  return LVCFMT_LEFT;
-}
-
-// Sets a flag until destroyed.
-class CFlag {
- public:
-  explicit CFlag(bool& flag) : m_flag(flag), m_before(std::exchange(flag, true)) {}
-  CFlag(const CFlag&) = delete;
-  CFlag& operator=(const CFlag&) = delete;
-  ~CFlag() { m_flag = m_before; }
-
- private:
-  bool& m_flag;
-  bool m_before;
-};
 
 COLORREF ReadableOn(CColor background, CColor color) {
   const double luminance = Luminance(background);
@@ -87,7 +67,7 @@ void CListView::Attach(HWND list, Boxes boxes) {
   ListView_SetExtendedListViewStyle(list, kExtendedStyle | (m_boxes ? LVS_EX_CHECKBOXES : 0U));
   if (m_boxes) ListView_SetCallbackMask(list, LVIS_STATEIMAGEMASK);
   UseImages();
-  AddColumns();
+  m_columns.Create(list, m_model, m_dpi);
   Refresh();
 }
 
@@ -101,18 +81,6 @@ void CListView::Detach() {
   // The control would destroy the images, which this object owns.
   ListView_SetImageList(m_list, nullptr, LVSIL_STATE);
   m_list = nullptr;
-}
-
-void CListView::AddColumns() {
-  for (size_t i = 0; i < m_model.ColumnCount(); ++i) {
-    CListColumn source = m_model.Column(i);
-    LVCOLUMNW column{};
-    column.mask = LVCF_FMT | LVCF_TEXT | LVCF_WIDTH;
-    column.fmt = Format(source.align);
-    column.cx = Scale(source.width, m_dpi);
-    column.pszText = source.title.data();
-    ListView_InsertColumn(m_list, static_cast<int>(i), &column);
-  }
 }
 
 void CListView::UseImages() {
@@ -145,10 +113,9 @@ void CListView::Toggle(size_t row) {
 
 void CListView::ChangeDpi(UINT dpi) {
   if (dpi == m_dpi) return;
-  const std::vector<int32_t> widths = Widths();
   m_dpi = dpi;
   UseImages();
-  SetWidths(widths);
+  m_columns.SetDpi(dpi);
 }
 
 void CListView::Refresh() {
@@ -203,21 +170,6 @@ std::optional<size_t> CListView::RowAt(POINT screen) const {
   return static_cast<size_t>(row);
 }
 
-void CListView::SetWidths(const std::vector<int32_t>& widths) {
-  for (size_t i = 0; i < m_model.ColumnCount(); ++i) {
-    const bool given = i < widths.size() && widths[i] >= 0;
-    const int width = given ? widths[i] : m_model.Column(i).width;
-    ListView_SetColumnWidth(m_list, static_cast<int>(i), Scale(width, m_dpi));
-  }
-}
-
-std::vector<int32_t> CListView::Widths() const {
-  std::vector<int32_t> widths;
-  for (size_t i = 0; i < m_model.ColumnCount(); ++i)
-    widths.push_back(Unscale(ListView_GetColumnWidth(m_list, static_cast<int>(i)), m_dpi));
-  return widths;
-}
-
 std::optional<LRESULT> CListView::OnMessage(UINT, WPARAM, LPARAM) {
   return {};
 }
@@ -234,7 +186,7 @@ LRESULT CListView::OnCustomDraw(NMLVCUSTOMDRAW& draw) {
   const CListLook look = m_model.Look(row);
   if (look.grey)
     draw.clrText = ::GetSysColor(COLOR_GRAYTEXT);
-  else if (look.color)
+  else if (look.color && !IsHighContrast())
     draw.clrText = ReadableOn(SystemColor(COLOR_WINDOW), *look.color);
   return CDRF_DODEFAULT;
 }
@@ -245,11 +197,22 @@ std::optional<LRESULT> CListView::HandleMessage(UINT message, WPARAM wParam, LPA
     ChangeDpi(static_cast<UINT>(wParam));
     return 0;
   }
+  if (m_columns.OnMessage(message)) return 0;
   switch (message) {
     case WM_DESTROY: Detach(); return {};
     case LVM_SETITEMSTATE: {
       const auto& item = *reinterpret_cast<const LVITEMW*>(lParam);
       return HandleSetState(wParam, item) ? std::optional<LRESULT>(TRUE) : std::nullopt;
+    }
+    case WM_SIZE: {
+      const LRESULT result = m_listHook.Default(message, wParam, lParam);
+      m_columns.Fill();
+      return result;
+    }
+    case WM_NOTIFY: {
+      const LRESULT result = m_listHook.Default(message, wParam, lParam);
+      m_columns.OnHeader(*reinterpret_cast<const NMHDR*>(lParam));
+      return result;
     }
     case WM_SETFONT:
     case WM_SYSCOLORCHANGE:

@@ -1,5 +1,7 @@
 #include "ui/main_window/list_pane.h"
 
+#include <commctrl.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -117,6 +119,41 @@ void CListPane::Erase(HDC dc) {
   RECT area{};
   ::GetClientRect(Hwnd(), &area);
   m_background.Draw(dc, Hwnd(), area);
+}
+
+void CListPane::AddRooms(std::vector<CRoom>& rooms, HWND view, bool upper) const {
+  const auto inView = [view](HWND window, RECT area) -> my::CRect {
+    ::MapWindowPoints(window, view, reinterpret_cast<POINT*>(&area), 2);
+    return {area.left, area.top, area.right, area.bottom};
+  };
+  CRoom room{upper, inView(m_list.Hwnd(), EmptyArea()), {}};
+  const auto addWords = [&](HWND control) {
+    if ((::GetWindowLongW(control, GWL_STYLE) & WS_VISIBLE) == 0) return;
+    RECT area{};
+    ::GetClientRect(control, &area);
+    room.words.push_back(inView(control, TextArea(control, area)));
+  };
+  for (const HWND control : {m_hint, m_hintButton}) addWords(control);
+  rooms.push_back(room);
+  if ((::GetWindowLongW(m_list.Hwnd(), GWL_STYLE) & WS_HSCROLL) != 0) return;
+  addWords(m_description);
+  room.area.bottom = inView(Hwnd(), {0, 0, 0, ClientSize().cy}).bottom;
+  rooms.push_back(std::move(room));
+}
+
+// Returns the part of the list below its rows.
+RECT CListPane::EmptyArea() const {
+  const HWND list = m_list.Hwnd();
+  RECT area{};
+  ::GetClientRect(list, &area);
+  const int count = ListView_GetItemCount(list);
+  RECT above{};
+  if (count != 0)
+    ListView_GetItemRect(list, count - 1, &above, LVIR_BOUNDS);
+  else
+    ::GetClientRect(ListView_GetHeader(list), &above);
+  area.top = std::min(area.bottom, above.bottom);
+  return area;
 }
 
 // Returns the rectangle of the text within a static control.

@@ -55,7 +55,12 @@ CMainView::CMainView(const CDocument& document, const CUISetting& setting, const
 void CMainView::CreateIn(HWND parent) {
   m_splitter.CreateIn(parent, IDC_SPLITTER, m_texts.Text(IDS_SPLITTER));
   m_splitter.onFocus = [this](HWND from) { RememberCurrent(from); };
-  m_background.SetView(m_splitter.Hwnd());
+  m_background.SetView(m_splitter.Hwnd(), [this] {
+    std::vector<CRoom> rooms;
+    m_tasks.AddRooms(rooms, Hwnd(), true);
+    m_dsts.AddRooms(rooms, Hwnd(), false);
+    return rooms;
+  });
   m_tasks.CreateIn(m_splitter.Hwnd(), IDC_TASK_PANE, IDC_TASK_LIST, my::CListView::Boxes::No, kTaskPane);
   m_dsts.CreateIn(m_splitter.Hwnd(), IDC_DST_PANE, IDC_DST_LIST, my::CListView::Boxes::Yes, kDstPane);
   m_splitter.SetUpper(kDefaultTasksHeight);
