@@ -251,7 +251,7 @@ void CMainFrame::UpdateCommands() {
   const HWND focus = ::GetFocus();
   for (const int id : m_parts->toolBar.Ids()) m_parts->toolBar.Enable(id, IsEnabled(id));
   m_parts->view.EnableButtons([this](int id) { return IsEnabled(id); });
-  if (!focus || ::IsWindowEnabled(focus)) return;
+  if (!::IsChild(Hwnd(), focus) || ::IsWindowEnabled(focus)) return;
   m_focus.Remember(focus);
   ::PostMessageW(Hwnd(), kFocusLost, 0, 0);
 }
