@@ -51,7 +51,7 @@ void CListView::Create(HWND parent, int id, Boxes boxes, DWORD style) {
 void CListView::Attach(HWND list, Boxes boxes) {
   m_list = list;
   m_boxes = boxes == Boxes::Yes;
-  m_dpi = WindowDpi(list);
+  m_dpi = my::TextDpi(WindowDpi(list));
   m_listHook.Attach(m_list, [this](UINT message, WPARAM wParam, LPARAM lParam) {
     return HandleMessage(message, wParam, lParam);
   });
@@ -111,7 +111,8 @@ void CListView::Toggle(size_t row) {
   ReportItemState(m_list, row);
 }
 
-void CListView::ChangeDpi(UINT dpi) {
+void CListView::ChangeDpi(UINT screenDpi) {
+  const UINT dpi = my::TextDpi(screenDpi);
   if (dpi == m_dpi) return;
   m_dpi = dpi;
   UseImages();

@@ -72,14 +72,14 @@ class CListView {
   virtual LRESULT OnCustomDraw(NMLVCUSTOMDRAW& draw);
 
   const IListModel& Model() const { return m_model; }
-  UINT Dpi() const { return m_dpi; }
+  UINT TextDpi() const { return m_dpi; }  // scales lengths that go with texts
 
  private:
   void Detach();
   void UseImages();
   void UpdateRemarks();
   void Toggle(size_t row);
-  void ChangeDpi(UINT dpi);
+  void ChangeDpi(UINT screenDpi);
 
   std::optional<LRESULT> HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
   std::optional<LRESULT> HandleDrag(UINT message, WPARAM wParam, LPARAM lParam);

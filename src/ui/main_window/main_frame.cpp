@@ -191,7 +191,9 @@ void CMainFrame::LimitSize(MINMAXINFO& limits) const {
 }
 
 void CMainFrame::OnSystemChanged() {
-  if (m_parts) m_parts->view.OnSystemChanged();
+  if (!m_parts) return;
+  m_parts->view.OnSystemChanged();
+  UseDpi(m_dpi);  // with the font that the user has set now
 }
 
 void CMainFrame::OnCommand(int id) {
@@ -287,9 +289,9 @@ void CMainFrame::RedrawLists() {
 void CMainFrame::ApplySettings(const CSettings& settings) {
   const CMainFrameSetting& frame = settings.mainFrame;
   if (frame.normalBounds != my::CRect{}) my::PlaceWindow(Hwnd(), frame.normalBounds);
-  m_parts->view.ApplySettings(frame);
   ::ShowWindow(Hwnd(), frame.maximized ? SW_SHOWMAXIMIZED : m_showCommand);
   if (frame.fullScreen) ToggleFullScreen();
+  m_parts->view.ApplySettings(frame);  // the height of a list belongs to the size that the window has now
   m_parts->view.Current().SetFocus();
   try {
     m_parts->view.ShowDesign(settings.design);

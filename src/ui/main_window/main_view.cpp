@@ -10,8 +10,6 @@
 namespace qlm {
 namespace {
 
-constexpr int kDefaultTasksHeight = 300;  // pixels at 96 DPI
-
 const CPaneSpec kTaskPane{IDS_PANE_TASKS,
                           IDS_EMPTY_HINT,
                           {ID_TASK_ADD, IDS_FIRST_TASK},
@@ -63,7 +61,6 @@ void CMainView::CreateIn(HWND parent) {
   });
   m_tasks.CreateIn(m_splitter.Hwnd(), IDC_TASK_PANE, IDC_TASK_LIST, my::CListView::Boxes::No, kTaskPane);
   m_dsts.CreateIn(m_splitter.Hwnd(), IDC_DST_PANE, IDC_DST_LIST, my::CListView::Boxes::Yes, kDstPane);
-  m_splitter.SetUpper(kDefaultTasksHeight);
   m_splitter.SetPanes(m_tasks.Hwnd(), m_dsts.Hwnd());
   for (CListPane* pane : {&m_tasks, &m_dsts}) pane->onAttention = [this, pane] { Describe(*pane); };
 }
