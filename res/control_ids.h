@@ -35,6 +35,7 @@
 #define IDC_DST_TOKENS               1024
 #define IDC_DST_PREVIEW              1025
 #define IDC_DST_NOTE                 1026
+#define IDC_DST_SETTINGS             1027
 // First command of the token menu; one per token (up to 1059).
 #define IDC_DST_TOKEN_FIRST          1040
 
@@ -73,6 +74,7 @@
 #define IDC_RESULT_OPEN              1141
 #define IDC_RESULT_TARGETS           1142
 #define IDC_RESULT_SAVE              1143
+#define IDC_RESULT_REMEDY            1144
 #define IDC_FILTER_OPEN              1150
 
 // Replace, password, settings and about: 240-259, controls 1200-1299.
@@ -116,6 +118,7 @@
 #define IDC_POWER_OFF_DESC           1244
 #define IDC_HYBRID_SHUTDOWN          1245
 #define IDC_INSTALL_UPDATES          1246
+#define IDC_PASSWORD_DSTS            1250
 
 // Main window: 260-279, controls 1300-1399.
 #define IDR_MAIN_MENU                260
