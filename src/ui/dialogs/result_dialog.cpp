@@ -3,8 +3,11 @@
 #include <commctrl.h>
 #include <commdlg.h>
 
+#include <algorithm>
+
 #include "app/explorer_commands.h"
 #include "control_ids.h"
+#include "engine/remedy.h"
 #include "platform/message_texts.h"
 #include "platform/safe_file.h"
 #include "text_ids.h"
@@ -15,6 +18,7 @@ namespace qlm {
 std::vector<my::CAnchor> CResultDialog::Anchors() const {
   using my::kBottom, my::kLeft, my::kRight, my::kTop;
   return {{IDC_RESULT_LIST, kLeft | kTop | kRight | kBottom},
+          {IDC_RESULT_REMEDY, kLeft | kRight | kBottom},
           {IDC_RESULT_OPEN, kLeft | kBottom},
           {IDC_RESULT_TARGETS, kLeft | kBottom},
           {IDC_LIST_COPY, kLeft | kBottom},
@@ -25,6 +29,9 @@ std::vector<my::CAnchor> CResultDialog::Anchors() const {
 bool CResultDialog::OnInit() {
   UseList(m_list, m_model, IDC_RESULT_LIST, IDM_RESULTS);
   m_list.Events().activate = [this](size_t) { OnCommand(IDC_RESULT_TARGETS, BN_CLICKED); };
+  m_list.Events().focusChanged = [this] { ShowRemedy(); };
+  ShowFirstError();
+  ShowRemedy();
   return true;
 }
 
@@ -33,6 +40,19 @@ void CResultDialog::RowsChanged() {
   const bool follow = IsAtEnd();
   m_list.Refresh();
   if (follow && m_model.RowCount() != 0) m_list.EnsureVisible(m_model.RowCount() - 1);
+  ShowRemedy();
+}
+
+void CResultDialog::ShowFirstError() {
+  const auto failed = [](const CResultPtr& row) { return static_cast<bool>(row->error); };
+  const auto first = std::ranges::find_if(m_model.Rows(), failed);
+  if (first != m_model.Rows().end()) ShowRow(static_cast<size_t>(first - m_model.Rows().begin()));
+}
+
+// Shows what to do about the error of the focused row.
+void CResultDialog::ShowRemedy() const {
+  const auto row = m_list.FocusedRow();
+  SetItemText(IDC_RESULT_REMEDY, row ? RemedyLine(Texts(), m_model.Row(*row).error) : std::wstring());
 }
 
 bool CResultDialog::IsAtEnd() const {

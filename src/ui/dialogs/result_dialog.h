@@ -25,6 +25,8 @@ class CResultDialog final : public CListDialog {
   bool OnListKey(UINT key) override;
 
   bool IsAtEnd() const;
+  void ShowFirstError();
+  void ShowRemedy() const;
   void OpenDestination();
   void ShowTargets();
   void SaveCsv();

@@ -35,6 +35,9 @@ class IListModel {
   virtual std::wstring Text(size_t row, size_t column) const = 0;
   virtual CListLook Look(size_t) const { return {}; }
 
+  // Returns the text to show when the mouse rests on the row; empty for none.
+  virtual std::wstring Tip(size_t) const { return {}; }
+
   // A view shows check boxes only if created with CListView::Boxes::Yes.
   virtual ListCheck Check(size_t) const { return ListCheck::None; }
 };

@@ -30,11 +30,13 @@ class CTaskListModel : public CTableModel {
   size_t RowCount() const override;
   std::wstring Text(size_t row, size_t column) const override;
   my::CListLook Look(size_t row) const override;
+  std::wstring Tip(size_t row) const override;
 
  private:
   struct CState {
     ResultState state = ResultState::Running;
     std::wstring text;
+    std::wstring tip;
   };
 
   std::wstring DstNumbers(const CTask& task) const;
