@@ -101,6 +101,7 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
   }
   bool AskPassword(qlm::CPasswordEntry& entry) override {
     ++passwordDialogs;
+    passwordDsts = entry.Dsts();
     while (auto password = Next(passwords)) {
       const my::CWipeAtEnd wipe(*password);
       try {
@@ -154,6 +155,7 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
   std::vector<std::wstring> filters;  // filters shown, with their source folders
   qlm::CTask editedTask;              // the task with which the dialog was opened
   int passwordDialogs = 0;
+  qlm::CTaskDsts passwordDsts;  // shown by the last of them
   int replacesOpened = 0;
   int replaceFocuses = 0;
   qlm::CReplaceTool* tool = nullptr;  // of the dialog

@@ -6,6 +6,7 @@
 #include "control_ids.h"
 #include "support/secret.h"
 #include "ui/framework/controls.h"
+#include "ui/models/password_dsts.h"
 
 namespace qlm {
 
@@ -13,10 +14,12 @@ CPasswordDlg::CPasswordDlg(CAppContext& context, CPasswordEntry& entry)
     : CDialog(IDD_PASSWORD), m_context(context), m_entry(entry) {}
 
 bool CPasswordDlg::OnInit() {
+  SetItemText(IDC_PASSWORD_DSTS, PasswordDstsText(m_context.ports.engine.texts, m_entry.Dsts()));
   const bool hide = m_entry.Setting().hidePassword;
   SetChecked(IDC_HIDE_PASSWORD, hide);
   my::MaskPassword(Item(IDC_PASSWORD), hide);
-  return true;
+  FocusItem(IDC_PASSWORD);
+  return false;
 }
 
 void CPasswordDlg::OnOk() {

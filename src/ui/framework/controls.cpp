@@ -1,11 +1,24 @@
 #include "ui/framework/controls.h"
 
+#include "ui/framework/gdi.h"
+
 namespace my {
 
 int HeightOf(HWND window) {
   RECT bounds{};
   ::GetWindowRect(window, &bounds);
   return bounds.bottom - bounds.top;
+}
+
+SIZE TextSize(HWND control) {
+  const int length = ::GetWindowTextLengthW(control);
+  std::wstring text(static_cast<size_t>(length) + 1, L'\0');
+  ::GetWindowTextW(control, text.data(), length + 1);
+  const CWindowDc dc(control);
+  const CSelect select(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0)));
+  SIZE size{};
+  ::GetTextExtentPoint32W(dc.Get(), text.c_str(), length, &size);
+  return size;
 }
 
 void FillCombo(HWND combo, const std::vector<std::wstring>& items) {

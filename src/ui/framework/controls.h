@@ -13,6 +13,9 @@ namespace my {
 
 int HeightOf(HWND window);  // pixels
 
+// Returns the size in pixels of a control's text, as one line in its font.
+SIZE TextSize(HWND control);
+
 // Appends the items to the list of a combo box.
 void FillCombo(HWND combo, const std::vector<std::wstring>& items);
 
