@@ -83,7 +83,12 @@ struct CFakeClipboard : qlm::IClipboard {
   void Set(const qlm::CClip& clip) override { content = clip.document; }
   std::optional<std::string> Document() override { return content; }
   bool HasDocument() const override { return content.has_value(); }
+  std::vector<std::wstring> Paths() override { return paths; }
+  std::wstring Text() override { return text; }
+  bool HasPathsOrText() const override { return !paths.empty() || !text.empty(); }
 
+  std::vector<std::wstring> paths;
+  std::wstring text;
   std::optional<std::string> content;
 };
 

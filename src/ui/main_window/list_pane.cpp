@@ -5,6 +5,7 @@
 
 #include "control_ids.h"
 #include "platform/message_texts.h"
+#include "ui/framework/controls.h"
 #include "ui/framework/dpi.h"
 #include "ui/look/background.h"
 
@@ -75,6 +76,12 @@ void CListPane::ShowDescription(const std::wstring& text) {
 void CListPane::UseBackground() {
   m_list.UseBackground();
   ::RedrawWindow(Hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+bool CListPane::Covers(POINT screen) const {
+  RECT area{};
+  ::GetWindowRect(Hwnd(), &area);
+  return ::PtInRect(&area, screen) != FALSE;
 }
 
 void CListPane::SetFocus() const {
@@ -207,14 +214,7 @@ int CListPane::ArrangeDescription(const SIZE& client) const {
 }
 
 SIZE CListPane::TextSize(HWND control) const {
-  const int length = ::GetWindowTextLengthW(control);
-  std::wstring text(static_cast<size_t>(length) + 1, L'\0');
-  ::GetWindowTextW(control, text.data(), length + 1);
-  const my::CWindowDc dc(control);
-  const my::CSelect select(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0)));
-  SIZE size{};
-  ::GetTextExtentPoint32W(dc.Get(), text.c_str(), length, &size);
-  return size;
+  return my::TextSize(control);
 }
 
 }  // namespace qlm
