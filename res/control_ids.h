@@ -74,7 +74,8 @@
 #define IDC_RESULT_OPEN              1141
 #define IDC_RESULT_TARGETS           1142
 #define IDC_RESULT_SAVE              1143
-#define IDC_RESULT_REMEDY            1144
+#define IDC_RESULT_MESSAGE           1144
+#define IDC_RESULT_REMEDY            1145
 #define IDC_FILTER_OPEN              1150
 
 // Replace, password, settings and about: 240-259, controls 1200-1299.

@@ -18,6 +18,7 @@ namespace qlm {
 std::vector<my::CAnchor> CResultDialog::Anchors() const {
   using my::kBottom, my::kLeft, my::kRight, my::kTop;
   return {{IDC_RESULT_LIST, kLeft | kTop | kRight | kBottom},
+          {IDC_RESULT_MESSAGE, kLeft | kRight | kBottom},
           {IDC_RESULT_REMEDY, kLeft | kRight | kBottom},
           {IDC_RESULT_OPEN, kLeft | kBottom},
           {IDC_RESULT_TARGETS, kLeft | kBottom},
@@ -29,9 +30,9 @@ std::vector<my::CAnchor> CResultDialog::Anchors() const {
 bool CResultDialog::OnInit() {
   UseList(m_list, m_model, IDC_RESULT_LIST, IDM_RESULTS);
   m_list.Events().activate = [this](size_t) { OnCommand(IDC_RESULT_TARGETS, BN_CLICKED); };
-  m_list.Events().focusChanged = [this] { ShowRemedy(); };
+  m_list.Events().focusChanged = [this] { ShowDetail(); };
   ShowFirstError();
-  ShowRemedy();
+  ShowDetail();
   return true;
 }
 
@@ -40,7 +41,7 @@ void CResultDialog::RowsChanged() {
   const bool follow = IsAtEnd();
   m_list.Refresh();
   if (follow && m_model.RowCount() != 0) m_list.EnsureVisible(m_model.RowCount() - 1);
-  ShowRemedy();
+  ShowDetail();
 }
 
 void CResultDialog::ShowFirstError() {
@@ -49,9 +50,10 @@ void CResultDialog::ShowFirstError() {
   if (first != m_model.Rows().end()) ShowRow(static_cast<size_t>(first - m_model.Rows().begin()));
 }
 
-// Shows what to do about the error of the focused row.
-void CResultDialog::ShowRemedy() const {
+// Shows the whole message of the focused row, and what to do about its error.
+void CResultDialog::ShowDetail() const {
   const auto row = m_list.FocusedRow();
+  SetItemText(IDC_RESULT_MESSAGE, row ? RowText(Texts(), m_model.Row(*row)) : std::wstring());
   SetItemText(IDC_RESULT_REMEDY, row ? RemedyLine(Texts(), m_model.Row(*row).error) : std::wstring());
 }
 

@@ -26,7 +26,7 @@ class CResultDialog final : public CListDialog {
 
   bool IsAtEnd() const;
   void ShowFirstError();
-  void ShowRemedy() const;
+  void ShowDetail() const;
   void OpenDestination();
   void ShowTargets();
   void SaveCsv();

@@ -17,6 +17,8 @@ namespace my {
 namespace {
 
 constexpr DWORD kStyle = LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS;
+constexpr int kTipWidth = 600;  // pixels at 96 DPI
+
 constexpr DWORD kExtendedStyle =
     LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP | LVS_EX_INFOTIP;
 
@@ -82,6 +84,9 @@ void CListView::Attach(HWND list, Boxes boxes) {
                         return HandleNotify(header);
                       });
   ListView_SetExtendedListViewStyle(list, kExtendedStyle);
+  // Without a maximum width a tip has only one line.
+  if (const HWND tips = ListView_GetToolTips(list))
+    ::SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, Scale(kTipWidth, m_dpi));
   if (m_boxes) ListView_SetCallbackMask(list, LVIS_STATEIMAGEMASK);
   UseImages();
   AddColumns();

@@ -11,10 +11,10 @@ namespace qlm {
 namespace {
 
 constexpr CColumnSpec kColumns[] = {{IDS_COL_TASK_ID, 80},
-                                    {IDS_COL_RESULT_PATH, 170},
+                                    {IDS_COL_RESULT_PATH, 150},
                                     {IDS_COL_DST_TYPE, 190},
                                     {IDS_COL_RESULT_TIME, 140},
-                                    {IDS_COL_RESULT_MESSAGE, 420}};
+                                    {IDS_COL_RESULT_MESSAGE, 340}};
 
 // A field with a separator, quote or line break is quoted, and quotes in it are doubled.
 void AppendField(std::wstring& csv, const std::wstring& field) {
