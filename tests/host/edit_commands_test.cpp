@@ -147,7 +147,6 @@ TEST_F(EditCommands, dropped_and_pasted_folders_are_one_edit_that_can_run_at_onc
   EXPECT_EQ(After(CCommandDrop(a.app->Context(), folders, {ListKind::Dsts})),
             L"A[n1][n2]Bxy[C:\\n1][C:\\n2]");
   EXPECT_EQ(UseOf(document, {1, 2}, 3), DstUse::All);
-  EXPECT_EQ(UseOf(document, {0}, 3), DstUse::None);
   EXPECT_EQ(*document.Dsts()[2], CDst{L"C:\\n1"}) << "type and name as in the dialog";
   a.Do(ID_UNDO);
   a.Do(ID_UNDO);
