@@ -143,37 +143,6 @@ inline void FocusRow(HWND list, int row) {
   ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
 }
 
-// Returns the labels and buttons below `window` whose texts do not fit.
-inline std::vector<std::wstring> Clipped(HWND window) {
-  std::vector<std::wstring> clipped;
-  const my::CWindowDc dc(nullptr);
-  for (HWND at = ::FindWindowExW(window, nullptr, nullptr, nullptr); at; at = ::GetWindow(at, GW_HWNDNEXT)) {
-    const auto inner = Clipped(at);
-    clipped.insert(clipped.end(), inner.begin(), inner.end());
-    wchar_t name[16]{};
-    ::GetClassNameW(at, name, 16);
-    const bool label = std::wstring(name) == L"Static";
-    if (!label && std::wstring(name) != L"Button") continue;
-    const std::wstring text = TextOf(at);
-    const my::CSelect font(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(at, WM_GETFONT, 0, 0)));
-    RECT needed{0, 0, Size(at).cx, 0};
-    ::DrawTextW(dc.Get(), text.c_str(), -1, &needed, DT_CALCRECT | (label ? DT_WORDBREAK : DT_SINGLELINE));
-    const LONG box = (::GetWindowLongW(at, GWL_STYLE) & BS_TYPEMASK) < BS_AUTOCHECKBOX || label ? 0 : 16;
-    if (needed.right + box > Size(at).cx || needed.bottom > Size(at).cy) clipped.push_back(text);
-  }
-  return clipped;
-}
-
-// Expects that all texts of the dialog fit at several DPI.
-inline void ExpectTextsFit(HWND dialog) {
-  const SIZE size = Size(dialog);
-  for (const int dpi : {96, 144, 192}) {
-    RECT bounds{0, 0, ::MulDiv(size.cx, dpi, 96), ::MulDiv(size.cy, dpi, 96)};
-    ::SendMessageW(dialog, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&bounds));
-    EXPECT_EQ(Clipped(dialog), std::vector<std::wstring>()) << dpi;
-  }
-}
-
 struct CRows : my::IListModel {
   size_t count = 10000;
   std::vector<my::ListCheck> checks = {my::ListCheck::Unchecked, my::ListCheck::Checked,

@@ -198,14 +198,4 @@ TEST_F(ListDialogs, remedy_of_the_focused_error_is_shown) {
   EXPECT_EQ(text, rows.Tip(1));
 }
 
-TEST_F(ListDialogs, texts_fit_at_every_dpi) {
-  CFilterDialog filter(context, L"C:\\work.flt", L"");
-  CTargetDialog targets(context, MakeResult());
-  CResultDialog results(context, rows);
-  for (my::CDialog* dialog : std::initializer_list<my::CDialog*>{&filter, &targets, &results}) {
-    dialog->CreateModeless(nullptr, loop);
-    test::ExpectTextsFit(dialog->Hwnd());
-  }
-}
-
 }  // namespace

@@ -48,9 +48,14 @@ TEST(Window, exceptions_do_not_leave_the_window_procedure) {
   SetFailureHandler(before);
 }
 
+struct CTwoControls : CDialog {
+  CTwoControls() : CDialog(IDD_TEST) {}
+  CBox Layout() const override { return Column({Control(IDC_EDIT), Control(IDC_COMBO)}); }
+};
+
 TEST(MessageLoop, moves_the_focus_in_modeless_dialogs) {
   CAutoMessageLoop loop;
-  CDialog dialog(IDD_TEST);
+  CTwoControls dialog;
   dialog.CreateModeless(nullptr, loop);
   ::SetFocus(dialog.Item(IDC_EDIT));
   ::PostMessageW(dialog.Item(IDC_EDIT), WM_KEYDOWN, VK_TAB, 0);

@@ -106,6 +106,20 @@ void CDesignPage::FocusRefused() {
   FocusItem(m_refused);
 }
 
+my::CBox CDesignPage::Layout() const {
+  using my::Field, my::Group, my::Control;
+  constexpr int kSwatch = 12;  // characters
+  return my::Column(
+      {Group(IDC_TEXT_GROUP, {Field(Control(IDC_TEXT_COLOR).Chars(kSwatch)), Control(IDC_SHOW_DESCRIPTION)}),
+       my::Space(),
+       Group(IDC_BRUSH_GROUP, {Field(IDC_BRUSH_TYPE), Field(Control(IDC_BRUSH_COLOR).Chars(kSwatch)),
+                               Field(Control(IDC_BRUSH_PATH).Wide(), {Control(IDC_BRUSH_BROWSE)})}),
+       my::Space(),
+       Group(IDC_IMAGE_GROUP,
+             {Field(IDC_IMAGE_TYPE), Field(Control(IDC_IMAGE_PATH).Wide(), {Control(IDC_IMAGE_BROWSE)}),
+              Field(IDC_IMAGE_FIT), Field(IDC_IMAGE_ORIGIN)})});
+}
+
 bool CDesignPage::OnInit() {
   m_design = m_context.settings.design;
   my::FillFromTexts(Item(IDC_BRUSH_TYPE), m_context.ports.engine.texts, kBrushTypeTexts,
@@ -192,12 +206,14 @@ void CDesignPage::EnableControls() {
   const bool brush = m_design.bkBrushType == BrushType::CUSTOM_BK;
   const bool picture = m_design.bkImgType == BkImgType::CUSTOM;
   const bool image = m_design.bkImgType != BkImgType::NONE;
-  EnableItem(IDC_TEXT_COLOR, m_design.bkBrushType != BrushType::OS_DEFAULT);
-  for (const int id : {IDC_BRUSH_COLOR_LABEL, IDC_BRUSH_COLOR}) EnableItem(id, color);
-  for (const int id : {IDC_BRUSH_PATH_LABEL, IDC_BRUSH_PATH, IDC_BRUSH_BROWSE}) EnableItem(id, brush);
-  for (const int id : {IDC_IMAGE_PATH_LABEL, IDC_IMAGE_PATH, IDC_IMAGE_BROWSE}) EnableItem(id, picture);
-  for (const int id : {IDC_IMAGE_FIT_LABEL, IDC_IMAGE_FIT, IDC_IMAGE_ORIGIN_LABEL, IDC_IMAGE_ORIGIN})
-    EnableItem(id, image);
+  EnableField(IDC_TEXT_COLOR, m_design.bkBrushType != BrushType::OS_DEFAULT);
+  EnableField(IDC_BRUSH_COLOR, color);
+  EnableField(IDC_BRUSH_PATH, brush);
+  EnableItem(IDC_BRUSH_BROWSE, brush);
+  EnableField(IDC_IMAGE_PATH, picture);
+  EnableItem(IDC_IMAGE_BROWSE, picture);
+  EnableField(IDC_IMAGE_FIT, image);
+  EnableField(IDC_IMAGE_ORIGIN, image);
 }
 
 void CDesignPage::Edited() {

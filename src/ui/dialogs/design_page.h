@@ -22,6 +22,7 @@ class CDesignPage : public CSettingsPage {
   void FocusRefused() override;
 
  protected:
+  my::CBox Layout() const override;
   bool OnInit() override;
   bool OnCommand(int id, int code) override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

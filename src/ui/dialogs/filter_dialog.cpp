@@ -20,22 +20,14 @@ CFilterDialog::CFilterDialog(CAppContext& context, std::wstring path, std::wstri
       m_source(my::JoinPath(source, L"")),
       m_model(context.settings.ui, context.ports.engine.texts) {}
 
-std::vector<my::CAnchor> CFilterDialog::Anchors() const {
-  using my::kBottom, my::kLeft, my::kRight, my::kTop;
-  constexpr unsigned kWideAtBottom = kLeft | kRight | kBottom;
-  return {{IDC_FILTER_FILE, kLeft | kTop | kRight},
-          {IDC_FILTER_LINES, kLeft | kTop | kRight | kBottom},
-          {IDC_FILTER_STATUS, kWideAtBottom},
-          {IDC_FILTER_PATH_LABEL, kLeft | kBottom},
-          {IDC_FILTER_PATH, kWideAtBottom},
-          {IDC_FILTER_HINT, kWideAtBottom},
-          {IDC_FILTER_DECISION_LABEL, kLeft | kBottom},
-          {IDC_FILTER_DECISION, kWideAtBottom},
-          {IDC_FILTER_OPEN, kLeft | kBottom},
-          {IDC_FILTER_EDIT, kLeft | kBottom},
-          {IDC_FILTER_RELOAD, kLeft | kBottom},
-          {IDC_LIST_COPY, kLeft | kBottom},
-          {IDCANCEL, kRight | kBottom}};
+my::CBox CFilterDialog::Layout() const {
+  using my::Control, my::Field;
+  return my::Column({Field(IDC_FILTER_FILE), my::LabelOf(IDC_FILTER_LINES),
+                     Control(IDC_FILTER_LINES).Wide().Tall(), Control(IDC_FILTER_STATUS).Wide(),
+                     Field(IDC_FILTER_PATH), my::Row({my::Indent(), Control(IDC_FILTER_HINT).Wide()}),
+                     Field(IDC_FILTER_DECISION),
+                     my::Flow({Control(IDC_FILTER_OPEN), Control(IDC_FILTER_EDIT), Control(IDC_FILTER_RELOAD),
+                               Control(IDC_LIST_COPY), my::Buttons({IDCANCEL})})});
 }
 
 bool CFilterDialog::OnInit() {
@@ -97,7 +89,7 @@ void CFilterDialog::Load() {
 }
 
 // Shows why the file cannot be read, what to do about the error of the focused line, or the counts.
-void CFilterDialog::ShowStatus() const {
+void CFilterDialog::ShowStatus() {
   if (!m_loadFailure.empty()) return SetItemText(IDC_FILTER_STATUS, m_loadFailure);
   const CFilterItem* const* item = m_list.FocusedItem();
   const bool bad = item && *item && (*item)->error;

@@ -18,7 +18,7 @@ class CFilterDialog final : public CListDialog {
   CFilterDialog(CAppContext& context, std::wstring path, std::wstring source = {});
 
  private:
-  std::vector<my::CAnchor> Anchors() const override;
+  my::CBox Layout() const override;
   bool OnInit() override;
   bool Execute(int id, int code) override;
   bool OnKey(UINT key) override;
@@ -27,7 +27,7 @@ class CFilterDialog final : public CListDialog {
   void Open();
   void Edit();
   void Load();
-  void ShowStatus() const;
+  void ShowStatus();
   std::wstring CountsText() const;
   std::wstring TypedPath() const;
   void Decide();

@@ -15,16 +15,12 @@
 
 namespace qlm {
 
-std::vector<my::CAnchor> CResultDialog::Anchors() const {
-  using my::kBottom, my::kLeft, my::kRight, my::kTop;
-  return {{IDC_RESULT_LIST, kLeft | kTop | kRight | kBottom},
-          {IDC_RESULT_MESSAGE, kLeft | kRight | kBottom},
-          {IDC_RESULT_REMEDY, kLeft | kRight | kBottom},
-          {IDC_RESULT_OPEN, kLeft | kBottom},
-          {IDC_RESULT_TARGETS, kLeft | kBottom},
-          {IDC_LIST_COPY, kLeft | kBottom},
-          {IDC_RESULT_SAVE, kLeft | kBottom},
-          {IDCANCEL, kRight | kBottom}};
+my::CBox CResultDialog::Layout() const {
+  using my::Control;
+  return my::Column({my::LabelOf(IDC_RESULT_LIST), Control(IDC_RESULT_LIST).Wide().Tall().Lines(12),
+                     Control(IDC_RESULT_MESSAGE).Wide().Lines(2), Control(IDC_RESULT_REMEDY).Wide(),
+                     my::Flow({Control(IDC_RESULT_OPEN), Control(IDC_RESULT_TARGETS), Control(IDC_LIST_COPY),
+                               Control(IDC_RESULT_SAVE), my::Buttons({IDCANCEL})})});
 }
 
 bool CResultDialog::OnInit() {
@@ -51,7 +47,7 @@ void CResultDialog::ShowFirstError() {
 }
 
 // Shows the whole message of the focused row, and what to do about its error.
-void CResultDialog::ShowDetail() const {
+void CResultDialog::ShowDetail() {
   const auto row = m_list.FocusedRow();
   SetItemText(IDC_RESULT_MESSAGE, row ? RowText(Texts(), m_model.Row(*row)) : std::wstring());
   SetItemText(IDC_RESULT_REMEDY, row ? RemedyLine(Texts(), m_model.Row(*row).error) : std::wstring());

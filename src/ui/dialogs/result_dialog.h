@@ -19,14 +19,14 @@ class CResultDialog final : public CListDialog {
   void RowsChanged();
 
  private:
-  std::vector<my::CAnchor> Anchors() const override;
+  my::CBox Layout() const override;
   bool OnInit() override;
   bool Execute(int id, int code) override;
   bool OnListKey(UINT key) override;
 
   bool IsAtEnd() const;
   void ShowFirstError();
-  void ShowDetail() const;
+  void ShowDetail();
   void OpenDestination();
   void ShowTargets();
   void SaveCsv();

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "ui/dialogs/settings_page.h"
@@ -20,12 +21,15 @@ class CSettingsSheet : public my::CDialog {
   CSettingsSheet(CAppContext& context, size_t firstPage, CDesignPreview preview);
 
  protected:
+  my::CBox Layout() const override;
+  std::optional<my::CExtents> ExtentsOf(int id) const override;
   bool OnInit() override;
   void OnOk() override;
   void OnCancel() override;
   bool OnCommand(int id, int code) override;
   std::optional<LRESULT> OnNotify(const NMHDR& header) override;
   void OnDpiChanged() override;
+  void OnArranged() override;
 
  private:
   void AddPage(CSettingsPage& page);

@@ -27,13 +27,13 @@ class CTargetDialog final : public CListDialog {
     UINT m_fontDpi = 0;
   };
 
-  std::vector<my::CAnchor> Anchors() const override;
+  my::CBox Layout() const override;
   bool OnInit() override;
   bool Execute(int id, int code) override;
   bool OnKey(UINT key) override;
   bool IsWarning(int controlId) const override;
 
-  void ShowTexts() const;
+  void ShowTexts();
   std::wstring NewestText() const;
   std::wstring UnlistedText() const;
   void Search(bool next);

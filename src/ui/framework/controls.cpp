@@ -1,5 +1,9 @@
 #include "ui/framework/controls.h"
 
+#include <commctrl.h>
+
+#include <iterator>
+
 #include "ui/framework/gdi.h"
 
 namespace my {
@@ -11,14 +15,28 @@ int HeightOf(HWND window) {
 }
 
 SIZE TextSize(HWND control) {
-  const int length = ::GetWindowTextLengthW(control);
-  std::wstring text(static_cast<size_t>(length) + 1, L'\0');
-  ::GetWindowTextW(control, text.data(), length + 1);
+  const std::wstring text = TextOf(control);
   const CWindowDc dc(control);
   const CSelect select(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0)));
   SIZE size{};
-  ::GetTextExtentPoint32W(dc.Get(), text.c_str(), length, &size);
+  ::GetTextExtentPoint32W(dc.Get(), text.c_str(), static_cast<int>(text.size()), &size);
   return size;
+}
+
+std::wstring ClassOf(HWND window) {
+  wchar_t name[32]{};
+  ::GetClassNameW(window, name, static_cast<int>(std::size(name)));
+  return name;
+}
+
+std::wstring TextOf(HWND window) {
+  std::wstring text(static_cast<size_t>(::GetWindowTextLengthW(window)), L'\0');
+  text.resize(static_cast<size_t>(::GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1)));
+  return text;
+}
+
+bool IsComboBox(HWND window) {
+  return ClassOf(window) == WC_COMBOBOXW;
 }
 
 void FillCombo(HWND combo, const std::vector<std::wstring>& items) {

@@ -12,6 +12,9 @@
 namespace my {
 
 int HeightOf(HWND window);  // pixels
+std::wstring ClassOf(HWND window);
+std::wstring TextOf(HWND window);
+bool IsComboBox(HWND window);
 
 // Returns the size in pixels of a control's text, as one line in its font.
 SIZE TextSize(HWND control);
