@@ -14,7 +14,7 @@ CPasswordDlg::CPasswordDlg(CAppContext& context, CPasswordEntry& entry)
     : CDialog(IDD_PASSWORD), m_context(context), m_entry(entry) {}
 
 my::CBox CPasswordDlg::Layout() const {
-  return my::Column({my::LabelOf(IDC_PASSWORD_DSTS), my::Control(IDC_PASSWORD_DSTS).Wide().Chars(56).Lines(4),
+  return my::Column({my::LabelOf(IDC_PASSWORD_DSTS), my::Control(IDC_PASSWORD_DSTS).Wide().Chars(76).Lines(4),
                      my::Space(), my::Field(my::Control(IDC_PASSWORD).Wide().Chars(32)),
                      my::Row({my::Indent(), my::Control(IDC_HIDE_PASSWORD)}), my::Space(),
                      my::Buttons({IDOK, IDCANCEL})});
