@@ -21,7 +21,10 @@ namespace my {
 namespace {
 
 constexpr DWORD kStyle = LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS;
-constexpr DWORD kExtendedStyle = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
+constexpr int kTipWidth = 600;  // pixels at 96 DPI
+
+constexpr DWORD kExtendedStyle =
+    LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP | LVS_EX_INFOTIP;
 
 COLORREF ReadableOn(CColor background, CColor color) {
   const double luminance = Luminance(background);
@@ -65,6 +68,9 @@ void CListView::Attach(HWND list, Boxes boxes) {
   // With the style for check boxes screen readers know that rows have them. As the model has their states,
   // the control itself changes none.
   ListView_SetExtendedListViewStyle(list, kExtendedStyle | (m_boxes ? LVS_EX_CHECKBOXES : 0U));
+  // Without a maximum width a tip has only one line.
+  if (const HWND tips = ListView_GetToolTips(list))
+    ::SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, Scale(kTipWidth, m_dpi));
   if (m_boxes) ListView_SetCallbackMask(list, LVIS_STATEIMAGEMASK);
   UseImages();
   m_columns.Create(list, m_model, m_dpi);
@@ -285,6 +291,7 @@ void CListView::HandleContextMenu(LPARAM position) const {
 std::optional<LRESULT> CListView::HandleNotify(NMHDR& header) {
   switch (header.code) {
     case LVN_GETDISPINFOW: Display(reinterpret_cast<NMLVDISPINFOW&>(header).item); return 0;
+    case LVN_GETINFOTIPW: ShowTip(reinterpret_cast<NMLVGETINFOTIPW&>(header)); return 0;
     case LVN_ODFINDITEMW: return Find(reinterpret_cast<const NMLVFINDITEMW&>(header));
     case NM_CUSTOMDRAW: return OnCustomDraw(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
     case NM_CLICK: HandleClick(reinterpret_cast<const NMITEMACTIVATE&>(header), false); return 0;
@@ -317,6 +324,13 @@ void CListView::Display(LVITEMW& item) const {
     item.stateMask |= LVIS_STATEIMAGEMASK;
     item.state = (item.state & ~UINT{LVIS_STATEIMAGEMASK}) | INDEXTOSTATEIMAGEMASK(image);
   }
+}
+
+// Without a tip the control shows the text of a cell that is cut off.
+void CListView::ShowTip(NMLVGETINFOTIPW& tip) const {
+  const auto row = static_cast<size_t>(tip.iItem);
+  const std::wstring text = row < m_model.RowCount() ? m_model.Tip(row) : std::wstring();
+  if (!text.empty()) ::lstrcpynW(tip.pszText, text.c_str(), tip.cchTextMax);
 }
 
 LRESULT CListView::Find(const NMLVFINDITEMW& find) const {

@@ -87,6 +87,7 @@ class CListView {
   void HandleContextMenu(LPARAM position) const;
   std::optional<LRESULT> HandleNotify(NMHDR& header);
   void Display(LVITEMW& item) const;
+  void ShowTip(NMLVGETINFOTIPW& tip) const;
   LRESULT Find(const NMLVFINDITEMW& find) const;
   void HandleClick(const NMITEMACTIVATE& click, bool twice);
   void HandleState(UINT oldState, UINT newState);

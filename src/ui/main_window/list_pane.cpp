@@ -80,6 +80,12 @@ void CListPane::UseBackground() {
   ::RedrawWindow(Hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
+bool CListPane::Covers(POINT screen) const {
+  RECT area{};
+  ::GetWindowRect(Hwnd(), &area);
+  return ::PtInRect(&area, screen) != FALSE;
+}
+
 void CListPane::SetFocus() const {
   const bool hintShown = (::GetWindowLongW(m_hintButton, GWL_STYLE) & WS_VISIBLE) != 0;
   ::SetFocus(hintShown ? m_hintButton : m_list.Hwnd());

@@ -59,6 +59,8 @@ class CListPane : public my::CWindow {
   // Called when the mouse enters the pane or its list gets the focus.
   std::function<void()> onAttention;
 
+  bool Covers(POINT screen) const;
+
   // Sets the focus to the list, or to the button of the hint.
   void SetFocus() const;
 

@@ -249,8 +249,12 @@ void CMainFrame::OnDrop(HDROP drop) {
   my::CDroppedFiles files = my::TakeDrop(Hwnd(), drop);
   // The system also delivers drops to a disabled window.
   if (!::IsWindowEnabled(Hwnd())) return;
-  const auto row = m_parts->view.Tasks().List().RowAt(files.screen);
-  CCommandDrop command(m_app->Context(), std::move(files.paths), row, ::GetKeyState(VK_CONTROL) < 0);
+  CMainView& view = m_parts->view;
+  CDropPlace place;
+  place.list = view.Dsts().Covers(files.screen) ? ListKind::Dsts : ListKind::Tasks;
+  place.taskRow = view.Tasks().List().RowAt(files.screen);
+  place.append = ::GetKeyState(VK_CONTROL) < 0;
+  CCommandDrop command(m_app->Context(), std::move(files.paths), place);
   m_app->Execute(command);
 }
 
