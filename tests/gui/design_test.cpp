@@ -160,7 +160,7 @@ TEST_F(Design, background_does_not_move_with_rows_and_panes) {
     const CPixels all = PixelsOf(list);
     const auto width = static_cast<size_t>(test::Size(list).cx);
     CPixels part;
-    for (size_t row = 40; row < 200; ++row)
+    for (size_t row = 40; row < 240; ++row)
       part.insert(part.end(), all.begin() + static_cast<ptrdiff_t>(row * width + 600),
                   all.begin() + static_cast<ptrdiff_t>(row * width + 700));
     return part;
