@@ -64,7 +64,10 @@ void CMainView::CreateIn(HWND parent) {
   m_dsts.CreateIn(m_splitter.Hwnd(), IDC_DST_PANE, IDC_DST_LIST, my::CListView::Boxes::Yes, kDstPane);
   m_splitter.SetUpper(kDefaultTasksHeight);
   m_splitter.SetPanes(m_tasks.Hwnd(), m_dsts.Hwnd());
-  for (CListPane* pane : {&m_tasks, &m_dsts}) pane->onAttention = [this, pane] { Describe(*pane); };
+  for (CListPane* pane : {&m_tasks, &m_dsts}) {
+    pane->onAttention = [this, pane] { Describe(*pane); };
+    pane->onArranged = [this] { m_background.UpdatePlace(); };
+  }
 }
 
 CListPane& CMainView::Current() {
@@ -163,6 +166,7 @@ void CMainView::UpdateDescription() {
     text = my::MakeText(m_texts, IDS_DESCRIPTION, parts);
   }
   m_dsts.ShowDescription(text);
+  m_background.UpdatePlace();
 }
 
 void CMainView::ApplySettings(const CMainFrameSetting& setting) {
