@@ -10,7 +10,7 @@
 #define IDR_TOOLS_32                 5
 #define IDR_TOOLS_48                 6
 
-// Static texts and group boxes.
+// Labels: each is the control before the one that it names.
 #define IDC_STATIC_TEXT              (-1)
 
 // Task dialog and destination dialog: 200-219, controls 1000-1099.
@@ -26,7 +26,6 @@
 #define IDC_TASK_UP                  1007
 #define IDC_TASK_DOWN                1008
 #define IDC_TASK_WARNING             1009
-#define IDC_TASK_DSTS_LABEL          1010
 #define IDC_TASK_OPEN_DST            1011
 #define IDC_DST_FOLDER               1020
 #define IDC_DST_BROWSE               1021
@@ -53,9 +52,7 @@
 #define IDC_FILTER_DECISION          1114
 #define IDC_FILTER_EDIT              1115
 #define IDC_FILTER_RELOAD            1116
-#define IDC_FILTER_PATH_LABEL        1117
 #define IDC_FILTER_HINT              1118
-#define IDC_FILTER_DECISION_LABEL    1119
 #define IDC_TARGET_SOURCE            1120
 #define IDC_TARGET_BACKUP            1121
 #define IDC_TARGET_STATE             1122
@@ -107,6 +104,9 @@
 #define IDC_ABOUT_NAME               1221
 #define IDC_ABOUT_VERSION            1222
 #define IDC_ABOUT_HOME_PAGE          1223
+#define IDC_ABOUT_PURPOSE            1224
+#define IDC_ABOUT_BOOST              1225
+#define IDC_ABOUT_ARCHIVER           1226
 #define IDC_SETTINGS_TAB             1230
 #define IDC_APPLY                    1231
 #define IDC_ARCHIVER_PATH            1240
@@ -116,6 +116,8 @@
 #define IDC_POWER_OFF_DESC           1244
 #define IDC_HYBRID_SHUTDOWN          1245
 #define IDC_INSTALL_UPDATES          1246
+#define IDC_PASSWORD_GROUP           1247
+#define IDC_POWER_OFF_GROUP          1248
 
 // Main window: 260-279, controls 1300-1399.
 #define IDR_MAIN_MENU                260
@@ -150,10 +152,8 @@
 #define IDC_IMAGE_FIT                1409
 #define IDC_IMAGE_ORIGIN             1410
 #define IDC_SHOW_DESCRIPTION         1411
-#define IDC_BRUSH_COLOR_LABEL        1412
-#define IDC_BRUSH_PATH_LABEL         1413
-#define IDC_IMAGE_PATH_LABEL         1414
-#define IDC_IMAGE_FIT_LABEL          1415
-#define IDC_IMAGE_ORIGIN_LABEL       1416
+#define IDC_TEXT_GROUP               1412
+#define IDC_BRUSH_GROUP              1413
+#define IDC_IMAGE_GROUP              1414
 
 #endif  // QUILLMOOR_CONTROL_IDS_H

@@ -6,7 +6,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 (($# > 0)) || die "usage: gui-run.sh PROGRAM ARGS..."
 ensure_wine_prefix
 
-size=${QLM_SCREEN:-1280x900}
+size=${QLM_SCREEN:-1366x768}
 
 close_screen() {
   [[ -z ${screen-} ]] || kill "$screen" 2>/dev/null || true

@@ -92,7 +92,8 @@ CRows PasteTasks(my::IXmlDom& dom, CDocument& document, std::string_view clip, s
   }
   const auto tasks = DocChangeEventFlags::CHNAGE_TASKS;
   const bool sameDsts = changed.dsts.size() == document.Dsts().size();
-  document.Edit(sameDsts ? tasks : tasks | DocChangeEventFlags::CHNAGE_DSTS, [&](CContent& content) {
+  const auto what = sameDsts ? tasks : tasks | DocChangeEventFlags::CHNAGE_DSTS;
+  document.Edit(IDS_EDIT_PASTE_TASKS, what, [&](CContent& content) {
     content = std::move(changed);
     return !rows.empty();
   });
@@ -102,7 +103,7 @@ CRows PasteTasks(my::IXmlDom& dom, CDocument& document, std::string_view clip, s
 CRows PasteDsts(my::IXmlDom& dom, CDocument& document, std::string_view clip, std::ptrdiff_t position) {
   const CContent pasted = ContentFromBytes(dom, clip);
   CRows rows;
-  document.Edit(DocChangeEventFlags::CHNAGE_DSTS, [&](CContent& content) {
+  document.Edit(IDS_EDIT_PASTE_DSTS, DocChangeEventFlags::CHNAGE_DSTS, [&](CContent& content) {
     size_t to = InsertRow(position, content.dsts.size());
     for (const CDstPtr& dst : pasted.dsts) {
       if (TakeDst(content.dsts, *dst, to).isNew) rows.push_back(to++);

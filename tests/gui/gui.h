@@ -6,6 +6,7 @@
 
 #include <commctrl.h>
 
+#include <initializer_list>
 #include <iterator>
 #include <string>
 #include <vector>
@@ -13,6 +14,7 @@
 #include "gui/test_dialog.h"
 #include "ui/framework/dialog.h"
 #include "ui/framework/list_view.h"
+#include "ui/framework/message_loop.h"
 
 namespace test {
 
@@ -33,6 +35,43 @@ bool PumpUntil(Test test) {
     ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
     Pump();
   }
+  return test();
+}
+
+// Presses keys of the keyboard together, the first ones held while the last one is pressed.
+inline void Press(std::initializer_list<WORD> keys) {
+  std::vector<INPUT> inputs;
+  for (const WORD key : keys) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    inputs.push_back(input);
+  }
+  for (size_t i = keys.size(); i-- > 0;) {
+    inputs.push_back(inputs[i]);
+    inputs.back().ki.dwFlags = KEYEVENTF_KEYUP;
+  }
+  EXPECT_EQ(::SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT)), inputs.size());
+}
+
+// Presses keys in a window and lets the loop of the program handle them until the test returns true.
+template <class Test>
+bool PressUntil(my::CAutoMessageLoop& loop, HWND window, std::initializer_list<WORD> keys, Test test) {
+  ::SetForegroundWindow(window);
+  Press(keys);
+  static HWND s_window;
+  static ULONGLONG s_end;
+  s_window = window;
+  s_end = ::GetTickCount64() + 10'000;
+  const auto quit = [](HWND, UINT, UINT_PTR, DWORD) {
+    const bool modal = !::IsWindowEnabled(s_window);  // the loop of a modal dialog is running
+    if (!modal || ::GetTickCount64() > s_end) ::PostQuitMessage(0);
+  };
+  const UINT_PTR timer = ::SetTimer(nullptr, 0, 10, quit);
+  do {
+    loop.Run();
+  } while (!test() && ::GetTickCount64() < s_end);
+  ::KillTimer(nullptr, timer);
   return test();
 }
 
@@ -141,37 +180,6 @@ inline std::wstring StatusText(HWND bar, int part = 0) {
 
 inline void FocusRow(HWND list, int row) {
   ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-}
-
-// Returns the labels and buttons below `window` whose texts do not fit.
-inline std::vector<std::wstring> Clipped(HWND window) {
-  std::vector<std::wstring> clipped;
-  const my::CWindowDc dc(nullptr);
-  for (HWND at = ::FindWindowExW(window, nullptr, nullptr, nullptr); at; at = ::GetWindow(at, GW_HWNDNEXT)) {
-    const auto inner = Clipped(at);
-    clipped.insert(clipped.end(), inner.begin(), inner.end());
-    wchar_t name[16]{};
-    ::GetClassNameW(at, name, 16);
-    const bool label = std::wstring(name) == L"Static";
-    if (!label && std::wstring(name) != L"Button") continue;
-    const std::wstring text = TextOf(at);
-    const my::CSelect font(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(at, WM_GETFONT, 0, 0)));
-    RECT needed{0, 0, Size(at).cx, 0};
-    ::DrawTextW(dc.Get(), text.c_str(), -1, &needed, DT_CALCRECT | (label ? DT_WORDBREAK : DT_SINGLELINE));
-    const LONG box = (::GetWindowLongW(at, GWL_STYLE) & BS_TYPEMASK) < BS_AUTOCHECKBOX || label ? 0 : 16;
-    if (needed.right + box > Size(at).cx || needed.bottom > Size(at).cy) clipped.push_back(text);
-  }
-  return clipped;
-}
-
-// Expects that all texts of the dialog fit at several DPI.
-inline void ExpectTextsFit(HWND dialog) {
-  const SIZE size = Size(dialog);
-  for (const int dpi : {96, 144, 192}) {
-    RECT bounds{0, 0, ::MulDiv(size.cx, dpi, 96), ::MulDiv(size.cy, dpi, 96)};
-    ::SendMessageW(dialog, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&bounds));
-    EXPECT_EQ(Clipped(dialog), std::vector<std::wstring>()) << dpi;
-  }
 }
 
 struct CRows : my::IListModel {

@@ -125,6 +125,38 @@ TEST_F(ListView, last_column_fills_the_list_and_the_others_keep_their_widths) {
   EXPECT_EQ(view.Widths(), (std::vector<int32_t>{200, 90}));
 }
 
+TEST_F(ListView, screen_readers_know_the_check_boxes_and_hear_their_changes) {
+  EXPECT_NE(ListView_GetExtendedListViewStyle(view.Hwnd()) & LVS_EX_CHECKBOXES, 0u);
+  static std::vector<LONG> children;
+  const auto hear = [](HWINEVENTHOOK, DWORD, HWND, LONG object, LONG child, DWORD, DWORD) {
+    if (object == OBJID_CLIENT) children.push_back(child);
+  };
+  children.clear();
+  const HWINEVENTHOOK hook = ::SetWinEventHook(EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_STATECHANGE, nullptr,
+                                               hear, ::GetCurrentProcessId(), 0, WINEVENT_OUTOFCONTEXT);
+  view.SetFocused(1);
+  Key(VK_SPACE);
+  Click(Place(0, LVIR_LABEL, -8));
+  EXPECT_TRUE(test::PumpUntil([] { return children.size() >= 2; }));
+  ::UnhookWinEvent(hook);
+  EXPECT_EQ(children, (std::vector<LONG>{2, 1}));
+}
+
+TEST_F(ListView, check_boxes_follow_font_and_theme) {
+  const auto imageSize = [this] {
+    int width = 0;
+    int height = 0;
+    ::ImageList_GetIconSize(ListView_GetImageList(view.Hwnd(), LVSIL_STATE), &width, &height);
+    return height;
+  };
+  const int before = imageSize();
+  const CFont large(::CreateFontW(-48, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, L"Tahoma"));
+  ::SendMessageW(view.Hwnd(), WM_SETFONT, reinterpret_cast<WPARAM>(large.Get()), TRUE);
+  EXPECT_GT(imageSize(), before);
+  ::SendMessageW(view.Hwnd(), WM_THEMECHANGED, 0, 0);
+  EXPECT_EQ(::ImageList_GetImageCount(ListView_GetImageList(view.Hwnd(), LVSIL_STATE)), 3);
+}
+
 TEST_F(ListView, rows_are_dropped_at_the_insertion_mark) {
   const auto begin = [&] {
     NMLISTVIEW drag{};

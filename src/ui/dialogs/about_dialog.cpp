@@ -26,6 +26,16 @@ HICON IconOf(HWND window) {
 
 CAboutDialog::CAboutDialog(CAppContext& context) : CDialog(IDD_ABOUT), m_context(context) {}
 
+my::CBox CAboutDialog::Layout() const {
+  using my::Control;
+  return my::Column(
+      {my::Row({my::Column({Control(IDC_ABOUT_ICON)}), my::Space(),
+                my::Column({Control(IDC_ABOUT_NAME), Control(IDC_ABOUT_VERSION), my::Space(),
+                            Control(IDC_ABOUT_PURPOSE), Control(IDC_ABOUT_BOOST), Control(IDC_ABOUT_ARCHIVER),
+                            my::Space(), Control(IDC_ABOUT_HOME_PAGE)})}),
+       my::Buttons({IDOK})});
+}
+
 bool CAboutDialog::OnInit() {
   const my::IMessageTexts& texts = m_context.ports.engine.texts;
   const my::CMsgArg version[] = {my::OwnVersion().version};

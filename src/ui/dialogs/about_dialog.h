@@ -13,6 +13,7 @@ class CAboutDialog : public my::CDialog {
   explicit CAboutDialog(CAppContext& context);
 
  protected:
+  my::CBox Layout() const override;
   bool OnInit() override;
   std::optional<LRESULT> OnNotify(const NMHDR& header) override;
   void OnDpiChanged() override;

@@ -13,14 +13,15 @@ class CClosingDialog final : public my::CDialog {
   CClosingDialog() : CDialog(IDD_CLOSING) {}
 
   // `text` is what is waited for, `path` what is being written. May be called on every tick.
-  void Show(const std::wstring& text, const std::wstring& path) const;
+  void Show(const std::wstring& text, const std::wstring& path);
 
  protected:
+  my::CBox Layout() const override;
   bool OnInit() override;
   void OnCancel() override {}
 
  private:
-  void ShowText(int id, const std::wstring& text) const;
+  void ShowText(int id, const std::wstring& text);
 };
 
 }  // namespace qlm

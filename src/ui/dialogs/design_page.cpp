@@ -1,7 +1,6 @@
 #include "ui/dialogs/design_page.h"
 
 #include <commdlg.h>
-#include <uxtheme.h>
 #include <vssym32.h>
 
 #include <algorithm>
@@ -18,6 +17,7 @@
 #include "ui/framework/controls.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/file_dialogs.h"
+#include "ui/framework/theme.h"
 
 namespace qlm {
 namespace {
@@ -54,12 +54,10 @@ std::optional<my::CColor> AskColor(HWND owner, my::CColor color) {
   return my::ColorOfRef(choice.rgbResult);
 }
 
-using CTheme = my::CHandle<HTHEME, &::CloseThemeData>;
-
-void DrawPushButton(const DRAWITEMSTRUCT& draw, bool disabled) {
+void DrawPushButton(const DRAWITEMSTRUCT& draw, bool disabled, UINT dpi) {
   const bool pressed = (draw.itemState & ODS_SELECTED) != 0;
   RECT rect = draw.rcItem;
-  const CTheme theme(::OpenThemeData(draw.hwndItem, L"BUTTON"));
+  const my::CTheme theme = my::OpenTheme(draw.hwndItem, L"BUTTON", dpi);
   if (!theme) {
     ::DrawFrameControl(draw.hDC, &rect, DFC_BUTTON, DFCS_BUTTONPUSH | (pressed ? DFCS_PUSHED : 0U));
     return;
@@ -106,6 +104,20 @@ void CDesignPage::FocusRefused() {
   FocusItem(m_refused);
 }
 
+my::CBox CDesignPage::Layout() const {
+  using my::Field, my::Group, my::Control;
+  constexpr int kSwatch = 12;  // characters
+  return my::Column(
+      {Group(IDC_TEXT_GROUP, {Field(Control(IDC_TEXT_COLOR).Chars(kSwatch)), Control(IDC_SHOW_DESCRIPTION)}),
+       my::Space(),
+       Group(IDC_BRUSH_GROUP, {Field(IDC_BRUSH_TYPE), Field(Control(IDC_BRUSH_COLOR).Chars(kSwatch)),
+                               Field(Control(IDC_BRUSH_PATH).Wide(), {Control(IDC_BRUSH_BROWSE)})}),
+       my::Space(),
+       Group(IDC_IMAGE_GROUP,
+             {Field(IDC_IMAGE_TYPE), Field(Control(IDC_IMAGE_PATH).Wide(), {Control(IDC_IMAGE_BROWSE)}),
+              Field(IDC_IMAGE_FIT), Field(IDC_IMAGE_ORIGIN)})});
+}
+
 bool CDesignPage::OnInit() {
   m_design = m_context.settings.design;
   my::FillFromTexts(Item(IDC_BRUSH_TYPE), m_context.ports.engine.texts, kBrushTypeTexts,
@@ -117,6 +129,7 @@ bool CDesignPage::OnInit() {
   SetItemText(IDC_BRUSH_PATH, m_design.bkBrushPath);
   SetItemText(IDC_IMAGE_PATH, m_design.bkImgPath);
   SetChecked(IDC_SHOW_DESCRIPTION, m_design.showDesc);
+  NameColors();
   EnableControls();
   return false;
 }
@@ -168,6 +181,7 @@ void CDesignPage::OnColor(int id) {
   const auto chosen = AskColor(::GetAncestor(Hwnd(), GA_ROOT), color);
   if (!chosen) return;
   color = *chosen;
+  NameColors();
   ::InvalidateRect(Item(id), nullptr, FALSE);
   Edited();
 }
@@ -192,12 +206,14 @@ void CDesignPage::EnableControls() {
   const bool brush = m_design.bkBrushType == BrushType::CUSTOM_BK;
   const bool picture = m_design.bkImgType == BkImgType::CUSTOM;
   const bool image = m_design.bkImgType != BkImgType::NONE;
-  EnableItem(IDC_TEXT_COLOR, m_design.bkBrushType != BrushType::OS_DEFAULT);
-  for (const int id : {IDC_BRUSH_COLOR_LABEL, IDC_BRUSH_COLOR}) EnableItem(id, color);
-  for (const int id : {IDC_BRUSH_PATH_LABEL, IDC_BRUSH_PATH, IDC_BRUSH_BROWSE}) EnableItem(id, brush);
-  for (const int id : {IDC_IMAGE_PATH_LABEL, IDC_IMAGE_PATH, IDC_IMAGE_BROWSE}) EnableItem(id, picture);
-  for (const int id : {IDC_IMAGE_FIT_LABEL, IDC_IMAGE_FIT, IDC_IMAGE_ORIGIN_LABEL, IDC_IMAGE_ORIGIN})
-    EnableItem(id, image);
+  EnableField(IDC_TEXT_COLOR, m_design.bkBrushType != BrushType::OS_DEFAULT);
+  EnableField(IDC_BRUSH_COLOR, color);
+  EnableField(IDC_BRUSH_PATH, brush);
+  EnableItem(IDC_BRUSH_BROWSE, brush);
+  EnableField(IDC_IMAGE_PATH, picture);
+  EnableItem(IDC_IMAGE_BROWSE, picture);
+  EnableField(IDC_IMAGE_FIT, image);
+  EnableField(IDC_IMAGE_ORIGIN, image);
 }
 
 void CDesignPage::Edited() {
@@ -224,16 +240,30 @@ void CDesignPage::DrawSwatch(const DRAWITEMSTRUCT& draw) {
   const HDC dc = draw.hDC;
   RECT rect = draw.rcItem;
   const bool disabled = (draw.itemState & ODS_DISABLED) != 0;
-  DrawPushButton(draw, disabled);
+  DrawPushButton(draw, disabled, Dpi());
   const int margin = my::Scale(kSwatchMargin, Dpi());
   ::InflateRect(&rect, -margin, -margin);
-  if ((draw.itemState & ODS_FOCUS) != 0) ::DrawFocusRect(dc, &rect);
+  if ((draw.itemState & (ODS_FOCUS | ODS_NOFOCUSRECT)) == ODS_FOCUS) ::DrawFocusRect(dc, &rect);
   ::InflateRect(&rect, -margin / 2, -margin / 2);
   if (disabled) return;
   const my::CColor color = ColorOf(static_cast<int>(draw.CtlID));
   const my::CBrush brush(::CreateSolidBrush(my::ColorRef(color)));
+  // In the colour of text, because a lighter border would not show around white.
+  ::FillRect(dc, &rect, ::GetSysColorBrush(COLOR_BTNTEXT));
+  const int border = my::Scale(1, Dpi());
+  ::InflateRect(&rect, -border, -border);
   ::FillRect(dc, &rect, brush.Get());
-  ::FrameRect(dc, &rect, ::GetSysColorBrush(COLOR_BTNSHADOW));
+}
+
+// Screen readers speak the text of a button.
+void CDesignPage::NameColors() {
+  const my::IMessageTexts& texts = m_context.ports.engine.texts;
+  const auto name = [&](int id, uint32_t textId, my::CColor color) {
+    const my::CMsgArg value = my::ColorText(color);
+    SetItemText(id, my::MakeText(texts, textId, {&value, 1}));
+  };
+  name(IDC_TEXT_COLOR, IDS_TEXT_COLOR, m_design.textColor);
+  name(IDC_BRUSH_COLOR, IDS_BRUSH_COLOR, m_design.bkBrushColor);
 }
 
 my::CColor& CDesignPage::ColorOf(int id) {

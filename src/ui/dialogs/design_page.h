@@ -22,6 +22,7 @@ class CDesignPage : public CSettingsPage {
   void FocusRefused() override;
 
  protected:
+  my::CBox Layout() const override;
   bool OnInit() override;
   bool OnCommand(int id, int code) override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -37,6 +38,7 @@ class CDesignPage : public CSettingsPage {
   void Edited();
   void Show();
   void DrawSwatch(const DRAWITEMSTRUCT& draw);
+  void NameColors();
   my::CColor& ColorOf(int id);
 
   CAppContext& m_context;

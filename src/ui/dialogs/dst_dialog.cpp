@@ -24,12 +24,13 @@ CDstDialog::CDstDialog(CAppContext& context, CDst dst, CConfirm confirm)
       m_taskId(SampleTaskId(context.document.Tasks(), context.window.TaskList().SelectedRows(),
                             context.ports.engine.texts)) {}
 
-std::vector<my::CAnchor> CDstDialog::Anchors() const {
-  using my::kBottom, my::kLeft, my::kRight, my::kTop;
-  constexpr unsigned kWide = kLeft | kTop | kRight;
-  return {{IDC_DST_FOLDER, kWide},  {IDC_DST_BROWSE, kRight},    {IDC_DST_PATTERN, kWide},
-          {IDC_DST_TOKENS, kRight}, {IDC_DST_PREVIEW, kWide},    {IDC_DST_NOTE, kWide | kBottom},
-          {IDOK, kRight | kBottom}, {IDCANCEL, kRight | kBottom}};
+my::CBox CDstDialog::Layout() const {
+  using my::Control, my::Field;
+  return my::Column(
+      {Field(Control(IDC_DST_FOLDER).Wide().Chars(48), {Control(IDC_DST_BROWSE)}),
+       Field(Control(IDC_DST_TYPE)), Field(Control(IDC_DST_PATTERN).Wide(), {Control(IDC_DST_TOKENS)}),
+       Field(Control(IDC_DST_PREVIEW).Wide()),
+       my::Row({my::Indent(), Control(IDC_DST_NOTE).Wide().Tall().Lines(3)}), my::Buttons({IDOK, IDCANCEL})});
 }
 
 bool CDstDialog::OnInit() {
@@ -137,20 +138,20 @@ void CDstDialog::InsertToken(size_t index) {
   ::SetFocus(edit);
 }
 
-void CDstDialog::ShowEffect() const {
+void CDstDialog::ShowEffect() {
   ShowPreview();
   ShowNote();
 }
 
 // Shows the name for the pattern as FitExtension would change it.
-void CDstDialog::ShowPreview() const {
+void CDstDialog::ShowPreview() {
   CDst dst = EditedDst();
   FitPattern(dst.type, dst.pattern);
   const CEnginePorts& ports = m_context.ports.engine;
   SetItemText(IDC_DST_PREVIEW, NamePreview(dst, m_taskId, m_time, ports.clock, ports.texts));
 }
 
-void CDstDialog::ShowNote() const {
+void CDstDialog::ShowNote() {
   const my::IMessageTexts& texts = m_context.ports.engine.texts;
   const CDst dst = EditedDst();
   std::wstring note = ArchiveWarning(dst, m_taskId, m_context.ports.engine);

@@ -20,7 +20,7 @@ class CDstDialog : public my::CDialog {
   CDstDialog(CAppContext& context, CDst dst, CConfirm confirm);
 
  protected:
-  std::vector<my::CAnchor> Anchors() const override;
+  my::CBox Layout() const override;
   bool OnInit() override;
   void OnOk() override;
   bool OnCommand(int id, int code) override;
@@ -32,9 +32,9 @@ class CDstDialog : public my::CDialog {
   void FitExtension();
   void OfferTokens();
   void InsertToken(size_t index);
-  void ShowEffect() const;
-  void ShowPreview() const;
-  void ShowNote() const;
+  void ShowEffect();
+  void ShowPreview();
+  void ShowNote();
 
   CAppContext& m_context;
   CDst m_dst;

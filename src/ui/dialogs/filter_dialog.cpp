@@ -19,22 +19,14 @@ CFilterDialog::CFilterDialog(CAppContext& context, std::wstring path, std::wstri
       m_source(my::JoinPath(source, L"")),
       m_model(context.settings.ui, context.ports.engine.texts) {}
 
-std::vector<my::CAnchor> CFilterDialog::Anchors() const {
-  using my::kBottom, my::kLeft, my::kRight, my::kTop;
-  constexpr unsigned kWideAtBottom = kLeft | kRight | kBottom;
-  return {{IDC_FILTER_FILE, kLeft | kTop | kRight},
-          {IDC_FILTER_LINES, kLeft | kTop | kRight | kBottom},
-          {IDC_FILTER_STATUS, kWideAtBottom},
-          {IDC_FILTER_PATH_LABEL, kLeft | kBottom},
-          {IDC_FILTER_PATH, kWideAtBottom},
-          {IDC_FILTER_HINT, kWideAtBottom},
-          {IDC_FILTER_DECISION_LABEL, kLeft | kBottom},
-          {IDC_FILTER_DECISION, kWideAtBottom},
-          {IDC_FILTER_OPEN, kLeft | kBottom},
-          {IDC_FILTER_EDIT, kLeft | kBottom},
-          {IDC_FILTER_RELOAD, kLeft | kBottom},
-          {IDC_LIST_COPY, kLeft | kBottom},
-          {IDCANCEL, kRight | kBottom}};
+my::CBox CFilterDialog::Layout() const {
+  using my::Control, my::Field;
+  return my::Column({Field(IDC_FILTER_FILE), my::LabelOf(IDC_FILTER_LINES),
+                     Control(IDC_FILTER_LINES).Wide().Tall(), Control(IDC_FILTER_STATUS).Wide(),
+                     Field(IDC_FILTER_PATH), my::Row({my::Indent(), Control(IDC_FILTER_HINT).Wide()}),
+                     Field(IDC_FILTER_DECISION),
+                     my::Flow({Control(IDC_FILTER_OPEN), Control(IDC_FILTER_EDIT), Control(IDC_FILTER_RELOAD),
+                               Control(IDC_LIST_COPY), my::Buttons({IDCANCEL})})});
 }
 
 bool CFilterDialog::OnInit() {
@@ -42,6 +34,13 @@ bool CFilterDialog::OnInit() {
   Load();
   ::SetFocus(Item(IDC_FILTER_PATH));
   return false;
+}
+
+// Sent by Enter, because the dialog has no default button. Selects the path, so that the next one can be
+// typed.
+void CFilterDialog::OnOk() {
+  Decide();
+  FocusItem(IDC_FILTER_PATH);
 }
 
 bool CFilterDialog::Execute(int id, int code) {

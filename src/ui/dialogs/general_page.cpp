@@ -50,6 +50,21 @@ void CGeneralPage::FocusRefused() {
   FocusItem(IDC_PASSWORD);
 }
 
+my::CBox CGeneralPage::Layout() const {
+  using my::Field, my::Group, my::Control, my::Row;
+  return my::Column(
+      {my::LabelOf(IDC_ARCHIVER_PATH), Row({Control(IDC_ARCHIVER_PATH).Wide(), Control(IDC_ARCHIVER_BROWSE)}),
+       Control(IDC_ARCHIVER_VERSION).Wide(), my::Space(),
+       Group(IDC_PASSWORD_GROUP,
+             {Field(IDC_PASSWORD_TYPE), Row({my::Indent(), Control(IDC_PASSWORD_DESC).Wide().Lines(2)}),
+              Field(IDC_PASSWORD), Row({my::Indent(), Control(IDC_HIDE_PASSWORD)})}),
+       my::Space(),
+       Group(IDC_POWER_OFF_GROUP,
+             {Field(IDC_POWER_OFF_TYPE), Row({my::Indent(), Control(IDC_POWER_OFF_DESC).Wide()}),
+              Row({my::Indent(), Control(IDC_HYBRID_SHUTDOWN)}),
+              Row({my::Indent(), Control(IDC_INSTALL_UPDATES)})})});
+}
+
 bool CGeneralPage::OnInit() {
   InitArchiver();
   InitPassword();
@@ -167,7 +182,7 @@ void CGeneralPage::ShowArchiverVersion() {
 void CGeneralPage::ShowPasswordType() {
   const auto type = static_cast<PasswordType>(my::Chosen(Item(IDC_PASSWORD_TYPE)));
   SetItemText(IDC_PASSWORD_DESC, m_context.ports.engine.texts.Text(kPasswordTypeDescriptions[type]));
-  EnableItem(IDC_PASSWORD, type == PasswordType::SAVE);
+  EnableField(IDC_PASSWORD, type == PasswordType::SAVE);
 }
 
 void CGeneralPage::ShowPowerOffType() {

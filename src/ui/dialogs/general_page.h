@@ -18,6 +18,7 @@ class CGeneralPage : public CSettingsPage {
   void FocusRefused() override;
 
  protected:
+  my::CBox Layout() const override;
   bool OnInit() override;
   bool OnCommand(int id, int code) override;
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -12,6 +12,12 @@ namespace qlm {
 CPasswordDlg::CPasswordDlg(CAppContext& context, CPasswordEntry& entry)
     : CDialog(IDD_PASSWORD), m_context(context), m_entry(entry) {}
 
+my::CBox CPasswordDlg::Layout() const {
+  return my::Column({my::Field(my::Control(IDC_PASSWORD).Wide().Chars(32)),
+                     my::Row({my::Indent(), my::Control(IDC_HIDE_PASSWORD)}), my::Space(),
+                     my::Buttons({IDOK, IDCANCEL})});
+}
+
 bool CPasswordDlg::OnInit() {
   const bool hide = m_entry.Setting().hidePassword;
   SetChecked(IDC_HIDE_PASSWORD, hide);

@@ -14,6 +14,7 @@ class CPasswordDlg : public my::CDialog {
   CPasswordDlg(CAppContext& context, CPasswordEntry& entry);
 
  protected:
+  my::CBox Layout() const override;
   bool OnInit() override;
   void OnOk() override;
   bool OnCommand(int id, int code) override;

@@ -44,16 +44,20 @@ void CReplaceDialog::Refresh() {
   ShowState();
 }
 
-std::vector<my::CAnchor> CReplaceDialog::Anchors() const {
-  using namespace my;
-  return {{IDC_REPLACE_ROW_GROUP, kLeft | kTop | kRight},
-          {IDC_REPLACE_COL_GROUP, kLeft | kTop | kRight},
-          {IDC_REPLACE_SRC, kLeft | kTop | kRight},
-          {IDC_REPLACE_DST, kLeft | kTop | kRight},
-          {IDC_REPLACE_COUNTS, kLeft | kTop | kRight},
-          {IDC_REPLACE_STATUS, kLeft | kTop | kRight | kBottom},
-          {IDOK, kRight | kBottom},
-          {IDCANCEL, kRight | kBottom}};
+my::CBox CReplaceDialog::Layout() const {
+  using my::Field, my::Group, my::Control, my::Row;
+  return my::Column({Group(IDC_REPLACE_ROW_GROUP, {my::Flow({Control(IDC_REPLACE_ROW_ALL).Same(1),
+                                                             Control(IDC_REPLACE_ROW_SELECTED).Same(2),
+                                                             Control(IDC_REPLACE_ROW_FOCUSED).Same(3)})}),
+                     Group(IDC_REPLACE_COL_GROUP,
+                           {Row({Control(IDC_REPLACE_TASK_ID).Same(1), Control(IDC_REPLACE_TASK_PATH).Same(2),
+                                 Control(IDC_REPLACE_TASK_FILTER).Same(3)}),
+                            Row({my::Space().Same(1), Control(IDC_REPLACE_DST_FOLDER).Same(2),
+                                 Control(IDC_REPLACE_DST_PATTERN).Same(3)})}),
+                     Field(IDC_REPLACE_SRC), Field(IDC_REPLACE_DST),
+                     Row({my::Indent(), Control(IDC_REPLACE_REGEX), Control(IDC_REPLACE_PREVIEW)}),
+                     Control(IDC_REPLACE_COUNTS).Wide(), Control(IDC_REPLACE_STATUS).Wide().Tall().Lines(2),
+                     my::Buttons({IDOK, IDCANCEL})});
 }
 
 bool CReplaceDialog::OnInit() {
@@ -100,7 +104,7 @@ void CReplaceDialog::OnClosed(int) {
   if (m_context.replace.IsOpen()) m_context.replace.Cancel(m_context.replace.Options());
 }
 
-void CReplaceDialog::ShowOptions(const CReplaceOptions& options) const {
+void CReplaceDialog::ShowOptions(const CReplaceOptions& options) {
   SetChecked(IDC_REPLACE_ROW_ALL + static_cast<int>(options.row), true);
   for (int id = kFirstColumn; id <= kLastColumn; ++id) SetChecked(id, (options.col & ColumnOf(id)) != 0);
   my::FillCombo(Item(IDC_REPLACE_SRC), m_context.replace.Setting().srcs.Items());
@@ -125,7 +129,7 @@ CReplaceOptions CReplaceDialog::ReadOptions() const {
   return options;
 }
 
-void CReplaceDialog::ShowState() const {
+void CReplaceDialog::ShowState() {
   const my::IMessageTexts& texts = m_context.ports.engine.texts;
   const CReplaceTool& tool = m_context.replace;
   const my::CMsgArg counts[] = {std::to_wstring(tool.TaskCount()), std::to_wstring(tool.DstCount())};

@@ -18,7 +18,7 @@ class CReplaceDialog : public my::CDialog {
   void Refresh();
 
  protected:
-  std::vector<my::CAnchor> Anchors() const override;
+  my::CBox Layout() const override;
   bool OnInit() override;
   void OnOk() override;
   bool OnCommand(int id, int code) override;
@@ -26,9 +26,9 @@ class CReplaceDialog : public my::CDialog {
   void OnClosed(int result) override;
 
  private:
-  void ShowOptions(const CReplaceOptions& options) const;
+  void ShowOptions(const CReplaceOptions& options);
   CReplaceOptions ReadOptions() const;
-  void ShowState() const;
+  void ShowState();
 
   CAppContext& m_context;
 };

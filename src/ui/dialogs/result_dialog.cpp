@@ -12,14 +12,11 @@
 
 namespace qlm {
 
-std::vector<my::CAnchor> CResultDialog::Anchors() const {
-  using my::kBottom, my::kLeft, my::kRight, my::kTop;
-  return {{IDC_RESULT_LIST, kLeft | kTop | kRight | kBottom},
-          {IDC_RESULT_OPEN, kLeft | kBottom},
-          {IDC_RESULT_TARGETS, kLeft | kBottom},
-          {IDC_LIST_COPY, kLeft | kBottom},
-          {IDC_RESULT_SAVE, kLeft | kBottom},
-          {IDCANCEL, kRight | kBottom}};
+my::CBox CResultDialog::Layout() const {
+  using my::Control;
+  return my::Column({my::LabelOf(IDC_RESULT_LIST), Control(IDC_RESULT_LIST).Wide().Tall().Lines(12),
+                     my::Flow({Control(IDC_RESULT_OPEN), Control(IDC_RESULT_TARGETS), Control(IDC_LIST_COPY),
+                               Control(IDC_RESULT_SAVE), my::Buttons({IDCANCEL})})});
 }
 
 bool CResultDialog::OnInit() {

@@ -20,7 +20,7 @@ class CResultDialog final : public CListDialog {
   void RowsChanged();
 
  private:
-  std::vector<my::CAnchor> Anchors() const override;
+  my::CBox Layout() const override;
   bool OnInit() override;
   bool Execute(int id, int code) override;
   bool OnListKey(UINT key) override;

@@ -13,9 +13,15 @@
 #include "support/secret.h"
 #include "ui/dialogs/design_page.h"
 #include "ui/dialogs/general_page.h"
-#include "ui/framework/controls.h"
+#include "ui/framework/dpi.h"
+#include "ui/framework/window_placement.h"
 
 namespace qlm {
+namespace {
+
+constexpr SIZE kLeastPage{240, 120};  // pixels at 96 DPI
+
+}  // namespace
 
 CSettingsSheet::CSettingsSheet(CAppContext& context, size_t firstPage, CDesignPreview preview)
     : CDialog(IDD_SETTINGS), m_context(context), m_preview(std::move(preview)) {
@@ -25,14 +31,64 @@ CSettingsSheet::CSettingsSheet(CAppContext& context, size_t firstPage, CDesignPr
   m_shown = std::min(firstPage, m_pages.size() - 1);
 }
 
+my::CBox CSettingsSheet::Layout() const {
+  return my::Column({my::Control(IDC_SETTINGS_TAB).Wide().Tall(), my::Buttons({IDOK, IDCANCEL, IDC_APPLY})});
+}
+
+// The tab control is as large as its largest page. A page that gets less room scrolls.
+std::optional<my::CExtents> CSettingsSheet::ExtentsOf(int id) const {
+  if (id != IDC_SETTINGS_TAB) return {};
+  const my::CRect work = my::WorkArea(Hwnd());
+  int width = 0;
+  int height = 0;
+  for (const auto& page : m_pages) {
+    if (!page->Hwnd()) continue;
+    const SIZE natural = page->NaturalClient({work.right - work.left, LONG_MAX});
+    width = std::max<int>(width, natural.cx);
+    height = std::max<int>(height, natural.cy);
+  }
+  constexpr int kLarge = 1000;
+  RECT inner{0, 0, kLarge, kLarge};
+  TabCtrl_AdjustRect(Item(IDC_SETTINGS_TAB), FALSE, &inner);
+  width += kLarge - (inner.right - inner.left);
+  height += kLarge - (inner.bottom - inner.top);
+  return my::CExtents{{std::min(width, my::Scale(kLeastPage.cx, Dpi())), width},
+                      {std::min(height, my::Scale(kLeastPage.cy, Dpi())), height}};
+}
+
 bool CSettingsSheet::OnInit() {
   m_cancelled = false;
   for (const auto& page : m_pages) AddPage(*page);
   TabCtrl_SetCurSel(Item(IDC_SETTINGS_TAB), static_cast<int>(m_shown));
   ShowPage(m_shown);
   EnableItem(IDC_APPLY, false);
-  ::SetFocus(::GetNextDlgTabItem(m_pages[m_shown]->Hwnd(), nullptr, FALSE));
+  FocusPage();
+  m_keys.Attach(Hwnd(), [this](UINT key) { return OnKey(key); });
   return false;
+}
+
+void CSettingsSheet::OnClosed(int) {
+  m_keys.Detach();
+}
+
+void CSettingsSheet::FocusPage() const {
+  ::SetFocus(::GetNextDlgTabItem(m_pages[m_shown]->Hwnd(), nullptr, FALSE));
+}
+
+bool CSettingsSheet::OnKey(UINT key) {
+  if (::GetKeyState(VK_CONTROL) >= 0 || ::GetKeyState(VK_MENU) < 0) return false;
+  if (key != VK_TAB && key != VK_NEXT && key != VK_PRIOR) return false;
+  Turn(key == VK_TAB ? ::GetKeyState(VK_SHIFT) < 0 : key == VK_PRIOR);
+  return true;
+}
+
+void CSettingsSheet::Turn(bool back) {
+  const bool inPage = ::IsChild(m_pages[m_shown]->Hwnd(), ::GetFocus()) != FALSE;
+  const size_t count = m_pages.size();
+  const size_t next = (m_shown + (back ? count - 1 : 1)) % count;
+  TabCtrl_SetCurSel(Item(IDC_SETTINGS_TAB), static_cast<int>(next));
+  ShowPage(next);
+  if (inPage) FocusPage();  // the hidden control would keep it
 }
 
 void CSettingsSheet::OnOk() {
@@ -72,9 +128,17 @@ std::optional<LRESULT> CSettingsSheet::OnNotify(const NMHDR& header) {
 }
 
 void CSettingsSheet::OnDpiChanged() {
-  RECT area = PageArea();
-  for (const auto& page : m_pages) {
+  RECT area{};
+  for (const auto& page : m_pages)
     ::SendMessageW(page->Hwnd(), WM_DPICHANGED, MAKEWPARAM(Dpi(), Dpi()), reinterpret_cast<LPARAM>(&area));
+}
+
+void CSettingsSheet::OnArranged() {
+  const RECT area = PageArea();
+  for (const auto& page : m_pages) {
+    if (page->Hwnd())
+      ::SetWindowPos(page->Hwnd(), HWND_TOP, area.left, area.top, area.right - area.left,
+                     area.bottom - area.top, SWP_NOACTIVATE);
   }
 }
 
@@ -88,9 +152,7 @@ void CSettingsSheet::AddPage(CSettingsPage& page) {
 
   page.CreateModeless(Hwnd(), m_pageKeys);
   ::EnableThemeDialogTexture(page.Hwnd(), ETDT_ENABLETAB);
-  const RECT area = PageArea();
-  ::SetWindowPos(page.Hwnd(), HWND_TOP, area.left, area.top, area.right - area.left, area.bottom - area.top,
-                 SWP_HIDEWINDOW | SWP_NOACTIVATE);
+  ::ShowWindow(page.Hwnd(), SW_HIDE);
   page.SetChanged([this] { EnableItem(IDC_APPLY, true); });
 }
 

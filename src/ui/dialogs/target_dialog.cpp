@@ -38,12 +38,11 @@ LRESULT CTargetDialog::CView::OnCustomDraw(NMLVCUSTOMDRAW& draw) {
 }
 
 HFONT CTargetDialog::CView::BoldFont() {
-  if (m_fontDpi != Dpi()) {
-    LOGFONTW font = my::MessageLogFont(Dpi());
-    font.lfWeight = FW_BOLD;
-    m_font = my::CFont(::CreateFontIndirectW(&font));
-    m_fontDpi = Dpi();
-  }
+  LOGFONTW bold{};
+  ::GetObjectW(reinterpret_cast<HFONT>(::SendMessageW(Hwnd(), WM_GETFONT, 0, 0)), sizeof bold, &bold);
+  bold.lfWeight = FW_BOLD;
+  if (std::exchange(m_fontHeight, bold.lfHeight) != bold.lfHeight)
+    m_font = my::CFont(::CreateFontIndirectW(&bold));
   return m_font.Get();
 }
 
@@ -52,25 +51,17 @@ CTargetDialog::CTargetDialog(CAppContext& context, CResultPtr result)
       m_result(std::move(result)),
       m_model(m_result->targets, context.ports.engine.texts, context.ports.engine.clock) {}
 
-std::vector<my::CAnchor> CTargetDialog::Anchors() const {
-  using my::kBottom, my::kLeft, my::kRight, my::kTop;
-  constexpr unsigned kWide = kLeft | kTop | kRight;
-  constexpr unsigned kWideAtBottom = kLeft | kRight | kBottom;
-  return {{IDC_TARGET_SOURCE, kWide},
-          {IDC_TARGET_BACKUP, kWide},
-          {IDC_TARGET_STATE, kWide},
-          {IDC_TARGET_SEARCH, kWide},
-          {IDC_TARGET_NEXT, kRight | kTop},
-          {IDC_TARGET_FOUND, kRight | kTop},
-          {IDC_TARGET_LIST, kLeft | kTop | kRight | kBottom},
-          {IDC_TARGET_COUNTS, kWideAtBottom},
-          {IDC_TARGET_NEWEST, kWideAtBottom},
-          {IDC_TARGET_UNLISTED, kWideAtBottom},
-          {IDC_TARGET_SHOW_SOURCE, kLeft | kBottom},
-          {IDC_TARGET_SHOW_BACKUP, kLeft | kBottom},
-          {IDC_TARGET_GO_NEWEST, kLeft | kBottom},
-          {IDC_LIST_COPY, kLeft | kBottom},
-          {IDCANCEL, kRight | kBottom}};
+my::CBox CTargetDialog::Layout() const {
+  using my::Control, my::Field;
+  return my::Column(
+      {Field(IDC_TARGET_SOURCE), Field(IDC_TARGET_BACKUP), Field(IDC_TARGET_STATE),
+       Field(Control(IDC_TARGET_SEARCH).Wide(),
+             {Control(IDC_TARGET_NEXT), Control(IDC_TARGET_FOUND).Chars(16)}),
+       my::LabelOf(IDC_TARGET_LIST), Control(IDC_TARGET_LIST).Wide().Tall().Lines(12),
+       Control(IDC_TARGET_COUNTS).Wide(), Control(IDC_TARGET_NEWEST).Wide(),
+       Control(IDC_TARGET_UNLISTED).Wide(),
+       my::Flow({Control(IDC_TARGET_SHOW_SOURCE), Control(IDC_TARGET_SHOW_BACKUP),
+                 Control(IDC_TARGET_GO_NEWEST), Control(IDC_LIST_COPY), my::Buttons({IDCANCEL})})});
 }
 
 bool CTargetDialog::OnInit() {
@@ -81,7 +72,7 @@ bool CTargetDialog::OnInit() {
   return true;
 }
 
-void CTargetDialog::ShowTexts() const {
+void CTargetDialog::ShowTexts() {
   const std::wstring& backup = m_result->destinationPath;
   SetItemText(IDC_TARGET_SOURCE, m_result->task->path);
   SetItemText(IDC_TARGET_BACKUP, backup.empty() ? Text(IDS_TARGET_NO_BACKUP) : backup);

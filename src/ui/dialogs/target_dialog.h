@@ -24,16 +24,16 @@ class CTargetDialog final : public CListDialog {
 
     std::optional<size_t> m_newestRow;
     my::CFont m_font;
-    UINT m_fontDpi = 0;
+    LONG m_fontHeight = 0;
   };
 
-  std::vector<my::CAnchor> Anchors() const override;
+  my::CBox Layout() const override;
   bool OnInit() override;
   bool Execute(int id, int code) override;
   bool OnKey(UINT key) override;
   bool IsWarning(int controlId) const override;
 
-  void ShowTexts() const;
+  void ShowTexts();
   std::wstring NewestText() const;
   std::wstring UnlistedText() const;
   void Search(bool next);

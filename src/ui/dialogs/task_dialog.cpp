@@ -28,23 +28,16 @@ CTaskDialog::CTaskDialog(CAppContext& context, CTask task, CConfirm confirm)
       m_confirm(std::move(confirm)),
       m_dsts(context.document.Dsts(), m_task.dsts, context.ports.engine.texts) {}
 
-std::vector<my::CAnchor> CTaskDialog::Anchors() const {
-  using my::kBottom, my::kLeft, my::kRight, my::kTop;
-  constexpr unsigned kWide = kLeft | kTop | kRight;
-  constexpr unsigned kCorner = kRight | kBottom;
-  return {{IDC_TASK_ID, kWide},
-          {IDC_TASK_PATH, kWide},
-          {IDC_TASK_BROWSE, kRight},
-          {IDC_TASK_FILTER, kWide},
-          {IDC_TASK_BROWSE_FILTER, kRight},
-          {IDC_TASK_CHECK_FILTER, kRight},
-          {IDC_TASK_DSTS, kWide | kBottom},
-          {IDC_TASK_UP, kRight},
-          {IDC_TASK_DOWN, kRight},
-          {IDC_TASK_OPEN_DST, kRight},
-          {IDC_TASK_WARNING, kLeft | kCorner},
-          {IDOK, kCorner},
-          {IDCANCEL, kCorner}};
+my::CBox CTaskDialog::Layout() const {
+  using my::Control, my::Field;
+  return my::Column({Field(IDC_TASK_ID), Field(Control(IDC_TASK_PATH).Wide(), {Control(IDC_TASK_BROWSE)}),
+                     Field(Control(IDC_TASK_FILTER).Wide(),
+                           {Control(IDC_TASK_BROWSE_FILTER), Control(IDC_TASK_CHECK_FILTER)}),
+                     my::Space(), my::LabelOf(IDC_TASK_DSTS),
+                     my::Row({Control(IDC_TASK_DSTS).Wide().Tall(),
+                              my::Column({Control(IDC_TASK_UP).Same(1), Control(IDC_TASK_DOWN).Same(1),
+                                          Control(IDC_TASK_OPEN_DST).Same(1)})}),
+                     Control(IDC_TASK_WARNING).Wide(), my::Buttons({IDOK, IDCANCEL})});
 }
 
 bool CTaskDialog::OnInit() {
@@ -213,7 +206,7 @@ void CTaskDialog::EnableMoving() const {
   }
 }
 
-void CTaskDialog::ShowWarning() const {
+void CTaskDialog::ShowWarning() {
   SetItemText(IDC_TASK_WARNING, TaskWarning(EditedTask(), m_context.ports.engine));
 }
 

@@ -20,7 +20,7 @@ class CTaskDialog : public my::CDialog {
   CTaskDialog(CAppContext& context, CTask task, CConfirm confirm);
 
  protected:
-  std::vector<my::CAnchor> Anchors() const override;
+  my::CBox Layout() const override;
   bool OnInit() override;
   void OnOk() override;
   bool OnCommand(int id, int code) override;
@@ -54,7 +54,7 @@ class CTaskDialog : public my::CDialog {
   void MoveDst(Step step);
   void OpenDst();
   void EnableMoving() const;
-  void ShowWarning() const;
+  void ShowWarning();
 
   CAppContext& m_context;
   CTask m_task;

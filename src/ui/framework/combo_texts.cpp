@@ -1,24 +1,15 @@
 #include "ui/framework/combo_texts.h"
 
-#include <iterator>
-#include <string_view>
 #include <utility>
+
+#include "ui/framework/controls.h"
 
 namespace my {
 namespace {
 
 // Returns the edit control of an editable combo box; null for any other control.
 HWND EditOf(HWND control) {
-  wchar_t name[16]{};
-  ::GetClassNameW(control, name, static_cast<int>(std::size(name)));
-  if (std::wstring_view(name) != L"ComboBox") return nullptr;
-  return ::FindWindowExW(control, nullptr, L"Edit", nullptr);
-}
-
-std::wstring TextOf(HWND window) {
-  std::wstring text(static_cast<size_t>(::GetWindowTextLengthW(window)), L'\0');
-  text.resize(static_cast<size_t>(::GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1)));
-  return text;
+  return IsComboBox(control) ? ::FindWindowExW(control, nullptr, L"Edit", nullptr) : nullptr;
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "ui/framework/dialog.h"
 
+#include <commctrl.h>
 #include <windowsx.h>
 
 #include <algorithm>
@@ -7,7 +8,7 @@
 
 #include "platform/win32/system_function.h"
 #include "support/exception.h"
-#include "ui/framework/combo_texts.h"
+#include "ui/framework/controls.h"
 #include "ui/framework/disabled_windows.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/failures.h"
@@ -22,7 +23,7 @@ HINSTANCE Instance() {
   return ::GetModuleHandleW(nullptr);
 }
 
-// Newer systems scale dialogs on a DPI change. This class does it itself, from the template.
+// Newer systems scale dialogs on a DPI change. This class does it itself.
 void KeepSystemFromScaling(HWND dialog) {
   constexpr int kDisableAll = 1;
   using Function = BOOL WINAPI(HWND, int, int);
@@ -30,17 +31,11 @@ void KeepSystemFromScaling(HWND dialog) {
   if (setBehavior) setBehavior(dialog, kDisableAll, kDisableAll);
 }
 
-// Returns the dialog units at creation. Measures many units at once, because a single one would be rounded.
-CDialogUnits CreatedUnits(HWND dialog) {
-  constexpr int kMany = 1000;
-  RECT units{0, 0, kMany, kMany};
-  ::MapDialogRect(dialog, &units);
-  return {static_cast<double>(units.right) / kMany, static_cast<double>(units.bottom) / kMany};
-}
-
-BOOL CALLBACK SetFont(HWND control, LPARAM font) {
-  ::SendMessageW(control, WM_SETFONT, static_cast<WPARAM>(font), TRUE);
-  return TRUE;
+// Returns the rectangle, enlarged to the right and bottom to be at least this large.
+CRect Enlarged(CRect bounds, SIZE least) {
+  bounds.right = std::max<int32_t>(bounds.right, bounds.left + least.cx);
+  bounds.bottom = std::max<int32_t>(bounds.bottom, bounds.top + least.cy);
+  return bounds;
 }
 
 }  // namespace
@@ -86,10 +81,7 @@ void CDialog::Close(int result) {
 }
 
 std::wstring CDialog::ItemText(int id) const {
-  const HWND item = Item(id);
-  std::wstring text(static_cast<size_t>(::GetWindowTextLengthW(item)), L'\0');
-  text.resize(static_cast<size_t>(::GetWindowTextW(item, text.data(), static_cast<int>(text.size()) + 1)));
-  return text;
+  return TextOf(Item(id));
 }
 
 void CDialog::FocusItem(int id) const {
@@ -98,8 +90,20 @@ void CDialog::FocusItem(int id) const {
   ::SendMessageW(root, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
 }
 
-void CDialog::SetItemText(int id, const std::wstring& text) const {
+void CDialog::SetItemText(int id, const std::wstring& text) {
   ::SetDlgItemTextW(m_hwnd, id, text.c_str());
+  if (m_ready && ClassOf(Item(id)) == WC_STATICW) Refit();
+}
+
+void CDialog::EnableField(int id, bool enable) const {
+  const HWND control = Item(id);
+  ::EnableWindow(::GetWindow(control, GW_HWNDPREV), enable);
+  ::EnableWindow(control, enable);
+}
+
+void CDialog::ShowItem(int id, bool show) {
+  ::ShowWindow(Item(id), show ? SW_SHOWNA : SW_HIDE);
+  if (m_ready) Refit();
 }
 
 bool CDialog::OnCommand(int, int) {
@@ -141,14 +145,25 @@ INT_PTR CALLBACK CDialog::Thunk(HWND hwnd, UINT message, WPARAM wParam, LPARAM l
 
 std::optional<LRESULT> CDialog::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
   if (auto result = OnMessage(message, wParam, lParam)) return result;
+  if (m_arrangement.Handle(message, wParam, lParam)) return 0;
   switch (message) {
     case WM_COMMAND: return Command(LOWORD(wParam), HIWORD(wParam));
     case WM_NOTIFY: return OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
     case WM_SIZE:
-      if (wParam != SIZE_MINIMIZED) m_layout.Apply(m_hwnd, m_units);
+      if (wParam != SIZE_MINIMIZED && m_dpi != 0) m_arrangement.Arrange();
       return {};
-    case WM_GETMINMAXINFO: LimitSize(*reinterpret_cast<MINMAXINFO*>(lParam)); return 0;
+    case WM_GETMINMAXINFO: {
+      if (m_dpi == 0) return {};
+      const SIZE smallest = OuterSize(m_arrangement.LeastClient(Room()));
+      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {smallest.cx, smallest.cy};
+      return 0;
+    }
+    case WM_NCLBUTTONDBLCLK:
+      if (wParam != HTCAPTION || !IsResizable()) return {};
+      ToggleMaximized();
+      return 0;
     case WM_DPICHANGED: ChangeDpi(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam)); return 0;
+    case WM_SETTINGCHANGE: OnMetrics(); return {};
     case WM_DESTROY: OnDestroy(); return {};
     default: return {};
   }
@@ -168,7 +183,10 @@ BOOL CDialog::Init() noexcept {
   try {
     InitLayout();
     InitPlacement();
-    return OnInit();
+    const BOOL systemSetsFocus = OnInit();
+    m_ready = true;
+    Refit();
+    return systemSetsFocus;
   } catch (...) {
     m_initFailure = std::current_exception();
     if (m_modal) ::EndDialog(m_hwnd, kInitFailed);
@@ -177,65 +195,80 @@ BOOL CDialog::Init() noexcept {
 }
 
 void CDialog::InitLayout() {
-  m_dpi = WindowDpi(m_hwnd);
   KeepSystemFromScaling(m_hwnd);
-  m_layout.Capture(m_hwnd, CreatedUnits(m_hwnd), Anchors());
-  UseFont();
+  m_arrangement.Init(
+      m_hwnd, Layout(), [this](int id) { return ExtentsOf(id); }, [this] { OnArranged(); });
+  m_dpi = WindowDpi(m_hwnd);
+  m_arrangement.UseFont(m_dpi);
 }
 
 void CDialog::InitPlacement() {
-  const SIZE smallest = SmallestSize();
-  CRect bounds = DefaultBounds(m_hwnd, smallest);
-  if (m_placement && m_placement->rect != CRect{}) {
-    // Moved onto a screen before it is used in sums, because the settings file may contain any numbers.
-    const CRect pulled = PulledBack(m_hwnd, m_placement->rect);
-    bounds = {pulled.left, pulled.top, pulled.left + smallest.cx, pulled.top + smallest.cy};
-    if (IsResizable()) {
-      bounds.right = std::max(bounds.right, pulled.right);
-      bounds.bottom = std::max(bounds.bottom, pulled.bottom);
-    }
-  }
-  PlaceWindow(m_hwnd, bounds);
-  m_layout.Apply(m_hwnd, m_units);  // needed if the size did not change
+  if (IsPage()) return;
+  Resize(InitialBounds());
   if (m_placement && m_placement->maximized && IsResizable()) ::ShowWindow(m_hwnd, SW_SHOWMAXIMIZED);
+}
+
+CRect CDialog::InitialBounds() const {
+  const SIZE natural = OuterSize(m_arrangement.NaturalClient(Room()));
+  if (!m_placement || m_placement->rect == CRect{}) return DefaultBounds(m_hwnd, natural);
+  // Moved onto a screen before it is used in sums, because the settings file may contain any numbers.
+  const CRect bounds = PulledBack(m_hwnd, m_placement->rect);
+  if (IsResizable()) return Enlarged(bounds, OuterSize(m_arrangement.LeastClient(Room())));
+  return Enlarged({bounds.left, bounds.top, bounds.left, bounds.top}, natural);
+}
+
+// Moves the window, and places the controls even if its size stays the same.
+void CDialog::Resize(const CRect& bounds) {
+  PlaceWindow(m_hwnd, bounds);
+  m_arrangement.Arrange();
+}
+
+// Enlarges the window if its contents need more room than it has.
+void CDialog::Refit() {
+  if (IsPage() || ::IsZoomed(m_hwnd)) return m_arrangement.Arrange();
+  const SIZE wanted = OuterSize(IsResizable() && m_placement && m_placement->rect != CRect{}
+                                    ? m_arrangement.LeastClient(Room())
+                                    : m_arrangement.NaturalClient(Room()));
+  Resize(Enlarged(WindowBounds(m_hwnd), wanted));
 }
 
 void CDialog::ChangeDpi(UINT dpi, const RECT& suggested) {
   m_dpi = dpi;
-  UseFont();
+  m_arrangement.UseFont(dpi);
   ::SetWindowPos(m_hwnd, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
                  suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
-  m_layout.Apply(m_hwnd, m_units);
   BroadcastDpi(m_hwnd, dpi);
-  ::InvalidateRect(m_hwnd, nullptr, TRUE);
   OnDpiChanged();
+  m_arrangement.Arrange();
+  ::InvalidateRect(m_hwnd, nullptr, TRUE);
 }
 
-void CDialog::UseFont() {
-  const CComboTexts texts(m_hwnd);
-  // The old font must live until no control uses it.
-  CFont font = MessageFont(m_dpi);
-  ::SendMessageW(m_hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), FALSE);
-  ::EnumChildWindows(m_hwnd, SetFont, reinterpret_cast<LPARAM>(font.Get()));
-  m_units = UnitsOf(font.Get());
-  m_font = std::move(font);
+// The size of texts is a setting of the system, which the user may change at any time.
+void CDialog::OnMetrics() {
+  if (!m_arrangement.UseFont(m_dpi)) return;
+  BroadcastDpi(m_hwnd, m_dpi);
+  OnDpiChanged();
+  Refit();
+  ::InvalidateRect(m_hwnd, nullptr, TRUE);
 }
 
-void CDialog::LimitSize(MINMAXINFO& limits) const {
-  const SIZE smallest = SmallestSize();
-  limits.ptMinTrackSize = {smallest.cx, smallest.cy};
+// Returns the largest client size on this screen.
+SIZE CDialog::Room() const {
+  const CRect work = WorkArea(m_hwnd);
+  const SIZE frame = OuterSize({0, 0});
+  return {work.right - work.left - frame.cx, work.bottom - work.top - frame.cy};
 }
 
-SIZE CDialog::SmallestSize() const {
-  const SIZE client = m_layout.DesignSize(m_units);
+SIZE CDialog::OuterSize(SIZE client) const {
   const RECT outer =
-      OuterRect({0, 0, client.cx, client.cy}, static_cast<DWORD>(::GetWindowLongPtrW(m_hwnd, GWL_STYLE)),
+      OuterRect({0, 0, client.cx, client.cy},
+                static_cast<DWORD>(::GetWindowLongPtrW(m_hwnd, GWL_STYLE)) & ~DWORD{WS_VSCROLL | WS_HSCROLL},
                 static_cast<DWORD>(::GetWindowLongPtrW(m_hwnd, GWL_EXSTYLE)), m_dpi);
   return {outer.right - outer.left, outer.bottom - outer.top};
 }
 
-bool CDialog::IsResizable() const {
-  return (::GetWindowLongPtrW(m_hwnd, GWL_STYLE) & WS_THICKFRAME) != 0;
+void CDialog::ToggleMaximized() const {
+  ::ShowWindow(m_hwnd, ::IsZoomed(m_hwnd) ? SW_RESTORE : SW_SHOWMAXIMIZED);
 }
 
 void CDialog::RethrowFailure() {

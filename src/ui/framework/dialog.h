@@ -6,17 +6,17 @@
 #include <exception>
 #include <optional>
 #include <string>
-#include <vector>
 
+#include "support/box_layout.h"
 #include "support/placement.h"
-#include "ui/framework/gdi.h"
-#include "ui/framework/layout.h"
+#include "ui/framework/arrangement.h"
 #include "ui/framework/message_loop.h"
 
 namespace my {
 
-// A dialog of the calling thread, created from a resource template. It uses the user's message font; the
-// template gives the proportions, and the minimum size if it has WS_THICKFRAME. The creator owns the object.
+// A dialog of the calling thread. A resource template gives its controls and their order, Layout() their
+// places. It uses the user's message font, is never larger than the work area, and scrolls if its controls do
+// not fit. With WS_THICKFRAME the user can change its size. The creator owns the object.
 // The window may be destroyed before the object. The destructor destroys the window, but the derived class
 // gets no message of that. An object must not be destroyed while it handles a message.
 class CDialog {
@@ -45,8 +45,16 @@ class CDialog {
   HWND Hwnd() const { return m_hwnd; }
   HWND Item(int id) const { return ::GetDlgItem(m_hwnd, id); }
   std::wstring ItemText(int id) const;
-  void SetItemText(int id, const std::wstring& text) const;
+
+  // Sets the text. If it needs more room than the window has for it, the window grows.
+  void SetItemText(int id, const std::wstring& text);
   void EnableItem(int id, bool enable) const { ::EnableWindow(Item(id), enable); }
+
+  // Enables or disables a control together with its label, the control before it.
+  void EnableField(int id, bool enable) const;
+
+  // Shows or hides a control, which then takes no room.
+  void ShowItem(int id, bool show);
 
   // Moves the focus as the Tab key does, which selects the text of an edit control.
   void FocusItem(int id) const;
@@ -56,11 +64,18 @@ class CDialog {
   }
   UINT Dpi() const { return m_dpi; }
 
+  // Returns the client size at which the dialog shows everything, at most `room`.
+  SIZE NaturalClient(SIZE room) const { return m_arrangement.NaturalClient(room); }
+
  protected:
   // An exception thrown by these functions, except OnInit, is passed to ReportFailure and the dialog stays
   // open.
 
-  virtual std::vector<CAnchor> Anchors() const { return {}; }
+  // Returns the places of the controls.
+  virtual CBox Layout() const = 0;
+
+  // Returns the sizes of a control that only this dialog knows.
+  virtual std::optional<CExtents> ExtentsOf(int) const { return {}; }
 
   // Called when the dialog has its position and size. Returns whether the system sets the focus to the first
   // control.
@@ -80,6 +95,9 @@ class CDialog {
   // Called when controls and font have their new sizes.
   virtual void OnDpiChanged() {}
 
+  // Called when the controls have new places.
+  virtual void OnArranged() {}
+
   // Called before the window is destroyed.
   virtual void OnClosed(int result);
 
@@ -90,11 +108,17 @@ class CDialog {
   BOOL Init() noexcept;
   void InitLayout();
   void InitPlacement();
+  CRect InitialBounds() const;
   void ChangeDpi(UINT dpi, const RECT& suggested);
-  void UseFont();
-  void LimitSize(MINMAXINFO& limits) const;
-  SIZE SmallestSize() const;
-  bool IsResizable() const;
+  void OnMetrics();
+  void Resize(const CRect& bounds);
+  void Refit();
+  SIZE Room() const;
+  SIZE OuterSize(SIZE client) const;
+  bool HasStyle(DWORD style) const { return (::GetWindowLongW(m_hwnd, GWL_STYLE) & style) != 0; }
+  bool IsResizable() const { return HasStyle(WS_THICKFRAME); }
+  bool IsPage() const { return HasStyle(WS_CHILD); }
+  void ToggleMaximized() const;
   void RethrowFailure();
   void OnDestroy();
 
@@ -105,9 +129,8 @@ class CDialog {
   int m_result = IDCANCEL;
   std::exception_ptr m_initFailure;
   UINT m_dpi = 0;
-  CFont m_font;
-  CDialogUnits m_units;
-  CLayout m_layout;
+  bool m_ready = false;  // after OnInit
+  CArrangement m_arrangement;
   CTranslation m_translation;
 };
 

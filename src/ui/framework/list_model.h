@@ -40,6 +40,10 @@ class IListModel {
 
   // A view shows check boxes only if created with CListView::Boxes::Yes.
   virtual ListCheck Check(size_t) const { return ListCheck::None; }
+
+  // What screen readers speak for the check box of a row in addition to its state, which they know only as
+  // checked or not; usually empty.
+  virtual std::wstring CheckRemark(size_t) const { return {}; }
 };
 
 // Returns the row that typing `text` selects: the first from `start`, wrapping around, whose first column

@@ -3,9 +3,13 @@
 #include <commctrl.h>
 #include <windowsx.h>
 
+#include <algorithm>
+#include <utility>
+
 #include "platform/win32/last_error.h"
 #include "support/contrast.h"
 #include "support/exception.h"
+#include "ui/framework/accessibility.h"
 #include "ui/framework/check_images.h"
 #include "ui/framework/colors.h"
 #include "ui/framework/dpi.h"
@@ -47,7 +51,7 @@ void CListView::Create(HWND parent, int id, Boxes boxes, DWORD style) {
 void CListView::Attach(HWND list, Boxes boxes) {
   m_list = list;
   m_boxes = boxes == Boxes::Yes;
-  m_dpi = WindowDpi(list);
+  m_dpi = my::TextDpi(WindowDpi(list));
   m_listHook.Attach(m_list, [this](UINT message, WPARAM wParam, LPARAM lParam) {
     return HandleMessage(message, wParam, lParam);
   });
@@ -58,7 +62,9 @@ void CListView::Attach(HWND list, Boxes boxes) {
                         if (header.hwndFrom != m_list) return {};
                         return HandleNotify(header);
                       });
-  ListView_SetExtendedListViewStyle(list, kExtendedStyle);
+  // With the style for check boxes screen readers know that rows have them. As the model has their states,
+  // the control itself changes none.
+  ListView_SetExtendedListViewStyle(list, kExtendedStyle | (m_boxes ? LVS_EX_CHECKBOXES : 0U));
   if (m_boxes) ListView_SetCallbackMask(list, LVIS_STATEIMAGEMASK);
   UseImages();
   m_columns.Create(list, m_model, m_dpi);
@@ -69,6 +75,9 @@ void CListView::Detach() {
   m_drag.Cancel();
   m_parentHook.Detach();
   m_listHook.Detach();
+  for (size_t row = 0; row < m_remarks.size(); ++row)
+    if (!m_remarks[row].empty()) SetSpokenValue(m_list, row, {});
+  m_remarks.clear();
   // The control would destroy the images, which this object owns.
   ListView_SetImageList(m_list, nullptr, LVSIL_STATE);
   m_list = nullptr;
@@ -76,12 +85,34 @@ void CListView::Detach() {
 
 void CListView::UseImages() {
   if (!m_boxes) return;
-  CImageList images = CheckImages(m_dpi);
-  ListView_SetImageList(m_list, images.Get(), LVSIL_STATE);
+  CImageList images = CheckImages(m_list, m_dpi);
+  const HIMAGELIST before = ListView_SetImageList(m_list, images.Get(), LVSIL_STATE);
+  // The control has images of its own when it gets the style for check boxes or another visual style.
+  if (before && before != m_images.Get()) ::ImageList_Destroy(before);
   m_images = std::move(images);
 }
 
-void CListView::ChangeDpi(UINT dpi) {
+// The control does not know the third state of a check box.
+void CListView::UpdateRemarks() {
+  if (!m_boxes) return;
+  const size_t count = m_model.RowCount();
+  m_remarks.resize(std::max(count, m_remarks.size()));
+  for (size_t row = 0; row < m_remarks.size(); ++row) {
+    std::wstring remark = row < count ? m_model.CheckRemark(row) : std::wstring();
+    if (remark == m_remarks[row]) continue;
+    SetSpokenValue(m_list, row, remark);
+    m_remarks[row] = std::move(remark);
+  }
+  m_remarks.resize(count);
+}
+
+void CListView::Toggle(size_t row) {
+  m_events.check(row);
+  ReportItemState(m_list, row);
+}
+
+void CListView::ChangeDpi(UINT screenDpi) {
+  const UINT dpi = my::TextDpi(screenDpi);
   if (dpi == m_dpi) return;
   m_dpi = dpi;
   UseImages();
@@ -94,6 +125,7 @@ void CListView::Refresh() {
   if (ListView_GetItemCount(m_list) != count) ListView_SetItemCountEx(m_list, count, LVSICF_NOSCROLL);
   // With erasing, because drawing a row does not cover all of it. The control is double-buffered.
   ::InvalidateRect(m_list, nullptr, TRUE);
+  UpdateRemarks();
 }
 
 std::vector<size_t> CListView::Selection() const {
@@ -179,6 +211,14 @@ std::optional<LRESULT> CListView::HandleMessage(UINT message, WPARAM wParam, LPA
       m_columns.OnHeader(*reinterpret_cast<const NMHDR*>(lParam));
       return result;
     }
+    case WM_SETFONT:
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED: {
+      if (!m_boxes) return {};
+      const LRESULT result = m_listHook.Default(message, wParam, lParam);
+      UseImages();
+      return result;
+    }
     case WM_KEYDOWN: return HandleKey(static_cast<UINT>(wParam)) ? std::optional<LRESULT>(0) : std::nullopt;
     case WM_CHAR:
       // Without this, handled keys would start a search by text.
@@ -216,13 +256,13 @@ bool CListView::HandleKey(UINT key) {
     return true;
   }
   if (m_events.key && m_events.key(key)) return true;
-  const std::function<void(size_t)>* handler = nullptr;
-  if (key == VK_RETURN) handler = &m_events.activate;
-  if (key == VK_SPACE && m_boxes) handler = &m_events.check;
   const auto row = Focused();
-  if (!handler || !*handler || !row) return false;
-  (*handler)(*row);
-  return true;
+  if (!row) return false;
+  const bool activates = key == VK_RETURN && m_events.activate;
+  const bool checks = key == VK_SPACE && m_boxes && m_events.check;
+  if (activates) m_events.activate(*row);
+  if (checks) Toggle(*row);
+  return activates || checks;
 }
 
 void CListView::HandleContextMenu(LPARAM position) const {
@@ -295,7 +335,7 @@ void CListView::HandleClick(const NMITEMACTIVATE& click, bool twice) {
   // A double click on a check box counts as two clicks.
   const bool onBox = m_boxes && (hit.flags & LVHT_ONITEM) == LVHT_ONITEMSTATEICON;
   if (onBox && m_events.check)
-    m_events.check(static_cast<size_t>(row));
+    Toggle(static_cast<size_t>(row));
   else if (!onBox && twice && m_events.activate)
     m_events.activate(static_cast<size_t>(row));
 }

@@ -72,12 +72,14 @@ class CListView {
   virtual LRESULT OnCustomDraw(NMLVCUSTOMDRAW& draw);
 
   const IListModel& Model() const { return m_model; }
-  UINT Dpi() const { return m_dpi; }
+  UINT TextDpi() const { return m_dpi; }  // scales lengths that go with texts
 
  private:
   void Detach();
   void UseImages();
-  void ChangeDpi(UINT dpi);
+  void UpdateRemarks();
+  void Toggle(size_t row);
+  void ChangeDpi(UINT screenDpi);
 
   std::optional<LRESULT> HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
   std::optional<LRESULT> HandleDrag(UINT message, WPARAM wParam, LPARAM lParam);
@@ -99,6 +101,7 @@ class CListView {
   UINT m_dpi = 0;
   CImageList m_images;
   CListColumns m_columns;
+  std::vector<std::wstring> m_remarks;  // of the check boxes, as set in the control
   CListDrag m_drag;
   CSubclass m_parentHook;
   CSubclass m_listHook;

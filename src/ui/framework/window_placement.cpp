@@ -75,6 +75,10 @@ CRect ScreenBounds(HWND window) {
   return FromRect(ScreenOf(window).rcMonitor);
 }
 
+CRect WorkArea(HWND window) {
+  return FromRect(ScreenOf(window).rcWork);
+}
+
 CPlacement ReadPlacement(HWND window) {
   if (!::IsIconic(window) && !::IsZoomed(window)) return {false, WindowBounds(window)};
   WINDOWPLACEMENT placement{};

@@ -15,6 +15,7 @@ std::vector<CRect> WorkAreas();
 CRect FromRect(const RECT& rect);
 CRect WindowBounds(HWND window);
 CRect ScreenBounds(HWND window);  // of the screen that contains most of the window
+CRect WorkArea(HWND window);      // of that screen
 
 // Returns the bounds of the restored window, also for a maximized or minimized one.
 CPlacement ReadPlacement(HWND window);

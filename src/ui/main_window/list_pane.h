@@ -77,7 +77,6 @@ class CListPane : public my::CWindow {
   int ArrangeDescription(const SIZE& client) const;  // returns its top
   LRESULT ColorStatic(HDC dc, HWND control);
   void Erase(HDC dc);
-  SIZE TextSize(HWND control) const;
   RECT EmptyArea() const;
   RECT TextArea(HWND control, const RECT& area) const;
 

@@ -55,7 +55,7 @@ void CStatusBar::Resize(UINT dpi) const {
   ::SendMessageW(m_bar, WM_SIZE, 0, 0);
   RECT client{};
   ::GetClientRect(m_bar, &client);
-  const int counts = std::max<int>(0, client.right - my::Scale(kCountsWidth, dpi));
+  const int counts = std::max<int>(0, client.right - my::Scale(kCountsWidth, my::TextDpi(dpi)));
   const int progress = std::max<int>(0, counts - my::Scale(kProgressWidth, dpi));
   const int ends[] = {progress, counts, -1};
   ::SendMessageW(m_bar, SB_SETPARTS, std::size(ends), reinterpret_cast<LPARAM>(ends));
