@@ -207,6 +207,7 @@ void CListPane::Arrange() const {
   const RECT area{0, top, client.cx, std::max<LONG>(top, ArrangeDescription(client))};
   ::MoveWindow(m_list.Hwnd(), area.left, area.top, area.right, area.bottom - area.top, TRUE);
   ArrangeHint(area);
+  if (onArranged) onArranged();
 }
 
 // The title is on the left, the buttons are on the right as far as there is room.

@@ -56,6 +56,9 @@ class CListPane : public my::CWindow {
   // Adds the parts of the pane below its rows, in client coordinates of `view`.
   void AddRooms(std::vector<CRoom>& rooms, HWND view, bool upper) const;
 
+  // Called when the controls have been moved.
+  std::function<void()> onArranged;
+
   // Called when the mouse enters the pane or its list gets the focus.
   std::function<void()> onAttention;
 
