@@ -137,9 +137,12 @@ TEST_F(ListView, screen_readers_know_the_check_boxes_and_hear_their_changes) {
   view.SetFocused(1);
   Key(VK_SPACE);
   Click(Place(0, LVIR_LABEL, -8));
-  EXPECT_TRUE(test::PumpUntil([] { return children.size() >= 2; }));
+  ListView_SetCheckState(view.Hwnd(), 0, TRUE);  // as a screen reader does
+  ListView_SetCheckState(view.Hwnd(), 1, TRUE);  // is checked
+  EXPECT_TRUE(test::PumpUntil([] { return children.size() >= 3; }));
   ::UnhookWinEvent(hook);
-  EXPECT_EQ(children, (std::vector<LONG>{2, 1}));
+  EXPECT_EQ(children, (std::vector<LONG>{2, 1, 1}));
+  EXPECT_EQ(checked, (std::vector<size_t>{1, 0, 0}));
 }
 
 TEST_F(ListView, check_boxes_follow_font_and_theme) {

@@ -2,6 +2,7 @@
 
 #include <boost/smart_ptr/make_shared.hpp>
 
+#include "command_ids.h"
 #include "document/document_edits.h"
 #include "platform/file_system.h"
 #include "replace/replace_rule.h"
@@ -10,6 +11,7 @@
 #include "support/placement.h"
 #include "text_ids.h"
 #include "ui/models/closing_text.h"
+#include "ui/models/command_text.h"
 #include "ui/models/dst_list_model.h"
 #include "ui/models/filter_check_model.h"
 #include "ui/models/result_list_model.h"
@@ -110,9 +112,34 @@ TEST_F(ListModels, check_boxes_show_the_use_by_the_selected_tasks) {
   EXPECT_EQ(model.Check(0), ListCheck::Mixed);
   EXPECT_EQ(model.Check(1), ListCheck::Unchecked);
   EXPECT_EQ(model.Check(2), ListCheck::Checked);
+  EXPECT_EQ(model.CheckRemark(0), texts.Text(IDS_USED_BY_SOME));
+  EXPECT_EQ(model.CheckRemark(2), L"") << "screen readers know this state";
   InsertDst(document, -1, {L"new", DstType::AES_256_ZIP, L"<ID>.zip"});
   EXPECT_EQ(model.Check(3), ListCheck::Unchecked) << "before the refresh";
   EXPECT_EQ(Line(model, 3), L"4|new|パスワード付き zip（AES-256）|<ID>.zip|");
+}
+
+TEST_F(ListModels, command_texts_follow_list_run_and_history) {
+  const auto text = [&](uint32_t id, ListKind list = ListKind::Tasks, bool running = false) {
+    const CCommandText found = CommandText(texts, id, {document, list, running});
+    return found.explanation + L"|" + found.name;
+  };
+  EXPECT_EQ(text(ID_RUN).substr(text(ID_RUN).find(L'|')), L"|実行");
+  EXPECT_EQ(text(ID_RUN, ListKind::Tasks, true), L"実行中のバックアップを中断します|中断");
+  EXPECT_EQ(text(ID_MRU_LAST), text(ID_MRU_FIRST));
+  EXPECT_EQ(text(ID_ITEM_UP), text(ID_TASK_UP));
+  EXPECT_EQ(text(ID_ITEM_DOWN, ListKind::Dsts), text(ID_DST_DOWN));
+  EXPECT_EQ(text(ID_ADD_FILE), L"ファイルを追加|ファイルを追加") << "no name of its own";
+  EXPECT_EQ(text(0), L"|");
+
+  RemoveTasks(document, {0});
+  EXPECT_EQ(text(ID_UNDO), L"元に戻す: タスクの削除|元に戻す: タスクの削除");
+  EXPECT_EQ(text(ID_REDO), L"元に戻した編集をやり直します|やり直し");
+  document.Undo();
+  EXPECT_EQ(text(ID_REDO), L"やり直し: タスクの削除|やり直し: タスクの削除");
+  EXPECT_EQ(RedoLabel(texts, document), L"やり直し: タスクの削除(&Y)");
+  document.Reset({}, L"");
+  EXPECT_EQ(UndoLabel(texts, document), L"元に戻す(&U)");
 }
 
 TEST_F(ListModels, results_replace_their_rows_and_are_exported_as_csv) {

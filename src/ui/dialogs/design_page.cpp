@@ -57,7 +57,7 @@ std::optional<my::CColor> AskColor(HWND owner, my::CColor color) {
 void DrawPushButton(const DRAWITEMSTRUCT& draw, bool disabled, UINT dpi) {
   const bool pressed = (draw.itemState & ODS_SELECTED) != 0;
   RECT rect = draw.rcItem;
-  const my::CTheme theme = my::OpenTheme(draw.hwndItem, L"BUTTON", dpi);
+  const my::CTheme theme = my::OpenTheme(L"BUTTON", dpi);
   if (!theme) {
     ::DrawFrameControl(draw.hDC, &rect, DFC_BUTTON, DFCS_BUTTONPUSH | (pressed ? DFCS_PUSHED : 0U));
     return;

@@ -65,7 +65,7 @@ void CompleteAlpha(const CPixelBitmap& bitmap, SIZE image, SIZE box) {
 }  // namespace
 
 CImageList CheckImages(HWND list, UINT dpi) {
-  const CTheme theme = OpenTheme(list, L"BUTTON", dpi);
+  const CTheme theme = OpenTheme(L"BUTTON", dpi);
   const SIZE box = BoxSize(theme.Get(), dpi);
   const SIZE image{box.cx + Scale(kMargin, dpi), std::max<LONG>(box.cy, LineHeight(list))};
   CPixelBitmap bitmap({image.cx * kCount, image.cy});

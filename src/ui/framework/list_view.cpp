@@ -207,6 +207,10 @@ std::optional<LRESULT> CListView::HandleMessage(UINT message, WPARAM wParam, LPA
   if (m_columns.OnMessage(message)) return 0;
   switch (message) {
     case WM_DESTROY: Detach(); return {};
+    case LVM_SETITEMSTATE: {
+      const auto& item = *reinterpret_cast<const LVITEMW*>(lParam);
+      return HandleSetState(wParam, item) ? std::optional<LRESULT>(TRUE) : std::nullopt;
+    }
     case WM_SIZE: {
       const LRESULT result = m_listHook.Default(message, wParam, lParam);
       m_columns.Fill();
@@ -269,6 +273,15 @@ bool CListView::HandleKey(UINT key) {
   if (activates) m_events.activate(*row);
   if (checks) Toggle(*row);
   return activates || checks;
+}
+
+// A screen reader sets the state image to toggle a check box.
+bool CListView::HandleSetState(size_t row, const LVITEMW& item) {
+  if (!m_boxes || !m_events.check || item.stateMask != LVIS_STATEIMAGEMASK) return false;
+  const bool changes =
+      row < m_model.RowCount() && item.state != INDEXTOSTATEIMAGEMASK(CheckImageIndex(m_model.Check(row)));
+  if (changes) Toggle(row);
+  return true;
 }
 
 void CListView::HandleContextMenu(LPARAM position) const {

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include <functional>
 #include <optional>
 #include <vector>
@@ -80,6 +82,7 @@ class CListView {
   void UpdateRemarks();
   void Toggle(size_t row);
   void ChangeDpi(UINT screenDpi);
+  bool HandleSetState(size_t row, const LVITEMW& item);
 
   std::optional<LRESULT> HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
   std::optional<LRESULT> HandleDrag(UINT message, WPARAM wParam, LPARAM lParam);

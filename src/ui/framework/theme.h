@@ -12,7 +12,8 @@ namespace my {
 using CTheme = CHandle<HTHEME, &::CloseThemeData>;
 
 // Returns the visual style of a class of controls ("BUTTON") for a DPI; null if the system draws without
-// visual styles.
-CTheme OpenTheme(HWND window, const wchar_t* className, UINT dpi);
+// visual styles. It belongs to no window, because a control draws itself with the style that was opened last
+// for its window.
+CTheme OpenTheme(const wchar_t* className, UINT dpi);
 
 }  // namespace my
