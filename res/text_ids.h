@@ -344,6 +344,80 @@
 #define IDS_ORIGIN_RB                872
 #define IDS_ORIGIN_RT                873
 
+// Texts of the other commands: the explanation and, if a toolbar has the command, its name in a second line.
+// The id is also the command id.
+#define IDS_CMD_DESIGN               151
+#define IDS_CMD_RUN                  152
+#define IDS_CMD_RESULTS              155
+#define IDS_CMD_TASK_TARGETS         156
+#define IDS_CMD_EXPLORER_SRC         158
+#define IDS_CMD_EXPLORER_DST         159
+#define IDS_CMD_TASK_ADD             33100
+#define IDS_CMD_TASK_EDIT            33101
+#define IDS_CMD_TASK_DUPLICATE       33102
+#define IDS_CMD_TASK_DELETE          33103
+#define IDS_CMD_TASK_UP              33104
+#define IDS_CMD_TASK_DOWN            33105
+#define IDS_CMD_DST_ADD              33200
+#define IDS_CMD_DST_EDIT             33201
+#define IDS_CMD_DST_DUPLICATE        33202
+#define IDS_CMD_DST_DELETE           33203
+#define IDS_CMD_DST_UP               33204
+#define IDS_CMD_DST_DOWN             33205
+#define IDS_CMD_OTHER_PANE           33300
+#define IDS_CMD_FULL_SCREEN          33301
+#define IDS_CMD_FILTER_CHECK         33302
+#define IDS_CMD_NEW                  57600
+#define IDS_CMD_OPEN                 57601
+#define IDS_CMD_SAVE                 57603
+#define IDS_CMD_SAVE_AS              57604
+#define IDS_CMD_OPEN_RECENT          57616
+#define IDS_CMD_COPY                 57634
+#define IDS_CMD_CUT                  57635
+#define IDS_CMD_PASTE                57637
+#define IDS_CMD_SELECT_ALL           57642
+#define IDS_CMD_UNDO                 57643
+#define IDS_CMD_REDO                 57644
+#define IDS_CMD_ABOUT                57664
+#define IDS_CMD_QUIT                 57665
+#define IDS_CMD_HOME_PAGE            58374
+#define IDS_CMD_USAGE_PAGE           58375
+#define IDS_CMD_SETTINGS             58378
+
+// Names of edits, for undo and redo: 900-919.
+#define IDS_EDIT_ADD_TASK            900
+#define IDS_EDIT_CHANGE_TASK         901
+#define IDS_EDIT_REMOVE_TASKS        902
+#define IDS_EDIT_MOVE_TASKS          903
+#define IDS_EDIT_DUPLICATE_TASKS     904
+#define IDS_EDIT_PASTE_TASKS         905
+#define IDS_EDIT_SET_FILTER          906
+#define IDS_EDIT_ADD_DST             907
+#define IDS_EDIT_CHANGE_DST          908
+#define IDS_EDIT_REMOVE_DSTS         909
+#define IDS_EDIT_MOVE_DSTS           910
+#define IDS_EDIT_DUPLICATE_DSTS      911
+#define IDS_EDIT_PASTE_DSTS          912
+#define IDS_EDIT_SET_USE             913
+#define IDS_EDIT_MERGE               914
+#define IDS_EDIT_REPLACE             915
+
+// Texts for the keyboard and for screen readers: 920-939.
+#define IDS_UNDO_STEP                920
+#define IDS_REDO_STEP                921
+#define IDS_MENU_UNDO_STEP           922
+#define IDS_MENU_REDO_STEP           923
+#define IDS_MENU_UNDO                924
+#define IDS_MENU_REDO                925
+#define IDS_STOP_HELP                926
+#define IDS_TIP_WITH_KEY             927
+#define IDS_SPLITTER                 928
+#define IDS_USED_BY_SOME             929
+#define IDS_TEXT_COLOR               930
+#define IDS_BRUSH_COLOR              931
+#define IDS_TOOL_UNDO                932
+#define IDS_TOOL_REDO                933
+
 // Text of the replace command; the id is also the command id.
 #define IDS_CMD_REPLACE              57641
 

@@ -18,24 +18,31 @@ from generator import characters, icons, images, scene  # noqa: E402
 # In the order of BkImgType.
 CHARACTERS = ("OK LOVELOVE NO HATENA MASSAKASAMA ASE GAKKURI PEROON DARUDARU CHOUDAI DOGEZA MANEKI ONEGAI BUTSUYO "
               "GUROKKII GUTTARI DOWN IYAIYA OMOI ZUKO BIRIBIRI URAMIMASU CHANCE GETTODAZE").split()
+# In the order of ResultState.
+STATES = "created running not_updated failed incomplete".split()
 PREVIEWS = TOP / "build" / "art"
 COLUMNS = 6
 
 
 def read_characters():
     parts = scene.Reader(TOP / "art/characters/parts.svg").parts()
-    drawings = [scene.Reader(TOP / f"art/characters/{name.lower()}.svg").read() for name in CHARACTERS]
-    for name, items in zip(CHARACTERS, drawings):
+    return read_drawings("characters", CHARACTERS, parts), parts
+
+
+def read_drawings(folder, names, parts):
+    drawings = [scene.Reader(TOP / f"art/{folder}/{name.lower()}.svg").read() for name in names]
+    for name, items in zip(names, drawings):
         if characters.outside(scene.flatten(items, parts)):
             raise SystemExit(f"art: {name} reaches over its edge")
-    return drawings, parts
+    return drawings
 
 
 def generated_files():
     """Returns the generated files that are checked in, as name and content."""
     drawings, parts = read_characters()
+    states = read_drawings("states", STATES, {})
     folder = TOP / "art/icons"
-    files = {"src/ui/look/character_data.cpp": characters.make_data(drawings, parts).encode(),
+    files = {"src/ui/look/character_data.cpp": characters.make_data(drawings, states, parts).encode(),
              "src/ui/look/tool_icons.h": icons.make_header().encode()}
     for name in ("quillmoor", "document"):
         files[f"res/icons/{name}.ico"] = icons.make_icon(folder, name, parts)

@@ -7,6 +7,7 @@
 #include "app/windows.h"
 #include "document/document.h"
 #include "settings/settings.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {
@@ -136,7 +137,7 @@ void CReplaceTool::Commit(CReplaceOptions options) {
   if (!m_options.src.empty()) m_setting.srcs.Add(m_options.src);
   m_setting.dsts.Add(m_options.dst);
   if (!tasks.empty() || !dsts.empty()) {
-    m_document.Edit(ChangeOf(tasks, dsts), [&result](CContent& content) {
+    m_document.Edit(IDS_EDIT_REPLACE, ChangeOf(tasks, dsts), [&result](CContent& content) {
       content = std::move(result);
       return true;
     });

@@ -80,10 +80,11 @@ std::wstring CTasks::FreeId(const std::wstring& id) const {
   return candidate;
 }
 
-bool CDocument::Edit(DocChangeEventFlags what, const std::function<bool(CContent&)>& change) {
+bool CDocument::Edit(uint32_t nameId, DocChangeEventFlags what,
+                     const std::function<bool(CContent&)>& change) {
   CContent changed = m_content;
   if (!change(changed)) return false;
-  m_undo.push_back({std::move(m_content), m_revision});
+  m_undo.push_back({std::move(m_content), m_revision, nameId});
   if (m_undo.size() > kMostSteps) m_undo.pop_front();
   m_redo.clear();
   m_content = std::move(changed);
@@ -94,12 +95,13 @@ bool CDocument::Edit(DocChangeEventFlags what, const std::function<bool(CContent
 
 bool CDocument::Merge(const CContent& source, std::ptrdiff_t position) {
   const auto everything = DocChangeEventFlags::CHNAGE_TASKS | DocChangeEventFlags::CHNAGE_DSTS;
-  return Edit(everything, [&](CContent& content) { return AddMissing(content, source, position); });
+  return Edit(IDS_EDIT_MERGE, everything,
+              [&](CContent& content) { return AddMissing(content, source, position); });
 }
 
 void CDocument::Restore(std::deque<CStep>& from, std::deque<CStep>& to) {
   if (from.empty()) return;
-  to.push_back({std::move(m_content), m_revision});
+  to.push_back({std::move(m_content), m_revision, from.back().nameId});
   m_content = std::move(from.back().content);
   m_revision = from.back().revision;
   from.pop_back();

@@ -87,8 +87,9 @@ class CDocument {
   bool IsModified() const { return m_revision != m_savedRevision; }
 
   // Calls `change` with a copy of the content. The result becomes the content, as one undo step. If `change`
-  // returns false or throws, the document is unchanged. Listeners are notified with `what`.
-  bool Edit(DocChangeEventFlags what, const std::function<bool(CContent&)>& change);
+  // returns false or throws, the document is unchanged. Listeners are notified with `what`. `nameId` is the
+  // id of the text that names the step (IDS_EDIT_*).
+  bool Edit(uint32_t nameId, DocChangeEventFlags what, const std::function<bool(CContent&)>& change);
 
   // Adds the tasks and destinations of `source` that this document lacks. Tasks are inserted at `position`
   // (see InsertRow), with a free ID. One edit; returns whether anything was added. If
@@ -99,6 +100,10 @@ class CDocument {
   bool CanRedo() const { return !m_redo.empty(); }
   void Undo();  // does nothing if there is nothing to undo
   void Redo();
+
+  // Return the name of the edit that Undo or Redo would act on; 0 if there is none.
+  uint32_t UndoNameId() const { return NameOfLast(m_undo); }
+  uint32_t RedoNameId() const { return NameOfLast(m_redo); }
 
   // Replaces content and path. The document is then unmodified and has no undo steps. Listeners stay
   // registered.
@@ -112,11 +117,16 @@ class CDocument {
   void NotifyChange(DocChangeEventFlags flags) const;
 
  private:
+  // The content on the other side of an edit.
   struct CStep {
     CContent content;
     uint64_t revision = 0;
+    uint32_t nameId = 0;  // of the edit
   };
 
+  static uint32_t NameOfLast(const std::deque<CStep>& steps) {
+    return steps.empty() ? 0 : steps.back().nameId;
+  }
   void Restore(std::deque<CStep>& from, std::deque<CStep>& to);
 
   CContent m_content;

@@ -92,7 +92,8 @@ CRows PasteTasks(my::IXmlDom& dom, CDocument& document, std::string_view clip, s
   }
   const auto tasks = DocChangeEventFlags::CHNAGE_TASKS;
   const bool sameDsts = changed.dsts.size() == document.Dsts().size();
-  document.Edit(sameDsts ? tasks : tasks | DocChangeEventFlags::CHNAGE_DSTS, [&](CContent& content) {
+  const auto what = sameDsts ? tasks : tasks | DocChangeEventFlags::CHNAGE_DSTS;
+  document.Edit(IDS_EDIT_PASTE_TASKS, what, [&](CContent& content) {
     content = std::move(changed);
     return !rows.empty();
   });
@@ -104,17 +105,18 @@ CRows PasteDsts(my::IXmlDom& dom, CDocument& document, std::string_view clip, st
   const CContent pasted = ContentFromBytes(dom, clip);
   CRows rows;
   const auto dsts = DocChangeEventFlags::CHNAGE_DSTS;
-  document.Edit(users.empty() ? dsts : dsts | DocChangeEventFlags::CHNAGE_TASKS, [&](CContent& content) {
-    size_t to = InsertRow(position, content.dsts.size());
-    for (const CDstPtr& dst : pasted.dsts) {
-      const CTaken taken = TakeDst(content.dsts, *dst, to);
-      if (!taken.isNew) continue;
-      AddUse(content, users, taken.dst);
-      rows.push_back(to++);
-    }
-    if (rows.empty() && !pasted.dsts.empty()) throw my::CException(IDS_DST_DUPLICATE);
-    return !rows.empty();
-  });
+  document.Edit(IDS_EDIT_PASTE_DSTS, users.empty() ? dsts : dsts | DocChangeEventFlags::CHNAGE_TASKS,
+                [&](CContent& content) {
+                  size_t to = InsertRow(position, content.dsts.size());
+                  for (const CDstPtr& dst : pasted.dsts) {
+                    const CTaken taken = TakeDst(content.dsts, *dst, to);
+                    if (!taken.isNew) continue;
+                    AddUse(content, users, taken.dst);
+                    rows.push_back(to++);
+                  }
+                  if (rows.empty() && !pasted.dsts.empty()) throw my::CException(IDS_DST_DUPLICATE);
+                  return !rows.empty();
+                });
   return rows;
 }
 

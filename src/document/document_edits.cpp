@@ -57,9 +57,10 @@ CRows MoveBy(auto& list, CRows rows, Step step) {
 }
 
 // Changes the order of one of the lists.
-CRows ChangeOrder(CDocument& document, DocChangeEventFlags what, auto CContent::*list, const auto& move) {
+CRows ChangeOrder(CDocument& document, uint32_t nameId, DocChangeEventFlags what, auto CContent::*list,
+                  const auto& move) {
   CRows moved;
-  document.Edit(what, [&](CContent& content) {
+  document.Edit(nameId, what, [&](CContent& content) {
     moved = move(content.*list);
     const auto& old = document.Content().*list;
     return !std::equal(old.begin(), old.end(), (content.*list).begin());
@@ -113,7 +114,7 @@ DstUse UseBy(size_t users, size_t tasks) {
 
 size_t InsertTask(CDocument& document, std::ptrdiff_t position, CTask task) {
   const size_t row = InsertRow(position, document.Tasks().size());
-  document.Edit(kTasks, [&](CContent& content) {
+  document.Edit(IDS_EDIT_ADD_TASK, kTasks, [&](CContent& content) {
     content.tasks.Insert(position, Owned(std::move(task), content.dsts));
     return true;
   });
@@ -121,7 +122,7 @@ size_t InsertTask(CDocument& document, std::ptrdiff_t position, CTask task) {
 }
 
 void ReplaceTask(CDocument& document, size_t row, CTask task) {
-  document.Edit(kTasks, [&](CContent& content) {
+  document.Edit(IDS_EDIT_CHANGE_TASK, kTasks, [&](CContent& content) {
     const CTaskPtr owned = Owned(std::move(task), content.dsts);
     if (*owned == *content.tasks[row]) return false;
     content.tasks.Replace(row, owned);
@@ -130,24 +131,24 @@ void ReplaceTask(CDocument& document, size_t row, CTask task) {
 }
 
 void RemoveTasks(CDocument& document, const CRows& rows) {
-  document.Edit(kTasks, [&](CContent& content) {
+  document.Edit(IDS_EDIT_REMOVE_TASKS, kTasks, [&](CContent& content) {
     Remove(content.tasks, rows);
     return !rows.empty();
   });
 }
 
 CRows MoveTasks(CDocument& document, const CRows& rows, std::ptrdiff_t position) {
-  return ChangeOrder(document, kTasks, &CContent::tasks,
+  return ChangeOrder(document, IDS_EDIT_MOVE_TASKS, kTasks, &CContent::tasks,
                      [&](auto& list) { return Move(list, rows, InsertRow(position, list.size())); });
 }
 
 CRows StepTasks(CDocument& document, const CRows& rows, Step step) {
-  return ChangeOrder(document, kTasks, &CContent::tasks,
+  return ChangeOrder(document, IDS_EDIT_MOVE_TASKS, kTasks, &CContent::tasks,
                      [&](auto& list) { return MoveBy(list, rows, step); });
 }
 
 void SetTaskFilter(CDocument& document, size_t row, const std::wstring& filterPath) {
-  document.Edit(kTasks, [&](CContent& content) {
+  document.Edit(IDS_EDIT_SET_FILTER, kTasks, [&](CContent& content) {
     return ChangeTasks(content.tasks, {row},
                        [&](CTask& task) { return std::exchange(task.filterPath, filterPath) != filterPath; });
   });
@@ -155,7 +156,7 @@ void SetTaskFilter(CDocument& document, size_t row, const std::wstring& filterPa
 
 size_t InsertDst(CDocument& document, std::ptrdiff_t position, CDst dst, const CRows& users) {
   const size_t row = InsertRow(position, document.Dsts().size());
-  document.Edit(users.empty() ? kDsts : kDsts | kTasks, [&](CContent& content) {
+  document.Edit(IDS_EDIT_ADD_DST, users.empty() ? kDsts : kDsts | kTasks, [&](CContent& content) {
     CheckDst(dst);
     CheckRoom(content.dsts);
     const auto added = boost::make_shared<CDst>(std::move(dst));
@@ -167,7 +168,7 @@ size_t InsertDst(CDocument& document, std::ptrdiff_t position, CDst dst, const C
 }
 
 void ReplaceDst(CDocument& document, size_t row, CDst dst) {
-  document.Edit(DstsAndUsers(document, {row}), [&](CContent& content) {
+  document.Edit(IDS_EDIT_CHANGE_DST, DstsAndUsers(document, {row}), [&](CContent& content) {
     CheckDst(dst);
     const CDstPtr old = content.dsts[row];
     if (dst == *old) return false;
@@ -183,7 +184,7 @@ void ReplaceDst(CDocument& document, size_t row, CDst dst) {
 }
 
 void RemoveDsts(CDocument& document, const CRows& rows) {
-  document.Edit(DstsAndUsers(document, rows), [&](CContent& content) {
+  document.Edit(IDS_EDIT_REMOVE_DSTS, DstsAndUsers(document, rows), [&](CContent& content) {
     const auto removed = Objects(content.dsts, rows);
     ChangeTasks(content.tasks, Range(0, content.tasks.size()), [&removed](CTask& task) {
       return std::erase_if(task.dsts, [&](const CDstPtr& dst) { return removed.contains(dst.get()); }) != 0;
@@ -194,16 +195,17 @@ void RemoveDsts(CDocument& document, const CRows& rows) {
 }
 
 CRows MoveDsts(CDocument& document, const CRows& rows, std::ptrdiff_t position) {
-  return ChangeOrder(document, kDsts, &CContent::dsts,
+  return ChangeOrder(document, IDS_EDIT_MOVE_DSTS, kDsts, &CContent::dsts,
                      [&](auto& list) { return Move(list, rows, InsertRow(position, list.size())); });
 }
 
 CRows StepDsts(CDocument& document, const CRows& rows, Step step) {
-  return ChangeOrder(document, kDsts, &CContent::dsts, [&](auto& list) { return MoveBy(list, rows, step); });
+  return ChangeOrder(document, IDS_EDIT_MOVE_DSTS, kDsts, &CContent::dsts,
+                     [&](auto& list) { return MoveBy(list, rows, step); });
 }
 
 void SetUse(CDocument& document, const CRows& tasks, size_t dst, bool use) {
-  document.Edit(kTasks, [&](CContent& content) {
+  document.Edit(IDS_EDIT_SET_USE, kTasks, [&](CContent& content) {
     const CDstPtr& object = content.dsts[dst];
     if (use) return AddUse(content, tasks, object);
     return ChangeTasks(content.tasks, tasks, [&](CTask& task) { return std::erase(task.dsts, object) != 0; });

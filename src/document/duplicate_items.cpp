@@ -6,6 +6,7 @@
 
 #include "document/document_limits.h"
 #include "support/paths.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {
@@ -33,7 +34,7 @@ CDstPtr NumberedCopy(const CDst& dst, const CDsts& others) {
 CRows DuplicateTasks(CDocument& document, const CRows& rows) {
   if (rows.empty()) return {};
   const size_t first = rows.back() + 1;
-  document.Edit(DocChangeEventFlags::CHNAGE_TASKS, [&](CContent& content) {
+  document.Edit(IDS_EDIT_DUPLICATE_TASKS, DocChangeEventFlags::CHNAGE_TASKS, [&](CContent& content) {
     size_t to = first;
     for (const size_t row : rows) {
       const auto copy = boost::make_shared<CTask>(*content.tasks[row]);
@@ -48,7 +49,7 @@ CRows DuplicateTasks(CDocument& document, const CRows& rows) {
 CRows DuplicateDsts(CDocument& document, const CRows& rows) {
   if (rows.empty()) return {};
   const size_t first = rows.back() + 1;
-  document.Edit(DocChangeEventFlags::CHNAGE_DSTS, [&](CContent& content) {
+  document.Edit(IDS_EDIT_DUPLICATE_DSTS, DocChangeEventFlags::CHNAGE_DSTS, [&](CContent& content) {
     size_t to = first;
     for (const size_t row : rows) {
       CheckRoom(content.dsts);

@@ -13,7 +13,7 @@ namespace qlm {
 CRows AddFolderTasks(CDocument& document, std::ptrdiff_t position, const std::vector<std::wstring>& folders,
                      const CTaskDsts& dsts) {
   CRows rows;
-  document.Edit(DocChangeEventFlags::CHNAGE_TASKS, [&](CContent& content) {
+  document.Edit(IDS_EDIT_ADD_TASK, DocChangeEventFlags::CHNAGE_TASKS, [&](CContent& content) {
     size_t row = InsertRow(position, content.tasks.size());
     for (const std::wstring& folder : folders) {
       const auto task = boost::make_shared<CTask>();
@@ -53,7 +53,7 @@ CRows AddFolderDsts(CDocument& document, std::ptrdiff_t position, const std::vec
                     const CRows& users) {
   CRows rows;
   const auto what = DocChangeEventFlags::CHNAGE_DSTS | DocChangeEventFlags::CHNAGE_TASKS;
-  document.Edit(what, [&](CContent& content) {
+  document.Edit(IDS_EDIT_ADD_DST, what, [&](CContent& content) {
     size_t row = InsertRow(position, content.dsts.size());
     for (const std::wstring& folder : folders) {
       const auto dst = boost::make_shared<CDst>();

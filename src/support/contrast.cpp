@@ -116,10 +116,10 @@ bool NeedsDark(CColor text) {
   return Luminance(text) >= 0.179;
 }
 
-CColor Readable(CColor color, double luminance, bool onDark) {
+CColor Readable(CColor color, double luminance, bool onDark, double contrast) {
   const auto isReadable = [&](CColor candidate) {
     const double own = Luminance(candidate);
-    return (own > luminance) == onDark && Contrast(own, luminance) >= kReadable;
+    return (own > luminance) == onDark && Contrast(own, luminance) >= contrast;
   };
   const int end = onDark ? 255 : 0;
   for (int step = 0; step < 256; ++step) {

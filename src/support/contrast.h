@@ -27,9 +27,9 @@ double Contrast(CColor color, CColor other);
 // Returns whether text of this colour needs a dark background rather than a light one.
 bool NeedsDark(CColor text);
 
-// Returns the colour, changed as little as possible to be readable on every background up to this luminance
-// (if `onDark`, otherwise from this luminance). Black and white are the limits.
-CColor Readable(CColor color, double luminance, bool onDark);
+// Returns the colour, changed as little as possible to have this contrast to every background up to this
+// luminance (if `onDark`, otherwise from this luminance). Black and white are the limits.
+CColor Readable(CColor color, double luminance, bool onDark, double contrast = kReadable);
 
 // Moves background colours away from the colour of the text on them.
 class CContrastTable {

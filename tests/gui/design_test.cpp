@@ -1,5 +1,5 @@
 #include "gui/gui_app.h"
-#include "ui/look/high_contrast.h"
+#include "ui/framework/high_contrast.h"
 #include "ui/models/background_model.h"
 
 namespace {
@@ -111,7 +111,7 @@ TEST_F(Design, text_is_readable_on_every_brush_and_character) {
   view.CreateIn(frame);
   ::MoveWindow(view.Hwnd(), 0, 0, 400, 300, FALSE);
   CBackground background;
-  background.SetView(view.Hwnd());
+  background.SetView(view.Hwnd(), [] { return std::vector<CRoom>(); });
   CDesignSetting design;
   my::CPixelBitmap copy({400, 300});
   for (int i = 0; i < 27; ++i) {
@@ -120,10 +120,10 @@ TEST_F(Design, text_is_readable_on_every_brush_and_character) {
     background.SetDesign(design);
     background.DrawShade(copy.Dc(), view.Hwnd(), {0, 0, 400, 300});
     ::GdiFlush();
-    for (const COLORREF color :
-         {background.TextColor(), background.Readable(a.app->Settings().ui.stateColors[2])}) {
+    const my::CListLook calm = StateLook(a.app->Settings().ui, ResultState::NotUpdated);
+    const CRowGround ground = background.Ground();
+    for (const my::CColor text : {ground.text, RowColors(calm, RowSelection::None, ground).text}) {
       double least = 21;
-      const my::CColor text{GetRValue(color), GetGValue(color), GetBValue(color)};
       for (const my::CPixel pixel : copy.Pixels())
         least = std::min(least, my::Contrast(my::ColorOf(pixel), text));
       EXPECT_GE(least, my::kReadable) << "brush " << i % 8 << ", image " << i;

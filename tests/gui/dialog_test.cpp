@@ -86,7 +86,7 @@ TEST_F(Dialog, scales_with_the_dpi_and_back_without_drift) {
     EXPECT_EQ(dialog.Dpi(), dpi);
     EXPECT_NEAR(Of(IDC_EDIT).cx, Scale(edit.cx, dpi), Scale(edit.cx, dpi) / 8);
     EXPECT_NEAR(Of(IDC_EDIT).cy, Scale(edit.cy, dpi), Scale(edit.cy, dpi) / 8);
-    EXPECT_EQ(ListView_GetColumnWidth(dialog.Item(IDC_LIST), 1), Scale(41, dpi));
+    EXPECT_EQ(ListView_GetColumnWidth(dialog.Item(IDC_LIST), 0), Scale(80, dpi));
     EXPECT_EQ(dialog.list.Widths(), (std::vector<int32_t>{80, 41}));
     const auto font = reinterpret_cast<HFONT>(::SendMessageW(dialog.Item(IDC_EDIT), WM_GETFONT, 0, 0));
     LOGFONTW used{};

@@ -6,6 +6,7 @@
 
 #include <commctrl.h>
 
+#include <initializer_list>
 #include <iterator>
 #include <string>
 #include <vector>
@@ -13,6 +14,7 @@
 #include "gui/test_dialog.h"
 #include "ui/framework/dialog.h"
 #include "ui/framework/list_view.h"
+#include "ui/framework/message_loop.h"
 
 namespace test {
 
@@ -33,6 +35,43 @@ bool PumpUntil(Test test) {
     ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
     Pump();
   }
+  return test();
+}
+
+// Presses keys of the keyboard together, the first ones held while the last one is pressed.
+inline void Press(std::initializer_list<WORD> keys) {
+  std::vector<INPUT> inputs;
+  for (const WORD key : keys) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    inputs.push_back(input);
+  }
+  for (size_t i = keys.size(); i-- > 0;) {
+    inputs.push_back(inputs[i]);
+    inputs.back().ki.dwFlags = KEYEVENTF_KEYUP;
+  }
+  EXPECT_EQ(::SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT)), inputs.size());
+}
+
+// Presses keys in a window and lets the loop of the program handle them until the test returns true.
+template <class Test>
+bool PressUntil(my::CAutoMessageLoop& loop, HWND window, std::initializer_list<WORD> keys, Test test) {
+  ::SetForegroundWindow(window);
+  Press(keys);
+  static HWND s_window;
+  static ULONGLONG s_end;
+  s_window = window;
+  s_end = ::GetTickCount64() + 10'000;
+  const auto quit = [](HWND, UINT, UINT_PTR, DWORD) {
+    const bool modal = !::IsWindowEnabled(s_window);  // the loop of a modal dialog is running
+    if (!modal || ::GetTickCount64() > s_end) ::PostQuitMessage(0);
+  };
+  const UINT_PTR timer = ::SetTimer(nullptr, 0, 10, quit);
+  do {
+    loop.Run();
+  } while (!test() && ::GetTickCount64() < s_end);
+  ::KillTimer(nullptr, timer);
   return test();
 }
 

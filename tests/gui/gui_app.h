@@ -22,6 +22,7 @@
 #include "platform/win32/win32_known_folders.h"
 #include "platform/win32/win32_threads.h"
 #include "support/fake_system.h"
+#include "text_ids.h"
 #include "ui/framework/failures.h"
 #include "ui/main_window/document_clipboard.h"
 #include "ui/main_window/main_frame.h"
@@ -87,14 +88,17 @@ class CGuiApp : public CWin32Ports {
 
   // Executes a command that opens a modal dialog, and calls `user` with the dialog, which it must close.
   void DoWithDialog(int id, std::function<void(HWND)> user) {
+    DoWithDialog([this, id] { Do(id); }, std::move(user));
+  }
+  void DoWithDialog(const std::function<void()>& open, std::function<void(HWND)> user) {
     m_user = std::move(user);
     m_patience = 500;
     s_current = this;
     const UINT_PTR timer = ::SetTimer(nullptr, 0, 10, PlayUser);
-    Do(id);
+    open();
     PumpUntil([this] { return !m_user || !app->Run().IsActive(); });
     ::KillTimer(nullptr, timer);
-    if (m_user) ADD_FAILURE() << "no dialog for " << id;
+    if (m_user) ADD_FAILURE() << "no dialog";
   }
 
   void RunToEnd() {
@@ -121,18 +125,20 @@ class CGuiApp : public CWin32Ports {
   }
 
   qlm::CTaskPtr AddTask(const std::wstring& id, const std::wstring& path) {
-    app->Document().Edit(qlm::DocChangeEventFlags::CHNAGE_TASKS, [&](qlm::CContent& content) {
-      content.tasks.Append(boost::make_shared<qlm::CTask>(qlm::CTask{id, path, L"", {}}));
-      return true;
-    });
+    app->Document().Edit(
+        IDS_EDIT_ADD_TASK, qlm::DocChangeEventFlags::CHNAGE_TASKS, [&](qlm::CContent& content) {
+          content.tasks.Append(boost::make_shared<qlm::CTask>(qlm::CTask{id, path, L"", {}}));
+          return true;
+        });
     return app->Document().Tasks().FindId(id);
   }
 
   void AddDst(const std::wstring& folder, qlm::DstType type = qlm::DstType::FOLDER) {
-    app->Document().Edit(qlm::DocChangeEventFlags::CHNAGE_DSTS, [&](qlm::CContent& content) {
-      content.dsts.Append(boost::make_shared<qlm::CDst>(qlm::CDst{folder, type, L"<ID>_<Y>"}));
-      return true;
-    });
+    app->Document().Edit(
+        IDS_EDIT_ADD_DST, qlm::DocChangeEventFlags::CHNAGE_DSTS, [&](qlm::CContent& content) {
+          content.dsts.Append(boost::make_shared<qlm::CDst>(qlm::CDst{folder, type, L"<ID>_<Y>"}));
+          return true;
+        });
   }
 
   my::CComApartment com;

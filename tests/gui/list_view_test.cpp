@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "gui/gui.h"
+#include "ui/framework/dpi.h"
 #include "ui/framework/window.h"
 
 namespace {
@@ -91,6 +92,69 @@ TEST_F(ListView, check_boxes_and_rows_react_to_mouse_and_keyboard) {
   EXPECT_EQ(ListView_FindItem(view.Hwnd(), 124, &find), 1230);
   find.psz = L"none";
   EXPECT_EQ(ListView_FindItem(view.Hwnd(), -1, &find), -1);
+}
+
+TEST_F(ListView, last_column_fills_the_list_and_the_others_keep_their_widths) {
+  const auto widthOf = [&](int column) { return ListView_GetColumnWidth(view.Hwnd(), column); };
+  const auto expectFilled = [&](const char* when) {
+    RECT client{};
+    ::GetClientRect(view.Hwnd(), &client);
+    EXPECT_EQ(widthOf(0) + widthOf(1), client.right) << when;
+  };
+  const std::vector<int32_t> widths{120, 90};
+  view.SetWidths(widths);
+  expectFilled("widths of the settings");
+  ::MoveWindow(view.Hwnd(), 0, 0, 700, 260, FALSE);
+  expectFilled("wider");
+  rows.count = 2;
+  view.Refresh();
+  expectFilled("without a scroll bar");
+  ::SendMessageW(view.Hwnd(), DpiMessage(), 144, 0);
+  EXPECT_EQ(widthOf(0), 180);
+  expectFilled("another DPI");
+  EXPECT_EQ(view.Widths(), widths) << "the filling is not stored";
+  ::MoveWindow(view.Hwnd(), 0, 0, 200, 260, FALSE);
+  EXPECT_EQ(widthOf(1), 135) << "scrolls instead of hiding the column";
+
+  ::MoveWindow(view.Hwnd(), 0, 0, 700, 260, FALSE);
+  HDITEMW item{};
+  item.mask = HDI_WIDTH;
+  item.cxy = 300;
+  Header_SetItem(ListView_GetHeader(view.Hwnd()), 0, &item);  // as a user would
+  expectFilled("a divider was moved");
+  EXPECT_EQ(view.Widths(), (std::vector<int32_t>{200, 90}));
+}
+
+TEST_F(ListView, screen_readers_know_the_check_boxes_and_hear_their_changes) {
+  EXPECT_NE(ListView_GetExtendedListViewStyle(view.Hwnd()) & LVS_EX_CHECKBOXES, 0u);
+  static std::vector<LONG> children;
+  const auto hear = [](HWINEVENTHOOK, DWORD, HWND, LONG object, LONG child, DWORD, DWORD) {
+    if (object == OBJID_CLIENT) children.push_back(child);
+  };
+  children.clear();
+  const HWINEVENTHOOK hook = ::SetWinEventHook(EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_STATECHANGE, nullptr,
+                                               hear, ::GetCurrentProcessId(), 0, WINEVENT_OUTOFCONTEXT);
+  view.SetFocused(1);
+  Key(VK_SPACE);
+  Click(Place(0, LVIR_LABEL, -8));
+  EXPECT_TRUE(test::PumpUntil([] { return children.size() >= 2; }));
+  ::UnhookWinEvent(hook);
+  EXPECT_EQ(children, (std::vector<LONG>{2, 1}));
+}
+
+TEST_F(ListView, check_boxes_follow_font_and_theme) {
+  const auto imageSize = [this] {
+    int width = 0;
+    int height = 0;
+    ::ImageList_GetIconSize(ListView_GetImageList(view.Hwnd(), LVSIL_STATE), &width, &height);
+    return height;
+  };
+  const int before = imageSize();
+  const CFont large(::CreateFontW(-48, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, L"Tahoma"));
+  ::SendMessageW(view.Hwnd(), WM_SETFONT, reinterpret_cast<WPARAM>(large.Get()), TRUE);
+  EXPECT_GT(imageSize(), before);
+  ::SendMessageW(view.Hwnd(), WM_THEMECHANGED, 0, 0);
+  EXPECT_EQ(::ImageList_GetImageCount(ListView_GetImageList(view.Hwnd(), LVSIL_STATE)), 3);
 }
 
 TEST_F(ListView, rows_are_dropped_at_the_insertion_mark) {

@@ -5,6 +5,7 @@
 #include "gui/gui_app.h"
 #include "support/fake_windows.h"
 #include "support/strings.h"
+#include "ui/framework/shortcuts.h"
 #include "ui/framework/window_placement.h"
 
 namespace {
@@ -36,7 +37,7 @@ std::set<int> CommandIds(HWND frame) {
   return ids;
 }
 
-TEST(MainFrame, every_menu_item_and_key_has_a_command) {
+TEST(MainFrame, every_menu_item_and_key_has_a_command_and_an_explanation) {
   CGuiApp a;
   const std::set<int> ids = CommandIds(a.frame->Hwnd());
   EXPECT_GE(ids.size(), 45u);
@@ -44,6 +45,8 @@ TEST(MainFrame, every_menu_item_and_key_has_a_command) {
                                ID_DESIGN, ID_TASK_ADD,  ID_ITEM_ADD,    ID_DST_ADD, ID_ABOUT,
                                ID_QUIT,   ID_POWER_OFF, ID_FILTER_CHECK};
   for (const int id : ids) {
+    ::SendMessageW(a.frame->Hwnd(), WM_MENUSELECT, MAKEWPARAM(id, 0), 0);
+    EXPECT_NE(test::StatusText(a.StatusBar()), L"") << id;
     if (modal.contains(id)) continue;
     a.box.texts.clear();
     a.Do(id);
@@ -60,6 +63,64 @@ TEST(MainFrame, selected_menu_item_is_explained_in_the_status_bar) {
   EXPECT_EQ(selected(ID_REPLACE, 0), L"指定のテキストを置換します");
   EXPECT_EQ(selected(ID_POWER_OFF, 0), L"コンピューターの電源を切ります");
   EXPECT_EQ(selected(0, 0xFFFF), L"") << "the menu has gone";
+}
+
+// Visits the items of a menu and its popups: label with access key, keys, and position.
+void VisitItems(HMENU menu, const std::function<void(HMENU, int, std::wstring, std::wstring)>& visit) {
+  for (int i = 0; i < ::GetMenuItemCount(menu); ++i) {
+    if (const HMENU popup = ::GetSubMenu(menu, i)) VisitItems(popup, visit);
+    wchar_t text[256]{};
+    if (::GetMenuStringW(menu, static_cast<UINT>(i), text, 256, MF_BYPOSITION) == 0) continue;  // a separator
+    const std::wstring all(text);
+    const size_t tab = std::min(all.find(L'\t'), all.size());
+    visit(menu, i, all.substr(0, tab), all.substr(std::min(tab + 1, all.size())));
+  }
+}
+
+TEST(MainFrame, menus_can_be_used_by_keyboard) {
+  const HINSTANCE instance = ::GetModuleHandleW(nullptr);
+  const my::CAccelerators table(::LoadAcceleratorsW(instance, MAKEINTRESOURCEW(IDR_MAIN_KEYS)));
+  for (const int menuId :
+       {IDR_MAIN_MENU, IDR_TASK_MENU, IDR_DST_MENU, IDM_FILTER, IDM_TARGETS, IDM_RESULTS}) {
+    const my::CMenu menu(::LoadMenuW(instance, MAKEINTRESOURCEW(menuId)));
+    std::set<std::pair<HMENU, wchar_t>> accessKeys;
+    VisitItems(menu.Get(), [&](HMENU popup, int at, const std::wstring& label, const std::wstring& keys) {
+      auto id = static_cast<int>(::GetMenuItemID(popup, at));
+      if (id == ID_MRU_FIRST) return;  // replaced when shown
+      const size_t mark = label.find(L'&');
+      ASSERT_NE(mark, label.npos) << label;
+      EXPECT_TRUE(accessKeys.insert({popup, label[mark + 1]}).second) << label;
+      if (id >= ID_TASK_EDITS && id <= ID_DST_DOWN) id = ID_ITEM_ADD + id % 100;
+      const std::wstring shortcut = my::ShortcutText(table.Get(), id);
+      if (menuId == IDR_MAIN_MENU || !shortcut.empty()) {
+        const bool handledElsewhere = id == ID_QUIT || id == ID_ITEM_EDIT;  // by the system and by the lists
+        EXPECT_EQ(handledElsewhere ? L"" : keys, shortcut) << label;
+      }
+    });
+  }
+}
+
+TEST(MainFrame, tips_and_menu_name_the_keys_and_the_edit_to_undo) {
+  CGuiApp a;
+  const HWND bar = ::GetDlgItem(a.frame->Hwnd(), IDC_TOOLBAR);
+  const auto tip = [&](int id) {
+    wchar_t text[100]{};
+    NMTBGETINFOTIPW info{{bar, IDC_TOOLBAR, TBN_GETINFOTIPW}, text, 100, id, 0};
+    ::SendMessageW(a.frame->Hwnd(), WM_NOTIFY, IDC_TOOLBAR, reinterpret_cast<LPARAM>(&info));
+    return std::wstring(text);
+  };
+  EXPECT_EQ(tip(ID_SAVE), L"上書き保存 (Ctrl+S)");
+  EXPECT_EQ(tip(ID_SETTINGS), L"設定");
+  EXPECT_EQ(tip(ID_UNDO), L"元に戻す (Ctrl+Z)");
+  EXPECT_FALSE(::SendMessageW(bar, TB_ISBUTTONENABLED, ID_UNDO, 0));
+  a.AddDst(L"C:\\x");
+  EXPECT_TRUE(::SendMessageW(bar, TB_ISBUTTONENABLED, ID_UNDO, 0));
+  EXPECT_EQ(tip(ID_UNDO), L"元に戻す: 転送先の追加 (Ctrl+Z)");
+  const HMENU edit = ::GetSubMenu(::GetMenu(a.frame->Hwnd()), 1);
+  ::SendMessageW(a.frame->Hwnd(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(edit), 1);
+  wchar_t label[100]{};
+  ::GetMenuStringW(edit, ID_UNDO, label, 100, MF_BYCOMMAND);
+  EXPECT_EQ(std::wstring(label), L"元に戻す: 転送先の追加(&U)\tCtrl+Z");
 }
 
 TEST(MainFrame, keys_act_on_the_focused_list) {

@@ -20,7 +20,7 @@ struct SettingsDialogs : testing::Test, test::CDialogApp {
   CArchiveSetting& Archive() { return Settings().archive; }
 
   void Fill() {
-    app.Document().Edit(DocChangeEventFlags::RESET, [](CContent& content) {
+    app.Document().Edit(IDS_EDIT_MERGE, DocChangeEventFlags::RESET, [](CContent& content) {
       for (const wchar_t* id : {L"ab1", L"ab2"}) {
         content.tasks.Append(boost::make_shared<CTask>(CTask{id, L"C:\\src", L"", {}}));
       }
@@ -164,6 +164,35 @@ TEST_F(SettingsSheet, stores_only_when_confirmed) {
     Settings().ui = {};
     Archive() = {};
   }
+}
+
+TEST_F(SettingsSheet, control_key_turns_the_pages_from_every_control) {
+  Open();
+  const HWND design = test::ChildWith(sheet.Hwnd(), IDC_BRUSH_TYPE);
+  ::ShowWindow(sheet.Hwnd(), SW_SHOW);
+  const auto turns = [&](std::initializer_list<WORD> keys, HWND shown) {
+    return test::PressUntil(loop, sheet.Hwnd(), keys, [&] {
+      return ::IsWindowVisible(shown) && (::IsChild(shown, ::GetFocus()) || ::GetFocus() == sheet.Item(IDOK));
+    });
+  };
+  ::SetFocus(::FindWindowExW(::GetDlgItem(page, IDC_ARCHIVER_PATH), nullptr, L"Edit", nullptr));
+  EXPECT_TRUE(turns({VK_CONTROL, VK_TAB}, design));
+  EXPECT_TRUE(turns({VK_CONTROL, VK_NEXT}, page)) << "after the last page the first";
+  EXPECT_TRUE(turns({VK_CONTROL, VK_SHIFT, VK_TAB}, design));
+  ::SetFocus(sheet.Item(IDOK));
+  EXPECT_TRUE(turns({VK_CONTROL, VK_PRIOR}, page));
+  EXPECT_EQ(::GetFocus(), sheet.Item(IDOK));
+  EXPECT_EQ(TabCtrl_GetCurSel(sheet.Item(IDC_SETTINGS_TAB)), 0);
+  EXPECT_TRUE(test::PressUntil(loop, sheet.Hwnd(), {VK_TAB}, [&] {
+    return ::GetFocus() != sheet.Item(IDOK);
+  })) << "Tab alone moves the focus";
+}
+
+TEST_F(SettingsSheet, color_buttons_tell_their_colors) {
+  Settings().design.textColor = {0x12, 0xAB, 0xFF};
+  Open();
+  const HWND design = test::ChildWith(sheet.Hwnd(), IDC_BRUSH_TYPE);
+  EXPECT_EQ(TextOf(design, IDC_TEXT_COLOR), L"文字の色: #12ABFF");
 }
 
 TEST_F(SettingsSheet, shows_the_version_of_the_archiver) {

@@ -64,14 +64,14 @@ TEST(MessageLoop, moves_the_focus_in_modeless_dialogs) {
   EXPECT_EQ(::GetFocus(), dialog.Item(IDC_COMBO));
 }
 
-TEST(Splitter, bar_follows_mouse_and_keys_and_upper_pane_keeps_its_height) {
+TEST(Splitter, bar_follows_mouse_and_keys_and_panes_keep_their_shares) {
   CWindow frame;
   CWindowParams params;
   params.width = 300;
   params.height = 400;
   frame.Create(FrameClass(), params);
   CSplitter splitter;
-  splitter.CreateIn(frame.Hwnd(), 1);
+  splitter.CreateIn(frame.Hwnd(), 1, L"bar");
   ::MoveWindow(splitter.Hwnd(), 0, 0, 280, 300, FALSE);
   CWindow upper, lower;
   CWindowParams child;
@@ -83,25 +83,32 @@ TEST(Splitter, bar_follows_mouse_and_keys_and_upper_pane_keeps_its_height) {
   splitter.SetPanes(upper.Hwnd(), lower.Hwnd());
   EXPECT_EQ(test::Size(upper.Hwnd()).cy, 100);
   EXPECT_EQ(test::Size(lower.Hwnd()).cy, 195);
+  test::Resize(splitter.Hwnd(), 200, 595);
+  EXPECT_EQ(test::Size(upper.Hwnd()).cy, 200);
   test::Resize(splitter.Hwnd(), 200, 80);
-  EXPECT_LT(test::Size(upper.Hwnd()).cy, 60);
+  EXPECT_EQ(test::Size(upper.Hwnd()).cy, 37) << "half of what is left beside the bar";
   test::Resize(splitter.Hwnd(), 200, 400);
-  EXPECT_EQ(test::Size(upper.Hwnd()).cy, 100);
+  splitter.SetUpper(100);
 
   int moved = 0;
   splitter.onMoved = [&] { ++moved; };
   const auto mouse = [&](UINT message, int y) {
-    ::SendMessageW(splitter.Hwnd(), message, MK_LBUTTON, MAKELPARAM(5, y));
+    ::SendMessageW(splitter.Bar(), message, MK_LBUTTON, MAKELPARAM(5, y));
   };
-  mouse(WM_MOUSEMOVE, 300);
+  mouse(WM_MOUSEMOVE, 200);
   EXPECT_EQ(splitter.Upper(), 100);
-  mouse(WM_LBUTTONDOWN, 102);
-  mouse(WM_MOUSEMOVE, 152);
-  mouse(WM_LBUTTONUP, 152);
+  mouse(WM_LBUTTONDOWN, 2);
+  mouse(WM_MOUSEMOVE, 52);
+  mouse(WM_LBUTTONUP, 2);
   EXPECT_EQ(splitter.Upper(), 150);
-  ::SendMessageW(splitter.Hwnd(), WM_KEYDOWN, VK_UP, 0);
+  test::PressKey(splitter.Bar(), VK_UP);
   EXPECT_EQ(test::Size(upper.Hwnd()).cy, 142);
   EXPECT_EQ(moved, 2);
+  test::PressKey(splitter.Bar(), VK_END);
+  EXPECT_EQ(test::Bounds(lower.Hwnd()).top, test::Bounds(splitter.Bar()).bottom);
+  EXPECT_EQ(test::Size(lower.Hwnd()).cy, 96);
+  test::PressKey(splitter.Bar(), VK_HOME);
+  EXPECT_EQ(test::Size(upper.Hwnd()).cy, 96);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "document/document.h"
@@ -7,6 +8,7 @@
 #include "text_ids.h"
 #include "ui/models/background_model.h"
 #include "ui/models/next_step.h"
+#include "ui/models/row_colors.h"
 
 namespace {
 
@@ -66,6 +68,42 @@ TEST(Contrast, row_colors_are_readable_on_the_brightest_and_darkest_background) 
   EXPECT_EQ(my::Readable({1, 2, 3}, 1.0, false), (my::CColor{1, 2, 3}));
 }
 
+// All grounds that a view allows for this text, from the nearest to the farthest.
+std::vector<CRowGround> GroundsFor(my::CColor text) {
+  std::vector<CRowGround> grounds;
+  for (int step = 0; step <= 20; ++step) {
+    const double luminance = step / 20.0;
+    const bool right = (luminance < my::Luminance(text)) == my::NeedsDark(text);
+    if (right && my::Contrast(my::Luminance(text), luminance) >= my::kReadable)
+      grounds.push_back({text, {109, 109, 109}, luminance});
+  }
+  return grounds;
+}
+
+TEST(RowColors, text_and_selection_contrast_with_every_ground) {
+  const CUISetting setting;
+  std::vector<CRowGround> grounds = GroundsFor({255, 255, 255});
+  for (const CRowGround& ground : GroundsFor({0, 0, 0})) grounds.push_back(ground);
+  for (const CRowGround& ground : grounds) {
+    for (int state = 0; state < kStateCount; ++state) {
+      const my::CListLook look = StateLook(setting, static_cast<ResultState>(state));
+      for (const RowSelection selection :
+           {RowSelection::None, RowSelection::Inactive, RowSelection::Active}) {
+        const CRowColors colors = RowColors(look, selection, ground);
+        const double behind = colors.back ? my::Luminance(*colors.back) : ground.luminance;
+        const bool alarm = look.alarm && selection == RowSelection::None;
+        EXPECT_GE(my::Contrast(my::Luminance(colors.text), behind), alarm ? 7.0 : my::kReadable)
+            << ground.luminance << " state " << state << " selection " << static_cast<int>(selection);
+        if (selection == RowSelection::None) continue;
+        const double shape = my::Contrast(behind, ground.luminance);
+        const double frame =
+            colors.frame ? my::Contrast(my::Luminance(*colors.frame), ground.luminance) : 1.0;
+        EXPECT_GE(std::max(shape, frame), 3.0) << ground.luminance;
+      }
+    }
+  }
+}
+
 TEST(Background, images_are_placed_in_their_corner_and_scaled_to_the_view) {
   const CExtent view{300, 200};
   const CExtent image{100, 100};
@@ -90,6 +128,26 @@ TEST(Background, large_pictures_are_kept_at_screen_size) {
   const CExtent thin = NeededPart({1000, 100000}, screen, FitType::WIDTH, ImgOrigin::LT).size;
   EXPECT_LE(thin.width * thin.height, 4.1 * screen.width * screen.height);
   EXPECT_EQ(NeededPart({10, 20}, screen, FitType::AUTO_FILL, ImgOrigin::LT).size, (CExtent{10, 20}));
+}
+
+TEST(Background, character_stands_in_the_free_room_nearest_to_its_corner) {
+  const CExtent view{800, 600};
+  const CRoom upper{true, {0, 100, 800, 290}, {}};
+  const CRoom above{false, {0, 400, 800, 580}, {}};
+  const CRoom whole{
+      false, {0, 400, 800, 600}, {{500, 580, 790, 600}}};  // with the line of text at the bottom
+  const auto place = [&](std::vector<CRoom> rooms, ImgOrigin origin) {
+    return PlaceCharacter(rooms, view, 240, 80, origin);
+  };
+  EXPECT_EQ(place({upper, above, whole}, ImgOrigin::LB), (my::CRect{0, 400, 200, 600}));
+  EXPECT_EQ(place({upper, above, whole}, ImgOrigin::RB), (my::CRect{620, 400, 800, 580})) << "above the text";
+  EXPECT_EQ(place({upper, above, whole}, ImgOrigin::RT), (my::CRect{610, 100, 800, 290}));
+  const CRoom hint{false, {0, 400, 800, 600}, {{150, 450, 650, 470}}};
+  EXPECT_EQ(place({upper, hint}, ImgOrigin::LB), (my::CRect{0, 450, 150, 600})) << "beside the hint";
+  const CRoom low{false, {0, 540, 800, 600}, {}};
+  EXPECT_EQ(place({upper, low}, ImgOrigin::LB), (my::CRect{0, 100, 190, 290})) << "no room near the corner";
+  EXPECT_EQ(place({low}, ImgOrigin::LB), (my::CRect{0, 520, 80, 600})) << "no room";
+  EXPECT_EQ(place({{false, {0, 100, 800, 600}, {}}}, ImgOrigin::LB), (my::CRect{0, 360, 240, 600}));
 }
 
 TEST(Background, brushes_shade_their_color) {

@@ -152,38 +152,42 @@ TEST_F(DocumentEdits, paste_adds_only_what_the_document_lacks) {
 // No edit may change the content held by an earlier step.
 TEST_F(DocumentEdits, every_edit_can_be_undone_and_redone) {
   const CClip clip = CopyTasks(dom, document, {1, 2});
-  const std::function<void()> kEdits[] = {[&] { AddFolderTasks(document, 1, {L"C:\\n"}, {}); },
-                                          [&] { InsertDst(document, -1, {L"n"}); },
-                                          [&] { ReplaceTask(document, 0, Task(L"r", L"q")); },
-                                          [&] { ReplaceDst(document, 0, {L"r"}); },
-                                          [&] {
-                                            MoveTasks(document, {0, 3}, 2);
-                                          },
-                                          [&] { MoveDsts(document, {2}, 0); },
-                                          [&] { DuplicateTasks(document, {1}); },
-                                          [&] { DuplicateDsts(document, {1}); },
-                                          [&] {
-                                            SetUse(document, {0, 1}, 1, true);
-                                          },
-                                          [&] { PasteTasks(dom, document, clip.document, 1); },
-                                          [&] {
-                                            RemoveDsts(document, {0, 1});
-                                          },
-                                          [&] {
-                                            RemoveTasks(document, {0, 2, 3});
-                                          },
-                                          [&] { ReplaceDst(document, 1, {L"s"}); },
-                                          [&] { SetTaskFilter(document, 1, L"f"); }};
+  const CRows two = {0, 1};
+  const std::pair<uint32_t, std::function<void()>> kEdits[] = {
+      {IDS_EDIT_ADD_TASK, [&] { AddFolderTasks(document, 1, {L"C:\\n"}, {}); }},
+      {IDS_EDIT_ADD_DST, [&] { InsertDst(document, -1, {L"n"}); }},
+      {IDS_EDIT_CHANGE_TASK, [&] { ReplaceTask(document, 0, Task(L"r", L"q")); }},
+      {IDS_EDIT_CHANGE_DST, [&] { ReplaceDst(document, 0, {L"r"}); }},
+      {IDS_EDIT_MOVE_TASKS, [&] { MoveTasks(document, two, 3); }},
+      {IDS_EDIT_MOVE_DSTS, [&] { MoveDsts(document, {2}, 0); }},
+      {IDS_EDIT_DUPLICATE_TASKS, [&] { DuplicateTasks(document, {1}); }},
+      {IDS_EDIT_DUPLICATE_DSTS, [&] { DuplicateDsts(document, {1}); }},
+      {IDS_EDIT_SET_USE, [&] { SetUse(document, two, 1, true); }},
+      {IDS_EDIT_PASTE_TASKS, [&] { PasteTasks(dom, document, clip.document, 1); }},
+      {IDS_EDIT_REMOVE_DSTS, [&] { RemoveDsts(document, two); }},
+      {IDS_EDIT_PASTE_DSTS, [&] { PasteDsts(dom, document, clip.document, 1); }},
+      {IDS_EDIT_REMOVE_TASKS, [&] { RemoveTasks(document, two); }},
+      {IDS_EDIT_CHANGE_DST, [&] { ReplaceDst(document, 1, {L"s"}); }},
+      {IDS_EDIT_SET_FILTER, [&] { SetTaskFilter(document, 1, L"f"); }}};
   document.Reset(document.Content(), L"");
   std::vector<std::string> steps = {Bytes()};
-  for (const auto& edit : kEdits) {
+  std::vector<uint32_t> names = {0};
+  for (const auto& [name, edit] : kEdits) {
     edit();
     steps.push_back(Bytes());
+    names.push_back(name);
     ASSERT_NE(steps.back(), *(steps.end() - 2)) << steps.size();
   }
-  for (size_t n = steps.size(); n-- != 0; document.Undo()) ASSERT_EQ(Bytes(), steps[n]) << n;
+  for (size_t n = steps.size(); n-- != 0; document.Undo()) {
+    ASSERT_EQ(Bytes(), steps[n]) << n;
+    ASSERT_EQ(document.UndoNameId(), names[n]) << n;
+  }
   EXPECT_FALSE(document.CanUndo());
-  for (size_t n = 0; n != steps.size(); ++n, document.Redo()) ASSERT_EQ(Bytes(), steps[n]) << n;
+  names.push_back(0);  // nothing to redo after the last edit
+  for (size_t n = 0; n != steps.size(); ++n, document.Redo()) {
+    ASSERT_EQ(Bytes(), steps[n]) << n;
+    ASSERT_EQ(document.RedoNameId(), names[n + 1]) << n;
+  }
 }
 
 }  // namespace

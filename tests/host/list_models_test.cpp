@@ -93,8 +93,11 @@ TEST_F(ListModels, task_shows_destinations_preview_and_worst_state) {
   EXPECT_EQ(model.Look(0).color, setting.stateColors[3]) << "failed";
   EXPECT_EQ(model.Tip(0),
             L"コピー処理中にエラーが発生しました: disk full\n対処: " + texts.Text(IDS_REMEDY_INTERNAL));
+  EXPECT_TRUE(model.Look(0).alarm);
+  EXPECT_EQ(model.Look(0).icon, static_cast<int>(ResultState::Failed));
   EXPECT_FALSE(model.Look(0).grey);
   EXPECT_FALSE(model.Look(1).color);
+  EXPECT_EQ(model.Look(1).icon, -1) << "has not run";
   EXPECT_EQ(Line(model, 0), L"A|C:\\a|f|2|コピー処理中にエラーが発生しました: disk full|");
   const CReplaceRule rule({ReplaceRow::ALL, kReplaceTaskPath, L"C:", L"D:"});
   task->replaceRule = &rule;

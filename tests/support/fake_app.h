@@ -64,7 +64,7 @@ class CFakeApp {
 
   // Makes `content` the open document, with unsaved edits.
   void Fill(const qlm::CContent& content) {
-    app->Document().Edit(qlm::DocChangeEventFlags::RESET, [&content](qlm::CContent& own) {
+    app->Document().Edit(IDS_EDIT_MERGE, qlm::DocChangeEventFlags::RESET, [&content](qlm::CContent& own) {
       own = content;
       return true;
     });

@@ -4,8 +4,8 @@
 #include "text_ids.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/gdiplus.h"
+#include "ui/framework/high_contrast.h"
 #include "ui/look/character.h"
-#include "ui/look/high_contrast.h"
 
 namespace shots {
 namespace {

@@ -1,7 +1,6 @@
 #include "ui/dialogs/design_page.h"
 
 #include <commdlg.h>
-#include <uxtheme.h>
 #include <vssym32.h>
 
 #include <algorithm>
@@ -18,6 +17,7 @@
 #include "ui/framework/controls.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/file_dialogs.h"
+#include "ui/framework/theme.h"
 
 namespace qlm {
 namespace {
@@ -54,12 +54,10 @@ std::optional<my::CColor> AskColor(HWND owner, my::CColor color) {
   return my::ColorOfRef(choice.rgbResult);
 }
 
-using CTheme = my::CHandle<HTHEME, &::CloseThemeData>;
-
-void DrawPushButton(const DRAWITEMSTRUCT& draw, bool disabled) {
+void DrawPushButton(const DRAWITEMSTRUCT& draw, bool disabled, UINT dpi) {
   const bool pressed = (draw.itemState & ODS_SELECTED) != 0;
   RECT rect = draw.rcItem;
-  const CTheme theme(::OpenThemeData(draw.hwndItem, L"BUTTON"));
+  const my::CTheme theme = my::OpenTheme(draw.hwndItem, L"BUTTON", dpi);
   if (!theme) {
     ::DrawFrameControl(draw.hDC, &rect, DFC_BUTTON, DFCS_BUTTONPUSH | (pressed ? DFCS_PUSHED : 0U));
     return;
@@ -131,6 +129,7 @@ bool CDesignPage::OnInit() {
   SetItemText(IDC_BRUSH_PATH, m_design.bkBrushPath);
   SetItemText(IDC_IMAGE_PATH, m_design.bkImgPath);
   SetChecked(IDC_SHOW_DESCRIPTION, m_design.showDesc);
+  NameColors();
   EnableControls();
   return false;
 }
@@ -182,6 +181,7 @@ void CDesignPage::OnColor(int id) {
   const auto chosen = AskColor(::GetAncestor(Hwnd(), GA_ROOT), color);
   if (!chosen) return;
   color = *chosen;
+  NameColors();
   ::InvalidateRect(Item(id), nullptr, FALSE);
   Edited();
 }
@@ -240,16 +240,30 @@ void CDesignPage::DrawSwatch(const DRAWITEMSTRUCT& draw) {
   const HDC dc = draw.hDC;
   RECT rect = draw.rcItem;
   const bool disabled = (draw.itemState & ODS_DISABLED) != 0;
-  DrawPushButton(draw, disabled);
+  DrawPushButton(draw, disabled, Dpi());
   const int margin = my::Scale(kSwatchMargin, Dpi());
   ::InflateRect(&rect, -margin, -margin);
-  if ((draw.itemState & ODS_FOCUS) != 0) ::DrawFocusRect(dc, &rect);
+  if ((draw.itemState & (ODS_FOCUS | ODS_NOFOCUSRECT)) == ODS_FOCUS) ::DrawFocusRect(dc, &rect);
   ::InflateRect(&rect, -margin / 2, -margin / 2);
   if (disabled) return;
   const my::CColor color = ColorOf(static_cast<int>(draw.CtlID));
   const my::CBrush brush(::CreateSolidBrush(my::ColorRef(color)));
+  // In the colour of text, because a lighter border would not show around white.
+  ::FillRect(dc, &rect, ::GetSysColorBrush(COLOR_BTNTEXT));
+  const int border = my::Scale(1, Dpi());
+  ::InflateRect(&rect, -border, -border);
   ::FillRect(dc, &rect, brush.Get());
-  ::FrameRect(dc, &rect, ::GetSysColorBrush(COLOR_BTNSHADOW));
+}
+
+// Screen readers speak the text of a button.
+void CDesignPage::NameColors() {
+  const my::IMessageTexts& texts = m_context.ports.engine.texts;
+  const auto name = [&](int id, uint32_t textId, my::CColor color) {
+    const my::CMsgArg value = my::ColorText(color);
+    SetItemText(id, my::MakeText(texts, textId, {&value, 1}));
+  };
+  name(IDC_TEXT_COLOR, IDS_TEXT_COLOR, m_design.textColor);
+  name(IDC_BRUSH_COLOR, IDS_BRUSH_COLOR, m_design.bkBrushColor);
 }
 
 my::CColor& CDesignPage::ColorOf(int id) {

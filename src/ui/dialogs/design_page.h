@@ -38,6 +38,7 @@ class CDesignPage : public CSettingsPage {
   void Edited();
   void Show();
   void DrawSwatch(const DRAWITEMSTRUCT& draw);
+  void NameColors();
   my::CColor& ColorOf(int id);
 
   CAppContext& m_context;

@@ -38,6 +38,13 @@ bool CFilterDialog::OnInit() {
   return false;
 }
 
+// Sent by Enter, because the dialog has no default button. Selects the path, so that the next one can be
+// typed.
+void CFilterDialog::OnOk() {
+  Decide();
+  FocusItem(IDC_FILTER_PATH);
+}
+
 bool CFilterDialog::Execute(int id, int code) {
   switch (id) {
     case IDC_FILTER_PATH:

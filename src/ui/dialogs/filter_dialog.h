@@ -10,7 +10,7 @@
 namespace qlm {
 
 // Shows the lines of a filter file, and which line decides for a path typed by the user. The user can choose
-// another file.
+// another file. Enter tests the path.
 class CFilterDialog final : public CListDialog {
  public:
   // A file that cannot be read is reported in the dialog. `source` is the source folder of the task, for full
@@ -20,6 +20,7 @@ class CFilterDialog final : public CListDialog {
  private:
   my::CBox Layout() const override;
   bool OnInit() override;
+  void OnOk() override;
   bool Execute(int id, int code) override;
   bool OnKey(UINT key) override;
   bool IsWarning(int controlId) const override { return controlId == IDC_FILTER_STATUS && m_hasErrors; }

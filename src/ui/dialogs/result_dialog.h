@@ -3,6 +3,7 @@
 #include "control_ids.h"
 #include "ui/dialogs/list_dialog.h"
 #include "ui/dialogs/simple_list_view.h"
+#include "ui/look/drawn_list.h"
 #include "ui/models/result_list_model.h"
 
 namespace qlm {
@@ -32,7 +33,7 @@ class CResultDialog final : public CListDialog {
   void SaveCsv();
 
   const CResultListModel& m_model;
-  CSimpleListView<CResults> m_list{m_model.Rows(), m_model};
+  CSimpleListView<CResults, CDrawnList> m_list{m_model.Rows(), m_model};
 };
 
 }  // namespace qlm

@@ -62,8 +62,33 @@ bool CSettingsSheet::OnInit() {
   TabCtrl_SetCurSel(Item(IDC_SETTINGS_TAB), static_cast<int>(m_shown));
   ShowPage(m_shown);
   EnableItem(IDC_APPLY, false);
-  ::SetFocus(::GetNextDlgTabItem(m_pages[m_shown]->Hwnd(), nullptr, FALSE));
+  FocusPage();
+  m_keys.Attach(Hwnd(), [this](UINT key) { return OnKey(key); });
   return false;
+}
+
+void CSettingsSheet::OnClosed(int) {
+  m_keys.Detach();
+}
+
+void CSettingsSheet::FocusPage() const {
+  ::SetFocus(::GetNextDlgTabItem(m_pages[m_shown]->Hwnd(), nullptr, FALSE));
+}
+
+bool CSettingsSheet::OnKey(UINT key) {
+  if (::GetKeyState(VK_CONTROL) >= 0 || ::GetKeyState(VK_MENU) < 0) return false;
+  if (key != VK_TAB && key != VK_NEXT && key != VK_PRIOR) return false;
+  Turn(key == VK_TAB ? ::GetKeyState(VK_SHIFT) < 0 : key == VK_PRIOR);
+  return true;
+}
+
+void CSettingsSheet::Turn(bool back) {
+  const bool inPage = ::IsChild(m_pages[m_shown]->Hwnd(), ::GetFocus()) != FALSE;
+  const size_t count = m_pages.size();
+  const size_t next = (m_shown + (back ? count - 1 : 1)) % count;
+  TabCtrl_SetCurSel(Item(IDC_SETTINGS_TAB), static_cast<int>(next));
+  ShowPage(next);
+  if (inPage) FocusPage();  // the hidden control would keep it
 }
 
 void CSettingsSheet::OnOk() {

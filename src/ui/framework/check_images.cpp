@@ -1,39 +1,82 @@
 #include "ui/framework/check_images.h"
 
+#include <uxtheme.h>
+#include <vssym32.h>
+
+#include <algorithm>
+#include <iterator>
+
 #include "ui/framework/dpi.h"
+#include "ui/framework/pixel_bitmap.h"
+#include "ui/framework/theme.h"
 
 namespace my {
 namespace {
 
-constexpr int kImageSize = 16;
-constexpr int kBoxSize = 13;
-constexpr COLORREF kTransparent = RGB(255, 0, 255);
+// Pixels at 96 DPI.
+constexpr int kBoxSize = 13;  // without a visual style
+constexpr int kMargin = 3;    // beside both sides of the box, together
 
-void DrawBox(HDC dc, int left, int size, int box, UINT state) {
-  const int margin = (size - box) / 2;
-  RECT rect{left + margin, margin, left + margin + box, margin + box};
-  ::DrawFrameControl(dc, &rect, DFC_BUTTON, state);
+constexpr struct {
+  int themed;
+  UINT plain;
+} kStates[] = {{CBS_UNCHECKEDNORMAL, DFCS_BUTTONCHECK},
+               {CBS_CHECKEDNORMAL, DFCS_BUTTONCHECK | DFCS_CHECKED},
+               {CBS_MIXEDNORMAL, DFCS_BUTTON3STATE | DFCS_CHECKED}};
+constexpr int kCount = static_cast<int>(std::size(kStates));
+
+int LineHeight(HWND list) {
+  const CWindowDc dc(list);
+  const CSelect font(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(list, WM_GETFONT, 0, 0)));
+  TEXTMETRICW metrics{};
+  ::GetTextMetricsW(dc.Get(), &metrics);
+  return static_cast<int>(metrics.tmHeight);
+}
+
+SIZE BoxSize(HTHEME theme, UINT dpi) {
+  SIZE size{};
+  if (theme && SUCCEEDED(::GetThemePartSize(theme, nullptr, BP_CHECKBOX, CBS_UNCHECKEDNORMAL, nullptr,
+                                            TS_DRAW, &size)))
+    return size;
+  return {Scale(kBoxSize, dpi), Scale(kBoxSize, dpi)};
+}
+
+void DrawBox(HTHEME theme, HDC dc, RECT box, int state) {
+  if (theme)
+    ::DrawThemeBackground(theme, dc, BP_CHECKBOX, kStates[state].themed, &box, nullptr);
+  else
+    ::DrawFrameControl(dc, &box, DFC_BUTTON, kStates[state].plain);
+}
+
+// Makes the boxes opaque if they were drawn by functions that do not know transparency.
+void CompleteAlpha(const CPixelBitmap& bitmap, SIZE image, SIZE box) {
+  constexpr uint32_t kOpaque = 0xFF000000;
+  ::GdiFlush();
+  const auto pixels = bitmap.Pixels();
+  if (std::ranges::any_of(pixels, [](uint32_t pixel) { return (pixel & kOpaque) != 0; })) return;
+  const int top = (image.cy - box.cy) / 2;
+  for (int y = top; y < top + box.cy; ++y) {
+    for (int x = 0; x < image.cx * kCount; ++x) {
+      if (x % image.cx < box.cx) pixels[static_cast<size_t>(y * image.cx * kCount + x)] |= kOpaque;
+    }
+  }
 }
 
 }  // namespace
 
-CImageList CheckImages(UINT dpi) {
-  constexpr UINT kStates[] = {DFCS_BUTTONCHECK, DFCS_BUTTONCHECK | DFCS_CHECKED,
-                              DFCS_BUTTON3STATE | DFCS_CHECKED};
-  constexpr int kCount = static_cast<int>(std::size(kStates));
-  const int size = Scale(kImageSize, dpi);
-  const CWindowDc screen(nullptr);
-  const CBitmap bitmap(::CreateCompatibleBitmap(screen.Get(), size * kCount, size));
-  {
-    const CMemoryDc dc(::CreateCompatibleDC(screen.Get()));
-    const CSelect select(dc.Get(), bitmap.Get());
-    const CBrush background(::CreateSolidBrush(kTransparent));
-    const RECT all{0, 0, size * kCount, size};
-    ::FillRect(dc.Get(), &all, background.Get());
-    for (int i = 0; i < kCount; ++i) DrawBox(dc.Get(), i * size, size, Scale(kBoxSize, dpi), kStates[i]);
+CImageList CheckImages(HWND list, UINT dpi) {
+  const CTheme theme = OpenTheme(list, L"BUTTON", dpi);
+  const SIZE box = BoxSize(theme.Get(), dpi);
+  const SIZE image{box.cx + Scale(kMargin, dpi), std::max<LONG>(box.cy, LineHeight(list))};
+  CPixelBitmap bitmap({image.cx * kCount, image.cy});
+  for (int i = 0; i < kCount; ++i) {
+    const LONG left = i * image.cx;
+    const LONG top = (image.cy - box.cy) / 2;
+    DrawBox(theme.Get(), bitmap.Dc(), {left, top, left + box.cx, top + box.cy}, i);
   }
-  CImageList images(::ImageList_Create(size, size, ILC_COLOR24 | ILC_MASK, kCount, 0));
-  if (images) ::ImageList_AddMasked(images.Get(), bitmap.Get(), kTransparent);
+  CompleteAlpha(bitmap, image, box);
+  CImageList images(::ImageList_Create(image.cx, image.cy, ILC_COLOR32, kCount, 0));
+  if (images) ::ImageList_Add(images.Get(), bitmap.Finish(), nullptr);
   return images;
 }
 

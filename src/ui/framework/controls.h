@@ -16,7 +16,7 @@ std::wstring ClassOf(HWND window);
 std::wstring TextOf(HWND window);
 bool IsComboBox(HWND window);
 
-// Returns the size in pixels of a control's text, as one line in its font.
+// Returns the size in pixels of the control's text on one line, in its font.
 SIZE TextSize(HWND control);
 
 // Appends the items to the list of a combo box.

@@ -21,6 +21,8 @@ struct CListColumn {
 struct CListLook {
   std::optional<CColor> color;  // text colour; empty for the colour of the view
   bool grey = false;            // drawn as disabled; overrides the colour
+  bool alarm = false;           // stands out from the other rows
+  int icon = -1;                // index of an icon of the view; -1: none
 };
 
 // Rows and columns count from 0. The columns must not change during the life of a view. Code that changes
@@ -34,12 +36,17 @@ class IListModel {
   virtual CListColumn Column(size_t column) const = 0;
   virtual std::wstring Text(size_t row, size_t column) const = 0;
   virtual CListLook Look(size_t) const { return {}; }
+  virtual size_t IconColumn() const { return 0; }
 
   // Returns the text to show when the mouse rests on the row; empty for none.
   virtual std::wstring Tip(size_t) const { return {}; }
 
   // A view shows check boxes only if created with CListView::Boxes::Yes.
   virtual ListCheck Check(size_t) const { return ListCheck::None; }
+
+  // What screen readers speak for the check box of a row in addition to its state, which they know only as
+  // checked or not; usually empty.
+  virtual std::wstring CheckRemark(size_t) const { return {}; }
 };
 
 // Returns the row that typing `text` selects: the first from `start`, wrapping around, whose first column

@@ -3,15 +3,19 @@
 #include <commctrl.h>
 #include <windowsx.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/win32/last_error.h"
 #include "support/contrast.h"
 #include "support/exception.h"
+#include "ui/framework/accessibility.h"
 #include "ui/framework/check_images.h"
 #include "ui/framework/colors.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/failures.h"
+#include "ui/framework/flag.h"
+#include "ui/framework/high_contrast.h"
 
 namespace my {
 namespace {
@@ -21,28 +25,6 @@ constexpr int kTipWidth = 600;  // pixels at 96 DPI
 
 constexpr DWORD kExtendedStyle =
     LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP | LVS_EX_INFOTIP;
-
-int Format(ListAlign align) {
-  switch (align) {
-    case ListAlign::Right: return LVCFMT_RIGHT;
-    case ListAlign::Centre: return LVCFMT_CENTER;
-    case ListAlign::Left: break;
-  }
-  return LVCFMT_LEFT;
-}
-
-// Sets a flag until destroyed.
-class CFlag {
- public:
-  explicit CFlag(bool& flag) : m_flag(flag), m_before(std::exchange(flag, true)) {}
-  CFlag(const CFlag&) = delete;
-  CFlag& operator=(const CFlag&) = delete;
-  ~CFlag() { m_flag = m_before; }
-
- private:
-  bool& m_flag;
-  bool m_before;
-};
 
 COLORREF ReadableOn(CColor background, CColor color) {
   const double luminance = Luminance(background);
@@ -72,7 +54,7 @@ void CListView::Create(HWND parent, int id, Boxes boxes, DWORD style) {
 void CListView::Attach(HWND list, Boxes boxes) {
   m_list = list;
   m_boxes = boxes == Boxes::Yes;
-  m_dpi = WindowDpi(list);
+  m_dpi = my::TextDpi(WindowDpi(list));
   m_listHook.Attach(m_list, [this](UINT message, WPARAM wParam, LPARAM lParam) {
     return HandleMessage(message, wParam, lParam);
   });
@@ -83,13 +65,15 @@ void CListView::Attach(HWND list, Boxes boxes) {
                         if (header.hwndFrom != m_list) return {};
                         return HandleNotify(header);
                       });
-  ListView_SetExtendedListViewStyle(list, kExtendedStyle);
+  // With the style for check boxes screen readers know that rows have them. As the model has their states,
+  // the control itself changes none.
+  ListView_SetExtendedListViewStyle(list, kExtendedStyle | (m_boxes ? LVS_EX_CHECKBOXES : 0U));
   // Without a maximum width a tip has only one line.
   if (const HWND tips = ListView_GetToolTips(list))
     ::SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, Scale(kTipWidth, m_dpi));
   if (m_boxes) ListView_SetCallbackMask(list, LVIS_STATEIMAGEMASK);
   UseImages();
-  AddColumns();
+  m_columns.Create(list, m_model, m_dpi);
   Refresh();
 }
 
@@ -97,36 +81,48 @@ void CListView::Detach() {
   m_drag.Cancel();
   m_parentHook.Detach();
   m_listHook.Detach();
+  for (size_t row = 0; row < m_remarks.size(); ++row)
+    if (!m_remarks[row].empty()) SetSpokenValue(m_list, row, {});
+  m_remarks.clear();
   // The control would destroy the images, which this object owns.
   ListView_SetImageList(m_list, nullptr, LVSIL_STATE);
   m_list = nullptr;
 }
 
-void CListView::AddColumns() {
-  for (size_t i = 0; i < m_model.ColumnCount(); ++i) {
-    CListColumn source = m_model.Column(i);
-    LVCOLUMNW column{};
-    column.mask = LVCF_FMT | LVCF_TEXT | LVCF_WIDTH;
-    column.fmt = Format(source.align);
-    column.cx = Scale(source.width, m_dpi);
-    column.pszText = source.title.data();
-    ListView_InsertColumn(m_list, static_cast<int>(i), &column);
-  }
-}
-
 void CListView::UseImages() {
   if (!m_boxes) return;
-  CImageList images = CheckImages(m_dpi);
-  ListView_SetImageList(m_list, images.Get(), LVSIL_STATE);
+  CImageList images = CheckImages(m_list, m_dpi);
+  const HIMAGELIST before = ListView_SetImageList(m_list, images.Get(), LVSIL_STATE);
+  // The control has images of its own when it gets the style for check boxes or another visual style.
+  if (before && before != m_images.Get()) ::ImageList_Destroy(before);
   m_images = std::move(images);
 }
 
-void CListView::ChangeDpi(UINT dpi) {
+// The control does not know the third state of a check box.
+void CListView::UpdateRemarks() {
+  if (!m_boxes) return;
+  const size_t count = m_model.RowCount();
+  m_remarks.resize(std::max(count, m_remarks.size()));
+  for (size_t row = 0; row < m_remarks.size(); ++row) {
+    std::wstring remark = row < count ? m_model.CheckRemark(row) : std::wstring();
+    if (remark == m_remarks[row]) continue;
+    SetSpokenValue(m_list, row, remark);
+    m_remarks[row] = std::move(remark);
+  }
+  m_remarks.resize(count);
+}
+
+void CListView::Toggle(size_t row) {
+  m_events.check(row);
+  ReportItemState(m_list, row);
+}
+
+void CListView::ChangeDpi(UINT screenDpi) {
+  const UINT dpi = my::TextDpi(screenDpi);
   if (dpi == m_dpi) return;
-  const std::vector<int32_t> widths = Widths();
   m_dpi = dpi;
   UseImages();
-  SetWidths(widths);
+  m_columns.SetDpi(dpi);
 }
 
 void CListView::Refresh() {
@@ -135,6 +131,7 @@ void CListView::Refresh() {
   if (ListView_GetItemCount(m_list) != count) ListView_SetItemCountEx(m_list, count, LVSICF_NOSCROLL);
   // With erasing, because drawing a row does not cover all of it. The control is double-buffered.
   ::InvalidateRect(m_list, nullptr, TRUE);
+  UpdateRemarks();
 }
 
 std::vector<size_t> CListView::Selection() const {
@@ -180,21 +177,6 @@ std::optional<size_t> CListView::RowAt(POINT screen) const {
   return static_cast<size_t>(row);
 }
 
-void CListView::SetWidths(const std::vector<int32_t>& widths) {
-  for (size_t i = 0; i < m_model.ColumnCount(); ++i) {
-    const bool given = i < widths.size() && widths[i] >= 0;
-    const int width = given ? widths[i] : m_model.Column(i).width;
-    ListView_SetColumnWidth(m_list, static_cast<int>(i), Scale(width, m_dpi));
-  }
-}
-
-std::vector<int32_t> CListView::Widths() const {
-  std::vector<int32_t> widths;
-  for (size_t i = 0; i < m_model.ColumnCount(); ++i)
-    widths.push_back(Unscale(ListView_GetColumnWidth(m_list, static_cast<int>(i)), m_dpi));
-  return widths;
-}
-
 std::optional<LRESULT> CListView::OnMessage(UINT, WPARAM, LPARAM) {
   return {};
 }
@@ -211,7 +193,7 @@ LRESULT CListView::OnCustomDraw(NMLVCUSTOMDRAW& draw) {
   const CListLook look = m_model.Look(row);
   if (look.grey)
     draw.clrText = ::GetSysColor(COLOR_GRAYTEXT);
-  else if (look.color)
+  else if (look.color && !IsHighContrast())
     draw.clrText = ReadableOn(SystemColor(COLOR_WINDOW), *look.color);
   return CDRF_DODEFAULT;
 }
@@ -222,8 +204,27 @@ std::optional<LRESULT> CListView::HandleMessage(UINT message, WPARAM wParam, LPA
     ChangeDpi(static_cast<UINT>(wParam));
     return 0;
   }
+  if (m_columns.OnMessage(message)) return 0;
   switch (message) {
     case WM_DESTROY: Detach(); return {};
+    case WM_SIZE: {
+      const LRESULT result = m_listHook.Default(message, wParam, lParam);
+      m_columns.Fill();
+      return result;
+    }
+    case WM_NOTIFY: {
+      const LRESULT result = m_listHook.Default(message, wParam, lParam);
+      m_columns.OnHeader(*reinterpret_cast<const NMHDR*>(lParam));
+      return result;
+    }
+    case WM_SETFONT:
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED: {
+      if (!m_boxes) return {};
+      const LRESULT result = m_listHook.Default(message, wParam, lParam);
+      UseImages();
+      return result;
+    }
     case WM_KEYDOWN: return HandleKey(static_cast<UINT>(wParam)) ? std::optional<LRESULT>(0) : std::nullopt;
     case WM_CHAR:
       // Without this, handled keys would start a search by text.
@@ -261,13 +262,13 @@ bool CListView::HandleKey(UINT key) {
     return true;
   }
   if (m_events.key && m_events.key(key)) return true;
-  const std::function<void(size_t)>* handler = nullptr;
-  if (key == VK_RETURN) handler = &m_events.activate;
-  if (key == VK_SPACE && m_boxes) handler = &m_events.check;
   const auto row = Focused();
-  if (!handler || !*handler || !row) return false;
-  (*handler)(*row);
-  return true;
+  if (!row) return false;
+  const bool activates = key == VK_RETURN && m_events.activate;
+  const bool checks = key == VK_SPACE && m_boxes && m_events.check;
+  if (activates) m_events.activate(*row);
+  if (checks) Toggle(*row);
+  return activates || checks;
 }
 
 void CListView::HandleContextMenu(LPARAM position) const {
@@ -348,7 +349,7 @@ void CListView::HandleClick(const NMITEMACTIVATE& click, bool twice) {
   // A double click on a check box counts as two clicks.
   const bool onBox = m_boxes && (hit.flags & LVHT_ONITEM) == LVHT_ONITEMSTATEICON;
   if (onBox && m_events.check)
-    m_events.check(static_cast<size_t>(row));
+    Toggle(static_cast<size_t>(row));
   else if (!onBox && twice && m_events.activate)
     m_events.activate(static_cast<size_t>(row));
 }

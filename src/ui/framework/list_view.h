@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "ui/framework/gdi.h"
+#include "ui/framework/list_columns.h"
 #include "ui/framework/list_drag.h"
 #include "ui/framework/list_model.h"
 #include "ui/framework/subclass.h"
@@ -58,9 +59,9 @@ class CListView {
   void EnsureVisible(size_t row);
   std::optional<size_t> RowAt(POINT screen) const;
 
-  // Widths are in pixels at 96 DPI. A missing or negative width means the default width of the model.
-  void SetWidths(const std::vector<int32_t>& widths);
-  std::vector<int32_t> Widths() const;
+  // See CListColumns.
+  void SetWidths(const std::vector<int32_t>& widths) { m_columns.SetWidths(widths); }
+  std::vector<int32_t> Widths() const { return m_columns.Widths(); }
 
  protected:
   // Called for every message of the control before view and control handle it. Exceptions are reported.
@@ -71,13 +72,14 @@ class CListView {
   virtual LRESULT OnCustomDraw(NMLVCUSTOMDRAW& draw);
 
   const IListModel& Model() const { return m_model; }
-  UINT Dpi() const { return m_dpi; }
+  UINT TextDpi() const { return m_dpi; }  // scales lengths that go with texts
 
  private:
   void Detach();
-  void AddColumns();
   void UseImages();
-  void ChangeDpi(UINT dpi);
+  void UpdateRemarks();
+  void Toggle(size_t row);
+  void ChangeDpi(UINT screenDpi);
 
   std::optional<LRESULT> HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
   std::optional<LRESULT> HandleDrag(UINT message, WPARAM wParam, LPARAM lParam);
@@ -99,6 +101,8 @@ class CListView {
   bool m_quiet = false;  // the object itself is changing the selection
   UINT m_dpi = 0;
   CImageList m_images;
+  CListColumns m_columns;
+  std::vector<std::wstring> m_remarks;  // of the check boxes, as set in the control
   CListDrag m_drag;
   CSubclass m_parentHook;
   CSubclass m_listHook;

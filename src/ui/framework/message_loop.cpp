@@ -6,6 +6,7 @@
 
 #include "platform/win32/last_error.h"
 #include "support/exception.h"
+#include "ui/framework/focus_keys.h"
 
 namespace my {
 
@@ -76,8 +77,9 @@ bool CAutoMessageLoop::Translate(MSG& message) const {
   const auto entries = m_translations->entries;
   return std::any_of(entries.begin(), entries.end(), [&](const CTranslations::CEntry& entry) {
     if (!IsWithin(entry.window, message.hwnd)) return false;
-    if (entry.table) return ::TranslateAcceleratorW(entry.window, entry.table, &message) != 0;
-    return ::IsDialogMessageW(entry.window, &message) != 0;
+    if (!entry.table) return ::IsDialogMessageW(entry.window, &message) != 0;
+    return ::TranslateAcceleratorW(entry.window, entry.table, &message) != 0 ||
+           HandleFocusKey(entry.window, message);
   });
 }
 

@@ -30,8 +30,8 @@ class CAutoMessageLoop {
   CAutoMessageLoop(const CAutoMessageLoop&) = delete;
   CAutoMessageLoop& operator=(const CAutoMessageLoop&) = delete;
 
-  // Translates keys for `window` and its descendants to WM_COMMAND messages for `window`. The caller owns
-  // `table`. One table per window.
+  // Translates keys for `window` and its descendants to WM_COMMAND messages for `window`, and handles Tab and
+  // Enter as HandleFocusKey does. The caller owns `table`. One table per window.
   [[nodiscard]] CTranslation AddAccelerators(HWND window, HACCEL table);
 
   // Handles Tab, arrow keys, Enter and Esc for a modeless dialog.

@@ -1,6 +1,7 @@
 #include "ui/framework/pixel_bitmap.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "support/exception.h"
 
@@ -28,6 +29,6 @@ CPixelBitmap::CPixelBitmap(SIZE size)
     : m_size{std::max(1L, size.cx), std::max(1L, size.cy)},
       m_dc(::CreateCompatibleDC(nullptr)),
       m_bitmap(CreatePixels(m_size, m_pixels)),
-      m_select(m_dc.Get(), m_bitmap.Get()) {}
+      m_select(std::in_place, m_dc.Get(), m_bitmap.Get()) {}
 
 }  // namespace my

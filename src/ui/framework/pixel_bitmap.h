@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <optional>
 #include <span>
 
 #include "ui/framework/gdi.h"
@@ -22,12 +23,19 @@ class CPixelBitmap {
   // Call GdiFlush after drawing to Dc() and before using the pixels.
   std::span<uint32_t> Pixels() const { return m_pixels; }
 
+  // Returns the bitmap for functions that accept none selected into a device context. Nothing can be drawn
+  // afterwards.
+  HBITMAP Finish() {
+    m_select.reset();
+    return m_bitmap.Get();
+  }
+
  private:
   SIZE m_size;
   std::span<uint32_t> m_pixels;
   CMemoryDc m_dc;
   CBitmap m_bitmap;
-  CSelect m_select;  // destroyed first, because a selected bitmap cannot be deleted
+  std::optional<CSelect> m_select;  // destroyed first, because a selected bitmap cannot be deleted
 };
 
 }  // namespace my

@@ -6,14 +6,16 @@
 
 #include "ui/framework/colors.h"
 #include "ui/framework/dpi.h"
+#include "ui/framework/high_contrast.h"
 #include "ui/look/character.h"
-#include "ui/look/high_contrast.h"
-#include "ui/models/background_model.h"
 
 namespace qlm {
 namespace {
 
-constexpr int kCharacterSize = 240;  // pixels at 96 DPI
+// Pixels at 96 DPI.
+constexpr int kCharacterSize = 240;
+constexpr int kSmallestCharacter = 80;
+constexpr float kRim = 2.5F;
 const my::CColor kDefaultBrush = CDesignSetting().bkBrushColor;
 
 CExtent ExtentOf(SIZE size) {
@@ -92,6 +94,10 @@ void CBackground::UsePlain() {
 }
 
 void CBackground::Draw(HDC dc, HWND window, const RECT& area) {
+  if (m_bitmap && CharacterPlace() != m_character) {
+    m_bitmap.reset();
+    ::RedrawWindow(m_view, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+  }
   Update();
   Copy(*m_bitmap, dc, window, area);
 }
@@ -112,9 +118,9 @@ COLORREF CBackground::TextColor() const {
   return my::ColorRef(Text());
 }
 
-COLORREF CBackground::Readable(my::CColor color) {
+CRowGround CBackground::Ground() {
   Update();
-  return my::ColorRef(my::Readable(color, m_luminance, my::NeedsDark(Text())));
+  return {Text(), my::SystemColor(COLOR_GRAYTEXT), m_luminance};
 }
 
 my::CColor CBackground::Text() const {
@@ -129,6 +135,7 @@ void CBackground::Update() {
   if (m_bitmap && m_bitmap->Size().cx == size.cx && m_bitmap->Size().cy == size.cy) return;
   m_bitmap.emplace(size);
   m_shade.emplace(size);
+  m_character = CharacterPlace();
   DrawBrush();
   DrawImage();
   m_luminance = LimitPixels(m_shade->Pixels(), Text());
@@ -160,7 +167,7 @@ void CBackground::DrawImage() {
     if (type == BkImgType::CUSTOM)
       DrawPicture(graphics, size);
     else
-      DrawCharacter(graphics, type, size);
+      DrawCharacter(graphics, type);
   }
   Blend(m_bitmap->Pixels(), layer);
   const my::CContrastTable table = my::CContrastTable::Soft(Text());
@@ -182,14 +189,25 @@ void CBackground::DrawPicture(Gdiplus::Graphics& graphics, SIZE view) {
                      static_cast<INT>(picture.size.cy), Gdiplus::UnitPixel, &attributes);
 }
 
-void CBackground::DrawCharacter(Gdiplus::Graphics& graphics, BkImgType type, SIZE view) const {
-  const int side = my::Scale(kCharacterSize, m_dpi);
-  const my::CRect place =
-      PlaceImage(ExtentOf(view), {side, side}, m_design.bkImgFitType, m_design.bkImgOrigin);
-  const Gdiplus::Rect rect = RectOf(place);
+void CBackground::DrawCharacter(Gdiplus::Graphics& graphics, BkImgType type) const {
+  const Gdiplus::Rect rect = RectOf(m_character);
   qlm::DrawCharacter(graphics, type,
                      {static_cast<float>(rect.X), static_cast<float>(rect.Y), static_cast<float>(rect.Width),
-                      static_cast<float>(rect.Height)});
+                      static_cast<float>(rect.Height)},
+                     kRim * static_cast<float>(m_dpi) / my::kDefaultDpi);
+}
+
+// A character in its own size keeps clear of words; one fitted to the view does not.
+my::CRect CBackground::CharacterPlace() const {
+  const BkImgType type = ImageOf(m_design);
+  if (type == BkImgType::NONE || type == BkImgType::CUSTOM) return {};
+  RECT client{};
+  ::GetClientRect(m_view, &client);
+  const CExtent view{client.right, client.bottom};
+  const int side = my::Scale(kCharacterSize, m_dpi);
+  if (m_design.bkImgFitType != FitType::NONE)
+    return PlaceImage(view, {side, side}, m_design.bkImgFitType, m_design.bkImgOrigin);
+  return PlaceCharacter(m_rooms(), view, side, my::Scale(kSmallestCharacter, m_dpi), m_design.bkImgOrigin);
 }
 
 }  // namespace qlm

@@ -4,13 +4,18 @@
 #include <windows.h>
 
 #include <exception>
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "settings/settings.h"
 #include "ui/framework/gdiplus.h"
 #include "ui/framework/image_file.h"
 #include "ui/framework/pixel_bitmap.h"
+#include "ui/models/background_model.h"
+#include "ui/models/row_colors.h"
 
 namespace qlm {
 
@@ -19,8 +24,12 @@ namespace qlm {
 // 1.
 class CBackground {
  public:
-  // Sets the window whose client area is filled. Must be called before anything is drawn.
-  void SetView(HWND view) { m_view = view; }
+  // Sets the window whose client area is filled. Must be called before anything is drawn. `rooms` returns the
+  // room for a character; it is called for every drawing, because rows and words move without notice.
+  void SetView(HWND view, std::function<std::vector<CRoom>()> rooms) {
+    m_view = view;
+    m_rooms = std::move(rooms);
+  }
   void SetDpi(UINT dpi);
 
   // Applies the design. If an image file cannot be read, the previous image stays, the rest is applied, and
@@ -39,8 +48,8 @@ class CBackground {
 
   COLORREF TextColor() const;
 
-  // Returns the nearest colour that is readable on the shade.
-  COLORREF Readable(my::CColor color);
+  // Describes the shade.
+  CRowGround Ground();
 
  private:
   // An image and the parameters with which it was read.
@@ -65,10 +74,12 @@ class CBackground {
   void DrawBrush();
   void DrawImage();
   void DrawPicture(Gdiplus::Graphics& graphics, SIZE view);
-  void DrawCharacter(Gdiplus::Graphics& graphics, BkImgType type, SIZE view) const;
+  void DrawCharacter(Gdiplus::Graphics& graphics, BkImgType type) const;
+  my::CRect CharacterPlace() const;
   my::CColor Text() const;
 
   HWND m_view = nullptr;
+  std::function<std::vector<CRoom>()> m_rooms;
   UINT m_dpi = 96;
   my::CGdiplus m_gdiplus;
   CDesignSetting m_design;
@@ -77,6 +88,7 @@ class CBackground {
   std::optional<CLoaded> m_image;
   std::optional<my::CPixelBitmap> m_bitmap;  // empty if it must be redrawn
   std::optional<my::CPixelBitmap> m_shade;   // of the same size
+  my::CRect m_character;                     // its place in the bitmaps
   double m_luminance = 0;                    // of the shade pixel closest to the text colour
 };
 

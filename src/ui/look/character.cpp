@@ -16,10 +16,12 @@ using art::CAffine;
 constexpr int kFirst = static_cast<int>(BkImgType::OK);
 constexpr int kCount = static_cast<int>(std::size(art::kCharacters));
 static_assert(kFirst + kCount == static_cast<int>(BkImgType::GETTODAZE) + 1);
+static_assert(std::size(art::kStateIcons) == kStateCount);
 
 constexpr Gdiplus::PixelFormat kFormat = PixelFormat32bppPARGB;
 constexpr int kMostPixels = 4;    // source pixels per result pixel, in each direction
 constexpr int kLargeSide = 2400;  // of the enlarged drawing: 23 MB
+constexpr float kSidesInIconRim = 20;
 
 CAffine operator*(const CAffine& outer, const CAffine& inner) {
   return {outer.a * inner.a + outer.c * inner.b,           outer.b * inner.a + outer.d * inner.b,
@@ -43,9 +45,13 @@ Gdiplus::Color WithOpacity(uint32_t color, float opacity) {
   return Gdiplus::Color(alpha << 24 | (color & 0xFFFFFFU));
 }
 
+constexpr Gdiplus::ARGB kRimColor = 0xFFFFF8ECU;
+constexpr float kSolid = 0.5F;  // opacity from which a shape has a rim
+
 class CPainter {
  public:
-  explicit CPainter(Gdiplus::Graphics& graphics) : m_graphics(graphics) {}
+  // If `rim` is not 0, draws only a rim of this width (pixels) around the shapes.
+  CPainter(Gdiplus::Graphics& graphics, float rim) : m_graphics(graphics), m_rim(rim) {}
 
   void DrawGroup(int group, const CAffine& matrix, float opacity) {
     const art::CGroup& rows = art::kGroups[group];
@@ -60,6 +66,7 @@ class CPainter {
 
  private:
   void DrawShape(const art::CShape& shape, const CAffine& matrix, float opacity) {
+    if (m_rim > 0) return DrawRim(shape, matrix, opacity);
     Trace(shape, matrix);
     const Gdiplus::GraphicsPath path(m_points.data(), m_types.data(), static_cast<INT>(m_points.size()),
                                      Gdiplus::FillModeWinding);
@@ -68,7 +75,20 @@ class CPainter {
       m_graphics.FillPath(&brush, &path);
     }
     if (shape.stroke == 0) return;
-    Gdiplus::Pen pen(WithOpacity(shape.stroke, opacity), static_cast<float>(shape.width) * LineScale(matrix));
+    DrawLine(path, WithOpacity(shape.stroke, opacity), static_cast<float>(shape.width) * LineScale(matrix));
+  }
+
+  void DrawRim(const art::CShape& shape, const CAffine& matrix, float opacity) {
+    if (opacity < kSolid) return;
+    Trace(shape, matrix);
+    const Gdiplus::GraphicsPath path(m_points.data(), m_types.data(), static_cast<INT>(m_points.size()),
+                                     Gdiplus::FillModeWinding);
+    const float line = shape.stroke == 0 ? 0 : static_cast<float>(shape.width) * LineScale(matrix);
+    DrawLine(path, Gdiplus::Color(kRimColor), line + 2 * m_rim);
+  }
+
+  void DrawLine(const Gdiplus::GraphicsPath& path, const Gdiplus::Color& color, float width) {
+    Gdiplus::Pen pen(color, width);
     pen.SetLineJoin(Gdiplus::LineJoinRound);
     pen.SetLineCap(Gdiplus::LineCapRound, Gdiplus::LineCapRound, Gdiplus::DashCapFlat);
     m_graphics.DrawPath(&pen, &path);
@@ -92,6 +112,7 @@ class CPainter {
   }
 
   Gdiplus::Graphics& m_graphics;
+  float m_rim;
   std::vector<Gdiplus::PointF> m_points;
   std::vector<BYTE> m_types;
 };
@@ -127,32 +148,44 @@ void Shrink(Gdiplus::Bitmap& large, Gdiplus::Bitmap& small, int factor) {
   large.UnlockBits(&from);
 }
 
-// Draws the group to fill the bitmap.
-void Fill(Gdiplus::Bitmap& bitmap, int group) {
+// Draws the group with its rim to fill the bitmap.
+void Fill(Gdiplus::Bitmap& bitmap, int group, float rim) {
   Gdiplus::Graphics graphics(&bitmap);
   graphics.SetSmoothingMode(Gdiplus::SmoothingModeAntiAlias);
   graphics.SetPixelOffsetMode(Gdiplus::PixelOffsetModeHalf);
-  const float scale = static_cast<float>(bitmap.GetWidth()) / (art::kUnits * art::kStepsInUnit);
-  CPainter(graphics).DrawGroup(group, {scale, 0, 0, scale, 0, 0}, 1);
+  const float scale = (static_cast<float>(bitmap.GetWidth()) - 2 * rim) / (art::kUnits * art::kStepsInUnit);
+  const CAffine matrix{scale, 0, 0, scale, rim, rim};
+  if (rim > 0) CPainter(graphics, rim).DrawGroup(group, matrix, 1);
+  CPainter(graphics, 0).DrawGroup(group, matrix, 1);
+}
+
+// Draws enlarged and averages the pixels: GDI+ antialiases each shape on its own, so the background would
+// show where two shapes meet, and not every implementation antialiases at all.
+void DrawGroupAt(Gdiplus::Graphics& graphics, int group, Gdiplus::Point place, int side, float rim) {
+  const int factor = std::clamp(kLargeSide / side, 1, kMostPixels);
+  Gdiplus::Bitmap large(side * factor, side * factor, kFormat);
+  Gdiplus::Bitmap small(side, side, kFormat);
+  Fill(large, group, rim * static_cast<float>(factor));
+  Shrink(large, small, factor);
+  graphics.DrawImage(&small, place.X, place.Y, side, side);
 }
 
 }  // namespace
 
-// Draws enlarged and averages the pixels: GDI+ antialiases each shape on its own, so the background would
-// show where two shapes meet, and not every implementation antialiases at all.
-void DrawCharacter(Gdiplus::Graphics& graphics, BkImgType type, const Gdiplus::RectF& where) {
+void DrawCharacter(Gdiplus::Graphics& graphics, BkImgType type, const Gdiplus::RectF& where, float rim) {
   const int index = static_cast<int>(type) - kFirst;
   const int side = static_cast<int>(std::min(where.Width, where.Height));
   if (index < 0 || index >= kCount || side <= 0) return;
-  const int factor = std::clamp(kLargeSide / side, 1, kMostPixels);
-  Gdiplus::Bitmap large(side * factor, side * factor, kFormat);
-  Gdiplus::Bitmap small(side, side, kFormat);
-  Fill(large, art::kCharacters[index]);
-  Shrink(large, small, factor);
   const auto middle = [&](float start, float size) {
     return static_cast<INT>(std::ceil(start + (size - static_cast<float>(side)) / 2 - 0.5F));
   };
-  graphics.DrawImage(&small, middle(where.X, where.Width), middle(where.Y, where.Height), side, side);
+  DrawGroupAt(graphics, art::kCharacters[index],
+              {middle(where.X, where.Width), middle(where.Y, where.Height)}, side, rim);
+}
+
+void DrawStateIcon(Gdiplus::Graphics& graphics, ResultState state, int side) {
+  const float rim = static_cast<float>(side) / kSidesInIconRim;
+  DrawGroupAt(graphics, art::kStateIcons[static_cast<size_t>(state)], {0, 0}, side, rim);
 }
 
 BkImgType PickCharacter(uint32_t random) {

@@ -1,5 +1,7 @@
 #include "ui/main_window/list_pane.h"
 
+#include <commctrl.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -16,7 +18,7 @@ namespace {
 constexpr int kMargin = 6;
 constexpr int kGap = 4;
 constexpr int kButtonPadding = 12;
-constexpr int kButtonHeight = 24;
+constexpr int kButtonFrame = 7;           // above and below the text of a button
 constexpr int kRoomForDescription = 150;  // height of the whole pane
 
 const my::CWindowClass& PaneClass() {
@@ -58,11 +60,11 @@ void CListPane::EnableButton(int id, bool enable) const {
 }
 
 void CListPane::ShowHint(bool show) {
-  const bool hadFocus = ::IsChild(Hwnd(), ::GetFocus()) != FALSE;
+  const HWND focus = ::GetFocus();
   ::ShowWindow(m_hint, show ? SW_SHOWNA : SW_HIDE);
   ::ShowWindow(m_hintButton, show ? SW_SHOWNA : SW_HIDE);
   ::ShowWindow(m_list.Hwnd(), show ? SW_HIDE : SW_SHOWNA);
-  if (hadFocus) SetFocus();
+  if (::IsChild(Hwnd(), focus) && !::IsWindowVisible(focus)) SetFocus();
 }
 
 void CListPane::ShowDescription(const std::wstring& text) {
@@ -126,9 +128,44 @@ void CListPane::Erase(HDC dc) {
   m_background.Draw(dc, Hwnd(), area);
 }
 
+void CListPane::AddRooms(std::vector<CRoom>& rooms, HWND view, bool upper) const {
+  const auto inView = [view](HWND window, RECT area) -> my::CRect {
+    ::MapWindowPoints(window, view, reinterpret_cast<POINT*>(&area), 2);
+    return {area.left, area.top, area.right, area.bottom};
+  };
+  CRoom room{upper, inView(m_list.Hwnd(), EmptyArea()), {}};
+  const auto addWords = [&](HWND control) {
+    if ((::GetWindowLongW(control, GWL_STYLE) & WS_VISIBLE) == 0) return;
+    RECT area{};
+    ::GetClientRect(control, &area);
+    room.words.push_back(inView(control, TextArea(control, area)));
+  };
+  for (const HWND control : {m_hint, m_hintButton}) addWords(control);
+  rooms.push_back(room);
+  if ((::GetWindowLongW(m_list.Hwnd(), GWL_STYLE) & WS_HSCROLL) != 0) return;
+  addWords(m_description);
+  room.area.bottom = inView(Hwnd(), {0, 0, 0, ClientSize().cy}).bottom;
+  rooms.push_back(std::move(room));
+}
+
+// Returns the part of the list below its rows.
+RECT CListPane::EmptyArea() const {
+  const HWND list = m_list.Hwnd();
+  RECT area{};
+  ::GetClientRect(list, &area);
+  const int count = ListView_GetItemCount(list);
+  RECT above{};
+  if (count != 0)
+    ListView_GetItemRect(list, count - 1, &above, LVIR_BOUNDS);
+  else
+    ::GetClientRect(ListView_GetHeader(list), &above);
+  area.top = std::min(area.bottom, above.bottom);
+  return area;
+}
+
 // Returns the rectangle of the text within a static control.
 RECT CListPane::TextArea(HWND control, const RECT& area) const {
-  const LONG width = std::min(TextSize(control).cx, area.right - area.left);
+  const LONG width = std::min(my::TextSize(control).cx, area.right - area.left);
   const LONG free = area.right - area.left - width;
   const LONG kind = ::GetWindowLongW(control, GWL_STYLE) & SS_TYPEMASK;
   const LONG left = area.left + (kind == SS_RIGHT ? free : kind == SS_CENTER ? free / 2 : 0);
@@ -176,12 +213,12 @@ void CListPane::Arrange() const {
 int CListPane::ArrangeHeader(int width) const {
   const int margin = my::Scale(kMargin, m_dpi);
   const int gap = my::Scale(kGap, m_dpi);
-  const int height = my::Scale(kButtonHeight, m_dpi);
-  const SIZE title = TextSize(m_title);
+  const SIZE title = my::TextSize(m_title);
+  const int height = title.cy + my::Scale(kButtonFrame, m_dpi);
   ::MoveWindow(m_title, margin, gap + (height - title.cy) / 2, title.cx, title.cy, TRUE);
   int left = margin + title.cx + 2 * margin;
   for (const HWND button : m_buttons) {
-    const int buttonWidth = TextSize(button).cx + 2 * my::Scale(kButtonPadding, m_dpi);
+    const int buttonWidth = my::TextSize(button).cx + 2 * my::Scale(kButtonPadding, m_dpi);
     const bool fits = left + buttonWidth <= width;
     ::MoveWindow(button, left, gap, buttonWidth, height, TRUE);
     ::ShowWindow(button, fits ? SW_SHOWNA : SW_HIDE);
@@ -192,9 +229,10 @@ int CListPane::ArrangeHeader(int width) const {
 
 void CListPane::ArrangeHint(const RECT& area) const {
   const int gap = my::Scale(2 * kMargin, m_dpi);
-  const SIZE text = TextSize(m_hint);
-  const SIZE label = TextSize(m_hintButton);
-  const SIZE button{label.cx + 4 * my::Scale(kButtonPadding, m_dpi), my::Scale(kButtonHeight + kGap, m_dpi)};
+  const SIZE text = my::TextSize(m_hint);
+  const SIZE label = my::TextSize(m_hintButton);
+  const SIZE button{label.cx + 4 * my::Scale(kButtonPadding, m_dpi),
+                    label.cy + my::Scale(kButtonFrame + kGap, m_dpi)};
   const int middle = (area.left + area.right) / 2;
   const int top = std::max<int>(area.top, (area.top + area.bottom - text.cy - gap - button.cy) / 2);
   ::MoveWindow(m_hint, area.left, top, area.right - area.left, text.cy, TRUE);
@@ -207,14 +245,10 @@ int CListPane::ArrangeDescription(const SIZE& client) const {
   const int gap = my::Scale(kGap, m_dpi);
   // A low pane shows only its list.
   const bool fits = client.cy >= my::Scale(kRoomForDescription, m_dpi);
-  const int height = fits ? TextSize(m_title).cy : 0;
+  const int height = fits ? my::TextSize(m_title).cy : 0;
   const int top = static_cast<int>(client.cy) - gap - height;
   ::MoveWindow(m_description, margin, top, std::max<int>(0, client.cx - 2 * margin), height, TRUE);
   return fits ? top - gap : client.cy;
-}
-
-SIZE CListPane::TextSize(HWND control) const {
-  return my::TextSize(control);
 }
 
 }  // namespace qlm

@@ -9,6 +9,7 @@
 #include "ui/framework/gdi.h"
 #include "ui/framework/window.h"
 #include "ui/look/see_through_list.h"
+#include "ui/models/background_model.h"
 
 namespace my {
 class IMessageTexts;
@@ -52,6 +53,9 @@ class CListPane : public my::CWindow {
   // Must be called when the background has changed.
   void UseBackground();
 
+  // Adds the parts of the pane below its rows, in client coordinates of `view`.
+  void AddRooms(std::vector<CRoom>& rooms, HWND view, bool upper) const;
+
   // Called when the mouse enters the pane or its list gets the focus.
   std::function<void()> onAttention;
 
@@ -72,7 +76,7 @@ class CListPane : public my::CWindow {
   int ArrangeDescription(const SIZE& client) const;  // returns its top
   LRESULT ColorStatic(HDC dc, HWND control);
   void Erase(HDC dc);
-  SIZE TextSize(HWND control) const;
+  RECT EmptyArea() const;
   RECT TextArea(HWND control, const RECT& area) const;
 
   const my::IMessageTexts& m_texts;

@@ -11,6 +11,8 @@
 #include "text_ids.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/dropped_files.h"
+#include "ui/framework/input_source.h"
+#include "ui/framework/shortcuts.h"
 #include "ui/framework/window_placement.h"
 #include "ui/main_window/main_menu.h"
 
@@ -18,7 +20,8 @@ namespace qlm {
 namespace {
 
 constexpr UINT_PTR kRunTimer = 1;
-constexpr UINT kRunEnded = WM_APP + 1;  // posted, so that no dialog opens within a tick
+constexpr UINT kRunEnded = WM_APP + 1;   // posted, so that no dialog opens within a tick
+constexpr UINT kFocusLost = WM_APP + 2;  // posted, because a button may be enabled again at once
 
 // Pixels at 96 DPI.
 constexpr SIZE kSmallest{560, 400};
@@ -98,7 +101,10 @@ void CMainFrame::ListenToList(ListKind kind) {
   events.selectionChanged = [this, kind] { OnSelectionChanged(kind); };
   events.focusChanged = [this] { OnFocusChanged(); };
   events.contextMenu = [this, tasks](POINT screen) {
-    TrackMenu(Hwnd(), tasks ? IDR_TASK_MENU : IDR_DST_MENU, screen);
+    if (tasks)
+      TrackMenu(Hwnd(), IDR_TASK_MENU, ID_TASK_EDIT, screen);
+    else
+      TrackMenu(Hwnd(), IDR_DST_MENU, ID_DST_EDIT, screen);
   };
   events.canDrag = [this, kind] {
     CCommandMoveRows move(m_app->Context(), kind, 0);
@@ -119,9 +125,10 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_CREATE: OnCreate(); return 0;
     case WM_SIZE: Arrange(); return 0;
-    case WM_SETFOCUS:
-      if (m_parts) m_parts->view.Current().SetFocus();
-      return 0;
+    case WM_ACTIVATE:
+      if (LOWORD(wParam) == WA_INACTIVE) RememberFocus();
+      break;
+    case WM_SETFOCUS: RestoreFocus(); return 0;
     case WM_COMMAND: OnCommand(LOWORD(wParam)); return 0;
     case WM_INITMENUPOPUP:
       // The items of the system menu, and the close button with them, are enabled by the system.
@@ -129,6 +136,10 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       OnMenu(reinterpret_cast<HMENU>(wParam));
       return 0;
     case WM_MENUSELECT: OnMenuSelect(LOWORD(wParam), HIWORD(wParam)); return 0;
+    case WM_NOTIFY:
+      if (reinterpret_cast<const NMHDR*>(lParam)->code != TBN_GETINFOTIPW) break;
+      ShowTip(*reinterpret_cast<NMTBGETINFOTIPW*>(lParam));
+      return 0;
     case WM_DROPFILES: OnDrop(reinterpret_cast<HDROP>(wParam)); return 0;
     case WM_DPICHANGED: OnDpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam)); return 0;
     case WM_GETMINMAXINFO: LimitSize(*reinterpret_cast<MINMAXINFO*>(lParam)); return 0;
@@ -136,6 +147,7 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (wParam == kRunTimer) m_app->OnTimer();
       return 0;
     case kRunEnded: m_parts->run.OpenOutcome(); return 0;
+    case kFocusLost: OnFocusLost(); return 0;
     case WM_CLOSE: OnClose(); return 0;
     case WM_SYSCOLORCHANGE:
     case WM_SETTINGCHANGE:
@@ -143,8 +155,29 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_QUERYENDSESSION: return m_app->OnQueryEndSession();
     case WM_ENDSESSION: m_app->OnEndSession(wParam != 0); return 0;
     case WM_DESTROY: ::PostQuitMessage(0); return 0;
-    default: return CWindow::OnMessage(message, wParam, lParam);
+    default: break;
   }
+  return CWindow::OnMessage(message, wParam, lParam);
+}
+
+void CMainFrame::RememberFocus() {
+  m_lastFocus = ::GetFocus();
+  if (m_parts) m_parts->view.Current();  // remembers the list, too
+}
+
+// Keys sent to a disabled control would be lost.
+void CMainFrame::OnFocusLost() {
+  const HWND focus = ::GetFocus();
+  if (::GetActiveWindow() == Hwnd() && (!focus || !::IsWindowEnabled(focus))) RestoreFocus();
+}
+
+// Returns the focus to the control that had it, such as a button that opened a dialog.
+void CMainFrame::RestoreFocus() {
+  const HWND last = std::exchange(m_lastFocus, nullptr);
+  if (last && ::IsChild(Hwnd(), last) && ::IsWindowVisible(last) && ::IsWindowEnabled(last))
+    ::SetFocus(last);
+  else if (m_parts)
+    m_parts->view.Current().SetFocus();
 }
 
 void CMainFrame::OnDpiChanged(UINT dpi, const RECT& suggested) {
@@ -158,15 +191,19 @@ void CMainFrame::LimitSize(MINMAXINFO& limits) const {
 }
 
 void CMainFrame::OnSystemChanged() {
-  if (m_parts) m_parts->view.OnSystemChanged();
+  if (!m_parts) return;
+  m_parts->view.OnSystemChanged();
+  UseDpi(m_dpi);  // with the font that the user has set now
 }
 
 void CMainFrame::OnCommand(int id) {
   if (m_app->IsClosing()) return;
   const HWND focus = ::GetFocus();
+  const bool clicked = my::IsMouseInput();
   m_app->Execute(static_cast<uint32_t>(id));
-  // Clicking a button of a pane must not keep the focus there.
-  if (focus == ::GetFocus() && ::GetDlgCtrlID(focus) == id) m_parts->view.Current().SetFocus();
+  // A click on a button of a pane must not keep the focus there, but the user of the keyboard may press the
+  // button again.
+  if (clicked && focus == ::GetFocus() && ::GetDlgCtrlID(focus) == id) m_parts->view.Current().SetFocus();
   UpdateCommands();
 }
 
@@ -176,18 +213,36 @@ bool CMainFrame::IsEnabled(int id) const {
 
 void CMainFrame::OnMenu(HMENU menu) const {
   ShowRecent(menu, m_app->Settings().ui.mruPathes.Items(), TextsOf(*m_app).Text(IDS_NO_RECENT));
-  SetItemText(menu, ID_RUN, TextsOf(*m_app).Text(m_app->Run().IsActive() ? IDS_MENU_STOP : IDS_MENU_RUN));
+  const my::IMessageTexts& texts = TextsOf(*m_app);
+  SetItemText(menu, ID_RUN, texts.Text(m_app->Run().IsActive() ? IDS_MENU_STOP : IDS_MENU_RUN));
+  SetItemText(menu, ID_UNDO,
+              UndoLabel(texts, m_app->Document()) + L"\t" + my::ShortcutText(m_keys.Get(), ID_UNDO));
+  SetItemText(menu, ID_REDO,
+              RedoLabel(texts, m_app->Document()) + L"\t" + my::ShortcutText(m_keys.Get(), ID_REDO));
   ::CheckMenuItem(menu, ID_FULL_SCREEN, MF_BYCOMMAND | (m_fullScreen.IsOn() ? MF_CHECKED : MF_UNCHECKED));
   EnableItems(menu, [this](int id) { return IsEnabled(id); });
   ShowPictures(menu, m_images);
 }
 
-// Shows the first line of the command's text, if it has one in the string table.
+CCommandText CMainFrame::TextOf(int id) const {
+  const ListKind list = m_parts->view.TasksAreCurrent() ? ListKind::Tasks : ListKind::Dsts;
+  return CommandText(TextsOf(*m_app), static_cast<uint32_t>(id),
+                     {m_app->Document(), list, m_app->Run().IsActive()});
+}
+
 void CMainFrame::OnMenuSelect(int id, UINT flags) {
   const bool isItem = (flags & (MF_POPUP | MF_SEPARATOR | MF_SYSMENU)) == 0;
-  const std::wstring text = isItem ? TextsOf(*m_app).Text(static_cast<uint32_t>(id)) : std::wstring();
+  const std::wstring text = isItem ? TextOf(id).explanation : std::wstring();
   if (text.empty()) return ShowRunStatus();
-  m_parts->statusBar.ShowText(text.substr(0, text.find(L'\n')));
+  m_parts->statusBar.ShowText(text);
+}
+
+void CMainFrame::ShowTip(NMTBGETINFOTIPW& tip) const {
+  const std::wstring keys = my::ShortcutText(m_keys.Get(), tip.iItem);
+  std::wstring text = TextOf(tip.iItem).name;
+  const my::CMsgArg parts[] = {text, keys};
+  if (!keys.empty()) text = my::MakeText(TextsOf(*m_app), IDS_TIP_WITH_KEY, parts);
+  ::lstrcpynW(tip.pszText, text.c_str(), tip.cchTextMax);
 }
 
 void CMainFrame::OnDrop(HDROP drop) {
@@ -221,9 +276,13 @@ void CMainFrame::OnFocusChanged() {
   UpdateCommands();
 }
 
-void CMainFrame::UpdateCommands() const {
+void CMainFrame::UpdateCommands() {
+  const HWND focus = ::GetFocus();
   for (const int id : m_parts->toolBar.Ids()) m_parts->toolBar.Enable(id, IsEnabled(id));
   m_parts->view.EnableButtons([this](int id) { return IsEnabled(id); });
+  if (!focus || ::IsWindowEnabled(focus)) return;
+  m_lastFocus = focus;
+  ::PostMessageW(Hwnd(), kFocusLost, 0, 0);
 }
 
 void CMainFrame::RedrawLists() {
@@ -234,9 +293,9 @@ void CMainFrame::RedrawLists() {
 void CMainFrame::ApplySettings(const CSettings& settings) {
   const CMainFrameSetting& frame = settings.mainFrame;
   if (frame.normalBounds != my::CRect{}) my::PlaceWindow(Hwnd(), frame.normalBounds);
-  m_parts->view.ApplySettings(frame);
   ::ShowWindow(Hwnd(), frame.maximized ? SW_SHOWMAXIMIZED : m_showCommand);
   if (frame.fullScreen) ToggleFullScreen();
+  m_parts->view.ApplySettings(frame);  // the height of a list belongs to the size that the window has now
   m_parts->view.Current().SetFocus();
   try {
     m_parts->view.ShowDesign(settings.design);

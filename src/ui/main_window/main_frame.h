@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
 #include <shellapi.h>
 
 #include <memory>
@@ -20,6 +21,7 @@
 #include "ui/main_window/run_presenter.h"
 #include "ui/main_window/status_bar.h"
 #include "ui/main_window/tool_bar.h"
+#include "ui/models/command_text.h"
 
 namespace qlm {
 
@@ -82,12 +84,17 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   bool IsEnabled(int id) const;
   void OnMenu(HMENU menu) const;
   void OnMenuSelect(int id, UINT flags);
+  void ShowTip(NMTBGETINFOTIPW& tip) const;
+  CCommandText TextOf(int id) const;
+  void RememberFocus();
+  void RestoreFocus();
+  void OnFocusLost();
   void OnDrop(HDROP drop);
   void OnDpiChanged(UINT dpi, const RECT& suggested);
   void LimitSize(MINMAXINFO& limits) const;
   void OnSystemChanged();
   void OnClose();
-  void UpdateCommands() const;
+  void UpdateCommands();
   void UseDpi(UINT dpi);
   void Arrange();
 
@@ -104,6 +111,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   CToolImages m_images;
   my::CWindowIcons m_icons;
   UINT m_dpi = 0;
+  HWND m_lastFocus = nullptr;  // the control that had the focus before the window or the control lost it
   my::CFullScreen m_fullScreen;
 };
 

@@ -65,9 +65,10 @@ void ShowPictures(HMENU menu, const CToolImages& images) {
   }
 }
 
-void TrackMenu(HWND window, int menuId, POINT screen) {
+void TrackMenu(HWND window, int menuId, int defaultId, POINT screen) {
   const my::CMenu menu(::LoadMenuW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(menuId)));
   const HMENU popup = ::GetSubMenu(menu.Get(), 0);
+  ::SetMenuDefaultItem(popup, static_cast<UINT>(defaultId), FALSE);
   ::TrackPopupMenu(popup, TPM_LEFTALIGN | TPM_RIGHTBUTTON, screen.x, screen.y, 0, window, nullptr);
 }
 

@@ -24,6 +24,7 @@ void SetItemText(HMENU menu, int id, const std::wstring& text);
 void ShowPictures(HMENU menu, const CToolImages& images);
 
 // Shows the first popup of a menu resource at a position on the screen; `window` receives its commands.
-void TrackMenu(HWND window, int menuId, POINT screen);
+// `defaultId` is the command of a double click.
+void TrackMenu(HWND window, int menuId, int defaultId, POINT screen);
 
 }  // namespace qlm

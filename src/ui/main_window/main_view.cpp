@@ -10,8 +10,6 @@
 namespace qlm {
 namespace {
 
-constexpr int kDefaultTasksHeight = 300;  // pixels at 96 DPI
-
 const CPaneSpec kTaskPane{IDS_PANE_TASKS,
                           IDS_EMPTY_HINT,
                           {ID_TASK_ADD, IDS_FIRST_TASK},
@@ -53,19 +51,27 @@ CMainView::CMainView(const CDocument& document, const CUISetting& setting, const
       m_described(&m_tasks) {}
 
 void CMainView::CreateIn(HWND parent) {
-  m_splitter.CreateIn(parent, IDC_SPLITTER);
-  m_background.SetView(m_splitter.Hwnd());
+  m_splitter.CreateIn(parent, IDC_SPLITTER, m_texts.Text(IDS_SPLITTER));
+  m_splitter.onFocus = [this](HWND from) { RememberCurrent(from); };
+  m_background.SetView(m_splitter.Hwnd(), [this] {
+    std::vector<CRoom> rooms;
+    m_tasks.AddRooms(rooms, Hwnd(), true);
+    m_dsts.AddRooms(rooms, Hwnd(), false);
+    return rooms;
+  });
   m_tasks.CreateIn(m_splitter.Hwnd(), IDC_TASK_PANE, IDC_TASK_LIST, my::CListView::Boxes::No, kTaskPane);
   m_dsts.CreateIn(m_splitter.Hwnd(), IDC_DST_PANE, IDC_DST_LIST, my::CListView::Boxes::Yes, kDstPane);
-  m_splitter.SetUpper(kDefaultTasksHeight);
   m_splitter.SetPanes(m_tasks.Hwnd(), m_dsts.Hwnd());
   for (CListPane* pane : {&m_tasks, &m_dsts}) pane->onAttention = [this, pane] { Describe(*pane); };
 }
 
-CListPane& CMainView::Current() {
-  const HWND focus = ::GetFocus();
+void CMainView::RememberCurrent(HWND focus) {
   if (::IsChild(m_tasks.Hwnd(), focus)) m_dstsCurrent = false;
   if (::IsChild(m_dsts.Hwnd(), focus)) m_dstsCurrent = true;
+}
+
+CListPane& CMainView::Current() {
+  RememberCurrent(::GetFocus());
   return m_dstsCurrent ? m_dsts : m_tasks;
 }
 
@@ -132,8 +138,8 @@ void CMainView::OnSystemChanged() {
 void CMainView::UseBackground() {
   m_splitter.drawBehind = nullptr;
   if (!m_background.IsPlain())
-    m_splitter.drawBehind = [this](HDC dc, const RECT& area) { m_background.Draw(dc, Hwnd(), area); };
-  m_splitter.Invalidate();
+    m_splitter.drawBehind = [this](HDC dc, HWND bar, const RECT& area) { m_background.Draw(dc, bar, area); };
+  ::InvalidateRect(m_splitter.Bar(), nullptr, FALSE);
   m_tasks.UseBackground();
   m_dsts.UseBackground();
 }

@@ -62,6 +62,7 @@ class CMainView {
   void StoreSettings(CMainFrameSetting& setting) const;
 
  private:
+  void RememberCurrent(HWND focus);
   void RefreshUses(bool always);
   void UseBackground();
   void Describe(CListPane& pane);

@@ -89,7 +89,7 @@ void CStatusBar::Resize(UINT dpi) {
   ::SendMessageW(m_bar, WM_SIZE, 0, 0);
   RECT client{};
   ::GetClientRect(m_bar, &client);
-  const int counts = std::max<int>(0, client.right - my::Scale(kCountsWidth, dpi));
+  const int counts = std::max<int>(0, client.right - my::Scale(kCountsWidth, my::TextDpi(dpi)));
   int progress = std::max<int>(0, counts - my::Scale(kProgressWidth, dpi));
   // In a narrow window the button is more important than the progress, which the text shows too.
   if (!m_powerOffText.empty() && progress < my::Scale(kRoomForButton, dpi)) progress = counts;

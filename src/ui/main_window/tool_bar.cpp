@@ -11,11 +11,25 @@ namespace {
 
 constexpr struct {
   int id;
-  uint32_t textId;  // 0: a separator
-} kTools[] = {
-    {ID_NEW, IDS_TOOL_NEW},         {ID_OPEN, IDS_TOOL_OPEN},         {ID_SAVE, IDS_TOOL_SAVE},       {0, 0},
-    {ID_RUN, IDS_TOOL_RUN},         {ID_TASK_TARGETS, IDS_TOOL_TEST}, {ID_RESULTS, IDS_TOOL_RESULTS}, {0, 0},
-    {ID_REPLACE, IDS_TOOL_REPLACE}, {ID_SETTINGS, IDS_TOOL_SETTINGS}};
+  uint32_t textId;       // 0: a separator
+  bool showText = true;  // otherwise only screen readers speak it
+} kTools[] = {{ID_NEW, IDS_TOOL_NEW},
+              {ID_OPEN, IDS_TOOL_OPEN},
+              {ID_SAVE, IDS_TOOL_SAVE},
+              {0, 0},
+              {ID_UNDO, IDS_TOOL_UNDO, false},
+              {ID_REDO, IDS_TOOL_REDO, false},
+              {0, 0},
+              {ID_RUN, IDS_TOOL_RUN},
+              {ID_TASK_TARGETS, IDS_TOOL_TEST},
+              {ID_RESULTS, IDS_TOOL_RESULTS},
+              {0, 0},
+              {ID_REPLACE, IDS_TOOL_REPLACE},
+              {ID_SETTINGS, IDS_TOOL_SETTINGS}};
+
+BYTE StyleOf(bool showText) {
+  return static_cast<BYTE>(BTNS_BUTTON | BTNS_AUTOSIZE | (showText ? BTNS_SHOWTEXT : 0));
+}
 
 }  // namespace
 
@@ -24,13 +38,14 @@ void CToolBar::CreateIn(HWND parent) {
   m_bar = ::CreateWindowExW(0, TOOLBARCLASSNAMEW, nullptr, kStyle, 0, 0, 0, 0, parent,
                             reinterpret_cast<HMENU>(INT_PTR{IDC_TOOLBAR}), nullptr, nullptr);
   ::SendMessageW(m_bar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
+  ::SendMessageW(m_bar, TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_MIXEDBUTTONS);
   for (const auto& tool : kTools) {
     const std::wstring text = tool.textId ? m_texts.Text(tool.textId) : std::wstring();
     TBBUTTON button{};
     button.idCommand = tool.id;
     button.fsState = TBSTATE_ENABLED;
     button.iBitmap = static_cast<int>(ToolIconOf(tool.id));
-    button.fsStyle = tool.id ? BTNS_BUTTON | BTNS_AUTOSIZE | BTNS_SHOWTEXT : BTNS_SEP;
+    button.fsStyle = tool.id ? StyleOf(tool.showText) : static_cast<BYTE>(BTNS_SEP);
     button.iString = tool.id ? reinterpret_cast<INT_PTR>(text.c_str()) : 0;
     ::SendMessageW(m_bar, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&button));
   }

@@ -97,18 +97,58 @@ CExtent ScaledExtent(CExtent extent, double scale) {
           std::max(1, static_cast<int>(std::lround(extent.height * scale)))};
 }
 
-my::CRect InCorner(CExtent view, CExtent image, ImgOrigin origin) {
-  const bool right = origin == ImgOrigin::RB || origin == ImgOrigin::RT;
-  const bool bottom = origin == ImgOrigin::LB || origin == ImgOrigin::RB;
-  const int left = right ? view.width - image.width : 0;
-  const int top = bottom ? view.height - image.height : 0;
+bool IsRight(ImgOrigin origin) {
+  return origin == ImgOrigin::RB || origin == ImgOrigin::RT;
+}
+
+bool IsBottom(ImgOrigin origin) {
+  return origin == ImgOrigin::LB || origin == ImgOrigin::RB;
+}
+
+my::CRect InCorner(const my::CRect& area, CExtent image, ImgOrigin origin) {
+  const int left = IsRight(origin) ? area.right - image.width : area.left;
+  const int top = IsBottom(origin) ? area.bottom - image.height : area.top;
   return {left, top, left + image.width, top + image.height};
+}
+
+my::CRect InCorner(CExtent view, CExtent image, ImgOrigin origin) {
+  return InCorner(my::CRect{0, 0, view.width, view.height}, image, origin);
+}
+
+// Returns the side of the largest square in the corner of a room; not above 0 if there is none.
+int FreeSide(const CRoom& room, ImgOrigin origin) {
+  const my::CRect& area = room.area;
+  int side = std::min(area.right - area.left, area.bottom - area.top);
+  for (const my::CRect& words : room.words) {
+    const int x = IsRight(origin) ? area.right - words.right : words.left - area.left;
+    const int y = IsBottom(origin) ? area.bottom - words.bottom : words.top - area.top;
+    side = std::min(side, std::max(x, y));
+  }
+  return side;
 }
 
 }  // namespace
 
 my::CRect PlaceImage(CExtent view, CExtent image, FitType fit, ImgOrigin origin) {
   return InCorner(view, ScaledExtent(image, FitScale(view, image, fit)), origin);
+}
+
+my::CRect PlaceCharacter(std::span<const CRoom> rooms, CExtent view, int side, int smallest,
+                         ImgOrigin origin) {
+  const CRoom* best = nullptr;
+  int bestSide = 0;
+  bool bestIsNear = false;
+  for (const CRoom& room : rooms) {
+    const int free = std::min(side, FreeSide(room, origin));
+    const bool isNear = room.upper != IsBottom(origin);
+    if (free < smallest || (bestIsNear && !isNear)) continue;
+    if (free <= bestSide && bestIsNear == isNear) continue;
+    best = &room;
+    bestSide = free;
+    bestIsNear = isNear;
+  }
+  if (!best) return InCorner(view, {smallest, smallest}, origin);
+  return InCorner(best->area, {bestSide, bestSide}, origin);
 }
 
 CPicturePart NeededPart(CExtent picture, CExtent screen, FitType fit, ImgOrigin origin) {

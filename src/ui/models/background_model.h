@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <span>
+#include <vector>
 
 #include "settings/settings_enums.h"
 #include "support/contrast.h"
@@ -19,6 +20,19 @@ struct CExtent {
 
 // Returns the rectangle of the scaled image, which may extend beyond the view.
 my::CRect PlaceImage(CExtent view, CExtent image, FitType fit, ImgOrigin origin);
+
+// A part of the view without rows, and the words in it.
+struct CRoom {
+  bool upper = false;  // of the upper list
+  my::CRect area;
+  std::vector<my::CRect> words;
+};
+
+// Returns the largest square up to `side` that is clear of words: in the corner of a room in the list nearest
+// to the origin, or else of another room. If all are below `smallest`, returns a square of that size in the
+// corner of the view, where it is behind rows.
+my::CRect PlaceCharacter(std::span<const CRoom> rooms, CExtent view, int side, int smallest,
+                         ImgOrigin origin);
 
 // Returns the part of a picture to keep and its size, sufficient for any view on this screen.
 struct CPicturePart {

@@ -44,4 +44,8 @@ my::ListCheck CDstListModel::Check(size_t row) const {
   return my::ListCheck::Unchecked;
 }
 
+std::wstring CDstListModel::CheckRemark(size_t row) const {
+  return Check(row) == my::ListCheck::Mixed ? m_texts.Text(IDS_USED_BY_SOME) : std::wstring();
+}
+
 }  // namespace qlm

@@ -23,6 +23,7 @@ class CDstListModel : public CTableModel {
   size_t RowCount() const override { return m_document.Dsts().size(); }
   std::wstring Text(size_t row, size_t column) const override;
   my::ListCheck Check(size_t row) const override;
+  std::wstring CheckRemark(size_t row) const override;
 
  private:
   const CDocument& m_document;

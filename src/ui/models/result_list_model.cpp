@@ -10,7 +10,7 @@
 namespace qlm {
 namespace {
 
-constexpr CColumnSpec kColumns[] = {{IDS_COL_TASK_ID, 80},
+constexpr CColumnSpec kColumns[] = {{IDS_COL_TASK_ID, 104},
                                     {IDS_COL_RESULT_PATH, 150},
                                     {IDS_COL_DST_TYPE, 190},
                                     {IDS_COL_RESULT_TIME, 140},

@@ -30,6 +30,7 @@ class CTaskListModel : public CTableModel {
   size_t RowCount() const override;
   std::wstring Text(size_t row, size_t column) const override;
   my::CListLook Look(size_t row) const override;
+  size_t IconColumn() const override { return State; }
   std::wstring Tip(size_t row) const override;
 
  private:

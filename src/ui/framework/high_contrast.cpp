@@ -1,4 +1,4 @@
-#include "ui/look/high_contrast.h"
+#include "ui/framework/high_contrast.h"
 
 #include <windows.h>
 

@@ -1,0 +1,94 @@
+// Keys come from the (simulated) keyboard and go through the message loop of the program.
+#include "gui/gui_app.h"
+
+namespace {
+
+using namespace qlm;
+using test::CGuiApp;
+
+constexpr int kBar = -1;  // the splitter bar in a walk
+
+struct Keyboard : testing::Test {
+  Keyboard() {
+    a.AddTask(L"a", L"C:\\a");
+    a.AddDst(L"C:\\x");
+    a.Select(IDC_DST_LIST, {0});
+    a.Select(IDC_TASK_LIST, {0});
+  }
+
+  HWND Bar() const {
+    return ::FindWindowExW(::GetDlgItem(a.frame->Hwnd(), IDC_SPLITTER), nullptr, L"QuillmoorSplitterBar",
+                           nullptr);
+  }
+
+  int Focus() const { return ::GetFocus() == Bar() ? kBar : ::GetDlgCtrlID(::GetFocus()); }
+
+  template <class Test>
+  bool Press(std::initializer_list<WORD> keys, Test test) {
+    return test::PressUntil(a.loop, a.frame->Hwnd(), keys, test);
+  }
+
+  // Returns the controls on which the focus stops until it is back.
+  std::vector<int> Walk(std::initializer_list<WORD> keys) {
+    const HWND start = ::GetFocus();
+    std::vector<int> stops;
+    do {
+      const HWND before = ::GetFocus();
+      if (!Press(keys, [before] { return ::GetFocus() != before; })) break;
+      stops.push_back(Focus());
+    } while (::GetFocus() != start && stops.size() < 40);
+    return stops;
+  }
+
+  CGuiApp a;
+};
+
+TEST_F(Keyboard, tab_walks_buttons_lists_and_the_splitter) {
+  std::vector<int> expected = {
+      kBar,           ID_DST_ADD,      ID_DST_EDIT,  ID_DST_DUPLICATE, ID_DST_DELETE,   ID_DST_UP,
+      ID_DST_DOWN,    ID_EXPLORER_DST, IDC_DST_LIST, ID_TASK_ADD,      ID_TASK_EDIT,    ID_TASK_DUPLICATE,
+      ID_TASK_DELETE, ID_TASK_UP,      ID_TASK_DOWN, ID_TASK_TARGETS,  ID_EXPLORER_SRC, IDC_TASK_LIST};
+  EXPECT_EQ(Walk({VK_TAB}), expected);
+  expected.pop_back();
+  std::ranges::reverse(expected);
+  expected.push_back(IDC_TASK_LIST);
+  EXPECT_EQ(Walk({VK_SHIFT, VK_TAB}), expected);
+
+  ::SetFocus(Bar());
+  const int top = test::Bounds(Bar()).top;
+  EXPECT_TRUE(Press({VK_DOWN}, [&] { return test::Bounds(Bar()).top > top; }));
+  EXPECT_TRUE(Press({VK_F6}, [&] { return Focus() == IDC_DST_LIST; })) << "the tasks were current";
+}
+
+TEST_F(Keyboard, enter_presses_the_focused_button_which_keeps_the_focus) {
+  const HWND button = ::GetDlgItem(::GetParent(a.List(IDC_TASK_LIST)), ID_TASK_DUPLICATE);
+  const CTasks& tasks = a.app->Document().Tasks();
+  ::SetFocus(button);
+  EXPECT_TRUE(Press({VK_RETURN}, [&] { return tasks.size() == 2; }));
+  EXPECT_TRUE(Press({VK_SPACE}, [&] { return tasks.size() == 3; }));
+  EXPECT_EQ(Focus(), ID_TASK_DUPLICATE);
+  const HWND remove = ::GetDlgItem(::GetParent(button), ID_TASK_DELETE);
+  ::SetFocus(remove);
+  for (size_t left = 3; left-- > 0;) {
+    EXPECT_TRUE(Press({VK_RETURN}, [&] { return tasks.size() == left; }));
+  }
+  EXPECT_TRUE(::IsWindowEnabled(::GetFocus()) && ::IsWindowVisible(::GetFocus()))
+      << "the button of the empty list";
+}
+
+TEST_F(Keyboard, enter_edits_the_focused_row_and_the_focus_returns) {
+  std::wstring edited;
+  a.DoWithDialog([this] { Press({VK_RETURN}, [] { return true; }); },
+                 [&edited](HWND dialog) {
+                   edited = test::TextOf(dialog, IDC_TASK_ID);
+                   ::PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+                 });
+  EXPECT_EQ(edited, L"a");
+  const HWND button = ::GetDlgItem(::GetParent(a.List(IDC_DST_LIST)), ID_DST_ADD);
+  ::SetFocus(button);
+  a.DoWithDialog([this] { Press({VK_RETURN}, [] { return true; }); },
+                 [](HWND dialog) { ::PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0); });
+  EXPECT_EQ(::GetFocus(), button);
+}
+
+}  // namespace
