@@ -14,15 +14,6 @@ int HeightOf(HWND window) {
   return bounds.bottom - bounds.top;
 }
 
-SIZE TextSize(HWND control) {
-  const std::wstring text = TextOf(control);
-  const CWindowDc dc(control);
-  const CSelect select(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0)));
-  SIZE size{};
-  ::GetTextExtentPoint32W(dc.Get(), text.c_str(), static_cast<int>(text.size()), &size);
-  return size;
-}
-
 std::wstring ClassOf(HWND window) {
   wchar_t name[32]{};
   ::GetClassNameW(window, name, static_cast<int>(std::size(name)));
