@@ -10,6 +10,7 @@
 #define ID_POWER_OFF                 154
 #define ID_RESULTS                   155
 #define ID_TASK_TARGETS              156
+#define ID_KEEP_POWER                157
 #define ID_EXPLORER_SRC              158
 #define ID_EXPLORER_DST              159
 #define ID_NEW                       57600

@@ -34,6 +34,7 @@
 #define IDC_DST_TOKENS               1024
 #define IDC_DST_PREVIEW              1025
 #define IDC_DST_NOTE                 1026
+#define IDC_DST_SETTINGS             1027
 // First command of the token menu; one per token (up to 1059).
 #define IDC_DST_TOKEN_FIRST          1040
 
@@ -70,6 +71,8 @@
 #define IDC_RESULT_OPEN              1141
 #define IDC_RESULT_TARGETS           1142
 #define IDC_RESULT_SAVE              1143
+#define IDC_RESULT_MESSAGE           1144
+#define IDC_RESULT_REMEDY            1145
 #define IDC_FILTER_OPEN              1150
 
 // Replace, password, settings and about: 240-259, controls 1200-1299.
@@ -118,6 +121,7 @@
 #define IDC_INSTALL_UPDATES          1246
 #define IDC_PASSWORD_GROUP           1247
 #define IDC_POWER_OFF_GROUP          1248
+#define IDC_PASSWORD_DSTS            1250
 
 // Main window: 260-279, controls 1300-1399.
 #define IDR_MAIN_MENU                260

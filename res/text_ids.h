@@ -13,6 +13,7 @@
 #define IDS_CMD_ADD_FILE             150
 #define IDS_CMD_RUN_POWER_OFF        153
 #define IDS_CMD_POWER_OFF            154
+#define IDS_CMD_KEEP_POWER           157
 
 // Run states; the id is also the code of the state.
 #define IDS_STATE_NOT_RUN            371
@@ -106,6 +107,7 @@
 #define IDS_PASSWORD_BAD_CHARACTER   496
 #define IDS_PATH_NOT_RESPONDING      497
 #define IDS_FILTER_TEXT_FILES        498
+#define IDS_ASK_NO_ARCHIVER          499
 
 // Reasons why a regular expression is refused.
 #define IDS_REGEX_BRACKETS           521
@@ -155,6 +157,8 @@
 #define IDS_NAME_BAD_CHARACTER       567
 #define IDS_DST_NOTE_PASSWORD        568
 #define IDS_DST_NOTE_AES             569
+#define IDS_DST_NOTE_ZIPCRYPTO       570
+#define IDS_DST_NO_ARCHIVER          571
 #define IDS_SPACE_IN_ARCHIVE         573
 #define IDS_SPACE_IN_FOLDER          574
 #define IDS_SPACE_IN_NAME            575
@@ -237,6 +241,46 @@
 #define IDS_DROP_UNKNOWN             714
 #define IDS_NO_RECENT                715
 #define IDS_ERROR_COUNT              716
+#define IDS_POWER_OFF_PENDING        717
+#define IDS_PASTE_NO_FOLDER          718
+#define IDS_NO_TASKS_ADD_DST         719
+#define IDS_NO_TASKS_CHECK_DST       720
+
+// What to do about an error: 740-789.
+#define IDS_REMEDY_LINE              740
+#define IDS_REMEDY_NO_SOURCE         741
+#define IDS_REMEDY_NO_FILES          742
+#define IDS_REMEDY_FILTER            743
+#define IDS_REMEDY_FILTER_SIGN       744
+#define IDS_REMEDY_FILTER_FORM       745
+#define IDS_REMEDY_REGEX             746
+#define IDS_REMEDY_REGEX_COMPLEX     747
+#define IDS_REMEDY_TARGET_TAKEN      748
+#define IDS_REMEDY_NAME              749
+#define IDS_REMEDY_ARCHIVER          750
+#define IDS_REMEDY_ARCHIVER_FAILED   751
+#define IDS_REMEDY_INCOMPLETE        752
+#define IDS_REMEDY_TEMPORARY         753
+#define IDS_REMEDY_STOPPED           754
+#define IDS_REMEDY_INTERNAL          755
+#define IDS_REMEDY_READ              756
+#define IDS_REMEDY_WRITE             757
+#define IDS_REMEDY_NOT_FOUND         758
+#define IDS_REMEDY_ACCESS            759
+#define IDS_REMEDY_IN_USE            760
+#define IDS_REMEDY_WRITE_PROTECTED   761
+#define IDS_REMEDY_DISK_FULL         762
+#define IDS_REMEDY_FILE_TOO_LARGE    763
+#define IDS_REMEDY_NOT_READY         764
+#define IDS_REMEDY_NETWORK           765
+#define IDS_REMEDY_LOGON             766
+#define IDS_REMEDY_TOO_LONG          767
+#define IDS_REMEDY_BAD_NAME          768
+#define IDS_REMEDY_DISK_ERROR        769
+#define IDS_REMEDY_CLOUD             770
+#define IDS_REMEDY_VIRUS             771
+#define IDS_REMEDY_MEMORY            772
+#define IDS_REMEDY_OTHER             773
 
 // Design: 800-899. Brushes, images, fits and corners: first id + BrushType, BkImgType, FitType, ImgOrigin.
 #define IDS_DESIGN_PAGE              800

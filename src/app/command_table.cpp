@@ -14,6 +14,7 @@ CCommandTable::CCommandTable(CAppContext& context, std::wstring commandLine)
       exec(boost::make_shared<CCommandExec>(context, false)),
       execAndPowerOff(boost::make_shared<CCommandExec>(context, true)),
       powerOff(boost::make_shared<CCommandPowerOff>(context)),
+      keepPower(boost::make_shared<CCommandKeepPower>(context)),
       newDocument(boost::make_shared<CCommandNew>(context)),
       open(boost::make_shared<CCommandOpen>(context, false)),
       append(boost::make_shared<CCommandOpen>(context, true)),
@@ -34,6 +35,7 @@ CCommand* CCommandTable::Find(uint32_t id) {
     case ID_RUN: return exec.get();
     case ID_RUN_POWER_OFF: return execAndPowerOff.get();
     case ID_POWER_OFF: return powerOff.get();
+    case ID_KEEP_POWER: return keepPower.get();
     case ID_NEW: return newDocument.get();
     case ID_OPEN: return open.get();
     case ID_ADD_FILE: return append.get();

@@ -26,6 +26,7 @@ struct CCommandTable {
   boost::shared_ptr<CCommandExec> exec;
   boost::shared_ptr<CCommandExec> execAndPowerOff;
   boost::shared_ptr<CCommandPowerOff> powerOff;
+  boost::shared_ptr<CCommandKeepPower> keepPower;
   boost::shared_ptr<CCommandNew> newDocument;
   boost::shared_ptr<CCommandOpen> open;
   boost::shared_ptr<CCommandOpen> append;

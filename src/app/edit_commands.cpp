@@ -3,11 +3,14 @@
 #include <algorithm>
 #include <numeric>
 
+#include "app/drop_command.h"
 #include "app/messenger.h"
 #include "document/document.h"
 #include "document/document_clip.h"
 #include "document/document_edits.h"
 #include "document/duplicate_items.h"
+#include "document/folder_items.h"
+#include "platform/file_system.h"
 #include "text_ids.h"
 
 namespace qlm {
@@ -37,6 +40,7 @@ class CListEdit {
   void StepRows(Step step);
   void Copy() const;
   void Paste();
+  void PastePaths();
   void SelectAll();
 
   CAppContext& m_context;
@@ -59,7 +63,8 @@ bool CListEdit::HasSubject(EditAction action) const {
   switch (action) {
     case EditAction::Add: return true;
     case EditAction::SelectAll: return Size() != 0;
-    case EditAction::Paste: return m_context.ports.clipboard.HasDocument();
+    case EditAction::Paste:
+      return m_context.ports.clipboard.HasDocument() || m_context.ports.clipboard.HasPathsOrText();
     case EditAction::Edit: return m_list.FocusedRow().has_value();
     default: return m_list.AnySelected();
   }
@@ -82,13 +87,14 @@ void CListEdit::Run(EditAction action) {
 
 void CListEdit::Add() {
   const std::ptrdiff_t position = PositionAfterSelection(m_list);
+  const CRows selected = m_context.window.TaskList().SelectedRows();
   if (!IsTasks()) {
     m_context.dialogs.EditDst(
-        {}, [&](const CDst& dst) { m_list.Select({InsertDst(m_document, position, dst)}); });
+        {}, [&](const CDst& dst) { m_list.Select({InsertDst(m_document, position, dst, selected)}); });
     return;
   }
   CTask task;
-  if (m_document.Dsts().size() == 1) task.dsts = {m_document.Dsts()[0]};
+  task.dsts = NewTaskDsts(m_document, selected);
   m_context.dialogs.EditTask(
       task, [&](const CTask& edited) { m_list.Select({InsertTask(m_document, position, edited)}); });
 }
@@ -141,12 +147,24 @@ void CListEdit::Copy() const {
 
 void CListEdit::Paste() {
   const auto clip = m_context.ports.clipboard.Document();
-  if (!clip) return;
+  if (!clip) return PastePaths();
   my::IXmlDom& dom = m_context.ports.dom;
   const std::ptrdiff_t position = PositionAfterSelection(m_list);
-  const CRows rows =
-      IsTasks() ? PasteTasks(dom, m_document, *clip, position) : PasteDsts(dom, m_document, *clip, position);
+  const CRows users = m_context.window.TaskList().SelectedRows();
+  const CRows rows = IsTasks() ? PasteTasks(dom, m_document, *clip, position)
+                               : PasteDsts(dom, m_document, *clip, position, users);
   if (!rows.empty()) m_list.Select(rows);
+}
+
+void CListEdit::PastePaths() {
+  IClipboard& clipboard = m_context.ports.clipboard;
+  std::vector<std::wstring> paths = clipboard.Paths();
+  if (paths.empty()) paths = PathsInText(clipboard.Text());
+  std::erase_if(paths, [&](const std::wstring& path) {
+    return my::KindIfKnown(m_context.ports.engine.files, path) != my::PathKind::Folder;
+  });
+  if (paths.empty()) throw my::CException(IDS_PASTE_NO_FOLDER);
+  AddFolders(m_context, m_kind, paths);
 }
 
 void CListEdit::SelectAll() {

@@ -1,5 +1,8 @@
 #include "app/password.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "app/command.h"
 #include "app/messenger.h"
 #include "app/windows.h"
@@ -17,8 +20,9 @@ std::string HashPassword(const my::IHash& hash, std::wstring_view password) {
   return hash.Md5(utf8);
 }
 
-CPasswordEntry::CPasswordEntry(const CArchiveSetting& setting, const my::IHash& hash, my::CMsg& messenger)
-    : m_setting(setting), m_hash(hash), m_messenger(messenger) {}
+CPasswordEntry::CPasswordEntry(const CArchiveSetting& setting, const my::IHash& hash, my::CMsg& messenger,
+                               CTaskDsts dsts)
+    : m_setting(setting), m_hash(hash), m_messenger(messenger), m_dsts(std::move(dsts)) {}
 
 CPasswordEntry::~CPasswordEntry() {
   my::Wipe(m_setting.password);
@@ -42,9 +46,19 @@ bool CPasswordEntry::Accept(const std::wstring& password, bool hide) {
   return true;
 }
 
-bool AskPassword(CAppContext& context, CArchiveSetting& runCopy) {
+CTaskDsts PasswordDsts(const std::vector<CTaskPtr>& tasks) {
+  CTaskDsts dsts;
+  for (const CTaskPtr& task : tasks) {
+    for (const CDstPtr& dst : task->dsts) {
+      if (NeedsPassword(dst->type) && std::ranges::count(dsts, dst) == 0) dsts.push_back(dst);
+    }
+  }
+  return dsts;
+}
+
+bool AskPassword(CAppContext& context, CArchiveSetting& runCopy, CTaskDsts dsts) {
   if (runCopy.password.empty()) {
-    CPasswordEntry entry(runCopy, context.ports.hash, context.messenger);
+    CPasswordEntry entry(runCopy, context.ports.hash, context.messenger, std::move(dsts));
     if (!context.dialogs.AskPassword(entry)) return false;
     if (entry.Failure()) throw my::CException(*entry.Failure());
     runCopy = entry.Setting();

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "document/task.h"
 #include "settings/settings.h"
 #include "support/exception.h"
 
@@ -24,12 +25,14 @@ std::string HashPassword(const my::IHash& hash, std::wstring_view password);
 // copy.
 class CPasswordEntry {
  public:
-  CPasswordEntry(const CArchiveSetting& setting, const my::IHash& hash, my::CMsg& messenger);
+  CPasswordEntry(const CArchiveSetting& setting, const my::IHash& hash, my::CMsg& messenger,
+                 CTaskDsts dsts = {});
   CPasswordEntry(const CPasswordEntry&) = delete;
   CPasswordEntry& operator=(const CPasswordEntry&) = delete;
   ~CPasswordEntry();
 
   const CArchiveSetting& Setting() const { return m_setting; }
+  const CTaskDsts& Dsts() const { return m_dsts; }  // those that need the password
 
   // Called when the dialog is confirmed. Stores password and hide flag, and returns whether the dialog may
   // close: the user is asked about a password that differs from the last one. If the hash fails, returns true
@@ -43,13 +46,18 @@ class CPasswordEntry {
   CArchiveSetting m_setting;
   const my::IHash& m_hash;
   my::CMsg& m_messenger;
+  CTaskDsts m_dsts;
   std::optional<my::CException> m_failure;
 };
 
-// Ensures that the run's copy of the settings has a password, and asks for it if needed. Returns false if the
+// Returns the destinations of the tasks that need a password, each once.
+CTaskDsts PasswordDsts(const std::vector<CTaskPtr>& tasks);
+
+// Ensures that the run's copy of the settings has a password, and asks for it if needed; the dialog names the
+// destinations that need it. Returns false if the
 // user cancelled; nothing is changed then. Throws IDS_PASSWORD_BAD_CHARACTER for a stored password that
 // cannot be passed to the archiver, and what IHash::Md5 throws.
-bool AskPassword(CAppContext& context, CArchiveSetting& runCopy);
+bool AskPassword(CAppContext& context, CArchiveSetting& runCopy, CTaskDsts dsts);
 
 // Applies the archive settings of a settings page. The password is wiped unless it is stored or kept for the
 // session. Throws IDS_PASSWORD_BAD_CHARACTER.

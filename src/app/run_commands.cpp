@@ -4,12 +4,14 @@
 #include <boost/smart_ptr/make_shared.hpp>
 #include <iterator>
 
+#include "app/messenger.h"
 #include "app/password.h"
 #include "app/windows.h"
 #include "document/document.h"
 #include "engine/archiver_location.h"
 #include "engine/backup_thread.h"
 #include "engine/run_tick.h"
+#include "platform/message_texts.h"
 #include "settings/settings.h"
 #include "support/secret.h"
 #include "text_ids.h"
@@ -23,6 +25,18 @@ void Start(CAppContext& context, const std::vector<CBackupTaskPtr>& jobs, bool l
   context.window.ClearResults();
   context.run.Start(listOnly, powerOff);
   context.window.StartTimer(kRunTickMs);
+  context.window.ShowRunStatus();
+}
+
+// Returns IDS_NO_TASKS with what to do next.
+my::CException NoTasks(const CAppContext& context) {
+  const CDocument& document = context.document;
+  const uint32_t next = document.Tasks().empty()  ? IDS_NEXT_ADD_TASK
+                        : document.Dsts().empty() ? IDS_NO_TASKS_ADD_DST
+                                                  : IDS_NO_TASKS_CHECK_DST;
+  my::CException failure(IDS_NO_TASKS);
+  failure.SetWhere(context.ports.engine.texts.Text(next));
+  return failure;
 }
 
 }  // namespace
@@ -38,23 +52,38 @@ void CCommandExec::Execute(bool run) {
   std::vector<CTaskPtr> tasks;
   const auto isSelected = [](const CTaskPtr& task) { return !task->dsts.empty(); };
   std::ranges::copy_if(m_context.document.Tasks(), std::back_inserter(tasks), isSelected);
-  if (tasks.empty()) throw my::CException(IDS_NO_TASKS);
+  if (tasks.empty()) throw NoTasks(m_context);
   StartRun(tasks);
 }
 
 void CCommandExec::StartRun(const std::vector<CTaskPtr>& tasks) {
   CArchiveSetting archive = m_context.settings.archive;
   const my::CWipeAtEnd wipe(archive.password);
-  if (AnyDst(tasks, NeedsPassword) && !AskPassword(m_context, archive)) return;
-  if (archive.sevenZipPath.empty() && AnyDst(tasks, IsZip)) {
-    archive.sevenZipPath = FindArchiver(m_context.ports.engine.files, m_context.ports.folders);
-  }
+  if (AnyDst(tasks, IsZip) && !PrepareArchives(tasks, archive)) return;
   std::vector<CBackupTaskPtr> jobs;
   for (const CTaskPtr& task : tasks) {
     const CBackupJob job{*task, archive.sevenZipPath, archive.password};
     jobs.push_back(boost::make_shared<CBackupTask>(m_context.ports.engine, job));
   }
   Start(m_context, jobs, false, m_powerOff);
+}
+
+// Returns false if the user cancelled. A missing archiver is not refused, because the run may have other
+// destinations too.
+bool CCommandExec::PrepareArchives(const std::vector<CTaskPtr>& tasks, CArchiveSetting& archive) {
+  const CAppPorts& ports = m_context.ports;
+  const bool missing = IsArchiverMissing(ports.engine.files, ports.folders, archive.sevenZipPath);
+  if (missing && !m_context.messenger.Ask(IDS_ASK_NO_ARCHIVER)) return false;
+  if (AnyDst(tasks, NeedsPassword) && !AskPassword(m_context, archive, PasswordDsts(tasks))) return false;
+  if (archive.sevenZipPath.empty()) archive.sevenZipPath = FindArchiver(ports.engine.files, ports.folders);
+  return true;
+}
+
+void CCommandKeepPower::Execute(bool run) {
+  if (!m_context.run.WillPowerOff()) throw my::CException(IDS_NOT_RUNNING);
+  if (!run) return;
+  m_context.run.KeepPower();
+  m_context.window.ShowRunStatus();
 }
 
 void CCommandTaskTargets::Execute(bool run) {

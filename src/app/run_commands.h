@@ -17,8 +17,17 @@ class CCommandExec final : public CCommand {
 
  private:
   void StartRun(const std::vector<CTaskPtr>& tasks);
+  bool PrepareArchives(const std::vector<CTaskPtr>& tasks, CArchiveSetting& archive);
 
   bool m_powerOff;
+};
+
+// Takes back the power-off after the active run; the setting is unchanged. Throws IDS_NOT_RUNNING if none is
+// due.
+class CCommandKeepPower final : public CCommand {
+ public:
+  using CCommand::CCommand;
+  void Execute(bool run) override;
 };
 
 // Lists what the focused task would back up; transfers nothing.

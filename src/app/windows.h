@@ -140,6 +140,11 @@ class IClipboard {
   virtual void Set(const CClip& clip) = 0;
   virtual std::optional<std::string> Document() = 0;  // CClip::document; nullopt if there is none
   virtual bool HasDocument() const = 0;               // cheap to call
+
+  // What other programs have put there: files and folders, and text.
+  virtual std::vector<std::wstring> Paths() = 0;
+  virtual std::wstring Text() = 0;
+  virtual bool HasPathsOrText() const = 0;  // cheap to call
 };
 
 }  // namespace qlm

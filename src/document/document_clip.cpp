@@ -100,17 +100,23 @@ CRows PasteTasks(my::IXmlDom& dom, CDocument& document, std::string_view clip, s
   return rows;
 }
 
-CRows PasteDsts(my::IXmlDom& dom, CDocument& document, std::string_view clip, std::ptrdiff_t position) {
+CRows PasteDsts(my::IXmlDom& dom, CDocument& document, std::string_view clip, std::ptrdiff_t position,
+                const CRows& users) {
   const CContent pasted = ContentFromBytes(dom, clip);
   CRows rows;
-  document.Edit(IDS_EDIT_PASTE_DSTS, DocChangeEventFlags::CHNAGE_DSTS, [&](CContent& content) {
-    size_t to = InsertRow(position, content.dsts.size());
-    for (const CDstPtr& dst : pasted.dsts) {
-      if (TakeDst(content.dsts, *dst, to).isNew) rows.push_back(to++);
-    }
-    if (rows.empty() && !pasted.dsts.empty()) throw my::CException(IDS_DST_DUPLICATE);
-    return !rows.empty();
-  });
+  const auto dsts = DocChangeEventFlags::CHNAGE_DSTS;
+  document.Edit(IDS_EDIT_PASTE_DSTS, users.empty() ? dsts : dsts | DocChangeEventFlags::CHNAGE_TASKS,
+                [&](CContent& content) {
+                  size_t to = InsertRow(position, content.dsts.size());
+                  for (const CDstPtr& dst : pasted.dsts) {
+                    const CTaken taken = TakeDst(content.dsts, *dst, to);
+                    if (!taken.isNew) continue;
+                    AddUse(content, users, taken.dst);
+                    rows.push_back(to++);
+                  }
+                  if (rows.empty() && !pasted.dsts.empty()) throw my::CException(IDS_DST_DUPLICATE);
+                  return !rows.empty();
+                });
   return rows;
 }
 

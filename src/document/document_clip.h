@@ -29,9 +29,10 @@ CClip CopyDsts(my::IXmlDom& dom, const my::IMessageTexts& texts, const CDocument
 // or IDS_ID_NUMBERS_EXHAUSTED.
 CRows PasteTasks(my::IXmlDom& dom, CDocument& document, std::string_view clip, std::ptrdiff_t position);
 
-// Inserts the destinations of a clip that the document lacks, including those used by its tasks. One edit;
-// returns the new rows. Throws what ContentFromBytes throws, IDS_TOO_MANY_DSTS, or IDS_DST_DUPLICATE if the
-// document has them all.
-CRows PasteDsts(my::IXmlDom& dom, CDocument& document, std::string_view clip, std::ptrdiff_t position);
+// Inserts the destinations of a clip that the document lacks, including those used by its tasks, and makes
+// the tasks `users` use them. One edit; returns the new rows. Throws what ContentFromBytes throws,
+// IDS_TOO_MANY_DSTS, or IDS_DST_DUPLICATE if the document has them all.
+CRows PasteDsts(my::IXmlDom& dom, CDocument& document, std::string_view clip, std::ptrdiff_t position,
+                const CRows& users = {});
 
 }  // namespace qlm

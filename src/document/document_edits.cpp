@@ -9,7 +9,6 @@
 
 #include "document/document_limits.h"
 #include "support/exception.h"
-#include "support/paths.h"
 #include "text_ids.h"
 
 namespace qlm {
@@ -155,29 +154,14 @@ void SetTaskFilter(CDocument& document, size_t row, const std::wstring& filterPa
   });
 }
 
-size_t AddFolderTask(CDocument& document, std::ptrdiff_t position, const std::wstring& folderPath) {
-  CTask task;
-  task.id = FolderTaskId(document.Tasks(), folderPath);
-  task.path = folderPath;
-  return InsertTask(document, position, std::move(task));
-}
-
-std::wstring FolderTaskId(const CTasks& tasks, const std::wstring& folderPath) {
-  std::wstring_view path = folderPath;
-  while (!path.empty() && my::IsSeparator(path.back())) path.remove_suffix(1);
-  std::wstring id(my::LastComponent(path));
-  if (id.ends_with(L':')) id.pop_back();
-  const auto isBad = [](wchar_t c) { return kBadIdCharacters.find(c) != std::wstring_view::npos; };
-  std::replace_if(id.begin(), id.end(), isBad, L'_');
-  return tasks.FreeId(id);
-}
-
-size_t InsertDst(CDocument& document, std::ptrdiff_t position, CDst dst) {
+size_t InsertDst(CDocument& document, std::ptrdiff_t position, CDst dst, const CRows& users) {
   const size_t row = InsertRow(position, document.Dsts().size());
-  document.Edit(IDS_EDIT_ADD_DST, kDsts, [&](CContent& content) {
+  document.Edit(IDS_EDIT_ADD_DST, users.empty() ? kDsts : kDsts | kTasks, [&](CContent& content) {
     CheckDst(dst);
     CheckRoom(content.dsts);
-    content.dsts.Insert(position, boost::make_shared<CDst>(std::move(dst)));
+    const auto added = boost::make_shared<CDst>(std::move(dst));
+    content.dsts.Insert(position, added);
+    AddUse(content, users, added);
     return true;
   });
   return row;
@@ -223,12 +207,16 @@ CRows StepDsts(CDocument& document, const CRows& rows, Step step) {
 void SetUse(CDocument& document, const CRows& tasks, size_t dst, bool use) {
   document.Edit(IDS_EDIT_SET_USE, kTasks, [&](CContent& content) {
     const CDstPtr& object = content.dsts[dst];
-    return ChangeTasks(content.tasks, tasks, [&](CTask& task) {
-      if (!use) return std::erase(task.dsts, object) != 0;
-      if (Uses(task, object)) return false;
-      task.dsts.push_back(object);
-      return true;
-    });
+    if (use) return AddUse(content, tasks, object);
+    return ChangeTasks(content.tasks, tasks, [&](CTask& task) { return std::erase(task.dsts, object) != 0; });
+  });
+}
+
+bool AddUse(CContent& content, const CRows& tasks, const CDstPtr& dst) {
+  return ChangeTasks(content.tasks, tasks, [&dst](CTask& task) {
+    if (Uses(task, dst)) return false;
+    task.dsts.push_back(dst);
+    return true;
   });
 }
 

@@ -36,18 +36,11 @@ CRows StepTasks(CDocument& document, const CRows& rows, Step step);
 
 void SetTaskFilter(CDocument& document, size_t row, const std::wstring& filterPath);
 
-// Inserts a task for a folder, named after it. Returns its row. Throws IDS_PATH_EMPTY, or IDS_ID_EMPTY for a
-// path without a name.
-size_t AddFolderTask(CDocument& document, std::ptrdiff_t position, const std::wstring& folderPath);
-
-// Returns the ID that AddFolderTask would use: "Docs" for "D:\Docs\", "C" for "C:\", made free with a number.
-std::wstring FolderTaskId(const CTasks& tasks, const std::wstring& folderPath);
-
 // --- destinations ---
 
-// Returns the row of the new destination. Throws what CheckDst throws, IDS_TOO_MANY_DSTS or
-// IDS_DST_DUPLICATE.
-size_t InsertDst(CDocument& document, std::ptrdiff_t position, CDst dst);
+// Returns the row of the new destination, which the tasks `users` then use. Throws what CheckDst throws,
+// IDS_TOO_MANY_DSTS or IDS_DST_DUPLICATE.
+size_t InsertDst(CDocument& document, std::ptrdiff_t position, CDst dst, const CRows& users = {});
 
 // Tasks that use the destination use the new one afterwards. Throws what CheckDst throws, or
 // IDS_DST_DUPLICATE. An equal destination is not an edit.
@@ -63,6 +56,10 @@ CRows StepDsts(CDocument& document, const CRows& rows, Step step);
 
 // A destination is added after those that the task already has.
 void SetUse(CDocument& document, const CRows& tasks, size_t dst, bool use);
+
+// Makes the tasks use a destination of the list. For the function passed to CDocument::Edit. Returns whether
+// a task was changed.
+bool AddUse(CContent& content, const CRows& tasks, const CDstPtr& dst);
 
 // Returns the use of every destination in the list; DstUse::None if there are no tasks.
 std::vector<DstUse> UsesOf(const CContent& content, const CRows& tasks);

@@ -25,4 +25,9 @@ std::wstring FindArchiver(my::IFileSystem& files, const my::IKnownFolders& folde
   return {};
 }
 
+bool IsArchiverMissing(my::IFileSystem& files, const my::IKnownFolders& folders, const std::wstring& path) {
+  if (path.empty()) return FindArchiver(files, folders).empty();
+  return !my::IsOnNetwork(path) && my::KindIfKnown(files, path) != my::PathKind::File;
+}
+
 }  // namespace qlm

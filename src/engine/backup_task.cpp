@@ -90,10 +90,22 @@ void CBackupTask::LoadFilter() {
 void CBackupTask::ListTargets() {
   auto targets = boost::make_shared<CTargets>(m_filter);
   m_targets = targets;
-  ListSource(m_ports.files, *m_filter, m_stop, m_task->path, *targets);
+  const auto unreadable = ListSource(m_ports.files, *m_filter, m_stop, m_task->path, *targets);
   LastRow().targets = targets;  // set now, so that a run that ends here shows what the filter excluded
   m_newest = NewestWriteTime(*m_targets);
-  if (!m_newest) throw my::CException(IDS_NO_FILES);
+  if (!m_newest) ThrowNoFiles(unreadable);
+}
+
+// Throws IDS_NO_FILES. Without the reason a missing or unreadable source would look like an empty one.
+void CBackupTask::ThrowNoFiles(const std::optional<my::CException>& unreadable) const {
+  if (!unreadable) throw my::CException(IDS_NO_FILES);
+  const my::CSystemError error = unreadable->SystemError();
+  my::CException failure(IDS_NO_FILES, {error});
+  if (error.Is(my::kErrorFileNotFound) || error.Is(my::kErrorPathNotFound))
+    failure.SetReason(my::CTextId{IDS_TASK_NO_SOURCE, {m_task->path}});
+  else
+    failure.SetReason(my::MakeErrorText(m_ports.texts, *unreadable));
+  throw failure;
 }
 
 // Fills the last row for the given destinations with the results of the listing.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <boost/smart_ptr/shared_ptr.hpp>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -79,6 +80,7 @@ class CBackupTask : public my::CTask<CBackupTask, CBackupTaskClient, my::CSimple
   void MainRun();
   void LoadFilter();
   void ListTargets();
+  [[noreturn]] void ThrowNoFiles(const std::optional<my::CException>& unreadable) const;
   void FillRow(const CTaskDsts& dsts);
   std::wstring DestinationPath(const CResult& row) const;
   void CheckDestinationNames() const;

@@ -58,7 +58,11 @@ class CBackupThread : private CBackupTaskClient {
   RunState State() const { return m_state; }
   bool IsActive() const;
   bool IsListOnly() const { return m_listOnly; }  // of the last run
-  size_t Total() const { return m_total; }        // number of rows if all jobs run to their end
+
+  // Returns whether OnPowerOff follows if the active run ends without errors and is not stopped.
+  bool WillPowerOff() const { return m_state == RunState::Running && m_powerOff; }
+  void KeepPower() { m_powerOff = false; }  // for the active run
+  size_t Total() const { return m_total; }  // number of rows if all jobs run to their end
   size_t RowCount() const { return m_rowCount; }
   bool HasErrors() const;
   uint64_t ElapsedMs() const { return m_currentTick - m_startTick; }

@@ -28,8 +28,11 @@ class CListing {
     try {
       find = m_files.Find(folder);
     } catch (const my::CException& failure) {
-      // An unreadable source folder is reported otherwise: no files are found in it.
-      if (m_path.empty() || IsGuardedLink(attributes, failure)) return;
+      if (m_path.empty()) {
+        m_sourceFailure = failure;
+        return;
+      }
+      if (IsGuardedLink(attributes, failure)) return;
       return NoteUnlisted(failure.SystemError());
     }
     my::CFindData entry;
@@ -38,6 +41,8 @@ class CListing {
       AddEntry(entry);
     }
   }
+
+  const std::optional<my::CException>& SourceFailure() const { return m_sourceFailure; }
 
  private:
   // Every user folder has junctions such as "My Music" to other user folders. They deny listing to everybody,
@@ -75,14 +80,18 @@ class CListing {
   const std::wstring& m_source;
   CTargets& m_targets;
   std::wstring m_path;
+  std::optional<my::CException> m_sourceFailure;
   my::CRegexMatch m_scratch;
 };
 
 }  // namespace
 
-void ListSource(my::IFileSystem& files, const CFilter& filter, const my::IStopQuery* stop,
-                const std::wstring& source, CTargets& targets) {
-  CListing(files, filter, stop, source, targets).ListFolder(0);
+std::optional<my::CException> ListSource(my::IFileSystem& files, const CFilter& filter,
+                                         const my::IStopQuery* stop, const std::wstring& source,
+                                         CTargets& targets) {
+  CListing listing(files, filter, stop, source, targets);
+  listing.ListFolder(0);
+  return listing.SourceFailure();
 }
 
 }  // namespace qlm

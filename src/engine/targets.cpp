@@ -34,6 +34,7 @@ CTargetCounts CountTargets(const CTargets& targets) {
   for (const CTarget& target : targets) {
     if (target.IsCountedFile()) ++counts.counted;
     if (target.IsExcluded()) ++counts.excluded;
+    if (target.IsFolder() && !target.IsExcluded()) ++counts.folders;
   }
   return counts;
 }

@@ -35,6 +35,8 @@ std::wstring MakeText(const IMessageTexts& texts, uint32_t id, std::span<const C
 
 std::wstring MakeErrorText(const IMessageTexts& texts, const CException& failure) {
   std::wstring text = MakeText(texts, failure.Id(), failure.Args());
+  const std::wstring reason = ArgText(texts, failure.Reason());
+  if (!reason.empty()) text.insert(0, reason + L"\n\n");
   const std::wstring where = ArgText(texts, failure.Where());
   if (!where.empty() && text.find(where) == text.npos) text.append(L"\n\n").append(where);
   return text;

@@ -32,7 +32,7 @@ void AddOptions(CLI::App& app, COptions& options, CRawOptions& raw) {
   app.add_flag("--test", options.listOnly, "一覧と転送先パスの計算だけを行い、何も作成しません");
   app.add_flag("--json", options.json, "結果を 1 行 1 個の JSON オブジェクトで出力します (UTF-8)");
   app.add_flag("--quiet", options.quiet, "エラーになった結果だけを表示します");
-  app.add_option("--7z", raw.archiver, "7z.exe のパス（省略時は設定ファイルの値）")->option_text("PATH");
+  app.add_option("--7z", raw.archiver, "7z.exe の場所（省略時は設定ファイルの値）")->option_text("PATH");
   app.add_option("--settings", raw.settings, "使用する設定ファイル（省略時はユーザーの設定）")
       ->option_text("FILE");
   app.add_flag("--password-stdin", options.passwordStdin,

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "engine/remedy.h"
 #include "platform/console.h"
 #include "platform/message_texts.h"
 #include "support/strings.h"
@@ -14,8 +15,8 @@ constexpr auto kOutput = my::IConsole::Stream::Output;
 
 std::wstring CountsText(const my::IMessageTexts& texts, const CTargets& targets) {
   const CTargetCounts counts = CountTargets(targets);
-  const my::CMsgArg args[] = {std::to_wstring(targets.size()), std::to_wstring(counts.counted),
-                              std::to_wstring(counts.excluded)};
+  const my::CMsgArg args[] = {std::to_wstring(targets.size()), std::to_wstring(counts.folders),
+                              std::to_wstring(counts.counted), std::to_wstring(counts.excluded)};
   return my::MakeText(texts, IDS_COUNTS, args);
 }
 
@@ -37,6 +38,7 @@ class CTextOutput : public IRunOutput {
     if (counts && row.targets->size() != 0) line += L" | " + CountsText(m_texts, *row.targets);
     ClearProgress();
     m_console.Write(kOutput, line + L"\n");
+    if (row.error) m_console.Write(kOutput, L"    " + RemedyLine(m_texts, row.error) + L"\n");
   }
 
   void Progress(const CRunStatus& status) override {
@@ -94,6 +96,7 @@ class CJsonOutput : public IRunOutput {
            {"phase", row.phase},
            {"message", my::Utf8FromWide(ResultText(m_texts, row))},
            {"error", row.error.code},
+           {"remedy", my::Utf8FromWide(RemedyLine(m_texts, row.error))},
            {"newest", IsoTime(row.newestWriteTime)},
            {"entries", row.targets->size()},
            {"counted", counts.counted},

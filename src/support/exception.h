@@ -73,12 +73,17 @@ class CException : public std::exception {
   const std::wstring& Where() const { return m_where; }
   void SetWhere(std::wstring where) { m_where = std::move(where); }
 
+  // A text to show before the message: the reason that the message does not give.
+  const CMsgArg& Reason() const { return m_reason; }
+  void SetReason(CMsgArg reason) { m_reason = std::move(reason); }
+
   const char* what() const noexcept override { return m_what.c_str(); }
 
  private:
   uint32_t m_id;
   std::vector<CMsgArg> m_args;
   std::wstring m_where;
+  CMsgArg m_reason;
   std::string m_what;
 };
 

@@ -13,6 +13,11 @@ constexpr bool IsSeparator(wchar_t c) {
   return c == L'\\' || c == L'/';
 }
 
+// Returns whether the path is that of a share: "\\server\share".
+constexpr bool IsOnNetwork(std::wstring_view path) {
+  return path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1]);
+}
+
 // Returns `folder` and `name` with exactly one separator between them; `name` alone if the folder is empty.
 std::wstring JoinPath(std::wstring_view folder, std::wstring_view name);
 

@@ -118,6 +118,7 @@ TEST_F(Design, text_is_readable_on_every_brush_and_character) {
     design.bkBrushType = static_cast<BrushType>(i % 8);
     design.bkImgType = static_cast<BkImgType>(i);
     background.SetDesign(design);
+    background.Draw(copy.Dc(), view.Hwnd(), {0, 0, 400, 300});
     background.DrawShade(copy.Dc(), view.Hwnd(), {0, 0, 400, 300});
     ::GdiFlush();
     const my::CListLook calm = StateLook(a.app->Settings().ui, ResultState::NotUpdated);
@@ -144,6 +145,26 @@ TEST_F(Design, high_contrast_overrides_the_design) {
   EXPECT_EQ(PixelsOf(ViewOfApp()), designed);
 }
 
+TEST_F(Design, character_makes_room_for_new_rows) {
+  view.CreateIn(frame);
+  ::MoveWindow(view.Hwnd(), 0, 0, 900, 600, FALSE);
+  CDesignSetting design;
+  Show(design);
+  PixelsOf(view.Hwnd());
+  for (int i = 0; i < 6; ++i) a.AddDst(L"D:\\" + std::to_wstring(i));
+  view.OnDocumentChanged(DocChangeEventFlags::CHNAGE_DSTS);
+  const HWND list = view.Dsts().List().Hwnd();
+  RECT last{};
+  ListView_GetItemRect(list, 5, &last, LVIR_BOUNDS);
+  const auto rows = static_cast<ptrdiff_t>(last.bottom * test::Size(list).cx);
+  const CPixels shown = PixelsOf(list);
+  design.bkImgType = BkImgType::NONE;
+  Show(design);
+  const CPixels bare = PixelsOf(list);
+  EXPECT_NE(shown, bare) << "the character is shown below the rows";
+  EXPECT_TRUE(std::equal(shown.begin(), shown.begin() + rows, bare.begin())) << "and not behind them";
+}
+
 TEST_F(Design, background_does_not_move_with_rows_and_panes) {
   for (int i = 0; i < 60; ++i) a.AddTask(std::to_wstring(i), L"");
   view.CreateIn(frame);
@@ -160,7 +181,7 @@ TEST_F(Design, background_does_not_move_with_rows_and_panes) {
     const CPixels all = PixelsOf(list);
     const auto width = static_cast<size_t>(test::Size(list).cx);
     CPixels part;
-    for (size_t row = 40; row < 200; ++row)
+    for (size_t row = 40; row < 240; ++row)
       part.insert(part.end(), all.begin() + static_cast<ptrdiff_t>(row * width + 600),
                   all.begin() + static_cast<ptrdiff_t>(row * width + 700));
     return part;

@@ -115,6 +115,8 @@ TEST_F(EditDialogs, pattern_extension_follows_the_type_and_the_name_is_previewed
   const CDst old = *document.Dsts()[0];
   CDstDialog dialog(context, old, [this](const CDst& dst) { ReplaceDst(document, 0, dst); });
   dialog.CreateModeless(nullptr, loop);
+  files.AddFile(L"C:\\7z.exe", "MZ");
+  context.settings.archive.sevenZipPath = L"C:\\7z.exe";
   dialog.SetItemText(IDC_DST_PATTERN, L"a.b_<ID>_");
   Choose(dialog, DstType::PASSWORD_ZIP);
   EXPECT_EQ(dialog.ItemText(IDC_DST_PATTERN), L"a.zip");
@@ -148,6 +150,23 @@ TEST_F(EditDialogs, pattern_extension_follows_the_type_and_the_name_is_previewed
   Click(dialog, IDOK);
   EXPECT_EQ(*document.Dsts()[0], (CDst{L"E:\\", DstType::FOLDER, L"x"}));
   EXPECT_EQ(document.Tasks()[0]->dsts[1], document.Dsts()[0]);
+}
+
+TEST_F(EditDialogs, missing_archiver_is_reported_for_archives_and_can_be_set) {
+  CDstDialog dialog(context, {}, [](const CDst&) {});
+  dialog.CreateModeless(nullptr, loop);
+  const auto offered = [&] { return ::IsWindowVisible(dialog.Item(IDC_DST_SETTINGS)) != FALSE; };
+  EXPECT_FALSE(offered());
+  Choose(dialog, DstType::ZIP);
+  EXPECT_TRUE(offered());
+  EXPECT_NE(dialog.ItemText(IDC_DST_NOTE).find(texts.Text(IDS_DST_NO_ARCHIVER)), std::wstring::npos);
+  ::SetFocus(dialog.Item(IDC_DST_SETTINGS));
+  context.settings.archive.sevenZipPath = L"C:\\7z.exe";
+  files.AddFile(L"C:\\7z.exe", "MZ");
+  Click(dialog, IDC_DST_SETTINGS);
+  EXPECT_EQ(dialogs.settingsPages, std::vector<bool>{false});
+  EXPECT_FALSE(offered());
+  EXPECT_TRUE(HasFocus(dialog, IDC_DST_TYPE));
 }
 
 }  // namespace

@@ -67,17 +67,17 @@ TEST_F(ListDialogs, filter_check_shows_the_deciding_line_and_opens_an_editor) {
   dialog.CreateModeless(nullptr, loop);
   EXPECT_EQ(dialog.ItemText(IDC_FILTER_STATUS), L"4 行、エラー 1 件");
   Type(dialog.Hwnd(), IDC_FILTER_PATH, L"docs/a.bak");
-  EXPECT_EQ(dialog.ItemText(IDC_FILTER_DECISION), L"2 行目により除外されます");
+  EXPECT_EQ(dialog.ItemText(IDC_FILTER_DECISION), L"2 行目の規則により除外されます");
   EXPECT_EQ(Selected(dialog.Item(IDC_FILTER_LINES)), 1);
   Type(dialog.Hwnd(), IDC_FILTER_PATH, L"c:\\SRC\\docs\\a.txt");
-  EXPECT_EQ(dialog.ItemText(IDC_FILTER_DECISION), L"3 行目により対象になります");
+  EXPECT_EQ(dialog.ItemText(IDC_FILTER_DECISION), L"3 行目の規則により対象になります");
   Type(dialog.Hwnd(), IDC_FILTER_PATH, L"else");
   EXPECT_EQ(dialog.ItemText(IDC_FILTER_DECISION), texts.Text(IDS_FILTER_NO_MATCH));
   EXPECT_EQ(Selected(dialog.Item(IDC_FILTER_LINES)), -1);
 
   files.AddFile(L"C:\\work.flt", "- else");
   PressKey(dialog.Item(IDC_FILTER_PATH), VK_F5);
-  EXPECT_EQ(dialog.ItemText(IDC_FILTER_DECISION), L"1 行目により除外されます");
+  EXPECT_EQ(dialog.ItemText(IDC_FILTER_DECISION), L"1 行目の規則により除外されます");
   files.Remove(L"C:\\work.flt");
   Click(dialog.Hwnd(), IDC_FILTER_RELOAD);
   EXPECT_NE(dialog.ItemText(IDC_FILTER_STATUS).find(L"work.flt"), std::wstring::npos);
@@ -190,6 +190,24 @@ TEST_F(ListDialogs, results_follow_a_run_and_can_be_opened_and_saved) {
   ::SetTimer(dialog.Hwnd(), 1, 20, CloseTargets);
   PressKey(list, VK_RETURN);
   EXPECT_TRUE(::IsWindowEnabled(owner.Hwnd()));
+}
+
+TEST_F(ListDialogs, remedy_of_the_focused_error_is_shown) {
+  const auto failed = boost::make_shared<CResult>(*MakeResult());
+  failed->phase = Phase::Listed;
+  failed->error = {IDS_TARGET_IS_FILE, 0, L"taken"};
+  rows.ShowResults(0, {MakeResult(), failed});
+  CResultDialog dialog(context, rows);
+  dialog.CreateModeless(nullptr, loop);
+  const std::wstring remedy = L"対処: " + texts.Text(IDS_REMEDY_TARGET_TAKEN);
+  EXPECT_EQ(dialog.ItemText(IDC_RESULT_REMEDY), remedy) << "of the first error";
+  test::FocusRow(dialog.Item(IDC_RESULT_LIST), 0);
+  EXPECT_EQ(dialog.ItemText(IDC_RESULT_REMEDY), L"");
+  wchar_t text[1024] = L"label";
+  NMLVGETINFOTIPW tip{
+      {dialog.Item(IDC_RESULT_LIST), IDC_RESULT_LIST, LVN_GETINFOTIPW}, 0, text, 1024, 1, 0, 0};
+  ::SendMessageW(dialog.Hwnd(), WM_NOTIFY, IDC_RESULT_LIST, reinterpret_cast<LPARAM>(&tip));
+  EXPECT_EQ(text, rows.Tip(1));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <set>
 
 #include "gui/gui_app.h"
+#include "support/fake_windows.h"
 #include "support/strings.h"
 #include "ui/framework/shortcuts.h"
 #include "ui/framework/window_placement.h"
@@ -194,7 +195,17 @@ TEST(MainFrame, usage_page_and_pictures_are_next_to_the_program) {
   EXPECT_GT(pictures, 0u);
 }
 
-TEST(MainFrame, file_is_dropped_on_the_row_below_the_pointer) {
+HGLOBAL MakeDrop(const std::wstring& path, POINT at) {
+  const size_t bytes = sizeof(DROPFILES) + (path.size() + 2) * sizeof(wchar_t);
+  const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, bytes);
+  auto* files = static_cast<DROPFILES*>(::GlobalLock(memory));
+  *files = {sizeof(DROPFILES), at, FALSE, TRUE};
+  std::copy(path.begin(), path.end(), reinterpret_cast<wchar_t*>(files + 1));
+  ::GlobalUnlock(memory);
+  return memory;
+}
+
+TEST(MainFrame, file_is_dropped_on_what_is_below_the_pointer) {
   CGuiApp a;
   for (const wchar_t* id : {L"a", L"b"}) a.AddTask(id, L"C:\\a");
   const HWND list = a.List(IDC_TASK_LIST);
@@ -203,18 +214,47 @@ TEST(MainFrame, file_is_dropped_on_the_row_below_the_pointer) {
   POINT at{row.left + 2, row.top + 2};
   ::MapWindowPoints(list, a.frame->Hwnd(), &at, 1);
   const auto drop = [&](const std::wstring& path) {
-    const size_t bytes = sizeof(DROPFILES) + (path.size() + 2) * sizeof(wchar_t);
-    const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, bytes);
-    auto* files = static_cast<DROPFILES*>(::GlobalLock(memory));
-    *files = {sizeof(DROPFILES), at, FALSE, TRUE};
-    std::copy(path.begin(), path.end(), reinterpret_cast<wchar_t*>(files + 1));
-    ::GlobalUnlock(memory);
+    const HGLOBAL memory = MakeDrop(path, at);
     ::SendMessageW(a.frame->Hwnd(), WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
   };
   drop(L"C:\\x.FLT");
   ::EnableWindow(a.frame->Hwnd(), FALSE);  // as a modal dialog does
   drop(L"C:\\y.FLT");
   EXPECT_EQ(a.Cell(IDC_TASK_LIST, 1, 2), L"C:\\x.FLT");
+  ::EnableWindow(a.frame->Hwnd(), TRUE);
+  at = {2, 2};
+  ::MapWindowPoints(::GetParent(a.List(IDC_DST_LIST)), a.frame->Hwnd(), &at, 1);
+  drop(a.scratch.path);
+  EXPECT_EQ(a.Cell(IDC_DST_LIST, 0, 1), a.scratch.path);
+
+  a.Select(IDC_TASK_LIST, {1});
+  ::OpenClipboard(a.frame->Hwnd());
+  ::EmptyClipboard();
+  ::SetClipboardData(CF_HDROP, MakeDrop(a.scratch.path, {}));
+  ::CloseClipboard();
+  a.Do(ID_PASTE);
+  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 2, 1), a.scratch.path);
+}
+
+TEST(MainFrame, power_off_is_shown_during_the_run_and_one_click_takes_it_back) {
+  test::CManualThreads manual;
+  CGuiApp a;
+  a.worker = &manual;
+  a.Start();
+  a.AddDst(a.scratch.At(L"backup"));
+  a.AddTask(L"a", a.scratch.path);
+  SetUse(a.app->Document(), {0}, 0, true);
+  a.app->Settings().ui.powerOffType = PowerOffType::SLEEP;
+  const HWND button = ::GetDlgItem(a.frame->Hwnd(), ID_KEEP_POWER);
+  EXPECT_FALSE(::IsWindowVisible(button));
+  a.Do(ID_RUN_POWER_OFF);
+  EXPECT_EQ(test::TextOf(button), L"終了後: スリープ（取り消す）");
+  EXPECT_TRUE(::IsWindowVisible(button));
+  ::SetFocus(button);
+  ::SendMessageW(button, BM_CLICK, 0, 0);
+  EXPECT_FALSE(::IsWindowVisible(button) || a.app->Run().WillPowerOff());
+  EXPECT_EQ(::GetFocus(), a.List(IDC_TASK_LIST));
+  manual.Work();
 }
 
 }  // namespace

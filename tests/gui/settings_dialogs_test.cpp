@@ -39,9 +39,13 @@ struct SettingsDialogs : testing::Test, test::CDialogApp {
 };
 
 TEST_F(SettingsDialogs, password_is_masked_and_accepted_only_if_not_empty) {
-  CPasswordEntry entry(Archive(), hash, Context().messenger);
+  const auto dst = boost::make_shared<CDst>(CDst{L"D:\\z", DstType::PASSWORD_ZIP, L"<ID>.zip"});
+  CPasswordEntry entry(Archive(), hash, Context().messenger, {dst, dst});
   CPasswordDlg dialog(Context(), entry);
   dialog.CreateModeless(nullptr, loop);
+  const std::wstring line = L"D:\\z\\<ID>.zip - パスワード付き zip（ZipCrypto）";
+  EXPECT_EQ(dialog.ItemText(IDC_PASSWORD_DSTS), line + L"\r\n" + line);
+  EXPECT_EQ(::GetFocus(), dialog.Item(IDC_PASSWORD));
   const auto mask = [&] { return ::SendMessageW(dialog.Item(IDC_PASSWORD), EM_GETPASSWORDCHAR, 0, 0); };
   EXPECT_NE(mask(), 0);
   Click(dialog.Hwnd(), IDC_HIDE_PASSWORD);

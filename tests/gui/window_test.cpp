@@ -64,7 +64,7 @@ TEST(MessageLoop, moves_the_focus_in_modeless_dialogs) {
   EXPECT_EQ(::GetFocus(), dialog.Item(IDC_COMBO));
 }
 
-TEST(Splitter, bar_follows_mouse_and_keys_and_upper_pane_keeps_its_height) {
+TEST(Splitter, bar_follows_mouse_and_keys_and_panes_keep_their_shares) {
   CWindow frame;
   CWindowParams params;
   params.width = 300;
@@ -83,10 +83,12 @@ TEST(Splitter, bar_follows_mouse_and_keys_and_upper_pane_keeps_its_height) {
   splitter.SetPanes(upper.Hwnd(), lower.Hwnd());
   EXPECT_EQ(test::Size(upper.Hwnd()).cy, 100);
   EXPECT_EQ(test::Size(lower.Hwnd()).cy, 195);
+  test::Resize(splitter.Hwnd(), 200, 595);
+  EXPECT_EQ(test::Size(upper.Hwnd()).cy, 200);
   test::Resize(splitter.Hwnd(), 200, 80);
-  EXPECT_LT(test::Size(upper.Hwnd()).cy, 60);
+  EXPECT_EQ(test::Size(upper.Hwnd()).cy, 37) << "half of what is left beside the bar";
   test::Resize(splitter.Hwnd(), 200, 400);
-  EXPECT_EQ(test::Size(upper.Hwnd()).cy, 100);
+  splitter.SetUpper(100);
 
   int moved = 0;
   splitter.onMoved = [&] { ++moved; };
@@ -104,9 +106,9 @@ TEST(Splitter, bar_follows_mouse_and_keys_and_upper_pane_keeps_its_height) {
   EXPECT_EQ(moved, 2);
   test::PressKey(splitter.Bar(), VK_END);
   EXPECT_EQ(test::Bounds(lower.Hwnd()).top, test::Bounds(splitter.Bar()).bottom);
-  EXPECT_EQ(test::Size(lower.Hwnd()).cy, 24);
+  EXPECT_EQ(test::Size(lower.Hwnd()).cy, 96);
   test::PressKey(splitter.Bar(), VK_HOME);
-  EXPECT_EQ(test::Size(upper.Hwnd()).cy, 24);
+  EXPECT_EQ(test::Size(upper.Hwnd()).cy, 96);
 }
 
 }  // namespace

@@ -182,6 +182,14 @@ TEST(Background, translucent_tiles_cover_the_whole_view) {
   EXPECT_EQ(pixels[6], 0xFF00FF00U);
 }
 
+TEST(Background, difference_covers_all_changed_pixels) {
+  const std::vector<my::CPixel> pixels(6 * 5, 0xFF123456U);
+  std::vector<my::CPixel> others = pixels;
+  EXPECT_EQ(Difference(pixels, others, 6), my::CRect());
+  others[1 * 6 + 3] = others[3 * 6 + 1] = others[3 * 6 + 4] = 0;
+  EXPECT_EQ(Difference(pixels, others, 6), (my::CRect{1, 1, 5, 4}));
+}
+
 TEST(NextStep, leads_from_an_empty_document_to_the_run) {
   CDocument document;
   EXPECT_EQ(NextStep(document, {}, false), uint32_t{IDS_NEXT_ADD_TASK});

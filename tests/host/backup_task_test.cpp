@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "engine/remedy.h"
 #include "support/fake_ports.h"
 #include "support/memory_file_system.h"
 #include "support/names.h"
@@ -100,12 +101,21 @@ TEST_F(BackupTask, unchanged_source_is_skipped) {
 TEST_F(BackupTask, source_without_files_to_back_up_fails_before_any_destination) {
   AddDst(L"x");
   task.path = L"C:\\none";
-  EXPECT_EQ(Outcome(Run()), "LISTING/NO_FILES");
+  qlm::CResults rows = Run();
+  EXPECT_EQ(Outcome(rows), "LISTING/NO_FILES");
+  EXPECT_EQ(rows[0]->error.message,
+            L"転送元のフォルダーが見つかりません - C:\\none\n\n" + texts.Text(IDS_NO_FILES));
+  EXPECT_EQ(qlm::RemedyOf(rows[0]->error), uint32_t{IDS_REMEDY_NO_SOURCE});
   task.path = L"C:\\src";
+  files.FailAt(Op::FIND, 1, my::kErrorAccessDenied);
+  rows = Run();
+  EXPECT_TRUE(rows[0]->error.message.starts_with(L"フォルダーの内容を読み取れませんでした - "));
+  EXPECT_EQ(qlm::RemedyOf(rows[0]->error), uint32_t{IDS_REMEDY_ACCESS});
   task.filterPath = L"C:\\all.flt";
   files.AddFile(task.filterPath, "- [a-z]\\.txt$\n", kOlder);
-  const qlm::CResults rows = Run();
+  rows = Run();
   EXPECT_EQ(Outcome(rows), "LISTING/NO_FILES");
+  EXPECT_EQ(rows[0]->error.message, texts.Text(IDS_NO_FILES));
   EXPECT_EQ(qlm::CountTargets(*rows[0]->targets).excluded, kSource.size()) << "shows what excluded them";
   EXPECT_EQ(files.Kind(L"D:\\dst"), my::PathKind::None);
 }
@@ -315,6 +325,7 @@ TEST_F(BackupTaskFaults, every_failed_operation_is_reported_and_leaves_no_incomp
       if (!partial) ExpectFinalNamesComplete(where);
       for (size_t i = 0; i + 1 < rows.size(); ++i) EXPECT_EQ(rows[i]->error.code, 0u) << where;
       if (rows.back()->error) {
+        EXPECT_NE(qlm::RemedyOf(rows.back()->error), uint32_t{IDS_REMEDY_OTHER}) << where;
         EXPECT_EQ(files.Kind(rows.back()->destinationPath), my::PathKind::None) << where;
         for (size_t i = rows.size(); i < task.dsts.size(); ++i) {
           EXPECT_EQ(files.Kind(L"D:\\dst\\" + task.dsts[i]->pattern), my::PathKind::None) << where;

@@ -121,8 +121,31 @@ TEST_F(Commands, run_command_toggles_and_creates_a_job_per_task_with_destination
   content.tasks = {};
   content.tasks.Append(MakeTask(L"idle"));
   a.Fill(content);
+  const auto refusal = [this](uint32_t next) {
+    return L"エラー: " + a.Text(IDS_NO_TASKS) + L"\n\n" + a.Text(next) + L"\n";
+  };
   a.Do(ID_RUN);
-  EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(IDS_NO_TASKS) + L"\n");
+  EXPECT_EQ(a.TakeBoxes(), refusal(IDS_NO_TASKS_CHECK_DST));
+  a.Fill({});
+  a.Do(ID_RUN);
+  EXPECT_EQ(a.TakeBoxes(), refusal(IDS_NEXT_ADD_TASK));
+}
+
+TEST_F(Commands, missing_archiver_is_reported_before_the_password_is_asked_for) {
+  StartIn(RunState::NotRun);
+  CArchiveSetting& archive = a.app->Settings().archive;
+  archive.password.clear();
+  for (const wchar_t* path : {L"", L"C:\\7-Zip\\moved.exe"}) {
+    archive.sevenZipPath = path;
+    a.Do(ID_RUN);
+    EXPECT_EQ(a.TakeBoxes(), L"確認: " + a.Text(IDS_ASK_NO_ARCHIVER) + L"\n");
+    EXPECT_TRUE(a.dialogs.passwordDialogs == 0 && a.State() == RunState::NotRun) << "cancelled";
+  }
+  a.dialogs.buttons = {true};
+  a.dialogs.passwords = {L"pw"};
+  a.Do(ID_RUN);
+  EXPECT_EQ(a.dialogs.passwordDsts, (CTaskDsts{content.dsts[1]})) << "only those with a password";
+  a.EndRun();
 }
 
 TEST_F(Commands, test_run_lists_the_focused_task_and_asks_for_no_password) {
@@ -202,6 +225,13 @@ TEST_F(Commands, power_off_follows_only_a_requested_run_without_errors) {
   EXPECT_FALSE(powersOff(ID_RUN_POWER_OFF, true));
   EXPECT_TRUE(powersOff(ID_RUN_POWER_OFF));
   EXPECT_FALSE(powersOff(ID_RUN)) << "the request ends with its run";
+  a.Do(ID_RUN_POWER_OFF);
+  EXPECT_TRUE(a.app->IsEnabled(ID_KEEP_POWER));
+  a.power.calls.clear();
+  a.Do(ID_KEEP_POWER);
+  EXPECT_FALSE(a.app->IsEnabled(ID_KEEP_POWER));
+  a.EndRun();
+  EXPECT_TRUE(a.State() == RunState::Ended && a.power.calls.empty()) << "taken back during the run";
   a.Fill(content);
   EXPECT_FALSE(powersOff(ID_RUN_POWER_OFF)) << "unsaved edits are not lost without a question";
   EXPECT_EQ(a.TakeBoxes(), L"確認: " + a.Text(IDS_ASK_DISCARD) + L"\n");

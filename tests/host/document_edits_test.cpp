@@ -1,6 +1,7 @@
 #include "document/document_edits.h"
 #include "document/document_limits.h"
 #include "document/duplicate_items.h"
+#include "document/folder_items.h"
 
 #include <gtest/gtest.h>
 
@@ -75,9 +76,9 @@ TEST_F(DocumentEdits, copies_and_folder_tasks_get_free_names) {
   const std::pair<const wchar_t*, const wchar_t*> table[] = {
       {L"C:\\", L"C3"}, {L"E:\\", L"E2"}, {L"D:\\a b\\Docs\\", L"Docs"}, {L"\\\\srv\\x?y*", L"x_y_"}};
   for (const auto& [path, id] : table) {
-    EXPECT_EQ(document.Tasks()[AddFolderTask(document, 0, path)]->id, id);
+    EXPECT_EQ(document.Tasks()[AddFolderTasks(document, 0, {path}, {})[0]]->id, id);
   }
-  EXPECT_EQ(ThrownId([&] { AddFolderTask(document, 0, L"\\"); }), IDS_ID_EMPTY);
+  EXPECT_EQ(ThrownId([&] { AddFolderTasks(document, 0, {L"\\"}, {}); }), IDS_ID_EMPTY);
 
   ReplaceDst(document, 0, {L"a", DstType::ZIP, L"x.y\\<ID>.zip"});
   EXPECT_EQ(DuplicateDsts(document, {0, 1}), (CRows{2, 3}));
@@ -153,7 +154,7 @@ TEST_F(DocumentEdits, every_edit_can_be_undone_and_redone) {
   const CClip clip = CopyTasks(dom, document, {1, 2});
   const CRows two = {0, 1};
   const std::pair<uint32_t, std::function<void()>> kEdits[] = {
-      {IDS_EDIT_ADD_TASK, [&] { AddFolderTask(document, 1, L"C:\\n"); }},
+      {IDS_EDIT_ADD_TASK, [&] { AddFolderTasks(document, 1, {L"C:\\n"}, {}); }},
       {IDS_EDIT_ADD_DST, [&] { InsertDst(document, -1, {L"n"}); }},
       {IDS_EDIT_CHANGE_TASK, [&] { ReplaceTask(document, 0, Task(L"r", L"q")); }},
       {IDS_EDIT_CHANGE_DST, [&] { ReplaceDst(document, 0, {L"r"}); }},

@@ -82,13 +82,17 @@ TEST_F(EditCommands, dialogs_add_and_change_items) {
   tasks.selected = {0};
   a.dialogs.tasks = {{L"N", L"C:\\n", L"", {}}};
   EXPECT_EQ(After(ID_TASK_ADD), L"A[N]Bxy");
-  EXPECT_TRUE(a.dialogs.editedTask.dsts.empty()) << "there is a choice";
+  EXPECT_EQ(a.dialogs.editedTask.dsts, (CTaskDsts{document.Dsts()[1]})) << "those of the selected task";
   a.dialogs.tasks = {{L"C", L"C:\\c", L"", {}}};
   EXPECT_EQ(After(ID_TASK_EDIT), L"A[C]Bxy");
   EXPECT_EQ(a.dialogs.editedTask.id, L"N");
   a.dialogs.dsts = {{L"z"}, {L"w"}};
   EXPECT_EQ(After(ID_DST_ADD), L"A[C]Bxy[z]");
+  EXPECT_EQ(UseOf(document, {1}, 2), DstUse::All);
   EXPECT_EQ(After(ID_DST_EDIT), L"A[C]Bxy[w]");
+  tasks.selected = {2};
+  a.Do(ID_TASK_ADD);
+  EXPECT_TRUE(a.dialogs.editedTask.dsts.empty()) << "there is a choice";
   dsts.selected = {0, 1};
   a.dialogs.buttons = {true};
   a.Do(ID_DST_DELETE);
@@ -111,7 +115,7 @@ TEST_F(EditCommands, destination_is_used_by_all_selected_tasks_or_by_none) {
 TEST_F(EditCommands, rows_and_files_can_be_dropped) {
   CAppContext& context = a.app->Context();
   const auto drop = [&](const wchar_t* path, std::optional<size_t> row, bool append = true) {
-    return After(CCommandDrop(context, {path}, row, append));
+    return After(CCommandDrop(context, {path}, {ListKind::Tasks, row, append}));
   };
   tasks.selected = {0};
   dsts.selected = {1};
@@ -132,6 +136,35 @@ TEST_F(EditCommands, rows_and_files_can_be_dropped) {
   a.dialogs.buttons = {true};
   drop(L"C:\\d.qlmr", {}, false);
   EXPECT_FALSE(document.IsModified());
+}
+
+TEST_F(EditCommands, dropped_and_pasted_folders_are_one_edit_that_can_run_at_once) {
+  for (const wchar_t* folder : {L"C:\\n1", L"C:\\n2", L"D:\\o"}) a.files.CreateFolders(folder);
+  const std::vector<std::wstring> folders = {L"C:\\n1", L"C:\\n2"};
+  tasks.selected = {0};
+  EXPECT_EQ(After(CCommandDrop(a.app->Context(), folders, {})), L"A[n1][n2]Bxy");
+  EXPECT_EQ(document.Tasks()[2]->dsts, (CTaskDsts{document.Dsts()[1]})) << "those of the selected task";
+  EXPECT_EQ(After(CCommandDrop(a.app->Context(), folders, {ListKind::Dsts})),
+            L"A[n1][n2]Bxy[C:\\n1][C:\\n2]");
+  EXPECT_EQ(UseOf(document, {1, 2}, 3), DstUse::All);
+  EXPECT_EQ(*document.Dsts()[2], CDst{L"C:\\n1"}) << "type and name as in the dialog";
+  a.Do(ID_UNDO);
+  a.Do(ID_UNDO);
+  tasks.selected = {};
+  dsts.selected = {};
+  EXPECT_EQ(Shown(), L"ABxy") << "one step each";
+
+  a.Do(ID_PASTE);
+  EXPECT_EQ(a.TakeBoxes(), L"") << "there is nothing to paste";
+  a.clipboard.text = L"note\r\n\"C:\\n1\"\r\nC:\\none\r\nsrc";
+  EXPECT_EQ(After(ID_PASTE), L"AB[n1]xy");
+  a.clipboard.paths = {L"D:\\o"};
+  a.window.current = ListKind::Dsts;
+  EXPECT_EQ(After(ID_PASTE), L"AB[n1]xy[D:\\o]");
+  EXPECT_EQ(UseOf(document, {2}, 2), DstUse::All);
+  a.clipboard.paths = {L"C:\\src\\a.txt"};
+  a.Do(ID_PASTE);
+  EXPECT_EQ(a.TakeBoxes(), Error(IDS_PASTE_NO_FOLDER));
 }
 
 TEST_F(EditCommands, impossible_edits_are_disabled) {

@@ -62,8 +62,10 @@ TEST(Filter, invalid_line_has_an_error_and_matches_nothing) {
   EXPECT_TRUE(again.Items().size() == 1 && !again.HasErrors() && Deciding(again, L"b") == 0);
   EXPECT_EQ(Filter({L"+abc def/"}).Items()[0]->pattern, L"def/") << "the pattern as typed";
   EXPECT_NE(Filter({L"𠮷"}).FirstError()->error.message.find(L"(𠮷)"), std::wstring::npos);
-  EXPECT_EQ(Filter({L"- 𠮷(古[写真"}).FirstError()->error.message,
-            L"正規表現エラー: 括弧 ( ) や [ ] が対応していません（𠮷(古[写真）")
+  EXPECT_TRUE(
+      Filter({L"- 𠮷(古[写真"})
+          .FirstError()
+          ->error.message.starts_with(L"正規表現エラー: 括弧 ( ) や [ ] が対応していません（𠮷(古[写真）。"))
       << "the expression is shown as it was typed";
 }
 

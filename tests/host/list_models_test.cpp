@@ -95,6 +95,8 @@ TEST_F(ListModels, task_shows_destinations_preview_and_worst_state) {
   EXPECT_EQ(model.Look(0).color, setting.stateColors[3]) << "failed";
   EXPECT_TRUE(model.Look(0).alarm);
   EXPECT_EQ(model.Look(0).icon, static_cast<int>(ResultState::Failed));
+  EXPECT_EQ(model.Tip(0),
+            L"コピー処理中にエラーが発生しました: disk full\n対処: " + texts.Text(IDS_REMEDY_INTERNAL));
   EXPECT_FALSE(model.Look(0).grey);
   EXPECT_FALSE(model.Look(1).color);
   EXPECT_EQ(model.Look(1).icon, -1) << "has not run";
@@ -114,7 +116,7 @@ TEST_F(ListModels, check_boxes_show_the_use_by_the_selected_tasks) {
   EXPECT_EQ(model.CheckRemark(2), L"") << "screen readers know this state";
   InsertDst(document, -1, {L"new", DstType::AES_256_ZIP, L"<ID>.zip"});
   EXPECT_EQ(model.Check(3), ListCheck::Unchecked) << "before the refresh";
-  EXPECT_EQ(Line(model, 3), L"4|new|AES-256 zip|<ID>.zip|");
+  EXPECT_EQ(Line(model, 3), L"4|new|パスワード付き zip（AES-256）|<ID>.zip|");
 }
 
 TEST_F(ListModels, command_texts_follow_list_run_and_history) {
@@ -145,7 +147,7 @@ TEST_F(ListModels, results_replace_their_rows_and_are_exported_as_csv) {
   EXPECT_EQ(model.Look(1).color, setting.stateColors[2]);
   model.ShowResults(0, {Row(document.Tasks()[1], Phase::Copying, L"\"why\"")});
   EXPECT_EQ(model.Csv(),
-            "\xEF\xBB\xBFID,転送先パス,種類,最終更新日時,メッセージ\r\n"
+            "\xEF\xBB\xBFID,転送先パス,種類,元ファイルの最新日時,メッセージ\r\n"
             "B,\"D:\\x,y\",フォルダー,2016/03/05 16:04:09,"
             "\"コピー処理中にエラーが発生しました: \"\"why\"\"\"\r\n"
             "=1+1,\"D:\\x,y\",,2016/03/05 16:04:09,正常終了 - 更新されていないためスキップされました\r\n");
@@ -174,7 +176,7 @@ TEST_F(ListModels, target_shows_the_deciding_filter_line) {
   EXPECT_EQ(model.Text(2, CTargetListModel::Size), L"123");
   EXPECT_TRUE(model.Look(1).grey && !model.Look(2).grey);
   EXPECT_EQ(model.NewestRow(), 2u) << "neither a folder nor what is excluded";
-  EXPECT_EQ(model.CountsText(), L"項目 3 件、対象 1 件、除外 1 件");
+  EXPECT_EQ(model.CountsText(), L"項目 3 件、フォルダー 1 件、対象 1 件、除外 1 件");
   EXPECT_EQ(model.Find(L"dOCS\\", 2), 2u);
   EXPECT_EQ(model.Find(L".BAK", 2), 1u) << "wraps around";
   EXPECT_EQ(model.Find(L"nowhere", 0), std::nullopt);
@@ -188,6 +190,8 @@ TEST_F(ListModels, filter_line_shows_its_error_and_what_it_decides) {
   EXPECT_EQ(Line(model, 2), L"3|-|docs/.*\\.tmp$||");
   EXPECT_EQ(model.Text(3, CFilterCheckModel::Expression), L"a$ ") << "the space is significant";
   EXPECT_EQ(model.Look(1).color, setting.stateColors[3]);
+  EXPECT_EQ(model.Tip(1), L"対処: " + texts.Text(IDS_REMEDY_FILTER_SIGN));
+  EXPECT_EQ(model.Tip(0) + model.Tip(2), L"");
   EXPECT_TRUE(model.Look(5).grey);
   EXPECT_EQ(model.Decide(L"docs/a.tmp").row, 2u);
   EXPECT_TRUE(model.Decide(L"docs/a.tmp").excluded);

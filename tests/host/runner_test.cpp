@@ -72,6 +72,7 @@ TEST_F(Runner, progress_line_on_a_terminal_is_cleared_before_rows) {
   files.Remove(L"C:\\src");
   EXPECT_EQ(Run({L"--task", L"plain", L"--quiet"}), qlm::kExitErrors);
   EXPECT_TRUE(console.output.starts_with(L"plain | C:\\src | ")) << "the source, while there is no name yet";
+  EXPECT_TRUE(console.output.ends_with(L"\n    対処: " + texts.Text(IDS_REMEDY_NO_SOURCE) + L"\n"));
 }
 
 TEST_F(Runner, json_has_a_line_for_progress_rows_and_the_end) {
@@ -80,7 +81,7 @@ TEST_F(Runner, json_has_a_line_for_progress_rows_and_the_end) {
   EXPECT_EQ(
       console.output,
       L"{\"event\":\"row\",\"task\":\"plain\",\"destination\":\"D:\\\\dst\\\\copy\",\"type\":\"FOLDER\","
-      L"\"phase\":439,\"message\":\"正常終了 - バックアップが作成されました\",\"error\":0,"
+      L"\"phase\":439,\"message\":\"正常終了 - バックアップが作成されました\",\"error\":0,\"remedy\":\"\","
       L"\"newest\":\"2016-03-05T07:04:09Z\",\"entries\":1,\"counted\":1,\"excluded\":0}\n"
       L"{\"event\":\"progress\",\"done\":0,\"total\":1,\"elapsed_ms\":25,\"state\":372}\n" +
           end);
@@ -88,7 +89,7 @@ TEST_F(Runner, json_has_a_line_for_progress_rows_and_the_end) {
   EXPECT_EQ(console.output, end);
   files.Remove(L"C:\\src");
   Run({L"--json", L"--quiet", L"--task", L"plain"});
-  EXPECT_NE(console.output.find(L"\"error\":465,\"newest\":null,\"entries\":0"), std::wstring::npos);
+  EXPECT_NE(console.output.find(L"\"error\":465,\"remedy\":\"対処: "), std::wstring::npos);
 }
 
 TEST_F(Runner, interrupt_stops_the_run_after_the_current_step) {
@@ -156,7 +157,7 @@ TEST_F(Runner, filter_that_excludes_everything_shows_its_counts) {
   document.replace(document.find("<FilterPath/>"), 13, "<FilterPath>C:\\all.flt</FilterPath>");
   files.AddFile(L"C:\\doc.qlmr", document, kTime);
   EXPECT_EQ(Run({L"--task", L"plain"}), qlm::kExitErrors);
-  const my::CMsgArg counts[] = {L"1", L"0", L"1"};
+  const my::CMsgArg counts[] = {L"1", L"0", L"0", L"1"};
   EXPECT_NE(console.output.find(L" | " + my::MakeText(texts, IDS_COUNTS, counts)), std::wstring::npos);
 }
 

@@ -48,6 +48,7 @@ TEST(Secret, password_is_wiped_before_its_memory_is_freed) {
                                       DstType::PASSWORD_ZIP, L"<ID>.zip"));
     content.tasks.Append(test::MakeTask(L"secret", {content.dsts[0]}));
     a.Start().Document().Reset(content, L"");
+    a.app->Settings().archive.sevenZipPath = L"C:\\7-Zip\\7z.exe";
     a.app->Settings().archive.passwordType = type;
     a.dialogs.passwords.emplace_back(kSecret);
     const size_t archives = a.process.Starts().size();

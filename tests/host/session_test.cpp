@@ -10,6 +10,7 @@ using namespace test;
 TEST(Session, scripted_session_saves_the_golden_settings) {
   CFakeApp a;
   CDocument& document = a.Start().Document();
+  a.files.AddFile(L"C:\\Program Files\\7-Zip\\7z.exe", "MZ");
   CContent content;
   content.dsts.Append(MakeDst(L"D:\\保存", DstType::PASSWORD_ZIP, L"<ID>_<Y>.zip"));
   content.tasks.Append(MakeTask(L"書類", {content.dsts[0]}));

@@ -83,7 +83,12 @@ struct CFakeClipboard : qlm::IClipboard {
   void Set(const qlm::CClip& clip) override { content = clip.document; }
   std::optional<std::string> Document() override { return content; }
   bool HasDocument() const override { return content.has_value(); }
+  std::vector<std::wstring> Paths() override { return paths; }
+  std::wstring Text() override { return text; }
+  bool HasPathsOrText() const override { return !paths.empty() || !text.empty(); }
 
+  std::vector<std::wstring> paths;
+  std::wstring text;
   std::optional<std::string> content;
 };
 
@@ -101,6 +106,7 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
   }
   bool AskPassword(qlm::CPasswordEntry& entry) override {
     ++passwordDialogs;
+    passwordDsts = entry.Dsts();
     while (auto password = Next(passwords)) {
       const my::CWipeAtEnd wipe(*password);
       try {
@@ -154,6 +160,7 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
   std::vector<std::wstring> filters;  // filters shown, with their source folders
   qlm::CTask editedTask;              // the task with which the dialog was opened
   int passwordDialogs = 0;
+  qlm::CTaskDsts passwordDsts;  // shown by the last of them
   int replacesOpened = 0;
   int replaceFocuses = 0;
   qlm::CReplaceTool* tool = nullptr;  // of the dialog

@@ -39,7 +39,7 @@ void ShootMain() {
   ShootAtAllDpis(a.frame->Hwnd(), L"main_empty");
   CSampleApp b;
   b.Select(IDC_TASK_LIST, {0, 1});
-  b.Do(ID_RUN);
+  b.Do(ID_RUN_POWER_OFF);
   Shoot(b.frame->Hwnd(), L"main_running");
   test::PumpUntil([&b] { return !b.app->Run().IsActive(); });
   test::Pump();
@@ -66,6 +66,9 @@ void ShootDialogs() {
     a.Select(IDC_DST_LIST, {row});
     ShootModal(a, ID_DST_EDIT, row == 0 ? L"destination" : L"destination_aes");
   }
+  a.app->Settings().archive.sevenZipPath = L"D:\\moved\\7z.exe";
+  ShootModal(a, ID_DST_EDIT, L"destination_no_archiver");
+  a.UseArchiver();
   a.Select(IDC_TASK_LIST, {0});
   ShootModal(a, ID_FILTER_CHECK, L"filter",
              [](HWND dialog) { ::SetDlgItemTextW(dialog, IDC_FILTER_PATH, L"見積書\\下書き.tmp"); });

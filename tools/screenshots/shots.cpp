@@ -90,7 +90,8 @@ void ShootAtAllDpis(HWND window, const std::wstring& name) {
 
 void CSampleApp::FillDisk() {
   my::IFileSystem& files = scratch.files;
-  for (const wchar_t* folder : {L"D:\\書類\\見積書", L"D:\\写真", L"D:\\設定"}) files.CreateFolders(folder);
+  for (const wchar_t* folder : {L"D:\\書類\\見積書", L"D:\\写真", L"D:\\設定", L"D:\\7-Zip"})
+    files.CreateFolders(folder);
   const auto write = [&files](const std::wstring& path, const std::string& bytes) {
     const auto file = files.CreateNewFile(path);
     if (!file) return;  // of the last program
@@ -101,11 +102,13 @@ void CSampleApp::FillDisk() {
        {L"書類\\議事録.txt", L"書類\\見積書\\2024年度.xlsx", L"書類\\見積書\\2025年度.xlsx",
         L"書類\\下書き.tmp", L"書類\\名簿.bak", L"写真\\旅行.jpg"})
     write(std::wstring(L"D:\\") + name, std::string(12'345, 'x'));
+  write(L"D:\\7-Zip\\7z.exe", "MZ");
   write(L"D:\\設定\\書類.flt", "- \\.tmp$\n- \\.bak$\n");
 }
 
 CSampleApp::CSampleApp() {
   FillDisk();
+  UseArchiver();
   CContent content;
   const auto dst = [&](const std::wstring& folder, DstType type, const std::wstring& pattern) {
     auto item = boost::make_shared<CDst>(CDst{folder, type, pattern});

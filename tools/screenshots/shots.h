@@ -27,6 +27,7 @@ void ShootAtAllDpis(HWND window, const std::wstring& name);
 class CSampleApp : public test::CGuiApp {
  public:
   CSampleApp();
+  void UseArchiver() { app->Settings().archive.sevenZipPath = L"D:\\7-Zip\\7z.exe"; }
 
  private:
   void FillDisk();

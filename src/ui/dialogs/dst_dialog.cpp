@@ -5,6 +5,7 @@
 #include "app/windows.h"
 #include "control_ids.h"
 #include "document/document.h"
+#include "engine/archiver_location.h"
 #include "platform/clock.h"
 #include "platform/message_texts.h"
 #include "settings/settings.h"
@@ -26,11 +27,12 @@ CDstDialog::CDstDialog(CAppContext& context, CDst dst, CConfirm confirm)
 
 my::CBox CDstDialog::Layout() const {
   using my::Control, my::Field;
-  return my::Column(
-      {Field(Control(IDC_DST_FOLDER).Wide().Chars(48), {Control(IDC_DST_BROWSE)}),
-       Field(Control(IDC_DST_TYPE)), Field(Control(IDC_DST_PATTERN).Wide(), {Control(IDC_DST_TOKENS)}),
-       Field(Control(IDC_DST_PREVIEW).Wide()),
-       my::Row({my::Indent(), Control(IDC_DST_NOTE).Wide().Tall().Lines(3)}), my::Buttons({IDOK, IDCANCEL})});
+  return my::Column({Field(Control(IDC_DST_FOLDER).Wide().Chars(48), {Control(IDC_DST_BROWSE)}),
+                     Field(Control(IDC_DST_TYPE)),
+                     Field(Control(IDC_DST_PATTERN).Wide(), {Control(IDC_DST_TOKENS)}),
+                     Field(Control(IDC_DST_PREVIEW).Wide()),
+                     my::Row({my::Indent(), Control(IDC_DST_NOTE).Wide().Tall().Lines(3)}),
+                     my::Row({my::Indent(), Control(IDC_DST_SETTINGS)}), my::Buttons({IDOK, IDCANCEL})});
 }
 
 bool CDstDialog::OnInit() {
@@ -39,6 +41,7 @@ bool CDstDialog::OnInit() {
   SetItemText(IDC_DST_PATTERN, m_dst.pattern);
   const size_t end = m_dst.pattern.size();
   ::SendMessageW(Item(IDC_DST_PATTERN), EM_SETSEL, end, static_cast<LPARAM>(end));
+  CheckArchiver();
   ShowEffect();
   return true;
 }
@@ -62,9 +65,11 @@ bool CDstDialog::OnCommand(int id, int code) {
   switch (id) {
     case IDC_DST_BROWSE: Browse(); return true;
     case IDC_DST_TOKENS: OfferTokens(); return true;
+    case IDC_DST_SETTINGS: OpenSettings(); return true;
     case IDC_DST_TYPE:
       if (code != CBN_SELCHANGE) return true;
       FitExtension();
+      CheckArchiver();
       ShowEffect();
       return true;
     case IDC_DST_FOLDER:
@@ -138,6 +143,22 @@ void CDstDialog::InsertToken(size_t index) {
   ::SetFocus(edit);
 }
 
+// Offers the settings if the chosen type needs an archiver and there is none.
+void CDstDialog::CheckArchiver() {
+  const CAppPorts& ports = m_context.ports;
+  m_archiverMissing = IsZip(EditedDst().type) && IsArchiverMissing(ports.engine.files, ports.folders,
+                                                                   m_context.settings.archive.sevenZipPath);
+  // A hidden button must not keep the focus.
+  if (!m_archiverMissing && ::GetFocus() == Item(IDC_DST_SETTINGS)) FocusItem(IDC_DST_TYPE);
+  ShowItem(IDC_DST_SETTINGS, m_archiverMissing);
+}
+
+void CDstDialog::OpenSettings() {
+  m_context.dialogs.ShowSettings(false);
+  CheckArchiver();
+  ShowEffect();
+}
+
 void CDstDialog::ShowEffect() {
   ShowPreview();
   ShowNote();
@@ -154,8 +175,14 @@ void CDstDialog::ShowPreview() {
 void CDstDialog::ShowNote() {
   const my::IMessageTexts& texts = m_context.ports.engine.texts;
   const CDst dst = EditedDst();
-  std::wstring note = ArchiveWarning(dst, m_taskId, m_context.ports.engine);
-  if (!note.empty()) note += L"\n";
+  std::wstring note;
+  if (m_archiverMissing) {
+    const my::CMsgArg missing = my::CTextId{IDS_DST_NO_ARCHIVER};
+    note = my::MakeText(texts, IDS_WARNING, {&missing, 1}) + L"\n";
+  }
+  if (const auto warning = ArchiveWarning(dst, m_taskId, m_context.ports.engine); !warning.empty())
+    note += warning + L"\n";
+  if (dst.type == DstType::PASSWORD_ZIP) note += texts.Text(IDS_DST_NOTE_ZIPCRYPTO) + L"\n";
   if (dst.type == DstType::AES_256_ZIP) note += texts.Text(IDS_DST_NOTE_AES) + L"\n";
   if (NeedsPassword(dst.type)) note += texts.Text(IDS_DST_NOTE_PASSWORD);
   SetItemText(IDC_DST_NOTE, note);

@@ -32,6 +32,8 @@ class CDstDialog : public my::CDialog {
   void FitExtension();
   void OfferTokens();
   void InsertToken(size_t index);
+  void CheckArchiver();
+  void OpenSettings();
   void ShowEffect();
   void ShowPreview();
   void ShowNote();
@@ -39,6 +41,7 @@ class CDstDialog : public my::CDialog {
   CAppContext& m_context;
   CDst m_dst;
   CConfirm m_confirm;
+  bool m_archiverMissing = false;
   my::CFileTime m_time;   // of the previewed name: now
   std::wstring m_taskId;  // for the preview
 };

@@ -5,6 +5,7 @@
 #include "app/file_questions.h"
 #include "control_ids.h"
 #include "document/text_file.h"
+#include "engine/remedy.h"
 #include "platform/message_texts.h"
 #include "platform/shell.h"
 #include "support/paths.h"
@@ -31,6 +32,7 @@ my::CBox CFilterDialog::Layout() const {
 
 bool CFilterDialog::OnInit() {
   UseList(m_list, m_model, IDC_FILTER_LINES, IDM_FILTER);
+  m_list.Events().focusChanged = [this] { ShowStatus(); };
   Load();
   ::SetFocus(Item(IDC_FILTER_PATH));
   return false;
@@ -88,8 +90,17 @@ void CFilterDialog::Load() {
   m_model.Show(std::move(lines));
   m_list.Refresh();
   m_hasErrors = error || m_model.HasErrors();
-  SetItemText(IDC_FILTER_STATUS, error ? my::OneLine(error.message) : CountsText());
+  m_loadFailure = my::OneLine(error.message);
+  ShowStatus();
   Decide();
+}
+
+// Shows why the file cannot be read, what to do about the error of the focused line, or the counts.
+void CFilterDialog::ShowStatus() {
+  if (!m_loadFailure.empty()) return SetItemText(IDC_FILTER_STATUS, m_loadFailure);
+  const CFilterItem* const* item = m_list.FocusedItem();
+  const bool bad = item && *item && (*item)->error;
+  SetItemText(IDC_FILTER_STATUS, bad ? RemedyLine(Texts(), (*item)->error) : CountsText());
 }
 
 std::wstring CFilterDialog::CountsText() const {

@@ -28,6 +28,7 @@ class CFilterDialog final : public CListDialog {
   void Open();
   void Edit();
   void Load();
+  void ShowStatus();
   std::wstring CountsText() const;
   std::wstring TypedPath() const;
   void Decide();
@@ -36,6 +37,7 @@ class CFilterDialog final : public CListDialog {
   std::wstring m_path;
   std::wstring m_source;
   bool m_hasErrors = false;
+  std::wstring m_loadFailure;
   CFilterCheckModel m_model;
   CSimpleListView<CFilterLines> m_list{m_model.Lines(), m_model};
 };

@@ -6,6 +6,7 @@
 #include "control_ids.h"
 #include "support/secret.h"
 #include "ui/framework/controls.h"
+#include "ui/models/password_dsts.h"
 
 namespace qlm {
 
@@ -13,16 +14,19 @@ CPasswordDlg::CPasswordDlg(CAppContext& context, CPasswordEntry& entry)
     : CDialog(IDD_PASSWORD), m_context(context), m_entry(entry) {}
 
 my::CBox CPasswordDlg::Layout() const {
-  return my::Column({my::Field(my::Control(IDC_PASSWORD).Wide().Chars(32)),
+  return my::Column({my::LabelOf(IDC_PASSWORD_DSTS), my::Control(IDC_PASSWORD_DSTS).Wide().Chars(76).Lines(4),
+                     my::Space(), my::Field(my::Control(IDC_PASSWORD).Wide().Chars(32)),
                      my::Row({my::Indent(), my::Control(IDC_HIDE_PASSWORD)}), my::Space(),
                      my::Buttons({IDOK, IDCANCEL})});
 }
 
 bool CPasswordDlg::OnInit() {
+  SetItemText(IDC_PASSWORD_DSTS, PasswordDstsText(m_context.ports.engine.texts, m_entry.Dsts()));
   const bool hide = m_entry.Setting().hidePassword;
   SetChecked(IDC_HIDE_PASSWORD, hide);
   my::MaskPassword(Item(IDC_PASSWORD), hide);
-  return true;
+  FocusItem(IDC_PASSWORD);
+  return false;
 }
 
 void CPasswordDlg::OnOk() {

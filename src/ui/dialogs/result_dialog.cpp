@@ -3,8 +3,11 @@
 #include <commctrl.h>
 #include <commdlg.h>
 
+#include <algorithm>
+
 #include "app/explorer_commands.h"
 #include "control_ids.h"
+#include "engine/remedy.h"
 #include "platform/message_texts.h"
 #include "platform/safe_file.h"
 #include "text_ids.h"
@@ -15,6 +18,7 @@ namespace qlm {
 my::CBox CResultDialog::Layout() const {
   using my::Control;
   return my::Column({my::LabelOf(IDC_RESULT_LIST), Control(IDC_RESULT_LIST).Wide().Tall().Lines(12),
+                     Control(IDC_RESULT_MESSAGE).Wide().Lines(2), Control(IDC_RESULT_REMEDY).Wide(),
                      my::Flow({Control(IDC_RESULT_OPEN), Control(IDC_RESULT_TARGETS), Control(IDC_LIST_COPY),
                                Control(IDC_RESULT_SAVE), my::Buttons({IDCANCEL})})});
 }
@@ -22,6 +26,9 @@ my::CBox CResultDialog::Layout() const {
 bool CResultDialog::OnInit() {
   UseList(m_list, m_model, IDC_RESULT_LIST, IDM_RESULTS);
   m_list.Events().activate = [this](size_t) { OnCommand(IDC_RESULT_TARGETS, BN_CLICKED); };
+  m_list.Events().focusChanged = [this] { ShowDetail(); };
+  ShowFirstError();
+  ShowDetail();
   return true;
 }
 
@@ -30,6 +37,20 @@ void CResultDialog::RowsChanged() {
   const bool follow = IsAtEnd();
   m_list.Refresh();
   if (follow && m_model.RowCount() != 0) m_list.EnsureVisible(m_model.RowCount() - 1);
+  ShowDetail();
+}
+
+void CResultDialog::ShowFirstError() {
+  const auto failed = [](const CResultPtr& row) { return static_cast<bool>(row->error); };
+  const auto first = std::ranges::find_if(m_model.Rows(), failed);
+  if (first != m_model.Rows().end()) ShowRow(static_cast<size_t>(first - m_model.Rows().begin()));
+}
+
+// Shows the whole message of the focused row, and what to do about its error.
+void CResultDialog::ShowDetail() {
+  const auto row = m_list.FocusedRow();
+  SetItemText(IDC_RESULT_MESSAGE, row ? RowText(Texts(), m_model.Row(*row)) : std::wstring());
+  SetItemText(IDC_RESULT_REMEDY, row ? RemedyLine(Texts(), m_model.Row(*row).error) : std::wstring());
 }
 
 bool CResultDialog::IsAtEnd() const {

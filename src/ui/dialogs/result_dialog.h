@@ -26,6 +26,8 @@ class CResultDialog final : public CListDialog {
   bool OnListKey(UINT key) override;
 
   bool IsAtEnd() const;
+  void ShowFirstError();
+  void ShowDetail();
   void OpenDestination();
   void ShowTargets();
   void SaveCsv();

@@ -38,12 +38,11 @@ LRESULT CTargetDialog::CView::OnCustomDraw(NMLVCUSTOMDRAW& draw) {
 }
 
 HFONT CTargetDialog::CView::BoldFont() {
-  if (m_fontDpi != Dpi()) {
-    LOGFONTW font = my::MessageLogFont(Dpi());
-    font.lfWeight = FW_BOLD;
-    m_font = my::CFont(::CreateFontIndirectW(&font));
-    m_fontDpi = Dpi();
-  }
+  LOGFONTW bold{};
+  ::GetObjectW(reinterpret_cast<HFONT>(::SendMessageW(Hwnd(), WM_GETFONT, 0, 0)), sizeof bold, &bold);
+  bold.lfWeight = FW_BOLD;
+  if (std::exchange(m_fontHeight, bold.lfHeight) != bold.lfHeight)
+    m_font = my::CFont(::CreateFontIndirectW(&bold));
   return m_font.Get();
 }
 

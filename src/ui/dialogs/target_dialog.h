@@ -24,7 +24,7 @@ class CTargetDialog final : public CListDialog {
 
     std::optional<size_t> m_newestRow;
     my::CFont m_font;
-    UINT m_fontDpi = 0;
+    LONG m_fontHeight = 0;
   };
 
   my::CBox Layout() const override;

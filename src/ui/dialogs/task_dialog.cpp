@@ -6,6 +6,7 @@
 #include "app/file_questions.h"
 #include "app/windows.h"
 #include "control_ids.h"
+#include "document/folder_items.h"
 #include "platform/message_texts.h"
 #include "settings/settings.h"
 #include "text_ids.h"

@@ -7,6 +7,7 @@
 
 #include "platform/win32/last_error.h"
 #include "support/exception.h"
+#include "ui/framework/dropped_files.h"
 
 namespace my {
 namespace {
@@ -95,6 +96,12 @@ std::optional<std::wstring> CClipboard::Text(HWND owner) const {
   std::memcpy(text.data(), data->data(), text.size() * sizeof(wchar_t));
   text.resize(std::min(text.find(L'\0'), text.size()));
   return text;
+}
+
+std::vector<std::wstring> CClipboard::Paths(HWND owner) const {
+  const COpenClipboard open(owner);
+  const HANDLE drop = open ? ::GetClipboardData(CF_HDROP) : nullptr;
+  return drop ? PathsOf(static_cast<HDROP>(drop)) : std::vector<std::wstring>();
 }
 
 std::optional<std::string> CClipboard::Bytes(HWND owner) const {

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace my {
 
@@ -22,8 +23,14 @@ class CClipboard {
   std::optional<std::wstring> Text(HWND owner) const;
   std::optional<std::string> Bytes(HWND owner) const;
 
+  // Returns the files and folders put there by the file manager; empty if there are none.
+  std::vector<std::wstring> Paths(HWND owner) const;
+
   // Do not open the clipboard, so they are cheap enough for the state of commands.
   bool HasBytes() const { return ::IsClipboardFormatAvailable(m_format) != FALSE; }
+  bool HasPathsOrText() const {
+    return ::IsClipboardFormatAvailable(CF_HDROP) || ::IsClipboardFormatAvailable(CF_UNICODETEXT);
+  }
 
  private:
   UINT m_format;

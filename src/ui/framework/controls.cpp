@@ -4,6 +4,8 @@
 
 #include <iterator>
 
+#include "ui/framework/gdi.h"
+
 namespace my {
 
 int HeightOf(HWND window) {
@@ -26,6 +28,15 @@ std::wstring TextOf(HWND window) {
 
 bool IsComboBox(HWND window) {
   return ClassOf(window) == WC_COMBOBOXW;
+}
+
+SIZE TextSize(HWND control) {
+  const std::wstring text = TextOf(control);
+  const CWindowDc dc(control);
+  const CSelect select(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0)));
+  SIZE size{};
+  ::GetTextExtentPoint32W(dc.Get(), text.c_str(), static_cast<int>(text.size()), &size);
+  return size;
 }
 
 void FillCombo(HWND combo, const std::vector<std::wstring>& items) {

@@ -16,6 +16,9 @@ std::wstring ClassOf(HWND window);
 std::wstring TextOf(HWND window);
 bool IsComboBox(HWND window);
 
+// Returns the size in pixels of the control's text on one line, in its font.
+SIZE TextSize(HWND control);
+
 // Appends the items to the list of a combo box.
 void FillCombo(HWND combo, const std::vector<std::wstring>& items);
 

@@ -1,4 +1,8 @@
 #include "ui/framework/dpi.h"
+
+#include <algorithm>
+#include <cstdlib>
+
 #include "platform/win32/system_function.h"
 
 namespace my {
@@ -52,6 +56,12 @@ LOGFONTW MessageLogFont(UINT dpi) {
 CFont MessageFont(UINT dpi) {
   const LOGFONTW font = MessageLogFont(dpi);
   return CFont(::CreateFontIndirectW(&font));
+}
+
+UINT TextDpi(UINT dpi) {
+  constexpr int kUsualHeight = 12;  // 9 points at 96 DPI
+  const auto height = static_cast<UINT>(std::abs(MessageLogFont(dpi).lfHeight));
+  return std::max(dpi, height * kDefaultDpi / kUsualHeight);
 }
 
 UINT DpiMessage() {

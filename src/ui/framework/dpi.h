@@ -30,8 +30,13 @@ RECT OuterRect(RECT client, DWORD style, DWORD exStyle, UINT dpi);
 LOGFONTW MessageLogFont(UINT dpi);
 CFont MessageFont(UINT dpi);
 
-// Sends DpiMessage() to all descendants of `parent`; its WPARAM is the DPI. The system has a message of its
-// own for children only in newer versions and only for some DPI awareness modes.
+// Returns the DPI at which the usual message font is as large as the user's one is at `dpi`, at least `dpi`:
+// the scale for lengths that go with texts, such as column widths. Texts can be enlarged up to 225 %.
+UINT TextDpi(UINT dpi);
+
+// Sends DpiMessage() to all descendants of `parent` when the DPI or the size of the user's font has changed;
+// its WPARAM is the DPI. The system has a message of its own for children only in newer versions and only for
+// some DPI awareness modes.
 UINT DpiMessage();
 void BroadcastDpi(HWND parent, UINT dpi);
 

@@ -14,6 +14,8 @@ struct CDroppedFiles {
   POINT screen{};  // where they were dropped
 };
 
+std::vector<std::wstring> PathsOf(HDROP drop);
+
 // Reads and frees the drop of a WM_DROPFILES of `window`.
 CDroppedFiles TakeDrop(HWND window, HDROP drop);
 

@@ -38,6 +38,9 @@ class IListModel {
   virtual CListLook Look(size_t) const { return {}; }
   virtual size_t IconColumn() const { return 0; }
 
+  // Returns the text to show when the mouse rests on the row; empty for none.
+  virtual std::wstring Tip(size_t) const { return {}; }
+
   // A view shows check boxes only if created with CListView::Boxes::Yes.
   virtual ListCheck Check(size_t) const { return ListCheck::None; }
 

@@ -20,7 +20,10 @@ namespace my {
 namespace {
 
 constexpr DWORD kStyle = LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS;
-constexpr DWORD kExtendedStyle = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
+constexpr int kTipWidth = 600;  // pixels at 96 DPI
+
+constexpr DWORD kExtendedStyle =
+    LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP | LVS_EX_INFOTIP;
 
 COLORREF ReadableOn(CColor background, CColor color) {
   const double luminance = Luminance(background);
@@ -49,7 +52,7 @@ void CListView::Create(HWND parent, int id, Boxes boxes, DWORD style) {
 
 void CListView::Attach(HWND list, Boxes boxes) {
   m_list = list;
-  m_dpi = WindowDpi(list);
+  m_dpi = my::TextDpi(WindowDpi(list));
   m_listHook.Attach(m_list, [this](UINT message, WPARAM wParam, LPARAM lParam) {
     return HandleMessage(message, wParam, lParam);
   });
@@ -61,6 +64,9 @@ void CListView::Attach(HWND list, Boxes boxes) {
                         return HandleNotify(header);
                       });
   ListView_SetExtendedListViewStyle(list, kExtendedStyle);
+  // Without a maximum width a tip has only one line.
+  if (const HWND tips = ListView_GetToolTips(list))
+    ::SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, Scale(kTipWidth, m_dpi));
   if (boxes == Boxes::Yes) m_checks.Attach(list, m_model, m_dpi);
   m_columns.Create(list, m_model, m_dpi);
   Refresh();
@@ -79,7 +85,8 @@ void CListView::Toggle(size_t row) {
   ReportItemState(m_list, row);
 }
 
-void CListView::ChangeDpi(UINT dpi) {
+void CListView::ChangeDpi(UINT screenDpi) {
+  const UINT dpi = my::TextDpi(screenDpi);
   if (dpi == m_dpi) return;
   m_dpi = dpi;
   m_checks.UseImages(dpi);
@@ -254,6 +261,7 @@ void CListView::HandleContextMenu(LPARAM position) const {
 std::optional<LRESULT> CListView::HandleNotify(NMHDR& header) {
   switch (header.code) {
     case LVN_GETDISPINFOW: Display(reinterpret_cast<NMLVDISPINFOW&>(header).item); return 0;
+    case LVN_GETINFOTIPW: ShowTip(reinterpret_cast<NMLVGETINFOTIPW&>(header)); return 0;
     case LVN_ODFINDITEMW: return Find(reinterpret_cast<const NMLVFINDITEMW&>(header));
     case NM_CUSTOMDRAW: return OnCustomDraw(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
     case NM_CLICK: HandleClick(reinterpret_cast<const NMITEMACTIVATE&>(header), false); return 0;
@@ -285,6 +293,13 @@ void CListView::Display(LVITEMW& item) const {
     item.stateMask |= LVIS_STATEIMAGEMASK;
     item.state = (item.state & ~UINT{LVIS_STATEIMAGEMASK}) | m_checks.StateOf(row);
   }
+}
+
+// Without a tip the control shows the text of a cell that is cut off.
+void CListView::ShowTip(NMLVGETINFOTIPW& tip) const {
+  const auto row = static_cast<size_t>(tip.iItem);
+  const std::wstring text = row < m_model.RowCount() ? m_model.Tip(row) : std::wstring();
+  if (!text.empty()) ::lstrcpynW(tip.pszText, text.c_str(), tip.cchTextMax);
 }
 
 LRESULT CListView::Find(const NMLVFINDITEMW& find) const {

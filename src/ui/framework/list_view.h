@@ -75,12 +75,12 @@ class CListView {
   virtual LRESULT OnCustomDraw(NMLVCUSTOMDRAW& draw);
 
   const IListModel& Model() const { return m_model; }
-  UINT Dpi() const { return m_dpi; }
+  UINT TextDpi() const { return m_dpi; }  // scales lengths that go with texts
 
  private:
   void Detach();
   void Toggle(size_t row);
-  void ChangeDpi(UINT dpi);
+  void ChangeDpi(UINT screenDpi);
 
   std::optional<LRESULT> HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
   std::optional<LRESULT> HandleDrag(UINT message, WPARAM wParam, LPARAM lParam);
@@ -89,6 +89,7 @@ class CListView {
   void HandleContextMenu(LPARAM position) const;
   std::optional<LRESULT> HandleNotify(NMHDR& header);
   void Display(LVITEMW& item) const;
+  void ShowTip(NMLVGETINFOTIPW& tip) const;
   LRESULT Find(const NMLVFINDITEMW& find) const;
   void HandleClick(const NMITEMACTIVATE& click, bool twice);
   void HandleState(UINT oldState, UINT newState);

@@ -3,6 +3,7 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <tuple>
 
@@ -14,7 +15,7 @@ namespace {
 
 // Pixels at 96 DPI.
 constexpr int kBarHeight = 5;
-constexpr int kSmallestPane = 24;
+constexpr int kSmallestPane = 96;
 constexpr int kKeyStep = 8;
 
 const CWindowClass& SplitterClass() {
@@ -56,8 +57,12 @@ void CSplitter::SetPanes(HWND upper, HWND lower) {
   Arrange();
 }
 
+int CSplitter::Upper() const {
+  return Unscale(BarTop(), m_dpi);
+}
+
 void CSplitter::SetUpper(int height) {
-  m_upper = std::max(0, height);
+  m_share = std::clamp(static_cast<double>(Scale(height, m_dpi)) / std::max(1, Room()), 0.0, 1.0);
   Arrange();
 }
 
@@ -139,10 +144,14 @@ void CSplitter::Arrange() const {
   m_bar.Invalidate();
 }
 
+int CSplitter::Room() const {
+  return std::max(0, static_cast<int>(ClientSize().cy) - BarHeight());
+}
+
 int CSplitter::BarTop() const {
-  const int smallest = Scale(kSmallestPane, m_dpi);
-  const int room = static_cast<int>(ClientSize().cy) - BarHeight() - smallest;
-  return std::clamp(Scale(m_upper, m_dpi), smallest, std::max(smallest, room));
+  const int room = Room();
+  const int smallest = std::min(Scale(kSmallestPane, TextDpi(m_dpi)), room / 2);
+  return std::clamp(static_cast<int>(std::lround(m_share * room)), smallest, room - smallest);
 }
 
 int CSplitter::BarHeight() const {
@@ -150,12 +159,13 @@ int CSplitter::BarHeight() const {
 }
 
 void CSplitter::MoveTo(int top) {
-  const int before = m_upper;
-  SetUpper(Unscale(top, m_dpi));
+  const int before = BarTop();
+  m_share = std::clamp(static_cast<double>(top) / std::max(1, Room()), 0.0, 1.0);
   // Keeps the position that was possible, not the one the mouse asked for.
-  m_upper = Unscale(BarTop(), m_dpi);
+  m_share = static_cast<double>(BarTop()) / std::max(1, Room());
+  Arrange();
   ::UpdateWindow(Hwnd());
-  if (m_upper != before && onMoved) onMoved();
+  if (BarTop() != before && onMoved) onMoved();
 }
 
 bool CSplitter::HandleKey(UINT key) {

@@ -8,10 +8,10 @@
 
 namespace my {
 
-// A window with two child panes and a bar between them. When it is resized, the upper pane keeps its height
-// and the lower one gets the rest. WM_COMMAND, WM_NOTIFY and WM_CONTEXTMENU of the panes are forwarded to the
-// parent of the splitter. The bar is a window of its own, so that Tab reaches it after the upper pane. With
-// the focus on it the arrow keys, Home and End move it.
+// A window with two child panes and a bar between them. When it is resized, the panes keep their shares of
+// the height, but each has room for a few rows, or half of the window. WM_COMMAND, WM_NOTIFY and
+// WM_CONTEXTMENU of the panes are forwarded to the parent of the splitter. The bar is a window of its own, so
+// that Tab reaches it after the upper pane. With the focus on it the arrow keys, Home and End move it.
 class CSplitter : public CWindow {
  public:
   CSplitter() : m_bar(*this) {}
@@ -24,9 +24,9 @@ class CSplitter : public CWindow {
   // Sets the panes: children of this window, owned by the caller.
   void SetPanes(HWND upper, HWND lower);
 
-  // The wanted height of the upper pane, in pixels at 96 DPI. It is kept while the window is too small for
-  // it.
-  int Upper() const { return m_upper; }
+  // The height of the upper pane, in pixels at 96 DPI. Setting it sets the shares, for the current height of
+  // the window.
+  int Upper() const;
   void SetUpper(int height);
 
   // Called after the user moved the bar.
@@ -60,6 +60,7 @@ class CSplitter : public CWindow {
   void Arrange() const;
   int BarTop() const;  // pixels
   int BarHeight() const;
+  int Room() const;  // for both panes, in pixels
   void MoveTo(int top);
   bool HandleKey(UINT key);
   void StartDrag(int y);
@@ -67,8 +68,8 @@ class CSplitter : public CWindow {
   CBar m_bar;
   HWND m_upperPane = nullptr;
   HWND m_lowerPane = nullptr;
-  int m_upper = 0;
-  int m_grip = 0;  // offset of the mouse within the bar
+  double m_share = 0.55;  // of the upper pane
+  int m_grip = 0;         // offset of the mouse within the bar
   bool m_dragging = false;
   UINT m_dpi = 0;
 };

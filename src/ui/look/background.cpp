@@ -93,18 +93,23 @@ void CBackground::UsePlain() {
   m_plain = my::IsHighContrast() || (m_design.bkBrushType == BrushType::OS_DEFAULT && !hasImage);
 }
 
+void CBackground::UpdatePlace() {
+  if (!m_bitmap || CharacterPlace() == m_character) return;
+  m_bitmap.reset();
+  ::RedrawWindow(m_view, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
 void CBackground::Draw(HDC dc, HWND window, const RECT& area) {
-  if (m_bitmap && CharacterPlace() != m_character) {
-    m_bitmap.reset();
-    ::RedrawWindow(m_view, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-  }
   Update();
   Copy(*m_bitmap, dc, window, area);
 }
 
 void CBackground::DrawShade(HDC dc, HWND window, const RECT& area) {
   Update();
-  Copy(*m_shade, dc, window, area);
+  RECT shaded = m_shaded;
+  ::MapWindowPoints(m_view, window, reinterpret_cast<POINT*>(&shaded), 2);
+  RECT part{};
+  if (::IntersectRect(&part, &shaded, &area)) Copy(*m_shade, dc, window, part);
 }
 
 void CBackground::Copy(const my::CPixelBitmap& bitmap, HDC dc, HWND window, const RECT& area) const {
@@ -139,6 +144,8 @@ void CBackground::Update() {
   DrawBrush();
   DrawImage();
   m_luminance = LimitPixels(m_shade->Pixels(), Text());
+  const my::CRect shaded = Difference(m_bitmap->Pixels(), m_shade->Pixels(), static_cast<int>(size.cx));
+  m_shaded = {shaded.left, shaded.top, shaded.right, shaded.bottom};
 }
 
 void CBackground::DrawBrush() {

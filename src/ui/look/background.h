@@ -25,7 +25,7 @@ namespace qlm {
 class CBackground {
  public:
   // Sets the window whose client area is filled. Must be called before anything is drawn. `rooms` returns the
-  // room for a character; it is called for every drawing, because rows and words move without notice.
+  // room for a character.
   void SetView(HWND view, std::function<std::vector<CRoom>()> rooms) {
     m_view = view;
     m_rooms = std::move(rooms);
@@ -36,6 +36,9 @@ class CBackground {
   // IDS_IMAGE_NOT_READ is thrown. The caller must redraw the view.
   void SetDesign(const CDesignSetting& design);
 
+  // Must be called when rows or words in the view have moved: moves the character out of their way.
+  void UpdatePlace();
+
   // Must be called when the system's colours or contrast have changed.
   void OnSystemChanged();
 
@@ -44,6 +47,8 @@ class CBackground {
 
   // `area` is in client coordinates of `window`, which is within the view; `dc` belongs to `window`.
   void Draw(HDC dc, HWND window, const RECT& area);
+
+  // Draws the shade where it differs from the background, which must have been drawn before.
   void DrawShade(HDC dc, HWND window, const RECT& area);
 
   COLORREF TextColor() const;
@@ -89,6 +94,7 @@ class CBackground {
   std::optional<my::CPixelBitmap> m_bitmap;  // empty if it must be redrawn
   std::optional<my::CPixelBitmap> m_shade;   // of the same size
   my::CRect m_character;                     // its place in the bitmaps
+  RECT m_shaded{};                           // where the two bitmaps differ
   double m_luminance = 0;                    // of the shade pixel closest to the text colour
 };
 

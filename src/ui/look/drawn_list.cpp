@@ -113,19 +113,19 @@ CRowColors CDrawnList::ColorsOf(const my::CListLook& look, RowSelection selectio
 
 void CDrawnList::DrawFrame(HDC dc, RECT area, int width, my::CColor color) const {
   const my::CBrush brush(::CreateSolidBrush(my::ColorRef(color)));
-  for (int i = 0; i < my::Scale(width, Dpi()); ++i) {
+  for (int i = 0; i < my::Scale(width, TextDpi()); ++i) {
     ::FrameRect(dc, &area, brush.Get());
     ::InflateRect(&area, -1, -1);
   }
 }
 
 void CDrawnList::DrawCell(HDC dc, size_t row, size_t column, RECT cell, int icon) {
-  ::InflateRect(&cell, -my::Scale(kCellMargin, Dpi()), 0);
+  ::InflateRect(&cell, -my::Scale(kCellMargin, TextDpi()), 0);
   if (cell.right <= cell.left || !::RectVisible(dc, &cell)) return;
   if (icon >= 0) {
     const int size = static_cast<int>(cell.bottom - cell.top) - 2 * kIconMargin;
     m_icons.Draw(dc, icon, {cell.left, cell.top + kIconMargin}, size);
-    cell.left += size + my::Scale(kIconGap, Dpi());
+    cell.left += size + my::Scale(kIconGap, TextDpi());
   }
   const std::wstring text = Model().Text(row, column);
   if (text.empty() || cell.right <= cell.left) return;

@@ -15,6 +15,9 @@ class CDocumentClipboard : public IClipboard {
   void Set(const CClip& clip) override;
   std::optional<std::string> Document() override { return m_clipboard.Bytes(m_owner); }
   bool HasDocument() const override { return m_clipboard.HasBytes(); }
+  std::vector<std::wstring> Paths() override { return m_clipboard.Paths(m_owner); }
+  std::wstring Text() override { return m_clipboard.Text(m_owner).value_or(std::wstring()); }
+  bool HasPathsOrText() const override { return m_clipboard.HasPathsOrText(); }
 
  private:
   HWND m_owner = nullptr;

@@ -7,6 +7,7 @@
 
 #include "control_ids.h"
 #include "platform/message_texts.h"
+#include "ui/framework/controls.h"
 #include "ui/framework/dpi.h"
 #include "ui/look/background.h"
 
@@ -17,7 +18,7 @@ namespace {
 constexpr int kMargin = 6;
 constexpr int kGap = 4;
 constexpr int kButtonPadding = 12;
-constexpr int kButtonHeight = 24;
+constexpr int kButtonFrame = 7;           // above and below the text of a button
 constexpr int kRoomForDescription = 150;  // height of the whole pane
 
 const my::CWindowClass& PaneClass() {
@@ -77,6 +78,12 @@ void CListPane::ShowDescription(const std::wstring& text) {
 void CListPane::UseBackground() {
   m_list.UseBackground();
   ::RedrawWindow(Hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+bool CListPane::Covers(POINT screen) const {
+  RECT area{};
+  ::GetWindowRect(Hwnd(), &area);
+  return ::PtInRect(&area, screen) != FALSE;
 }
 
 void CListPane::SetFocus() const {
@@ -158,7 +165,7 @@ RECT CListPane::EmptyArea() const {
 
 // Returns the rectangle of the text within a static control.
 RECT CListPane::TextArea(HWND control, const RECT& area) const {
-  const LONG width = std::min(TextSize(control).cx, area.right - area.left);
+  const LONG width = std::min(my::TextSize(control).cx, area.right - area.left);
   const LONG free = area.right - area.left - width;
   const LONG kind = ::GetWindowLongW(control, GWL_STYLE) & SS_TYPEMASK;
   const LONG left = area.left + (kind == SS_RIGHT ? free : kind == SS_CENTER ? free / 2 : 0);
@@ -200,18 +207,19 @@ void CListPane::Arrange() const {
   const RECT area{0, top, client.cx, std::max<LONG>(top, ArrangeDescription(client))};
   ::MoveWindow(m_list.Hwnd(), area.left, area.top, area.right, area.bottom - area.top, TRUE);
   ArrangeHint(area);
+  if (onArranged) onArranged();
 }
 
 // The title is on the left, the buttons are on the right as far as there is room.
 int CListPane::ArrangeHeader(int width) const {
   const int margin = my::Scale(kMargin, m_dpi);
   const int gap = my::Scale(kGap, m_dpi);
-  const int height = my::Scale(kButtonHeight, m_dpi);
-  const SIZE title = TextSize(m_title);
+  const SIZE title = my::TextSize(m_title);
+  const int height = title.cy + my::Scale(kButtonFrame, m_dpi);
   ::MoveWindow(m_title, margin, gap + (height - title.cy) / 2, title.cx, title.cy, TRUE);
   int left = margin + title.cx + 2 * margin;
   for (const HWND button : m_buttons) {
-    const int buttonWidth = TextSize(button).cx + 2 * my::Scale(kButtonPadding, m_dpi);
+    const int buttonWidth = my::TextSize(button).cx + 2 * my::Scale(kButtonPadding, m_dpi);
     const bool fits = left + buttonWidth <= width;
     ::MoveWindow(button, left, gap, buttonWidth, height, TRUE);
     ::ShowWindow(button, fits ? SW_SHOWNA : SW_HIDE);
@@ -222,9 +230,10 @@ int CListPane::ArrangeHeader(int width) const {
 
 void CListPane::ArrangeHint(const RECT& area) const {
   const int gap = my::Scale(2 * kMargin, m_dpi);
-  const SIZE text = TextSize(m_hint);
-  const SIZE label = TextSize(m_hintButton);
-  const SIZE button{label.cx + 4 * my::Scale(kButtonPadding, m_dpi), my::Scale(kButtonHeight + kGap, m_dpi)};
+  const SIZE text = my::TextSize(m_hint);
+  const SIZE label = my::TextSize(m_hintButton);
+  const SIZE button{label.cx + 4 * my::Scale(kButtonPadding, m_dpi),
+                    label.cy + my::Scale(kButtonFrame + kGap, m_dpi)};
   const int middle = (area.left + area.right) / 2;
   const int top = std::max<int>(area.top, (area.top + area.bottom - text.cy - gap - button.cy) / 2);
   ::MoveWindow(m_hint, area.left, top, area.right - area.left, text.cy, TRUE);
@@ -237,21 +246,10 @@ int CListPane::ArrangeDescription(const SIZE& client) const {
   const int gap = my::Scale(kGap, m_dpi);
   // A low pane shows only its list.
   const bool fits = client.cy >= my::Scale(kRoomForDescription, m_dpi);
-  const int height = fits ? TextSize(m_title).cy : 0;
+  const int height = fits ? my::TextSize(m_title).cy : 0;
   const int top = static_cast<int>(client.cy) - gap - height;
   ::MoveWindow(m_description, margin, top, std::max<int>(0, client.cx - 2 * margin), height, TRUE);
   return fits ? top - gap : client.cy;
-}
-
-SIZE CListPane::TextSize(HWND control) const {
-  const int length = ::GetWindowTextLengthW(control);
-  std::wstring text(static_cast<size_t>(length) + 1, L'\0');
-  ::GetWindowTextW(control, text.data(), length + 1);
-  const my::CWindowDc dc(control);
-  const my::CSelect select(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0)));
-  SIZE size{};
-  ::GetTextExtentPoint32W(dc.Get(), text.c_str(), length, &size);
-  return size;
 }
 
 }  // namespace qlm

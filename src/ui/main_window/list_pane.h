@@ -56,8 +56,13 @@ class CListPane : public my::CWindow {
   // Adds the parts of the pane below its rows, in client coordinates of `view`.
   void AddRooms(std::vector<CRoom>& rooms, HWND view, bool upper) const;
 
+  // Called when the controls have been moved.
+  std::function<void()> onArranged;
+
   // Called when the mouse enters the pane or its list gets the focus.
   std::function<void()> onAttention;
+
+  bool Covers(POINT screen) const;
 
   // Sets the focus to the list, or to the button of the hint.
   void SetFocus() const;
@@ -74,7 +79,6 @@ class CListPane : public my::CWindow {
   int ArrangeDescription(const SIZE& client) const;  // returns its top
   LRESULT ColorStatic(HDC dc, HWND control);
   void Erase(HDC dc);
-  SIZE TextSize(HWND control) const;
   RECT EmptyArea() const;
   RECT TextArea(HWND control, const RECT& area) const;
 

@@ -187,7 +187,9 @@ void CMainFrame::LimitSize(MINMAXINFO& limits) const {
 }
 
 void CMainFrame::OnSystemChanged() {
-  if (m_parts) m_parts->view.OnSystemChanged();
+  if (!m_parts) return;
+  m_parts->view.OnSystemChanged();
+  UseDpi(m_dpi);  // with the font that the user has set now
 }
 
 void CMainFrame::OnCommand(int id) {
@@ -224,8 +226,12 @@ void CMainFrame::OnDrop(HDROP drop) {
   my::CDroppedFiles files = my::TakeDrop(Hwnd(), drop);
   // The system also delivers drops to a disabled window.
   if (!::IsWindowEnabled(Hwnd())) return;
-  const auto row = m_parts->view.Tasks().List().RowAt(files.screen);
-  CCommandDrop command(m_app->Context(), std::move(files.paths), row, ::GetKeyState(VK_CONTROL) < 0);
+  CMainView& view = m_parts->view;
+  CDropPlace place;
+  place.list = view.Dsts().Covers(files.screen) ? ListKind::Dsts : ListKind::Tasks;
+  place.taskRow = view.Tasks().List().RowAt(files.screen);
+  place.append = ::GetKeyState(VK_CONTROL) < 0;
+  CCommandDrop command(m_app->Context(), std::move(files.paths), place);
   m_app->Execute(command);
 }
 
@@ -264,9 +270,9 @@ void CMainFrame::RedrawLists() {
 void CMainFrame::ApplySettings(const CSettings& settings) {
   const CMainFrameSetting& frame = settings.mainFrame;
   if (frame.normalBounds != my::CRect{}) my::PlaceWindow(Hwnd(), frame.normalBounds);
-  m_parts->view.ApplySettings(frame);
   ::ShowWindow(Hwnd(), frame.maximized ? SW_SHOWMAXIMIZED : m_showCommand);
   if (frame.fullScreen) ToggleFullScreen();
+  m_parts->view.ApplySettings(frame);  // the height of a list belongs to the size that the window has now
   m_parts->view.Current().SetFocus();
   try {
     m_parts->view.ShowDesign(settings.design);

@@ -10,8 +10,6 @@
 namespace qlm {
 namespace {
 
-constexpr int kDefaultTasksHeight = 300;  // pixels at 96 DPI
-
 const CPaneSpec kTaskPane{IDS_PANE_TASKS,
                           IDS_EMPTY_HINT,
                           {ID_TASK_ADD, IDS_FIRST_TASK},
@@ -63,9 +61,11 @@ void CMainView::CreateIn(HWND parent) {
   });
   m_tasks.CreateIn(m_splitter.Hwnd(), IDC_TASK_PANE, IDC_TASK_LIST, my::CListView::Boxes::No, kTaskPane);
   m_dsts.CreateIn(m_splitter.Hwnd(), IDC_DST_PANE, IDC_DST_LIST, my::CListView::Boxes::Yes, kDstPane);
-  m_splitter.SetUpper(kDefaultTasksHeight);
   m_splitter.SetPanes(m_tasks.Hwnd(), m_dsts.Hwnd());
-  for (CListPane* pane : {&m_tasks, &m_dsts}) pane->onAttention = [this, pane] { Describe(*pane); };
+  for (CListPane* pane : {&m_tasks, &m_dsts}) {
+    pane->onAttention = [this, pane] { Describe(*pane); };
+    pane->onArranged = [this] { m_background.UpdatePlace(); };
+  }
 }
 
 void CMainView::RememberCurrent(HWND focus) {
@@ -167,6 +167,7 @@ void CMainView::UpdateDescription() {
     text = my::MakeText(m_texts, IDS_DESCRIPTION, parts);
   }
   m_dsts.ShowDescription(text);
+  m_background.UpdatePlace();
 }
 
 void CMainView::ApplySettings(const CMainFrameSetting& setting) {

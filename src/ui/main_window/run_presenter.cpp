@@ -13,7 +13,7 @@
 namespace qlm {
 
 CRunPresenter::CRunPresenter(CApplication& app, CMainView& view, const CToolBar& toolBar,
-                             const CStatusBar& statusBar, CDialogs& dialogs)
+                             CStatusBar& statusBar, CDialogs& dialogs)
     : m_app(app),
       m_texts(app.Context().ports.engine.texts),
       m_view(view),
@@ -58,11 +58,18 @@ void CRunPresenter::ShowStatus(HWND frame) const {
                            : m_results.UnlistedCount() != 0 ? RunHealth::Incomplete
                                                             : RunHealth::Good;
   m_statusBar.ShowRun(StatusText(), run.Progress(), health);
+  m_statusBar.ShowPowerOff(PowerOffText());
   m_indicator.ShowProgress(frame, run.Progress(), run.HasErrors());
   if (!m_app.IsClosing()) return;
   const CResults& rows = m_results.Rows();
   m_dialogs.ShowClosing(ClosingText(m_texts, rows),
                         rows.empty() ? std::wstring() : rows.back()->destinationPath);
+}
+
+std::wstring CRunPresenter::PowerOffText() const {
+  if (!m_app.Run().WillPowerOff()) return {};
+  const my::CMsgArg action = my::CTextId{kPowerOffTypeTexts[m_app.Settings().ui.powerOffType]};
+  return my::MakeText(m_texts, IDS_POWER_OFF_PENDING, {&action, 1});
 }
 
 std::wstring CRunPresenter::CountsText() const {

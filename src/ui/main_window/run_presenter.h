@@ -16,7 +16,7 @@ class CRunPresenter {
  public:
   // All arguments must outlive the presenter. The windows of the bars and the view must exist before the
   // first call.
-  CRunPresenter(CApplication& app, CMainView& view, const CToolBar& toolBar, const CStatusBar& statusBar,
+  CRunPresenter(CApplication& app, CMainView& view, const CToolBar& toolBar, CStatusBar& statusBar,
                 CDialogs& dialogs);
 
   void ClearResults();
@@ -34,13 +34,14 @@ class CRunPresenter {
  private:
   std::wstring StatusText() const;
   std::wstring CountsText() const;
+  std::wstring PowerOffText() const;
   void RefreshLists();
 
   CApplication& m_app;
   const my::IMessageTexts& m_texts;
   CMainView& m_view;
   const CToolBar& m_toolBar;
-  const CStatusBar& m_statusBar;
+  CStatusBar& m_statusBar;
   CDialogs& m_dialogs;
   CResultListModel m_results;
   CRunIndicator m_indicator;

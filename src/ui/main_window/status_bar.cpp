@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "command_ids.h"
 #include "control_ids.h"
 #include "ui/framework/controls.h"
 #include "ui/framework/dpi.h"
@@ -21,14 +22,20 @@ constexpr int kCountsPart = 2;
 // Pixels at 96 DPI.
 constexpr int kProgressWidth = 200;
 constexpr int kCountsWidth = 250;
+constexpr int kButtonPadding = 10;
+constexpr int kRoomForButton = 400;  // with the text of the run
 
 }  // namespace
 
 void CStatusBar::CreateIn(HWND parent) {
-  m_bar = ::CreateWindowExW(0, STATUSCLASSNAMEW, nullptr, WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0, 0, 0,
-                            parent, reinterpret_cast<HMENU>(INT_PTR{IDC_STATUS_BAR}), nullptr, nullptr);
+  m_bar = ::CreateWindowExW(0, STATUSCLASSNAMEW, nullptr,
+                            WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | SBARS_SIZEGRIP, 0, 0, 0, 0, parent,
+                            reinterpret_cast<HMENU>(INT_PTR{IDC_STATUS_BAR}), nullptr, nullptr);
   m_progress = ::CreateWindowExW(0, PROGRESS_CLASSW, nullptr, WS_CHILD | PBS_SMOOTH, 0, 0, 0, 0, m_bar,
                                  reinterpret_cast<HMENU>(INT_PTR{IDC_PROGRESS}), nullptr, nullptr);
+  m_powerOff = ::CreateWindowExW(0, L"BUTTON", nullptr, WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP, 0, 0, 0, 0,
+                                 parent, reinterpret_cast<HMENU>(INT_PTR{ID_KEEP_POWER}), nullptr, nullptr);
+  ::SetWindowPos(m_powerOff, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
 }
 
 int CStatusBar::Height() const {
@@ -51,12 +58,42 @@ void CStatusBar::ShowCounts(const std::wstring& text) const {
   ::SendMessageW(m_bar, SB_SETTEXTW, kCountsPart, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
-void CStatusBar::Resize(UINT dpi) const {
+void CStatusBar::ShowPowerOff(const std::wstring& text) {
+  if (text == m_powerOffText) return;
+  m_powerOffText = text;
+  ::SetWindowTextW(m_powerOff, text.c_str());
+  // A hidden window must not keep the focus.
+  if (text.empty() && ::GetFocus() == m_powerOff) ::SetFocus(::GetParent(m_powerOff));
+  ::ShowWindow(m_powerOff, text.empty() ? SW_HIDE : SW_SHOWNA);
+  Resize(m_dpi);
+}
+
+void CStatusBar::UseFont(HFONT font) const {
+  for (const HWND window : {m_bar, m_powerOff})
+    ::SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+}
+
+// Places the button at the right end of the run's part.
+void CStatusBar::PlaceButton(int right) const {
+  if (m_powerOffText.empty()) return;
+  const int width = my::TextSize(m_powerOff).cx + my::Scale(2 * kButtonPadding, m_dpi);
+  RECT bar{};
+  ::GetWindowRect(m_bar, &bar);
+  ::MapWindowPoints(nullptr, ::GetParent(m_bar), reinterpret_cast<POINT*>(&bar), 2);
+  const int gap = my::Scale(2, m_dpi);
+  ::MoveWindow(m_powerOff, bar.left + right - width, bar.top + gap, width, bar.bottom - bar.top - gap, TRUE);
+}
+
+void CStatusBar::Resize(UINT dpi) {
+  m_dpi = dpi;
   ::SendMessageW(m_bar, WM_SIZE, 0, 0);
   RECT client{};
   ::GetClientRect(m_bar, &client);
-  const int counts = std::max<int>(0, client.right - my::Scale(kCountsWidth, dpi));
-  const int progress = std::max<int>(0, counts - my::Scale(kProgressWidth, dpi));
+  const int counts = std::max<int>(0, client.right - my::Scale(kCountsWidth, my::TextDpi(dpi)));
+  int progress = std::max<int>(0, counts - my::Scale(kProgressWidth, dpi));
+  // In a narrow window the button is more important than the progress, which the text shows too.
+  if (!m_powerOffText.empty() && progress < my::Scale(kRoomForButton, dpi)) progress = counts;
+  PlaceButton(progress);
   const int ends[] = {progress, counts, -1};
   ::SendMessageW(m_bar, SB_SETPARTS, std::size(ends), reinterpret_cast<LPARAM>(ends));
   RECT part{};

@@ -195,6 +195,23 @@ void Blend(std::span<my::CPixel> pixels, std::span<const my::CPixel> layer) {
   }
 }
 
+my::CRect Difference(std::span<const my::CPixel> pixels, std::span<const my::CPixel> others, int width) {
+  const auto row = static_cast<size_t>(width);
+  my::CRect found{width, 0, 0, 0};
+  for (size_t y = 0; y * row < pixels.size(); ++y) {
+    const auto line = pixels.subspan(y * row, row);
+    const auto other = others.subspan(y * row, row);
+    const auto first = std::ranges::mismatch(line, other).in1;
+    if (first == line.end()) continue;
+    const auto last = std::mismatch(line.rbegin(), line.rend(), other.rbegin()).first;
+    if (found.bottom == 0) found.top = static_cast<int>(y);
+    found.bottom = static_cast<int>(y) + 1;
+    found.left = std::min(found.left, static_cast<int>(first - line.begin()));
+    found.right = std::max(found.right, static_cast<int>(line.rend() - last));
+  }
+  return found.bottom == 0 ? my::CRect{} : found;
+}
+
 double LimitPixels(std::span<my::CPixel> pixels, my::CColor text) {
   const my::CContrastTable limit = my::CContrastTable::Limit(text);
   const bool dark = my::NeedsDark(text);

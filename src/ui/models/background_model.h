@@ -50,6 +50,9 @@ void FillTiles(std::span<my::CPixel> pixels, int width, std::span<const my::CPix
 // Blends a layer with premultiplied alpha over opaque pixels.
 void Blend(std::span<my::CPixel> pixels, std::span<const my::CPixel> layer);
 
+// Returns the smallest rectangle with all pixels that differ; empty if there are none.
+my::CRect Difference(std::span<const my::CPixel> pixels, std::span<const my::CPixel> others, int width);
+
 // Limits all pixels to those on which text is readable. Returns the luminance closest to that of the text.
 double LimitPixels(std::span<my::CPixel> pixels, my::CColor text);
 

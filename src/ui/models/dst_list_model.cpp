@@ -10,7 +10,7 @@ namespace qlm {
 namespace {
 
 constexpr CColumnSpec kColumns[] = {
-    {IDS_COL_DST_NUMBER, 60}, {IDS_COL_DST_FOLDER, 320}, {IDS_COL_DST_TYPE, 140}, {IDS_COL_DST_PATTERN, 280}};
+    {IDS_COL_DST_NUMBER, 60}, {IDS_COL_DST_FOLDER, 320}, {IDS_COL_DST_TYPE, 190}, {IDS_COL_DST_PATTERN, 280}};
 
 }  // namespace
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "engine/remedy.h"
 #include "settings/settings.h"
 #include "support/strings.h"
 #include "text_ids.h"
@@ -63,6 +64,11 @@ my::CListLook CFilterCheckModel::Look(size_t row) const {
   const CFilterItem* item = m_items[row];
   if (!item) return {{}, true};
   return item->error ? StateLook(m_setting, ResultState::Failed) : my::CListLook{};
+}
+
+std::wstring CFilterCheckModel::Tip(size_t row) const {
+  const CFilterItem* item = m_items[row];
+  return item ? RemedyLine(m_texts, item->error) : std::wstring();
 }
 
 }  // namespace qlm

@@ -42,6 +42,7 @@ class CFilterCheckModel : public CTableModel {
   size_t RowCount() const override { return m_lines.size(); }
   std::wstring Text(size_t row, size_t column) const override;
   my::CListLook Look(size_t row) const override;
+  std::wstring Tip(size_t row) const override;
 
  private:
   const CUISetting& m_setting;

@@ -12,8 +12,8 @@ namespace {
 
 constexpr CColumnSpec kColumns[] = {{IDS_COL_TASK_ID, 104},
                                     {IDS_COL_RESULT_PATH, 170},
-                                    {IDS_COL_DST_TYPE, 110},
-                                    {IDS_COL_RESULT_TIME, 130},
+                                    {IDS_COL_DST_TYPE, 190},
+                                    {IDS_COL_RESULT_TIME, 140},
                                     {IDS_COL_RESULT_MESSAGE, 420}};
 
 // A field with a separator, quote or line break is quoted, and quotes in it are doubled.

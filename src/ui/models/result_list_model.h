@@ -36,6 +36,7 @@ class CResultListModel : public CTableModel {
   size_t RowCount() const override { return m_rows.size(); }
   std::wstring Text(size_t row, size_t column) const override;
   my::CListLook Look(size_t row) const override { return StateLook(m_setting, StateOf(Row(row))); }
+  std::wstring Tip(size_t row) const override { return RowDetail(m_texts, Row(row)); }
 
  private:
   const CUISetting& m_setting;

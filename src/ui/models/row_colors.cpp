@@ -1,5 +1,6 @@
 #include "ui/models/row_colors.h"
 
+#include "engine/remedy.h"
 #include "engine/result.h"
 #include "platform/message_texts.h"
 #include "settings/settings.h"
@@ -56,6 +57,11 @@ std::wstring RowText(const my::IMessageTexts& texts, const CResult& result) {
   const my::CMsgArg parts[] = {std::move(text), GroupedText(unlisted.size()),
                                UnlistedText(texts, *result.task, unlisted.front())};
   return my::OneLine(my::MakeText(texts, IDS_UNLISTED_REMARK, parts));
+}
+
+std::wstring RowDetail(const my::IMessageTexts& texts, const CResult& result) {
+  if (!result.error) return {};
+  return RowText(texts, result) + L"\n" + RemedyLine(texts, result.error);
 }
 
 my::CListLook StateLook(const CUISetting& setting, ResultState state) {

@@ -25,6 +25,9 @@ inline constexpr int kStateCount = 5;
 // line.
 std::wstring RowText(const my::IMessageTexts& texts, const CResult& result);
 
+// Returns the text of a row with what to do about its error, in a second line; empty for a row without error.
+std::wstring RowDetail(const my::IMessageTexts& texts, const CResult& result);
+
 ResultState StateOf(const CResult& result);
 my::CListLook StateLook(const CUISetting& setting, ResultState state);
 

@@ -43,8 +43,8 @@ CTargetListModel::CTargetListModel(CTargetsPtr targets, const my::IMessageTexts&
 
 std::wstring CTargetListModel::CountsText() const {
   const CTargetCounts counts = CountTargets(*m_targets);
-  const my::CMsgArg args[] = {GroupedText(m_targets->size()), GroupedText(counts.counted),
-                              GroupedText(counts.excluded)};
+  const my::CMsgArg args[] = {GroupedText(m_targets->size()), GroupedText(counts.folders),
+                              GroupedText(counts.counted), GroupedText(counts.excluded)};
   return my::MakeText(m_texts, IDS_COUNTS, args);
 }
 

@@ -21,7 +21,7 @@ class CTargetListModel : public CTableModel {
   // `texts` and `clock` must outlive the model.
   CTargetListModel(CTargetsPtr targets, const my::IMessageTexts& texts, const my::IClock& clock);
 
-  // Returns the numbers of entries, of files to back up, and of excluded entries.
+  // Returns the numbers of entries, folders, files to back up, and excluded entries.
   std::wstring CountsText() const;
 
   // Returns the first file with the newest write time among those to back up; nullopt if there is none.

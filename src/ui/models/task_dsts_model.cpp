@@ -10,7 +10,7 @@ namespace qlm {
 namespace {
 
 constexpr CColumnSpec kColumns[] = {
-    {IDS_COL_DST_NUMBER, 48}, {IDS_COL_DST_FOLDER, 190}, {IDS_COL_DST_TYPE, 118}, {IDS_COL_DST_PATTERN, 212}};
+    {IDS_COL_DST_NUMBER, 48}, {IDS_COL_DST_FOLDER, 190}, {IDS_COL_DST_TYPE, 190}, {IDS_COL_DST_PATTERN, 212}};
 
 }  // namespace
 

@@ -53,7 +53,8 @@ void CTaskListModel::ShowResults(const CResults& rows) {
   for (const CResultPtr& row : rows) {
     if (!worst || Urgency(StateOf(*row)) < Urgency(StateOf(*worst))) worst = row.get();
   }
-  if (worst) m_states[worst->task->id] = {StateOf(*worst), RowText(m_texts, *worst)};
+  if (worst)
+    m_states[worst->task->id] = {StateOf(*worst), RowText(m_texts, *worst), RowDetail(m_texts, *worst)};
 }
 
 size_t CTaskListModel::RowCount() const {
@@ -76,6 +77,11 @@ std::wstring CTaskListModel::Text(size_t row, size_t column) const {
 my::CListLook CTaskListModel::Look(size_t row) const {
   const CState* state = FindState(row);
   return state ? StateLook(m_setting, state->state) : my::CListLook{};
+}
+
+std::wstring CTaskListModel::Tip(size_t row) const {
+  const CState* state = FindState(row);
+  return state ? state->tip : std::wstring();
 }
 
 std::wstring CTaskListModel::DstNumbers(const CTask& task) const {

@@ -31,11 +31,13 @@ class CTaskListModel : public CTableModel {
   std::wstring Text(size_t row, size_t column) const override;
   my::CListLook Look(size_t row) const override;
   size_t IconColumn() const override { return State; }
+  std::wstring Tip(size_t row) const override;
 
  private:
   struct CState {
     ResultState state = ResultState::Running;
     std::wstring text;
+    std::wstring tip;
   };
 
   std::wstring DstNumbers(const CTask& task) const;

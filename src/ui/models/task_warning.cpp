@@ -30,10 +30,6 @@ bool LiesWithin(const std::wstring& path, const std::wstring& folder) {
   return my::EqualNoCase(std::wstring_view(AsPrefix(path)).substr(0, prefix.size()), prefix);
 }
 
-bool IsOnNetwork(std::wstring_view path) {
-  return path.size() >= 2 && my::IsSeparator(path[0]) && my::IsSeparator(path[1]);
-}
-
 std::wstring Warning(const my::IMessageTexts& texts, uint32_t id, const std::vector<my::CMsgArg>& args) {
   const my::CMsgArg text = my::MakeText(texts, id, args);
   return my::MakeText(texts, IDS_WARNING, {&text, 1});
@@ -63,7 +59,7 @@ std::wstring TaskWarning(const CTask& task, const CEnginePorts& ports) {
       return Warning(ports.texts, IDS_TASK_DST_WITHIN_SOURCE, {dst->folder});
   }
   const bool exists =
-      IsOnNetwork(task.path) || my::KindIfKnown(ports.files, task.path) == my::PathKind::Folder;
+      my::IsOnNetwork(task.path) || my::KindIfKnown(ports.files, task.path) == my::PathKind::Folder;
   if (!exists) return Warning(ports.texts, IDS_TASK_NO_SOURCE, {task.path});
   for (const CDstPtr& dst : task.dsts) {
     if (auto warning = ArchiveWarning(*dst, task.id, ports); !warning.empty()) return warning;
