@@ -65,6 +65,12 @@ SIZE CScroller::Room(HWND window) {
 
 void CScroller::SetContents(HWND window, SIZE contents) {
   m_contents = contents;
+  const SIZE room = Room(window);
+  // Two bars that are no longer needed would each keep the other one, because both take room.
+  if (contents.cx <= room.cx && contents.cy <= room.cy) {
+    SetBar(window, SB_HORZ, 0, 0, 0);
+    SetBar(window, SB_VERT, 0, 0, 0);
+  }
   // A bar takes room from the other direction, so the client area is read again.
   SetBar(window, SB_HORZ, contents.cx, ClientOf(window).cx, m_position.x);
   SetBar(window, SB_VERT, contents.cy, ClientOf(window).cy, m_position.y);
