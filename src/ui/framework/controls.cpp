@@ -30,6 +30,15 @@ bool IsComboBox(HWND window) {
   return ClassOf(window) == WC_COMBOBOXW;
 }
 
+SIZE TextSize(HWND control) {
+  const std::wstring text = TextOf(control);
+  const CWindowDc dc(control);
+  const CSelect select(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0)));
+  SIZE size{};
+  ::GetTextExtentPoint32W(dc.Get(), text.c_str(), static_cast<int>(text.size()), &size);
+  return size;
+}
+
 void FillCombo(HWND combo, const std::vector<std::wstring>& items) {
   for (const std::wstring& item : items) {
     ::SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
