@@ -13,21 +13,26 @@ namespace {
 using namespace qlm;
 using test::CGuiApp;
 
-void CollectIds(HMENU menu, std::set<int>& ids) {
+// Visits the items of a menu and its popups. The ids of popups are negative.
+void VisitItems(HMENU menu, const std::function<void(HMENU popup, int id, const std::wstring& text)>& visit) {
   for (int i = 0; i < ::GetMenuItemCount(menu); ++i) {
-    if (const HMENU popup = ::GetSubMenu(menu, i)) CollectIds(popup, ids);
-    const auto id = static_cast<int>(::GetMenuItemID(menu, i));
-    if (id > 0) ids.insert(id);
+    if (const HMENU popup = ::GetSubMenu(menu, i)) VisitItems(popup, visit);
+    wchar_t text[256]{};
+    ::GetMenuStringW(menu, static_cast<UINT>(i), text, 256, MF_BYPOSITION);
+    visit(menu, static_cast<int>(::GetMenuItemID(menu, i)), text);
   }
 }
 
 // The ids of menus, keys and buttons, except commands that open modal dialogs or end the program.
 std::set<int> CommandIds(HWND frame) {
   std::set<int> ids;
-  CollectIds(::GetMenu(frame), ids);
+  const auto collect = [&ids](HMENU, int id, const std::wstring&) {
+    if (id > 0) ids.insert(id);
+  };
+  VisitItems(::GetMenu(frame), collect);
   for (const int menuId : {IDR_TASK_MENU, IDR_DST_MENU}) {
     const my::CMenu menu(::LoadMenuW(nullptr, MAKEINTRESOURCEW(menuId)));
-    CollectIds(menu.Get(), ids);
+    VisitItems(menu.Get(), collect);
   }
   const my::CAccelerators keys(
       ::LoadAcceleratorsW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_MAIN_KEYS)));
@@ -54,73 +59,47 @@ TEST(MainFrame, every_menu_item_and_key_has_a_command_and_an_explanation) {
   }
 }
 
-TEST(MainFrame, selected_menu_item_is_explained_in_the_status_bar) {
+TEST(MainFrame, commands_are_explained_in_status_bar_tips_and_menu) {
   CGuiApp a;
-  const auto selected = [&a](WORD id, WORD flags) {
+  const auto status = [&a](WORD id, WORD flags) {
     ::SendMessageW(a.frame->Hwnd(), WM_MENUSELECT, MAKEWPARAM(id, flags), 0);
     return test::StatusText(a.StatusBar());
   };
-  EXPECT_EQ(selected(ID_REPLACE, 0), L"指定のテキストを置換します");
-  EXPECT_EQ(selected(ID_POWER_OFF, 0), L"コンピューターの電源を切ります");
-  EXPECT_EQ(selected(0, 0xFFFF), L"") << "the menu has gone";
-}
-
-// Visits the items of a menu and its popups: label with access key, keys, and position.
-void VisitItems(HMENU menu, const std::function<void(HMENU, int, std::wstring, std::wstring)>& visit) {
-  for (int i = 0; i < ::GetMenuItemCount(menu); ++i) {
-    if (const HMENU popup = ::GetSubMenu(menu, i)) VisitItems(popup, visit);
-    wchar_t text[256]{};
-    if (::GetMenuStringW(menu, static_cast<UINT>(i), text, 256, MF_BYPOSITION) == 0) continue;  // a separator
-    const std::wstring all(text);
-    const size_t tab = std::min(all.find(L'\t'), all.size());
-    visit(menu, i, all.substr(0, tab), all.substr(std::min(tab + 1, all.size())));
-  }
-}
-
-TEST(MainFrame, menus_can_be_used_by_keyboard) {
-  const HINSTANCE instance = ::GetModuleHandleW(nullptr);
-  const my::CAccelerators table(::LoadAcceleratorsW(instance, MAKEINTRESOURCEW(IDR_MAIN_KEYS)));
-  for (const int menuId :
-       {IDR_MAIN_MENU, IDR_TASK_MENU, IDR_DST_MENU, IDM_FILTER, IDM_TARGETS, IDM_RESULTS}) {
-    const my::CMenu menu(::LoadMenuW(instance, MAKEINTRESOURCEW(menuId)));
-    std::set<std::pair<HMENU, wchar_t>> accessKeys;
-    VisitItems(menu.Get(), [&](HMENU popup, int at, const std::wstring& label, const std::wstring& keys) {
-      auto id = static_cast<int>(::GetMenuItemID(popup, at));
-      if (id == ID_MRU_FIRST) return;  // replaced when shown
-      const size_t mark = label.find(L'&');
-      ASSERT_NE(mark, label.npos) << label;
-      EXPECT_TRUE(accessKeys.insert({popup, label[mark + 1]}).second) << label;
-      if (id >= ID_TASK_EDITS && id <= ID_DST_DOWN) id = ID_ITEM_ADD + id % 100;
-      const std::wstring shortcut = my::ShortcutText(table.Get(), id);
-      if (menuId == IDR_MAIN_MENU || !shortcut.empty()) {
-        const bool handledElsewhere = id == ID_QUIT || id == ID_ITEM_EDIT;  // by the system and by the lists
-        EXPECT_EQ(handledElsewhere ? L"" : keys, shortcut) << label;
-      }
-    });
-  }
-}
-
-TEST(MainFrame, tips_and_menu_name_the_keys_and_the_edit_to_undo) {
-  CGuiApp a;
-  const HWND bar = ::GetDlgItem(a.frame->Hwnd(), IDC_TOOLBAR);
-  const auto tip = [&](int id) {
+  const auto tip = [&a](int id) {
     wchar_t text[100]{};
-    NMTBGETINFOTIPW info{{bar, IDC_TOOLBAR, TBN_GETINFOTIPW}, text, 100, id, 0};
+    NMTBGETINFOTIPW info{{nullptr, IDC_TOOLBAR, TBN_GETINFOTIPW}, text, 100, id, 0};
     ::SendMessageW(a.frame->Hwnd(), WM_NOTIFY, IDC_TOOLBAR, reinterpret_cast<LPARAM>(&info));
     return std::wstring(text);
   };
-  EXPECT_EQ(tip(ID_SAVE), L"上書き保存 (Ctrl+S)");
-  EXPECT_EQ(tip(ID_SETTINGS), L"設定");
-  EXPECT_EQ(tip(ID_UNDO), L"元に戻す (Ctrl+Z)");
-  EXPECT_FALSE(::SendMessageW(bar, TB_ISBUTTONENABLED, ID_UNDO, 0));
+  EXPECT_EQ(status(ID_REPLACE, 0), L"指定のテキストを置換します");
+  EXPECT_EQ(status(ID_POWER_OFF, 0), L"コンピューターの電源を切ります");
+  EXPECT_EQ(status(0, 0xFFFF), L"") << "the menu has gone";
+  EXPECT_EQ(tip(ID_SAVE) + tip(ID_SETTINGS), L"上書き保存 (Ctrl+S)設定");
   a.AddDst(L"C:\\x");
-  EXPECT_TRUE(::SendMessageW(bar, TB_ISBUTTONENABLED, ID_UNDO, 0));
   EXPECT_EQ(tip(ID_UNDO), L"元に戻す: 転送先の追加 (Ctrl+Z)");
   const HMENU edit = ::GetSubMenu(::GetMenu(a.frame->Hwnd()), 1);
   ::SendMessageW(a.frame->Hwnd(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(edit), 1);
   wchar_t label[100]{};
   ::GetMenuStringW(edit, ID_UNDO, label, 100, MF_BYCOMMAND);
   EXPECT_EQ(std::wstring(label), L"元に戻す: 転送先の追加(&U)\tCtrl+Z");
+}
+
+TEST(MainFrame, menu_items_have_access_keys_and_show_their_shortcuts) {
+  const HINSTANCE instance = ::GetModuleHandleW(nullptr);
+  const my::CAccelerators table(::LoadAcceleratorsW(instance, MAKEINTRESOURCEW(IDR_MAIN_KEYS)));
+  for (const int menuId :
+       {IDR_MAIN_MENU, IDR_TASK_MENU, IDR_DST_MENU, IDM_FILTER, IDM_TARGETS, IDM_RESULTS}) {
+    const my::CMenu menu(::LoadMenuW(instance, MAKEINTRESOURCEW(menuId)));
+    std::set<std::pair<HMENU, wchar_t>> taken;
+    VisitItems(menu.Get(), [&](HMENU popup, int id, const std::wstring& text) {
+      if (text.empty() || id == ID_MRU_FIRST) return;  // a separator; replaced when shown
+      const size_t mark = text.find(L'&');
+      EXPECT_TRUE(mark != text.npos && taken.insert({popup, text[mark + 1]}).second) << text;
+      const bool ofList = id >= ID_TASK_EDITS && id <= ID_DST_DOWN;
+      const std::wstring keys = my::ShortcutText(table.Get(), ofList ? ID_ITEM_ADD + id % 100 : id);
+      EXPECT_TRUE(keys.empty() || text.ends_with(L'\t' + keys)) << text;
+    });
+  }
 }
 
 TEST(MainFrame, keys_act_on_the_focused_list) {
@@ -157,6 +136,52 @@ TEST(MainFrame, check_boxes_show_and_set_the_use_by_all_selected_tasks) {
   EXPECT_EQ(a.Cell(IDC_TASK_LIST, 1, 3), L"2");
   test::PressKey(list, VK_SPACE);
   EXPECT_EQ(box(1), none);
+}
+
+// Returns the share of the upper list in the height of both.
+double UpperShare(const CGuiApp& a) {
+  const LONG upper = test::Size(::GetParent(a.List(IDC_TASK_LIST))).cy;
+  const LONG lower = test::Size(::GetParent(a.List(IDC_DST_LIST))).cy;
+  return static_cast<double>(upper) / (upper + lower);
+}
+
+void ExpectUsableLists(const CGuiApp& a, const std::string& when) {
+  for (const int id : {IDC_TASK_LIST, IDC_DST_LIST}) {
+    const HWND list = a.List(id);
+    RECT client{};
+    ::GetClientRect(list, &client);
+    LONG columns = 0;
+    for (int i = 0; i < Header_GetItemCount(ListView_GetHeader(list)); ++i)
+      columns += ListView_GetColumnWidth(list, i);
+    EXPECT_GE(ListView_GetCountPerPage(list), 2) << when;
+    EXPECT_GE(columns, client.right) << when;
+  }
+}
+
+TEST(MainFrame, both_lists_are_usable_in_small_and_large_windows_and_with_large_texts) {
+  test::CTextSize textSize;
+  CGuiApp a;
+  a.AddTask(L"A", L"C:\\a");
+  a.AddDst(L"C:\\b");
+  test::Resize(a.frame->Hwnd(), 1024, 768);
+  const double share = UpperShare(a);
+  ExpectUsableLists(a, "1024 x 768");
+  test::Resize(a.frame->Hwnd(), 560, 400);
+  ExpectUsableLists(a, "560 x 400");
+  test::Resize(a.frame->Hwnd(), 2560, 1440);
+  ExpectUsableLists(a, "2560 x 1440");
+  EXPECT_NEAR(UpperShare(a), share, 0.02);
+
+  const int row = ListView_GetItemSpacing(a.List(IDC_TASK_LIST), TRUE) >> 16;
+  const int width = ListView_GetColumnWidth(a.List(IDC_TASK_LIST), 0);
+  const LONG button = test::Size(::GetDlgItem(::GetParent(a.List(IDC_TASK_LIST)), ID_TASK_ADD)).cy;
+  textSize.Set(225);
+  ::SendMessageW(a.frame->Hwnd(), WM_SETTINGCHANGE, SPI_SETNONCLIENTMETRICS, 0);
+  test::Resize(a.frame->Hwnd(), 1366, 768);
+  ExpectUsableLists(a, "225 %");
+  EXPECT_GE(ListView_GetItemSpacing(a.List(IDC_TASK_LIST), TRUE) >> 16, row * 3 / 2);
+  EXPECT_GE(ListView_GetColumnWidth(a.List(IDC_TASK_LIST), 0), width * 2);
+  EXPECT_GE(test::Size(::GetDlgItem(::GetParent(a.List(IDC_TASK_LIST)), ID_TASK_ADD)).cy, button * 3 / 2);
 }
 
 TEST(MainFrame, lists_are_redrawn_only_if_affected) {

@@ -140,6 +140,7 @@ TEST_F(SettingsSheet, stores_only_when_confirmed) {
   for (const int button : {IDCANCEL, IDC_APPLY, IDOK}) {
     Open();
     EXPECT_FALSE(::IsWindowEnabled(sheet.Item(IDC_APPLY)));
+    EXPECT_EQ(::GetWindowLongW(page, GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL), 0) << "there is room for all";
     Type(page, IDC_ARCHIVER_PATH, L" \"C:\\7z.exe\" ");
     Choose(page, IDC_POWER_OFF_TYPE, static_cast<int>(PowerOffType::SLEEP));
     Click(page, IDC_HYBRID_SHUTDOWN);  // has no effect on sleep
@@ -167,32 +168,25 @@ TEST_F(SettingsSheet, stores_only_when_confirmed) {
 }
 
 TEST_F(SettingsSheet, control_key_turns_the_pages_from_every_control) {
-  Open();
-  const HWND design = test::ChildWith(sheet.Hwnd(), IDC_BRUSH_TYPE);
-  ::ShowWindow(sheet.Hwnd(), SW_SHOW);
-  const auto turns = [&](std::initializer_list<WORD> keys, HWND shown) {
-    return test::PressUntil(loop, sheet.Hwnd(), keys, [&] {
-      return ::IsWindowVisible(shown) && (::IsChild(shown, ::GetFocus()) || ::GetFocus() == sheet.Item(IDOK));
-    });
-  };
-  ::SetFocus(::FindWindowExW(::GetDlgItem(page, IDC_ARCHIVER_PATH), nullptr, L"Edit", nullptr));
-  EXPECT_TRUE(turns({VK_CONTROL, VK_TAB}, design));
-  EXPECT_TRUE(turns({VK_CONTROL, VK_NEXT}, page)) << "after the last page the first";
-  EXPECT_TRUE(turns({VK_CONTROL, VK_SHIFT, VK_TAB}, design));
-  ::SetFocus(sheet.Item(IDOK));
-  EXPECT_TRUE(turns({VK_CONTROL, VK_PRIOR}, page));
-  EXPECT_EQ(::GetFocus(), sheet.Item(IDOK));
-  EXPECT_EQ(TabCtrl_GetCurSel(sheet.Item(IDC_SETTINGS_TAB)), 0);
-  EXPECT_TRUE(test::PressUntil(loop, sheet.Hwnd(), {VK_TAB}, [&] {
-    return ::GetFocus() != sheet.Item(IDOK);
-  })) << "Tab alone moves the focus";
-}
-
-TEST_F(SettingsSheet, color_buttons_tell_their_colors) {
   Settings().design.textColor = {0x12, 0xAB, 0xFF};
   Open();
   const HWND design = test::ChildWith(sheet.Hwnd(), IDC_BRUSH_TYPE);
   EXPECT_EQ(TextOf(design, IDC_TEXT_COLOR), L"文字の色: #12ABFF");
+  const auto turns = [&](std::initializer_list<WORD> keys, HWND shown, HWND focused) {
+    return test::PressUntil(loop, sheet.Hwnd(), keys, [&] {
+      const bool within = focused == ::GetFocus() || ::IsChild(focused, ::GetFocus());
+      return ::IsWindowVisible(shown) && within;
+    });
+  };
+  ::SetFocus(::FindWindowExW(::GetDlgItem(page, IDC_ARCHIVER_PATH), nullptr, L"Edit", nullptr));
+  EXPECT_TRUE(turns({VK_CONTROL, VK_TAB}, design, design));
+  EXPECT_TRUE(turns({VK_CONTROL, VK_NEXT}, page, page)) << "after the last page the first";
+  EXPECT_TRUE(turns({VK_CONTROL, VK_SHIFT, VK_TAB}, design, design));
+  const HWND ok = sheet.Item(IDOK);
+  ::SetFocus(ok);
+  EXPECT_TRUE(turns({VK_CONTROL, VK_PRIOR}, page, ok));
+  EXPECT_EQ(TabCtrl_GetCurSel(sheet.Item(IDC_SETTINGS_TAB)), 0);
+  EXPECT_TRUE(turns({VK_TAB}, page, sheet.Item(IDCANCEL))) << "Tab alone moves the focus";
 }
 
 TEST_F(SettingsSheet, shows_the_version_of_the_archiver) {

@@ -18,7 +18,7 @@ namespace qlm {
 my::CBox CResultDialog::Layout() const {
   using my::Control;
   return my::Column({my::LabelOf(IDC_RESULT_LIST), Control(IDC_RESULT_LIST).Wide().Tall().Lines(12),
-                     Control(IDC_RESULT_MESSAGE).Wide().Lines(2), Control(IDC_RESULT_REMEDY).Wide(),
+                     Control(IDC_RESULT_MESSAGE).Wide(), Control(IDC_RESULT_REMEDY).Wide(),
                      my::Flow({Control(IDC_RESULT_OPEN), Control(IDC_RESULT_TARGETS), Control(IDC_LIST_COPY),
                                Control(IDC_RESULT_SAVE), my::Buttons({IDCANCEL})})});
 }

@@ -10,7 +10,6 @@
 #include "support/contrast.h"
 #include "support/exception.h"
 #include "ui/framework/accessibility.h"
-#include "ui/framework/check_images.h"
 #include "ui/framework/colors.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/failures.h"
@@ -53,7 +52,6 @@ void CListView::Create(HWND parent, int id, Boxes boxes, DWORD style) {
 
 void CListView::Attach(HWND list, Boxes boxes) {
   m_list = list;
-  m_boxes = boxes == Boxes::Yes;
   m_dpi = my::TextDpi(WindowDpi(list));
   m_listHook.Attach(m_list, [this](UINT message, WPARAM wParam, LPARAM lParam) {
     return HandleMessage(message, wParam, lParam);
@@ -65,14 +63,11 @@ void CListView::Attach(HWND list, Boxes boxes) {
                         if (header.hwndFrom != m_list) return {};
                         return HandleNotify(header);
                       });
-  // With the style for check boxes screen readers know that rows have them. As the model has their states,
-  // the control itself changes none.
-  ListView_SetExtendedListViewStyle(list, kExtendedStyle | (m_boxes ? LVS_EX_CHECKBOXES : 0U));
+  ListView_SetExtendedListViewStyle(list, kExtendedStyle);
   // Without a maximum width a tip has only one line.
   if (const HWND tips = ListView_GetToolTips(list))
     ::SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, Scale(kTipWidth, m_dpi));
-  if (m_boxes) ListView_SetCallbackMask(list, LVIS_STATEIMAGEMASK);
-  UseImages();
+  if (boxes == Boxes::Yes) m_checks.Attach(list, m_model, m_dpi);
   m_columns.Create(list, m_model, m_dpi);
   Refresh();
 }
@@ -81,35 +76,8 @@ void CListView::Detach() {
   m_drag.Cancel();
   m_parentHook.Detach();
   m_listHook.Detach();
-  for (size_t row = 0; row < m_remarks.size(); ++row)
-    if (!m_remarks[row].empty()) SetSpokenValue(m_list, row, {});
-  m_remarks.clear();
-  // The control would destroy the images, which this object owns.
-  ListView_SetImageList(m_list, nullptr, LVSIL_STATE);
+  m_checks.Detach();
   m_list = nullptr;
-}
-
-void CListView::UseImages() {
-  if (!m_boxes) return;
-  CImageList images = CheckImages(m_list, m_dpi);
-  const HIMAGELIST before = ListView_SetImageList(m_list, images.Get(), LVSIL_STATE);
-  // The control has images of its own when it gets the style for check boxes or another visual style.
-  if (before && before != m_images.Get()) ::ImageList_Destroy(before);
-  m_images = std::move(images);
-}
-
-// The control does not know the third state of a check box.
-void CListView::UpdateRemarks() {
-  if (!m_boxes) return;
-  const size_t count = m_model.RowCount();
-  m_remarks.resize(std::max(count, m_remarks.size()));
-  for (size_t row = 0; row < m_remarks.size(); ++row) {
-    std::wstring remark = row < count ? m_model.CheckRemark(row) : std::wstring();
-    if (remark == m_remarks[row]) continue;
-    SetSpokenValue(m_list, row, remark);
-    m_remarks[row] = std::move(remark);
-  }
-  m_remarks.resize(count);
 }
 
 void CListView::Toggle(size_t row) {
@@ -121,7 +89,7 @@ void CListView::ChangeDpi(UINT screenDpi) {
   const UINT dpi = my::TextDpi(screenDpi);
   if (dpi == m_dpi) return;
   m_dpi = dpi;
-  UseImages();
+  m_checks.UseImages(dpi);
   m_columns.SetDpi(dpi);
 }
 
@@ -131,7 +99,7 @@ void CListView::Refresh() {
   if (ListView_GetItemCount(m_list) != count) ListView_SetItemCountEx(m_list, count, LVSICF_NOSCROLL);
   // With erasing, because drawing a row does not cover all of it. The control is double-buffered.
   ::InvalidateRect(m_list, nullptr, TRUE);
-  UpdateRemarks();
+  m_checks.Refresh();
 }
 
 std::vector<size_t> CListView::Selection() const {
@@ -207,32 +175,19 @@ std::optional<LRESULT> CListView::HandleMessage(UINT message, WPARAM wParam, LPA
   if (m_columns.OnMessage(message)) return 0;
   switch (message) {
     case WM_DESTROY: Detach(); return {};
-    case LVM_SETITEMSTATE: {
-      const auto& item = *reinterpret_cast<const LVITEMW*>(lParam);
-      return HandleSetState(wParam, item) ? std::optional<LRESULT>(TRUE) : std::nullopt;
-    }
-    case WM_SIZE: {
-      const LRESULT result = m_listHook.Default(message, wParam, lParam);
-      m_columns.Fill();
-      return result;
-    }
-    case WM_NOTIFY: {
-      const LRESULT result = m_listHook.Default(message, wParam, lParam);
-      m_columns.OnHeader(*reinterpret_cast<const NMHDR*>(lParam));
-      return result;
-    }
+    case LVM_SETITEMSTATE:
+      if (!m_events.check || !m_checks.IsToggle(wParam, *reinterpret_cast<const LVITEMW*>(lParam))) return {};
+      Toggle(wParam);
+      return TRUE;
+    case WM_SIZE:
+    case WM_NOTIFY:
     case WM_SETFONT:
     case WM_SYSCOLORCHANGE:
-    case WM_THEMECHANGED: {
-      if (!m_boxes) return {};
-      const LRESULT result = m_listHook.Default(message, wParam, lParam);
-      UseImages();
-      return result;
-    }
+    case WM_THEMECHANGED: return HandleAfterControl(message, wParam, lParam);
     case WM_KEYDOWN: return HandleKey(static_cast<UINT>(wParam)) ? std::optional<LRESULT>(0) : std::nullopt;
     case WM_CHAR:
       // Without this, handled keys would start a search by text.
-      if ((wParam == L' ' && m_boxes) || wParam == L'\r') return 0;
+      if ((wParam == L' ' && m_checks.IsAttached()) || wParam == L'\r') return 0;
       return {};
     case WM_GETDLGCODE:
       if (m_events.activate && wParam == VK_RETURN)
@@ -243,6 +198,17 @@ std::optional<LRESULT> CListView::HandleMessage(UINT message, WPARAM wParam, LPA
       return 0;
     default: return m_drag.Active() ? HandleDrag(message, wParam, lParam) : std::nullopt;
   }
+}
+
+// Handles a message that the control must handle first.
+LRESULT CListView::HandleAfterControl(UINT message, WPARAM wParam, LPARAM lParam) {
+  const LRESULT result = m_listHook.Default(message, wParam, lParam);
+  switch (message) {
+    case WM_SIZE: m_columns.Fill(); break;
+    case WM_NOTIFY: m_columns.OnHeader(*reinterpret_cast<const NMHDR*>(lParam)); break;
+    default: m_checks.UseImages(m_dpi); break;
+  }
+  return result;
 }
 
 std::optional<LRESULT> CListView::HandleDrag(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -269,19 +235,10 @@ bool CListView::HandleKey(UINT key) {
   const auto row = Focused();
   if (!row) return false;
   const bool activates = key == VK_RETURN && m_events.activate;
-  const bool checks = key == VK_SPACE && m_boxes && m_events.check;
+  const bool checks = key == VK_SPACE && m_checks.IsAttached() && m_events.check;
   if (activates) m_events.activate(*row);
   if (checks) Toggle(*row);
   return activates || checks;
-}
-
-// A screen reader sets the state image to toggle a check box.
-bool CListView::HandleSetState(size_t row, const LVITEMW& item) {
-  if (!m_boxes || !m_events.check || item.stateMask != LVIS_STATEIMAGEMASK) return false;
-  const bool changes =
-      row < m_model.RowCount() && item.state != INDEXTOSTATEIMAGEMASK(CheckImageIndex(m_model.Check(row)));
-  if (changes) Toggle(row);
-  return true;
 }
 
 void CListView::HandleContextMenu(LPARAM position) const {
@@ -332,10 +289,9 @@ void CListView::Display(LVITEMW& item) const {
     const std::wstring text = exists ? m_model.Text(row, static_cast<size_t>(item.iSubItem)) : L"";
     ::lstrcpynW(item.pszText, text.c_str(), item.cchTextMax);
   }
-  if ((item.mask & LVIF_STATE) != 0 && m_boxes) {
-    const UINT image = exists ? CheckImageIndex(m_model.Check(row)) : 0;
+  if ((item.mask & LVIF_STATE) != 0 && m_checks.IsAttached()) {
     item.stateMask |= LVIS_STATEIMAGEMASK;
-    item.state = (item.state & ~UINT{LVIS_STATEIMAGEMASK}) | INDEXTOSTATEIMAGEMASK(image);
+    item.state = (item.state & ~UINT{LVIS_STATEIMAGEMASK}) | m_checks.StateOf(row);
   }
 }
 
@@ -360,7 +316,7 @@ void CListView::HandleClick(const NMITEMACTIVATE& click, bool twice) {
   const int row = ListView_SubItemHitTest(m_list, &hit);
   if (row < 0) return;
   // A double click on a check box counts as two clicks.
-  const bool onBox = m_boxes && (hit.flags & LVHT_ONITEM) == LVHT_ONITEMSTATEICON;
+  const bool onBox = m_checks.IsAttached() && (hit.flags & LVHT_ONITEM) == LVHT_ONITEMSTATEICON;
   if (onBox && m_events.check)
     Toggle(static_cast<size_t>(row));
   else if (!onBox && twice && m_events.activate)

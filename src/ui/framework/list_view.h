@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "ui/framework/gdi.h"
+#include "ui/framework/list_checks.h"
 #include "ui/framework/list_columns.h"
 #include "ui/framework/list_drag.h"
 #include "ui/framework/list_model.h"
@@ -78,14 +79,12 @@ class CListView {
 
  private:
   void Detach();
-  void UseImages();
-  void UpdateRemarks();
   void Toggle(size_t row);
   void ChangeDpi(UINT screenDpi);
-  bool HandleSetState(size_t row, const LVITEMW& item);
 
   std::optional<LRESULT> HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
   std::optional<LRESULT> HandleDrag(UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT HandleAfterControl(UINT message, WPARAM wParam, LPARAM lParam);
   bool HandleKey(UINT key);
   void HandleContextMenu(LPARAM position) const;
   std::optional<LRESULT> HandleNotify(NMHDR& header);
@@ -100,12 +99,10 @@ class CListView {
   CListEvents m_events;
   HWND m_list = nullptr;
   bool m_owned = false;
-  bool m_boxes = false;
   bool m_quiet = false;  // the object itself is changing the selection
   UINT m_dpi = 0;
-  CImageList m_images;
+  CListChecks m_checks;
   CListColumns m_columns;
-  std::vector<std::wstring> m_remarks;  // of the check boxes, as set in the control
   CListDrag m_drag;
   CSubclass m_parentHook;
   CSubclass m_listHook;

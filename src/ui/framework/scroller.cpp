@@ -63,12 +63,17 @@ SIZE CScroller::Room(HWND window) {
   return room;
 }
 
+// Decides by the room, not by the client area, in which a bar that is still shown would justify the other one.
 void CScroller::SetContents(HWND window, SIZE contents) {
+  const UINT dpi = WindowDpi(window);
+  const SIZE bar{SystemMetric(SM_CXVSCROLL, dpi), SystemMetric(SM_CYHSCROLL, dpi)};
+  SIZE page = Room(window);
+  const bool vertical = contents.cy > page.cy - (contents.cx > page.cx ? bar.cy : 0);
+  if (vertical) page.cx -= bar.cx;
+  if (contents.cx > page.cx) page.cy -= bar.cy;
   m_contents = contents;
-  // A bar takes room from the other direction, so the client area is read again.
-  SetBar(window, SB_HORZ, contents.cx, ClientOf(window).cx, m_position.x);
-  SetBar(window, SB_VERT, contents.cy, ClientOf(window).cy, m_position.y);
-  SetBar(window, SB_HORZ, contents.cx, ClientOf(window).cx, m_position.x);
+  SetBar(window, SB_HORZ, contents.cx, page.cx, m_position.x);
+  SetBar(window, SB_VERT, contents.cy, page.cy, m_position.y);
   MoveTo(window, m_position);
 }
 

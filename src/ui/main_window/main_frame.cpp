@@ -12,7 +12,6 @@
 #include "ui/framework/dpi.h"
 #include "ui/framework/dropped_files.h"
 #include "ui/framework/input_source.h"
-#include "ui/framework/shortcuts.h"
 #include "ui/framework/window_placement.h"
 #include "ui/main_window/main_menu.h"
 
@@ -38,10 +37,11 @@ const my::IMessageTexts& TextsOf(CApplication& app) {
 
 }  // namespace
 
-CMainFrame::CParts::CParts(CApplication& application, CDialogs& dialogs)
+CMainFrame::CParts::CParts(CApplication& application, CDialogs& dialogs, HACCEL keys)
     : view(application.Document(), application.Settings().ui, TextsOf(application)),
       toolBar(TextsOf(application)),
-      run(application, view, toolBar, statusBar, dialogs) {}
+      run(application, view, toolBar, statusBar, dialogs),
+      help(application, view, keys) {}
 
 CMainFrame::CMainFrame(my::CAutoMessageLoop& loop, int showCommand)
     : m_loop(loop),
@@ -69,9 +69,9 @@ bool CMainFrame::Create(CApplication& application) {
 void CMainFrame::OnCreate() {
   m_dialogs.SetOwner(Hwnd(), m_app->Context());
   m_dialogs.SetPreview([this](const CDesignSetting& design) { m_parts->view.ShowDesign(design); });
-  CreateParts();
   m_keys =
       my::CAccelerators(::LoadAcceleratorsW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_MAIN_KEYS)));
+  CreateParts();
   m_translation = m_loop.AddAccelerators(Hwnd(), m_keys.Get());
   UseDpi(my::WindowDpi(Hwnd()));
   const int width = my::Scale(kDefault.cx, m_dpi);
@@ -82,7 +82,7 @@ void CMainFrame::OnCreate() {
 }
 
 void CMainFrame::CreateParts() {
-  m_parts = std::make_unique<CParts>(*m_app, m_dialogs);
+  m_parts = std::make_unique<CParts>(*m_app, m_dialogs, m_keys.Get());
   m_parts->toolBar.CreateIn(Hwnd());
   m_parts->view.CreateIn(Hwnd());
   m_parts->statusBar.CreateIn(Hwnd());
@@ -126,7 +126,7 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CREATE: OnCreate(); return 0;
     case WM_SIZE: Arrange(); return 0;
     case WM_ACTIVATE:
-      if (LOWORD(wParam) == WA_INACTIVE) RememberFocus();
+      if (LOWORD(wParam) == WA_INACTIVE) RememberFocus(::GetFocus());
       break;
     case WM_SETFOCUS: RestoreFocus(); return 0;
     case WM_COMMAND: OnCommand(LOWORD(wParam)); return 0;
@@ -138,7 +138,7 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_MENUSELECT: OnMenuSelect(LOWORD(wParam), HIWORD(wParam)); return 0;
     case WM_NOTIFY:
       if (reinterpret_cast<const NMHDR*>(lParam)->code != TBN_GETINFOTIPW) break;
-      ShowTip(*reinterpret_cast<NMTBGETINFOTIPW*>(lParam));
+      m_parts->help.ShowTip(*reinterpret_cast<NMTBGETINFOTIPW*>(lParam));
       return 0;
     case WM_DROPFILES: OnDrop(reinterpret_cast<HDROP>(wParam)); return 0;
     case WM_DPICHANGED: OnDpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam)); return 0;
@@ -160,24 +160,20 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   return CWindow::OnMessage(message, wParam, lParam);
 }
 
-void CMainFrame::RememberFocus() {
-  m_lastFocus = ::GetFocus();
+void CMainFrame::RememberFocus(HWND focus) {
+  m_focus.Remember(focus);
   if (m_parts) m_parts->view.Current();  // remembers the list, too
+}
+
+// Returns the focus to the control that had it, such as a button that opened a dialog.
+void CMainFrame::RestoreFocus() {
+  if (!m_focus.Restore(Hwnd()) && m_parts) m_parts->view.Current().SetFocus();
 }
 
 // Keys sent to a disabled control would be lost.
 void CMainFrame::OnFocusLost() {
   const HWND focus = ::GetFocus();
   if (::GetActiveWindow() == Hwnd() && (!focus || !::IsWindowEnabled(focus))) RestoreFocus();
-}
-
-// Returns the focus to the control that had it, such as a button that opened a dialog.
-void CMainFrame::RestoreFocus() {
-  const HWND last = std::exchange(m_lastFocus, nullptr);
-  if (last && ::IsChild(Hwnd(), last) && ::IsWindowVisible(last) && ::IsWindowEnabled(last))
-    ::SetFocus(last);
-  else if (m_parts)
-    m_parts->view.Current().SetFocus();
 }
 
 void CMainFrame::OnDpiChanged(UINT dpi, const RECT& suggested) {
@@ -213,36 +209,17 @@ bool CMainFrame::IsEnabled(int id) const {
 
 void CMainFrame::OnMenu(HMENU menu) const {
   ShowRecent(menu, m_app->Settings().ui.mruPathes.Items(), TextsOf(*m_app).Text(IDS_NO_RECENT));
-  const my::IMessageTexts& texts = TextsOf(*m_app);
-  SetItemText(menu, ID_RUN, texts.Text(m_app->Run().IsActive() ? IDS_MENU_STOP : IDS_MENU_RUN));
-  SetItemText(menu, ID_UNDO,
-              UndoLabel(texts, m_app->Document()) + L"\t" + my::ShortcutText(m_keys.Get(), ID_UNDO));
-  SetItemText(menu, ID_REDO,
-              RedoLabel(texts, m_app->Document()) + L"\t" + my::ShortcutText(m_keys.Get(), ID_REDO));
+  m_parts->help.LabelItems(menu);
   ::CheckMenuItem(menu, ID_FULL_SCREEN, MF_BYCOMMAND | (m_fullScreen.IsOn() ? MF_CHECKED : MF_UNCHECKED));
   EnableItems(menu, [this](int id) { return IsEnabled(id); });
   ShowPictures(menu, m_images);
 }
 
-CCommandText CMainFrame::TextOf(int id) const {
-  const ListKind list = m_parts->view.TasksAreCurrent() ? ListKind::Tasks : ListKind::Dsts;
-  return CommandText(TextsOf(*m_app), static_cast<uint32_t>(id),
-                     {m_app->Document(), list, m_app->Run().IsActive()});
-}
-
 void CMainFrame::OnMenuSelect(int id, UINT flags) {
   const bool isItem = (flags & (MF_POPUP | MF_SEPARATOR | MF_SYSMENU)) == 0;
-  const std::wstring text = isItem ? TextOf(id).explanation : std::wstring();
+  const std::wstring text = isItem ? m_parts->help.Explanation(id) : std::wstring();
   if (text.empty()) return ShowRunStatus();
   m_parts->statusBar.ShowText(text);
-}
-
-void CMainFrame::ShowTip(NMTBGETINFOTIPW& tip) const {
-  const std::wstring keys = my::ShortcutText(m_keys.Get(), tip.iItem);
-  std::wstring text = TextOf(tip.iItem).name;
-  const my::CMsgArg parts[] = {text, keys};
-  if (!keys.empty()) text = my::MakeText(TextsOf(*m_app), IDS_TIP_WITH_KEY, parts);
-  ::lstrcpynW(tip.pszText, text.c_str(), tip.cchTextMax);
 }
 
 void CMainFrame::OnDrop(HDROP drop) {
@@ -280,8 +257,8 @@ void CMainFrame::UpdateCommands() {
   const HWND focus = ::GetFocus();
   for (const int id : m_parts->toolBar.Ids()) m_parts->toolBar.Enable(id, IsEnabled(id));
   m_parts->view.EnableButtons([this](int id) { return IsEnabled(id); });
-  if (!focus || ::IsWindowEnabled(focus)) return;
-  m_lastFocus = focus;
+  if (!::IsChild(Hwnd(), focus) || ::IsWindowEnabled(focus)) return;
+  m_focus.Remember(focus);
   ::PostMessageW(Hwnd(), kFocusLost, 0, 0);
 }
 

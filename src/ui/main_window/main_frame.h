@@ -3,25 +3,25 @@
 
 #include <windows.h>
 
-#include <commctrl.h>
 #include <shellapi.h>
 
 #include <memory>
 
 #include "app/windows.h"
 #include "ui/dialogs/dialogs.h"
+#include "ui/framework/focus_memory.h"
 #include "ui/framework/full_screen.h"
 #include "ui/framework/message_loop.h"
 #include "ui/framework/session_hold.h"
 #include "ui/framework/window.h"
 #include "ui/framework/window_icons.h"
 #include "ui/look/tool_images.h"
+#include "ui/main_window/command_help.h"
 #include "ui/main_window/frame_list.h"
 #include "ui/main_window/main_view.h"
 #include "ui/main_window/run_presenter.h"
 #include "ui/main_window/status_bar.h"
 #include "ui/main_window/tool_bar.h"
-#include "ui/models/command_text.h"
 
 namespace qlm {
 
@@ -44,12 +44,13 @@ class CMainFrame : public my::CWindow, public IMainWindow {
  private:
   // The members that need the application.
   struct CParts {
-    CParts(CApplication& application, CDialogs& dialogs);
+    CParts(CApplication& application, CDialogs& dialogs, HACCEL keys);
 
     CMainView view;
     CToolBar toolBar;
     CStatusBar statusBar;
     CRunPresenter run;
+    CCommandHelp help;
   };
 
   IEditList& TaskList() override { return m_taskList; }
@@ -84,9 +85,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   bool IsEnabled(int id) const;
   void OnMenu(HMENU menu) const;
   void OnMenuSelect(int id, UINT flags);
-  void ShowTip(NMTBGETINFOTIPW& tip) const;
-  CCommandText TextOf(int id) const;
-  void RememberFocus();
+  void RememberFocus(HWND focus);
   void RestoreFocus();
   void OnFocusLost();
   void OnDrop(HDROP drop);
@@ -111,7 +110,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   CToolImages m_images;
   my::CWindowIcons m_icons;
   UINT m_dpi = 0;
-  HWND m_lastFocus = nullptr;  // the control that had the focus before the window or the control lost it
+  my::CFocusMemory m_focus;
   my::CFullScreen m_fullScreen;
 };
 
