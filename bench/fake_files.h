@@ -69,6 +69,7 @@ class CFakeFiles : public my::IFileSystem {
   void RemoveFile(const std::wstring&) override { Refuse(); }
   void RemoveFolder(const std::wstring&) override { Refuse(); }
   std::unique_ptr<my::INewFile> CreateNewFile(const std::wstring&, my::FileLife) override { Refuse(); }
+  std::unique_ptr<my::INewFile> OpenToAppend(const std::wstring&) override { Refuse(); }
   std::string ReadFile(const std::wstring&, uint64_t, uint64_t) override { Refuse(); }
   std::wstring TemporaryFolder() override { Refuse(); }
 

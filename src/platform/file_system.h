@@ -34,7 +34,7 @@ class IFindFiles {
   virtual bool Next(CFindData& entry) = 0;
 };
 
-// A file being written. The destructor closes it.
+// A file being written, from the end of its content. The destructor closes it.
 class INewFile {
  public:
   virtual ~INewFile() = default;
@@ -104,6 +104,11 @@ class IFileSystem {
   // gets the file. Throws IDS_CREATE_FILE_FAILED.
   virtual std::unique_ptr<INewFile> CreateNewFile(const std::wstring& path,
                                                   FileLife life = FileLife::Kept) = 0;
+
+  // Opens a file to write at its end; creates it if it is missing. Until it is closed, also by the end of the
+  // program, others may read it but not write it: their call fails with "sharing violation", on a share for
+  // other machines too. Throws IDS_OPEN_FILE_FAILED.
+  virtual std::unique_ptr<INewFile> OpenToAppend(const std::wstring& path) = 0;
 
   // Returns the bytes of a file from `offset`, at most `most`. Throws IDS_OPEN_FILE_FAILED or
   // IDS_READ_FILE_FAILED.

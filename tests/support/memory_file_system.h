@@ -35,6 +35,7 @@ enum class Op {
   MOVE_OVER,
   REMOVE,
   CREATE_FILE,
+  APPEND,
   WRITE,
   FLUSH,
   CLOSE
@@ -232,6 +233,17 @@ class CMemoryFileSystem : public my::IFileSystem {
     return std::make_unique<CNewFile>(*this, entry, life);
   }
 
+  std::unique_ptr<my::INewFile> OpenToAppend(const std::wstring& path) override {
+    CStep step = Begin(Op::APPEND, L"append", IDS_OPEN_FILE_FAILED, {path});
+    step.RefuseIf(!IsFolder(my::ParentPath(path)), my::kErrorPathNotFound);
+    CEntryPtr entry = Lookup(path);
+    step.RefuseIf(entry && entry->folder, my::kErrorAccessDenied);
+    step.RefuseIf(entry && entry->open, my::kErrorSharingViolation);
+    step.End();
+    if (!entry) entry = Insert(path, false);
+    return std::make_unique<CNewFile>(*this, entry, my::FileLife::Kept);
+  }
+
   std::string ReadFile(const std::wstring& path, uint64_t most, uint64_t offset = 0) override {
     CStep step = Begin(Op::READ, L"read", IDS_READ_FILE_FAILED, {path});
     step.End();
@@ -266,7 +278,8 @@ class CMemoryFileSystem : public my::IFileSystem {
     uint32_t attributes = folder ? my::kAttributeFolder : 0;
     std::wstring linkTarget = {};
     Cache cache = Cache::NONE;
-    bool open = false;  // for writing; can be neither renamed nor removed
+    size_t flushedSize = 0;  // bytes that a crash keeps; used unless `cache` is NONE
+    bool open = false;       // for writing; can be neither renamed nor removed
     int renameRefusals = 0;
   };
   using CEntryPtr = std::shared_ptr<CEntry>;
@@ -328,6 +341,7 @@ class CMemoryFileSystem : public my::IFileSystem {
 
     void Write(std::string_view bytes) override {
       const CStep step = Begin(Op::WRITE, L"write");
+      if (entry->cache == Cache::NONE) entry->flushedSize = entry->content.size();
       entry->content += bytes.substr(0, step.Done(bytes.size()));
       entry->cache = Cache::SYSTEM;
       step.End();
@@ -358,8 +372,13 @@ class CMemoryFileSystem : public my::IFileSystem {
     uint32_t win32;
   };
 
+  std::function<void()> TakeMeanwhile(Op op) {
+    const std::lock_guard hold(*m_lock);
+    return std::exchange(m_meanwhile[op], nullptr);
+  }
+
   CStep Begin(Op op, const wchar_t* name, uint32_t messageId, const std::vector<std::wstring>& paths) {
-    if (const auto work = std::exchange(m_meanwhile[op], nullptr)) work();
+    if (const auto work = TakeMeanwhile(op)) work();
     CStep step{std::unique_lock(*m_lock), messageId, paths};
     if (m_crashed) throw CCrash();
     m_log.emplace_back(name);
@@ -367,7 +386,8 @@ class CMemoryFileSystem : public my::IFileSystem {
     if (op >= Op::CREATE_FOLDERS && --m_crashIn == 0) {
       step.crash = m_crashed = true;
       for (const CEntryPtr& entry : m_entries) {
-        if (entry->cache != Cache::NONE) entry->content.resize(entry->content.size() / 2);
+        if (entry->cache == Cache::NONE) continue;
+        entry->content.resize(entry->flushedSize + (entry->content.size() - entry->flushedSize) / 2);
       }
     }
     const auto fault = m_faults.find(op);

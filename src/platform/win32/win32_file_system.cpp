@@ -287,6 +287,16 @@ std::unique_ptr<INewFile> CWin32FileSystem::CreateNewFile(const std::wstring& pa
   throw CException(IDS_CREATE_FILE_FAILED, {CSystemError::FromWin32(error), path});
 }
 
+// With FILE_APPEND_DATA alone the system writes at the end of the file and refuses to overwrite. The share
+// mode excludes writers rather than LockFileEx, because file servers enforce it in every version of their
+// protocol and the system releases it with the process.
+std::unique_ptr<INewFile> CWin32FileSystem::OpenToAppend(const std::wstring& path) {
+  CKernelHandle file(::CreateFileW(path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
+                                   FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file) throw CException(IDS_OPEN_FILE_FAILED, {LastError(), path});
+  return std::make_unique<CNewFile>(path, std::move(file));
+}
+
 std::string CWin32FileSystem::ReadFile(const std::wstring& path, uint64_t most, uint64_t offset) {
   const CKernelHandle file(::CreateFileW(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
                                          FILE_ATTRIBUTE_NORMAL, nullptr));

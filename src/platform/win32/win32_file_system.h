@@ -19,6 +19,7 @@ class CWin32FileSystem : public IFileSystem {
   void RemoveFile(const std::wstring& path) override;
   void RemoveFolder(const std::wstring& path) override;
   std::unique_ptr<INewFile> CreateNewFile(const std::wstring& path, FileLife life) override;
+  std::unique_ptr<INewFile> OpenToAppend(const std::wstring& path) override;
   std::string ReadFile(const std::wstring& path, uint64_t most, uint64_t offset) override;
   std::wstring TemporaryFolder() override;
 };
