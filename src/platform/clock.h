@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "support/file_time.h"
 
@@ -24,5 +25,8 @@ class IClock {
   // converted.
   virtual CCalendar LocalCalendar(CFileTime time) const = 0;
 };
+
+// Returns "2016/03/05 16:04:09" in the user's time zone; empty for no time or one that cannot be converted.
+std::wstring LocalTimeText(const IClock& clock, CFileTime time);
 
 }  // namespace my

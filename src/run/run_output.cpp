@@ -74,10 +74,9 @@ class CTextOutput : public IRunOutput {
 };
 
 nlohmann::ordered_json IsoTime(my::CFileTime time) {
-  constexpr uint64_t kBeyondCalendar = uint64_t{1} << 63;
-  if (!time || time.ticks >= kBeyondCalendar) return nullptr;
-  const my::CCalendar at = my::UtcCalendar(time);
-  return my::Utf8FromWide(my::CalendarText(at, L'-', L'T') + L"Z");
+  const std::string text = my::Utf8FromWide(my::UtcText(time));
+  if (text.empty()) return nullptr;
+  return text;
 }
 
 class CJsonOutput : public IRunOutput {

@@ -2,7 +2,9 @@
 
 #include <compare>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace my {
 
@@ -31,5 +33,11 @@ CCalendar UtcCalendar(CFileTime time);
 
 // Formats date and time with these separators: "2016-03-05T07:04:09" for L'-' and L'T'.
 std::wstring CalendarText(const CCalendar& at, wchar_t inDate, wchar_t beforeTime);
+
+// Returns "2016-03-05T07:04:09Z"; empty for no time and for a time beyond the calendar.
+std::wstring UtcText(CFileTime time);
+
+// Parses the result of UtcText. Returns nullopt if the text is malformed or the date does not exist.
+std::optional<CFileTime> ParseUtcText(std::wstring_view text);
 
 }  // namespace my

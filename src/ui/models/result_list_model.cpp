@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/clock.h"
 #include "platform/message_texts.h"
 #include "support/strings.h"
 #include "text_ids.h"
@@ -75,7 +76,7 @@ std::wstring CResultListModel::Text(size_t row, size_t column) const {
     case Id: return result.task->id;
     case Path: return result.destinationPath;
     case Type: return result.Dst() ? m_texts.Text(kDstTypeTexts[result.Dst()->type]) : std::wstring();
-    case Time: return LocalTimeText(m_clock, result.newestWriteTime);
+    case Time: return my::LocalTimeText(m_clock, result.newestWriteTime);
     default: return RowText(m_texts, result);
   }
 }

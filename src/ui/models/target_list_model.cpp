@@ -1,5 +1,6 @@
 #include "ui/models/target_list_model.h"
 
+#include "platform/clock.h"
 #include "platform/message_texts.h"
 #include "support/strings.h"
 #include "text_ids.h"
@@ -60,7 +61,7 @@ std::wstring CTargetListModel::Text(size_t row, size_t column) const {
   const CTarget& target = Target(row);
   switch (column) {
     case Path: return std::wstring(target.RelativePath());
-    case Time: return LocalTimeText(m_clock, target.LastWriteTime());
+    case Time: return my::LocalTimeText(m_clock, target.LastWriteTime());
     case Size: return target.IsFolder() ? std::wstring() : GroupedText(target.Size());
     case Attributes: return AttributesText(target.Attributes());
     default: return FilterItemText(m_texts, target.FilterItem());
