@@ -16,6 +16,7 @@ class CIdleObserver : public qlm::IRunObserver {
   void OnResults(size_t, const qlm::CResults&) override {}
   void OnStatus() override {}
   void OnStateChanged() override {}
+  void OnEnded() override {}
   void OnPowerOff() override {}
 };
 

@@ -26,6 +26,7 @@ void CBackupThread::Start(bool listOnly, bool powerOff) {
   if (IsActive()) throw my::CException(IDS_ALREADY_RUNNING);
   m_listOnly = listOnly;
   m_powerOff = false;
+  m_startTime = m_clock.Now();
   m_startTick = m_currentTick = m_clock.TickCount();
   m_total = 0;
   m_pool.ForEachQueued([&](CBackupTask& job) {
@@ -69,6 +70,12 @@ bool CBackupThread::HasErrors() const {
   });
 }
 
+CResults CBackupThread::Rows() const {
+  CResults rows;
+  for (const CShownJob& shown : m_shown) rows.insert(rows.end(), shown.rows.begin(), shown.rows.end());
+  return rows;
+}
+
 void CBackupThread::NoteChanged(const CBackupTaskPtr& job) {
   const my::CAutoLock<my::CAutoCriticalSection> lock(m_changedLock);
   if (std::find(m_changed.begin(), m_changed.end(), job) == m_changed.end()) m_changed.push_back(job);
@@ -103,6 +110,7 @@ void CBackupThread::Finish() {
   m_pool.ClearRemoved();
   Collect();  // changes between the last tick and the end
   m_state = m_state == RunState::Stopping ? RunState::Stopped : RunState::Ended;
+  m_observer.OnEnded();
   m_observer.OnStatus();
   m_observer.OnStateChanged();
   if (m_state == RunState::Ended && m_powerOff && !HasErrors()) m_observer.OnPowerOff();

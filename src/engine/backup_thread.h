@@ -20,6 +20,10 @@ class IRunObserver {
   virtual void OnResults(size_t firstRow, const CResults& rows) = 0;
   virtual void OnStatus() = 0;  // status text or progress may have changed
   virtual void OnStateChanged() = 0;
+
+  // The run has ended, with or without a stop, and its rows are final. Called before the last OnStatus and
+  // OnStateChanged.
+  virtual void OnEnded() = 0;
   virtual void OnPowerOff() = 0;  // the run ended without errors, and power-off was requested
 };
 
@@ -65,6 +69,8 @@ class CBackupThread : private CBackupTaskClient {
   size_t Total() const { return m_total; }  // number of rows if all jobs run to their end
   size_t RowCount() const { return m_rowCount; }
   bool HasErrors() const;
+  CResults Rows() const;  // all rows of the last run
+  my::CFileTime StartTime() const { return m_startTime; }
   uint64_t ElapsedMs() const { return m_currentTick - m_startTick; }
 
   // Returns the text of state, count and time; empty before the first run.
@@ -92,6 +98,7 @@ class CBackupThread : private CBackupTaskClient {
   RunState m_state = RunState::NotRun;
   bool m_listOnly = false;
   bool m_powerOff = false;
+  my::CFileTime m_startTime;
   uint64_t m_startTick = 0;
   uint64_t m_currentTick = 0;
   size_t m_total = 0;

@@ -32,7 +32,10 @@ std::wstring_view CTargets::Store(std::wstring_view text) {
 CTargetCounts CountTargets(const CTargets& targets) {
   CTargetCounts counts;
   for (const CTarget& target : targets) {
-    if (target.IsCountedFile()) ++counts.counted;
+    if (target.IsCountedFile()) {
+      ++counts.counted;
+      counts.bytes += target.Size();
+    }
     if (target.IsExcluded()) ++counts.excluded;
     if (target.IsFolder() && !target.IsExcluded()) ++counts.folders;
   }

@@ -93,6 +93,7 @@ using CTargetsPtr = boost::shared_ptr<const CTargets>;
 
 struct CTargetCounts {
   size_t counted = 0;   // files to back up
+  uint64_t bytes = 0;   // of these files, at the time of the listing
   size_t folders = 0;   // folders not excluded
   size_t excluded = 0;  // files and folders excluded by the filter
 };

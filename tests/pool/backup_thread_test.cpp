@@ -22,6 +22,7 @@ class CShown : public qlm::IRunObserver {
   }
   void OnStatus() override { ++statuses; }
   void OnStateChanged() override { ++stateChanges; }
+  void OnEnded() override {}
   void OnPowerOff() override { ++powerOffs; }
 
   qlm::CResults rows;
