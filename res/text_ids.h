@@ -418,6 +418,22 @@
 #define IDS_TOOL_UNDO                932
 #define IDS_TOOL_REDO                933
 
+// History of runs: 940-959. Outcomes and programs: first id + RowOutcome, RunProgram.
+#define IDS_OUTCOME_CREATED          940
+#define IDS_OUTCOME_SKIPPED          941
+#define IDS_OUTCOME_FAILED           942
+#define IDS_OUTCOME_STOPPED          943
+#define IDS_PROGRAM_WINDOW           944
+#define IDS_PROGRAM_RUNNER           945
+#define IDS_HISTORY_NOT_WRITTEN      946
+#define IDS_HISTORY_DAMAGED          947
+#define IDS_HISTORY_EMPTY            948
+#define IDS_HISTORY_COUNTS           949
+#define IDS_HISTORY_FILES            950
+#define IDS_HISTORY_LAST_SUCCESS     951
+#define IDS_HISTORY_NO_SUCCESS       952
+#define IDS_HISTORY_OVERDUE          953
+
 // Text of the replace command; the id is also the command id.
 #define IDS_CMD_REPLACE              57641
 

@@ -4,6 +4,7 @@
 
 #include "app/windows.h"
 #include "command_ids.h"
+#include "history/run_recorder.h"
 #include "platform/message_texts.h"
 #include "support/secret.h"
 #include "text_ids.h"
@@ -147,11 +148,19 @@ void CApplication::OnStatus() {
 }
 
 void CApplication::OnStateChanged() {
-  if (m_run.State() == RunState::Running) m_session.Withdraw();
+  if (m_run.State() == RunState::Running) {
+    m_session.Withdraw();
+    m_historyFailure.clear();
+  }
   if (!m_run.IsActive()) m_context.window.StopTimer();
   if (!m_run.IsActive() && m_closing) m_context.window.PostClose();
   UpdateHold();
   m_context.window.ShowRunState();
+}
+
+void CApplication::OnEnded() {
+  const CAppPorts& ports = m_context.ports;
+  m_historyFailure = RecordRun(ports.engine, ports.folders, m_run, RunProgram::WINDOW, m_document.Path());
 }
 
 void CApplication::OnPowerOff() {

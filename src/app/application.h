@@ -32,6 +32,9 @@ class CApplication : private IRunObserver {
   const CBackupThread& Run() const { return m_run; }
   CReplaceTool& Replace() { return m_replace; }
 
+  // Returns why the last run is missing in the history; empty if it is not.
+  const std::wstring& HistoryFailure() const { return m_historyFailure; }
+
   // Must be called once, when the main window has been created.
   void Start();
 
@@ -68,6 +71,7 @@ class CApplication : private IRunObserver {
   void OnResults(size_t firstRow, const CResults& rows) override;
   void OnStatus() override;
   void OnStateChanged() override;
+  void OnEnded() override;
   void OnPowerOff() override;
 
   // Calls `use` with the command of this id. Returns false if there is none.
@@ -87,6 +91,7 @@ class CApplication : private IRunObserver {
   CCommandTable m_table;
   CEditTable m_edits;
   uint32_t m_holdReason = 0;  // id of the reason currently shown by the system
+  std::wstring m_historyFailure;
   bool m_closing = false;
 };
 

@@ -16,6 +16,7 @@
 #include "platform/win32/win32_process.h"
 #include "platform/win32/win32_threads.h"
 #include "run/exit_codes.h"
+#include "run/history_output.h"
 #include "run/runner.h"
 
 int wmain(int argc, wchar_t** argv) {
@@ -36,6 +37,7 @@ int wmain(int argc, wchar_t** argv) {
   my::CWin32Threads threads;
   const my::CWin32KnownFolders folders;
   my::CWin32Power power;
-  return qlm::RunDocument({{files, clock, ansi, texts, process}, dom, threads, console, folders, power},
-                          parsed.options);
+  const qlm::CRunnerPorts ports{{files, clock, ansi, texts, process}, dom, threads, console, folders, power};
+  if (parsed.options.history) return qlm::ShowHistory(ports, parsed.options);
+  return qlm::RunDocument(ports, parsed.options);
 }

@@ -24,7 +24,7 @@ void AddOptions(CLI::App& app, COptions& options, CRawOptions& raw) {
   app.option_defaults()->group("オプション");
   app.set_help_flag("-h,--help", "この説明を表示します")->group("オプション");
   app.set_version_flag("--version", kVersionText, "バージョンを表示します")->group("オプション");
-  app.add_option("DOCUMENT", raw.document, "バックアップ文書 (.qlmr)")->required()->option_text(" ");
+  app.add_option("DOCUMENT", raw.document, "バックアップ文書 (.qlmr)")->option_text(" ");
   app.add_option("--task", raw.tasks, "この ID のタスクだけを実行します（繰り返し指定できます）")
       ->option_text("ID")
       ->expected(1)
@@ -37,6 +37,11 @@ void AddOptions(CLI::App& app, COptions& options, CRawOptions& raw) {
       ->option_text("FILE");
   app.add_flag("--password-stdin", options.passwordStdin,
                "zip パスワードを標準入力の 1 行目から読み込みます");
+  CLI::Option* const history = app.add_flag("--history", options.history,
+                                            "実行の履歴とタスクの最終成功を表示します（文書は省略できます）");
+  for (const char* run : {"--task", "--test", "--quiet", "--7z", "--settings", "--password-stdin"}) {
+    history->excludes(app.get_option(run));
+  }
 }
 
 // Replaces the English texts of the library.
@@ -76,6 +81,7 @@ CParsedOptions ParseOptions(const std::vector<std::wstring>& arguments) {
   SetTexts(app);
   try {
     app.parse(ReversedUtf8(arguments));
+    if (raw.document.empty() && !parsed.options.history) throw CLI::RequiredError("DOCUMENT");
   } catch (const CLI::ParseError& end) {
     std::ostringstream text;
     const int code = app.exit(end, text, text);

@@ -8,6 +8,7 @@
 #include "document/document_file.h"
 #include "engine/backup_thread.h"
 #include "engine/run_tick.h"
+#include "history/run_recorder.h"
 #include "platform/console.h"
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
@@ -44,9 +45,10 @@ bool IsFinal(const CResult& row, bool listOnly) {
 // Runs the jobs and prints each row when it is final.
 class CRunSession : private IRunObserver {
  public:
-  CRunSession(const CRunnerPorts& ports, const COptions& options)
+  CRunSession(const CRunnerPorts& ports, const COptions& options, std::wstring document)
       : m_ports(ports),
         m_options(options),
+        m_document(std::move(document)),
         m_output(options.json
                      ? MakeJsonOutput(ports.console, ports.engine.texts, options.quiet)
                      : MakeTextOutput(ports.console, ports.engine.texts, options.listOnly, options.quiet)),
@@ -83,6 +85,11 @@ class CRunSession : private IRunObserver {
                         m_controller.Total(), m_controller.ElapsedMs()});
   }
   void OnStateChanged() override {}
+  void OnEnded() override {
+    const std::wstring failure =
+        RecordRun(m_ports.engine, m_ports.folders, m_controller, RunProgram::RUNNER, m_document);
+    if (!failure.empty()) Warn(failure);
+  }
   void OnPowerOff() override {}
 
   void Print(const CResult& row) {
@@ -96,14 +103,19 @@ class CRunSession : private IRunObserver {
   void WarnOfUnlisted(const CResult& row) {
     for (const CUnlistedFolder& unlisted : row.targets->Unlisted()) {
       const my::CMsgArg what = UnlistedText(m_ports.engine.texts, *row.task, unlisted);
-      const my::CMsgArg text = my::MakeText(m_ports.engine.texts, IDS_FOLDERS_NOT_LISTED, {&what, 1});
-      m_ports.console.Write(my::IConsole::Stream::Errors,
-                            my::MakeText(m_ports.engine.texts, IDS_WARNING, {&text, 1}) + L"\n");
+      Warn(my::MakeText(m_ports.engine.texts, IDS_FOLDERS_NOT_LISTED, {&what, 1}));
     }
+  }
+
+  void Warn(const std::wstring& text) const {
+    const my::CMsgArg warning = text;
+    m_ports.console.Write(my::IConsole::Stream::Errors,
+                          my::MakeText(m_ports.engine.texts, IDS_WARNING, {&warning, 1}) + L"\n");
   }
 
   const CRunnerPorts& m_ports;
   const COptions& m_options;
+  std::wstring m_document;
   std::unique_ptr<IRunOutput> m_output;
   size_t m_printed = 0;
   size_t m_errors = 0;
@@ -119,7 +131,7 @@ int RunDocument(const CRunnerPorts& ports, const COptions& options) {
     const std::wstring path = ports.engine.files.FullPath(options.documentPath);
     const CDocument document = LoadDocument(ports.engine.files, ports.dom, path);
     const std::vector<CTaskPtr> tasks = SelectTasks(document, options);
-    exitCode = CRunSession(ports, options).Run(tasks, ChooseArchive(ports, options, tasks));
+    exitCode = CRunSession(ports, options, path).Run(tasks, ChooseArchive(ports, options, tasks));
   });
   if (error) ports.console.Write(my::IConsole::Stream::Errors, error.message + L"\n");
   return exitCode;

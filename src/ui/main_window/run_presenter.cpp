@@ -47,6 +47,7 @@ void CRunPresenter::OpenResults() {
 std::wstring CRunPresenter::StatusText() const {
   const size_t unlisted = m_results.UnlistedCount();
   std::wstring text = m_app.Run().StatusText();
+  if (!m_app.HistoryFailure().empty()) text += L"  " + m_app.HistoryFailure();
   if (unlisted == 0) return text;
   const my::CMsgArg count = std::to_wstring(unlisted);
   return text + L"  " + my::MakeText(m_texts, IDS_UNLISTED_COUNT, {&count, 1});
