@@ -28,7 +28,8 @@ void AddOptions(CLI::App& app, COptions& options, CRawOptions& raw) {
   app.add_option("--task", raw.tasks, "この ID のタスクだけを実行します（繰り返し指定できます）")
       ->option_text("ID")
       ->expected(1)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+      ->allow_extra_args(false);  // the next argument may be the document
   app.add_flag("--test", options.listOnly, "一覧と転送先パスの計算だけを行い、何も作成しません");
   app.add_flag("--json", options.json, "結果を 1 行 1 個の JSON オブジェクトで出力します (UTF-8)");
   app.add_flag("--quiet", options.quiet, "エラーになった結果だけを表示します");
@@ -37,10 +38,19 @@ void AddOptions(CLI::App& app, COptions& options, CRawOptions& raw) {
       ->option_text("FILE");
   app.add_flag("--password-stdin", options.passwordStdin,
                "zip パスワードを標準入力の 1 行目から読み込みます");
-  CLI::Option* const history = app.add_flag("--history", options.history,
-                                            "実行の履歴とタスクの最終成功を表示します（文書は省略できます）");
-  for (const char* run : {"--task", "--test", "--quiet", "--7z", "--settings", "--password-stdin"}) {
-    history->excludes(app.get_option(run));
+  app.add_flag("--history", options.history,
+               "実行の履歴とタスクの最終成功を表示します（文書は省略できます）");
+}
+
+// Checks what the library would explain in English in every line of the help: a run needs a document, and the
+// history takes none of the options of a run.
+void CheckCombination(const CLI::App& app, const COptions& options) {
+  if (!options.history) {
+    if (app.count("DOCUMENT") == 0) throw CLI::RequiredError("DOCUMENT");
+    return;
+  }
+  for (const char* name : {"--task", "--test", "--quiet", "--7z", "--settings", "--password-stdin"}) {
+    if (app.count(name) != 0) throw CLI::ExcludesError("--history", name);
   }
 }
 
@@ -81,7 +91,7 @@ CParsedOptions ParseOptions(const std::vector<std::wstring>& arguments) {
   SetTexts(app);
   try {
     app.parse(ReversedUtf8(arguments));
-    if (raw.document.empty() && !parsed.options.history) throw CLI::RequiredError("DOCUMENT");
+    CheckCombination(app, parsed.options);
   } catch (const CLI::ParseError& end) {
     std::ostringstream text;
     const int code = app.exit(end, text, text);

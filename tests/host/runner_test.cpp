@@ -3,12 +3,14 @@
 #include <gtest/gtest.h>
 
 #include "run/exit_codes.h"
+#include "run/history_output.h"
 #include "settings/settings_file.h"
 #include "support/fake_ports.h"
 #include "support/fake_system.h"
 #include "support/fake_windows.h"
 #include "support/memory_file_system.h"
 #include "support/pugi_dom.h"
+#include "support/strings.h"
 
 namespace {
 
@@ -37,8 +39,10 @@ class Runner : public testing::Test {
     arguments.push_back(L"C:\\doc.qlmr");
     const qlm::CParsedOptions parsed = qlm::ParseOptions(arguments);
     if (parsed.exitCode >= 0) return parsed.exitCode;
-    return qlm::RunDocument({{files, clock, ansi, texts, process}, dom, threads, console, folders, power},
-                            parsed.options);
+    const qlm::CRunnerPorts ports{
+        {files, clock, ansi, texts, process}, dom, threads, console, folders, power};
+    return parsed.options.history ? qlm::ShowHistory(ports, parsed.options)
+                                  : qlm::RunDocument(ports, parsed.options);
   }
 
   // Returns the output that clears a progress line of this length.
@@ -168,6 +172,43 @@ TEST_F(Runner, unreadable_folder_causes_a_warning) {
   EXPECT_EQ(console.errors,
             L"警告: 読み取れなかったため、バックアップに含まれないフォルダーがあります - C:\\src\\locked\\ "
             L"(system error (0x80070005))\n");
+}
+
+TEST_F(Runner, history_has_runs_and_last_success_but_no_password) {
+  const std::wstring file = L"C:\\Roaming\\Tenkowa\\Quillmoor\\QuillmoorHistory.jsonl";
+  EXPECT_EQ(Run({L"--test", L"--task", L"plain"}), qlm::kExitDone);
+  EXPECT_EQ(files.Kind(file), my::PathKind::None) << "a test run backs up nothing";
+  Run({L"--task", L"plain"});
+  process.OnRun([](const my::CProcessStart&) { return 2u; });
+  console.input = {L"secret9"};
+  EXPECT_EQ(Run({L"--task", L"zip", L"--password-stdin", L"--7z", L"C:\\7z.exe"}), qlm::kExitErrors);
+  EXPECT_EQ(files.Files().at(file).find("secret9"), std::string::npos);
+  EXPECT_EQ(Run({L"--history"}), qlm::kExitDone);
+  const std::wstring time = L"2016/03/05 07:04:09";
+  EXPECT_TRUE(
+      console.output.starts_with(time + L" - " + time +
+                                 L" | コマンド | C:\\doc.qlmr | 正常終了 - 作成 0、スキップ 0、エラー "
+                                 L"1、中断 0、読めないフォルダー 0\n    zip | D:\\dst\\all.zip | "));
+  EXPECT_NE(console.output.find(L"    plain | D:\\dst\\copy | 作成 | 1 ファイル、1 バイト\n最終成功\n"
+                                L"    C:\\doc.qlmr | plain | " +
+                                time + L"\n    C:\\doc.qlmr | zip | 成功した実行はありません\n"),
+            std::wstring::npos)
+      << my::Utf8FromWide(console.output);
+  files.AddFile(file, files.Files().at(file) + "torn");
+  EXPECT_EQ(Run({L"--history", L"--json"}), qlm::kExitDone);
+  EXPECT_EQ(console.errors, L"警告: 履歴に読み取れない行が 1 行あり、無視しました - " + file + L"\n");
+  EXPECT_NE(console.output.find(L"{\"event\":\"task\",\"document\":\"C:\\\\doc.qlmr\",\"task\":\"plain\","
+                                L"\"last_success\":\"2016-03-05T07:04:09Z\",\"overdue\":false}\n"),
+            std::wstring::npos);
+  EXPECT_TRUE(console.output.ends_with(L"\"runs\":2,\"damaged\":1}\n"));
+  EXPECT_EQ(Run({L"--history", L"--test"}), qlm::kExitUnusable);
+}
+
+TEST_F(Runner, history_that_cannot_be_written_leaves_the_result) {
+  folders.failure = my::CException(IDS_SETTINGS_LOCATION_FAILED, {my::CSystemError::FromWin32(5)});
+  EXPECT_EQ(Run({L"--task", L"plain"}), qlm::kExitDone);
+  EXPECT_TRUE(console.errors.starts_with(L"警告: この実行を履歴に記録できませんでした - "));
+  EXPECT_TRUE(console.output.ends_with(L"正常終了 - 結果 1 件、エラー 0 件\n"));
 }
 
 }  // namespace
