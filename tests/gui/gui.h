@@ -182,6 +182,27 @@ inline void FocusRow(HWND list, int row) {
   ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
 }
 
+// Sets the size of the system's texts, as the accessibility settings do; restores it when destroyed.
+class CTextSize {
+ public:
+  CTextSize() { Metrics(SPI_GETNONCLIENTMETRICS, m_before); }
+  ~CTextSize() { Metrics(SPI_SETNONCLIENTMETRICS, m_before); }
+
+  void Set(int percent) {
+    NONCLIENTMETRICSW metrics = m_before;
+    metrics.lfMessageFont.lfHeight = ::MulDiv(metrics.lfMessageFont.lfHeight, percent, 100);
+    Metrics(SPI_SETNONCLIENTMETRICS, metrics);
+  }
+
+ private:
+  static void Metrics(UINT action, NONCLIENTMETRICSW& metrics) {
+    metrics.cbSize = sizeof metrics;
+    ASSERT_TRUE(::SystemParametersInfoW(action, sizeof metrics, &metrics, 0));
+  }
+
+  NONCLIENTMETRICSW m_before{};
+};
+
 struct CRows : my::IListModel {
   size_t count = 10000;
   std::vector<my::ListCheck> checks = {my::ListCheck::Unchecked, my::ListCheck::Checked,

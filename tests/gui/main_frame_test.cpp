@@ -138,6 +138,52 @@ TEST(MainFrame, check_boxes_show_and_set_the_use_by_all_selected_tasks) {
   EXPECT_EQ(box(1), none);
 }
 
+// Returns the share of the upper list in the height of both.
+double UpperShare(const CGuiApp& a) {
+  const LONG upper = test::Size(::GetParent(a.List(IDC_TASK_LIST))).cy;
+  const LONG lower = test::Size(::GetParent(a.List(IDC_DST_LIST))).cy;
+  return static_cast<double>(upper) / (upper + lower);
+}
+
+void ExpectUsableLists(const CGuiApp& a, const std::string& when) {
+  for (const int id : {IDC_TASK_LIST, IDC_DST_LIST}) {
+    const HWND list = a.List(id);
+    RECT client{};
+    ::GetClientRect(list, &client);
+    LONG columns = 0;
+    for (int i = 0; i < Header_GetItemCount(ListView_GetHeader(list)); ++i)
+      columns += ListView_GetColumnWidth(list, i);
+    EXPECT_GE(ListView_GetCountPerPage(list), 2) << when;
+    EXPECT_GE(columns, client.right) << when;
+  }
+}
+
+TEST(MainFrame, both_lists_are_usable_in_small_and_large_windows_and_with_large_texts) {
+  test::CTextSize textSize;
+  CGuiApp a;
+  a.AddTask(L"A", L"C:\\a");
+  a.AddDst(L"C:\\b");
+  test::Resize(a.frame->Hwnd(), 1024, 768);
+  const double share = UpperShare(a);
+  ExpectUsableLists(a, "1024 x 768");
+  test::Resize(a.frame->Hwnd(), 560, 400);
+  ExpectUsableLists(a, "560 x 400");
+  test::Resize(a.frame->Hwnd(), 2560, 1440);
+  ExpectUsableLists(a, "2560 x 1440");
+  EXPECT_NEAR(UpperShare(a), share, 0.02);
+
+  const int row = ListView_GetItemSpacing(a.List(IDC_TASK_LIST), TRUE) >> 16;
+  const int width = ListView_GetColumnWidth(a.List(IDC_TASK_LIST), 0);
+  const LONG button = test::Size(::GetDlgItem(::GetParent(a.List(IDC_TASK_LIST)), ID_TASK_ADD)).cy;
+  textSize.Set(225);
+  ::SendMessageW(a.frame->Hwnd(), WM_SETTINGCHANGE, SPI_SETNONCLIENTMETRICS, 0);
+  test::Resize(a.frame->Hwnd(), 1366, 768);
+  ExpectUsableLists(a, "225 %");
+  EXPECT_GE(ListView_GetItemSpacing(a.List(IDC_TASK_LIST), TRUE) >> 16, row * 3 / 2);
+  EXPECT_GE(ListView_GetColumnWidth(a.List(IDC_TASK_LIST), 0), width * 2);
+  EXPECT_GE(test::Size(::GetDlgItem(::GetParent(a.List(IDC_TASK_LIST)), ID_TASK_ADD)).cy, button * 3 / 2);
+}
+
 TEST(MainFrame, lists_are_redrawn_only_if_affected) {
   CGuiApp a;
   for (const wchar_t* folder : {L"C:\\x", L"C:\\y"}) a.AddDst(folder);

@@ -140,6 +140,7 @@ TEST_F(SettingsSheet, stores_only_when_confirmed) {
   for (const int button : {IDCANCEL, IDC_APPLY, IDOK}) {
     Open();
     EXPECT_FALSE(::IsWindowEnabled(sheet.Item(IDC_APPLY)));
+    EXPECT_EQ(::GetWindowLongW(page, GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL), 0) << "there is room for all";
     Type(page, IDC_ARCHIVER_PATH, L" \"C:\\7z.exe\" ");
     Choose(page, IDC_POWER_OFF_TYPE, static_cast<int>(PowerOffType::SLEEP));
     Click(page, IDC_HYBRID_SHUTDOWN);  // has no effect on sleep

@@ -82,6 +82,30 @@ void ShootDialogs() {
   ShootModal(a, ID_RUN, L"password");
 }
 
+// Small and large windows, and the largest text size of the system.
+void ShootSizes() {
+  if (!Wanted(L"sizes")) return;
+  test::CTextSize textSize;
+  CSampleApp a;
+  const HWND frame = a.frame->Hwnd();
+  a.RunToEnd();
+  ::SendMessageW(test::DialogWith(IDC_RESULT_LIST), WM_CLOSE, 0, 0);
+  for (const auto& [width, height] : {std::pair(560, 400), std::pair(1024, 768), std::pair(2560, 1440)}) {
+    ::SetWindowPos(frame, nullptr, 0, 0, width, height, SWP_NOZORDER);
+    Shoot(frame, L"main_" + std::to_wstring(width));
+  }
+  textSize.Set(225);
+  ::SendMessageW(frame, WM_SETTINGCHANGE, SPI_SETNONCLIENTMETRICS, 0);
+  ::SetWindowPos(frame, nullptr, 0, 0, 1366, 768, SWP_NOZORDER);
+  Shoot(frame, L"main_text_225");
+  for (const auto& [command, name] : {std::pair(ID_TASK_EDIT, L"task"), std::pair(ID_SETTINGS, L"settings"),
+                                      std::pair(ID_TASK_TARGETS, L"targets")})
+    a.DoWithDialog(command, [name = std::wstring(name)](HWND dialog) {
+      Shoot(dialog, name + L"_text_225");
+      ::SendMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+}
+
 }  // namespace
 
 int wmain(int argc, wchar_t** argv) {
@@ -96,5 +120,6 @@ int wmain(int argc, wchar_t** argv) {
   ShootMain();
   ShootDialogs();
   ShootDesign();
+  ShootSizes();
   return testing::Test::HasFailure();
 }

@@ -19,7 +19,7 @@ void CSeeThroughList::UseBackground() {
 std::optional<LRESULT> CSeeThroughList::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (m_background.IsPlain()) return CDrawnList::OnMessage(message, wParam, lParam);
   switch (message) {
-    case WM_SIZE: m_background.UpdatePlace(); break;  // a scroll bar has appeared or disappeared
+    case WM_SIZE: m_background.UpdatePlace(); break;
     case WM_ERASEBKGND: return TRUE;  // painting starts with the background
     case WM_HSCROLL:
     case WM_VSCROLL:
