@@ -1,7 +1,6 @@
 #include "ui/main_window/list_pane.h"
 
 #include <commctrl.h>
-
 #include <windowsx.h>
 
 #include <algorithm>
