@@ -111,7 +111,7 @@ TEST_F(Design, text_is_readable_on_every_brush_and_character) {
   view.CreateIn(frame);
   ::MoveWindow(view.Hwnd(), 0, 0, 400, 300, FALSE);
   CBackground background;
-  background.SetView(view.Hwnd(), [] { return std::vector<CRoom>(); });
+  background.SetView(view.Hwnd(), [] { return std::vector<CRoom>{{false, {0, 0, 400, 300}, {}}}; });
   CDesignSetting design;
   my::CPixelBitmap copy({400, 300});
   for (int i = 0; i < 27; ++i) {

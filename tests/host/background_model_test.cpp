@@ -131,13 +131,12 @@ TEST(Background, large_pictures_are_kept_at_screen_size) {
 }
 
 TEST(Background, character_stands_in_the_free_room_nearest_to_its_corner) {
-  const CExtent view{800, 600};
   const CRoom upper{true, {0, 100, 800, 290}, {}};
   const CRoom above{false, {0, 400, 800, 580}, {}};
   const CRoom whole{
       false, {0, 400, 800, 600}, {{500, 580, 790, 600}}};  // with the line of text at the bottom
   const auto place = [&](std::vector<CRoom> rooms, ImgOrigin origin) {
-    return PlaceCharacter(rooms, view, 240, 80, origin);
+    return PlaceCharacter(rooms, 240, 80, origin);
   };
   EXPECT_EQ(place({upper, above, whole}, ImgOrigin::LB), (my::CRect{0, 400, 200, 600}));
   EXPECT_EQ(place({upper, above, whole}, ImgOrigin::RB), (my::CRect{620, 400, 800, 580})) << "above the text";
@@ -146,7 +145,7 @@ TEST(Background, character_stands_in_the_free_room_nearest_to_its_corner) {
   EXPECT_EQ(place({upper, hint}, ImgOrigin::LB), (my::CRect{0, 450, 150, 600})) << "beside the hint";
   const CRoom low{false, {0, 540, 800, 600}, {}};
   EXPECT_EQ(place({upper, low}, ImgOrigin::LB), (my::CRect{0, 100, 190, 290})) << "no room near the corner";
-  EXPECT_EQ(place({low}, ImgOrigin::LB), (my::CRect{0, 520, 80, 600})) << "no room";
+  EXPECT_EQ(place({low}, ImgOrigin::LB), my::CRect()) << "no room";
   EXPECT_EQ(place({{false, {0, 100, 800, 600}, {}}}, ImgOrigin::LB), (my::CRect{0, 360, 240, 600}));
 }
 

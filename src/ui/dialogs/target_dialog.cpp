@@ -80,6 +80,7 @@ void CTargetDialog::ShowTexts() {
   SetItemText(IDC_TARGET_COUNTS, m_model.CountsText());
   SetItemText(IDC_TARGET_NEWEST, NewestText());
   SetItemText(IDC_TARGET_UNLISTED, UnlistedText());
+  ShowItem(IDC_TARGET_UNLISTED, !m_result->targets->Unlisted().empty());
 }
 
 std::wstring CTargetDialog::NewestText() const {

@@ -20,10 +20,10 @@ BOOL CALLBACK SetFont(HWND control, LPARAM font) {
 
 }  // namespace
 
-void CArrangement::Init(HWND window, CBox boxes, CExtentsOf extentsOf, std::function<void()> arranged) {
+void CArrangement::Init(HWND window, CBox boxes, CSizesOf sizesOf, std::function<void()> arranged) {
   m_window = window;
   m_boxes = std::move(boxes);
-  m_extentsOf = std::move(extentsOf);
+  m_sizesOf = std::move(sizesOf);
   m_arranged = std::move(arranged);
   for (HWND control = ::GetWindow(window, GW_CHILD); control; control = ::GetWindow(control, GW_HWNDNEXT)) {
     FollowFocus(control);
@@ -71,10 +71,10 @@ SIZE CArrangement::Contents(const CWindowLayout& layout) const {
 
 // The height is that at the natural width, where texts have the fewest lines. If the user makes the window so
 // narrow that they need more, it scrolls.
-SIZE CArrangement::Client(SIZE room, int CExtent::*size) const {
+SIZE CArrangement::Client(SIZE room, int CSizeRange::*size) const {
   const CControlSizes sizes = Sizes();
   const CWindowLayout layout(m_window, m_boxes, sizes);
-  const CExtent width = layout.Width();
+  const CSizeRange width = layout.Width();
   const LONG height = layout.Height(std::min<int>(room.cx, width.natural)).*size;
   if (height <= room.cy) return {std::min<LONG>(room.cx, width.*size), height};
   return {std::min<LONG>(room.cx, width.*size + SystemMetric(SM_CXVSCROLL, m_dpi)), room.cy};

@@ -63,8 +63,8 @@ SIZE DrawnSize(HDC dc, const std::wstring& text, int width, UINT format) {
 
 }  // namespace
 
-CControlSizes::CControlSizes(HWND window, HFONT font, UINT dpi, CExtentsOf extentsOf)
-    : m_window(window), m_dpi(dpi), m_extentsOf(std::move(extentsOf)) {
+CControlSizes::CControlSizes(HWND window, HFONT font, UINT dpi, CSizesOf sizesOf)
+    : m_window(window), m_dpi(dpi), m_sizesOf(std::move(sizesOf)) {
   constexpr std::wstring_view kAlphabet = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
   static_assert(kAlphabet.size() == kAlphabetLength);
   const CWindowDc dc(nullptr);
@@ -77,8 +77,8 @@ CControlSizes::CControlSizes(HWND window, HFONT font, UINT dpi, CExtentsOf exten
   m_lineHeight = metrics.tmHeight;
 }
 
-std::optional<CExtents> CControlSizes::Special(const CBox& box) const {
-  return m_extentsOf && !box.label ? m_extentsOf(box.id) : std::nullopt;
+std::optional<CSizeRanges> CControlSizes::Special(const CBox& box) const {
+  return m_sizesOf && !box.label ? m_sizesOf(box.id) : std::nullopt;
 }
 
 HWND CControlSizes::ControlOf(const CBox& box) const {
@@ -162,7 +162,7 @@ int CControlSizes::CachedWidth(HWND control, Kind kind) const {
   return found->second;
 }
 
-CExtent CControlSizes::Width(const CBox& box) const {
+CSizeRange CControlSizes::Width(const CBox& box) const {
   if (const auto special = Special(box)) return special->width;
   const HWND control = ControlOf(box);
   const Kind kind = KindOf(control);
@@ -181,7 +181,7 @@ CExtent CControlSizes::Width(const CBox& box) const {
   return {std::min(natural, Chars(kSmallestText)), natural};
 }
 
-CExtent CControlSizes::Height(const CBox& box, int width) const {
+CSizeRange CControlSizes::Height(const CBox& box, int width) const {
   if (const auto special = Special(box)) return special->height;
   const HWND control = ControlOf(box);
   const int lines = std::max(1, box.lines);

@@ -197,7 +197,7 @@ BOOL CDialog::Init() noexcept {
 void CDialog::InitLayout() {
   KeepSystemFromScaling(m_hwnd);
   m_arrangement.Init(
-      m_hwnd, Layout(), [this](int id) { return ExtentsOf(id); }, [this] { OnArranged(); });
+      m_hwnd, Layout(), [this](int id) { return SizesOf(id); }, [this] { OnArranged(); });
   m_dpi = WindowDpi(m_hwnd);
   m_arrangement.UseFont(m_dpi);
 }

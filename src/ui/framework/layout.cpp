@@ -19,13 +19,13 @@ int WindowHeight(HWND control, int height) {
 CWindowLayout::CWindowLayout(HWND window, const CBox& root, const CControlSizes& sizes)
     : m_window(window), m_sizes(sizes), m_layout(root, sizes), m_margin(sizes.Margin()) {}
 
-CExtent CWindowLayout::Width() const {
-  const CExtent width = m_layout.Width();
+CSizeRange CWindowLayout::Width() const {
+  const CSizeRange width = m_layout.Width();
   return {width.least + 2 * m_margin, width.natural + 2 * m_margin};
 }
 
-CExtent CWindowLayout::Height(int width) const {
-  const CExtent height = m_layout.Height(width - 2 * m_margin);
+CSizeRange CWindowLayout::Height(int width) const {
+  const CSizeRange height = m_layout.Height(width - 2 * m_margin);
   return {height.least + 2 * m_margin, height.natural + 2 * m_margin};
 }
 

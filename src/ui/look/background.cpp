@@ -14,7 +14,7 @@ namespace {
 
 // Pixels at 96 DPI.
 constexpr int kCharacterSize = 240;
-constexpr int kSmallestCharacter = 80;
+constexpr int kSmallestCharacter = 48;
 constexpr float kRim = 2.5F;
 const my::CColor kDefaultBrush = CDesignSetting().bkBrushColor;
 
@@ -204,17 +204,18 @@ void CBackground::DrawCharacter(Gdiplus::Graphics& graphics, BkImgType type) con
                      kRim * static_cast<float>(m_dpi) / my::kDefaultDpi);
 }
 
-// A character in its own size keeps clear of words; one fitted to the view does not.
+// A character in its own size keeps clear of words and is left out if there is no room; one fitted to the
+// view is behind the rows.
 my::CRect CBackground::CharacterPlace() const {
   const BkImgType type = ImageOf(m_design);
   if (type == BkImgType::NONE || type == BkImgType::CUSTOM) return {};
+  const int side = my::Scale(kCharacterSize, m_dpi);
+  const auto [fit, origin] = std::pair(m_design.bkImgFitType, m_design.bkImgOrigin);
+  if (fit == FitType::NONE)
+    return PlaceCharacter(m_rooms(), side, my::Scale(kSmallestCharacter, m_dpi), origin);
   RECT client{};
   ::GetClientRect(m_view, &client);
-  const CExtent view{client.right, client.bottom};
-  const int side = my::Scale(kCharacterSize, m_dpi);
-  if (m_design.bkImgFitType != FitType::NONE)
-    return PlaceImage(view, {side, side}, m_design.bkImgFitType, m_design.bkImgOrigin);
-  return PlaceCharacter(m_rooms(), view, side, my::Scale(kSmallestCharacter, m_dpi), m_design.bkImgOrigin);
+  return PlaceImage({client.right, client.bottom}, {side, side}, fit, origin);
 }
 
 }  // namespace qlm

@@ -9,8 +9,6 @@
 
 namespace qlm {
 
-constexpr float kCharacterRatio = 1;  // width divided by height
-
 // Draws the character centred in `where` (pixels), as large as fits; pixels outside the drawing are
 // unchanged. Within `where` it has a light rim of width `rim`, visible on dark backgrounds. Types before OK
 // have no drawing. GDI+ must be started. Takes several milliseconds, so callers should keep the result.

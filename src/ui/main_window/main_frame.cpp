@@ -325,7 +325,7 @@ void CMainFrame::ShowClosing() {
 void CMainFrame::UseDpi(UINT dpi) {
   m_dpi = dpi;
   my::CFont font = my::MessageFont(dpi);
-  CToolImages images(dpi);
+  CToolImages images(my::TextDpi(dpi));
   m_parts->toolBar.Use(font.Get(), images);
   m_parts->statusBar.UseFont(font.Get());
   m_font = std::move(font);  // until here the window uses the old ones

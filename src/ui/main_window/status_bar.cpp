@@ -21,6 +21,8 @@ constexpr int kCountsPart = 2;
 
 // Pixels at 96 DPI.
 constexpr int kProgressWidth = 200;
+constexpr int kSmallestProgress = 60;
+constexpr int kRoomForText = 200;  // of the run
 constexpr int kCountsWidth = 250;
 constexpr int kButtonPadding = 10;
 constexpr int kRoomForButton = 400;  // with the text of the run
@@ -90,7 +92,9 @@ void CStatusBar::Resize(UINT dpi) {
   RECT client{};
   ::GetClientRect(m_bar, &client);
   const int counts = std::max<int>(0, client.right - my::Scale(kCountsWidth, my::TextDpi(dpi)));
-  int progress = std::max<int>(0, counts - my::Scale(kProgressWidth, dpi));
+  const int room = counts - my::Scale(kRoomForText, my::TextDpi(dpi));
+  const int width = std::clamp(room, my::Scale(kSmallestProgress, dpi), my::Scale(kProgressWidth, dpi));
+  int progress = std::max<int>(0, counts - width);
   // In a narrow window the button is more important than the progress, which the text shows too.
   if (!m_powerOffText.empty() && progress < my::Scale(kRoomForButton, dpi)) progress = counts;
   PlaceButton(progress);

@@ -1,10 +1,13 @@
 #include "ui/main_window/tool_bar.h"
 
+#include <algorithm>
+
 #include "command_ids.h"
 #include "control_ids.h"
 #include "platform/message_texts.h"
 #include "text_ids.h"
 #include "ui/framework/controls.h"
+#include "ui/framework/gdi.h"
 
 namespace qlm {
 namespace {
@@ -80,7 +83,11 @@ std::vector<int> CToolBar::Ids() const {
 void CToolBar::Use(HFONT font, const CToolImages& images) const {
   ::SendMessageW(m_bar, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images.List()));
   ::SendMessageW(m_bar, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
-  const int height = images.Size() * 3 / 2;
+  const my::CWindowDc dc(m_bar);
+  const my::CSelect select(dc.Get(), font);
+  TEXTMETRICW text{};
+  ::GetTextMetricsW(dc.Get(), &text);
+  const int height = std::max<int>(images.Size() * 3 / 2, text.tmHeight + images.Size() / 2);
   ::SendMessageW(m_bar, TB_SETBUTTONSIZE, 0, MAKELPARAM(height, height));
   Resize();
 }

@@ -133,8 +133,7 @@ my::CRect PlaceImage(CExtent view, CExtent image, FitType fit, ImgOrigin origin)
   return InCorner(view, ScaledExtent(image, FitScale(view, image, fit)), origin);
 }
 
-my::CRect PlaceCharacter(std::span<const CRoom> rooms, CExtent view, int side, int smallest,
-                         ImgOrigin origin) {
+my::CRect PlaceCharacter(std::span<const CRoom> rooms, int side, int smallest, ImgOrigin origin) {
   const CRoom* best = nullptr;
   int bestSide = 0;
   bool bestIsNear = false;
@@ -147,7 +146,7 @@ my::CRect PlaceCharacter(std::span<const CRoom> rooms, CExtent view, int side, i
     bestSide = free;
     bestIsNear = isNear;
   }
-  if (!best) return InCorner(view, {smallest, smallest}, origin);
+  if (!best) return {};
   return InCorner(best->area, {bestSide, bestSide}, origin);
 }
 

@@ -29,10 +29,8 @@ struct CRoom {
 };
 
 // Returns the largest square up to `side` that is clear of words: in the corner of a room in the list nearest
-// to the origin, or else of another room. If all are below `smallest`, returns a square of that size in the
-// corner of the view, where it is behind rows.
-my::CRect PlaceCharacter(std::span<const CRoom> rooms, CExtent view, int side, int smallest,
-                         ImgOrigin origin);
+// to the origin, or else of another room. Returns an empty rectangle if all are below `smallest`.
+my::CRect PlaceCharacter(std::span<const CRoom> rooms, int side, int smallest, ImgOrigin origin);
 
 // Returns the part of a picture to keep and its size, sufficient for any view on this screen.
 struct CPicturePart {
