@@ -43,16 +43,21 @@ bool CArrangement::UseFont(UINT dpi) {
   ::SendMessageW(m_window, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), FALSE);
   ::EnumChildWindows(m_window, SetFont, reinterpret_cast<LPARAM>(font.Get()));
   m_font = std::move(font);
+  Invalidate();
   return true;
 }
 
 void CArrangement::Arrange() {
+  const SIZE room = CScroller::Room(m_window);
+  if (m_valid && room.cx == m_room.cx && room.cy == m_room.cy) return;
   if (std::exchange(m_arranging, true)) return;  // a scroll bar that appears sends WM_SIZE
   const CControlSizes sizes = Sizes();
   const CWindowLayout layout(m_window, m_boxes, sizes);
   const SIZE contents = Contents(layout);
   m_scroller.SetContents(m_window, contents);
   layout.Apply(contents, m_scroller.Position());
+  m_room = room;
+  m_valid = true;
   m_arranged();
   m_arranging = false;
 }
@@ -82,6 +87,7 @@ SIZE CArrangement::Client(SIZE room, int CSizeRange::*size) const {
 
 bool CArrangement::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
   if (!m_scroller.Handle(m_window, message, wParam, lParam)) return false;
+  Invalidate();
   Arrange();
   return true;
 }
@@ -100,7 +106,9 @@ void CArrangement::Reveal(HWND control) {
   ::GetWindowRect(control, &area);
   ::MapWindowPoints(nullptr, m_window, reinterpret_cast<POINT*>(&area), 2);
   ::InflateRect(&area, 0, Scale(kAround, m_dpi));
-  if (m_scroller.Show(m_window, area)) Arrange();
+  if (!m_scroller.Show(m_window, area)) return;
+  Invalidate();
+  Arrange();
 }
 
 }  // namespace my

@@ -27,8 +27,10 @@ class CArrangement {
   // Sets the font for this DPI. Returns whether the font has changed.
   bool UseFont(UINT dpi);
 
-  // Places the controls in the current client area.
+  // Places the controls in the current client area. Does nothing if neither its size nor, since a call of
+  // Invalidate, the controls have changed.
   void Arrange();
+  void Invalidate() { m_valid = false; }
 
   // Returns the client size at which the window shows everything, or the least one without scrolling; the
   // width is at most `room.cx`, and a height above `room.cy` is cut and leaves room for a scroll bar.
@@ -54,6 +56,8 @@ class CArrangement {
   LOGFONTW m_logFont{};
   CScroller m_scroller;
   bool m_arranging = false;
+  bool m_valid = false;
+  SIZE m_room{};  // for which the controls were placed
   std::vector<std::unique_ptr<CSubclass>> m_focusHooks;
 };
 

@@ -6,8 +6,10 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <utility>
 
 #include "support/box_layout.h"
+#include "ui/framework/gdi.h"
 
 namespace my {
 
@@ -40,15 +42,24 @@ class CControlSizes : public IBoxMeasure {
  private:
   enum class Kind { Text, OneLine, Icon, Push, Check, Edit, Combo, List, Link, Progress, Other };
 
+  // What is known of a control. A layout asks for it many times.
+  struct CControl {
+    HWND window = nullptr;
+    Kind kind = Kind::Other;
+    bool isShown = false;
+    mutable std::optional<int> contentWidth;
+    mutable std::map<int, SIZE> textSizes;  // by width
+  };
+
   static Kind KindOf(HWND control);
+  const CControl& Find(const CBox& box) const;
   std::optional<CSizeRanges> Special(const CBox& box) const;
   int Px(int at96) const { return ::MulDiv(at96, static_cast<int>(m_dpi), 96); }
   int FieldFrame() const { return Px(kFieldPadding) + kFieldBorder; }
   int Chars(int count) const { return ::MulDiv(count, m_alphabetWidth, kAlphabetLength); }
-  SIZE TextSize(HWND control, int width) const;
+  SIZE TextSize(const CControl& control, int width) const;
   int LongestItem(HWND combo) const;
-  int ContentWidth(HWND control, Kind kind) const;
-  int CachedWidth(HWND control, Kind kind) const;
+  int ContentWidth(const CControl& control) const;
   int ListHeight(int rows) const;
 
   static constexpr int kAlphabetLength = 52;
@@ -60,7 +71,8 @@ class CControlSizes : public IBoxMeasure {
   int m_lineHeight = 0;
   int m_alphabetWidth = 0;
   CSizesOf m_sizesOf;
-  mutable std::map<HWND, int> m_widths;  // a layout asks for each of them many times
+  CWindowDc m_dc{nullptr};
+  mutable std::map<std::pair<int, bool>, CControl> m_controls;  // by id and whether it is the label
 };
 
 }  // namespace my
