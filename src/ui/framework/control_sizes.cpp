@@ -54,6 +54,10 @@ int ColumnsWidth(HWND list) {
   return width;
 }
 
+HFONT FontOf(HWND control) {
+  return reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0));
+}
+
 // Returns the text without the marks of access keys.
 std::wstring WithoutPrefixes(const std::wstring& text) {
   std::wstring shown;
@@ -85,14 +89,14 @@ SIZE BrokenSize(HDC dc, const std::wstring& text, int width) {
 }  // namespace
 
 CControlSizes::CControlSizes(HWND window, HFONT font, UINT dpi, CSizesOf sizesOf)
-    : m_window(window), m_dpi(dpi), m_sizesOf(std::move(sizesOf)) {
+    : m_window(window), m_dpi(dpi), m_sizesOf(std::move(sizesOf)), m_dc(font) {
   constexpr std::wstring_view kAlphabet = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
   static_assert(kAlphabet.size() == kAlphabetLength);
-  const CSelect select(m_dc.Get(), font);
+  const HDC dc = m_dc.With(font);
   SIZE size{};
   TEXTMETRICW metrics{};
-  ::GetTextExtentPoint32W(m_dc.Get(), kAlphabet.data(), kAlphabetLength, &size);
-  ::GetTextMetricsW(m_dc.Get(), &metrics);
+  ::GetTextExtentPoint32W(dc, kAlphabet.data(), kAlphabetLength, &size);
+  ::GetTextMetricsW(dc, &metrics);
   m_alphabetWidth = size.cx;
   m_lineHeight = metrics.tmHeight;
 }
@@ -149,13 +153,13 @@ SIZE CControlSizes::TextSize(const CControl& control, int width) const {
     text = WithoutTags(text);
   else if (!plain)
     text = WithoutPrefixes(text);
-  const CSelect select(m_dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(window, WM_GETFONT, 0, 0)));
-  return found->second = width != 0 ? BrokenSize(m_dc.Get(), text, width) : LineSize(m_dc.Get(), text);
+  const HDC dc = m_dc.With(FontOf(window));
+  return found->second = width != 0 ? BrokenSize(dc, text, width) : LineSize(dc, text);
 }
 
 // Returns the width of the longest text in the list of a combo box.
 int CControlSizes::LongestItem(HWND combo) const {
-  const CSelect select(m_dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(combo, WM_GETFONT, 0, 0)));
+  const HDC dc = m_dc.With(FontOf(combo));
   int longest = 0;
   const LRESULT count = ::SendMessageW(combo, CB_GETCOUNT, 0, 0);
   for (LRESULT i = 0; i < count; ++i) {
@@ -163,7 +167,7 @@ int CControlSizes::LongestItem(HWND combo) const {
     std::wstring text(static_cast<size_t>(::SendMessageW(combo, CB_GETLBTEXTLEN, item, 0)) + 1, L'\0');
     ::SendMessageW(combo, CB_GETLBTEXT, item, reinterpret_cast<LPARAM>(text.data()));
     text.pop_back();
-    longest = std::max<int>(longest, LineSize(m_dc.Get(), text).cx);
+    longest = std::max<int>(longest, LineSize(dc, text).cx);
   }
   return longest;
 }

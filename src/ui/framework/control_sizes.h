@@ -71,7 +71,7 @@ class CControlSizes : public IBoxMeasure {
   int m_lineHeight = 0;
   int m_alphabetWidth = 0;
   CSizesOf m_sizesOf;
-  CWindowDc m_dc{nullptr};
+  mutable CFontDc m_dc;
   mutable std::map<std::pair<int, bool>, CControl> m_controls;  // by id and whether it is the label
 };
 
