@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Three runners at once run one document with a folder and an archive, in 20 rounds with a changed source.
-# After each round every final name is a complete backup, and each runner reports success.
+# After each round every final name is a complete backup, and each runner reports success. The history has every
+# run.
 source "$(dirname "$0")/lib.sh" concurrent_runs
 
 rounds=20 runners=3 files=12
@@ -28,6 +29,7 @@ faults() {
   diff -r "$work/src" "$unpacked" 2>&1 | head -n 3
 }
 
+rm -f "$(history_file)"
 errors=0 created=0
 for ((round = 0; round < rounds; ++round)); do
   year=$((2000 + round))
@@ -62,5 +64,10 @@ rm -f "$out".[0-9] "$err".[0-9]
 ((created >= 2 * rounds)) || fail "$created backups reported as created in $rounds rounds"
 ((errors == 0)) || fail "$errors errors"
 [[ $(find "$work/dst" -mindepth 1 -maxdepth 1 | wc -l) == $((2 * rounds)) ]] || fail 'something is left beside the backups'
+[[ $(jq -s 'map(.rows | length) | add' "$(history_file)") == $((2 * rounds * runners)) ]] || fail 'a run is missing in the history'
+run_qlm --history --json
+expect_code 0
+expect_json event=history runs=$((rounds * runners)) damaged=0
+expect_json event=task task=zip overdue=false
 say "$created of $((2 * rounds * runners)) results are created backups, the others skipped"
 echo PASS

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The runner is killed at 50 random moments of a copy. A final name must then be complete, and the next run
-# must succeed.
+# must succeed. The history has every run that was not killed.
 source "$(dirname "$0")/lib.sh" kill
 
 kills=50 folders=8 files=50
@@ -31,6 +31,7 @@ start_copy() {
   while [[ ! -e $work/dst/_tmp_copy_2016 && ! -e $final ]] && ((++waited < 2000)); do sleep 0.002; done
 }
 
+rm -f "$(history_file)"
 run_qlm --quiet "$document" # warm-up
 expect_code 0
 start_copy
@@ -38,7 +39,7 @@ began=$(milliseconds)
 wait $pid
 length=$(($(milliseconds) - began))
 RANDOM=20161105
-interrupted=0
+interrupted=0 complete=2
 for ((i = 0; i < kills; ++i)); do
   start_copy
   sleep "$(printf '%d.%03d' 0 $((RANDOM % (length * 5 / 4))))"
@@ -49,6 +50,7 @@ for ((i = 0; i < kills; ++i)); do
   if ((i % 5 == 0)); then
     run_qlm --json "$document"
     expect_code 0
+    ((++complete))
     check_final
     expect_folder "$final"
   fi
@@ -58,5 +60,9 @@ run_qlm --json "$document"
 expect_code 0
 expect_folder "$final"
 check_final
+run_qlm --history --json
+expect_code 0
+recorded=$(json_rows | jq 'select(.event == "history") | .runs')
+((recorded > complete)) || fail "$recorded runs in the history, expected more than $complete"
 say "$interrupted of $kills kills interrupted a copy of $length ms"
 echo PASS

@@ -40,6 +40,11 @@ processes_of() { pgrep -f -- "$(to_win "$1" | sed 's/[][\.*^$+?(){}|]/\\&/g')" |
 # Prints the archivers that write to this folder.
 archivers() { processes_of "$1/_tmp"; }
 
+# Prints the path of the history of runs.
+history_file() {
+  printf '%s\n' "$WINEPREFIX/drive_c/users/$(id -un)/AppData/Roaming/Tenkowa/Quillmoor/QuillmoorHistory.jsonl"
+}
+
 # Waits up to 40 s for an archiver that writes to this folder and prints its process id.
 await_archiver() {
   local pid waited

@@ -121,6 +121,20 @@ TEST(Win32FileSystem, reserved_name_is_taken_until_it_is_closed) {
   EXPECT_EQ(scratch.files.Kind(name), PathKind::None);
 }
 
+TEST(Win32FileSystem, file_open_to_append_can_be_read_but_not_written_by_others) {
+  test::CScratchFolder scratch;
+  const auto path = scratch.At(L"履歴");
+  for (const char* line : {"one\n", "two\n"}) {
+    const auto file = scratch.files.OpenToAppend(path);
+    EXPECT_EQ(Failure([&] { scratch.files.OpenToAppend(path); }),
+              Code(IDS_OPEN_FILE_FAILED, ERROR_SHARING_VIOLATION));
+    file->Write(line);
+    file->Flush();
+    EXPECT_TRUE(scratch.files.ReadFile(path, 99).ends_with(line));
+  }
+  EXPECT_EQ(scratch.files.ReadFile(path, 99), "one\ntwo\n");
+}
+
 TEST(Win32FileSystem, relative_path_is_in_the_current_folder_however_long_it_is) {
   my::CWin32FileSystem files;
   const std::wstring longName(400, L'x');
