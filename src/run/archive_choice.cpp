@@ -5,6 +5,7 @@
 #include "platform/console.h"
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
+#include "run/warning.h"
 #include "settings/settings_file.h"
 #include "text_ids.h"
 
@@ -15,8 +16,7 @@ void WarnOfDamage(const CRunnerPorts& ports, const std::wstring& path, my::CExce
   const my::IMessageTexts& texts = ports.engine.texts;
   failure.SetWhere(path);
   const my::CMsgArg reason = my::MakeErrorText(texts, failure);
-  const my::CMsgArg text = my::MakeText(texts, IDS_SETTINGS_PARTLY_READ, {&reason, 1});
-  ports.console.Write(my::IConsole::Stream::Errors, my::MakeText(texts, IDS_WARNING, {&text, 1}) + L"\n");
+  Warn(ports.console, texts, my::MakeText(texts, IDS_SETTINGS_PARTLY_READ, {&reason, 1}));
 }
 
 // Reads the archive settings. A settings file named in the options must exist; without the user's own file

@@ -16,6 +16,7 @@
 #include "run/archive_choice.h"
 #include "run/exit_codes.h"
 #include "run/run_output.h"
+#include "run/warning.h"
 #include "text_ids.h"
 
 namespace qlm {
@@ -88,7 +89,7 @@ class CRunSession : private IRunObserver {
   void OnEnded() override {
     const std::wstring failure =
         RecordRun(m_ports.engine, m_ports.folders, m_controller, RunProgram::RUNNER, m_document);
-    if (!failure.empty()) Warn(failure);
+    if (!failure.empty()) Warn(m_ports.console, m_ports.engine.texts, failure);
   }
   void OnPowerOff() override {}
 
@@ -103,14 +104,9 @@ class CRunSession : private IRunObserver {
   void WarnOfUnlisted(const CResult& row) {
     for (const CUnlistedFolder& unlisted : row.targets->Unlisted()) {
       const my::CMsgArg what = UnlistedText(m_ports.engine.texts, *row.task, unlisted);
-      Warn(my::MakeText(m_ports.engine.texts, IDS_FOLDERS_NOT_LISTED, {&what, 1}));
+      Warn(m_ports.console, m_ports.engine.texts,
+           my::MakeText(m_ports.engine.texts, IDS_FOLDERS_NOT_LISTED, {&what, 1}));
     }
-  }
-
-  void Warn(const std::wstring& text) const {
-    const my::CMsgArg warning = text;
-    m_ports.console.Write(my::IConsole::Stream::Errors,
-                          my::MakeText(m_ports.engine.texts, IDS_WARNING, {&warning, 1}) + L"\n");
   }
 
   const CRunnerPorts& m_ports;

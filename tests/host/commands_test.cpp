@@ -1,5 +1,6 @@
 #include "app/command_line.h"
 #include "command_ids.h"
+#include "history/history_file.h"
 #include "support/fake_app.h"
 #include "support/thrown.h"
 
@@ -129,6 +130,30 @@ TEST_F(Commands, run_command_toggles_and_creates_a_job_per_task_with_destination
   a.Fill({});
   a.Do(ID_RUN);
   EXPECT_EQ(a.TakeBoxes(), refusal(IDS_NEXT_ADD_TASK));
+}
+
+TEST_F(Commands, ended_run_is_recorded_and_a_failure_of_it_is_shown_beside_the_result) {
+  StartIn(RunState::NotRun);
+  const std::wstring file = HistoryPath(a.folders, a.texts);
+  a.Do(ID_RUN);
+  EXPECT_EQ(a.files.Kind(file), my::PathKind::None);
+  a.EndRun();
+  const CHistory history = LoadHistory(a.files, a.clock, file);
+  ASSERT_EQ(history.runs.size(), 1u);
+  EXPECT_EQ(history.runs[0].program, RunProgram::WINDOW);
+  EXPECT_EQ(history.runs[0].document, L"C:\\doc.qlmr");
+  EXPECT_EQ(CountRows(history.runs[0]).created, 2u);
+  a.folders.failure = my::CException(IDS_SETTINGS_LOCATION_FAILED, {my::CSystemError::FromWin32(5)});
+  a.Do(ID_RUN);
+  a.Do(ID_RUN);
+  a.EndRun();
+  EXPECT_EQ(a.State(), RunState::Stopped);
+  EXPECT_NE(a.app->HistoryFailure(), L"");
+  EXPECT_EQ(a.TakeBoxes(), L"") << "a box would keep the computer from being switched off";
+  a.Do(ID_RUN);
+  EXPECT_EQ(a.app->HistoryFailure(), L"");
+  a.EndRun();
+  a.folders.failure.reset();
 }
 
 TEST_F(Commands, missing_archiver_is_reported_before_the_password_is_asked_for) {
