@@ -93,11 +93,15 @@ using CTargetsPtr = boost::shared_ptr<const CTargets>;
 
 struct CTargetCounts {
   size_t counted = 0;   // files to back up
+  uint64_t bytes = 0;   // of these files; a link counts as 0
   size_t folders = 0;   // folders not excluded
   size_t excluded = 0;  // files and folders excluded by the filter
 };
 
 CTargetCounts CountTargets(const CTargets& targets);
+
+// Returns the first counted file with the latest write time; null if no counted file has a time.
+const CTarget* NewestTarget(const CTargets& targets);
 
 // Returns the latest write time of the counted files; zero if there are none.
 my::CFileTime NewestWriteTime(const CTargets& targets);
