@@ -6,7 +6,7 @@
 
 #include "engine/leftovers.h"
 #include "engine/name_advice.h"
-#include "engine/size_text.h"
+#include "engine/value_texts.h"
 #include "engine/task_filter.h"
 #include "engine/transfer_plan.h"
 #include "platform/file_system.h"

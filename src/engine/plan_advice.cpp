@@ -1,7 +1,7 @@
 #include "engine/plan_advice.h"
 
 #include "engine/backup_comparison.h"
-#include "engine/size_text.h"
+#include "engine/value_texts.h"
 #include "engine/zip_end_record.h"
 #include "text_ids.h"
 

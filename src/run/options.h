@@ -10,6 +10,7 @@ struct COptions {
   std::wstring documentPath;
   std::vector<std::wstring> taskIds;  // empty: all tasks
   bool listOnly = false;
+  bool plan = false;
   bool json = false;
   bool quiet = false;
   std::wstring archiverPath;   // empty: the path in the settings

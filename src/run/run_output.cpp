@@ -1,10 +1,9 @@
 #include "run/run_output.h"
 
-#include <nlohmann/json.hpp>
-
 #include "engine/remedy.h"
 #include "platform/console.h"
 #include "platform/message_texts.h"
+#include "run/json_values.h"
 #include "support/strings.h"
 #include "text_ids.h"
 
@@ -73,13 +72,6 @@ class CTextOutput : public IRunOutput {
   size_t m_progressLength = 0;
 };
 
-nlohmann::ordered_json IsoTime(my::CFileTime time) {
-  constexpr uint64_t kBeyondCalendar = uint64_t{1} << 63;
-  if (!time || time.ticks >= kBeyondCalendar) return nullptr;
-  const my::CCalendar at = my::UtcCalendar(time);
-  return my::Utf8FromWide(my::CalendarText(at, L'-', L'T') + L"Z");
-}
-
 class CJsonOutput : public IRunOutput {
  public:
   CJsonOutput(my::IConsole& console, const my::IMessageTexts& texts, bool quiet)
@@ -120,10 +112,6 @@ class CJsonOutput : public IRunOutput {
   }
 
  private:
-  static std::string TypeName(const CDst& dst) {
-    return my::Utf8FromWide(*my::EnumName(kDstTypeNames, static_cast<uint32_t>(dst.type)));
-  }
-
   void Print(const nlohmann::ordered_json& object) {
     m_console.Write(kOutput, my::WideFromUtf8(object.dump()) + L"\n");
   }

@@ -14,7 +14,9 @@
 #include "platform/power.h"
 #include "run/archive_choice.h"
 #include "run/exit_codes.h"
+#include "run/plan_session.h"
 #include "run/run_output.h"
+#include "run/warnings.h"
 #include "text_ids.h"
 
 namespace qlm {
@@ -87,19 +89,9 @@ class CRunSession : private IRunObserver {
 
   void Print(const CResult& row) {
     if (row.error) ++m_errors;
-    if (row.targets != m_lastTargets) WarnOfUnlisted(row);
+    if (row.targets != m_lastTargets) WarnOfUnlisted(m_ports, *row.task, *row.targets);
     m_lastTargets = row.targets;
     m_output->Row(row);
-  }
-
-  // Warns about folders that could not be read and are missing in the backup; no row reports them.
-  void WarnOfUnlisted(const CResult& row) {
-    for (const CUnlistedFolder& unlisted : row.targets->Unlisted()) {
-      const my::CMsgArg what = UnlistedText(m_ports.engine.texts, *row.task, unlisted);
-      const my::CMsgArg text = my::MakeText(m_ports.engine.texts, IDS_FOLDERS_NOT_LISTED, {&what, 1});
-      m_ports.console.Write(my::IConsole::Stream::Errors,
-                            my::MakeText(m_ports.engine.texts, IDS_WARNING, {&text, 1}) + L"\n");
-    }
   }
 
   const CRunnerPorts& m_ports;
@@ -119,6 +111,10 @@ int RunDocument(const CRunnerPorts& ports, const COptions& options) {
     const std::wstring path = ports.engine.files.FullPath(options.documentPath);
     const CDocument document = LoadDocument(ports.engine.files, ports.dom, path);
     const std::vector<CTaskPtr> tasks = SelectTasks(document, options);
+    if (options.plan) {
+      exitCode = PrintPlan(ports, options, document, tasks);
+      return;
+    }
     exitCode = CRunSession(ports, options).Run(tasks, ChooseArchive(ports, options, tasks));
   });
   if (error) ports.console.Write(my::IConsole::Stream::Errors, error.message + L"\n");

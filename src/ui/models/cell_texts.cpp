@@ -4,19 +4,10 @@
 #include <cstdio>
 
 #include "document/filter.h"
-#include "platform/clock.h"
 #include "platform/message_texts.h"
-#include "support/exception.h"
 #include "text_ids.h"
 
 namespace qlm {
-
-std::wstring LocalTimeText(const my::IClock& clock, my::CFileTime time) try {
-  if (!time) return {};
-  return my::CalendarText(clock.LocalCalendar(time), L'/', L' ');
-} catch (const my::CException&) {
-  return {};
-}
 
 std::wstring GroupedText(uint64_t number) {
   std::wstring digits = std::to_wstring(number);

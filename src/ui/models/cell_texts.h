@@ -4,20 +4,13 @@
 #include <cstdint>
 #include <string>
 
-#include "support/file_time.h"
-
 namespace my {
-class IClock;
 class IMessageTexts;
 }  // namespace my
 
 namespace qlm {
 
 struct CFilterItem;
-
-// Returns the time as "2024/03/05 07:04:09" in the user's time zone; empty if it is zero or cannot be
-// converted.
-std::wstring LocalTimeText(const my::IClock& clock, my::CFileTime time);
 
 std::wstring GroupedText(uint64_t number);  // "1,234,567"
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "engine/value_texts.h"
 #include "platform/message_texts.h"
 #include "support/strings.h"
 #include "text_ids.h"

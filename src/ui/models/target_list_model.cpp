@@ -1,5 +1,6 @@
 #include "ui/models/target_list_model.h"
 
+#include "engine/value_texts.h"
 #include "platform/message_texts.h"
 #include "support/strings.h"
 #include "text_ids.h"

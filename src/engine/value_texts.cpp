@@ -1,5 +1,6 @@
-#include "engine/size_text.h"
+#include "engine/value_texts.h"
 
+#include "platform/clock.h"
 #include "platform/message_texts.h"
 #include "text_ids.h"
 
@@ -18,6 +19,13 @@ std::wstring SizeText(const my::IMessageTexts& texts, uint64_t bytes) {
   std::wstring text = std::to_wstring(tenths / 10);
   if (tenths < 1000) text += L"." + std::to_wstring(tenths % 10);
   return text + *unit;
+}
+
+std::wstring LocalTimeText(const my::IClock& clock, my::CFileTime time) try {
+  if (!time) return {};
+  return my::CalendarText(clock.LocalCalendar(time), L'/', L' ');
+} catch (const my::CException&) {
+  return {};
 }
 
 }  // namespace qlm
