@@ -6,9 +6,9 @@
 
 #include "engine/leftovers.h"
 #include "engine/name_advice.h"
-#include "engine/value_texts.h"
 #include "engine/task_filter.h"
 #include "engine/transfer_plan.h"
+#include "engine/value_texts.h"
 #include "platform/file_system.h"
 #include "support/paths.h"
 #include "text_ids.h"

@@ -18,7 +18,8 @@ struct CPlannedTransfer {
   const std::wstring& archiverPath;
 };
 
-// Shared by the jobs of one plan, which run one after another. Changes nothing on the disk.
+// Shared by the jobs of one plan, which run one after another. Changes nothing on the disk. The contents of
+// planned backups are not known.
 class CTransferPlan {
  public:
   explicit CTransferPlan(my::IFileSystem& files) : m_files(files) {}
@@ -31,12 +32,13 @@ class CTransferPlan {
   // IDS_SPACE_IN_ARCHIVE.
   void Add(const CPlannedTransfer& transfer);
 
-  // Returns the free bytes of the volume on which the path will be created, and identifies that volume. The
-  // answer is kept, so that it is the same for all backups of a plan. nullopt if it is not known.
   struct CVolume {
-    std::wstring key;
+    std::wstring key;  // identifies it within the plan
     uint64_t freeBytes = 0;
   };
+
+  // Returns the volume on which the path will be created; nullopt if its free space is not known. The free
+  // space is read once for each folder, so it is the same for all backups of a plan.
   std::optional<CVolume> VolumeOf(const std::wstring& path);
 
  private:
