@@ -30,21 +30,21 @@ bool IsTall(const CBox& box) {
   return box.tall || std::ranges::any_of(box.parts, IsTall);
 }
 
-CExtent Sum(CExtent a, CExtent b) {
+CSizeRange Sum(CSizeRange a, CSizeRange b) {
   return {a.least + b.least, a.natural + b.natural};
 }
 
-CExtent Larger(CExtent a, CExtent b) {
+CSizeRange Larger(CSizeRange a, CSizeRange b) {
   return {std::max(a.least, b.least), std::max(a.natural, b.natural)};
 }
 
-CExtent Wider(CExtent extent, int by) {
+CSizeRange Wider(CSizeRange extent, int by) {
   return Sum(extent, {by, by});
 }
 
 // Divides `room`: extra room goes to the parts that grow, missing room is taken from those that can shrink.
-std::vector<int> Divide(const std::vector<std::pair<CExtent, bool>>& parts, int room) {
-  CExtent total;
+std::vector<int> Divide(const std::vector<std::pair<CSizeRange, bool>>& parts, int room) {
+  CSizeRange total;
   int growing = 0;
   for (const auto& [extent, grows] : parts) {
     total = Sum(total, extent);
@@ -170,8 +170,8 @@ CBox Group(int id, std::vector<CBox> parts) {
 CBoxLayout::CBoxLayout(const CBox& root, const IBoxMeasure& measure) : m_root(root), m_measure(measure) {
   VisitControls(root, [this](const CBox& control) {
     if (control.same == 0 || !m_measure.IsShown(control)) return;
-    const CExtent width = m_measure.Width(control);
-    const auto found = std::ranges::find(m_same, control.same, &std::pair<int, CExtent>::first);
+    const CSizeRange width = m_measure.Width(control);
+    const auto found = std::ranges::find(m_same, control.same, &std::pair<int, CSizeRange>::first);
     if (found == m_same.end())
       m_same.emplace_back(control.same, width);
     else
@@ -201,19 +201,19 @@ int CBoxLayout::Gaps(size_t count) const {
   return count == 0 ? 0 : static_cast<int>(count - 1) * m_measure.Gap();
 }
 
-CExtent CBoxLayout::SingleWidth(const CBox& box) const {
-  const auto found = std::ranges::find(m_same, box.same, &std::pair<int, CExtent>::first);
+CSizeRange CBoxLayout::SingleWidth(const CBox& box) const {
+  const auto found = std::ranges::find(m_same, box.same, &std::pair<int, CSizeRange>::first);
   if (found != m_same.end()) return found->second;
-  return box.kind == BoxKind::Control ? m_measure.Width(box) : CExtent{};
+  return box.kind == BoxKind::Control ? m_measure.Width(box) : CSizeRange{};
 }
 
-CExtent CBoxLayout::WidthOf(const CBox& box) const {
+CSizeRange CBoxLayout::WidthOf(const CBox& box) const {
   if (box.kind == BoxKind::Gap || box.kind == BoxKind::Control) return SingleWidth(box);
   const CLine parts = Shown(box);
-  CExtent sum;
-  CExtent largest;
+  CSizeRange sum;
+  CSizeRange largest;
   for (const CBox* part : parts) {
-    const CExtent width = WidthOf(*part);
+    const CSizeRange width = WidthOf(*part);
     sum = Sum(sum, width);
     largest = Larger(largest, width);
   }
@@ -234,11 +234,11 @@ int CBoxLayout::PartWidth(const CBox& part, int width) const {
   return IsContainer(part) || IsWide(part) ? width : std::min(width, WidthOf(part).natural);
 }
 
-CExtent CBoxLayout::HeightOf(const CBox& box, int width) const {
+CSizeRange CBoxLayout::HeightOf(const CBox& box, int width) const {
   if (box.kind == BoxKind::Gap) return {};
   if (box.kind == BoxKind::Control) return m_measure.Height(box, width);
   if (box.kind == BoxKind::Row) return LineHeight(Shown(box), width);
-  CExtent sum;
+  CSizeRange sum;
   if (box.kind == BoxKind::Flow) {
     const std::vector<CLine> lines = Lines(box, width);
     for (const CLine& line : lines) sum = Sum(sum, LineHeight(line, width));
@@ -252,14 +252,14 @@ CExtent CBoxLayout::HeightOf(const CBox& box, int width) const {
 }
 
 std::vector<int> CBoxLayout::LineWidths(const CLine& line, int width) const {
-  std::vector<std::pair<CExtent, bool>> parts;
+  std::vector<std::pair<CSizeRange, bool>> parts;
   for (const CBox* part : line) parts.emplace_back(WidthOf(*part), IsWide(*part));
   return Divide(parts, width - Gaps(line.size()));
 }
 
-CExtent CBoxLayout::LineHeight(const CLine& line, int width) const {
+CSizeRange CBoxLayout::LineHeight(const CLine& line, int width) const {
   const std::vector<int> widths = LineWidths(line, width);
-  CExtent largest;
+  CSizeRange largest;
   for (size_t i = 0; i < line.size(); ++i) largest = Larger(largest, HeightOf(*line[i], widths[i]));
   return largest;
 }
@@ -316,7 +316,7 @@ void CBoxLayout::PutLine(const CLine& line, const CRect& area, std::vector<CPlac
 
 void CBoxLayout::PutColumn(const CBox& column, const CRect& area, std::vector<CPlacedBox>& places) const {
   const CLine shown = Shown(column);
-  std::vector<std::pair<CExtent, bool>> parts;
+  std::vector<std::pair<CSizeRange, bool>> parts;
   for (const CBox* part : shown)
     parts.emplace_back(HeightOf(*part, PartWidth(*part, area.right - area.left)), IsTall(*part));
   const std::vector<int> heights = Divide(parts, area.bottom - area.top - Gaps(shown.size()));

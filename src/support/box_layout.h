@@ -11,11 +11,11 @@
 namespace my {
 
 // The range of sizes of a box: `least` is needed to be usable, `natural` shows everything.
-struct CExtent {
+struct CSizeRange {
   int least = 0;
   int natural = 0;
 
-  friend bool operator==(const CExtent&, const CExtent&) = default;
+  friend bool operator==(const CSizeRange&, const CSizeRange&) = default;
 };
 
 enum class BoxKind { Control, Gap, Row, Column, Flow, Group };
@@ -72,8 +72,8 @@ class IBoxMeasure {
 
   // A hidden control takes no room.
   virtual bool IsShown(const CBox& control) const = 0;
-  virtual CExtent Width(const CBox& control) const = 0;
-  virtual CExtent Height(const CBox& control, int width) const = 0;
+  virtual CSizeRange Width(const CBox& control) const = 0;
+  virtual CSizeRange Height(const CBox& control, int width) const = 0;
   virtual int Gap() const = 0;                         // between neighbours
   virtual CBorder Frame(const CBox& group) const = 0;  // room between the frame and its parts
 };
@@ -88,8 +88,8 @@ class CBoxLayout {
  public:
   CBoxLayout(const CBox& root, const IBoxMeasure& measure);
 
-  CExtent Width() const { return WidthOf(m_root); }
-  CExtent Height(int width) const { return HeightOf(m_root, width); }
+  CSizeRange Width() const { return WidthOf(m_root); }
+  CSizeRange Height(int width) const { return HeightOf(m_root, width); }
 
   // Returns the places of all shown controls within `area`. A frame comes before its parts. If the area is
   // smaller than the least size, the last boxes exceed it.
@@ -100,10 +100,10 @@ class CBoxLayout {
 
   bool IsShown(const CBox& box) const;
   CLine Shown(const CBox& box) const;
-  CExtent WidthOf(const CBox& box) const;
-  CExtent SingleWidth(const CBox& box) const;  // of a control or gap
-  CExtent HeightOf(const CBox& box, int width) const;
-  CExtent LineHeight(const CLine& line, int width) const;
+  CSizeRange WidthOf(const CBox& box) const;
+  CSizeRange SingleWidth(const CBox& box) const;  // of a control or gap
+  CSizeRange HeightOf(const CBox& box, int width) const;
+  CSizeRange LineHeight(const CLine& line, int width) const;
   std::vector<int> LineWidths(const CLine& line, int width) const;
   std::vector<CLine> Lines(const CBox& flow, int width) const;
   int PartWidth(const CBox& part, int width) const;
@@ -115,7 +115,7 @@ class CBoxLayout {
 
   const CBox& m_root;
   const IBoxMeasure& m_measure;
-  std::vector<std::pair<int, CExtent>> m_same;  // widths of the controls with equal widths
+  std::vector<std::pair<int, CSizeRange>> m_same;  // widths of the controls with equal widths
 };
 
 }  // namespace my

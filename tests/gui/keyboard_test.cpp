@@ -1,4 +1,4 @@
-// Keys come from the (simulated) keyboard and go through the message loop of the program.
+// The input comes from a simulated keyboard and mouse; keys go through the message loop of the program.
 #include "gui/gui_app.h"
 
 namespace {
@@ -75,6 +75,19 @@ TEST_F(Keyboard, enter_presses_the_focused_button_which_keeps_the_focus) {
   ::SetFocus(::GetDlgItem(pane, ID_TASK_DELETE));
   for (size_t left = 3; left-- > 0;) EXPECT_TRUE(Press({VK_RETURN}, [&] { return tasks.size() == left; }));
   EXPECT_EQ(Focus(), ID_TASK_ADD) << "the button of the empty list";
+}
+
+TEST_F(Keyboard, clicked_button_returns_the_focus_to_the_list) {
+  const RECT button = test::Bounds(::GetDlgItem(::GetParent(a.List(IDC_TASK_LIST)), ID_TASK_DUPLICATE));
+  ::SetCursorPos((button.left + button.right) / 2, (button.top + button.bottom) / 2);
+  INPUT clicks[2]{};
+  clicks[0].mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
+  clicks[1].mi.dwFlags = MOUSEEVENTF_LEFTUP;
+  ::SetForegroundWindow(a.frame->Hwnd());
+  test::Pump();
+  ::SendInput(2, clicks, sizeof(INPUT));
+  EXPECT_TRUE(test::PumpUntil([this] { return a.app->Document().Tasks().size() == 2; }));
+  EXPECT_EQ(Focus(), IDC_TASK_LIST);
 }
 
 TEST_F(Keyboard, enter_edits_the_focused_row_and_the_focus_returns) {

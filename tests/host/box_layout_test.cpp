@@ -15,11 +15,11 @@ struct CMeasure : IBoxMeasure {
   std::set<int> hidden;
 
   bool IsShown(const CBox& control) const override { return !hidden.contains(control.id); }
-  CExtent Width(const CBox& control) const override {
+  CSizeRange Width(const CBox& control) const override {
     const int width = control.label ? control.id : 10 * control.id;
     return {control.wide ? width / 2 : width, width};
   }
-  CExtent Height(const CBox& control, int width) const override {
+  CSizeRange Height(const CBox& control, int width) const override {
     const int height = control.wide ? 10 * ((100 + width - 1) / width) : 10;
     return {control.tall ? height / 2 : height, height};
   }
@@ -50,7 +50,7 @@ TEST_F(BoxLayout, labels_share_a_column_and_fields_the_rest) {
 
 TEST_F(BoxLayout, missing_room_is_taken_from_what_can_shrink_and_the_rest_exceeds_the_area) {
   const CBox root = Row({Control(10), Control(20).Wide()});
-  EXPECT_EQ(CBoxLayout(root, measure).Width(), (CExtent{202, 302}));
+  EXPECT_EQ(CBoxLayout(root, measure).Width(), (CSizeRange{202, 302}));
   EXPECT_EQ(Places(root, {0, 0, 250, 10})[20].right, 250);
   EXPECT_EQ(Places(root, {0, 0, 150, 10})[20].right, 202);
   const CBox list = Column({Control(10).Tall(), Buttons({1, 2})});
@@ -62,7 +62,7 @@ TEST_F(BoxLayout, missing_room_is_taken_from_what_can_shrink_and_the_rest_exceed
 TEST_F(BoxLayout, row_of_buttons_wraps_and_text_gets_the_lines_that_it_needs) {
   const CBox root = Column({Flow({Control(10), Control(9), Buttons({5})}), Control(50).Wide()});
   const CBoxLayout layout(root, measure);
-  EXPECT_EQ(layout.Height(500), (CExtent{22, 22}));
+  EXPECT_EQ(layout.Height(500), (CSizeRange{22, 22}));
   EXPECT_EQ(layout.Height(200).natural, 10 + 2 + 10 + 2 + 10);
   auto places = Places(root, {0, 0, 200, 34});
   EXPECT_EQ(places[9].top, 0);

@@ -4,6 +4,7 @@
 
 #include "control_ids.h"
 #include "platform/message_texts.h"
+#include "support/contrast.h"
 #include "ui/framework/clipboard.h"
 #include "ui/framework/colors.h"
 #include "ui/framework/failures.h"
@@ -13,7 +14,10 @@ namespace qlm {
 namespace {
 
 COLORREF WarningColor(const CUISetting& setting) {
-  return my::ColorRef(StateLook(setting, ResultState::Failed).color.value_or(my::CColor{}));
+  constexpr double kContrast = 7;
+  const my::CColor color = StateLook(setting, ResultState::Failed).color.value_or(my::CColor{});
+  const double luminance = my::Luminance(my::SystemColor(COLOR_BTNFACE));
+  return my::ColorRef(my::Readable(color, luminance, luminance < 0.18, kContrast));
 }
 
 }  // namespace

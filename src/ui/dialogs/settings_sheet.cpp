@@ -36,7 +36,7 @@ my::CBox CSettingsSheet::Layout() const {
 }
 
 // The tab control is as large as its largest page. A page that gets less room scrolls.
-std::optional<my::CExtents> CSettingsSheet::ExtentsOf(int id) const {
+std::optional<my::CSizeRanges> CSettingsSheet::SizesOf(int id) const {
   if (id != IDC_SETTINGS_TAB) return {};
   const my::CRect work = my::WorkArea(Hwnd());
   int width = 0;
@@ -52,8 +52,8 @@ std::optional<my::CExtents> CSettingsSheet::ExtentsOf(int id) const {
   TabCtrl_AdjustRect(Item(IDC_SETTINGS_TAB), FALSE, &inner);
   width += kLarge - (inner.right - inner.left);
   height += kLarge - (inner.bottom - inner.top);
-  return my::CExtents{{std::min(width, my::Scale(kLeastPage.cx, Dpi())), width},
-                      {std::min(height, my::Scale(kLeastPage.cy, Dpi())), height}};
+  return my::CSizeRanges{{std::min(width, my::Scale(kLeastPage.cx, Dpi())), width},
+                         {std::min(height, my::Scale(kLeastPage.cy, Dpi())), height}};
 }
 
 bool CSettingsSheet::OnInit() {

@@ -24,7 +24,7 @@ class CSettingsSheet : public my::CDialog {
 
  protected:
   my::CBox Layout() const override;
-  std::optional<my::CExtents> ExtentsOf(int id) const override;
+  std::optional<my::CSizeRanges> SizesOf(int id) const override;
   bool OnInit() override;
   void OnOk() override;
   void OnCancel() override;

@@ -20,10 +20,10 @@ BOOL CALLBACK SetFont(HWND control, LPARAM font) {
 
 }  // namespace
 
-void CArrangement::Init(HWND window, CBox boxes, CExtentsOf extentsOf, std::function<void()> arranged) {
+void CArrangement::Init(HWND window, CBox boxes, CSizesOf sizesOf, std::function<void()> arranged) {
   m_window = window;
   m_boxes = std::move(boxes);
-  m_extentsOf = std::move(extentsOf);
+  m_sizesOf = std::move(sizesOf);
   m_arranged = std::move(arranged);
   for (HWND control = ::GetWindow(window, GW_CHILD); control; control = ::GetWindow(control, GW_HWNDNEXT)) {
     FollowFocus(control);
@@ -43,16 +43,21 @@ bool CArrangement::UseFont(UINT dpi) {
   ::SendMessageW(m_window, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), FALSE);
   ::EnumChildWindows(m_window, SetFont, reinterpret_cast<LPARAM>(font.Get()));
   m_font = std::move(font);
+  Invalidate();
   return true;
 }
 
 void CArrangement::Arrange() {
+  const SIZE room = CScroller::Room(m_window);
+  if (m_valid && room.cx == m_room.cx && room.cy == m_room.cy) return;
   if (std::exchange(m_arranging, true)) return;  // a scroll bar that appears sends WM_SIZE
   const CControlSizes sizes = Sizes();
   const CWindowLayout layout(m_window, m_boxes, sizes);
   const SIZE contents = Contents(layout);
   m_scroller.SetContents(m_window, contents);
   layout.Apply(contents, m_scroller.Position());
+  m_room = room;
+  m_valid = true;
   m_arranged();
   m_arranging = false;
 }
@@ -71,10 +76,10 @@ SIZE CArrangement::Contents(const CWindowLayout& layout) const {
 
 // The height is that at the natural width, where texts have the fewest lines. If the user makes the window so
 // narrow that they need more, it scrolls.
-SIZE CArrangement::Client(SIZE room, int CExtent::*size) const {
+SIZE CArrangement::Client(SIZE room, int CSizeRange::*size) const {
   const CControlSizes sizes = Sizes();
   const CWindowLayout layout(m_window, m_boxes, sizes);
-  const CExtent width = layout.Width();
+  const CSizeRange width = layout.Width();
   const LONG height = layout.Height(std::min<int>(room.cx, width.natural)).*size;
   if (height <= room.cy) return {std::min<LONG>(room.cx, width.*size), height};
   return {std::min<LONG>(room.cx, width.*size + SystemMetric(SM_CXVSCROLL, m_dpi)), room.cy};
@@ -82,6 +87,7 @@ SIZE CArrangement::Client(SIZE room, int CExtent::*size) const {
 
 bool CArrangement::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
   if (!m_scroller.Handle(m_window, message, wParam, lParam)) return false;
+  Invalidate();
   Arrange();
   return true;
 }
@@ -100,7 +106,9 @@ void CArrangement::Reveal(HWND control) {
   ::GetWindowRect(control, &area);
   ::MapWindowPoints(nullptr, m_window, reinterpret_cast<POINT*>(&area), 2);
   ::InflateRect(&area, 0, Scale(kAround, m_dpi));
-  if (m_scroller.Show(m_window, area)) Arrange();
+  if (!m_scroller.Show(m_window, area)) return;
+  Invalidate();
+  Arrange();
 }
 
 }  // namespace my

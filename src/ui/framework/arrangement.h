@@ -22,38 +22,42 @@ class CWindowLayout;
 class CArrangement {
  public:
   // `arranged` is called whenever the controls have been placed.
-  void Init(HWND window, CBox boxes, CExtentsOf extentsOf, std::function<void()> arranged);
+  void Init(HWND window, CBox boxes, CSizesOf sizesOf, std::function<void()> arranged);
 
   // Sets the font for this DPI. Returns whether the font has changed.
   bool UseFont(UINT dpi);
 
-  // Places the controls in the current client area.
+  // Places the controls in the current client area. Does nothing if neither its size nor, since a call of
+  // Invalidate, the controls have changed.
   void Arrange();
+  void Invalidate() { m_valid = false; }
 
   // Returns the client size at which the window shows everything, or the least one without scrolling; the
   // width is at most `room.cx`, and a height above `room.cy` is cut and leaves room for a scroll bar.
-  SIZE NaturalClient(SIZE room) const { return Client(room, &CExtent::natural); }
-  SIZE LeastClient(SIZE room) const { return Client(room, &CExtent::least); }
+  SIZE NaturalClient(SIZE room) const { return Client(room, &CSizeRange::natural); }
+  SIZE LeastClient(SIZE room) const { return Client(room, &CSizeRange::least); }
 
   // Handles messages of scroll bars and mouse wheel. Returns whether it was one that scrolled.
   bool Handle(UINT message, WPARAM wParam, LPARAM lParam);
 
  private:
-  CControlSizes Sizes() const { return {m_window, m_font.Get(), m_dpi, m_extentsOf}; }
-  SIZE Client(SIZE room, int CExtent::*size) const;
+  CControlSizes Sizes() const { return {m_window, m_font.Get(), m_dpi, m_sizesOf}; }
+  SIZE Client(SIZE room, int CSizeRange::*size) const;
   SIZE Contents(const CWindowLayout& layout) const;
   void FollowFocus(HWND control);
   void Reveal(HWND control);
 
   HWND m_window = nullptr;
   CBox m_boxes;
-  CExtentsOf m_extentsOf;
+  CSizesOf m_sizesOf;
   std::function<void()> m_arranged;
   UINT m_dpi = 0;
   CFont m_font;
   LOGFONTW m_logFont{};
   CScroller m_scroller;
   bool m_arranging = false;
+  bool m_valid = false;
+  SIZE m_room{};  // for which the controls were placed
   std::vector<std::unique_ptr<CSubclass>> m_focusHooks;
 };
 

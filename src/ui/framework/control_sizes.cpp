@@ -9,7 +9,6 @@
 
 #include "ui/framework/controls.h"
 #include "ui/framework/dpi.h"
-#include "ui/framework/gdi.h"
 
 namespace my {
 namespace {
@@ -55,40 +54,73 @@ int ColumnsWidth(HWND list) {
   return width;
 }
 
-SIZE DrawnSize(HDC dc, const std::wstring& text, int width, UINT format) {
+HFONT FontOf(HWND control) {
+  return reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0));
+}
+
+// Returns the text without the marks of access keys.
+std::wstring WithoutPrefixes(const std::wstring& text) {
+  std::wstring shown;
+  for (size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == L'&' && i + 1 < text.size()) ++i;
+    shown += text[i];
+  }
+  return shown;
+}
+
+SIZE LineSize(HDC dc, const std::wstring& text) {
+  SIZE size{};
+  TEXTMETRICW metrics{};
+  ::GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
+  ::GetTextMetricsW(dc, &metrics);
+  return {size.cx, metrics.tmHeight};
+}
+
+// Returns the size of a text that is broken into lines. A text that fits on one is not drawn, which is slow.
+SIZE BrokenSize(HDC dc, const std::wstring& text, int width) {
+  const SIZE line = LineSize(dc, text);
+  if (line.cx <= width && text.find(L'\n') == std::wstring::npos) return line;
   RECT needed{0, 0, width, 0};
-  ::DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &needed, format | DT_CALCRECT);
+  ::DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &needed,
+              DT_CALCRECT | DT_WORDBREAK | DT_EDITCONTROL | DT_NOPREFIX);
   return {needed.right, needed.bottom};
 }
 
 }  // namespace
 
-CControlSizes::CControlSizes(HWND window, HFONT font, UINT dpi, CExtentsOf extentsOf)
-    : m_window(window), m_dpi(dpi), m_extentsOf(std::move(extentsOf)) {
+CControlSizes::CControlSizes(HWND window, HFONT font, UINT dpi, CSizesOf sizesOf)
+    : m_window(window), m_dpi(dpi), m_sizesOf(std::move(sizesOf)), m_dc(font) {
   constexpr std::wstring_view kAlphabet = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
   static_assert(kAlphabet.size() == kAlphabetLength);
-  const CWindowDc dc(nullptr);
-  const CSelect select(dc.Get(), font);
+  const HDC dc = m_dc.With(font);
   SIZE size{};
   TEXTMETRICW metrics{};
-  ::GetTextExtentPoint32W(dc.Get(), kAlphabet.data(), kAlphabetLength, &size);
-  ::GetTextMetricsW(dc.Get(), &metrics);
+  ::GetTextExtentPoint32W(dc, kAlphabet.data(), kAlphabetLength, &size);
+  ::GetTextMetricsW(dc, &metrics);
   m_alphabetWidth = size.cx;
   m_lineHeight = metrics.tmHeight;
 }
 
-std::optional<CExtents> CControlSizes::Special(const CBox& box) const {
-  return m_extentsOf && !box.label ? m_extentsOf(box.id) : std::nullopt;
+std::optional<CSizeRanges> CControlSizes::Special(const CBox& box) const {
+  return m_sizesOf && !box.label ? m_sizesOf(box.id) : std::nullopt;
+}
+
+const CControlSizes::CControl& CControlSizes::Find(const CBox& box) const {
+  const auto [found, isNew] = m_controls.try_emplace({box.id, box.label});
+  if (!isNew) return found->second;
+  HWND window = ::GetDlgItem(m_window, box.id);
+  if (window && box.label) window = ::GetWindow(window, GW_HWNDPREV);
+  const bool shown = window && (::GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0;
+  found->second = {window, window ? KindOf(window) : Kind::Other, shown, {}, {}};
+  return found->second;
 }
 
 HWND CControlSizes::ControlOf(const CBox& box) const {
-  const HWND control = ::GetDlgItem(m_window, box.id);
-  return box.label && control ? ::GetWindow(control, GW_HWNDPREV) : control;
+  return Find(box).window;
 }
 
 bool CControlSizes::IsShown(const CBox& control) const {
-  const HWND window = ControlOf(control);
-  return window && (::GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0;
+  return Find(control).isShown;
 }
 
 CControlSizes::Kind CControlSizes::KindOf(HWND control) {
@@ -111,22 +143,23 @@ CControlSizes::Kind CControlSizes::KindOf(HWND control) {
 }
 
 // Returns the size of the control's text, broken into lines if `width` is not 0.
-SIZE CControlSizes::TextSize(HWND control, int width) const {
-  const Kind kind = KindOf(control);
-  const bool plain = kind == Kind::Text && (::GetWindowLongW(control, GWL_STYLE) & SS_NOPREFIX) != 0;
-  const std::wstring text = kind == Kind::Link ? WithoutTags(TextOf(control)) : TextOf(control);
-  const CWindowDc dc(nullptr);
-  const CSelect select(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0)));
-  const UINT lines = width != 0 ? DT_WORDBREAK | DT_EDITCONTROL : DT_SINGLELINE;
-  SIZE size = DrawnSize(dc.Get(), text, width, lines | (plain ? DT_NOPREFIX : 0U));
-  size.cy = std::max<LONG>(size.cy, DrawnSize(dc.Get(), L"Ag", 0, DT_SINGLELINE).cy);
-  return size;
+SIZE CControlSizes::TextSize(const CControl& control, int width) const {
+  const auto [found, isNew] = control.textSizes.try_emplace(width);
+  if (!isNew) return found->second;
+  const HWND window = control.window;
+  const bool plain = control.kind == Kind::Text && (::GetWindowLongW(window, GWL_STYLE) & SS_NOPREFIX) != 0;
+  std::wstring text = TextOf(window);
+  if (control.kind == Kind::Link)
+    text = WithoutTags(text);
+  else if (!plain)
+    text = WithoutPrefixes(text);
+  const HDC dc = m_dc.With(FontOf(window));
+  return found->second = width != 0 ? BrokenSize(dc, text, width) : LineSize(dc, text);
 }
 
 // Returns the width of the longest text in the list of a combo box.
 int CControlSizes::LongestItem(HWND combo) const {
-  const CWindowDc dc(nullptr);
-  const CSelect select(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(combo, WM_GETFONT, 0, 0)));
+  const HDC dc = m_dc.With(FontOf(combo));
   int longest = 0;
   const LRESULT count = ::SendMessageW(combo, CB_GETCOUNT, 0, 0);
   for (LRESULT i = 0; i < count; ++i) {
@@ -134,40 +167,34 @@ int CControlSizes::LongestItem(HWND combo) const {
     std::wstring text(static_cast<size_t>(::SendMessageW(combo, CB_GETLBTEXTLEN, item, 0)) + 1, L'\0');
     ::SendMessageW(combo, CB_GETLBTEXT, item, reinterpret_cast<LPARAM>(text.data()));
     text.pop_back();
-    longest = std::max<int>(longest, DrawnSize(dc.Get(), text, 0, DT_SINGLELINE | DT_NOPREFIX).cx);
+    longest = std::max<int>(longest, LineSize(dc, text).cx);
   }
   return longest;
 }
 
-int CControlSizes::ContentWidth(HWND control, Kind kind) const {
-  switch (kind) {
+int CControlSizes::ContentWidth(const CControl& control) const {
+  switch (control.kind) {
     case Kind::Push: return std::max<int>(Px(kSmallestButton), TextSize(control, 0).cx + Px(kButtonPadding));
     case Kind::Check: return TextSize(control, 0).cx + Px(kCheckBox + 2 * kCheckGap);
     case Kind::Icon: return SystemMetric(SM_CXICON, m_dpi);
     case Kind::Edit: return Chars(kUsualField);
     case Kind::Combo:
       return std::max(Chars(kUsualField),
-                      LongestItem(control) + SystemMetric(SM_CXVSCROLL, m_dpi) + FieldFrame());
+                      LongestItem(control.window) + SystemMetric(SM_CXVSCROLL, m_dpi) + FieldFrame());
     case Kind::List:
       return std::max(Chars(kUsualListWidth),
-                      ColumnsWidth(control) + SystemMetric(SM_CXVSCROLL, m_dpi) + Px(kLinePadding));
+                      ColumnsWidth(control.window) + SystemMetric(SM_CXVSCROLL, m_dpi) + Px(kLinePadding));
     case Kind::Progress: return Chars(kUsualText);
     default: return TextSize(control, 0).cx + Px(kLinePadding);
   }
 }
 
-int CControlSizes::CachedWidth(HWND control, Kind kind) const {
-  const auto [found, isNew] = m_widths.try_emplace(control, 0);
-  if (isNew) found->second = ContentWidth(control, kind);
-  return found->second;
-}
-
-CExtent CControlSizes::Width(const CBox& box) const {
+CSizeRange CControlSizes::Width(const CBox& box) const {
   if (const auto special = Special(box)) return special->width;
-  const HWND control = ControlOf(box);
-  const Kind kind = KindOf(control);
-  const int content = box.chars != 0 ? Chars(box.chars) : CachedWidth(control, kind);
-  switch (kind) {
+  const CControl& control = Find(box);
+  if (!control.contentWidth) control.contentWidth = ContentWidth(control);
+  const int content = box.chars != 0 ? Chars(box.chars) : *control.contentWidth;
+  switch (control.kind) {
     case Kind::Edit:
     case Kind::Combo: return {std::min(content, Chars(kSmallestField)), content};
     case Kind::List: return {std::min(content, Chars(kSmallestListWidth)), content};
@@ -181,11 +208,11 @@ CExtent CControlSizes::Width(const CBox& box) const {
   return {std::min(natural, Chars(kSmallestText)), natural};
 }
 
-CExtent CControlSizes::Height(const CBox& box, int width) const {
+CSizeRange CControlSizes::Height(const CBox& box, int width) const {
   if (const auto special = Special(box)) return special->height;
-  const HWND control = ControlOf(box);
+  const CControl& control = Find(box);
   const int lines = std::max(1, box.lines);
-  switch (KindOf(control)) {
+  switch (control.kind) {
     case Kind::Edit:
     case Kind::Push: {
       const int height = lines * m_lineHeight + FieldFrame();
@@ -197,7 +224,7 @@ CExtent CControlSizes::Height(const CBox& box, int width) const {
     }
     case Kind::Combo: {
       RECT closed{};
-      ::GetWindowRect(control, &closed);
+      ::GetWindowRect(control.window, &closed);
       return {closed.bottom - closed.top, closed.bottom - closed.top};
     }
     case Kind::List: {

@@ -6,31 +6,33 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <utility>
 
 #include "support/box_layout.h"
+#include "ui/framework/gdi.h"
 
 namespace my {
 
-struct CExtents {
-  CExtent width;
-  CExtent height;
+struct CSizeRanges {
+  CSizeRange width;
+  CSizeRange height;
 };
 
 // Returns the sizes of a control whose contents only its window knows; nullopt for any other control.
-using CExtentsOf = std::function<std::optional<CExtents>(int id)>;
+using CSizesOf = std::function<std::optional<CSizeRanges>(int id)>;
 
 // Measures the controls of a window, which must have their fonts. Texts must not change during its life.
 class CControlSizes : public IBoxMeasure {
  public:
   // `font` is the font of the window.
-  CControlSizes(HWND window, HFONT font, UINT dpi, CExtentsOf extentsOf = {});
+  CControlSizes(HWND window, HFONT font, UINT dpi, CSizesOf sizesOf = {});
 
   // Returns null if there is none.
   HWND ControlOf(const CBox& box) const;
 
   bool IsShown(const CBox& control) const override;
-  CExtent Width(const CBox& control) const override;
-  CExtent Height(const CBox& control, int width) const override;
+  CSizeRange Width(const CBox& control) const override;
+  CSizeRange Height(const CBox& control, int width) const override;
   int Gap() const override;
   CBorder Frame(const CBox& group) const override;
 
@@ -40,15 +42,24 @@ class CControlSizes : public IBoxMeasure {
  private:
   enum class Kind { Text, OneLine, Icon, Push, Check, Edit, Combo, List, Link, Progress, Other };
 
+  // What is known of a control. A layout asks for it many times.
+  struct CControl {
+    HWND window = nullptr;
+    Kind kind = Kind::Other;
+    bool isShown = false;
+    mutable std::optional<int> contentWidth;
+    mutable std::map<int, SIZE> textSizes;  // by width
+  };
+
   static Kind KindOf(HWND control);
-  std::optional<CExtents> Special(const CBox& box) const;
+  const CControl& Find(const CBox& box) const;
+  std::optional<CSizeRanges> Special(const CBox& box) const;
   int Px(int at96) const { return ::MulDiv(at96, static_cast<int>(m_dpi), 96); }
   int FieldFrame() const { return Px(kFieldPadding) + kFieldBorder; }
   int Chars(int count) const { return ::MulDiv(count, m_alphabetWidth, kAlphabetLength); }
-  SIZE TextSize(HWND control, int width) const;
+  SIZE TextSize(const CControl& control, int width) const;
   int LongestItem(HWND combo) const;
-  int ContentWidth(HWND control, Kind kind) const;
-  int CachedWidth(HWND control, Kind kind) const;
+  int ContentWidth(const CControl& control) const;
   int ListHeight(int rows) const;
 
   static constexpr int kAlphabetLength = 52;
@@ -59,8 +70,9 @@ class CControlSizes : public IBoxMeasure {
   UINT m_dpi;
   int m_lineHeight = 0;
   int m_alphabetWidth = 0;
-  CExtentsOf m_extentsOf;
-  mutable std::map<HWND, int> m_widths;  // a layout asks for each of them many times
+  CSizesOf m_sizesOf;
+  mutable CFontDc m_dc;
+  mutable std::map<std::pair<int, bool>, CControl> m_controls;  // by id and whether it is the label
 };
 
 }  // namespace my

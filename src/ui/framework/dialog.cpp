@@ -91,8 +91,10 @@ void CDialog::FocusItem(int id) const {
 }
 
 void CDialog::SetItemText(int id, const std::wstring& text) {
+  const bool isShownText = m_ready && ClassOf(Item(id)) == WC_STATICW;
+  if (isShownText && ItemText(id) == text) return;
   ::SetDlgItemTextW(m_hwnd, id, text.c_str());
-  if (m_ready && ClassOf(Item(id)) == WC_STATICW) Refit();
+  if (isShownText) Refit();
 }
 
 void CDialog::EnableField(int id, bool enable) const {
@@ -197,7 +199,7 @@ BOOL CDialog::Init() noexcept {
 void CDialog::InitLayout() {
   KeepSystemFromScaling(m_hwnd);
   m_arrangement.Init(
-      m_hwnd, Layout(), [this](int id) { return ExtentsOf(id); }, [this] { OnArranged(); });
+      m_hwnd, Layout(), [this](int id) { return SizesOf(id); }, [this] { OnArranged(); });
   m_dpi = WindowDpi(m_hwnd);
   m_arrangement.UseFont(m_dpi);
 }
@@ -225,11 +227,15 @@ void CDialog::Resize(const CRect& bounds) {
 
 // Enlarges the window if its contents need more room than it has.
 void CDialog::Refit() {
+  m_arrangement.Invalidate();
   if (IsPage() || ::IsZoomed(m_hwnd)) return m_arrangement.Arrange();
   const SIZE wanted = OuterSize(IsResizable() && m_placement && m_placement->rect != CRect{}
                                     ? m_arrangement.LeastClient(Room())
                                     : m_arrangement.NaturalClient(Room()));
-  Resize(Enlarged(WindowBounds(m_hwnd), wanted));
+  const CRect bounds = WindowBounds(m_hwnd);
+  const CRect enlarged = Enlarged(bounds, wanted);
+  if (enlarged == bounds) return m_arrangement.Arrange();
+  Resize(enlarged);
 }
 
 void CDialog::ChangeDpi(UINT dpi, const RECT& suggested) {

@@ -75,7 +75,7 @@ class CDialog {
   virtual CBox Layout() const = 0;
 
   // Returns the sizes of a control that only this dialog knows.
-  virtual std::optional<CExtents> ExtentsOf(int) const { return {}; }
+  virtual std::optional<CSizeRanges> SizesOf(int) const { return {}; }
 
   // Called when the dialog has its position and size. Returns whether the system sets the focus to the first
   // control.

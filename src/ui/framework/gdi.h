@@ -5,6 +5,8 @@
 
 #include <commctrl.h>
 
+#include <utility>
+
 #include "platform/win32/handle.h"
 
 namespace my {
@@ -44,6 +46,25 @@ class CSelect {
 
  private:
   HDC m_dc;
+  HGDIOBJ m_before;
+};
+
+// A device context of the screen for measuring texts. Selecting a font is slow, so it stays selected.
+class CFontDc {
+ public:
+  explicit CFontDc(HFONT font) : m_font(font), m_before(::SelectObject(m_dc.Get(), font)) {}
+  CFontDc(const CFontDc&) = delete;
+  CFontDc& operator=(const CFontDc&) = delete;
+  ~CFontDc() { ::SelectObject(m_dc.Get(), m_before); }
+
+  HDC With(HFONT font) {
+    if (std::exchange(m_font, font) != font) ::SelectObject(m_dc.Get(), font);
+    return m_dc.Get();
+  }
+
+ private:
+  CWindowDc m_dc{nullptr};
+  HFONT m_font;
   HGDIOBJ m_before;
 };
 

@@ -14,18 +14,26 @@ int WindowHeight(HWND control, int height) {
   return IsComboBox(control) ? height + static_cast<int>(row) * kDroppedRows : height;
 }
 
+// Moving a window costs time even if it stays where it is.
+bool IsAt(HWND window, HWND control, const CRect& rect) {
+  RECT now{};
+  ::GetWindowRect(control, &now);
+  ::MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&now), 2);
+  return CRect{now.left, now.top, now.right, now.bottom} == rect;
+}
+
 }  // namespace
 
 CWindowLayout::CWindowLayout(HWND window, const CBox& root, const CControlSizes& sizes)
     : m_window(window), m_sizes(sizes), m_layout(root, sizes), m_margin(sizes.Margin()) {}
 
-CExtent CWindowLayout::Width() const {
-  const CExtent width = m_layout.Width();
+CSizeRange CWindowLayout::Width() const {
+  const CSizeRange width = m_layout.Width();
   return {width.least + 2 * m_margin, width.natural + 2 * m_margin};
 }
 
-CExtent CWindowLayout::Height(int width) const {
-  const CExtent height = m_layout.Height(width - 2 * m_margin);
+CSizeRange CWindowLayout::Height(int width) const {
+  const CSizeRange height = m_layout.Height(width - 2 * m_margin);
   return {height.least + 2 * m_margin, height.natural + 2 * m_margin};
 }
 
@@ -38,6 +46,7 @@ void CWindowLayout::Apply(SIZE client, POINT scrolled) const {
   for (const CPlacedBox& place : places) {
     const HWND control = m_sizes.ControlOf(*place.control);
     const CRect& rect = place.rect;
+    if (IsAt(m_window, control, rect)) continue;
     moves = ::DeferWindowPos(moves, control, nullptr, rect.left, rect.top, rect.right - rect.left,
                              WindowHeight(control, rect.bottom - rect.top), SWP_NOZORDER | SWP_NOACTIVATE);
     if (!moves) return;

@@ -17,8 +17,8 @@ class CWindowLayout {
   CWindowLayout(HWND window, const CBox& root, const CControlSizes& sizes);
 
   // Return sizes of the client area, with a margin around the controls.
-  CExtent Width() const;
-  CExtent Height(int width) const;
+  CSizeRange Width() const;
+  CSizeRange Height(int width) const;
 
   // Places all shown controls in a client area of this size, moved by `scrolled`.
   void Apply(SIZE client, POINT scrolled) const;

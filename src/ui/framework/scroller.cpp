@@ -63,7 +63,8 @@ SIZE CScroller::Room(HWND window) {
   return room;
 }
 
-// Decides by the room, not by the client area, in which a bar that is still shown would justify the other one.
+// Decides by the room, not by the client area, in which a bar that is still shown would justify the other
+// one.
 void CScroller::SetContents(HWND window, SIZE contents) {
   const UINT dpi = WindowDpi(window);
   const SIZE bar{SystemMetric(SM_CXVSCROLL, dpi), SystemMetric(SM_CYHSCROLL, dpi)};

@@ -1,6 +1,7 @@
 #include "ui/main_window/list_pane.h"
 
 #include <commctrl.h>
+#include <windowsx.h>
 
 #include <algorithm>
 #include <utility>
@@ -97,7 +98,11 @@ LRESULT CListPane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     return 0;
   }
   switch (message) {
-    case WM_COMMAND: return ::SendMessageW(Parent(), message, wParam, lParam);
+    case WM_COMMAND: OnButton(wParam, reinterpret_cast<HWND>(lParam)); return 0;
+    case WM_PARENTNOTIFY:
+      if (LOWORD(wParam) == WM_LBUTTONDOWN)
+        m_clicked = ::ChildWindowFromPoint(Hwnd(), {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+      break;
     case WM_SIZE: Arrange(); return 0;
     case WM_WINDOWPOSCHANGED: {
       // The pane shows another part of the background now.
@@ -120,6 +125,13 @@ LRESULT CListPane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     default: break;
   }
   return CWindow::OnMessage(message, wParam, lParam);
+}
+
+// A click on a button must not keep the focus there. The user of the keyboard may press the button again.
+void CListPane::OnButton(WPARAM command, HWND button) {
+  const bool clicked = std::exchange(m_clicked, nullptr) == button;
+  ::SendMessageW(Parent(), WM_COMMAND, command, reinterpret_cast<LPARAM>(button));
+  if (clicked && ::GetFocus() == button) SetFocus();
 }
 
 void CListPane::Erase(HDC dc) {

@@ -78,6 +78,7 @@ class CListPane : public my::CWindow {
   void ArrangeHint(const RECT& area) const;
   int ArrangeDescription(const SIZE& client) const;  // returns its top
   LRESULT ColorStatic(HDC dc, HWND control);
+  void OnButton(WPARAM command, HWND button);
   void Erase(HDC dc);
   RECT EmptyArea() const;
   RECT TextArea(HWND control, const RECT& area) const;
@@ -92,6 +93,7 @@ class CListPane : public my::CWindow {
   HWND m_description = nullptr;
   std::vector<HWND> m_buttons;
   UINT m_dpi = 0;
+  HWND m_clicked = nullptr;  // the child on which the mouse was pressed last
   my::CFont m_font;
   my::CFont m_titleFont;
 };

@@ -11,7 +11,6 @@
 #include "text_ids.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/dropped_files.h"
-#include "ui/framework/input_source.h"
 #include "ui/framework/window_placement.h"
 #include "ui/main_window/main_menu.h"
 
@@ -194,12 +193,7 @@ void CMainFrame::OnSystemChanged() {
 
 void CMainFrame::OnCommand(int id) {
   if (m_app->IsClosing()) return;
-  const HWND focus = ::GetFocus();
-  const bool clicked = my::IsMouseInput();
   m_app->Execute(static_cast<uint32_t>(id));
-  // A click on a button of a pane must not keep the focus there, but the user of the keyboard may press the
-  // button again.
-  if (clicked && focus == ::GetFocus() && ::GetDlgCtrlID(focus) == id) m_parts->view.Current().SetFocus();
   UpdateCommands();
 }
 
