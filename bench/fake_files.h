@@ -71,6 +71,7 @@ class CFakeFiles : public my::IFileSystem {
   std::unique_ptr<my::INewFile> CreateNewFile(const std::wstring&, my::FileLife) override { Refuse(); }
   std::unique_ptr<my::INewFile> OpenToAppend(const std::wstring&) override { Refuse(); }
   std::string ReadFile(const std::wstring&, uint64_t, uint64_t) override { Refuse(); }
+  uint64_t FreeSpace(const std::wstring&) override { return uint64_t{1} << 40; }
   std::wstring TemporaryFolder() override { Refuse(); }
 
  private:

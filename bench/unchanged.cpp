@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "bench.h"
+#include "engine/plan.h"
 #include "harness.h"
 #include "platform/win32/win32_file_system.h"
 #include "ports.h"
@@ -41,6 +42,14 @@ void MeasureUnchanged(const COptions& options) {
     if (!skipped) throw std::runtime_error("a job was not skipped");
     return time;
   };
+  const std::wstring noArchiver;
+  const auto planTasks = [&] {
+    const std::vector<qlm::CBackupTaskPtr> jobs = makeJobs();
+    return TimeMs([&] {
+      qlm::CPlanner planner(ports.With(files), noArchiver, nullptr);
+      for (const auto& job : jobs) planner.Plan(boost::make_shared<qlm::CTask>(job->Task()));
+    });
+  };
   const auto listBarely = [&] {
     return TimeMs([&] {
       for (int i = 0; i < shape.projects; ++i) {
@@ -51,7 +60,8 @@ void MeasureUnchanged(const COptions& options) {
   };
   std::printf("%d unchanged tasks, %llu files\n", shape.projects,
               static_cast<unsigned long long>(FileCount(shape)));
-  Compare({"bare loop", 0, listBarely}, {{"jobs, all skipped", 1.08, runJobs}}, options.rounds);
+  Compare({"bare loop", 0, listBarely}, {{"jobs, all skipped", 1.08, runJobs}, {"plan", 1.10, planTasks}},
+          options.rounds);
   RemoveTree(destination);
 }
 

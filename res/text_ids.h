@@ -433,6 +433,44 @@
 #define IDS_HISTORY_LAST_SUCCESS     951
 #define IDS_HISTORY_NO_SUCCESS       952
 #define IDS_HISTORY_OVERDUE          953
+// Advice about a document, shown before a run.
+#define IDS_ADVICE_NO_TIME           960
+#define IDS_ADVICE_COARSE            961
+#define IDS_ADVICE_REPEATS           962
+#define IDS_ADVICE_SHARED_NAME       963
+#define IDS_ADVICE_SAME_PATH         964
+#define IDS_ADVICE_NO_ARCHIVER       965
+#define IDS_ADVICE_BAD_FILTER        966
+#define IDS_ADVICE_LEFTOVER          967
+#define IDS_ADVICE_OTHER_FILES       968
+#define IDS_ADVICE_OTHER_COUNT       969
+#define IDS_ADVICE_NO_SPACE          970
+#define IDS_ADVICE_MAYBE_NO_SPACE    971
+#define IDS_ADVICE_ERROR             972
+#define IDS_ADVICE_HINT              973
+
+// Units.
+#define IDS_UNIT_YEAR                974
+#define IDS_UNIT_MONTH               975
+#define IDS_UNIT_DAY                 976
+#define IDS_UNIT_HOUR                977
+#define IDS_SIZE_BYTES               978
+
+// Plan: what a run would do with a destination, in the order of PlanAction.
+#define IDS_PLAN_CREATE              980
+#define IDS_PLAN_SKIP                981
+#define IDS_PLAN_COLLISION           982
+#define IDS_PLAN_UNREACHABLE         983
+#define IDS_PLAN_ERROR               984
+#define IDS_PLAN_NOT_REACHED         985
+
+// Plan: lines of text.
+#define IDS_PLAN_TASK                990
+#define IDS_PLAN_NEWEST              991
+#define IDS_PLAN_EXCLUDE             992
+#define IDS_PLAN_CELL                993
+#define IDS_PLAN_FREE                994
+#define IDS_PLAN_SUMMARY             995
 
 // Text of the replace command; the id is also the command id.
 #define IDS_CMD_REPLACE              57641

@@ -55,6 +55,16 @@ std::wstring ParseRule(CFilterItem& item) {
 
 }  // namespace
 
+std::wstring ExcludeLine(std::wstring_view relativePath) {
+  constexpr std::wstring_view kSpecial = L".[]{}()*+?^$|";
+  std::wstring line = L"- \"^";
+  for (const wchar_t c : relativePath) {
+    if (kSpecial.find(c) != kSpecial.npos) line += L'\\';
+    line += c == L'\\' ? L'/' : c;
+  }
+  return line + L"$\"";
+}
+
 void CFilter::Load(my::IFileSystem& files, const my::IAnsiCodec& ansi, const my::IMessageTexts& texts,
                    const std::wstring& path) {
   Parse(ReadTextLines(files, ansi, path), texts);

@@ -37,6 +37,10 @@ struct CFilterItem {
 
 using CFilterItemPtr = boost::shared_ptr<const CFilterItem>;
 
+// Returns a line that excludes exactly the file with this path ("docs\\a.txt"). The first matching line
+// decides, so it must be the first one of a filter.
+std::wstring ExcludeLine(std::wstring_view relativePath);
+
 class CFilter {
  public:
   // Reads and parses a file, replacing the current items. An invalid line becomes an item with an error.

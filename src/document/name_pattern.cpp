@@ -69,6 +69,20 @@ bool AdjustExtension(DstType type, std::wstring& name) {
   return true;
 }
 
+bool FitPattern(DstType type, std::wstring& pattern) {
+  // A run trims spaces at the end of the name, but not before an extension.
+  std::wstring fitted(my::TrimEnd(pattern, my::kBlanks));
+  if (fitted.empty() || !AdjustExtension(type, fitted)) return false;
+  pattern = std::move(fitted);
+  return true;
+}
+
+CNameTokens TokensOf(const std::wstring& pattern) {
+  const auto found = [&pattern](size_t token) { return TokenExpressions()[token].Found(pattern); };
+  const auto either = [&found](size_t token) { return found(token) || found(token + 1); };
+  return {found(0), either(1), either(3), either(5), either(7), either(9), either(11)};
+}
+
 bool HasFittingExtension(DstType type, const std::wstring& name) {
   const CExtensionSpan extension = FindExtension(name);
   if (IsZip(type)) return my::EqualNoCase(extension.text, L"zip");

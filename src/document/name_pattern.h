@@ -31,4 +31,21 @@ bool AdjustExtension(DstType type, std::wstring& name);
 // Returns whether the pattern already has the extension of the type.
 bool HasFittingExtension(DstType type, const std::wstring& name);
 
+// Does the same for a pattern being edited: trims spaces at its end, and keeps an empty pattern empty,
+// because an extension would hide that there is no name.
+bool FitPattern(DstType type, std::wstring& pattern);
+
+// The kinds of tokens in a pattern.
+struct CNameTokens {
+  bool id = false;
+  bool year = false;
+  bool month = false;
+  bool day = false;
+  bool hour = false;
+  bool minute = false;
+  bool second = false;
+};
+
+CNameTokens TokensOf(const std::wstring& pattern);
+
 }  // namespace qlm

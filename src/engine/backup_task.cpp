@@ -3,10 +3,13 @@
 #include "document/name_pattern.h"
 #include "engine/archive_writer.h"
 #include "engine/auto_delete_file.h"
+#include "engine/destination_path.h"
 #include "engine/folder_copy.h"
 #include "engine/fresh_files.h"
 #include "engine/source_listing.h"
+#include "engine/task_filter.h"
 #include "engine/temporary_target.h"
+#include "engine/transfer_plan.h"
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
 #include "support/name_faults.h"
@@ -16,10 +19,6 @@
 
 namespace qlm {
 namespace {
-
-std::wstring_view DestinationFolder(const CDst& dst) {
-  return my::TrimEnd(my::Trim(dst.folder, my::kBlanks), L"/\\");
-}
 
 // Returns what a finished backup is on disk.
 my::PathKind KindOf(const CDst& dst) {
@@ -59,7 +58,7 @@ void CBackupTask::Run() {
 
 void CBackupTask::MainRun() {
   Notify();
-  LoadFilter();
+  m_filter = LoadTaskFilter(m_ports, m_task->filterPath);
   ListTargets();
   if (m_listOnly) {
     FillRow(m_task->dsts.empty() ? CTaskDsts() : CTaskDsts{m_task->dsts.front()});
@@ -71,20 +70,6 @@ void CBackupTask::MainRun() {
     Notify();
     BackUpTo(*m_task->dsts[i]);
   }
-}
-
-void CBackupTask::LoadFilter() {
-  if (!m_task->filterPath.empty()) {
-    auto filter = boost::make_shared<CFilter>();
-    filter->Load(m_ports.files, m_ports.ansi, m_ports.texts, m_task->filterPath);
-    m_filter = std::move(filter);
-  }
-  const CFilterItem* const bad = m_filter->FirstError();
-  if (!bad) return;
-  my::CException failure(IDS_FILTER_HAS_ERRORS);
-  failure.SetWhere(m_task->filterPath + L" (" + std::to_wstring(bad->lineIndex + 1) + L"): " +
-                   bad->error.message);
-  throw failure;
 }
 
 void CBackupTask::ListTargets() {
@@ -117,15 +102,13 @@ void CBackupTask::FillRow(const CTaskDsts& dsts) {
   row.phase = Phase::Listed;
   row.targets = m_targets;
   row.newestWriteTime = m_newest;
-  row.destinationPath = DestinationPath(row);
+  row.destinationPath = RowPath(row);
 }
 
-std::wstring CBackupTask::DestinationPath(const CResult& row) const {
+std::wstring CBackupTask::RowPath(const CResult& row) const {
   const CDst* const dst = row.Dst();
   if (!dst) return {};
-  const std::wstring expanded = ExpandName(*dst, m_task->id, row.newestWriteTime, m_ports.clock);
-  const std::wstring_view name = my::Trim(my::Trim(expanded, my::kBlanks), L"/\\");
-  return std::wstring(DestinationFolder(*dst)).append(1, my::kSeparator).append(name);
+  return DestinationPath(*dst, ExpandName(*dst, m_task->id, row.newestWriteTime, m_ports.clock));
 }
 
 // Throws IDS_NAME_... if the system would map the name to something else. Such a path may seem to exist, or
@@ -145,6 +128,7 @@ void CBackupTask::BackUpTo(const CDst& dst) {
   if (my::LastComponent(path).empty()) throw my::CException(IDS_PATH_NO_FILE_NAME, {path});
   CheckDestinationNames();
   if (IsUpToDate(dst)) return SetPhase(Phase::Skipped);
+  if (m_plan) return m_plan->Add({path, dst.type, m_archiverPath});
   // An incomplete backup must never have the final name: the next run would consider it finished.
   const CTemporaryTarget temporary = TakeTemporaryTarget(m_ports.files, path, dst.type);
   Transfer(dst, temporary.path);
@@ -156,7 +140,7 @@ void CBackupTask::BackUpTo(const CDst& dst) {
 // backup.
 bool CBackupTask::IsUpToDate(const CDst& dst) const {
   const std::wstring& path = m_rows.back().destinationPath;
-  const my::PathKind kind = m_ports.files.Kind(path);
+  const my::PathKind kind = m_plan ? m_plan->Kind(path) : m_ports.files.Kind(path);
   if (kind == my::PathKind::None) return false;
   if (kind == KindOf(dst)) return true;
   throw my::CException(IsZip(dst.type) ? IDS_TARGET_IS_FOLDER : IDS_TARGET_IS_FILE, {path});

@@ -9,22 +9,16 @@
 #include "document/filter.h"
 #include "document/task.h"
 #include "engine/auto_lock.h"
+#include "engine/engine_ports.h"
 #include "engine/fresh_files.h"
 #include "engine/result.h"
 #include "engine/task_base.h"
 #include "support/secret.h"
 
-namespace my {
-class IAnsiCodec;
-class IClock;
-class IFileSystem;
-class IMessageTexts;
-class IProcess;
-}  // namespace my
-
 namespace qlm {
 
 class CBackupTask;
+class CTransferPlan;
 
 // Receives notifications on the worker thread of the job; must not use windows.
 class CBackupTaskClient {
@@ -32,15 +26,6 @@ class CBackupTaskClient {
   virtual ~CBackupTaskClient() = default;
   virtual void OnProgress(const boost::shared_ptr<CBackupTask>& job) = 0;
   virtual void OnEnd(const boost::shared_ptr<CBackupTask>& job) = 0;
-};
-
-// The ports of a job; all must outlive it.
-struct CEnginePorts {
-  my::IFileSystem& files;
-  const my::IClock& clock;
-  const my::IAnsiCodec& ansi;
-  const my::IMessageTexts& texts;
-  my::IProcess& process;
 };
 
 // The description of a job.
@@ -65,6 +50,10 @@ class CBackupTask : public my::CTask<CBackupTask, CBackupTaskClient, my::CSimple
 
   // Only list and compute the destination path; transfer nothing.
   void SetListOnly(bool listOnly) { m_listOnly = listOnly; }
+  // Lists, computes and checks as a run does, for all destinations, but only plans what would be created. The
+  // plan must outlive the run; other jobs may share it.
+  void SetPlan(CTransferPlan* plan) { m_plan = plan; }
+
   void SetArchiverPath(std::wstring path) { m_archiverPath = std::move(path); }
   void SetPassword(const std::wstring& password);
 
@@ -78,11 +67,10 @@ class CBackupTask : public my::CTask<CBackupTask, CBackupTaskClient, my::CSimple
 
  private:
   void MainRun();
-  void LoadFilter();
   void ListTargets();
   [[noreturn]] void ThrowNoFiles(const std::optional<my::CException>& unreadable) const;
   void FillRow(const CTaskDsts& dsts);
-  std::wstring DestinationPath(const CResult& row) const;
+  std::wstring RowPath(const CResult& row) const;
   void CheckDestinationNames() const;
   void BackUpTo(const CDst& dst);
   bool IsUpToDate(const CDst& dst) const;
@@ -98,6 +86,7 @@ class CBackupTask : public my::CTask<CBackupTask, CBackupTaskClient, my::CSimple
 
   CEnginePorts m_ports;
   bool m_listOnly = false;
+  CTransferPlan* m_plan = nullptr;
   boost::shared_ptr<const qlm::CTask> m_task;  // a copy owned by the job
   std::wstring m_archiverPath;
   std::wstring m_password;

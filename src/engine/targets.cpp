@@ -42,12 +42,20 @@ CTargetCounts CountTargets(const CTargets& targets) {
   return counts;
 }
 
-my::CFileTime NewestWriteTime(const CTargets& targets) {
-  my::CFileTime newest;
+const CTarget* NewestTarget(const CTargets& targets) {
+  const CTarget* newest = nullptr;
+  my::CFileTime time;
   for (const CTarget& target : targets) {
-    if (target.IsCountedFile() && target.LastWriteTime() > newest) newest = target.LastWriteTime();
+    if (!target.IsCountedFile() || target.LastWriteTime() <= time) continue;
+    newest = &target;
+    time = target.LastWriteTime();
   }
   return newest;
+}
+
+my::CFileTime NewestWriteTime(const CTargets& targets) {
+  const CTarget* const newest = NewestTarget(targets);
+  return newest ? newest->LastWriteTime() : my::CFileTime();
 }
 
 }  // namespace qlm

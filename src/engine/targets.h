@@ -100,6 +100,9 @@ struct CTargetCounts {
 
 CTargetCounts CountTargets(const CTargets& targets);
 
+// Returns the first counted file with the latest write time; null if no counted file has a time.
+const CTarget* NewestTarget(const CTargets& targets);
+
 // Returns the latest write time of the counted files; zero if there are none.
 my::CFileTime NewestWriteTime(const CTargets& targets);
 

@@ -114,6 +114,10 @@ class IFileSystem {
   // IDS_READ_FILE_FAILED.
   virtual std::string ReadFile(const std::wstring& path, uint64_t most, uint64_t offset = 0) = 0;
 
+  // Returns the bytes that the user may still write to the volume of an existing folder. A quota may be
+  // smaller than the volume. Throws IDS_PATH_UNREADABLE.
+  virtual uint64_t FreeSpace(const std::wstring& folder) = 0;
+
   // Returns the system's folder for temporary files. Throws IDS_TEMP_PATH_FAILED.
   virtual std::wstring TemporaryFolder() = 0;
 };

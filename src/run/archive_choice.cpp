@@ -5,7 +5,7 @@
 #include "platform/console.h"
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
-#include "run/warning.h"
+#include "run/warnings.h"
 #include "settings/settings_file.h"
 #include "text_ids.h"
 
@@ -16,7 +16,7 @@ void WarnOfDamage(const CRunnerPorts& ports, const std::wstring& path, my::CExce
   const my::IMessageTexts& texts = ports.engine.texts;
   failure.SetWhere(path);
   const my::CMsgArg reason = my::MakeErrorText(texts, failure);
-  Warn(ports.console, texts, my::MakeText(texts, IDS_SETTINGS_PARTLY_READ, {&reason, 1}));
+  Warn(ports, my::MakeText(texts, IDS_SETTINGS_PARTLY_READ, {&reason, 1}));
 }
 
 // Reads the archive settings. A settings file named in the options must exist; without the user's own file
@@ -43,7 +43,20 @@ std::wstring ReadPassword(const CRunnerPorts& ports, const COptions& options,
   return password;
 }
 
+std::wstring ChooseArchiver(const CRunnerPorts& ports, const COptions& options,
+                            const CArchiveSetting& setting) {
+  const std::wstring& path = options.archiverPath.empty() ? setting.sevenZipPath : options.archiverPath;
+  return path.empty() ? FindArchiver(ports.engine.files, ports.folders) : path;
+}
+
 }  // namespace
+
+std::wstring ChooseArchiver(const CRunnerPorts& ports, const COptions& options,
+                            const std::vector<CTaskPtr>& tasks) {
+  if (!AnyDst(tasks, IsZip)) return {};
+  const bool known = !options.archiverPath.empty();
+  return ChooseArchiver(ports, options, known ? CArchiveSetting() : ReadArchiveSetting(ports, options));
+}
 
 CArchiveChoice ChooseArchive(const CRunnerPorts& ports, const COptions& options,
                              const std::vector<CTaskPtr>& tasks) {
@@ -54,8 +67,7 @@ CArchiveChoice ChooseArchive(const CRunnerPorts& ports, const COptions& options,
   if (options.archiverPath.empty() || (needsPassword && !options.passwordStdin)) {
     setting = ReadArchiveSetting(ports, options);
   }
-  choice.archiverPath = options.archiverPath.empty() ? setting.sevenZipPath : options.archiverPath;
-  if (choice.archiverPath.empty()) choice.archiverPath = FindArchiver(ports.engine.files, ports.folders);
+  choice.archiverPath = ChooseArchiver(ports, options, setting);
   if (needsPassword) choice.password = ReadPassword(ports, options, setting);
   return choice;
 }

@@ -21,4 +21,9 @@ struct CArchiveChoice {
 CArchiveChoice ChooseArchive(const CRunnerPorts& ports, const COptions& options,
                              const std::vector<CTaskPtr>& tasks);
 
+// Determines only the archiver in the same way; empty if there is none or no task needs one. Throws what
+// LoadArchiveSetting throws.
+std::wstring ChooseArchiver(const CRunnerPorts& ports, const COptions& options,
+                            const std::vector<CTaskPtr>& tasks);
+
 }  // namespace qlm

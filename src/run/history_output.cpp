@@ -11,7 +11,7 @@
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
 #include "run/exit_codes.h"
-#include "run/warning.h"
+#include "run/warnings.h"
 #include "support/strings.h"
 #include "text_ids.h"
 
@@ -98,7 +98,7 @@ void PrintAsText(const CRunnerPorts& ports, const CHistory& history) {
 
 void WarnOfDamage(const CRunnerPorts& ports, const std::wstring& path, size_t lines) {
   const my::CMsgArg args[] = {std::to_wstring(lines), path};
-  Warn(ports.console, ports.engine.texts, my::MakeText(ports.engine.texts, IDS_HISTORY_DAMAGED, args));
+  Warn(ports, my::MakeText(ports.engine.texts, IDS_HISTORY_DAMAGED, args));
 }
 
 }  // namespace

@@ -30,7 +30,10 @@ void AddOptions(CLI::App& app, COptions& options, CRawOptions& raw) {
       ->expected(1)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
       ->allow_extra_args(false);  // the next argument may be the document
-  app.add_flag("--test", options.listOnly, "一覧と転送先パスの計算だけを行い、何も作成しません");
+  CLI::Option* const test =
+      app.add_flag("--test", options.listOnly, "一覧と転送先パスの計算だけを行い、何も作成しません");
+  app.add_flag("--plan", options.plan, "実行すると何が起きるかと助言を表示し、何も作成しません")
+      ->excludes(test);
   app.add_flag("--json", options.json, "結果を 1 行 1 個の JSON オブジェクトで出力します (UTF-8)");
   app.add_flag("--quiet", options.quiet, "エラーになった結果だけを表示します");
   app.add_option("--7z", raw.archiver, "7z.exe の場所（省略時は設定ファイルの値）")->option_text("PATH");
@@ -49,7 +52,8 @@ void CheckCombination(const CLI::App& app, const COptions& options) {
     if (app.count("DOCUMENT") == 0) throw CLI::RequiredError("DOCUMENT");
     return;
   }
-  for (const char* name : {"--task", "--test", "--quiet", "--7z", "--settings", "--password-stdin"}) {
+  for (const char* name :
+       {"--task", "--test", "--plan", "--quiet", "--7z", "--settings", "--password-stdin"}) {
     if (app.count(name) != 0) throw CLI::ExcludesError("--history", name);
   }
 }
@@ -64,7 +68,7 @@ void SetTexts(CLI::App& app) {
   app.footer(
       "終了コード:\n"
       "  0  すべて作成、またはスキップ\n"
-      "  1  エラーになった結果がある\n"
+      "  1  エラーになった（--plan では、なる）結果がある\n"
       "  2  指定の誤り、文書が読めない、または実行するものがない\n"
       "  3  中断された (Ctrl+C)");
   app.get_formatter()->label("Usage", "使い方");

@@ -11,6 +11,7 @@ struct COptions {
   std::vector<std::wstring> taskIds;  // empty: all tasks
   bool listOnly = false;
   bool history = false;  // prints the history instead of running; of one document if there is a path
+  bool plan = false;
   bool json = false;
   bool quiet = false;
   std::wstring archiverPath;   // empty: the path in the settings

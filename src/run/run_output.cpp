@@ -1,10 +1,9 @@
 #include "run/run_output.h"
 
-#include <nlohmann/json.hpp>
-
 #include "engine/remedy.h"
 #include "platform/console.h"
 #include "platform/message_texts.h"
+#include "run/json_values.h"
 #include "support/strings.h"
 #include "text_ids.h"
 
@@ -73,12 +72,6 @@ class CTextOutput : public IRunOutput {
   size_t m_progressLength = 0;
 };
 
-nlohmann::ordered_json IsoTime(my::CFileTime time) {
-  const std::string text = my::Utf8FromWide(my::UtcText(time));
-  if (text.empty()) return nullptr;
-  return text;
-}
-
 class CJsonOutput : public IRunOutput {
  public:
   CJsonOutput(my::IConsole& console, const my::IMessageTexts& texts, bool quiet)
@@ -119,10 +112,6 @@ class CJsonOutput : public IRunOutput {
   }
 
  private:
-  static std::string TypeName(const CDst& dst) {
-    return my::Utf8FromWide(*my::EnumName(kDstTypeNames, static_cast<uint32_t>(dst.type)));
-  }
-
   void Print(const nlohmann::ordered_json& object) {
     m_console.Write(kOutput, my::WideFromUtf8(object.dump()) + L"\n");
   }

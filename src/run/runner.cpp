@@ -15,8 +15,9 @@
 #include "platform/power.h"
 #include "run/archive_choice.h"
 #include "run/exit_codes.h"
+#include "run/plan_session.h"
 #include "run/run_output.h"
-#include "run/warning.h"
+#include "run/warnings.h"
 #include "text_ids.h"
 
 namespace qlm {
@@ -89,24 +90,15 @@ class CRunSession : private IRunObserver {
   void OnEnded() override {
     const std::wstring failure =
         RecordRun(m_ports.engine, m_ports.folders, m_controller, RunProgram::RUNNER, m_document);
-    if (!failure.empty()) Warn(m_ports.console, m_ports.engine.texts, failure);
+    if (!failure.empty()) Warn(m_ports, failure);
   }
   void OnPowerOff() override {}
 
   void Print(const CResult& row) {
     if (row.error) ++m_errors;
-    if (row.targets != m_lastTargets) WarnOfUnlisted(row);
+    if (row.targets != m_lastTargets) WarnOfUnlisted(m_ports, *row.task, *row.targets);
     m_lastTargets = row.targets;
     m_output->Row(row);
-  }
-
-  // Warns about folders that could not be read and are missing in the backup; no row reports them.
-  void WarnOfUnlisted(const CResult& row) {
-    for (const CUnlistedFolder& unlisted : row.targets->Unlisted()) {
-      const my::CMsgArg what = UnlistedText(m_ports.engine.texts, *row.task, unlisted);
-      Warn(m_ports.console, m_ports.engine.texts,
-           my::MakeText(m_ports.engine.texts, IDS_FOLDERS_NOT_LISTED, {&what, 1}));
-    }
   }
 
   const CRunnerPorts& m_ports;
@@ -127,6 +119,10 @@ int RunDocument(const CRunnerPorts& ports, const COptions& options) {
     const std::wstring path = ports.engine.files.FullPath(options.documentPath);
     const CDocument document = LoadDocument(ports.engine.files, ports.dom, path);
     const std::vector<CTaskPtr> tasks = SelectTasks(document, options);
+    if (options.plan) {
+      exitCode = PrintPlan(ports, options, document, tasks);
+      return;
+    }
     exitCode = CRunSession(ports, options, path).Run(tasks, ChooseArchive(ports, options, tasks));
   });
   if (error) ports.console.Write(my::IConsole::Stream::Errors, error.message + L"\n");

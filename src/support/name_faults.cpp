@@ -47,6 +47,11 @@ std::optional<CNameFault> FindIn(std::wstring_view path, Fault fault) {
 
 }  // namespace
 
+bool HasBadCharacter(std::wstring_view name) {
+  constexpr std::wstring_view kBad = L"<>:\"|?*";
+  return std::ranges::any_of(name, [&](wchar_t c) { return c < L' ' || kBad.find(c) != kBad.npos; });
+}
+
 std::optional<CNameFault> FindNameFault(std::wstring_view folder, std::wstring_view name) {
   if (auto found = FindIn(WithoutDrive(folder), FaultOf)) return found;
   return FindIn(name, [](std::wstring_view component) -> uint32_t {

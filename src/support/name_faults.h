@@ -21,4 +21,8 @@ struct CNameFault {
 // - a name with ":", which would write an alternate data stream, except for the drive of `folder`.
 std::optional<CNameFault> FindNameFault(std::wstring_view folder, std::wstring_view name);
 
+// Returns whether a name has a character that file names cannot have. Separators are allowed: they create
+// subfolders.
+bool HasBadCharacter(std::wstring_view name);
+
 }  // namespace my

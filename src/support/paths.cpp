@@ -77,6 +77,25 @@ std::wstring_view LastComponent(std::wstring_view path) {
   return at == path.npos ? path : path.substr(at + 1);
 }
 
+std::wstring ComparablePath(std::wstring_view path) {
+  std::wstring comparable;
+  comparable.reserve(path.size());
+  for (size_t from = 0; from < path.size();) {
+    const size_t end = std::min(path.find_first_of(kSeparators, from), path.size());
+    const std::wstring_view component = path.substr(from, end - from);
+    const std::wstring_view kept = TrimEnd(component, L". ");
+    // A component of dots only refers to a folder and is kept.
+    for (const wchar_t c : kept.empty() ? component : kept) comparable += LowerAscii(c);
+    from = std::min(path.find_first_not_of(kSeparators, end), path.size());
+    if (from < path.size()) comparable.append(end == 0 && from > 1 ? 2 : 1, kSeparator);
+  }
+  return comparable;
+}
+
+bool IsWithin(std::wstring_view path, std::wstring_view folder) {
+  return (ComparablePath(path) + kSeparator).starts_with(ComparablePath(folder) + kSeparator);
+}
+
 CStemAndExtension SplitExtension(std::wstring_view name) {
   const size_t dot = name.rfind(L'.');
   if (dot == name.npos) return {name, {}};

@@ -29,6 +29,14 @@ std::wstring_view ParentPath(std::wstring_view path);
 // Returns the text after the last separator; empty if the path ends in one.
 std::wstring_view LastComponent(std::wstring_view path);
 
+// Returns the path in a form in which equal paths have equal texts: "\\" as only separator, none repeated or
+// at the end, no dots and spaces at the end of a component, ASCII letters in lower case. For comparisons
+// only.
+std::wstring ComparablePath(std::wstring_view path);
+
+// Returns whether `path` is `folder` or below it.
+bool IsWithin(std::wstring_view path, std::wstring_view folder);
+
 struct CStemAndExtension {
   std::wstring_view stem;
   std::wstring_view extension;  // without its "."; empty if the name has none

@@ -41,6 +41,17 @@ expect_code 1
 expect_json task=書類 phase=436 error=0 entries=5 counted=2 excluded=2 newest=2016-03-05T07:04:09Z
 expect_no_file "$dst1/書類_2016_03_05"
 
+run_qlm --plan --json "$document"
+expect_code 1
+expect_json event=task task=書類 counted=2 bytes=8
+expect_json event=cell task=書類 action=create space=enough "destination=$(to_win "$dst1/書類_2016_03_05")"
+expect_json event=cell task=なし action=error error=465
+expect_json event=cell task=衝突 action=collision error=462
+expect_json event=cell task=衝突 action=not_reached
+expect_json event=advice kind=no_source task=なし
+expect_json event=end created=2 skipped=0 errors=2 not_reached=1
+[[ $(find "$dst1" "$dst2" | wc -l) == 3 ]] || fail "the plan created something"
+
 run_qlm --json "$document"
 expect_code 1
 expect_json event=row task=書類 type=FOLDER phase=439 error=0 "destination=$(to_win "$dst1/書類_2016_03_05")"

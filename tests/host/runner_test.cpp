@@ -211,4 +211,33 @@ TEST_F(Runner, history_that_cannot_be_written_leaves_the_result) {
   EXPECT_TRUE(console.output.ends_with(L"正常終了 - 結果 1 件、エラー 0 件\n"));
 }
 
+TEST_F(Runner, plan_shows_rows_and_advice_and_creates_nothing) {
+  files.AddFile(L"C:\\7z.exe", "");
+  EXPECT_EQ(Run({L"--plan", L"--task", L"plain"}), qlm::kExitDone);
+  EXPECT_EQ(console.output,
+            L"D:\\dst | 警告: "
+            L"名前に日付も時刻もないため、最初のバックアップのあとは、変更があっても常にスキップされ"
+            L"ます - copy\n"
+            L"plain: C:\\src（1 ファイル、1 バイト）\n"
+            L"    名前の日時 2016/03/05 07:04:09: a\n"
+            L"    除外する場合はフィルターの先頭に: - \"^a$\"\n"
+            L"    作成 | D:\\dst\\copy | 空き 1.0 TB\n"
+            L"計画 - 作成 1 件、スキップ 0 件、エラー 0 件、実行されない 0 件\n");
+  EXPECT_EQ(Run({L"--plan", L"--quiet", L"--7z", L"C:\\7z.exe"}), qlm::kExitDone) << "no password is needed";
+  EXPECT_EQ(console.output, L"");
+  EXPECT_EQ(Run({L"--plan", L"--json", L"--quiet"}), qlm::kExitErrors) << "no archiver";
+  EXPECT_NE(console.output.find(
+                L"\"kind\":\"no_archiver\",\"severity\":\"error\",\"task\":null,\"folder\":\"D:\\\\dst\""),
+            std::wstring::npos);
+  EXPECT_NE(console.output.find(L"\"type\":\"AES_256_ZIP\",\"action\":\"error\",\"error\":58563"),
+            std::wstring::npos);
+  EXPECT_TRUE(console.output.ends_with(
+      L"{\"event\":\"end\",\"created\":1,\"skipped\":0,\"errors\":1,\"not_reached\":0}\n"));
+  EXPECT_EQ(files.Kind(L"D:\\dst"), my::PathKind::None);
+  EXPECT_TRUE(process.Starts().empty());
+  console.interrupted = true;
+  EXPECT_EQ(Run({L"--plan"}), qlm::kExitStopped);
+  EXPECT_EQ(Run({L"--plan", L"--test"}), qlm::kExitUnusable);
+}
+
 }  // namespace

@@ -27,6 +27,7 @@ enum class Op {
   KIND,
   SIZE,
   READ,
+  FREE_SPACE,
   TEMP_FOLDER,
   CREATE_FOLDERS,
   COPY,
@@ -252,6 +253,17 @@ class CMemoryFileSystem : public my::IFileSystem {
     step.RefuseIf(!entry, my::kErrorFileNotFound);
     step.RefuseIf(entry->folder, my::kErrorAccessDenied);
     return entry->content.substr(std::min<uint64_t>(offset, entry->content.size()), most);
+  }
+
+  // The free bytes of a drive; a drive that is not set has 1 TB.
+  void SetFreeSpace(wchar_t drive, uint64_t bytes) { m_freeSpace[drive] = bytes; }
+
+  uint64_t FreeSpace(const std::wstring& folder) override {
+    CStep step = Begin(Op::FREE_SPACE, L"free space", IDS_PATH_UNREADABLE, {folder});
+    step.RefuseIf(!IsFolder(folder), my::kErrorPathNotFound);
+    step.End();
+    const auto found = m_freeSpace.find(folder[0]);
+    return found == m_freeSpace.end() ? uint64_t{1} << 40 : found->second;
   }
 
   std::wstring TemporaryFolder() override {
@@ -489,6 +501,7 @@ class CMemoryFileSystem : public my::IFileSystem {
   std::wstring m_currentFolder = L"C:\\";
   bool m_shortenCopies = false;
   int m_renameRefusals = 1;
+  std::map<wchar_t, uint64_t> m_freeSpace;
   std::map<Op, std::function<void()>> m_meanwhile;
   std::map<Op, CFault> m_faults;
   std::vector<std::wstring> m_log;

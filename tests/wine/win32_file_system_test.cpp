@@ -61,6 +61,8 @@ TEST(Win32FileSystem, failures_carry_their_operation_and_code) {
   EXPECT_EQ(files.Kind(a), PathKind::File);
   EXPECT_EQ(files.Kind(scratch.path), PathKind::Folder);
   EXPECT_EQ(files.Kind(deep), PathKind::None);
+  EXPECT_GT(files.FreeSpace(scratch.path), 0u);
+  EXPECT_EQ(Failure([&] { files.FreeSpace(none); }).first, IDS_PATH_UNREADABLE);
 }
 
 TEST(Win32FileSystem, locked_file_is_neither_copied_nor_saved_over) {

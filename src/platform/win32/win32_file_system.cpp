@@ -322,6 +322,13 @@ std::string CWin32FileSystem::ReadFile(const std::wstring& path, uint64_t most, 
   return bytes;
 }
 
+uint64_t CWin32FileSystem::FreeSpace(const std::wstring& folder) {
+  const std::wstring path = JoinPath(folder, {});  // a share must end in a separator
+  ULARGE_INTEGER available{};
+  if (::GetDiskFreeSpaceExW(path.c_str(), &available, nullptr, nullptr)) return available.QuadPart;
+  throw CException(IDS_PATH_UNREADABLE, {LastError(), path});
+}
+
 std::wstring CWin32FileSystem::TemporaryFolder() {
   std::wstring folder(MAX_PATH, L'\0');
   DWORD length = ::GetTempPathW(static_cast<DWORD>(folder.size()), folder.data());

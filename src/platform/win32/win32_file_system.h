@@ -21,6 +21,7 @@ class CWin32FileSystem : public IFileSystem {
   std::unique_ptr<INewFile> CreateNewFile(const std::wstring& path, FileLife life) override;
   std::unique_ptr<INewFile> OpenToAppend(const std::wstring& path) override;
   std::string ReadFile(const std::wstring& path, uint64_t most, uint64_t offset) override;
+  uint64_t FreeSpace(const std::wstring& folder) override;
   std::wstring TemporaryFolder() override;
 };
 

@@ -5,6 +5,7 @@
 #include "app/windows.h"
 #include "control_ids.h"
 #include "document/document.h"
+#include "document/name_pattern.h"
 #include "engine/archiver_location.h"
 #include "platform/clock.h"
 #include "platform/message_texts.h"

@@ -4,8 +4,6 @@
 #include <cstdint>
 #include <string>
 
-#include "support/file_time.h"
-
 namespace my {
 class IMessageTexts;
 }  // namespace my

@@ -1,6 +1,5 @@
 #include "ui/models/name_preview.h"
 
-#include <algorithm>
 #include <string_view>
 
 #include "document/name_pattern.h"
@@ -20,24 +19,10 @@ constexpr CNameToken kTokens[] = {
     {L"<s1>", IDS_TOKEN_SECOND_1},
 };
 
-// Separators are allowed: they create subfolders.
-bool IsBadInName(wchar_t c) {
-  constexpr std::wstring_view kBad = L"<>:\"|?*";
-  return c < L' ' || kBad.find(c) != std::wstring_view::npos;
-}
-
 }  // namespace
 
 std::span<const CNameToken> NameTokens() {
   return kTokens;
-}
-
-bool FitPattern(DstType type, std::wstring& pattern) {
-  // A run trims spaces at the end of the name, but not before an extension.
-  std::wstring fitted(my::TrimEnd(pattern, my::kBlanks));
-  if (fitted.empty() || !AdjustExtension(type, fitted)) return false;
-  pattern = std::move(fitted);
-  return true;
 }
 
 std::wstring SampleTaskId(const CTasks& tasks, const CRows& rows, const my::IMessageTexts& texts) {
@@ -49,7 +34,7 @@ std::wstring NamePreview(const CDst& dst, const std::wstring& taskId, my::CFileT
                          const my::IClock& clock, const my::IMessageTexts& texts) {
   if (dst.pattern.empty()) return texts.Text(IDS_PATTERN_EMPTY);
   std::wstring name = ExpandName(dst, taskId, time, clock);
-  if (std::any_of(name.begin(), name.end(), IsBadInName)) {
+  if (my::HasBadCharacter(name)) {
     const my::CMsgArg bad = name;
     return my::MakeText(texts, IDS_NAME_BAD_CHARACTER, {&bad, 1});
   }

@@ -24,10 +24,6 @@ struct CNameToken {
 // Returns the tokens of patterns, one spelling of each.
 std::span<const CNameToken> NameTokens();
 
-// Adapts the extension of a pattern to the type. An empty pattern stays empty, because an extension would
-// hide that there is no name. Returns whether the text was changed.
-bool FitPattern(DstType type, std::wstring& pattern);
-
 // Returns the task ID for previews: that of the first of these rows, or of the first task, or a sample.
 std::wstring SampleTaskId(const CTasks& tasks, const CRows& rows, const my::IMessageTexts& texts);
 
