@@ -21,7 +21,7 @@ constexpr uint64_t kSecond = 10'000'000;
 // Later by 400 days, 9 hours, 13 minutes and 27 seconds, so that every field differs.
 constexpr my::CFileTime kOtherTime{kSampleTime.ticks + ((400 * 24 + 9) * 3600 + 13 * 60 + 27) * kSecond};
 
-// Stands for the task ID in a name; cannot be part of one.
+// Replaces the task ID in a name; cannot be part of one.
 constexpr wchar_t kIdMark = L'\x01';
 
 // The names of one destination with the mark instead of the ID, at both times.

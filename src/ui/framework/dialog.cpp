@@ -245,6 +245,7 @@ void CDialog::ChangeDpi(UINT dpi, const RECT& suggested) {
                  suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
   BroadcastDpi(m_hwnd, dpi);
   OnDpiChanged();
+  m_arrangement.Invalidate();  // the derived class may have set fonts and icons
   m_arrangement.Arrange();
   ::InvalidateRect(m_hwnd, nullptr, TRUE);
 }

@@ -10,8 +10,8 @@ constexpr int kDroppedRows = 12;
 
 // Returns the height that the control must be given. For a combo box it includes the open list.
 int WindowHeight(HWND control, int height) {
-  const LRESULT row = ::SendMessageW(control, CB_GETITEMHEIGHT, 0, 0);
-  return IsComboBox(control) ? height + static_cast<int>(row) * kDroppedRows : height;
+  if (!IsComboBox(control)) return height;
+  return height + static_cast<int>(::SendMessageW(control, CB_GETITEMHEIGHT, 0, 0)) * kDroppedRows;
 }
 
 // Moving a window costs time even if it stays where it is.
