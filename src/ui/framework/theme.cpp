@@ -35,7 +35,7 @@ void DrawThemed(HTHEME theme, HDC dc, int part, int state, const RECT& rect) {
   if (draw) draw(theme, dc, part, state, &rect, nullptr);
 }
 
-void DrawParentBackground(HWND control, HDC dc, const RECT& rect) {
+void DrawParentBackground(HWND control, HDC dc, RECT rect) {
   static const auto draw =
       SystemFunction<decltype(::DrawThemeParentBackground)>(kLibrary, "DrawThemeParentBackground");
   if (draw) draw(control, dc, &rect);

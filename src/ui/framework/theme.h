@@ -28,7 +28,7 @@ std::optional<SIZE> ThemedSize(HTHEME theme, int part, int state);
 void DrawThemed(HTHEME theme, HDC dc, int part, int state, const RECT& rect);
 
 // Draws what the parent of a control shows below `rect`, in coordinates of the control.
-void DrawParentBackground(HWND control, HDC dc, const RECT& rect);
+void DrawParentBackground(HWND control, HDC dc, RECT rect);
 
 // Gives a dialog that is a page of a tab control the background of the tabs.
 void UseTabTexture(HWND dialog);
