@@ -2,6 +2,8 @@
 
 Var Scope          ; "user" or "machine"
 Var IsScopeFixed   ; 1 if a switch gave the scope
+Var FolderSwitch   ; of /D; empty without it
+Var IsUpgrade      ; 1 if a version is installed for the scope
 Var UserButton
 Var MachineButton
 
@@ -18,7 +20,7 @@ Var MachineButton
 ; Starts PROGRAM with administrator rights and ends this process. Returns if the user refuses.
 !macro RESTART_ELEVATED PROGRAM PARAMETERS
   ClearErrors
-  ExecShell "runas" '"${PROGRAM}"' '${PARAMETERS}'
+  ExecShell "runas" "${PROGRAM}" "${PARAMETERS}"
   ${IfNot} ${Errors}
     SetErrorLevel 0
     Quit
@@ -33,14 +35,16 @@ Var MachineButton
   ${EndIf}
 !macroend
 
-; Sets the folder: that of the installed version, or the usual one.
+; Sets the folder: that of the installed version, else that of the switch, else the usual one.
 Function UseScope
   !insertmacro USE_SCOPE
   ReadRegStr $INSTDIR SHCTX "${UNINSTALL_KEY}" InstallLocation
+  StrCpy $IsUpgrade 0
   ${If} $INSTDIR != ""
-    Return
-  ${EndIf}
-  ${If} $Scope == "machine"
+    StrCpy $IsUpgrade 1
+  ${ElseIf} $FolderSwitch != ""
+    StrCpy $INSTDIR $FolderSwitch
+  ${ElseIf} $Scope == "machine"
     StrCpy $INSTDIR "$PROGRAMFILES64\${PRODUCT}"
   ${Else}
     StrCpy $INSTDIR "$LOCALAPPDATA\Programs\${PRODUCT}"
@@ -51,7 +55,7 @@ FunctionEnd
 Function ChooseScope
   StrCpy $Scope "user"
   StrCpy $IsScopeFixed 1
-  StrCpy $2 $INSTDIR ; of /D
+  StrCpy $FolderSwitch $INSTDIR
   ${GetParameters} $0
   ClearErrors
   ${GetOptions} $0 "/ALLUSERS" $1
@@ -66,9 +70,6 @@ Function ChooseScope
     ${EndIf}
   ${EndIf}
   Call UseScope
-  ${If} $2 != ""
-    StrCpy $INSTDIR $2
-  ${EndIf}
   Call RequireRightsIfSilent
 FunctionEnd
 
@@ -96,6 +97,12 @@ Function RequireRightsIfSilent
       SetErrorLevel ${EXIT_NO_RIGHTS}
       Quit
     ${EndIf}
+  ${EndIf}
+FunctionEnd
+
+Function SkipIfUpgrade
+  ${If} $IsUpgrade == 1
+    Abort ; skips the page
   ${EndIf}
 FunctionEnd
 

@@ -53,6 +53,7 @@ VIFileVersion "${VERSION}.0"
 !define MUI_ABORTWARNING
 
 Page custom ScopePage LeaveScopePage
+!define MUI_PAGE_CUSTOMFUNCTION_PRE SkipIfUpgrade
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
 !define MUI_FINISHPAGE_RUN
@@ -119,7 +120,10 @@ FunctionEnd
 Section un.Install
   Call un.RequireUnused
   SetOutPath "$TEMP" ; a current folder cannot be removed
-  Call un.Unregister
+  ReadRegStr $0 SHCTX "${UNINSTALL_KEY}" InstallLocation
+  ${If} $0 == $INSTDIR ; else another copy is registered
+    Call un.Unregister
+  ${EndIf}
   !insertmacro DELETE_FILES
   Delete "$INSTDIR\uninstall.exe"
   RMDir "$INSTDIR"
