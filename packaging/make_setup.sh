@@ -39,8 +39,9 @@ names=$(list_files)
 to_backslashes "$names" | sed 's/$/\r/' >"$folder/files.txt"
 touch -d "@${SOURCE_DATE_EPOCH:-0}" "$folder/files.txt"
 print_macros >"$work/files.nsh"
+"$top/packaging/make_side_image.py" "$top/res/icons/quillmoor.ico" "$work/side.bmp"
 icon=$(awk '$2 == "IDI_DOCUMENT" { print $3 }' "$top/res/control_ids.h")
 mkdir -p "$(dirname "$output")"
 cd "$top/packaging"
 makensis -V2 -WX -INPUTCHARSET UTF8 "-DVERSION=$version" "-DSIZE_KB=$(size_kb)" \
-  "-DDOCUMENT_ICON=$icon" "-DOUTPUT=$output" "-DFILES=$work/files.nsh" setup.nsi
+  "-DDOCUMENT_ICON=$icon" "-DOUTPUT=$output" "-DFILES=$work/files.nsh" "-DSIDE_IMAGE=$work/side.bmp" setup.nsi

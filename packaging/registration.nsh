@@ -71,6 +71,7 @@ FunctionEnd
 
 Function un.Unregister
   DeleteRegKey SHCTX "${UNINSTALL_KEY}"
+  DeleteRegKey /ifempty SHCTX "${UNINSTALL_KEYS}"
   DeleteRegKey SHCTX "${APP_PATHS}\Quillmoor.exe"
   DeleteRegKey SHCTX "${APP_PATHS}\QuillmoorRun.exe"
   DeleteRegKey /ifempty SHCTX "${APP_PATHS}"

@@ -1,5 +1,5 @@
-; The setup program and the uninstaller. packaging/make_setup.sh passes VERSION, SIZE_KB, DOCUMENT_ICON, OUTPUT and
-; FILES, a script with the macros of the installed files.
+; The setup program and the uninstaller. packaging/make_setup.sh passes VERSION, SIZE_KB, DOCUMENT_ICON, OUTPUT,
+; SIDE_IMAGE and FILES, a script with the macros of the installed files.
 ;
 ; Switches: /S silent, /CURRENTUSER, /ALLUSERS, /D=FOLDER (last, without quotes). Uninstaller: /S, /SETTINGS removes
 ; settings and history, too.
@@ -11,7 +11,8 @@ Target amd64-unicode
 !define PUBLISHER Tenkowa
 !define EXIT_IN_USE 3
 !define EXIT_NO_RIGHTS 4
-!define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\${PRODUCT}"
+!define UNINSTALL_KEYS "Software\Microsoft\Windows\CurrentVersion\Uninstall"
+!define UNINSTALL_KEY "${UNINSTALL_KEYS}\${PRODUCT}"
 !define FILE_LIST "files.txt"
 
 Name "${PRODUCT}"
@@ -50,6 +51,7 @@ VIFileVersion "${VERSION}.0"
 
 !define MUI_ICON "..\res\icons\quillmoor.ico"
 !define MUI_UNICON "..\res\icons\quillmoor.ico"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${SIDE_IMAGE}"
 !define MUI_ABORTWARNING
 
 Page custom ScopePage LeaveScopePage

@@ -28,10 +28,10 @@ uninstall() {
   wineserver -w
 }
 
-# Prints registry and disk without times, drivers and temporary files.
+# Prints registry and disk without times, what Wine changes itself, and temporary files.
 state() {
   wineserver -w
-  awk '/^\[/ { key = $0; sub(/ [0-9]+$/, "", key); skip = key ~ /Wine|Control\\\\Class|Windows NT/; if (!skip) print key }
+  awk '/^\[/ { key = $0; sub(/ [0-9]+$/, "", key); skip = key ~ /^\[System|Wine|Windows NT/; if (!skip) print key }
     !/^(\[|#|$)/ && !skip { print key, $0 }' "$WINEPREFIX"/{user,system}.reg
   find "$WINEPREFIX/drive_c" -not -path '*/Temp/*' | sort
 }
@@ -91,8 +91,8 @@ expect_registry 'Classes\Quillmoor.Document\shell\open\command' '' '\Quillmoor.e
 
 # A runner that waits for its password is not replaced.
 cat >"$work/doc.qlmr" <<END
-<QuillmoorDoc><Version>1.0.0.0</Version><Dsts><Dst><Folder>$(to_win "$work")</Folder><Type>ZIP_AES256</Type>
-<Pattern>&lt;Y&gt;.zip</Pattern></Dst></Dsts><Tasks><Task><Id>a</Id><Path>$(to_win "$work/older")</Path>
+<QuillmoorDoc><Version>1.0.0.0</Version><Dsts><Dst><Folder>$(to_win "$work")</Folder><Type>AES_256_ZIP</Type>
+<Pattern>&lt;Y&gt;.zip</Pattern></Dst></Dsts><Tasks><Task><Id>a</Id><Path>$(to_win "$work/older/manual")</Path>
 <Dsts><Dst>0</Dst></Dsts><FilterPath/></Task></Tasks></QuillmoorDoc>
 END
 mkfifo "$work/password"
@@ -100,6 +100,7 @@ LC_ALL=ja_JP.UTF-8 wine "$installed/QuillmoorRun.exe" --password-stdin --7z "$(t
   "$(to_win "$work/doc.qlmr")" <"$work/password" >"$work/run.log" 2>&1 &
 runner=$!
 exec 4>"$work/password"
+timeout 30 bash -c 'until pgrep -x QuillmoorRun.ex; do sleep 0.1; done' >/dev/null || fail 'the runner does not start'
 run_windows 3 "$packages/$name-setup.exe" /S
 echo secret >&4
 exec 4>&-
