@@ -37,9 +37,10 @@ print_macros() {
 : >"$folder/files.txt"
 names=$(list_files)
 to_backslashes "$names" | sed 's/$/\r/' >"$folder/files.txt"
-touch -d "@${SOURCE_DATE_EPOCH:-0}" "$folder/files.txt"
 print_macros >"$work/files.nsh"
 "$top/packaging/make_side_image.py" "$top/res/icons/quillmoor.ico" "$work/side.bmp"
+# Setup contains the times of these files.
+touch -d "@${SOURCE_DATE_EPOCH:-0}" "$folder/files.txt" "$work/side.bmp"
 icon=$(awk '$2 == "IDI_DOCUMENT" { print $3 }' "$top/res/control_ids.h")
 mkdir -p "$(dirname "$output")"
 cd "$top/packaging"
