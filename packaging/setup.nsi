@@ -68,6 +68,7 @@ UninstPage custom un.SettingsPage un.LeaveSettingsPage
 ; The language of the system's user decides; other languages get the first one.
 !insertmacro MUI_LANGUAGE English
 !insertmacro MUI_LANGUAGE Japanese
+SetFont /LANG=${LANG_JAPANESE} "Yu Gothic UI" 9
 !include texts.nsh
 !insertmacro VERSION_TEXTS ${LANG_ENGLISH} "Quillmoor Setup"
 !insertmacro VERSION_TEXTS ${LANG_JAPANESE} "Quillmoor セットアップ"
