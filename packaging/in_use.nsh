@@ -28,12 +28,15 @@ Function ${PREFIX}FindInUse
   found:
 FunctionEnd
 
-; Sets $R3 to the path of the program that owns the window $R2.
+; Sets $R3 to the path of the program that owns the window $R2; empty if this user may not know it.
 Function ${PREFIX}ProgramOfWindow
   System::Call 'user32::GetWindowThreadProcessId(p R2, *i .R4)'
   System::Call 'kernel32::OpenProcess(i ${PROCESS_QUERY_LIMITED_INFORMATION}, i 0, i R4) p .R5'
-  System::Call 'kernel32::QueryFullProcessImageNameW(p R5, i 0, w .R3, *i ${NSIS_MAX_STRLEN})'
+  System::Call 'kernel32::QueryFullProcessImageNameW(p R5, i 0, w .R3, *i ${NSIS_MAX_STRLEN}) i .R4'
   System::Call 'kernel32::CloseHandle(p R5)'
+  ${If} $R4 == 0
+    StrCpy $R3 ""
+  ${EndIf}
 FunctionEnd
 
 ; Asks the windows of this installation to close.
