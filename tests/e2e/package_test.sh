@@ -112,12 +112,12 @@ run_windows 0 "$packages/$name-setup.exe" /S
 uninstall /SETTINGS
 state | diff "$work/before" - || fail 'something is left'
 
-# Libraries with the names of those that are loaded later, as in a folder of downloads. version.dll is not among them,
-# because the shell of Wine imports it.
+# Libraries with the names of those that are loaded later, as in a folder of downloads. version, uxtheme and
+# windowscodecs are not among them, because libraries of Wine import them.
 portable="$work/ダウンロード フォルダー"
 mkdir "$portable"
 python3 -m zipfile -e "$packages/$name-portable.zip" "$portable"
-for library in uxtheme dwmapi powrprof cryptbase profapi msxml6 windowscodecs; do
+for library in dwmapi powrprof cryptbase profapi msxml6; do
   echo 'no library' >"$portable/$name/$library.dll"
 done
 run_windows 0 "$portable/$name/QuillmoorRun.exe" --test "$(to_win "$work/doc.qlmr")"
