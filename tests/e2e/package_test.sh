@@ -14,6 +14,7 @@ ensure_wine_prefix
 rm -f "$WINEPREFIX/.clean"
 user=$WINEPREFIX/drive_c/users/$(id -un)
 installed=$user/AppData/Local/Programs/Quillmoor
+for_all="$WINEPREFIX/drive_c/Program Files/Quillmoor"
 settings=$user/AppData/Roaming/Tenkowa/Quillmoor/Quillmoor32.config
 
 run_windows() { # CODE PROGRAM ARGS...: runs the program and expects the exit code
@@ -23,8 +24,8 @@ run_windows() { # CODE PROGRAM ARGS...: runs the program and expects the exit co
 }
 
 # The uninstaller runs on as a copy of itself.
-uninstall() {
-  run_windows 0 "$installed/uninstall.exe" /S "$@"
+uninstall() { # FOLDER ARGS...
+  run_windows 0 "$1/uninstall.exe" /S "${@:2}"
   wineserver -w
 }
 
@@ -106,10 +107,12 @@ echo secret >&4
 exec 4>&-
 wait "$runner" || fail "the run failed: $(<"$work/run.log")"
 
-uninstall
+uninstall "$installed"
 expect_file "$settings"
-run_windows 0 "$packages/$name-setup.exe" /S
-uninstall /SETTINGS
+run_windows 0 "$packages/$name-setup.exe" /S /ALLUSERS
+expect_file "$for_all/QuillmoorRun.exe"
+run_windows 0 reg query "HKLM\\Software\\$uninstall_key"
+uninstall "$for_all" /SETTINGS
 state | diff "$work/before" - || fail 'something is left'
 
 # Libraries with the names of those that are loaded later, as in a folder of downloads. version, uxtheme and
