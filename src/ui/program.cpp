@@ -26,7 +26,7 @@ namespace {
 
 // Never destroyed, because a thread that waits for an unresponsive network may use it while the process ends.
 template <class TPort>
-TPort& Immortal() {
+TPort& NeverDestroyed() {
   static auto* const port = new TPort;
   return *port;
 }
@@ -34,8 +34,8 @@ TPort& Immortal() {
 // The Windows ports of the commands.
 struct CWin32Ports {
   my::CMsxmlDom dom;
-  my::CWin32FileSystem& files = Immortal<my::CWin32FileSystem>();
-  my::CWin32Clock& clock = Immortal<my::CWin32Clock>();
+  my::CWin32FileSystem& files = NeverDestroyed<my::CWin32FileSystem>();
+  my::CWin32Clock& clock = NeverDestroyed<my::CWin32Clock>();
   my::CWin32AnsiCodec ansi;
   my::CWin32MessageTexts texts;
   my::CWin32Process process;
