@@ -10,7 +10,6 @@
 #include "ui/dialogs/sorted_list.h"
 #include "ui/framework/clipboard.h"
 #include "ui/framework/colors.h"
-#include "ui/framework/controls.h"
 #include "ui/framework/failures.h"
 #include "ui/models/row_colors.h"
 #include "ui/models/table_text.h"
@@ -43,6 +42,7 @@ void CListDialog::UseList(my::CListView& list, const my::IListModel& model, int 
   }
   m_lists.push_back({&list, &model});
   m_menuId = menuId;
+  ::RemoveWindowSubclass(list.Hwnd(), KeyThunk, 0);  // set together with an earlier list
   HearKeys();
 }
 
@@ -54,7 +54,9 @@ void CListDialog::UseList(CSortedList& list, int controlId, UINT menuId) {
 
 void CListDialog::HearKeys() {
   for (HWND child = ::GetWindow(Hwnd(), GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT)) {
-    if (my::ClassOf(child) == WC_LISTVIEWW) continue;
+    const bool hears =
+        std::ranges::any_of(m_lists, [child](const CShownList& list) { return list.view->Hwnd() == child; });
+    if (hears) continue;
     ::SetWindowSubclass(child, KeyThunk, 0, reinterpret_cast<DWORD_PTR>(this));
   }
 }
