@@ -252,6 +252,7 @@ TEST_F(ListDialogs, results_are_sorted_and_filtered_while_rows_arrive) {
     for (int row = 0; row < ListView_GetItemCount(list); ++row) all += test::CellOf(list, row, 0);
     return all;
   };
+  const LONG width = test::Size(dialog.Hwnd()).cx;
   ClickTitle(list, 0);
   EXPECT_EQ(ids(), L"=bcd");
   EXPECT_EQ(ArrowOf(list, 0), HDF_SORTUP);
@@ -283,6 +284,7 @@ TEST_F(ListDialogs, results_are_sorted_and_filtered_while_rows_arrive) {
   EXPECT_EQ(::GetFocus(), dialog.Item(IDC_RESULT_SEARCH));
   Type(dialog.Hwnd(), IDC_RESULT_SEARCH, L"=B");
   EXPECT_EQ(ids(), L"=b");
+  EXPECT_EQ(test::Size(dialog.Hwnd()).cx, width) << "no text has made the window wider";
   EXPECT_TRUE(test::PressUntil(loop, dialog.Hwnd(), {VK_RETURN}, [&] { return ::GetFocus() == list; }));
   files.AddFolder(L"C:\\backup\\work_1");
   test::FocusRow(list, 0);

@@ -44,7 +44,15 @@ void ShootMain() {
   Shoot(b.frame->Hwnd(), L"main_running");
   test::PumpUntil([&b] { return !b.app->Run().IsActive(); });
   test::Pump();
-  ShootAtAllDpis(test::DialogWith(IDC_RESULT_LIST), L"results");
+  const HWND results = test::DialogWith(IDC_RESULT_LIST);
+  constexpr int kBySize = IDC_SORT_FIRST + 1 + CResultListModel::Bytes;
+  ::SendMessageW(results, WM_COMMAND, kBySize, 0);
+  ::SetDlgItemTextW(results, IDC_RESULT_SEARCH, L"バックアップ");
+  Shoot(results, L"results_sorted");
+  ::SetDlgItemTextW(results, IDC_RESULT_SEARCH, L"");
+  ::SendMessageW(results, WM_COMMAND, IDC_SORT_FIRST, 0);
+  test::FocusRow(::GetDlgItem(results, IDC_RESULT_LIST), 2);
+  ShootAtAllDpis(results, L"results");
   ::SendMessageW(test::DialogWith(IDC_RESULT_LIST), WM_CLOSE, 0, 0);
   ShootMenu(b.frame->Hwnd(), L'e', L"menu");
   ShootAtAllDpis(b.frame->Hwnd(), L"main_document");
