@@ -84,11 +84,19 @@ TEST_F(HistoryWindow, shows_runs_rows_and_tasks) {
   test::Click(dialog, IDC_HISTORY_OPEN);
   EXPECT_EQ(shell.calls.back(), L"Open " + scratch.At(L""));
 
+  const HWND runs = ::GetDlgItem(dialog, IDC_HISTORY_RUNS);
+  ::SetFocus(runs);
+  EXPECT_NE(LongText(dialog, IDC_HISTORY_DETAIL).find(path), std::wstring::npos) << "of the run";
+  test::FocusRow(runs, 1);
+  EXPECT_EQ(ListView_GetItemCount(rows), 1);
+  EXPECT_EQ(ListView_GetSelectedCount(rows), 0u) << "rows of another run";
+  test::FocusRow(runs, 0);
+
   test::Click(dialog, IDC_HISTORY_PROBLEMS);
   EXPECT_EQ(ListView_GetItemCount(rows), 1);
   test::Click(dialog, IDC_HISTORY_PROBLEMS);
   test::Click(dialog, IDC_HISTORY_THIS_DOCUMENT);
-  EXPECT_EQ(ListView_GetItemCount(::GetDlgItem(dialog, IDC_HISTORY_RUNS)), 3);
+  EXPECT_EQ(ListView_GetItemCount(runs), 3);
   test::Click(dialog, IDC_HISTORY_BY_TASK);
   EXPECT_FALSE(::IsWindowVisible(rows));
   const HWND tasks = ::GetDlgItem(dialog, IDC_HISTORY_TASKS);

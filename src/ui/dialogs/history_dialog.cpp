@@ -124,9 +124,12 @@ void CHistoryDialog::Fill() {
 }
 
 void CHistoryDialog::FillRows() {
-  const auto run = m_runs.FocusedRow();
-  m_rowsModel.Show(run ? &m_runsModel.Run(*run) : nullptr);
+  const auto focused = m_runs.FocusedRow();
+  const CHistoryRun* run = focused ? &m_runsModel.Run(*focused) : nullptr;
+  const bool isOther = run != m_rowsModel.Run();
+  m_rowsModel.Show(run);
   m_rows.Update(0);
+  if (isOther) m_rows.Select({});
 }
 
 void CHistoryDialog::ApplyFilter() {
@@ -187,6 +190,13 @@ bool CHistoryDialog::Execute(int id, int) {
     case IDC_HISTORY_REFRESH: Reload(); return true;
     default: return false;
   }
+}
+
+// The text is about the row of the list that has the focus.
+std::optional<LRESULT> CHistoryDialog::OnNotify(const NMHDR& header) {
+  const auto result = CListDialog::OnNotify(header);
+  if (header.code == NM_SETFOCUS) ShowDetail();
+  return result;
 }
 
 bool CHistoryDialog::OnKey(UINT key) {

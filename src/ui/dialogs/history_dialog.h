@@ -29,6 +29,7 @@ class CHistoryDialog final : public CListDialog {
   void OnOk() override {}  // Enter must not close the window
   void OnClosed(int result) override;
   bool Execute(int id, int code) override;
+  std::optional<LRESULT> OnNotify(const NMHDR& header) override;
   bool OnKey(UINT key) override;
   bool OnListKey(UINT key) override;
   bool IsWarning(int controlId) const override { return controlId == IDC_HISTORY_STATUS && m_isDamaged; }

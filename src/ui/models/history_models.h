@@ -64,6 +64,7 @@ class CHistoryRowsModel : public CSortableModel {
 
   // Null shows no rows. The run must outlive the model or the next call.
   void Show(const CHistoryRun* run) { m_run = run; }
+  const CHistoryRun* Run() const { return m_run; }
 
   const CHistoryRow& Row(size_t row) const { return m_run->rows[row]; }
 
