@@ -12,6 +12,7 @@
 #include "engine/fresh_files.h"
 #include "engine/source_listing.h"
 #include "engine/targets.h"
+#include "engine/transfer_counters.h"
 #include "harness.h"
 #include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_file_system.h"
@@ -98,7 +99,8 @@ void MeasureCopy(const COptions& options) {
   };
   const auto engine = [&](my::IFileSystem& files) {
     const std::wstring folder = folders.Next();
-    return TimeMs([&] { qlm::CopyToFolder({files, clock, nullptr}, tree, targets, folder); });
+    qlm::CTransferCounters counters(qlm::CountTargets(targets), 0);
+    return TimeMs([&] { qlm::CopyToFolder({files, clock, nullptr}, tree, targets, folder, counters); });
   };
   std::printf("copying %llu files of %d bytes\n", static_cast<unsigned long long>(FileCount(shape)),
               shape.bytes);
