@@ -372,6 +372,10 @@
 #define IDS_TITLE_PERCENT            1024
 #define IDS_METER_BYTES_OF           1025
 
+// The longest usual texts of the run panel, which decide its height.
+#define IDS_PANEL_RUN_SAMPLE         1026
+#define IDS_PANEL_ROW_SAMPLE         1027
+
 // Texts of the other commands: the explanation and, if a toolbar has the command, its name in a second line.
 // The id is also the command id.
 #define IDS_CMD_DESIGN               151

@@ -39,39 +39,57 @@ double RowFraction(const CRowSample& row) {
   return units > 0 ? kAlmost * Units(row.done) / units : 0;
 }
 
+bool IsIn(Phase phase, const CRunSample& sample) {
+  return sample.row && sample.row->phase == phase;
+}
+
 }  // namespace
 
 void CRunMeter::Add(const CRunSample& sample) {
   Note(sample);
-  const bool copying = sample.row && sample.row->phase == Phase::Copying;
-  const bool archiving = sample.row && sample.row->phase == Phase::Archiving;
+  MeasureWork(sample);
+  MeasureSpeed(sample);
+  MeasureLeft(sample);
+  MeasurePercent(sample);
+}
+
+void CRunMeter::MeasureWork(const CRunSample& sample) {
   m_measure.row = sample.row;
   m_measure.done = sample.done;
   m_measure.toDo.reset();
-  m_measure.speed.reset();
-  if (sample.row) {
-    m_measure.done += sample.row->done;
-    const bool listed = sample.rowsUnlisted == 0 && (copying || archiving);
-    if (listed) m_measure.toDo = sample.done + sample.row->toDo * (1 + sample.rowsAhead);
-  }
-  const uint64_t window = m_points.back().copyingMs - m_points.front().copyingMs;
-  if (copying && window >= kLeastMs)
-    m_measure.speed = (m_points.back().copied - m_points.front().copied).bytes * 1000 / window;
+  if (!sample.row) return;
+  m_measure.done += sample.row->done;
+  // The work of a row is known when its transfer has begun.
+  const bool known = IsIn(Phase::Copying, sample) || IsIn(Phase::Archiving, sample);
+  if (known && sample.rowsUnlisted == 0)
+    m_measure.toDo = sample.done + sample.row->toDo * (1 + sample.rowsAhead);
+}
 
+void CRunMeter::MeasureSpeed(const CRunSample& sample) {
+  m_measure.speed.reset();
+  if (!IsIn(Phase::Copying, sample) || WindowMs() < kLeastMs) return;
+  m_measure.speed = (m_points.back().copied - m_points.front().copied).bytes * 1000 / WindowMs();
+}
+
+void CRunMeter::MeasureLeft(const CRunSample& sample) {
   const std::optional<size_t> row = sample.row ? std::optional(sample.row->number) : std::nullopt;
   if (std::exchange(m_row, row) != row) m_rowLeft = {};
+  const bool copying = IsIn(Phase::Copying, sample);
   m_rowLeft.Update(sample.tick, copying ? MsFor(sample.row->toDo - sample.row->done) : std::nullopt);
-  if (copying || archiving)
+  // A listing is short, an archive is not.
+  if (copying || IsIn(Phase::Archiving, sample))
     m_runLeft.Update(sample.tick, copying ? RunMsLeft(sample) : std::nullopt);
   else
     m_runLeft.Pass(sample.tick);
   m_measure.rowSecondsLeft = m_rowLeft.Seconds();
   m_measure.runSecondsLeft = m_runLeft.Seconds();
+}
 
+void CRunMeter::MeasurePercent(const CRunSample& sample) {
   const double rows = static_cast<double>(sample.rowsDone) + (sample.row ? RowFraction(*sample.row) : 0);
   const double all = static_cast<double>(std::max<size_t>(sample.rows, 1));
   m_measure.percent = std::max(m_measure.percent, static_cast<int>(std::min(99.0, 100 * rows / all)));
-  if (sample.row) m_measure.isExact = sample.oneSource && copying;
+  if (sample.row) m_measure.isExact = sample.oneSource && IsIn(Phase::Copying, sample);
 }
 
 void CRunMeter::End(const CRunSample& sample, bool stopped) {
@@ -84,7 +102,7 @@ void CRunMeter::End(const CRunSample& sample, bool stopped) {
 
 // Remembers what has been copied. A row may begin and end between two samples.
 void CRunMeter::Note(const CRunSample& sample) {
-  const bool copying = sample.row && sample.row->phase == Phase::Copying;
+  const bool copying = IsIn(Phase::Copying, sample);
   CPoint point{0, sample.copied};
   if (copying) point.copied += sample.row->done;
   if (m_points.empty()) {
@@ -102,12 +120,15 @@ void CRunMeter::Note(const CRunSample& sample) {
   while (m_points.size() > 2 && m_points[1].copyingMs + kWindowMs <= point.copyingMs) m_points.pop_front();
 }
 
+uint64_t CRunMeter::WindowMs() const {
+  return m_points.back().copyingMs - m_points.front().copyingMs;
+}
+
 // Returns how long the work takes at the current speed; nullopt if nothing is being done.
 std::optional<double> CRunMeter::MsFor(const CWork& work) const {
-  const uint64_t window = m_points.back().copyingMs - m_points.front().copyingMs;
   const double units = Units(m_points.back().copied - m_points.front().copied);
-  if (window < kLeastMs || units <= 0) return {};
-  return Units(work) / units * static_cast<double>(window);
+  if (WindowMs() < kLeastMs || units <= 0) return {};
+  return Units(work) / units * static_cast<double>(WindowMs());
 }
 
 // Rows of listed sources take what their sizes suggest, all others as long as those before them on average.

@@ -42,6 +42,11 @@ class CRunMeter {
   };
 
   void Note(const CRunSample& sample);
+  void MeasureWork(const CRunSample& sample);
+  void MeasureSpeed(const CRunSample& sample);
+  void MeasureLeft(const CRunSample& sample);
+  void MeasurePercent(const CRunSample& sample);
+  uint64_t WindowMs() const;  // of copying
   std::optional<double> MsFor(const CWork& work) const;
   std::optional<double> RunMsLeft(const CRunSample& sample) const;
 

@@ -9,6 +9,7 @@
 #include "control_ids.h"
 #include "document/document_edits.h"
 #include "gui/gui_app.h"
+#include "gui/inline_threads.h"
 #include "screenshots/shots.h"
 #include "ui/framework/gdiplus.h"
 #include "ui/look/tool_images.h"
@@ -47,6 +48,42 @@ void ShootMain() {
   ::SendMessageW(test::DialogWith(IDC_RESULT_LIST), WM_CLOSE, 0, 0);
   ShootMenu(b.frame->Hwnd(), L'e', L"menu");
   ShootAtAllDpis(b.frame->Hwnd(), L"main_document");
+}
+
+// Copies slowly, and calls `copied` on the thread of the windows.
+struct CSlowFiles : my::CWin32FileSystem {
+  void Copy(const std::wstring& from, const std::wstring& to, const my::CCopyProgress& progress) override {
+    CWin32FileSystem::Copy(from, to, progress);
+    ::Sleep(150);
+    copied();
+  }
+
+  std::function<void()> copied;
+};
+
+// A run while it copies and while it archives, and its verdict.
+void ShootRun() {
+  if (!Wanted(L"running")) return;
+  test::CInlineThreads worker;
+  CSlowFiles slow;
+  CSampleApp a;
+  a.worker = &worker;
+  a.files = &slow;
+  a.Restart();
+  const HWND frame = a.frame->Hwnd();
+  for (int i = 10; i < 70; ++i) a.WritePhoto(L"旅行\\IMG_20250" + std::to_wstring(i) + L".jpg");
+  int count = 0;
+  slow.copied = [&] {
+    a.app->OnTimer();
+    test::Pump();
+    if (++count == 50) ShootAtAllDpis(frame, L"running");
+  };
+  a.Do(ID_RUN);
+  worker.Work();
+  a.app->OnTimer();
+  test::Pump();
+  ::SendMessageW(test::DialogWith(IDC_RESULT_LIST), WM_CLOSE, 0, 0);
+  ShootAtAllDpis(frame, L"verdict");
 }
 
 void ShootReplace(CGuiApp& a) {
@@ -118,6 +155,7 @@ int wmain(int argc, wchar_t** argv) {
   const my::CGdiplus gdiplus;
   AssumeMenusBlend(false);  // Wine ignores the transparency of menu bitmaps
   ShootMain();
+  ShootRun();
   ShootDialogs();
   ShootDesign();
   ShootSizes();
