@@ -22,10 +22,11 @@ struct RunPanel : testing::Test {
     a.worker = &worker;
     a.files = &watched;
     a.Start();
-    a.scratch.Write(L"1.txt", std::string(3000, 'x'));
-    a.scratch.Write(L"2.txt", std::string(1000, 'x'));
+    a.scratch.files.CreateFolders(a.scratch.At(L"src"));
+    a.scratch.Write(L"src\\1.txt", std::string(3000, 'x'));
+    a.scratch.Write(L"src\\2.txt", std::string(1000, 'x'));
     a.AddDst(a.scratch.At(L"out"));
-    a.AddTask(L"docs", a.scratch.path);
+    a.AddTask(L"docs", a.scratch.At(L"src"));
     SetUse(a.app->Document(), {0}, 0, true);
   }
 

@@ -51,7 +51,7 @@ class CLine {
   std::wstring m_line;
 };
 
-// Returns a rounded time: "40 秒", "2 分", "1 時間 20 分".
+// Returns a rounded time as hours and minutes, minutes, or seconds.
 std::wstring TimeText(const my::IMessageTexts& texts, uint64_t seconds) {
   const uint64_t minutes = seconds / 60;
   if (minutes == 0) return Make(texts, IDS_METER_SECONDS, {std::to_wstring(seconds)});
