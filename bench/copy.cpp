@@ -95,7 +95,8 @@ void MeasureCounting(const COptions& options, const qlm::CTargets& targets, doub
   constexpr int kFiles = 4;
   const std::string bytes((size_t{128} << 20) / static_cast<size_t>(options.divisor), 'x');
   CFreshFolders folders(my::JoinPath(options.root, L"large"));
-  my::CWin32FileSystem files;
+  my::CWin32FileSystem disk;
+  my::IFileSystem& files = disk;
   const std::wstring source = folders.Next();
   files.CreateFolders(source);
   const auto in = [](const std::wstring& folder, int i) { return my::JoinPath(folder, std::to_wstring(i)); };

@@ -20,7 +20,7 @@ struct CWatchedFiles : my::CWin32FileSystem {
 struct RunPanel : testing::Test {
   RunPanel() {
     a.worker = &worker;
-    a.files = &watched;
+    a.engineFiles = &watched;
     a.Start();
     a.scratch.files.CreateFolders(a.scratch.At(L"src"));
     a.scratch.Write(L"src\\1.txt", std::string(3000, 'x'));

@@ -68,7 +68,7 @@ void ShootRun() {
   CSlowFiles slow;
   CSampleApp a;
   a.worker = &worker;
-  a.files = &slow;
+  a.engineFiles = &slow;
   a.Restart();
   const HWND frame = a.frame->Hwnd();
   for (int i = 10; i < 70; ++i) a.WritePhoto(L"旅行\\IMG_20250" + std::to_wstring(i) + L".jpg");
