@@ -65,6 +65,7 @@ TEST_F(RunPanel, follows_the_run_and_ends_with_the_verdict) {
   EXPECT_EQ(Text(IDC_RUN_PANEL_RUN), L"完了: 作成 1、スキップ 0、エラー 0");
   EXPECT_EQ(Text(IDC_RUN_PANEL_ROW).substr(0, 15), L"2 ファイル   3.9 KB");
   EXPECT_EQ(test::TextOf(Frame()).find(L'%'), std::wstring::npos);
+  a.Select(IDC_TASK_LIST, {0});
   a.Do(ID_TASK_TARGETS);
   EXPECT_FALSE(::IsWindowVisible(Panel())) << "a test run has no verdict";
   worker.Work();

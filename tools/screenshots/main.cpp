@@ -61,7 +61,24 @@ struct CSlowFiles : my::CWin32FileSystem {
   std::function<void()> copied;
 };
 
-// A run while it copies and while it archives, and its verdict.
+// Takes pictures of the main window at all DPIs, and of a small one with usual and with the largest texts.
+void ShootFrame(HWND frame, const std::wstring& name) {
+  RECT bounds = test::Bounds(frame);
+  ShootAtAllDpis(frame, name);
+  ::SendMessageW(frame, WM_DPICHANGED, MAKEWPARAM(96, 96), reinterpret_cast<LPARAM>(&bounds));
+  test::CTextSize textSize;
+  for (const int percent : {100, 225}) {
+    textSize.Set(percent);
+    ::SendMessageW(frame, WM_SETTINGCHANGE, SPI_SETNONCLIENTMETRICS, 0);
+    test::Resize(frame, 560, 400);
+    Shoot(frame, name + L"_560_text_" + std::to_wstring(percent));
+  }
+  textSize.Set(100);
+  ::SendMessageW(frame, WM_SETTINGCHANGE, SPI_SETNONCLIENTMETRICS, 0);
+  ::MoveWindow(frame, bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top, TRUE);
+}
+
+// A run while it copies, and its verdict.
 void ShootRun() {
   if (!Wanted(L"running")) return;
   test::CInlineThreads worker;
@@ -76,14 +93,14 @@ void ShootRun() {
   slow.copied = [&] {
     a.app->OnTimer();
     test::Pump();
-    if (++count == 50) ShootAtAllDpis(frame, L"running");
+    if (++count == 50) ShootFrame(frame, L"running");
   };
   a.Do(ID_RUN);
   worker.Work();
   a.app->OnTimer();
   test::Pump();
   ::SendMessageW(test::DialogWith(IDC_RESULT_LIST), WM_CLOSE, 0, 0);
-  ShootAtAllDpis(frame, L"verdict");
+  ShootFrame(frame, L"verdict");
 }
 
 void ShootReplace(CGuiApp& a) {
