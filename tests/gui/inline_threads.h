@@ -12,7 +12,12 @@ namespace test {
 // it running.
 class CInlineThreads : public my::IThreads {
  public:
-  std::unique_ptr<my::IRunningThread> Start(std::function<void()> body, const my::CThreadStart&) override {
+  std::unique_ptr<my::IRunningThread> Start(std::function<void()> body,
+                                            const my::CThreadStart& start) override {
+    if (start.priority != kIdlePriority) {
+      body();
+      return std::make_unique<CThread>(std::make_shared<const bool>(true));
+    }
     m_body = std::move(body);
     *m_ended = false;
     return std::make_unique<CThread>(m_ended);
