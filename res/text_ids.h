@@ -578,6 +578,26 @@
 #define IDS_XML_BAD_VERSION          58925
 #define IDS_XML_BAD_BYTES            58926
 
+// Help of the console runner.
+#define IDS_HELP_PURPOSE             1140
+#define IDS_HELP_USAGE               1141
+#define IDS_HELP_ARGUMENTS           1142
+#define IDS_HELP_OPTIONS             1143
+#define IDS_HELP_EXIT_CODES          1144
+#define IDS_HELP_BAD_OPTIONS         1145
+#define IDS_OPTION_HELP              1146
+#define IDS_OPTION_VERSION           1147
+#define IDS_OPTION_DOCUMENT          1148
+#define IDS_OPTION_TASK              1149
+#define IDS_OPTION_TEST              1170
+#define IDS_OPTION_PLAN              1171
+#define IDS_OPTION_JSON              1172
+#define IDS_OPTION_QUIET             1173
+#define IDS_OPTION_7Z                1174
+#define IDS_OPTION_SETTINGS          1175
+#define IDS_OPTION_PASSWORD_STDIN    1176
+#define IDS_OPTION_HISTORY           1177
+
 // Regular expressions.
 #define IDS_REGEX_ERROR              59096
 #define IDS_REGEX_EMPTY              59097

@@ -21,7 +21,9 @@
 
 int wmain(int argc, wchar_t** argv) {
   my::CWin32Console console;
-  const qlm::CParsedOptions parsed = qlm::ParseOptions(std::vector<std::wstring>(argv + 1, argv + argc));
+  my::CWin32MessageTexts texts;
+  const qlm::CParsedOptions parsed =
+      qlm::ParseOptions(std::vector<std::wstring>(argv + 1, argv + argc), texts);
   if (parsed.exitCode >= 0) {
     const bool good = parsed.exitCode == qlm::kExitDone;
     console.Write(good ? my::IConsole::Stream::Output : my::IConsole::Stream::Errors, parsed.text);
@@ -32,7 +34,6 @@ int wmain(int argc, wchar_t** argv) {
   my::CWin32FileSystem files;
   my::CWin32Clock clock;
   my::CWin32AnsiCodec ansi;
-  my::CWin32MessageTexts texts;
   my::CWin32Process process;
   my::CWin32Threads threads;
   const my::CWin32KnownFolders folders;

@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/message_texts.h"
+
 namespace qlm {
 
 // The options of the console runner.
@@ -26,7 +28,7 @@ struct CParsedOptions {
   int exitCode = -1;  // -1: run with the options
 };
 
-// `arguments` do not include the path of the program.
-CParsedOptions ParseOptions(const std::vector<std::wstring>& arguments);
+// `arguments` do not include the path of the program. The texts are those of the help.
+CParsedOptions ParseOptions(const std::vector<std::wstring>& arguments, const my::IMessageTexts& texts);
 
 }  // namespace qlm

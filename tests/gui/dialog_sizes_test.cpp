@@ -1,4 +1,4 @@
-// Every dialog at the text sizes of the system, on the screen that the test is given.
+// Every dialog in both languages at the text sizes of the system, on the screen that the test is given.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -20,6 +20,7 @@
 #include "ui/dialogs/task_dialog.h"
 #include "ui/framework/controls.h"
 #include "ui/framework/window_placement.h"
+#include "wine/test_language.h"
 
 namespace {
 
@@ -131,9 +132,14 @@ void ExpectUsable(HWND dialog) {
   ExpectNoOverlaps(controls);
 }
 
-struct DialogSizes : testing::TestWithParam<int>, test::CDialogAppOn<test::CMemoryFileSystem> {
+struct CShown {
+  int percent;
+  my::UiLanguage language;
+};
+
+struct DialogSizes : testing::TestWithParam<CShown>, test::CDialogAppOn<test::CMemoryFileSystem> {
   DialogSizes() {
-    size.Set(GetParam());
+    size.Set(GetParam().percent);
     Settings().archive.passwordType = PasswordType::SAVE;
     files.AddFile(L"C:\\work.flt", "- [.]bak$\r\n- (\r\n");
   }
@@ -157,6 +163,7 @@ struct DialogSizes : testing::TestWithParam<int>, test::CDialogAppOn<test::CMemo
     return result;
   }
 
+  test::CTestLanguage language{GetParam().language};
   test::CTextSize size;
   CDst dst{L"\\\\server\\share\\backup of all", DstType::AES_256_ZIP, L"<ID>_<Y>.zip"};
 };
@@ -204,13 +211,20 @@ TEST_P(DialogSizes, open_dialog_follows_the_text_size) {
   CAboutDialog about(Context());
   about.CreateModeless(nullptr, loop);
   const SIZE before = test::Size(about.Item(IDC_ABOUT_PURPOSE));
-  size.Set(2 * GetParam());
+  size.Set(2 * GetParam().percent);
   ::SendMessageW(about.Hwnd(), WM_SETTINGCHANGE, 0, 0);
   EXPECT_GT(test::Size(about.Item(IDC_ABOUT_PURPOSE)).cx, before.cx * 3 / 2);
   ExpectUsable(about.Hwnd());
 }
 
-INSTANTIATE_TEST_SUITE_P(Percent, DialogSizes, testing::Values(100, 150, 225),
-                         testing::PrintToStringParamName());
+using my::UiLanguage;
+INSTANTIATE_TEST_SUITE_P(Percent, DialogSizes,
+                         testing::Values(CShown{100, UiLanguage::Japanese}, CShown{150, UiLanguage::Japanese},
+                                         CShown{225, UiLanguage::Japanese}, CShown{100, UiLanguage::English},
+                                         CShown{225, UiLanguage::English}),
+                         [](const auto& info) {
+                           const bool isEnglish = info.param.language == UiLanguage::English;
+                           return std::to_string(info.param.percent) + (isEnglish ? "_english" : "");
+                         });
 
 }  // namespace

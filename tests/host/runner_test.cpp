@@ -37,7 +37,7 @@ class Runner : public testing::Test {
     console.output.clear();
     console.errors.clear();
     arguments.push_back(L"C:\\doc.qlmr");
-    const qlm::CParsedOptions parsed = qlm::ParseOptions(arguments);
+    const qlm::CParsedOptions parsed = qlm::ParseOptions(arguments, texts);
     if (parsed.exitCode >= 0) return parsed.exitCode;
     const qlm::CRunnerPorts ports{
         {files, clock, ansi, texts, process}, dom, threads, console, folders, power};

@@ -13,7 +13,7 @@ namespace {
 std::map<uint32_t, std::wstring> ReadTexts() {
   const auto ids = ReadPairs("text_ids.h", std::regex("#define (IDS_\\w+)\\s+(\\d+)\\s*"));
   std::map<uint32_t, std::wstring> texts;
-  for (const auto& [name, quoted] : ReadPairs("strings.rc", std::regex("\\s*(IDS_\\w+) \"(.*)\"\\s*"))) {
+  for (const auto& [name, quoted] : ReadPairs("ja/strings.rc", std::regex("\\s*(IDS_\\w+) \"(.*)\"\\s*"))) {
     std::string text = std::regex_replace(quoted, std::regex("\\\\n"), "\n");
     text = std::regex_replace(text, std::regex("\"\""), "\"");
     text = std::regex_replace(text, std::regex(R"(\\\\)"), "\\");

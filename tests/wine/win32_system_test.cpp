@@ -5,12 +5,14 @@
 
 #include "platform/win32/win32_hash.h"
 #include "platform/win32/win32_known_folders.h"
+#include "platform/win32/win32_message_texts.h"
 #include "platform/win32/win32_power.h"
 #include "platform/win32/win32_process.h"
 #include "platform/win32/win32_shell.h"
 #include "scratch_folder.h"
 #include "support/thrown.h"
 #include "text_ids.h"
+#include "wine/test_language.h"
 
 namespace {
 
@@ -66,6 +68,17 @@ TEST(Manifests, declare_long_paths_and_no_system_before_windows_8) {
     EXPECT_NE(manifest.find("{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}"), manifest.npos) << "Windows 10";
     EXPECT_EQ(manifest.find("{35138b9a-5d96-4fbd-8e2d-a2440225f93a}"), manifest.npos) << "Windows 7";
   }
+}
+
+TEST(Win32MessageTexts, are_in_the_chosen_language) {
+  const my::CWin32MessageTexts texts;
+  const int32_t diskFull = my::CSystemError::FromWin32(ERROR_DISK_FULL).hresult;
+  EXPECT_EQ(texts.Text(IDS_STATE_RUNNING), L"実行中") << "the display language of the tests is Japanese";
+  const test::CTestLanguage english(my::UiLanguage::English);
+  EXPECT_EQ(texts.Text(IDS_STATE_RUNNING), L"Running");
+  EXPECT_EQ(texts.Text(IDS_STATE_ENDED + 10'000), L"");
+  EXPECT_NE(texts.SystemText(diskFull).find(L"isk"), std::wstring::npos) << "disk full";
+  EXPECT_FALSE(my::LocalResource(RT_VERSION, 1).empty()) << "a resource without languages";
 }
 
 TEST(Win32Hash, md5_of_something_and_of_nothing) {

@@ -8,6 +8,7 @@
 #include "ui/framework/clipboard.h"
 #include "ui/framework/colors.h"
 #include "ui/framework/failures.h"
+#include "ui/framework/local_menu.h"
 #include "ui/models/row_colors.h"
 
 namespace qlm {
@@ -98,7 +99,7 @@ std::wstring CListDialog::Text(uint32_t id, const std::vector<my::CMsgArg>& args
 }
 
 void CListDialog::ShowMenu(POINT screen) const {
-  const my::CMenu menu(::LoadMenuW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(m_menuId)));
+  const my::CMenu menu(my::LoadLocalMenu(m_menuId));
   ::TrackPopupMenu(::GetSubMenu(menu.Get(), 0), TPM_RIGHTBUTTON, screen.x, screen.y, 0, Hwnd(), nullptr);
 }
 

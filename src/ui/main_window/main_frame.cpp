@@ -11,6 +11,7 @@
 #include "text_ids.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/dropped_files.h"
+#include "ui/framework/local_menu.h"
 #include "ui/framework/window_placement.h"
 #include "ui/main_window/main_menu.h"
 
@@ -56,7 +57,7 @@ bool CMainFrame::Create(CApplication& application) {
     params.title = TextsOf(application).Text(IDS_DISPLAY_NAME);
     params.style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
     params.exStyle = WS_EX_ACCEPTFILES;
-    params.menu = ::LoadMenuW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_MAIN_MENU));
+    params.menu = my::LoadLocalMenu(IDR_MAIN_MENU);
     CWindow::Create(FrameClass(), params);
     return true;
   } catch (...) {
