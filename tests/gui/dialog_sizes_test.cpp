@@ -222,9 +222,9 @@ INSTANTIATE_TEST_SUITE_P(Percent, DialogSizes,
                          testing::Values(CShown{100, UiLanguage::Japanese}, CShown{150, UiLanguage::Japanese},
                                          CShown{225, UiLanguage::Japanese}, CShown{100, UiLanguage::English},
                                          CShown{225, UiLanguage::English}),
-                         [](const auto& info) {
-                           const bool isEnglish = info.param.language == UiLanguage::English;
-                           return std::to_string(info.param.percent) + (isEnglish ? "_english" : "");
+                         [](const auto& shown) {
+                           const bool isEnglish = shown.param.language == UiLanguage::English;
+                           return std::to_string(shown.param.percent) + (isEnglish ? "_english" : "");
                          });
 
 }  // namespace
