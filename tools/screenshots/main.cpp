@@ -1,4 +1,4 @@
-// Takes pictures of the windows with sample data: qlm_screenshots FOLDER [NAME...]
+// Takes pictures of the windows with sample data: qlm_screenshots FOLDER [--english] [NAME...]
 #include <gtest/gtest.h>
 
 #include <windows.h>
@@ -9,6 +9,7 @@
 #include "control_ids.h"
 #include "document/document_edits.h"
 #include "gui/gui_app.h"
+#include "platform/win32/ui_language.h"
 #include "screenshots/shots.h"
 #include "ui/framework/gdiplus.h"
 #include "ui/look/tool_images.h"
@@ -70,8 +71,9 @@ void ShootDialogs() {
   ShootModal(a, ID_DST_EDIT, L"destination_no_archiver");
   a.UseArchiver();
   a.Select(IDC_TASK_LIST, {0});
-  ShootModal(a, ID_FILTER_CHECK, L"filter",
-             [](HWND dialog) { ::SetDlgItemTextW(dialog, IDC_FILTER_PATH, L"見積書\\下書き.tmp"); });
+  ShootModal(a, ID_FILTER_CHECK, L"filter", [](HWND dialog) {
+    ::SetDlgItemTextW(dialog, IDC_FILTER_PATH, Sample(L"見積書\\下書き.tmp").c_str());
+  });
   ShootModal(a, ID_TASK_TARGETS, L"targets");
   ShootModal(a, ID_ABOUT, L"about");
   ShootModal(a, ID_SETTINGS, L"settings");
@@ -110,7 +112,9 @@ void ShootSizes() {
 
 int wmain(int argc, wchar_t** argv) {
   if (argc < 2) return 2;
-  Begin(argv[1], {argv + 2, argv + argc});
+  const bool isEnglish = argc > 2 && std::wstring(argv[2]) == L"--english";
+  if (isEnglish) my::SetUiLanguage(my::UiLanguage::English);
+  Begin(argv[1], {argv + (isEnglish ? 3 : 2), argv + argc});
   const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_BAR_CLASSES | ICC_LISTVIEW_CLASSES |
                                                            ICC_STANDARD_CLASSES | ICC_LINK_CLASS |
                                                            ICC_TAB_CLASSES};

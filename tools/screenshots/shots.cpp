@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "document/document_edits.h"
+#include "platform/win32/ui_language.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/gdiplus.h"
 
@@ -21,7 +22,37 @@ CLSID PngEncoder() {
   return png;
 }
 
+// The names of the samples in Japanese and English. A name comes before those that it contains.
+constexpr std::pair<std::wstring_view, std::wstring_view> kSampleNames[] = {
+    {L"毎日のバックアップ", L"Daily backup"},
+    {L"バックアップ", L"Backups"},
+    {L"会計データ", L"Accounts"},
+    {L"ソースコード", L"Source code"},
+    {L"書類", L"Documents"},
+    {L"見積書", L"Quotes"},
+    {L"写真", L"Photos"},
+    {L"設定", L"Settings"},
+    {L"会計", L"Accounts"},
+    {L"開発", L"Development"},
+    {L"書庫", L"Archives"},
+    {L"社内", L"office"},
+    {L"議事録", L"Minutes"},
+    {L"年度", L""},
+    {L"下書き", L"Draft"},
+    {L"名簿", L"Members"},
+    {L"旅行", L"Journey"},
+};
+
 }  // namespace
+
+std::wstring Sample(std::wstring text) {
+  if (my::CurrentUiLanguage() == my::UiLanguage::Japanese) return text;
+  for (const auto& [japanese, english] : kSampleNames) {
+    for (size_t at = 0; (at = text.find(japanese, at)) != text.npos; at += english.size())
+      text.replace(at, japanese.size(), english);
+  }
+  return text;
+}
 
 void Begin(std::wstring folder, std::vector<std::wstring> names) {
   g_folder = std::move(folder);
@@ -91,9 +122,9 @@ void ShootAtAllDpis(HWND window, const std::wstring& name) {
 void CSampleApp::FillDisk() {
   my::IFileSystem& files = scratch.files;
   for (const wchar_t* folder : {L"D:\\書類\\見積書", L"D:\\写真", L"D:\\設定", L"D:\\7-Zip"})
-    files.CreateFolders(folder);
+    files.CreateFolders(Sample(folder));
   const auto write = [&files](const std::wstring& path, const std::string& bytes) {
-    const auto file = files.CreateNewFile(path);
+    const auto file = files.CreateNewFile(Sample(path));
     if (!file) return;  // of the last program
     file->Write(bytes);
     file->Close();
@@ -111,7 +142,7 @@ CSampleApp::CSampleApp() {
   UseArchiver();
   CContent content;
   const auto dst = [&](const std::wstring& folder, DstType type, const std::wstring& pattern) {
-    auto item = boost::make_shared<CDst>(CDst{folder, type, pattern});
+    auto item = boost::make_shared<CDst>(CDst{Sample(folder), type, pattern});
     content.dsts.Append(item);
     return item;
   };
@@ -120,13 +151,14 @@ CSampleApp::CSampleApp() {
   dst(L"\\\\NAS\\backup\\社内", DstType::AES_256_ZIP, L"<ID>_<Y><M><D>_<h><m>.zip");
   const auto add = [&](const std::wstring& id, const std::wstring& path, CTaskDsts dsts,
                        const std::wstring& filter) {
-    content.tasks.Append(boost::make_shared<CTask>(CTask{id, path, filter, std::move(dsts)}));
+    content.tasks.Append(
+        boost::make_shared<CTask>(CTask{Sample(id), Sample(path), Sample(filter), std::move(dsts)}));
   };
   add(L"書類", L"D:\\書類", {folder}, L"D:\\設定\\書類.flt");
   add(L"写真", L"D:\\写真", {folder}, L"");
   add(L"会計データ", L"D:\\会計\\2025", {folder}, L"");
   add(L"ソースコード", L"D:\\開発\\quill", {}, L"D:\\設定\\開発.flt");
-  app->Document().Reset(content, L"D:\\設定\\毎日のバックアップ.qlmr");
+  app->Document().Reset(content, Sample(L"D:\\設定\\毎日のバックアップ.qlmr"));
 }
 
 }  // namespace shots
