@@ -597,6 +597,7 @@
 #define IDS_OPTION_SETTINGS          1175
 #define IDS_OPTION_PASSWORD_STDIN    1176
 #define IDS_OPTION_HISTORY           1177
+#define IDS_HELP_EXCLUDES            1178
 
 // Regular expressions.
 #define IDS_REGEX_ERROR              59096

@@ -68,7 +68,7 @@
 #define TXT_TASK_FILTER_LABEL  "&Filter:"
 #define TXT_TASK_BROWSE_FILTER "B&rowse..."
 #define TXT_TASK_CHECK_FILTER  "Chec&k"
-#define TXT_TASK_DSTS_LABEL    "&Destinations - the checked ones are backed up to, from top to bottom:"
+#define TXT_TASK_DSTS_LABEL    "&Destinations - the task is backed up to the checked ones, from top to bottom:"
 #define TXT_TASK_UP            "&Up"
 #define TXT_TASK_DOWN          "Do&wn"
 #define TXT_TASK_OPEN_DST      "&Open"

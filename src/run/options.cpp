@@ -77,6 +77,7 @@ void SetTexts(CLI::App& app, const CUtf8Texts& text) {
   app.get_formatter()->label("Usage", text(IDS_HELP_USAGE));
   app.get_formatter()->label("OPTIONS", text(IDS_HELP_OPTIONS));
   app.get_formatter()->label("Positionals", text(IDS_HELP_ARGUMENTS));
+  app.get_formatter()->label("Excludes", text(IDS_HELP_EXCLUDES));
   app.get_formatter()->column_width(22);
 }
 

@@ -21,11 +21,10 @@ CTexts ReadTexts(const std::string& language) {
 
 // Returns the parts of a text that a translation must keep: placeholders, the mark of an access key, and what
 // follows a tab, which is the name of a shortcut.
-std::string KeptParts(const std::string& text) {
+std::multiset<std::string> KeptParts(const std::string& text) {
   static const std::regex kKept(R"(%s|&|\\t.*)");
-  std::string kept;
-  for (std::sregex_iterator at(text.begin(), text.end(), kKept), end; at != end; ++at) kept += at->str();
-  return kept;
+  const std::sregex_token_iterator begin(text.begin(), text.end(), kKept);
+  return {begin, std::sregex_token_iterator()};
 }
 
 TEST(Languages, have_the_same_texts_with_the_same_placeholders) {
