@@ -127,6 +127,7 @@ void ExpectUsable(HWND dialog) {
   EXPECT_GT(controls.size(), 1u);
   for (const HWND control : controls) {
     ExpectTextFits(control);
+    EXPECT_TRUE(ClassOf(control) != WC_LISTVIEWW || test::TitlesFit(control));
     ExpectReachable(dialog, control);
   }
   ExpectNoOverlaps(controls);

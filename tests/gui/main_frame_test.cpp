@@ -8,6 +8,7 @@
 #include "ui/framework/local_menu.h"
 #include "ui/framework/shortcuts.h"
 #include "ui/framework/window_placement.h"
+#include "wine/test_language.h"
 
 namespace {
 
@@ -100,6 +101,14 @@ TEST(MainFrame, menu_items_show_their_shortcuts) {
       const std::wstring keys = my::ShortcutText(table.Get(), ofList ? ID_ITEM_ADD + id % 100 : id);
       EXPECT_TRUE(keys.empty() || text.ends_with(L'\t' + keys)) << text;
     });
+  }
+}
+
+TEST(MainFrame, column_titles_fit_in_both_languages) {
+  for (const auto language : {my::UiLanguage::Japanese, my::UiLanguage::English}) {
+    const test::CTestLanguage shown(language);
+    CGuiApp a;
+    for (const int list : {IDC_TASK_LIST, IDC_DST_LIST}) EXPECT_TRUE(test::TitlesFit(a.List(list)));
   }
 }
 
