@@ -158,6 +158,14 @@
 #define IDC_BRUSH_GROUP              1413
 #define IDC_IMAGE_GROUP              1414
 
+// Run panel: controls 1500-1519.
+#define IDC_RUN_PANEL                1500
+#define IDC_RUN_PANEL_ROW            1501
+#define IDC_RUN_PANEL_FILE           1502
+#define IDC_RUN_PANEL_RUN            1503
+#define IDC_RUN_PANEL_PROGRESS       1504
+#define IDC_RUN_PANEL_CLOSE          1505
+
 // History, and more controls of the results: 1550-1579.
 #define IDD_HISTORY                  1550
 #define IDM_HISTORY                  1551

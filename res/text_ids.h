@@ -345,6 +345,38 @@
 #define IDS_ORIGIN_RB                872
 #define IDS_ORIGIN_RT                873
 
+// Progress of a run, and its verdict.
+#define IDS_METER_LISTING            1000
+#define IDS_METER_COPYING            1001
+#define IDS_METER_FLUSHING           1002
+#define IDS_METER_ARCHIVING          1003
+#define IDS_METER_FILES_OF           1004
+#define IDS_METER_FILES              1005
+#define IDS_METER_SPEED              1006
+#define IDS_METER_LEFT               1007
+#define IDS_METER_SECONDS            1008
+#define IDS_METER_MINUTES            1009
+#define IDS_METER_HOURS              1010
+#define IDS_METER_HOURS_MINUTES      1011
+#define IDS_METER_ELAPSED            1012
+#define IDS_METER_ARCHIVE_BYTES      1013
+#define IDS_METER_RUN                1014
+#define IDS_METER_RUN_ABOUT          1015
+#define IDS_METER_SOURCE             1016
+#define IDS_VERDICT_ENDED            1017
+#define IDS_VERDICT_STOPPED          1018
+#define IDS_VERDICT_UNLISTED         1019
+#define IDS_VERDICT_NOT_RUN          1020
+#define IDS_PANEL_NAME               1021
+#define IDS_PANEL_RESULTS            1022
+#define IDS_PANEL_CLOSE              1023
+#define IDS_TITLE_PERCENT            1024
+#define IDS_METER_BYTES_OF           1025
+
+// The longest usual texts of the run panel, which decide its height.
+#define IDS_PANEL_RUN_SAMPLE         1026
+#define IDS_PANEL_ROW_SAMPLE         1027
+
 // Texts of the other commands: the explanation and, if a toolbar has the command, its name in a second line.
 // The id is also the command id.
 #define IDS_CMD_DESIGN               151

@@ -9,6 +9,7 @@
 #include "engine/source_listing.h"
 #include "engine/task_filter.h"
 #include "engine/temporary_target.h"
+#include "engine/transfer_counters.h"
 #include "engine/transfer_plan.h"
 #include "platform/clock.h"
 #include "platform/file_system.h"
@@ -150,13 +151,16 @@ bool CBackupTask::IsUpToDate(const CDst& dst) const {
 }
 
 void CBackupTask::Transfer(const CDst& dst, const std::wstring& temporaryPath) {
+  if (!m_counts) m_counts = CountTargets(*m_targets);
+  const auto counters = boost::make_shared<CTransferCounters>(*m_counts, m_ports.clock.TickCount());
+  LastRow().transfer = counters;
   if (!IsZip(dst.type)) {
     SetPhase(Phase::Copying);
-    return CopyToFolder(TransferPorts(), m_task->path, *m_targets, temporaryPath);
+    return CopyToFolder(TransferPorts(), m_task->path, *m_targets, temporaryPath, *counters);
   }
   SetPhase(Phase::Archiving);
   WriteArchive({TransferPorts(), m_ports.process, m_ports.texts},
-               {m_archiverPath, m_password, m_task->path, *m_targets, temporaryPath, dst.type});
+               {m_archiverPath, m_password, m_task->path, *m_targets, temporaryPath, dst.type, *counters});
 }
 
 // Returns false if another run has created the same backup in the meantime; this one is then deleted.

@@ -179,6 +179,23 @@ void CSampleApp::FillHistory() {
 
 CSampleApp::CSampleApp() {
   FillDisk();
+  OpenSample();
+}
+
+void CSampleApp::Restart() {
+  Start();
+  OpenSample();
+}
+
+void CSampleApp::WritePhoto(const std::wstring& name) {
+  const std::wstring path = L"D:\\写真\\" + name;
+  scratch.files.CreateFolders(std::wstring(my::ParentPath(path)));
+  const auto file = scratch.files.CreateNewFile(path);
+  file->Write(std::string(size_t{3} << 20, 'x'));
+  file->Close();
+}
+
+void CSampleApp::OpenSample() {
   UseArchiver();
   CContent content;
   const auto dst = [&](const std::wstring& folder, DstType type, const std::wstring& pattern) {
