@@ -5,6 +5,7 @@
 #include "document/document_edits.h"
 #include "history/history_file.h"
 #include "platform/win32/ui_language.h"
+#include "support/strings.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/gdiplus.h"
 
