@@ -160,4 +160,19 @@
 #define IDC_BRUSH_GROUP              1413
 #define IDC_IMAGE_GROUP              1414
 
+// Plan window: 1520-1549.
+#define IDD_PLAN                     1520
+#define IDM_PLAN                     1521
+#define IDC_PLAN_MATRIX              1522
+#define IDC_PLAN_STATE               1523
+#define IDC_PLAN_SUMMARY             1524
+#define IDC_PLAN_DETAIL              1525
+#define IDC_PLAN_TARGETS             1526
+#define IDC_PLAN_SHOW_NEWEST         1527
+#define IDC_PLAN_EXCLUDE             1528
+#define IDC_PLAN_ADVICE              1529
+#define IDC_PLAN_RECYCLE             1530
+#define IDC_PLAN_AGAIN               1531
+#define IDC_PLAN_STOP                1532
+
 #endif  // QUILLMOOR_CONTROL_IDS_H

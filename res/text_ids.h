@@ -352,6 +352,9 @@
 #define IDS_CMD_TASK_TARGETS         156
 #define IDS_CMD_EXPLORER_SRC         158
 #define IDS_CMD_EXPLORER_DST         159
+#define IDS_CMD_RUN_SELECTED         165
+#define IDS_CMD_PLAN                 166
+#define IDS_CMD_PLAN_SELECTED        167
 #define IDS_CMD_TASK_ADD             33100
 #define IDS_CMD_TASK_EDIT            33101
 #define IDS_CMD_TASK_DUPLICATE       33102
@@ -471,6 +474,39 @@
 #define IDS_PLAN_CELL                993
 #define IDS_PLAN_FREE                994
 #define IDS_PLAN_SUMMARY             995
+
+// Plan window, marks of advice, and what the user can do about it: 1030-1069.
+#define IDS_PLAN_COL_DST             1030
+#define IDS_PLAN_CELL_NOT_REACHED    1031
+#define IDS_PLAN_CELL_TIGHT          1032
+#define IDS_PLAN_CELL_NO_SPACE       1033
+#define IDS_PLAN_PROGRESS            1034
+#define IDS_PLAN_CHECKING            1035
+#define IDS_PLAN_STOPPED             1036
+#define IDS_PLAN_OUTDATED            1037
+#define IDS_PLAN_COUNTS              1038
+#define IDS_PLAN_CELL_TITLE          1039
+#define IDS_PLAN_DETAIL_ACTION       1040
+#define IDS_PLAN_DETAIL_PATH         1041
+#define IDS_PLAN_DETAIL_FILES        1042
+#define IDS_PLAN_DETAIL_SPACE        1043
+#define IDS_PLAN_DETAIL_NEWEST       1044
+#define IDS_PLAN_DETAIL_ERROR        1045
+#define IDS_PLAN_DETAIL_UNUSED       1046
+#define IDS_PLAN_NO_ADVICE           1047
+#define IDS_COL_ADVICE_SEVERITY      1048
+#define IDS_COL_ADVICE_ITEM          1049
+#define IDS_COL_ADVICE_TEXT          1050
+#define IDS_SEVERITY_WARNING         1051
+#define IDS_SEVERITY_HINT            1052
+#define IDS_ASK_RECYCLE              1053
+#define IDS_RECYCLE_FAILED           1054
+#define IDS_RECYCLE_NO_BIN           1055
+#define IDS_RECYCLE_CHANGED          1056
+#define IDS_ASK_SHARED_FILTER        1057
+#define IDS_FILTER_NOT_ENCODABLE     1058
+#define IDS_SELECT_TASKS             1059
+#define IDS_ADVICE_NO_PASSWORD       1060
 
 // Text of the replace command; the id is also the command id.
 #define IDS_CMD_REPLACE              57641

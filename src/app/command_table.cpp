@@ -11,8 +11,11 @@ namespace qlm {
 CCommandTable::CCommandTable(CAppContext& context, std::wstring commandLine)
     : init(boost::make_shared<CCommandInit>(context, quit, std::move(commandLine))),
       quit(boost::make_shared<CCommandQuit>(context)),
-      exec(boost::make_shared<CCommandExec>(context, false)),
-      execAndPowerOff(boost::make_shared<CCommandExec>(context, true)),
+      exec(boost::make_shared<CCommandExec>(context, RunKind::Document)),
+      execAndPowerOff(boost::make_shared<CCommandExec>(context, RunKind::DocumentThenPowerOff)),
+      execSelected(boost::make_shared<CCommandExec>(context, RunKind::SelectedTasks)),
+      plan(boost::make_shared<CCommandPlan>(context, false)),
+      planSelected(boost::make_shared<CCommandPlan>(context, true)),
       powerOff(boost::make_shared<CCommandPowerOff>(context)),
       keepPower(boost::make_shared<CCommandKeepPower>(context)),
       newDocument(boost::make_shared<CCommandNew>(context)),
@@ -34,6 +37,9 @@ CCommand* CCommandTable::Find(uint32_t id) {
   switch (id) {
     case ID_RUN: return exec.get();
     case ID_RUN_POWER_OFF: return execAndPowerOff.get();
+    case ID_RUN_SELECTED: return execSelected.get();
+    case ID_PLAN: return plan.get();
+    case ID_PLAN_SELECTED: return planSelected.get();
     case ID_POWER_OFF: return powerOff.get();
     case ID_KEEP_POWER: return keepPower.get();
     case ID_NEW: return newDocument.get();

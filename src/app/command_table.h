@@ -6,6 +6,7 @@
 
 #include "app/document_commands.h"
 #include "app/explorer_commands.h"
+#include "app/plan_commands.h"
 #include "app/power_off.h"
 #include "app/run_commands.h"
 #include "app/start_commands.h"
@@ -25,6 +26,9 @@ struct CCommandTable {
   boost::shared_ptr<CCommandQuit> quit;
   boost::shared_ptr<CCommandExec> exec;
   boost::shared_ptr<CCommandExec> execAndPowerOff;
+  boost::shared_ptr<CCommandExec> execSelected;
+  boost::shared_ptr<CCommandPlan> plan;
+  boost::shared_ptr<CCommandPlan> planSelected;
   boost::shared_ptr<CCommandPowerOff> powerOff;
   boost::shared_ptr<CCommandKeepPower> keepPower;
   boost::shared_ptr<CCommandNew> newDocument;

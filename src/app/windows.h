@@ -15,6 +15,7 @@ namespace qlm {
 class CPasswordEntry;
 struct CClip;
 struct CDst;
+struct CPlanRequest;
 struct CSettings;
 struct CTask;
 
@@ -88,7 +89,7 @@ inline IEditList& ListOf(IMainWindow& window, ListKind kind) {
 }
 
 // The type decides the options of the system's dialog.
-enum class FileDialog { OpenFile, SaveFile, OpenFilter };
+enum class FileDialog { OpenFile, SaveFile, OpenFilter, SaveFilter };
 
 struct CFileKind {
   std::wstring label;
@@ -117,6 +118,10 @@ class IDialogs {
   // open.
   virtual void EditTask(const CTask& task, const std::function<void(const CTask&)>& confirm) = 0;
   virtual void EditDst(const CDst& dst, const std::function<void(const CDst&)>& confirm) = 0;
+
+  // Opens the modeless plan window, or starts a new plan in it. Nothing is created. `ids` are those with which
+  // the user can plan again, see MakePlanRequest.
+  virtual void ShowPlan(CPlanRequest request, const std::vector<std::wstring>& ids) = 0;
 
   // Modal. Shows the effect of a filter file on the files of a source folder, which may be empty.
   virtual void ShowFilter(const std::wstring& filterPath, const std::wstring& sourcePath) = 0;

@@ -58,6 +58,11 @@ std::wstring CFakeAnsiCodec::Decode(std::string_view bytes) const {
   return my::WideFromUtf8(std::regex_replace(utf8, std::regex("\xB1"), "ｱ"));
 }
 
+std::optional<std::string> CFakeAnsiCodec::Encode(std::wstring_view text) const {
+  const std::string utf8 = std::regex_replace(my::Utf8FromWide(text), std::regex("字"), "\x8E\x9A");
+  return Decode(utf8) == text && utf8.find('\xE3') == utf8.npos ? std::optional(utf8) : std::nullopt;
+}
+
 uint32_t CFakeProcess::Run(const my::CProcessStart& start) {
   {
     const std::lock_guard hold(m_lock);

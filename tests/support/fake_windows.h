@@ -9,6 +9,7 @@
 
 #include "app/messenger.h"
 #include "app/password.h"
+#include "app/plan_worker.h"
 #include "app/replace_tool.h"
 #include "app/windows.h"
 #include "document/document_clip.h"
@@ -130,6 +131,9 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
     if (filterFailure != 0) throw my::CException(filterFailure);
   }
   void ShowAbout() override {}
+  void ShowPlan(qlm::CPlanRequest request, const std::vector<std::wstring>&) override {
+    plans.push_back(std::move(request));
+  }
   void OpenReplace() override { ++replacesOpened; }
   void FocusReplace() override { ++replaceFocuses; }
   void CancelReplace() override {
@@ -158,6 +162,7 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
   std::vector<uint32_t> refusals;
   std::vector<bool> settingsPages;
   std::vector<std::wstring> filters;  // filters shown, with their source folders
+  std::vector<qlm::CPlanRequest> plans;
   qlm::CTask editedTask;              // the task with which the dialog was opened
   int passwordDialogs = 0;
   qlm::CTaskDsts passwordDsts;  // shown by the last of them

@@ -20,12 +20,15 @@ namespace {
 constexpr DWORD kOpenFile = OFN_EXPLORER | OFN_ENABLESIZING | OFN_FILEMUSTEXIST;
 constexpr DWORD kSaveFile = OFN_EXPLORER | OFN_ENABLESIZING | OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY;
 constexpr DWORD kOpenFilter = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+// Without a question whether to replace the file, because its rules are kept.
+constexpr DWORD kSaveFilter = OFN_EXPLORER | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
 static_assert(kOpenFile == 0x881000 && kSaveFile == 0x880006);
 
 DWORD FlagsOf(FileDialog dialog) {
   switch (dialog) {
     case FileDialog::OpenFile: return kOpenFile;
     case FileDialog::SaveFile: return kSaveFile;
+    case FileDialog::SaveFilter: return kSaveFilter;
     default: return kOpenFilter;
   }
 }
@@ -52,7 +55,8 @@ void CDialogs::SetOwner(HWND owner, CAppContext& context) {
 
 std::optional<std::wstring> CDialogs::AskPath(const CFileQuestion& question) {
   const my::CFileDialogParams params = ParamsOf(question);
-  if (question.dialog == FileDialog::SaveFile) return my::AskSavePath(Owner(), params);
+  const bool saves = question.dialog == FileDialog::SaveFile || question.dialog == FileDialog::SaveFilter;
+  if (saves) return my::AskSavePath(Owner(), params);
   return my::AskOpenPath(Owner(), params);
 }
 
