@@ -40,6 +40,15 @@ void CListColumns::Create(HWND list, const IListModel& model, UINT dpi) {
   SetWidths({});
 }
 
+void CListColumns::Reset() {
+  {
+    const CFlag setting(m_isSetting);
+    while (ListView_DeleteColumn(m_list, 0)) {
+    }
+  }
+  Create(m_list, *m_model, m_dpi);
+}
+
 void CListColumns::SetWidths(const std::vector<int32_t>& widths) {
   const CFlag setting(m_isSetting);
   for (int i = 0; i <= Last(); ++i) {
