@@ -20,8 +20,8 @@
 namespace qlm {
 namespace {
 
-constexpr uint64_t kLargestFilter = 16u << 20;      // larger ones are not read either
-constexpr uint32_t kMeasureLimitMs = 20'000;        // for the files of a leftover, which were just measured
+constexpr uint64_t kLargestFilter = 16u << 20;  // larger ones are not read either
+constexpr uint32_t kMeasureLimitMs = 20'000;    // for the files of a leftover, which were just measured
 constexpr size_t kNamedTasks = 5;
 
 // Returns the row of the planned task in the document. Throws IDS_PLAN_OUTDATED.

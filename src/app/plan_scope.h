@@ -7,8 +7,8 @@
 
 namespace qlm {
 
-// The tasks of a plan with the destinations that they use, as they were when the plan was requested. The items
-// are copies, so another thread may read them while the document is edited.
+// The tasks of a plan with the destinations that they use, as they were when the plan was requested. The
+// items are copies, so another thread may read them while the document is edited.
 struct CPlanScope {
   CContent content;
   std::vector<size_t> taskRows;  // in the document, of each task

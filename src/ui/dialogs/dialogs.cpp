@@ -6,6 +6,7 @@
 #include "ui/dialogs/dst_dialog.h"
 #include "ui/dialogs/filter_dialog.h"
 #include "ui/dialogs/password_dialog.h"
+#include "ui/dialogs/plan_dialog.h"
 #include "ui/dialogs/replace_dialog.h"
 #include "ui/dialogs/result_dialog.h"
 #include "ui/dialogs/settings_sheet.h"
@@ -51,6 +52,9 @@ CDialogs::~CDialogs() = default;
 void CDialogs::SetOwner(HWND owner, CAppContext& context) {
   m_owner = owner;
   m_context = &context;
+  context.document.AddListener([this](DocChangeEventFlags what) {
+    if (m_plan) m_plan->OnDocumentChanged(what);
+  });
 }
 
 std::optional<std::wstring> CDialogs::AskPath(const CFileQuestion& question) {
@@ -103,6 +107,15 @@ void CDialogs::ShowResults(const CResultListModel& results) {
 
 void CDialogs::RefreshResults() {
   if (m_results) m_results->RowsChanged();
+}
+
+void CDialogs::ShowPlan(CPlanRequest request, const std::vector<std::wstring>& ids) {
+  if (!m_plan) m_plan = std::make_unique<CPlanDialog>(*m_context, m_planSetting);
+  m_plan->Start(std::move(request), ids);
+  if (m_plan->Hwnd())
+    ::SetForegroundWindow(m_plan->Hwnd());
+  else
+    m_plan->CreateModeless(m_owner, m_loop);
 }
 
 void CDialogs::ShowTargets(const CResultPtr& row) {

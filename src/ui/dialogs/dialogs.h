@@ -8,6 +8,7 @@
 
 #include "app/windows.h"
 #include "engine/result.h"
+#include "settings/settings.h"
 #include "ui/framework/message_loop.h"
 
 namespace my {
@@ -18,6 +19,7 @@ namespace qlm {
 
 class CClosingDialog;
 class CReplaceDialog;
+class CPlanDialog;
 class CResultDialog;
 class CResultListModel;
 struct CAppContext;
@@ -47,6 +49,8 @@ class CDialogs : public IDialogs {
   void EditTask(const CTask& task, const std::function<void(const CTask&)>& confirm) override;
   void EditDst(const CDst& dst, const std::function<void(const CDst&)>& confirm) override;
 
+  void ShowPlan(CPlanRequest request, const std::vector<std::wstring>& ids) override;
+
   // Must be called when the selections of the lists have changed.
   void RefreshReplace();
 
@@ -72,6 +76,8 @@ class CDialogs : public IDialogs {
   std::function<void(const CDesignSetting&)> m_preview;
   std::unique_ptr<CReplaceDialog> m_replace;
   std::unique_ptr<CResultDialog> m_results;
+  CColumnsDlgSetting m_planSetting;  // not stored
+  std::unique_ptr<CPlanDialog> m_plan;
   std::unique_ptr<my::CDisabledWindows> m_disabled;
   std::unique_ptr<CClosingDialog> m_closing;
 };

@@ -17,7 +17,7 @@ class CDrawnList : public my::CListView {
 
   // The implementations here are for a list with the system's window colour.
   virtual CRowGround Ground() const;
-  virtual void DrawGround(HDC dc, const RECT& row) const;             // for a row without a colour of its own
+  virtual void DrawGround(HDC dc, const RECT& row) const;  // for a row without a colour of its own
   // Returns the column whose cell has the focus in the focused row; nullopt if rows have it as a whole.
   virtual std::optional<size_t> FocusedColumn() const { return {}; }
   virtual int DrawBox(HDC dc, size_t row, const RECT& bounds) const;  // returns where the text starts

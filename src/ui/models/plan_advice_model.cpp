@@ -29,8 +29,8 @@ void CPlanAdviceModel::Add(const std::vector<CAdvice>& findings) {
   std::ranges::stable_sort(m_findings, std::greater(), &CAdvice::severity);
 }
 
-void CPlanAdviceModel::Remove(size_t row) {
-  m_findings.erase(m_findings.begin() + static_cast<std::ptrdiff_t>(row));
+void CPlanAdviceModel::Remove(const CAdvice& leftover) {
+  std::erase_if(m_findings, [&](const CAdvice& finding) { return finding.path == leftover.path; });
 }
 
 std::wstring CPlanAdviceModel::Text(size_t row, size_t column) const {

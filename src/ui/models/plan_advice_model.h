@@ -20,7 +20,7 @@ class CPlanAdviceModel : public CTableModel {
 
   void Begin(CContent content);
   void Add(const std::vector<CAdvice>& findings);
-  void Remove(size_t row);
+  void Remove(const CAdvice& leftover);
 
   const CAdvice& Finding(size_t row) const { return m_findings[row]; }
 

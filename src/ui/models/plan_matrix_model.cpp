@@ -98,8 +98,8 @@ std::wstring CPlanMatrixModel::Detail(size_t row, size_t column) const {
   const CPlanCell* cell = Cell(row, column);
   if (cell) AppendCell(text, *cell);
   if (!cell && column >= FirstDst) text += m_texts.Text(IDS_PLAN_DETAIL_UNUSED) + L"\r\n";
-  text += Line(IDS_PLAN_DETAIL_FILES,
-               {GroupedText(plan.counts.counted), SizeText(m_texts, plan.counts.bytes)});
+  text +=
+      Line(IDS_PLAN_DETAIL_FILES, {GroupedText(plan.counts.counted), SizeText(m_texts, plan.counts.bytes)});
   if (plan.newest)
     text += Line(IDS_PLAN_DETAIL_NEWEST, {std::wstring(plan.newest->RelativePath()),
                                           my::LocalTimeText(m_clock, plan.newest->LastWriteTime())});
