@@ -163,7 +163,7 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
   std::vector<bool> settingsPages;
   std::vector<std::wstring> filters;  // filters shown, with their source folders
   std::vector<qlm::CPlanRequest> plans;
-  qlm::CTask editedTask;              // the task with which the dialog was opened
+  qlm::CTask editedTask;  // the task with which the dialog was opened
   int passwordDialogs = 0;
   qlm::CTaskDsts passwordDsts;  // shown by the last of them
   int replacesOpened = 0;

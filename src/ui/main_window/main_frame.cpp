@@ -40,7 +40,8 @@ CMainFrame::CParts::CParts(CApplication& application, CDialogs& dialogs, HACCEL 
     : view(application.Document(), application.Settings().ui, TextsOf(application)),
       toolBar(TextsOf(application)),
       run(application, view, toolBar, statusBar, dialogs),
-      help(application, view, keys) {}
+      help(application, view, keys),
+      advice(application.Context(), view) {}
 
 CMainFrame::CMainFrame(my::CAutoMessageLoop& loop, int showCommand)
     : m_loop(loop),
@@ -144,6 +145,7 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_GETMINMAXINFO: LimitSize(*reinterpret_cast<MINMAXINFO*>(lParam)); return 0;
     case WM_TIMER:
       if (wParam == kRunTimer) m_app->OnTimer();
+      if (wParam == CAdvicePresenter::kTimer) m_parts->advice.OnTimer(Hwnd());
       return 0;
     case kRunEnded: m_parts->run.OpenOutcome(); return 0;
     case kFocusLost: OnFocusLost(); return 0;
@@ -194,6 +196,7 @@ void CMainFrame::OnSystemChanged() {
 void CMainFrame::OnCommand(int id) {
   if (m_app->IsClosing()) return;
   m_app->Execute(static_cast<uint32_t>(id));
+  if (id == ID_SETTINGS) m_parts->advice.Restart(Hwnd());  // the archiver
   UpdateCommands();
 }
 
@@ -231,7 +234,10 @@ void CMainFrame::OnDrop(HDROP drop) {
 
 void CMainFrame::OnDocumentChanged(DocChangeEventFlags what) {
   m_parts->view.OnDocumentChanged(what);
-  if (what != DocChangeEventFlags::CHNAGE_PATH) m_parts->run.ShowCounts();
+  if (what != DocChangeEventFlags::CHNAGE_PATH) {
+    m_parts->run.ShowCounts();
+    m_parts->advice.Restart(Hwnd());
+  }
   UpdateTitle();
   UpdateCommands();
 }
@@ -306,6 +312,7 @@ void CMainFrame::StopTimer() {
 void CMainFrame::ShowRunState() {
   const bool ended = m_parts->run.ShowState(Hwnd());
   if (ended) ::PostMessageW(Hwnd(), kRunEnded, 0, 0);
+  if (ended) m_parts->advice.Restart(Hwnd());
   UpdateCommands();
 }
 

@@ -16,6 +16,7 @@
 #include "ui/framework/window.h"
 #include "ui/framework/window_icons.h"
 #include "ui/look/tool_images.h"
+#include "ui/main_window/advice_presenter.h"
 #include "ui/main_window/command_help.h"
 #include "ui/main_window/frame_list.h"
 #include "ui/main_window/main_view.h"
@@ -51,6 +52,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
     CStatusBar statusBar;
     CRunPresenter run;
     CCommandHelp help;
+    CAdvicePresenter advice;
   };
 
   IEditList& TaskList() override { return m_taskList; }

@@ -121,6 +121,12 @@ void CMainView::Redraw() {
   m_dsts.List().Refresh();
 }
 
+void CMainView::ShowAdvice(const std::shared_ptr<const CAdviceMarks>& marks) {
+  m_taskModel.ShowAdvice(marks);
+  m_dstModel.ShowAdvice(marks);
+  Redraw();
+}
+
 void CMainView::ShowDesign(const CDesignSetting& design) {
   m_showDescription = design.showDesc;
   UpdateDescription();

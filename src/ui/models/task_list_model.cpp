@@ -79,9 +79,18 @@ my::CListLook CTaskListModel::Look(size_t row) const {
   return state ? StateLook(m_setting, state->state) : my::CListLook{};
 }
 
+my::CListLook CTaskListModel::CellLook(size_t row, size_t column) const {
+  my::CListLook look = CTableModel::CellLook(row, column);
+  if (column == Id) look.icon = IconOf(m_marks->Find(m_document.Tasks()[row]));
+  return look;
+}
+
 std::wstring CTaskListModel::Tip(size_t row) const {
   const CState* state = FindState(row);
-  return state ? state->tip : std::wstring();
+  const CAdviceMark* mark = m_marks->Find(m_document.Tasks()[row]);
+  std::wstring tip = state ? state->tip : std::wstring();
+  if (!mark) return tip;
+  return tip.empty() ? mark->text : tip + L"\n" + mark->text;
 }
 
 std::wstring CTaskListModel::DstNumbers(const CTask& task) const {
