@@ -72,15 +72,13 @@ TEST_F(EditModels, advice_is_about_the_item_as_it_is_edited) {
     task.path = silent;
     EXPECT_EQ(advice(task), L"");
   }
-  const auto zip = [&](const std::wstring& folder) {
-    return boost::make_shared<CDst>(CDst{folder, DstType::ZIP, L"<ID>_<Y><M><D><h><m>.zip"});
-  };
-  task = {L"My Task", L"D:\\src", L"", {zip(L"C:\\a")}};
+  InsertDst(document, -1, {L"D:\\src\\z", DstType::ZIP, L"<ID>_<Y><M><D><h><m>.zip"});
+  task = {L"My Task", L"D:\\src", L"", {document.Dsts()[3]}};
   EXPECT_TRUE(has(advice(task), L"My Task_2016"));
-  InsertTask(document, -1, {L"old", L"D:\\src", L"", {document.Dsts()[0]}});
-  InsertTask(document, -1, {L"other", L"D:\\src", L"", {document.Dsts()[0]}});
-  task = {L"old", L"D:\\src", L"", {document.Dsts()[0], zip(L"D:\\src\\z")}};
-  EXPECT_TRUE(has(advice(task), L"D:\\src\\z")) << advice(task);
+  for (const wchar_t* id : {L"old", L"other"})
+    InsertTask(document, -1, {id, L"D:\\src", L"", {document.Dsts()[0]}});
+  task.id = L"old";
+  EXPECT_TRUE(has(advice(task), L"D:\\src\\z") && !has(advice(task), L"My Task"));
 
   const auto dstAdvice = [&](const CDstPtr& before, const CDst& dst, const CRows& users = {}) {
     return DstAdvice(document.Content(), before, dst, users, L"sample", ports);

@@ -1,5 +1,6 @@
 #include "support/fake_ports.h"
 
+#include <algorithm>
 #include <future>
 #include <thread>
 
@@ -59,8 +60,10 @@ std::wstring CFakeAnsiCodec::Decode(std::string_view bytes) const {
 }
 
 std::optional<std::string> CFakeAnsiCodec::Encode(std::wstring_view text) const {
-  const std::string utf8 = std::regex_replace(my::Utf8FromWide(text), std::regex("字"), "\x8E\x9A");
-  return Decode(utf8) == text && utf8.find('\xE3') == utf8.npos ? std::optional(utf8) : std::nullopt;
+  const std::string utf8 = my::Utf8FromWide(text);
+  const std::string rest = std::regex_replace(utf8, std::regex("字"), "");
+  if (std::ranges::any_of(rest, [](char c) { return (c & 0x80) != 0; })) return {};
+  return std::regex_replace(utf8, std::regex("字"), "\x8E\x9A");
 }
 
 uint32_t CFakeProcess::Run(const my::CProcessStart& start) {
