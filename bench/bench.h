@@ -17,6 +17,7 @@ void MeasureListing(const COptions& options);
 void MeasureCopy(const COptions& options);
 void MeasureMemory(const COptions& options);
 void MeasureZip(const COptions& options);
+void MeasurePlan(const COptions& options);
 void MeasureUnchanged(const COptions& options);
 void MeasureTick(const COptions& options);
 
