@@ -13,6 +13,7 @@
 #include "ui/dialogs/dst_dialog.h"
 #include "ui/dialogs/filter_dialog.h"
 #include "ui/dialogs/password_dialog.h"
+#include "ui/dialogs/plan_dialog.h"
 #include "ui/dialogs/replace_dialog.h"
 #include "ui/dialogs/result_dialog.h"
 #include "ui/dialogs/settings_sheet.h"
@@ -178,6 +179,12 @@ TEST_P(DialogSizes, lists_fit_the_screen) {
   rows.ShowResults(0, {MakeResult()});
   CResultDialog results(Context(), rows);
   Expect(results);
+  InsertDst(app.Document(), -1, dst);
+  InsertTask(app.Document(), -1, {L"work", L"C:\\src", L"", {app.Document().Dsts()[0]}});
+  CColumnsDlgSetting setting;
+  CPlanDialog plan(Context(), setting);
+  plan.Start(MakePlanRequest(Context(), {}), {});
+  Expect(plan);
 }
 
 TEST_P(DialogSizes, tools_fit_the_screen) {

@@ -100,6 +100,20 @@ TEST(Win32Shell, path_of_a_list_only_when_it_is_complete) {
   EXPECT_EQ(refused(), IDS_ID_LIST_TO_PATH_FAILED);
 }
 
+TEST(Win32Shell, recycled_file_is_gone_and_a_drive_without_recycle_bin_is_refused) {
+  test::CScratchFolder scratch;
+  my::CWin32Shell shell;
+  scratch.Write(L"half", "x");
+  EXPECT_TRUE(shell.Recycle(scratch.At(L"half")));
+  EXPECT_EQ(scratch.files.Kind(scratch.At(L"half")), my::PathKind::None);
+  EXPECT_EQ(test::ThrownId([&] { shell.Recycle(scratch.At(L"half")); }), IDS_RECYCLE_FAILED);
+  const std::wstring deep = scratch.path + std::wstring(300, L'x');
+  for (const std::wstring& path :
+       {std::wstring(L"\\\\server\\share\\_tmp_a"), std::wstring(L"Y:\\_tmp_a"), deep})
+    EXPECT_EQ(test::ThrownId([&] { shell.Recycle(path); }), IDS_RECYCLE_NO_BIN)
+        << testing::PrintToString(path);
+}
+
 TEST(Win32Shell, missing_file_is_an_error_without_a_window) {
   test::CScratchFolder scratch;
   my::CWin32Shell shell;

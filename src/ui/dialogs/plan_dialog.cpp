@@ -32,8 +32,8 @@ my::CBox CPlanDialog::Layout() const {
   using my::Control;
   return my::Column(
       {my::LabelOf(IDC_PLAN_MATRIX), Control(IDC_PLAN_MATRIX).Wide().Tall().Lines(10),
-       Control(IDC_PLAN_STATE).Wide(), Control(IDC_PLAN_SUMMARY).Wide(), my::LabelOf(IDC_PLAN_DETAIL),
-       Control(IDC_PLAN_DETAIL).Wide().Lines(7),
+       my::Row({Control(IDC_PLAN_SUMMARY), Control(IDC_PLAN_STATE).Wide()}), my::LabelOf(IDC_PLAN_DETAIL),
+       Control(IDC_PLAN_DETAIL).Wide().Lines(8),
        my::Flow({Control(IDC_PLAN_TARGETS), Control(IDC_PLAN_SHOW_NEWEST), Control(IDC_PLAN_EXCLUDE)}),
        my::LabelOf(IDC_PLAN_ADVICE), Control(IDC_PLAN_ADVICE).Wide().Tall().Lines(5),
        my::Flow({Control(IDC_PLAN_RECYCLE), Control(IDC_LIST_COPY), Control(IDC_PLAN_STOP),
@@ -180,6 +180,8 @@ void CPlanDialog::ShowFinding() {
   if (row >= m_model.RowCount()) return;
   m_matrix.SetCell(row, column);
   ShowCell();
+  // The list may have no room for the whole text.
+  SetItemText(IDC_PLAN_DETAIL, AdviceLine(Texts(), *finding) + L"\r\n\r\n" + ItemText(IDC_PLAN_DETAIL));
 }
 
 void CPlanDialog::GoToFinding() {
