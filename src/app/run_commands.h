@@ -41,8 +41,8 @@ class CCommandTaskTargets final : public CCommand {
   void Execute(bool run) override;
 };
 
-// Returns the selected tasks in the order of the document. Throws CListException with IDS_SELECT_TASKS if there
-// are none.
+// Returns the selected tasks in the order of the document. Throws CListException with IDS_SELECT_TASKS if
+// there are none.
 std::vector<size_t> RequireSelectedTasks(const CAppContext& context);
 
 // Throws IDS_NO_TASKS with what to do next, unless one of the tasks has a destination.

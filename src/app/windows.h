@@ -119,8 +119,8 @@ class IDialogs {
   virtual void EditTask(const CTask& task, const std::function<void(const CTask&)>& confirm) = 0;
   virtual void EditDst(const CDst& dst, const std::function<void(const CDst&)>& confirm) = 0;
 
-  // Opens the modeless plan window, or starts a new plan in it. Nothing is created. `ids` are those with which
-  // the user can plan again, see MakePlanRequest.
+  // Opens the modeless plan window, or starts a new plan in it. Nothing is created. `ids` are those with
+  // which the user can plan again, see MakePlanRequest.
   virtual void ShowPlan(CPlanRequest request, const std::vector<std::wstring>& ids) = 0;
 
   // Modal. Shows the effect of a filter file on the files of a source folder, which may be empty.

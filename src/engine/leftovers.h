@@ -31,8 +31,8 @@ std::wstring NameForm(std::wstring_view name);
 std::vector<CLeftover> FindLeftovers(my::IFileSystem& files, const my::IStopQuery* stop,
                                      const std::wstring& folder, const std::set<std::wstring>& forms);
 
-// Returns the leftover at this path; nullopt if there is none (any more), or an archive is being written there.
-// Throws what FindLeftovers throws.
+// Returns the leftover at this path; nullopt if there is none (any more), or an archive is being written
+// there. Throws what FindLeftovers throws.
 std::optional<CLeftover> FindLeftover(my::IFileSystem& files, const my::IStopQuery* stop,
                                       const std::wstring& path);
 

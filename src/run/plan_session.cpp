@@ -51,8 +51,7 @@ int PrintPlan(const CRunnerPorts& ports, const COptions& options, const CDocumen
   try {
     const bool missing = IsArchiverMissing(ports.engine.files, ports.folders, archive.archiverPath);
     const CAdviceRequest request{AdviceDepth::Network, missing, &stop, archive.passwordMissing};
-    for (const CAdvice& advice : FindAdvice(content, ports.engine, request))
-      output->Advice(content, advice);
+    for (const CAdvice& advice : FindAdvice(content, ports.engine, request)) output->Advice(content, advice);
     for (const CTaskPtr& task : tasks) {
       const CPlanTask plan = planner.Plan(task);
       WarnOfUnlisted(ports, *task, *plan.targets);

@@ -51,7 +51,14 @@ struct CWin32Ports {
   CDocumentClipboard clipboard;
 
   CAppPorts Ports() {
-    return {{shared.files, shared.clock, shared.ansi, shared.texts, shared.process}, dom, threads, folders, power, hash, shell, clipboard};
+    return {{shared.files, shared.clock, shared.ansi, shared.texts, shared.process},
+            dom,
+            threads,
+            folders,
+            power,
+            hash,
+            shell,
+            clipboard};
   }
 };
 

@@ -66,7 +66,7 @@ void CWin32Shell::Run(const std::wstring& program, const std::wstring& parameter
 }
 
 // With the warning, the shell asks before it deletes what is too large for the recycle bin, or what a policy
-// keeps out of it. Without it, FOF_NOCONFIRMATION would answer that question.
+// keeps out of it. Without it, FOF_NOCONFIRMATION would confirm that question.
 bool CWin32Shell::Recycle(const std::wstring& path) {
   if (!HasRecycleBin(path)) throw CException(IDS_RECYCLE_NO_BIN, {path});
   const std::wstring list = path + L'\0';  // the shell expects a double null-terminated list
