@@ -65,20 +65,24 @@ void CWin32Shell::Run(const std::wstring& program, const std::wstring& parameter
   Execute(program, parameters.c_str());
 }
 
-// With the warning, the shell asks before it deletes what is too large for the recycle bin, or what a policy
+// Some systems report success for a file that is missing, so existence is checked before and afterwards. With
+// the warning, the shell asks before it deletes what is too large for the recycle bin, or what a policy
 // keeps out of it. Without it, FOF_NOCONFIRMATION would confirm that question.
 bool CWin32Shell::Recycle(const std::wstring& path) {
   if (!HasRecycleBin(path)) throw CException(IDS_RECYCLE_NO_BIN, {path});
+  const auto exists = [&path] { return ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; };
+  if (!exists()) throw CException(IDS_RECYCLE_FAILED, {LastError(), path});
   const std::wstring list = path + L'\0';  // the shell expects a double null-terminated list
   SHFILEOPSTRUCTW operation{};
   operation.hwnd = ::GetActiveWindow();
   operation.wFunc = FO_DELETE;
   operation.pFrom = list.c_str();
   operation.fFlags = FOF_ALLOWUNDO | FOF_WANTNUKEWARNING | FOF_NOCONFIRMATION | FOF_NOERRORUI | FOF_SILENT;
-  const int error = ::SHFileOperationW(&operation);
+  int error = ::SHFileOperationW(&operation);
   constexpr int kCancelled[] = {ERROR_CANCELLED, 0x75};  // the second is one of the shell's own codes
   if (operation.fAnyOperationsAborted || std::ranges::count(kCancelled, error) != 0) return false;
-  if (error == 0) return true;
+  if (error == 0 && !exists()) return true;
+  if (error == 0) error = ERROR_FUNCTION_FAILED;
   throw CException(IDS_RECYCLE_FAILED, {CSystemError::FromWin32(static_cast<uint32_t>(error)), path});
 }
 
