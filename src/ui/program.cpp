@@ -64,7 +64,7 @@ struct CWin32Ports {
 
 }  // namespace
 
-int RunProgram(const std::wstring& commandLine, int showCommand) {
+int RunDesktopProgram(const std::wstring& commandLine, int showCommand) {
   my::CAutoMessageLoop loop;
   const my::CGdiplus gdiplus;
   CWin32Ports ports;

@@ -12,6 +12,7 @@
 #include "ui/dialogs/closing_dialog.h"
 #include "ui/dialogs/dst_dialog.h"
 #include "ui/dialogs/filter_dialog.h"
+#include "ui/dialogs/history_dialog.h"
 #include "ui/dialogs/password_dialog.h"
 #include "ui/dialogs/plan_dialog.h"
 #include "ui/dialogs/replace_dialog.h"
@@ -179,9 +180,11 @@ TEST_P(DialogSizes, lists_fit_the_screen) {
   rows.ShowResults(0, {MakeResult()});
   CResultDialog results(Context(), rows);
   Expect(results);
+  CColumnsDlgSetting setting;
+  CHistoryDialog history(Context(), setting, [] {});
+  Expect(history);
   InsertDst(app.Document(), -1, dst);
   InsertTask(app.Document(), -1, {L"work", L"C:\\src", L"", {app.Document().Dsts()[0]}});
-  CColumnsDlgSetting setting;
   CPlanDialog plan(Context(), setting);
   plan.Start(MakePlanRequest(Context(), {}), {});
   Expect(plan);

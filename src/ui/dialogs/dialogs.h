@@ -18,12 +18,13 @@ class CDisabledWindows;
 namespace qlm {
 
 class CClosingDialog;
+class CHistoryDialog;
 class CReplaceDialog;
 class CPlanDialog;
 class CResultDialog;
 class CResultListModel;
 struct CAppContext;
-struct CDesignSetting;
+struct CLoadedHistory;
 
 // Opens the dialogs of the program, owned by the active window: those that commands need, and the others.
 class CDialogs : public IDialogs {
@@ -56,7 +57,13 @@ class CDialogs : public IDialogs {
 
   // Opens or focuses the result dialog; the model must outlive this object.
   void ShowResults(const CResultListModel& results);
-  void RefreshResults();  // Must be called when rows were added or changed.
+  // Must be called when rows from `first` on were added or changed.
+  void RefreshResults(size_t first);
+
+  // Opens or focuses the history, which calls `reload` for every reading; what was read must be passed on.
+  void OpenHistory(const std::function<void()>& reload);
+  bool IsHistoryOpen() const;
+  void ShowHistory(std::shared_ptr<const CLoadedHistory> loaded);
 
   void ShowTargets(const CResultPtr& row);
 
@@ -78,6 +85,8 @@ class CDialogs : public IDialogs {
   std::unique_ptr<CResultDialog> m_results;
   CColumnsDlgSetting m_planSetting;  // not stored
   std::unique_ptr<CPlanDialog> m_plan;
+  CColumnsDlgSetting m_historySetting;  // while the program runs; the settings file has no place for it
+  std::unique_ptr<CHistoryDialog> m_history;
   std::unique_ptr<my::CDisabledWindows> m_disabled;
   std::unique_ptr<CClosingDialog> m_closing;
 };

@@ -11,11 +11,12 @@
 namespace qlm {
 
 class CDocument;
+class CLastSuccess;
 
 // The tasks of the document with the results of their last run.
 class CTaskListModel : public CTableModel {
  public:
-  enum TaskColumn : size_t { Id, Path, Filter, Dsts, State };
+  enum TaskColumn : size_t { Id, Path, Filter, Dsts, LastSuccess, State };
 
   // The arguments must outlive the model.
   CTaskListModel(const CDocument& document, const CUISetting& setting, const my::IMessageTexts& texts);
@@ -30,6 +31,9 @@ class CTaskListModel : public CTableModel {
 
   // Sets the marks of the rows with findings.
   void ShowAdvice(std::shared_ptr<const CAdviceMarks> marks) { m_marks = std::move(marks); }
+
+  // Shows the last success of the tasks, which must outlive the model.
+  void SetLastSuccess(const CLastSuccess& lastSuccess) { m_lastSuccess = &lastSuccess; }
 
   size_t RowCount() const override;
   std::wstring Text(size_t row, size_t column) const override;
@@ -47,10 +51,12 @@ class CTaskListModel : public CTableModel {
 
   std::wstring DstNumbers(const CTask& task) const;
   const CState* FindState(size_t row) const;
+  std::wstring OverdueText(size_t row) const;
 
   const CDocument& m_document;
   const CUISetting& m_setting;
   std::shared_ptr<const CAdviceMarks> m_marks = std::make_shared<CAdviceMarks>();
+  const CLastSuccess* m_lastSuccess = nullptr;
   std::unordered_map<const CDst*, size_t> m_dstNumbers;  // from 1
   std::unordered_map<std::wstring, CState> m_states;     // by task ID
 };
