@@ -33,6 +33,7 @@ class CSampleApp : public test::CGuiApp {
 
  private:
   void FillDisk();
+  void FillHistory();  // two weeks, and makes the program read it
   void OpenSample();
 };
 

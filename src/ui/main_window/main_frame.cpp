@@ -18,8 +18,9 @@ namespace qlm {
 namespace {
 
 constexpr UINT_PTR kRunTimer = 1;
-constexpr UINT kRunEnded = WM_APP + 1;   // posted, so that no dialog opens within a tick
-constexpr UINT kFocusLost = WM_APP + 2;  // posted, because a button may be enabled again at once
+constexpr UINT kRunEnded = WM_APP + 1;        // posted, so that no dialog opens within a tick
+constexpr UINT kFocusLost = WM_APP + 2;       // posted, because a button may be enabled again at once
+constexpr UINT kHistoryLoaded = WM_APP + 20;  // posted by the thread that reads the history
 
 // Pixels at 96 DPI.
 constexpr SIZE kSmallest{560, 400};
@@ -41,6 +42,7 @@ CMainFrame::CParts::CParts(CApplication& application, CDialogs& dialogs, HACCEL 
       toolBar(TextsOf(application)),
       panel(TextsOf(application), application.Settings().ui),
       run(application, view, toolBar, statusBar, panel, dialogs),
+      history(application, view, dialogs),
       help(application, view, keys) {}
 
 CMainFrame::CMainFrame(my::CAutoMessageLoop& loop, int showCommand)
@@ -79,6 +81,7 @@ void CMainFrame::OnCreate() {
   my::PlaceWindow(Hwnd(), my::DefaultBounds(Hwnd(), {width, height}));
   m_app->Document().AddListener([this](DocChangeEventFlags what) { OnDocumentChanged(what); });
   m_app->Start();
+  m_parts->history.Begin(Hwnd(), kHistoryLoaded);
 }
 
 void CMainFrame::CreateParts() {
@@ -153,6 +156,7 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case kRunEnded: m_parts->run.OpenOutcome(Hwnd()); return 0;
     case CRunPresenter::kNoticeMessage: m_parts->run.OnNotice(Hwnd(), lParam); return 0;
+    case kHistoryLoaded: m_parts->history.OnLoaded(); return 0;
     case kFocusLost: OnFocusLost(); return 0;
     case WM_CLOSE: OnClose(); return 0;
     case WM_SYSCOLORCHANGE:
@@ -319,6 +323,7 @@ void CMainFrame::ShowRunState() {
   const bool ended = m_parts->run.ShowState(Hwnd());
   UpdateTitle();
   if (ended) ::PostMessageW(Hwnd(), kRunEnded, 0, 0);
+  if (!m_app->Run().IsActive()) m_parts->history.Load();
   UpdateCommands();
 }
 

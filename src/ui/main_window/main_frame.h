@@ -19,6 +19,7 @@
 #include "ui/look/tool_images.h"
 #include "ui/main_window/command_help.h"
 #include "ui/main_window/frame_list.h"
+#include "ui/main_window/history_presenter.h"
 #include "ui/main_window/main_view.h"
 #include "ui/main_window/run_panel.h"
 #include "ui/main_window/run_presenter.h"
@@ -53,6 +54,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
     CStatusBar statusBar;
     CRunPanel panel;
     CRunPresenter run;
+    CHistoryPresenter history;
     CCommandHelp help;
   };
 
@@ -77,6 +79,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void ShowRunStatus() override;
   void ShowRunState() override;
   void OpenResults() override { m_parts->run.OpenResults(); }
+  void OpenHistory() override { m_parts->history.Open(); }
 
   void OnCreate();
   void CreateParts();

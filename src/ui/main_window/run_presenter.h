@@ -56,7 +56,7 @@ class CRunPresenter {
   std::wstring StatusText() const;
   std::wstring CountsText() const;
   std::wstring PowerOffText() const;
-  void RefreshLists();
+  void RefreshLists(size_t firstRow);
   RunHealth Health() const;
   void Begin();
   void End(HWND frame);
