@@ -2,7 +2,10 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <boost/version.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <sstream>
+#include <string_view>
 
 #include "run/exit_codes.h"
 #include "support/strings.h"
@@ -10,7 +13,17 @@
 namespace qlm {
 namespace {
 
-constexpr char kVersionText[] = "QuillmoorRun " QLM_VERSION;
+// Version, commit and libraries. The commit is empty in builds outside a repository.
+std::string VersionText() {
+  constexpr std::string_view kCommit = QLM_COMMIT;
+  std::ostringstream text;
+  text << "QuillmoorRun " QLM_VERSION;
+  if (!kCommit.empty()) text << " (" << kCommit << ")";
+  text << "\nBoost " << BOOST_VERSION / 100000 << '.' << BOOST_VERSION / 100 % 1000
+       << ", CLI11 " CLI11_VERSION ", JSON " << NLOHMANN_JSON_VERSION_MAJOR << '.'
+       << NLOHMANN_JSON_VERSION_MINOR << '.' << NLOHMANN_JSON_VERSION_PATCH;
+  return text.str();
+}
 
 // Text options in UTF-8, as CLI11 returns them.
 struct CRawOptions {
@@ -23,7 +36,7 @@ struct CRawOptions {
 void AddOptions(CLI::App& app, COptions& options, CRawOptions& raw) {
   app.option_defaults()->group("オプション");
   app.set_help_flag("-h,--help", "この説明を表示します")->group("オプション");
-  app.set_version_flag("--version", kVersionText, "バージョンを表示します")->group("オプション");
+  app.set_version_flag("--version", VersionText(), "バージョンを表示します")->group("オプション");
   app.add_option("DOCUMENT", raw.document, "バックアップ文書 (.qlmr)")->option_text(" ");
   app.add_option("--task", raw.tasks, "この ID のタスクだけを実行します（繰り返し指定できます）")
       ->option_text("ID")

@@ -4,6 +4,7 @@
 #include <commctrl.h>
 #include <ole2.h>
 
+#include "platform/win32/system_function.h"
 #include "ui/program.h"
 
 namespace {
@@ -25,6 +26,7 @@ class COle {
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int showCommand) {
+  my::LoadOnlySystemLibraries();
   const COle ole;
   ::DefWindowProcW(nullptr, 0, 0, 0);  // initializes user32 before the first window is created
   const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_BAR_CLASSES | ICC_LISTVIEW_CLASSES |
