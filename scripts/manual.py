@@ -1,0 +1,403 @@
+#!/usr/bin/env python3
+"""Writes what the pages of the manual have in common, and checks the manual against the program.
+
+manual.py           writes the frame (head, table of contents, links) around the <main> of every page in
+                    manual/ja and manual/en, and the search index of each language
+manual.py --check   writes nothing; prints findings as "file: text" and fails if there are any
+
+The check compares what the pages name with the program: <span class="ui"> is a text of a window or menu,
+<q class="message"> a message (a <var> in it is an argument, an ellipsis at its end leaves out the rest),
+<code class="option"> an option of the runner, <kbd> a key, <code class="file"> the name of a file.
+"""
+import html
+import json
+import re
+import subprocess
+import sys
+from html.parser import HTMLParser
+from pathlib import Path
+
+TOP = Path(__file__).resolve().parent.parent
+MANUAL = TOP / "manual"
+LANGUAGES = ("ja", "en")
+PLAN = json.loads((MANUAL / "pages.json").read_text("utf-8"))
+PAGES = [page for group in PLAN["groups"] for page in group["pages"]]
+VOID = {"meta", "link", "img", "br", "input", "hr", "wbr"}
+BLOCKS = {"p", "li", "td", "th", "tr", "dt", "dd", "pre", "h1", "h2", "h3", "option", "div", "label"}
+MARKED = {("span", "ui"), ("q", "message"), ("code", "option"), ("code", "file"), ("kbd", "")}
+EXTERNAL = {"https://www.7-zip.org/"}
+# Keys of lists, dialogs and the system, which no table names.
+COMMON_KEYS = set("Enter Esc Space Tab Home End ↑ ↓ ← → F1 F5 Alt+F4 Shift+Tab Ctrl+Tab Ctrl+Shift+Tab Ctrl+PgUp "
+                  "Ctrl+PgDn Ctrl+A Ctrl+C Ctrl+P F10".split())
+NO_PAGE = {"IDD_CLOSING"}  # shown while nothing can be asked
+
+
+def squeezed(text):
+    return re.sub(r"\s+", " ", text).strip()
+
+
+class Page(HTMLParser):
+    """One page: its parts as the generator and the checks need them."""
+
+    def __init__(self, path):
+        super().__init__(convert_charrefs=True)
+        self.path = path
+        self.source = path.read_text("utf-8")
+        self.main = ""
+        self.ids, self.links, self.pictures, self.headings, self.marked, self.faults = [], [], [], [], [], []
+        self.sections = []  # [anchor, heading, text]
+        self._open, self._marks, self._in_main = [], [], False
+        match = re.search(r"<main>\n(.*)</main>", self.source, re.S)
+        if match:
+            self.main = match[1]
+        else:
+            self.faults.append("no <main>")
+        self.feed("<main>\n" + self.main + "</main>")
+        self.faults += [f"<{tag}> is not closed" for tag in self._open]
+
+    @property
+    def name(self):
+        return self.path.stem
+
+    @property
+    def title(self):
+        return next((heading[2] for heading in self.headings if heading[0] == "h1"), "")
+
+    def handle_starttag(self, tag, attributes):
+        values = dict(attributes)
+        if "id" in values:
+            self.ids.append(values["id"])
+        if tag in ("a", "link") and "href" in values:
+            self.links.append(values["href"])
+        if tag == "img":
+            self.pictures.append((values.get("src", ""), values.get("alt", "")))
+        if tag in ("h1", "h2", "h3"):
+            self.headings.append([tag, values.get("id", ""), ""])
+        if tag in ("h1", "h2"):
+            self.sections.append([values.get("id", ""), "", ""])
+        if tag == "var" and self._marks:
+            self._marks[-1][2] += "\0"
+        kind = (tag, values.get("class", ""))
+        if kind in MARKED:
+            self._marks.append([tag, kind[1] or tag, ""])
+        if tag not in VOID:
+            self._open.append(tag)
+        if tag in BLOCKS or tag == "br":
+            self._add_text(" ")
+
+    def handle_endtag(self, tag):
+        if not self._open or self._open.pop() != tag:
+            self.faults.append(f"</{tag}> closes nothing")
+        if self._marks and self._marks[-1][0] == tag:
+            _, kind, text = self._marks.pop()
+            self.marked.append((kind, squeezed(text)))
+        if tag in BLOCKS:
+            self._add_text(" ")
+
+    def handle_data(self, data):
+        if self._marks and "var" not in self._open:
+            self._marks[-1][2] += data
+        if self._open and self._open[-1] in ("h1", "h2", "h3"):
+            self.headings[-1][2] += data
+        self._add_text(data)
+
+    def _add_text(self, text):
+        if not self.sections:
+            return
+        inside = self._open[-1] if self._open else ""
+        self.sections[-1][1 if inside in ("h1", "h2") else 2] += text
+
+    def of_kind(self, kind):
+        return [text for found, text in self.marked if found == kind]
+
+
+def load():
+    return {language: {name: Page(MANUAL / language / f"{name}.html") for name in PAGES} for language in LANGUAGES}
+
+
+def contents(language, pages, current):
+    lines = []
+    for group in PLAN["groups"]:
+        lines.append(f"<h2>{group[language]}</h2>\n<ul>")
+        for name in group["pages"]:
+            mark = ' aria-current="page"' if name == current else ""
+            lines.append(f'<li><a href="{name}.html"{mark}>{html.escape(pages[name].title)}</a></li>')
+        lines.append("</ul>")
+    return "\n".join(lines)
+
+
+def neighbours(language, pages, current):
+    at = PAGES.index(current)
+    words = PLAN["words"][language]
+    links = []
+    for step, word in ((-1, "previous"), (1, "next")):
+        if 0 <= at + step < len(PAGES):
+            name = PAGES[at + step]
+            links.append(f'<a href="{name}.html">{words[word]}{html.escape(pages[name].title)}</a>')
+    return "\n".join(links)
+
+
+def framed(language, pages, page):
+    words = PLAN["words"][language]
+    other = LANGUAGES[1 - LANGUAGES.index(language)]
+    title = words["manual"] if page.name == "index" else f"{page.title} - {words['manual']}"
+    extra = "".join(f'<script src="../{name}.js"></script>\n'
+                    for name in ("names", "name-table") if page.name == "names")
+    return f"""<!DOCTYPE html>
+<html lang="{language}">
+<head>
+<meta charset="utf-8">
+<meta name="viewport" content="width=device-width, initial-scale=1">
+<meta name="color-scheme" content="light dark">
+<title>{html.escape(title)}</title>
+<link rel="stylesheet" href="../style.css">
+</head>
+<body>
+<header>
+<a class="home" href="index.html">{words["manual"]}</a>
+<a class="to-contents" href="#contents">{words["contents"]}</a>
+<div id="search" data-label="{words["search"]}" data-none="{words["none"]}"></div>
+<a class="language" href="../{other}/{page.name}.html" lang="{other}" hreflang="{other}">{words["language"]}</a>
+</header>
+<div class="page">
+<main>
+{page.main}</main>
+<nav id="contents" aria-label="{words["contents"]}">
+{contents(language, pages, page.name)}
+</nav>
+<footer>
+{neighbours(language, pages, page.name)}
+</footer>
+</div>
+<script src="search.js"></script>
+<script src="../manual.js"></script>
+{extra}</body>
+</html>
+"""
+
+
+def index(pages):
+    entries = []
+    for page in pages.values():
+        for anchor, heading, text in page.sections:
+            heading = "" if heading == page.title else squeezed(heading)
+            entries.append({"page": f"{page.name}.html", "anchor": anchor, "title": page.title, "heading": heading,
+                            "text": squeezed(text)})
+    lines = ",\n".join(json.dumps(entry, ensure_ascii=False) for entry in entries)
+    return f"const manualIndex = [\n{lines}\n];\n"
+
+
+def outputs(manual):
+    for language, pages in manual.items():
+        for page in pages.values():
+            yield page.path, framed(language, pages, page)
+        yield MANUAL / language / "search.js", index(pages)
+
+
+def write(manual):
+    for path, text in outputs(manual):
+        if not path.exists() or path.read_text("utf-8") != text:
+            path.write_text(text, "utf-8")
+
+
+# --- what the program has --------------------------------------------------------------------------
+
+
+def quoted_texts(paths):
+    """Returns the string literals of resource files, with their line breaks, tabs and quotes."""
+    texts = set()
+    for path in paths:
+        source = re.sub(r"^\s*//.*$", "", path.read_text("utf-8"), flags=re.M)
+        for literal in re.findall(r'"((?:[^"\\\n]|\\.|"")*)"', source):
+            texts.add(literal.replace('""', '"').replace("\\n", "\n").replace("\\t", "\t").replace("\\\\", "\\"))
+    return texts
+
+
+def resource_files(language):
+    """Returns the files with the texts of a language."""
+    folder = TOP / "res" / language
+    if folder.exists():
+        return sorted(path for path in folder.iterdir() if path.suffix in (".rc", ".h"))
+    return sorted((TOP / "res").glob("*.rc")) if language == "ja" else []
+
+
+def label(text):
+    """Returns the text of a menu item, button or label without its key, access key, dots and colon."""
+    text = text.split("\t")[0]
+    text = re.sub(r"\(&.\)", "", text).replace("&", "")
+    return squeezed(re.sub(r"(\.\.\.|▼|:|：)+\s*$", "", text.strip()))
+
+
+def keys(texts):
+    return {text.split("\t")[1] for text in texts if "\t" in text}
+
+
+def message_pattern(text):
+    return squeezed(re.sub(r"%(s|\d)", "\0", text))
+
+
+def matches(message, known):
+    return message in known or (message.endswith("…") and any(text.startswith(message[:-1].rstrip()) for text in known))
+
+
+# --- checks ----------------------------------------------------------------------------------------
+
+
+def check_files(manual):
+    for language in LANGUAGES:
+        for path in (MANUAL / language).glob("*.html"):
+            if path.stem not in PAGES:
+                yield path, "is not in pages.json"
+    used = {(page.path.parent / source).resolve() for pages in manual.values() for page in pages.values()
+            for source, _ in page.pictures}
+    for path in (MANUAL / "pictures").rglob("*.png"):
+        if path.resolve() not in used:
+            yield path, "is on no page"
+
+
+def check_page(page, manual):
+    yield from ((page.path, fault) for fault in page.faults)
+    for anchor in {anchor for anchor in page.ids if page.ids.count(anchor) > 1}:
+        yield page.path, f"two elements have the id {anchor}"
+    for tag, anchor, text in page.headings:
+        if tag == "h2" and not anchor:
+            yield page.path, f"heading without id: {text}"
+    for source, alternative in page.pictures:
+        if not (page.path.parent / source).is_file():
+            yield page.path, f"no picture {source}"
+        if not alternative:
+            yield page.path, f"picture without text: {source}"
+    for link in page.links:
+        yield from check_link(page, link, manual)
+
+
+def check_link(page, link, manual):
+    if "://" in link:
+        if link not in EXTERNAL:
+            yield page.path, f"link to the outside: {link}"
+        return
+    name, _, anchor = link.partition("#")
+    target = manual[page.path.parent.name].get(Path(name).stem) if name else page
+    if not target or (name and name != target.path.name):
+        yield page.path, f"no page {link}"
+    elif anchor and anchor not in target.ids:
+        yield page.path, f"no place {link}"
+
+
+def check_names(page, texts):
+    """Compares what a page names with the texts of the program in its language."""
+    labels = {label(line) for text in texts for line in text.split("\n")}
+    messages = {message_pattern(text) for text in texts}
+    for text in page.of_kind("ui"):
+        if text not in labels:
+            yield page.path, f"the program has no text: {text}"
+    for text in page.of_kind("message"):
+        if not matches(text, messages):
+            yield page.path, "the program has no message: " + text.replace("\0", "%s")
+    for text in page.of_kind("kbd"):
+        if text not in keys(texts) and text not in COMMON_KEYS:
+            yield page.path, f"no command has the key: {text}"
+
+
+def check_program(page, options, sources):
+    for text in page.of_kind("option"):
+        if text not in options:
+            yield page.path, f"the runner has no option: {text}"
+    for text in page.of_kind("file"):
+        if text.removeprefix("Quillmoor") not in sources:
+            yield page.path, f"the program knows no file: {text}"
+
+
+def check_languages(first, second):
+    """Compares the two languages of a page."""
+    outline = [[heading[:2] for heading in page.headings] for page in (first, second)]
+    if outline[0] != outline[1]:
+        yield second.path, f"has other headings than {first.path.name} in the other language"
+    for kind in ("option", "file", "kbd"):
+        differing = set(first.of_kind(kind)) ^ set(second.of_kind(kind))
+        if differing:
+            yield second.path, f"names other things than the other language: {', '.join(sorted(differing))}"
+    for kind in ("ui", "message"):
+        counts = [len(page.of_kind(kind)) for page in (first, second)]
+        if counts[0] != counts[1]:
+            yield second.path, f"{counts[1]} texts of kind {kind}, the other language {counts[0]}"
+
+
+def check_complete(manual, options):
+    """Everything that must be explained is: options, tokens of names, remedies, dialogs."""
+    pages = manual["ja"]
+    for option in options - set(pages["schedule"].of_kind("option")):
+        yield pages["schedule"].path, f"does not explain {option}"
+    names = (TOP / "src/ui/models/name_preview.cpp").read_text("utf-8")
+    for token in re.findall(r'L"(<\w+>)"', names):
+        if html.escape(token) not in pages["names"].main:
+            yield pages["names"].path, f"does not explain {token}"
+    strings = next(path for path in resource_files("ja") if path.name == "strings.rc").read_text("utf-8")
+    told = set(pages["messages"].of_kind("message"))
+    for remedy in re.findall(r'IDS_REMEDY_(?!LINE)\w+\s+"(.*)"', strings):
+        if remedy.replace("\\\\", "\\").replace('""', '"') not in told:
+            yield pages["messages"].path, f"does not have the remedy: {remedy}"
+
+
+def check_dialogs(manual):
+    table = TOP / "src/ui/dialogs/manual_pages.cpp"
+    for path in (table, TOP / "src/app/manual_commands.cpp"):
+        for name in re.findall(r'L"([\w-]+)\.html"', path.read_text("utf-8")):
+            if name not in PAGES:
+                yield path, f"no page {name}.html"
+    listed = set(re.findall(r"\{(IDD_\w+),", table.read_text("utf-8"))) | NO_PAGE
+    for path in sorted((TOP / "res").rglob("*.rc")):
+        for name, style in re.findall(r"^(IDD_\w+) DIALOGEX.*\nSTYLE (.*)", path.read_text("utf-8"), re.M):
+            if "WS_CHILD" not in style and name not in listed:
+                yield table, f"no page for {name}"
+
+
+def check_examples():
+    """Compares the script of the page on names with the table of examples, which a test compares with the program."""
+    script = """
+      const { expandName, trimmedName } = require(process.argv[1]);
+      for (const each of JSON.parse(process.argv[2])) {
+        const name = trimmedName(expandName(each.pattern, each.id, each.time));
+        if (name !== each.name) console.log(each.pattern + ": " + name + " instead of " + each.name);
+      }"""
+    examples = (MANUAL / "name-examples.json").read_text("utf-8")
+    run = subprocess.run(["node", "-e", script, str(MANUAL / "names.js"), examples], capture_output=True, text=True)
+    for line in (run.stdout + run.stderr).splitlines():
+        yield MANUAL / "names.js", line
+
+
+def findings(manual):
+    runner = (TOP / "src/run/options.cpp").read_text("utf-8")
+    options = set(re.findall(r"--[a-z0-9][a-z0-9-]*", runner)) | {"-h"}
+    sources = "\n".join(path.read_text("utf-8") for folder in ("src", "res")
+                        for path in sorted((TOP / folder).rglob("*")) if path.suffix in (".cpp", ".h", ".rc"))
+    yield from check_files(manual)
+    for language, pages in manual.items():
+        texts = quoted_texts(resource_files(language))
+        for page in pages.values():
+            yield from check_page(page, manual)
+            yield from check_program(page, options, sources)
+            if texts:
+                yield from check_names(page, texts)
+    for name in PAGES:
+        yield from check_languages(manual["ja"][name], manual["en"][name])
+    yield from check_complete(manual, options - {"-h"})
+    yield from check_dialogs(manual)
+    yield from check_examples()
+    for path, text in outputs(manual):
+        if not path.exists() or path.read_text("utf-8") != text:
+            yield path, "is not up to date: run scripts/manual.py"
+
+
+def main():
+    manual = load()
+    if sys.argv[1:] != ["--check"]:
+        write(manual)
+        return 0
+    found = [f"{path.relative_to(TOP)}: {text}" for path, text in findings(manual)]
+    print("\n".join(found))
+    return 1 if found else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
