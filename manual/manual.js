@@ -14,14 +14,13 @@
     plainText: plain(section.text),
   }));
 
+  const pointsOf = (section, word) =>
+    section.plainHeading.includes(word) ? 10 : section.plainText.includes(word) ? 1 : 0;
+
+  // Sections with all words come first.
   const rank = (section, words) => {
-    let points = 0;
-    for (const word of words) {
-      if (section.plainHeading.includes(word)) points += 10;
-      else if (section.plainText.includes(word)) points += 1;
-      else return 0;
-    }
-    return points;
+    const points = words.map((word) => pointsOf(section, word));
+    return points.reduce((sum, each) => sum + each, points.every((each) => each > 0) ? 1000 : 0);
   };
 
   const find = (query) => {
@@ -29,8 +28,8 @@
     if (words.length === 0) return { words, found: [] };
     const found = sections
       .map((section) => ({ section, points: rank(section, words) }))
-      .filter((hit) => hit.points > 0)
       .sort((a, b) => b.points - a.points)
+      .filter((hit, at, hits) => hit.points > 0 && (hit.points >= 1000 || hits[0].points < 1000))
       .slice(0, 12)
       .map((hit) => hit.section);
     return { words, found };

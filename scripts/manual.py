@@ -214,11 +214,10 @@ def quoted_texts(paths):
 
 
 def resource_files(language):
-    """Returns the files with the texts of a language."""
-    folder = TOP / "res" / language
-    if folder.exists():
-        return sorted(path for path in folder.iterdir() if path.suffix in (".rc", ".h"))
-    return sorted((TOP / "res").glob("*.rc")) if language == "ja" else []
+    """Returns the files with the texts of a language, and those with the structure of windows."""
+    others = [TOP / "res" / other for other in LANGUAGES if other != language]
+    files = [*(TOP / "res").rglob("*.rc"), *(TOP / "res" / language).glob("*.h")]
+    return sorted(path for path in files if path.parent not in others)
 
 
 def label(text):
