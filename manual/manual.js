@@ -10,12 +10,14 @@
   const plain = (text) => text.normalize("NFKC").toLowerCase();
   const sections = manualIndex.map((section) => ({
     ...section,
-    plainHeading: plain(section.title + " " + section.heading),
+    plainTitle: plain(section.title),
+    plainHeading: plain(section.heading || section.title),
     plainText: plain(section.text),
   }));
 
   const pointsOf = (section, word) =>
-    section.plainHeading.includes(word) ? 10 : section.plainText.includes(word) ? 1 : 0;
+    (section.plainHeading.includes(word) ? 10 : 0) + (section.plainText.includes(word) ? 3 : 0) +
+    (section.plainTitle.includes(word) ? 1 : 0);
 
   // Sections with all words come first.
   const rank = (section, words) => {

@@ -472,6 +472,9 @@
 #define IDS_PLAN_FREE                994
 #define IDS_PLAN_SUMMARY             995
 
+// Manual.
+#define IDS_FIRST_BACKUP             1150
+
 // Text of the replace command; the id is also the command id.
 #define IDS_CMD_REPLACE              57641
 

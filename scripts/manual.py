@@ -180,7 +180,7 @@ def index(pages):
     entries = []
     for page in pages.values():
         for anchor, heading, text in page.sections:
-            heading = "" if heading == page.title else squeezed(heading)
+            heading = "" if squeezed(heading) == page.title else squeezed(heading)
             entries.append({"page": f"{page.name}.html", "anchor": anchor, "title": page.title, "heading": heading,
                             "text": squeezed(text)})
     lines = ",\n".join(json.dumps(entry, ensure_ascii=False) for entry in entries)
@@ -340,7 +340,7 @@ def check_complete(manual, options):
 
 def check_dialogs(manual):
     table = TOP / "src/ui/dialogs/manual_pages.cpp"
-    for path in (table, TOP / "src/app/manual_commands.cpp"):
+    for path in sorted((TOP / "src").rglob("*.cpp")):
         for name in re.findall(r'L"([\w-]+)\.html"', path.read_text("utf-8")):
             if name not in PAGES:
                 yield path, f"no page {name}.html"
