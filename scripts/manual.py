@@ -351,8 +351,8 @@ def check_dialogs(manual):
                 yield table, f"no page for {name}"
 
 
-def check_examples():
-    """Compares the script of the page on names with the table of examples, which a test compares with the program."""
+def check_examples(manual):
+    """Compares page and script on names with the file of examples, which a test compares with the program."""
     script = """
       const { expandName, trimmedName } = require(process.argv[1]);
       for (const each of JSON.parse(process.argv[2])) {
@@ -363,6 +363,12 @@ def check_examples():
     run = subprocess.run(["node", "-e", script, str(MANUAL / "names.js"), examples], capture_output=True, text=True)
     for line in (run.stdout + run.stderr).splitlines():
         yield MANUAL / "names.js", line
+    known = {tuple(each.values()) for each in json.loads(examples)}
+    for page in (pages["names"] for pages in manual.values()):
+        for row in re.findall(r'<tr class="example">(.*)</tr>', page.main):
+            pattern, task, time, name = (html.unescape(re.sub("<.*?>", "", cell)) for cell in row.split("</td>")[:4])
+            if (pattern, task, time.replace(" ", "T"), name) not in known:
+                yield page.path, f"example that is not tested: {name}"
 
 
 def findings(manual):
@@ -382,7 +388,7 @@ def findings(manual):
         yield from check_languages(manual["ja"][name], manual["en"][name])
     yield from check_complete(manual, options - {"-h"})
     yield from check_dialogs(manual)
-    yield from check_examples()
+    yield from check_examples(manual)
     for path, text in outputs(manual):
         if not path.exists() or path.read_text("utf-8") != text:
             yield path, "is not up to date: run scripts/manual.py"

@@ -204,7 +204,8 @@ void CListPane::UseDpi(UINT dpi) {
   bold.lfWeight = FW_BOLD;
   my::CFont titleFont(::CreateFontIndirectW(&bold));
   std::vector<HWND> controls = m_buttons;
-  controls.insert(controls.end(), {m_hint, m_hintButton, m_description, m_list.Hwnd()});
+  controls.insert(controls.end(), {m_hint, m_description, m_list.Hwnd()});
+  controls.insert(controls.end(), m_hintButtons.begin(), m_hintButtons.end());
   for (const HWND control : controls)
     ::SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), TRUE);
   ::SendMessageW(m_title, WM_SETFONT, reinterpret_cast<WPARAM>(titleFont.Get()), TRUE);
