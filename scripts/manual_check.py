@@ -17,7 +17,7 @@ from manual import LANGUAGES, MANUAL, PAGES, TOP, load, outputs, squeezed
 EXTERNAL = {"https://www.7-zip.org/"}
 # Keys of lists, dialogs and the system, which no table names.
 COMMON_KEYS = set("Enter Esc Space Tab Home End ↑ ↓ ← → F1 F5 Alt+F4 Shift+Tab Ctrl+Tab Ctrl+Shift+Tab Ctrl+PgUp "
-                  "Ctrl+PgDn Ctrl+A Ctrl+C Ctrl+P F10".split())
+                  "Ctrl+PgDn Ctrl+A Ctrl+C Ctrl+F Ctrl+P F10".split())
 NO_PAGE = {"IDD_CLOSING"}  # shown while nothing can be asked
 
 
