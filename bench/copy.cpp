@@ -12,6 +12,7 @@
 #include "engine/fresh_files.h"
 #include "engine/source_listing.h"
 #include "engine/targets.h"
+#include "engine/transfer_counters.h"
 #include "harness.h"
 #include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_file_system.h"
@@ -80,6 +81,40 @@ class CFreshFolders {
   int m_count = 0;
 };
 
+// Measures what following the progress costs: counting each file, and the progress routine for large files.
+void MeasureCounting(const COptions& options, const qlm::CTargets& targets, double copyMs) {
+  qlm::CTransferCounters counters(qlm::CountTargets(targets), 0);
+  const double countMs = TimeMs([&] {
+    for (size_t i = 0; i < targets.size(); ++i) {
+      counters.BeginFile(i, targets[i].Size());
+      counters.EndFile();
+    }
+  });
+  PrintFigure("counting, share of folder copy", countMs / copyMs, "", 0.01);
+
+  constexpr int kFiles = 4;
+  const std::string bytes((size_t{128} << 20) / static_cast<size_t>(options.divisor), 'x');
+  CFreshFolders folders(my::JoinPath(options.root, L"large"));
+  my::CWin32FileSystem disk;
+  my::IFileSystem& files = disk;
+  const std::wstring source = folders.Next();
+  files.CreateFolders(source);
+  const auto in = [](const std::wstring& folder, int i) { return my::JoinPath(folder, std::to_wstring(i)); };
+  for (int i = 0; i < kFiles; ++i) files.CreateNewFile(in(source, i))->Write(bytes);
+  const my::CCopyProgress count = [&counters](uint64_t copied) { counters.CountWithinFile(copied); };
+  const auto copy = [&](const my::CCopyProgress& progress) {
+    const std::wstring folder = folders.Next();
+    files.CreateFolders(folder);
+    const double ms = TimeMs([&] {
+      for (int i = 0; i < kFiles; ++i) files.Copy(in(source, i), in(folder, i), progress);
+    });
+    RemoveTree(folder);
+    return ms;
+  };
+  Compare({"large files", 0, [&] { return copy({}); }},
+          {{"large files with progress", 1.01, [&] { return copy(count); }}}, options.rounds);
+}
+
 }  // namespace
 
 void MeasureCopy(const COptions& options) {
@@ -98,7 +133,8 @@ void MeasureCopy(const COptions& options) {
   };
   const auto engine = [&](my::IFileSystem& files) {
     const std::wstring folder = folders.Next();
-    return TimeMs([&] { qlm::CopyToFolder({files, clock, nullptr}, tree, targets, folder); });
+    qlm::CTransferCounters counters(qlm::CountTargets(targets), 0);
+    return TimeMs([&] { qlm::CopyToFolder({files, clock, nullptr}, tree, targets, folder, counters); });
   };
   std::printf("copying %llu files of %d bytes\n", static_cast<unsigned long long>(FileCount(shape)),
               shape.bytes);
@@ -107,6 +143,7 @@ void MeasureCopy(const COptions& options) {
            {"folder copy", 0, [&] { return engine(flushed); }},
            {"bare loop with a look at sizes", 0, [&] { return bare(true); }}},
           options.rounds);
+  MeasureCounting(options, targets, engine(unflushed));
 }
 
 }  // namespace bench

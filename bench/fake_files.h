@@ -63,7 +63,7 @@ class CFakeFiles : public my::IFileSystem {
   void CreateFolders(const std::wstring&) override { Refuse(); }
   bool CreateNewFolder(const std::wstring&) override { Refuse(); }
   uint64_t FlushFile(const std::wstring&, my::FlushDepth) override { Refuse(); }
-  void Copy(const std::wstring&, const std::wstring&) override { Refuse(); }
+  void Copy(const std::wstring&, const std::wstring&, const my::CCopyProgress&) override { Refuse(); }
   void Move(const std::wstring&, const std::wstring&) override { Refuse(); }
   void MoveOver(const std::wstring&, const std::wstring&) override { Refuse(); }
   void RemoveFile(const std::wstring&) override { Refuse(); }

@@ -9,6 +9,7 @@
 #include "engine/archive_writer.h"
 #include "engine/source_listing.h"
 #include "engine/targets.h"
+#include "engine/transfer_counters.h"
 #include "harness.h"
 #include "platform/win32/handle.h"
 #include "platform/win32/win32_file_system.h"
@@ -70,8 +71,10 @@ void MeasureZip(const COptions& options) {
     return TimeMs(work);
   };
   const auto engine = [&] {
+    const qlm::CTargets targets = listed();
+    qlm::CTransferCounters counters(qlm::CountTargets(targets), 0);
     qlm::WriteArchive({{files, ports.clock, nullptr}, ports.process, ports.texts},
-                      {options.archiver, L"", tree, listed(), archive, qlm::DstType::ZIP});
+                      {options.archiver, L"", tree, targets, archive, qlm::DstType::ZIP, counters});
   };
   const auto bare = [&] { RunBarely(options.archiver, L"a -ssw " + archive + L" @" + list, tree); };
   const CMeasured measured = Measure(

@@ -71,8 +71,6 @@
 #define IDC_RESULT_OPEN              1141
 #define IDC_RESULT_TARGETS           1142
 #define IDC_RESULT_SAVE              1143
-#define IDC_RESULT_MESSAGE           1144
-#define IDC_RESULT_REMEDY            1145
 #define IDC_FILTER_OPEN              1150
 
 // Replace, password, settings and about: 240-259, controls 1200-1299.
@@ -159,5 +157,39 @@
 #define IDC_TEXT_GROUP               1412
 #define IDC_BRUSH_GROUP              1413
 #define IDC_IMAGE_GROUP              1414
+
+// Run panel: controls 1500-1519.
+#define IDC_RUN_PANEL                1500
+#define IDC_RUN_PANEL_ROW            1501
+#define IDC_RUN_PANEL_FILE           1502
+#define IDC_RUN_PANEL_RUN            1503
+#define IDC_RUN_PANEL_PROGRESS       1504
+#define IDC_RUN_PANEL_CLOSE          1505
+
+// History, and more controls of the results: 1550-1579.
+#define IDD_HISTORY                  1550
+#define IDM_HISTORY                  1551
+#define IDC_RESULT_SEARCH            1552
+#define IDC_RESULT_ERRORS            1553
+#define IDC_RESULT_SHOWN             1554
+#define IDC_RESULT_TOTALS            1555
+#define IDC_RESULT_DETAIL            1556
+#define IDC_HISTORY_BY_RUN           1557
+#define IDC_HISTORY_BY_TASK          1558
+#define IDC_HISTORY_THIS_DOCUMENT    1559
+#define IDC_HISTORY_PROBLEMS         1560
+#define IDC_HISTORY_RUNS             1561
+#define IDC_HISTORY_ROWS             1562
+#define IDC_HISTORY_TASKS            1563
+#define IDC_HISTORY_DETAIL           1564
+#define IDC_HISTORY_STATUS           1565
+#define IDC_HISTORY_OPEN             1566
+#define IDC_HISTORY_REFRESH          1567
+// Commands of the sort menu: none, then one per column (up to 1579).
+#define IDC_SORT_FIRST               1568
+#define IDC_SORT_LAST                1579
+
+// Links to the manual: 1590-1599.
+#define IDC_RESULT_EXPLAIN           1590
 
 #endif  // QUILLMOOR_CONTROL_IDS_H

@@ -14,6 +14,7 @@
 #define IDS_CMD_RUN_POWER_OFF        153
 #define IDS_CMD_POWER_OFF            154
 #define IDS_CMD_KEEP_POWER           157
+#define IDS_CMD_HISTORY              170
 
 // Run states; the id is also the code of the state.
 #define IDS_STATE_NOT_RUN            371
@@ -344,6 +345,38 @@
 #define IDS_ORIGIN_RB                872
 #define IDS_ORIGIN_RT                873
 
+// Progress of a run, and its verdict.
+#define IDS_METER_LISTING            1000
+#define IDS_METER_COPYING            1001
+#define IDS_METER_FLUSHING           1002
+#define IDS_METER_ARCHIVING          1003
+#define IDS_METER_FILES_OF           1004
+#define IDS_METER_FILES              1005
+#define IDS_METER_SPEED              1006
+#define IDS_METER_LEFT               1007
+#define IDS_METER_SECONDS            1008
+#define IDS_METER_MINUTES            1009
+#define IDS_METER_HOURS              1010
+#define IDS_METER_HOURS_MINUTES      1011
+#define IDS_METER_ELAPSED            1012
+#define IDS_METER_ARCHIVE_BYTES      1013
+#define IDS_METER_RUN                1014
+#define IDS_METER_RUN_ABOUT          1015
+#define IDS_METER_SOURCE             1016
+#define IDS_VERDICT_ENDED            1017
+#define IDS_VERDICT_STOPPED          1018
+#define IDS_VERDICT_UNLISTED         1019
+#define IDS_VERDICT_NOT_RUN          1020
+#define IDS_PANEL_NAME               1021
+#define IDS_PANEL_RESULTS            1022
+#define IDS_PANEL_CLOSE              1023
+#define IDS_TITLE_PERCENT            1024
+#define IDS_METER_BYTES_OF           1025
+
+// The longest usual texts of the run panel, which decide its height.
+#define IDS_PANEL_RUN_SAMPLE         1026
+#define IDS_PANEL_ROW_SAMPLE         1027
+
 // Texts of the other commands: the explanation and, if a toolbar has the command, its name in a second line.
 // The id is also the command id.
 #define IDS_CMD_DESIGN               151
@@ -471,6 +504,37 @@
 #define IDS_PLAN_CELL                993
 #define IDS_PLAN_FREE                994
 #define IDS_PLAN_SUMMARY             995
+
+// Results: columns, totals, search and the text about one row.
+#define IDS_COL_RESULT_FILES         1070
+#define IDS_COL_RESULT_BYTES         1071
+#define IDS_COL_RESULT_DURATION      1072
+#define IDS_COL_RESULT_SPEED         1073
+#define IDS_RESULT_TOTALS            1074
+#define IDS_RESULT_NO_TOTALS         1075
+#define IDS_SPEED                    1076
+#define IDS_SHOWN_ROWS               1077
+#define IDS_SORT_MENU                1078
+#define IDS_SORT_NONE                1079
+#define IDS_DETAIL_SOURCE            1080
+#define IDS_DETAIL_DESTINATION       1081
+#define IDS_DETAIL_COUNTS            1082
+#define IDS_DETAIL_TIME              1083
+#define IDS_DETAIL_UNLISTED          1084
+#define IDS_DETAIL_MORE              1085
+
+// History window.
+#define IDS_COL_HISTORY_START        1086
+#define IDS_COL_HISTORY_DOCUMENT     1087
+#define IDS_COL_HISTORY_PROGRAM      1088
+#define IDS_COL_HISTORY_UNLISTED     1089
+#define IDS_COL_HISTORY_OUTCOME      1090
+#define IDS_COL_LAST_SUCCESS         1091
+#define IDS_LAST_SUCCESS_NONE        1092
+#define IDS_LAST_SUCCESS_TIP         1093
+#define IDS_HISTORY_LOADING          1094
+#define IDS_HISTORY_SHOWN            1095
+#define IDS_HISTORY_RUN              1096
 
 // Manual.
 #define IDS_FIRST_BACKUP             1150

@@ -29,7 +29,8 @@ CApplication::CApplication(const CAppPorts& ports, CSettings& settings, CDocumen
       m_session(m_document, m_run),
       m_context{ports, m_messenger, m_settings, m_document, m_run, m_replace, m_session, window, dialogs},
       m_table(m_context, std::move(commandLine)),
-      m_edits(m_context) {
+      m_edits(m_context),
+      m_record(ports.threads) {
   m_document.AddListener([this](DocChangeEventFlags) { OnDocumentChanged(); });
 }
 
@@ -121,6 +122,7 @@ void CApplication::OnEndSession(bool ends) {
     return UpdateHold();
   }
   try {
+    m_record.Wait();
     if (m_replace.IsOpen()) m_context.dialogs.CancelReplace();
     m_table.quit->Store();
   } catch (...) {
@@ -150,9 +152,9 @@ void CApplication::OnStatus() {
 void CApplication::OnStateChanged() {
   if (m_run.State() == RunState::Running) {
     m_session.Withdraw();
-    m_historyFailure.clear();
+    m_record.ClearFailure();
   }
-  if (!m_run.IsActive()) m_context.window.StopTimer();
+  if (!m_run.IsActive() && !m_recordIsLate) m_context.window.StopTimer();
   if (!m_run.IsActive() && m_closing) m_context.window.PostClose();
   UpdateHold();
   m_context.window.ShowRunState();
@@ -160,10 +162,20 @@ void CApplication::OnStateChanged() {
 
 void CApplication::OnEnded() {
   const CAppPorts& ports = m_context.ports;
-  m_historyFailure = RecordRun(ports.engine, ports.folders, m_run, RunProgram::WINDOW, m_document.Path());
+  m_record.Write(RunRecord(ports.engine, ports.folders, m_run, RunProgram::WINDOW, m_document.Path()));
+  m_recordIsLate = m_record.IsWriting();
+}
+
+void CApplication::OnTimer() {
+  m_run.Tick();
+  if (m_run.IsActive() || !m_recordIsLate || m_record.IsWriting()) return;
+  m_recordIsLate = false;
+  m_context.window.StopTimer();
+  m_context.window.ShowRunState();  // with the failure, if there is one
 }
 
 void CApplication::OnPowerOff() {
+  m_record.Wait();
   RunCommand(m_context, *m_table.powerOff, true, false);
 }
 

@@ -10,6 +10,7 @@
 #include "app/edit_table.h"
 #include "app/messenger.h"
 #include "app/replace_tool.h"
+#include "app/run_record.h"
 #include "app/session_end.h"
 #include "document/document.h"
 #include "engine/backup_thread.h"
@@ -33,7 +34,7 @@ class CApplication : private IRunObserver {
   CReplaceTool& Replace() { return m_replace; }
 
   // Returns why the last run is missing in the history; empty if it is not.
-  const std::wstring& HistoryFailure() const { return m_historyFailure; }
+  const std::wstring& HistoryFailure() const { return m_record.Failure(); }
 
   // Must be called once, when the main window has been created.
   void Start();
@@ -51,7 +52,7 @@ class CApplication : private IRunObserver {
   // Shows an exception thrown outside of commands.
   void ShowFailure(const std::exception_ptr& failure) const;
 
-  void OnTimer() { m_run.Tick(); }
+  void OnTimer();
 
   // Handles closing the main window. Returns whether it may be destroyed now. If not, and IsClosing is true,
   // the run is being stopped, and IMainWindow::PostClose follows when it has ended.
@@ -91,7 +92,8 @@ class CApplication : private IRunObserver {
   CCommandTable m_table;
   CEditTable m_edits;
   uint32_t m_holdReason = 0;  // id of the reason currently shown by the system
-  std::wstring m_historyFailure;
+  CRunRecord m_record;
+  bool m_recordIsLate = false;  // it was still being written when the run ended
   bool m_closing = false;
 };
 

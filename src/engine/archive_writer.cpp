@@ -7,6 +7,7 @@
 #include "engine/auto_delete_file.h"
 #include "engine/targets.h"
 #include "engine/task_base.h"
+#include "engine/transfer_counters.h"
 #include "engine/zip_end_record.h"
 #include "platform/message_texts.h"
 #include "platform/process.h"
@@ -52,6 +53,16 @@ uint64_t WriteList(my::INewFile& file, const CArchivePorts& ports, const CTarget
   return count;
 }
 
+// Stores the size of the archive that the archiver is writing, under its own name because it is a new one.
+// Opens the file, because its folder reports the size of an open file late.
+void MeasureArchive(my::IFileSystem& files, const CArchiveJob& job) {
+  try {
+    job.counters.SetArchiveBytes(files.FileSize(job.archivePath));
+  } catch (const my::CException&) {
+    return;  // not created yet, or the destination is disconnected, which the archiver notices itself
+  }
+}
+
 void RunArchiver(const CArchivePorts& ports, const CArchiveJob& job, const std::wstring& listPath) {
   my::CProcessStart start;
   std::wstring options = ArchiverOptions(job.type, job.password);
@@ -66,6 +77,7 @@ void RunArchiver(const CArchivePorts& ports, const CArchiveJob& job, const std::
   // The paths in the list are relative to this folder. "D:" without a separator would be the current folder
   // of the drive.
   start.workingFolder = job.source.ends_with(L':') ? job.source + my::kSeparator : job.source;
+  start.whileWaiting = [&] { MeasureArchive(ports.transfer.files, job); };
   const uint32_t exitCode = ports.process.Run(start);
   if (exitCode != 0) throw my::CException(IDS_PROCESS_EXIT_CODE, {std::to_wstring(exitCode)});
 }
@@ -123,6 +135,7 @@ void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job) {
     RunArchiver(ports, job, list.path);
     CheckArchive(files, job.archivePath, count);
   });
+  job.counters.EndArchive();
   FlushFresh(ports.transfer, job.archivePath, my::FlushDepth::Device);
 }
 

@@ -16,6 +16,7 @@ class IProcess;
 namespace qlm {
 
 class CTargets;
+class CTransferCounters;
 
 struct CArchivePorts {
   CTransferPorts transfer;
@@ -30,6 +31,7 @@ struct CArchiveJob {
   const CTargets& targets;
   const std::wstring& archivePath;  // does not exist yet; its parent folder does
   DstType type;
+  CTransferCounters& counters;  // follows the size of the archive
 };
 
 // Archives every counted file of the list, verifies the archive instead of trusting the exit code, and

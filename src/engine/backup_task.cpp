@@ -9,7 +9,9 @@
 #include "engine/source_listing.h"
 #include "engine/task_filter.h"
 #include "engine/temporary_target.h"
+#include "engine/transfer_counters.h"
 #include "engine/transfer_plan.h"
+#include "platform/clock.h"
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
 #include "support/name_faults.h"
@@ -130,9 +132,11 @@ void CBackupTask::BackUpTo(const CDst& dst) {
   if (IsUpToDate(dst)) return SetPhase(Phase::Skipped);
   if (m_plan) return m_plan->Add({path, dst.type, m_archiverPath});
   // An incomplete backup must never have the final name: the next run would consider it finished.
+  const uint64_t start = m_ports.clock.TickCount();
   const CTemporaryTarget temporary = TakeTemporaryTarget(m_ports.files, path, dst.type);
   Transfer(dst, temporary.path);
   if (!TakeFinalName(dst, temporary.path)) return SetPhase(Phase::Skipped);
+  LastRow().transferMs = m_ports.clock.TickCount() - start;
   LastRow().phase = Phase::Created;
 }
 
@@ -147,13 +151,16 @@ bool CBackupTask::IsUpToDate(const CDst& dst) const {
 }
 
 void CBackupTask::Transfer(const CDst& dst, const std::wstring& temporaryPath) {
+  if (!m_counts) m_counts = CountTargets(*m_targets);
+  const auto counters = boost::make_shared<CTransferCounters>(*m_counts, m_ports.clock.TickCount());
+  LastRow().transfer = counters;
   if (!IsZip(dst.type)) {
     SetPhase(Phase::Copying);
-    return CopyToFolder(TransferPorts(), m_task->path, *m_targets, temporaryPath);
+    return CopyToFolder(TransferPorts(), m_task->path, *m_targets, temporaryPath, *counters);
   }
   SetPhase(Phase::Archiving);
   WriteArchive({TransferPorts(), m_ports.process, m_ports.texts},
-               {m_archiverPath, m_password, m_task->path, *m_targets, temporaryPath, dst.type});
+               {m_archiverPath, m_password, m_task->path, *m_targets, temporaryPath, dst.type, *counters});
 }
 
 // Returns false if another run has created the same backup in the meantime; this one is then deleted.

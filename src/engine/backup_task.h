@@ -93,7 +93,8 @@ class CBackupTask : public my::CTask<CBackupTask, CBackupTaskClient, my::CSimple
   boost::shared_ptr<const CFilter> m_filter = boost::make_shared<CFilter>();
   CTargetsPtr m_targets = boost::make_shared<CTargets>();
   my::CFileTime m_newest;
-  std::vector<CResult> m_rows;  // used by the worker only
+  std::optional<CTargetCounts> m_counts;  // of m_targets; computed for the first transfer
+  std::vector<CResult> m_rows;            // used by the worker only
 
   mutable my::CAutoCriticalSection m_publishedLock;
   CResults m_published;  // copies of m_rows for other threads

@@ -20,6 +20,8 @@ void CBackupThread::Add(const CBackupTaskPtr& job) {
 void CBackupThread::ResetResults() {
   m_shown.clear();
   m_rowCount = 0;
+  m_earlier = {};
+  m_meter = {};
 }
 
 void CBackupThread::Start(bool listOnly, bool powerOff) {
@@ -55,6 +57,7 @@ void CBackupThread::Tick() {
   if (!IsActive()) return;
   m_currentTick = m_clock.TickCount();
   Collect();
+  if (!m_listOnly) m_meter.Add(Sample());
   m_observer.OnStatus();
   if (!m_pool.IsBusy()) Finish();
 }
@@ -92,11 +95,20 @@ void CBackupThread::Collect() {
 
 void CBackupThread::Show(const CBackupTaskPtr& job) {
   // Jobs run one after another, so only the rows of the last one can change.
-  if (m_shown.empty() || m_shown.back().job != job) m_shown.push_back({job, m_rowCount, {}});
+  if (m_shown.empty() || m_shown.back().job != job) {
+    if (!m_shown.empty()) AddJob(m_earlier, m_shown.back().job->Task().dsts.size(), m_shown.back().rows);
+    m_shown.push_back({job, m_rowCount, {}});
+  }
   CShownJob& shown = m_shown.back();
   shown.rows = job->Results();
   m_rowCount = shown.firstRow + shown.rows.size();
   m_observer.OnResults(shown.firstRow, shown.rows);
+}
+
+CRunSample CBackupThread::Sample() const {
+  if (m_shown.empty()) return MakeSample(m_earlier, m_total, 0, {}, m_currentTick);
+  const CShownJob& last = m_shown.back();
+  return MakeSample(m_earlier, m_total, last.job->Task().dsts.size(), last.rows, m_currentTick);
 }
 
 void CBackupThread::SetState(RunState state) {
@@ -110,6 +122,7 @@ void CBackupThread::Finish() {
   m_pool.ClearRemoved();
   Collect();  // changes between the last tick and the end
   m_state = m_state == RunState::Stopping ? RunState::Stopped : RunState::Ended;
+  if (!m_listOnly) m_meter.End(Sample(), m_state == RunState::Stopped);
   m_observer.OnEnded();
   m_observer.OnStatus();
   m_observer.OnStateChanged();

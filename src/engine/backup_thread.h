@@ -7,6 +7,8 @@
 
 #include "engine/backup_task.h"
 #include "engine/multi_task_thread.h"
+#include "engine/run_meter.h"
+#include "engine/run_sample.h"
 #include "engine/run_state.h"
 
 namespace qlm {
@@ -73,6 +75,9 @@ class CBackupThread : private CBackupTaskClient {
   my::CFileTime StartTime() const { return m_startTime; }
   uint64_t ElapsedMs() const { return m_currentTick - m_startTick; }
 
+  // Returns what the run has done, as of the last tick; nothing for a run that only lists.
+  const CRunMeasure& Measure() const { return m_meter.Measure(); }
+
   // Returns the text of state, count and time; empty before the first run.
   std::wstring StatusText() const;
   CRunProgress Progress() const;
@@ -89,6 +94,7 @@ class CBackupThread : private CBackupTaskClient {
   void NoteChanged(const CBackupTaskPtr& job);
   void Collect();
   void Show(const CBackupTaskPtr& job);
+  CRunSample Sample() const;
   void SetState(RunState state);
   void Finish();
 
@@ -104,6 +110,8 @@ class CBackupThread : private CBackupTaskClient {
   size_t m_total = 0;
   size_t m_rowCount = 0;
   std::vector<CShownJob> m_shown;  // in the order in which they first reported
+  CRunTotals m_earlier;            // of all jobs in m_shown but the last
+  CRunMeter m_meter;
 
   my::CAutoCriticalSection m_changedLock;
   std::vector<CBackupTaskPtr> m_changed;

@@ -5,13 +5,14 @@
 namespace qlm {
 
 class CTargets;
+class CTransferCounters;
 struct CTransferPorts;
 
 // Copies every counted file of the list from the source into a new folder. Folders are created only as
 // parents of copied files. On return all copies are flushed to their device. Stops at the first failure and
 // leaves the files copied so far. Throws IDS_STOPPED, IDS_CREATE_FOLDER_FAILED, IDS_COPY_FILE_FAILED,
-// IDS_COPY_INCOMPLETE, IDS_WRITE_FILE_FAILED.
+// IDS_COPY_INCOMPLETE, IDS_WRITE_FILE_FAILED. `counters` follows the copied files.
 void CopyToFolder(const CTransferPorts& ports, const std::wstring& source, const CTargets& targets,
-                  const std::wstring& folder);
+                  const std::wstring& folder, CTransferCounters& counters);
 
 }  // namespace qlm

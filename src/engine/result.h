@@ -18,6 +18,8 @@ class IMessageTexts;
 
 namespace qlm {
 
+class CTransferCounters;
+
 // The phase of a row. The value is the id of its text.
 enum class Phase : uint32_t {
   Listing = IDS_PHASE_LISTING,
@@ -36,6 +38,10 @@ struct CResult {
   CTargetsPtr targets = boost::make_shared<CTargets>();  // shared by the rows of a job
   my::CFileTime newestWriteTime;                         // zero before the listing
   std::wstring destinationPath;  // the folder or archive to create; empty before the listing
+  uint64_t transferMs = 0;       // of a created backup: from the start of the transfer to its final name
+
+  // Counts of the transfer; null before it. Changes while the row is copied or archived.
+  boost::shared_ptr<const CTransferCounters> transfer;
 
   // Returns the destination of the row; null for a task without one.
   const CDst* Dst() const { return task->dsts.empty() ? nullptr : task->dsts.front().get(); }
@@ -45,7 +51,8 @@ struct CResult {
 using CResultPtr = boost::shared_ptr<const CResult>;
 using CResults = std::vector<CResultPtr>;
 
-// Returns the text of the phase, or of the error with its phase, in one line.
+// Returns the text of the phase, or of the error with its phase, as it is or in one line.
+std::wstring FullResultText(const my::IMessageTexts& texts, const CResult& result);
 std::wstring ResultText(const my::IMessageTexts& texts, const CResult& result);
 
 }  // namespace qlm

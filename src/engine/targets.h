@@ -68,6 +68,7 @@ class CTargets {
   const_iterator begin() const { return m_targets.begin(); }
   const_iterator end() const { return m_targets.end(); }
   size_t size() const { return m_targets.size(); }
+  const CTarget& operator[](size_t index) const { return m_targets[index]; }
 
   // Copies the path.
   const CTarget& Add(std::wstring_view relativePath, const my::CFindData& found, const CFilterItem* item);

@@ -1,5 +1,7 @@
 #include "history/run_recorder.h"
 
+#include <utility>
+
 #include "engine/backup_thread.h"
 #include "history/history_file.h"
 #include "platform/clock.h"
@@ -27,6 +29,7 @@ CHistoryRow MakeRow(const my::IMessageTexts& texts, const CResult& row, const CT
   made.excluded = counts.excluded;
   made.unlisted = row.targets->Unlisted().size();
   made.error = row.error.code;
+  made.detail = row.error.detail;
   if (row.error) made.message = ResultText(texts, row);
   return made;
 }
@@ -48,18 +51,21 @@ CHistoryRun MakeRun(const CEnginePorts& ports, const CBackupThread& run) {
 
 }  // namespace
 
-std::wstring RecordRun(const CEnginePorts& ports, const my::IKnownFolders& folders, const CBackupThread& run,
-                       RunProgram program, const std::wstring& document) {
+std::function<std::wstring()> RunRecord(const CEnginePorts& ports, const my::IKnownFolders& folders,
+                                        const CBackupThread& run, RunProgram program,
+                                        const std::wstring& document) {
   if (run.IsListOnly()) return {};
-  const my::CSimpleErr error = my::TrapError(ports.texts, [&] {
-    CHistoryRun record = MakeRun(ports, run);
-    record.program = program;
-    record.document = document;
-    AppendHistory(ports.files, ports.clock, HistoryPath(folders, ports.texts), record);
-  });
-  if (!error) return {};
-  const my::CMsgArg reason = error.message;
-  return my::OneLine(my::MakeText(ports.texts, IDS_HISTORY_NOT_WRITTEN, {&reason, 1}));
+  CHistoryRun record = MakeRun(ports, run);
+  record.program = program;
+  record.document = document;
+  return [ports, &folders, record = std::move(record)]() -> std::wstring {
+    const my::CSimpleErr error = my::TrapError(ports.texts, [&] {
+      AppendHistory(ports.files, ports.clock, HistoryPath(folders, ports.texts), record);
+    });
+    if (!error) return {};
+    const my::CMsgArg reason = error.message;
+    return my::OneLine(my::MakeText(ports.texts, IDS_HISTORY_NOT_WRITTEN, {&reason, 1}));
+  };
 }
 
 }  // namespace qlm

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "engine/backup_task.h"
@@ -13,9 +14,11 @@ namespace qlm {
 
 class CBackupThread;
 
-// Appends the ended run to the user's history, unless it only listed. `document` is the full path of what was
-// run. Returns the text to show if this failed, empty if not. Never throws: the result of the run stands.
-std::wstring RecordRun(const CEnginePorts& ports, const my::IKnownFolders& folders, const CBackupThread& run,
-                       RunProgram program, const std::wstring& document);
+// Returns the work that appends the ended run to the user's history; empty for a run that only listed. The
+// work may run on any thread, and needs only the ports. It returns the text to show if it failed, empty if
+// not, and never throws: the result of the run is not affected. `document` is the full path of what was run.
+std::function<std::wstring()> RunRecord(const CEnginePorts& ports, const my::IKnownFolders& folders,
+                                        const CBackupThread& run, RunProgram program,
+                                        const std::wstring& document);
 
 }  // namespace qlm

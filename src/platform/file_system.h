@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -43,6 +44,9 @@ class INewFile {
   virtual void Close() = 0;                        // throws IDS_WRITE_FILE_FAILED
 };
 
+// Receives the bytes of a file that have been copied so far, on the thread of the copy. Must not throw.
+using CCopyProgress = std::function<void(uint64_t)>;
+
 enum class PathKind { None, File, Folder };
 
 // The lifetime of a new file. UntilClosed: the file is hidden, cannot be opened by others, and is deleted by
@@ -79,9 +83,9 @@ class IFileSystem {
   // same name, exactly one gets true. Throws IDS_CREATE_FOLDER_FAILED.
   virtual bool CreateNewFolder(const std::wstring& path) = 0;
 
-  // Copies a file with its attributes and last-write time. Follows links, never overwrites. Throws
-  // IDS_COPY_FILE_FAILED.
-  virtual void Copy(const std::wstring& from, const std::wstring& to) = 0;
+  // Copies a file with its attributes and last-write time. Follows links, never overwrites. Calls `progress`
+  // from time to time. Throws IDS_COPY_FILE_FAILED.
+  virtual void Copy(const std::wstring& from, const std::wstring& to, const CCopyProgress& progress = {}) = 0;
 
   // Flushes the cached data of a file and returns its size in bytes. On file systems that cannot write a file
   // out without a device flush, WriteOut skips small files, which the system writes later. Throws

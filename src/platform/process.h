@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -35,6 +36,9 @@ struct CProcessStart {
   bool inheritHandles = false;  // whether the process inherits the caller's inheritable handles
   CHandleSecurity processSecurity;
   CHandleSecurity threadSecurity;  // of the first thread
+
+  // Called about once a second, on the calling thread, while the program is waited for. Must not throw.
+  std::function<void()> whileWaiting;
 };
 
 class IProcess {

@@ -88,8 +88,9 @@ class CRunSession : private IRunObserver {
   }
   void OnStateChanged() override {}
   void OnEnded() override {
-    const std::wstring failure =
-        RecordRun(m_ports.engine, m_ports.folders, m_controller, RunProgram::RUNNER, m_document);
+    const auto record =
+        RunRecord(m_ports.engine, m_ports.folders, m_controller, RunProgram::RUNNER, m_document);
+    const std::wstring failure = record ? record() : std::wstring();
     if (!failure.empty()) Warn(m_ports, failure);
   }
   void OnPowerOff() override {}

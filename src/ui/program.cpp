@@ -24,20 +24,25 @@
 namespace qlm {
 namespace {
 
-// Never destroyed, because a lookup on an unresponsive network may use it while the process ends.
-my::CWin32FileSystem& Files() {
-  static auto* const files = new my::CWin32FileSystem;
-  return *files;
+// The ports that threads for lookups, plans and advice use.
+struct CSharedPorts {
+  my::CWin32FileSystem files;
+  my::CWin32Clock clock;
+  my::CWin32AnsiCodec ansi;
+  my::CWin32MessageTexts texts;
+  my::CWin32Process process;
+};
+
+// Never destroyed, because an unresponsive network may block such a thread until the process ends.
+CSharedPorts& SharedPorts() {
+  static auto* const ports = new CSharedPorts;
+  return *ports;
 }
 
 // The Windows ports of the commands.
 struct CWin32Ports {
   my::CMsxmlDom dom;
-  my::CWin32FileSystem& files = Files();
-  my::CWin32Clock clock;
-  my::CWin32AnsiCodec ansi;
-  my::CWin32MessageTexts texts;
-  my::CWin32Process process;
+  CSharedPorts& shared = SharedPorts();
   my::CWin32Threads threads;
   my::CWin32KnownFolders folders;
   my::CWin32Power power;
@@ -46,18 +51,25 @@ struct CWin32Ports {
   CDocumentClipboard clipboard;
 
   CAppPorts Ports() {
-    return {{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell, clipboard};
+    return {{shared.files, shared.clock, shared.ansi, shared.texts, shared.process},
+            dom,
+            threads,
+            folders,
+            power,
+            hash,
+            shell,
+            clipboard};
   }
 };
 
 }  // namespace
 
-int RunProgram(const std::wstring& commandLine, int showCommand) {
+int RunDesktopProgram(const std::wstring& commandLine, int showCommand) {
   my::CAutoMessageLoop loop;
   const my::CGdiplus gdiplus;
   CWin32Ports ports;
   my::CMessageBox box;
-  CSettings settings(ports.clock.TickCount());
+  CSettings settings(ports.shared.clock.TickCount());
   CDocument document;
   CMainFrame frame(loop, showCommand);
   CApplication application(ports.Ports(), settings, document, box, frame, frame.Dialogs(), commandLine);

@@ -65,7 +65,7 @@ class CGuiApp : public CWin32Ports {
     document = std::make_unique<qlm::CDocument>();
     frame = std::make_unique<qlm::CMainFrame>(loop, SW_SHOW);
     const qlm::CAppPorts ports{
-        {scratch.real, clock, ansi, texts, process}, dom, *worker, folders, power, hash, shell, clipboard};
+        {*engineFiles, clock, ansi, texts, process}, dom, *worker, folders, power, hash, shell, clipboard};
     app = std::make_unique<qlm::CApplication>(ports, settings, *document, box, *frame, frame->Dialogs(),
                                               L"q.exe \"" + documentPath + L"\"");
     my::SetFailureHandler([this](std::exception_ptr failure) { app->ShowFailure(failure); });
@@ -143,6 +143,7 @@ class CGuiApp : public CWin32Ports {
 
   my::CComApartment com;
   CScratchFolder scratch;
+  my::IFileSystem* engineFiles = &scratch.real;  // used by the next start
   my::CMsxmlDom dom;
   my::CWin32Threads threads;
   my::IThreads* worker = &threads;  // used by the next start

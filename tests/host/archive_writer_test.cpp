@@ -4,6 +4,7 @@
 
 #include "engine/archiver_location.h"
 #include "engine/targets.h"
+#include "engine/transfer_counters.h"
 #include "engine/zip_end_record.h"
 #include "support/fake_archiver.h"
 #include "support/fake_ports.h"
@@ -34,7 +35,7 @@ class ArchiveWriter : public testing::Test {
   uint32_t Write(DstType type = DstType::ZIP) {
     const my::CSimpleErr error = my::TrapError(texts, [&] {
       qlm::WriteArchive({{files, clock, nullptr}, process, texts},
-                        {L"C:\\7 z.exe", L"p w", source, targets, archivePath, type});
+                        {L"C:\\7 z.exe", L"p w", source, targets, archivePath, type, counters});
     });
     text = error.message;
     return error.code;
@@ -48,6 +49,7 @@ class ArchiveWriter : public testing::Test {
   std::wstring archivePath = L"D:\\d x\\_tmp_a.zip";
   std::wstring text;
   qlm::CTargets targets;
+  qlm::CTransferCounters counters{{}, 0};
   std::wstring expectedList = L"C:\\temp\\qlm0.txt";
   std::string list;
   std::string archive = EndRecord(2);

@@ -266,6 +266,30 @@ TEST_F(Commands, power_off_follows_only_a_requested_run_without_errors) {
   EXPECT_EQ(a.State(), RunState::Ended);
 }
 
+TEST_F(Commands, late_record_blocks_no_window_but_comes_before_power_off_and_exit) {
+  const auto records = [this] {
+    const auto files = a.files.Files();
+    const auto found = files.find(L"C:\\Roaming\\Tenkowa\\Quillmoor\\QuillmoorHistory.jsonl");
+    return found == files.end() ? 0 : std::count(found->second.begin(), found->second.end(), '\n');
+  };
+  StartIn(RunState::NotRun);
+  a.threads.hang = true;  // another program writes the history
+  a.Do(ID_RUN);
+  a.EndRun();
+  EXPECT_TRUE(a.State() == RunState::Ended && records() == 0 && a.window.timer);
+  a.EndRun();
+  EXPECT_TRUE(records() == 1 && !a.window.timer);
+  a.power.calls.clear();
+  a.power.onSessionEnd = [&] { EXPECT_EQ(records(), 2); };
+  a.Do(ID_RUN_POWER_OFF);
+  a.EndRun();
+  EXPECT_FALSE(a.power.calls.empty());
+  a.Do(ID_RUN);
+  a.EndRun();
+  a.app.reset();
+  EXPECT_EQ(records(), 3);
+}
+
 TEST_F(Commands, power_off_passes_the_flags_of_the_settings) {
   StartIn(RunState::NotRun);
   CUISetting& ui = a.app->Settings().ui;

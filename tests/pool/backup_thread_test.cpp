@@ -39,11 +39,11 @@ class BackupThread : public testing::Test {
   }
 
   void AddJob(const std::wstring& id, std::vector<std::wstring> patterns,
-              const std::wstring& path = L"C:\\src") {
+              const std::wstring& path = L"C:\\src", qlm::DstType type = qlm::DstType::ZIP) {
     qlm::CTask task{id, path, L"", {}};
     for (auto& pattern : patterns) {
-      task.dsts.push_back(
-          boost::make_shared<qlm::CDst>(qlm::CDst{L"D:\\dst", qlm::DstType::ZIP, pattern + L".zip"}));
+      if (IsZip(type)) pattern += L".zip";
+      task.dsts.push_back(boost::make_shared<qlm::CDst>(qlm::CDst{L"D:\\dst", type, pattern}));
     }
     const qlm::CEnginePorts ports{files, clock, ansi, texts, process};
     controller.Add(boost::make_shared<qlm::CBackupTask>(ports, qlm::CBackupJob{task}));
@@ -108,6 +108,49 @@ TEST_F(BackupThread, rows_can_be_read_while_the_worker_writes_them) {
   controller.Start(false, false);
   TickToEnd();
   EXPECT_EQ(shown.rows.size(), 1000u);
+}
+
+TEST_F(BackupThread, counts_grow_to_what_is_on_the_disk) {
+  std::promise<void> entered;
+  std::promise<void> release;
+  const auto released = release.get_future().share();
+  process.OnRun([&](const my::CProcessStart& start) {
+    test::MakeArchive(files, start);
+    start.whileWaiting();
+    entered.set_value();
+    released.wait();
+    return 0u;
+  });
+  for (int i = 0; i < 50; ++i)
+    files.AddFile(L"C:\\src\\" + std::to_wstring(i), std::string(i == 9 ? 3u << 20 : 1000, 'x'), kTime);
+  AddJob(L"archive", {L"a"});
+  for (int job = 0; job < 5; ++job)
+    AddJob(std::to_wstring(job), {std::to_wstring(job), L"again"}, L"C:\\src", qlm::DstType::FOLDER);
+  controller.Start(false, false);
+  entered.get_future().wait();
+  clock.Sleep(2000);
+  controller.Tick();
+  const auto row = controller.Measure().row;
+  ASSERT_TRUE(row && row->phase == qlm::Phase::Archiving);
+  EXPECT_TRUE(row->archiveBytes > 0 && row->elapsedMs == 2000);
+  release.set_value();
+  qlm::CRunMeasure before;
+  while (controller.IsActive()) {
+    controller.WaitForJobs(0);
+    controller.Tick();
+    const qlm::CRunMeasure& now = controller.Measure();
+    ASSERT_TRUE(now.percent >= before.percent && now.done.files >= before.done.files &&
+                now.done.bytes >= before.done.bytes);
+    before = now;
+  }
+  EXPECT_EQ(before.percent, 100);
+  const auto onDisk = files.Files();
+  qlm::CWork copied;
+  for (const auto& [path, content] : onDisk) {
+    if (path.starts_with(L"D:\\dst\\") && !path.ends_with(L".zip")) copied += {1, content.size()};
+  }
+  copied += {51, (3u << 20) + 49 * 1000 + 1};  // in the archive
+  EXPECT_EQ(before.done, copied);
 }
 
 }  // namespace

@@ -185,7 +185,7 @@ class CMemoryFileSystem : public my::IFileSystem {
     return true;
   }
 
-  void Copy(const std::wstring& from, const std::wstring& to) override {
+  void Copy(const std::wstring& from, const std::wstring& to, const my::CCopyProgress& progress) override {
     CStep step = Begin(Op::COPY, L"copy", IDS_COPY_FILE_FAILED, {from, to});
     const CEntryPtr source = Open(from);
     step.RefuseIf(!source, my::kErrorFileNotFound);
@@ -197,6 +197,9 @@ class CMemoryFileSystem : public my::IFileSystem {
     copy->content = source->content.substr(0, m_shortenCopies ? whole / 2 : step.Done(whole));
     copy->time = source->time;
     copy->cache = Cache::SYSTEM;
+    for (const size_t copied : {whole / 2, copy->content.size()}) {
+      if (progress) progress(copied);
+    }
     step.End();
   }
 

@@ -47,6 +47,18 @@ TEST(Win32Process, program_gets_what_it_is_started_with) {
   EXPECT_EQ(my::CWin32Process().Run(start), my::IProcess::kStillActive);
 }
 
+TEST(Win32Process, archive_can_be_measured_while_the_program_is_waited_for) {
+  test::CScratchFolder scratch;
+  scratch.Write(L"wait.bat", ":again\r\nif not exist go.txt goto again\r\nexit 7\r\n");
+  my::CProcessStart start;
+  start.program = L"C:\\windows\\system32\\cmd.exe";
+  start.arguments = L"/c wait.bat";
+  start.workingFolder = scratch.At(L"");
+  start.creationFlags = my::CProcessStart::kNoWindow;
+  start.whileWaiting = [&scratch] { scratch.files.CreateNewFile(scratch.At(L"go.txt")); };
+  EXPECT_EQ(my::CWin32Process().Run(start), 7u);
+}
+
 // Returns the manifest of a program in the same folder.
 std::string Manifest(const wchar_t* program) {
   const std::wstring path = my::JoinPath(my::CWin32KnownFolders().ProgramFolder(), program);

@@ -9,6 +9,7 @@
 #include "control_ids.h"
 #include "document/document_edits.h"
 #include "gui/gui_app.h"
+#include "gui/inline_threads.h"
 #include "screenshots/shots.h"
 #include "ui/framework/gdiplus.h"
 #include "ui/look/tool_images.h"
@@ -39,14 +40,76 @@ void ShootMain() {
   ShootAtAllDpis(a.frame->Hwnd(), L"main_empty");
   CSampleApp b;
   b.Select(IDC_TASK_LIST, {0, 1});
+  Shoot(b.frame->Hwnd(), L"main_overdue");
   b.Do(ID_RUN_POWER_OFF);
   Shoot(b.frame->Hwnd(), L"main_running");
   test::PumpUntil([&b] { return !b.app->Run().IsActive(); });
   test::Pump();
-  ShootAtAllDpis(test::DialogWith(IDC_RESULT_LIST), L"results");
+  const HWND results = test::DialogWith(IDC_RESULT_LIST);
+  constexpr int kBySize = IDC_SORT_FIRST + 1 + CResultListModel::Bytes;
+  ::SendMessageW(results, WM_COMMAND, kBySize, 0);
+  ::SetDlgItemTextW(results, IDC_RESULT_SEARCH, L"バックアップ");
+  Shoot(results, L"results_sorted");
+  ::SetDlgItemTextW(results, IDC_RESULT_SEARCH, L"");
+  ::SendMessageW(results, WM_COMMAND, IDC_SORT_FIRST, 0);
+  test::FocusRow(::GetDlgItem(results, IDC_RESULT_LIST), 2);
+  ShootAtAllDpis(results, L"results");
   ::SendMessageW(test::DialogWith(IDC_RESULT_LIST), WM_CLOSE, 0, 0);
   ShootMenu(b.frame->Hwnd(), L'e', L"menu");
   ShootAtAllDpis(b.frame->Hwnd(), L"main_document");
+}
+
+// Copies slowly, and calls `copied` on the thread of the windows.
+struct CSlowFiles : my::CWin32FileSystem {
+  void Copy(const std::wstring& from, const std::wstring& to, const my::CCopyProgress& progress) override {
+    CWin32FileSystem::Copy(from, to, progress);
+    ::Sleep(150);
+    copied();
+  }
+
+  std::function<void()> copied;
+};
+
+// Takes pictures of the main window at all DPIs, and of a small one with usual and with the largest texts.
+void ShootFrame(HWND frame, const std::wstring& name) {
+  RECT bounds = test::Bounds(frame);
+  ShootAtAllDpis(frame, name);
+  ::SendMessageW(frame, WM_DPICHANGED, MAKEWPARAM(96, 96), reinterpret_cast<LPARAM>(&bounds));
+  test::CTextSize textSize;
+  for (const int percent : {100, 225}) {
+    textSize.Set(percent);
+    ::SendMessageW(frame, WM_SETTINGCHANGE, SPI_SETNONCLIENTMETRICS, 0);
+    test::Resize(frame, 560, 400);
+    Shoot(frame, name + L"_560_text_" + std::to_wstring(percent));
+  }
+  textSize.Set(100);
+  ::SendMessageW(frame, WM_SETTINGCHANGE, SPI_SETNONCLIENTMETRICS, 0);
+  ::MoveWindow(frame, bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top, TRUE);
+}
+
+// A run while it copies, and its verdict.
+void ShootRun() {
+  if (!Wanted(L"running")) return;
+  test::CInlineThreads worker;
+  CSlowFiles slow;
+  CSampleApp a;
+  a.worker = &worker;
+  a.engineFiles = &slow;
+  a.Restart();
+  const HWND frame = a.frame->Hwnd();
+  for (int i = 10; i < 70; ++i) a.WritePhoto(L"旅行\\IMG_20250" + std::to_wstring(i) + L".jpg");
+  int count = 0;
+  slow.copied = [&] {
+    a.app->OnTimer();
+    test::Pump();
+    if (++count == 50) ShootFrame(frame, L"running");
+  };
+  a.Do(ID_RUN);
+  worker.Work();
+  a.app->OnTimer();
+  test::Pump();
+  ::SendMessageW(test::DialogWith(IDC_RESULT_LIST), WM_CLOSE, 0, 0);
+  ShootFrame(frame, L"verdict");
 }
 
 void ShootReplace(CGuiApp& a) {
@@ -80,6 +143,21 @@ void ShootDialogs() {
   CDocument& document = a.app->Document();
   SetUse(document, {0}, 2, true);
   ShootModal(a, ID_RUN, L"password");
+}
+
+void ShootHistory() {
+  if (!Wanted(L"history")) return;
+  CSampleApp a;
+  a.Do(ID_HISTORY);
+  const HWND dialog = test::DialogWith(IDC_HISTORY_RUNS);
+  const HWND runs = ::GetDlgItem(dialog, IDC_HISTORY_RUNS);
+  const HWND rows = ::GetDlgItem(dialog, IDC_HISTORY_ROWS);
+  test::PumpUntil([runs] { return ListView_GetItemCount(runs) != 0; });
+  ::SetFocus(rows);
+  test::FocusRow(rows, 2);
+  ShootAtAllDpis(dialog, L"history");
+  test::Click(dialog, IDC_HISTORY_BY_TASK);
+  Shoot(dialog, L"history_tasks");
 }
 
 // Small and large windows, and the largest text size of the system.
@@ -118,6 +196,8 @@ int wmain(int argc, wchar_t** argv) {
   const my::CGdiplus gdiplus;
   AssumeMenusBlend(false);  // Wine ignores the transparency of menu bitmaps
   ShootMain();
+  ShootHistory();
+  ShootRun();
   ShootDialogs();
   ShootDesign();
   ShootSizes();

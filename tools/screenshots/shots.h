@@ -27,10 +27,14 @@ void ShootAtAllDpis(HWND window, const std::wstring& name);
 class CSampleApp : public test::CGuiApp {
  public:
   CSampleApp();
+  void Restart();  // with the same document
+  void WritePhoto(const std::wstring& name);
   void UseArchiver() { app->Settings().archive.sevenZipPath = L"D:\\7-Zip\\7z.exe"; }
 
  private:
   void FillDisk();
+  void FillHistory();  // two weeks, and makes the program read it
+  void OpenSample();
 };
 
 // Takes the pictures of the main view: brushes, images, high contrast, and the characters with their names.

@@ -99,6 +99,15 @@ void MovePath(const std::wstring& from, const std::wstring& to, DWORD flags) {
   throw CException(IDS_MOVE_FILE_FAILED, {LastError(), from, to});
 }
 
+// A progress routine of CopyFileEx.
+DWORD CALLBACK ReportCopied(LARGE_INTEGER, LARGE_INTEGER copied, LARGE_INTEGER, LARGE_INTEGER, DWORD stream,
+                            DWORD, HANDLE, HANDLE, void* progress) {
+  constexpr DWORD kContents = 1;  // later streams are alternate ones
+  if (stream == kContents)
+    (*static_cast<const CCopyProgress*>(progress))(static_cast<uint64_t>(copied.QuadPart));
+  return PROGRESS_CONTINUE;
+}
+
 bool MeansAbsent(DWORD error) {
   return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND || error == ERROR_INVALID_NAME;
 }
@@ -230,8 +239,13 @@ bool CWin32FileSystem::CreateNewFolder(const std::wstring& path) {
   throw CException(IDS_CREATE_FOLDER_FAILED, {CSystemError::FromWin32(error), path});
 }
 
-void CWin32FileSystem::Copy(const std::wstring& from, const std::wstring& to) {
-  if (::CopyFileW(from.c_str(), to.c_str(), TRUE)) return;
+void CWin32FileSystem::Copy(const std::wstring& from, const std::wstring& to, const CCopyProgress& progress) {
+  // CopyFile is this call without a progress routine.
+  void* const argument = const_cast<CCopyProgress*>(&progress);
+  if (::CopyFileExW(from.c_str(), to.c_str(), progress ? ReportCopied : nullptr, argument, nullptr,
+                    COPY_FILE_FAIL_IF_EXISTS)) {
+    return;
+  }
   throw CException(IDS_COPY_FILE_FAILED, {LastError(), from, to});
 }
 

@@ -12,7 +12,7 @@ class CWin32FileSystem : public IFileSystem {
   uint64_t FileSize(const std::wstring& path) override;
   void CreateFolders(const std::wstring& path) override;
   bool CreateNewFolder(const std::wstring& path) override;
-  void Copy(const std::wstring& from, const std::wstring& to) override;
+  void Copy(const std::wstring& from, const std::wstring& to, const CCopyProgress& progress) override;
   uint64_t FlushFile(const std::wstring& path, FlushDepth depth) override;
   void Move(const std::wstring& from, const std::wstring& to) override;
   void MoveOver(const std::wstring& from, const std::wstring& to) override;

@@ -82,6 +82,17 @@ PROCESS_INFORMATION Create(const CProcessStart& start, std::wstring& commandLine
   throw CException(IDS_CREATE_PROCESS_FAILED, {LastError(), start.program});
 }
 
+// Waits for the end of the process. Returns whether that succeeded.
+bool WaitForEnd(HANDLE process, const std::function<void()>& whileWaiting) {
+  constexpr DWORD kPeriodMs = 1000;
+  while (whileWaiting) {
+    const DWORD waited = ::WaitForSingleObject(process, kPeriodMs);
+    if (waited != WAIT_TIMEOUT) return waited == WAIT_OBJECT_0;
+    whileWaiting();
+  }
+  return ::WaitForSingleObject(process, INFINITE) == WAIT_OBJECT_0;
+}
+
 }  // namespace
 
 uint32_t CWin32Process::Run(const CProcessStart& start) {
@@ -98,8 +109,7 @@ uint32_t CWin32Process::Run(const CProcessStart& start) {
   Resume(process.Get(), thread.Get(), start.program);
   if (!start.wait) return kStillActive;
   DWORD exitCode = 0;
-  if (::WaitForSingleObject(process.Get(), INFINITE) != WAIT_OBJECT_0 ||
-      !::GetExitCodeProcess(process.Get(), &exitCode)) {
+  if (!WaitForEnd(process.Get(), start.whileWaiting) || !::GetExitCodeProcess(process.Get(), &exitCode)) {
     throw CException(IDS_EXIT_CODE_FAILED, {LastError()});
   }
   return exitCode;

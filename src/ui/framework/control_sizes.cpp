@@ -54,6 +54,18 @@ int ColumnsWidth(HWND list) {
   return width;
 }
 
+// Returns the width at which a list shows its columns beside a scroll bar. The last column fills a list that
+// is wide enough; such a list needs no more than it has.
+int WidthForColumns(HWND list, int scrollBar) {
+  RECT client{};
+  RECT bounds{};
+  ::GetClientRect(list, &client);
+  ::GetWindowRect(list, &bounds);
+  const int columns = ColumnsWidth(list);
+  const int wanted = columns + scrollBar;
+  return columns > client.right ? wanted : std::min<int>(wanted, bounds.right - bounds.left);
+}
+
 HFONT FontOf(HWND control) {
   return reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0));
 }
@@ -183,7 +195,7 @@ int CControlSizes::ContentWidth(const CControl& control) const {
                       LongestItem(control.window) + SystemMetric(SM_CXVSCROLL, m_dpi) + FieldFrame());
     case Kind::List:
       return std::max(Chars(kUsualListWidth),
-                      ColumnsWidth(control.window) + SystemMetric(SM_CXVSCROLL, m_dpi) + Px(kLinePadding));
+                      WidthForColumns(control.window, SystemMetric(SM_CXVSCROLL, m_dpi) + Px(kLinePadding)));
     case Kind::Progress: return Chars(kUsualText);
     default: return TextSize(control, 0).cx + Px(kLinePadding);
   }

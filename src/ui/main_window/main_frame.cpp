@@ -7,19 +7,20 @@
 #include "command_ids.h"
 #include "control_ids.h"
 #include "platform/message_texts.h"
-#include "support/paths.h"
 #include "text_ids.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/dropped_files.h"
 #include "ui/framework/window_placement.h"
 #include "ui/main_window/main_menu.h"
+#include "ui/models/main_title.h"
 
 namespace qlm {
 namespace {
 
 constexpr UINT_PTR kRunTimer = 1;
-constexpr UINT kRunEnded = WM_APP + 1;   // posted, so that no dialog opens within a tick
-constexpr UINT kFocusLost = WM_APP + 2;  // posted, because a button may be enabled again at once
+constexpr UINT kRunEnded = WM_APP + 1;        // posted, so that no dialog opens within a tick
+constexpr UINT kFocusLost = WM_APP + 2;       // posted, because a button may be enabled again at once
+constexpr UINT kHistoryLoaded = WM_APP + 20;  // posted by the thread that reads the history
 
 // Pixels at 96 DPI.
 constexpr SIZE kSmallest{560, 400};
@@ -39,7 +40,9 @@ const my::IMessageTexts& TextsOf(CApplication& app) {
 CMainFrame::CParts::CParts(CApplication& application, CDialogs& dialogs, HACCEL keys)
     : view(application.Document(), application.Settings().ui, TextsOf(application)),
       toolBar(TextsOf(application)),
-      run(application, view, toolBar, statusBar, dialogs),
+      panel(TextsOf(application), application.Settings().ui),
+      run(application, view, toolBar, statusBar, panel, dialogs),
+      history(application, view, dialogs),
       help(application, view, keys) {}
 
 CMainFrame::CMainFrame(my::CAutoMessageLoop& loop, int showCommand)
@@ -78,12 +81,15 @@ void CMainFrame::OnCreate() {
   my::PlaceWindow(Hwnd(), my::DefaultBounds(Hwnd(), {width, height}));
   m_app->Document().AddListener([this](DocChangeEventFlags what) { OnDocumentChanged(what); });
   m_app->Start();
+  m_parts->history.Begin(Hwnd(), kHistoryLoaded);
 }
 
 void CMainFrame::CreateParts() {
   m_parts = std::make_unique<CParts>(*m_app, m_dialogs, m_keys.Get());
   m_parts->toolBar.CreateIn(Hwnd());
   m_parts->view.CreateIn(Hwnd());
+  m_parts->panel.CreateIn(Hwnd());
+  m_parts->panel.onShown = [this] { Arrange(); };
   m_parts->statusBar.CreateIn(Hwnd());
   for (const auto& [list, kind] :
        {std::pair(&m_taskList, ListKind::Tasks), std::pair(&m_dstList, ListKind::Dsts)}) {
@@ -125,7 +131,10 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CREATE: OnCreate(); return 0;
     case WM_SIZE: Arrange(); return 0;
     case WM_ACTIVATE:
-      if (LOWORD(wParam) == WA_INACTIVE) RememberFocus(::GetFocus());
+      if (LOWORD(wParam) == WA_INACTIVE)
+        RememberFocus(::GetFocus());
+      else if (m_parts)
+        m_parts->run.RemoveNotice();
       break;
     case WM_SETFOCUS: RestoreFocus(); return 0;
     case WM_COMMAND: OnCommand(LOWORD(wParam)); return 0;
@@ -145,7 +154,9 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_TIMER:
       if (wParam == kRunTimer) m_app->OnTimer();
       return 0;
-    case kRunEnded: m_parts->run.OpenOutcome(); return 0;
+    case kRunEnded: m_parts->run.OpenOutcome(Hwnd()); return 0;
+    case CRunPresenter::kNoticeMessage: m_parts->run.OnNotice(Hwnd(), lParam); return 0;
+    case kHistoryLoaded: m_parts->history.OnLoaded(); return 0;
     case kFocusLost: OnFocusLost(); return 0;
     case WM_CLOSE: OnClose(); return 0;
     case WM_SYSCOLORCHANGE:
@@ -153,7 +164,10 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_THEMECHANGED: OnSystemChanged(); return CWindow::OnMessage(message, wParam, lParam);
     case WM_QUERYENDSESSION: return m_app->OnQueryEndSession();
     case WM_ENDSESSION: m_app->OnEndSession(wParam != 0); return 0;
-    case WM_DESTROY: ::PostQuitMessage(0); return 0;
+    case WM_DESTROY:
+      if (m_parts) m_parts->run.RemoveNotice();
+      ::PostQuitMessage(0);
+      return 0;
     default: break;
   }
   return CWindow::OnMessage(message, wParam, lParam);
@@ -232,6 +246,7 @@ void CMainFrame::OnDrop(HDROP drop) {
 void CMainFrame::OnDocumentChanged(DocChangeEventFlags what) {
   m_parts->view.OnDocumentChanged(what);
   if (what != DocChangeEventFlags::CHNAGE_PATH) m_parts->run.ShowCounts();
+  if (Has(what, DocChangeEventFlags::RESET)) m_parts->run.OnNewDocument();
   UpdateTitle();
   UpdateCommands();
 }
@@ -287,12 +302,13 @@ void CMainFrame::StoreSettings(CSettings& settings) {
 }
 
 void CMainFrame::UpdateTitle() {
-  const CDocument& document = m_app->Document();
-  const my::IMessageTexts& texts = TextsOf(*m_app);
-  std::wstring title(my::LastComponent(document.Path()));
-  if (title.empty()) title = texts.Text(IDS_UNTITLED);
-  if (document.IsModified()) title += L"*";
-  ::SetWindowTextW(Hwnd(), title.append(L" - ").append(texts.Text(IDS_DISPLAY_NAME)).c_str());
+  m_titlePercent = m_parts->run.Percent();
+  ::SetWindowTextW(Hwnd(), MainTitle(TextsOf(*m_app), m_app->Document(), m_titlePercent).c_str());
+}
+
+void CMainFrame::ShowRunStatus() {
+  m_parts->run.ShowStatus(Hwnd());
+  if (m_parts->run.Percent() != m_titlePercent) UpdateTitle();
 }
 
 void CMainFrame::StartTimer(uint32_t periodMs) {
@@ -305,7 +321,9 @@ void CMainFrame::StopTimer() {
 
 void CMainFrame::ShowRunState() {
   const bool ended = m_parts->run.ShowState(Hwnd());
+  UpdateTitle();
   if (ended) ::PostMessageW(Hwnd(), kRunEnded, 0, 0);
+  if (!m_app->Run().IsActive()) m_parts->history.Load();
   UpdateCommands();
 }
 
@@ -341,8 +359,11 @@ void CMainFrame::Arrange() {
   m_parts->statusBar.Resize(m_dpi);
   const SIZE client = ClientSize();
   const int top = m_parts->toolBar.Height();
-  const int height = std::max<int>(0, client.cy - top - m_parts->statusBar.Height());
+  const int room = std::max<int>(0, client.cy - top - m_parts->statusBar.Height());
+  const int panel = m_parts->panel.HeightFor(client.cx, room * 3 / 5);
+  const int height = std::max(0, room - panel);
   ::MoveWindow(m_parts->view.Hwnd(), 0, top, client.cx, height, TRUE);
+  ::MoveWindow(m_parts->panel.Hwnd(), 0, top + height, client.cx, panel, TRUE);
 }
 
 ListKind CMainFrame::CurrentList() {

@@ -6,6 +6,7 @@
 #include <shellapi.h>
 
 #include <memory>
+#include <optional>
 
 #include "app/windows.h"
 #include "ui/dialogs/dialogs.h"
@@ -18,7 +19,9 @@
 #include "ui/look/tool_images.h"
 #include "ui/main_window/command_help.h"
 #include "ui/main_window/frame_list.h"
+#include "ui/main_window/history_presenter.h"
 #include "ui/main_window/main_view.h"
+#include "ui/main_window/run_panel.h"
 #include "ui/main_window/run_presenter.h"
 #include "ui/main_window/status_bar.h"
 #include "ui/main_window/tool_bar.h"
@@ -49,7 +52,9 @@ class CMainFrame : public my::CWindow, public IMainWindow {
     CMainView view;
     CToolBar toolBar;
     CStatusBar statusBar;
+    CRunPanel panel;
     CRunPresenter run;
+    CHistoryPresenter history;
     CCommandHelp help;
   };
 
@@ -71,9 +76,10 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void ShowResults(size_t firstRow, const CResults& rows) override {
     m_parts->run.ShowResults(firstRow, rows);
   }
-  void ShowRunStatus() override { m_parts->run.ShowStatus(Hwnd()); }
+  void ShowRunStatus() override;
   void ShowRunState() override;
   void OpenResults() override { m_parts->run.OpenResults(); }
+  void OpenHistory() override { m_parts->history.Open(); }
 
   void OnCreate();
   void CreateParts();
@@ -110,6 +116,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   CToolImages m_images;
   my::CWindowIcons m_icons;
   UINT m_dpi = 0;
+  std::optional<int> m_titlePercent;  // as shown
   my::CFocusMemory m_focus;
   my::CFullScreen m_fullScreen;
 };

@@ -13,8 +13,6 @@
 namespace qlm {
 namespace {
 
-constexpr WPARAM kBarStates[] = {PBST_NORMAL, PBST_PAUSED, PBST_ERROR};  // indexed by RunHealth
-
 constexpr int kRunPart = 0;
 constexpr int kProgressPart = 1;
 constexpr int kCountsPart = 2;
@@ -28,6 +26,11 @@ constexpr int kButtonPadding = 10;
 constexpr int kRoomForButton = 400;  // with the text of the run
 
 }  // namespace
+
+WPARAM BarStateOf(RunHealth health) {
+  if (health == RunHealth::Failed) return PBST_ERROR;
+  return health == RunHealth::Incomplete ? PBST_PAUSED : PBST_NORMAL;
+}
 
 void CStatusBar::CreateIn(HWND parent) {
   m_bar = ::CreateWindowExW(0, STATUSCLASSNAMEW, nullptr,
@@ -48,7 +51,7 @@ void CStatusBar::ShowRun(const std::wstring& text, const CRunProgress& progress,
   ShowText(text);
   ::ShowWindow(m_progress, text.empty() ? SW_HIDE : SW_SHOWNA);
   ::SendMessageW(m_progress, PBM_SETRANGE32, 0, static_cast<LPARAM>(progress.range));
-  ::SendMessageW(m_progress, PBM_SETSTATE, kBarStates[static_cast<size_t>(health)], 0);
+  ::SendMessageW(m_progress, PBM_SETSTATE, BarStateOf(health), 0);
   ::SendMessageW(m_progress, PBM_SETPOS, progress.position, 0);
 }
 

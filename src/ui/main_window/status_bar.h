@@ -11,6 +11,8 @@ namespace qlm {
 // The state of the last run. Incomplete: no errors, but folders could not be listed.
 enum class RunHealth { Good, Incomplete, Failed };
 
+WPARAM BarStateOf(RunHealth health);  // of a progress bar
+
 class CStatusBar {
  public:
   void CreateIn(HWND parent);
