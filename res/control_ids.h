@@ -204,4 +204,7 @@
 #define IDC_SORT_FIRST               1568
 #define IDC_SORT_LAST                1579
 
+// Links to the manual: 1590-1599.
+#define IDC_RESULT_EXPLAIN           1590
+
 #endif  // QUILLMOOR_CONTROL_IDS_H

@@ -572,6 +572,9 @@
 #define IDS_HISTORY_SHOWN            1095
 #define IDS_HISTORY_RUN              1096
 
+// Manual.
+#define IDS_FIRST_BACKUP             1150
+
 // Text of the replace command; the id is also the command id.
 #define IDS_CMD_REPLACE              57641
 

@@ -6,6 +6,7 @@
 
 #include "app/document_commands.h"
 #include "app/explorer_commands.h"
+#include "app/manual_commands.h"
 #include "app/plan_commands.h"
 #include "app/power_off.h"
 #include "app/run_commands.h"
@@ -43,6 +44,7 @@ struct CCommandTable {
   boost::shared_ptr<CCommandExplorerSrc> explorerSrc;
   boost::shared_ptr<CCommandExplorerDst> explorerDst;
   boost::shared_ptr<CCommandOpenUrl> openUrl;
+  boost::shared_ptr<CCommandManual> firstBackup;
 };
 
 }  // namespace qlm

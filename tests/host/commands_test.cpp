@@ -459,7 +459,7 @@ TEST_F(Commands, file_manager_shows_the_focused_item_or_its_nearest_folder) {
   EXPECT_EQ(a.shell.calls,
             (std::vector<std::wstring>{L"Run EXPLORER.EXE /n,/select,\"C:\\src\"", L"Open D:\\b",
                                        L"Open https://example.com/quillmoor",
-                                       L"Open " + a.folders.ProgramFolder() + L"\\manual\\index.html"}));
+                                       L"Open " + a.folders.ProgramFolder() + L"\\manual\\ja\\index.html"}));
   a.shell.calls.clear();
   a.files.Remove(L"D:\\b");
   a.Do(ID_EXPLORER_DST);

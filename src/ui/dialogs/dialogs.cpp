@@ -1,11 +1,13 @@
 #include "ui/dialogs/dialogs.h"
 
+#include "app/manual_commands.h"
 #include "app/replace_tool.h"
 #include "ui/dialogs/about_dialog.h"
 #include "ui/dialogs/closing_dialog.h"
 #include "ui/dialogs/dst_dialog.h"
 #include "ui/dialogs/filter_dialog.h"
 #include "ui/dialogs/history_dialog.h"
+#include "ui/dialogs/manual_pages.h"
 #include "ui/dialogs/password_dialog.h"
 #include "ui/dialogs/plan_dialog.h"
 #include "ui/dialogs/replace_dialog.h"
@@ -15,6 +17,7 @@
 #include "ui/dialogs/task_dialog.h"
 #include "ui/framework/disabled_windows.h"
 #include "ui/framework/file_dialogs.h"
+#include "ui/framework/help.h"
 
 namespace qlm {
 namespace {
@@ -48,13 +51,20 @@ my::CFileDialogParams ParamsOf(const CFileQuestion& question) {
 
 CDialogs::CDialogs(my::CAutoMessageLoop& loop) : m_loop(loop) {}
 
-CDialogs::~CDialogs() = default;
+CDialogs::~CDialogs() {
+  my::SetHelpHandler({});
+}
 
 void CDialogs::SetOwner(HWND owner, CAppContext& context) {
   m_owner = owner;
   m_context = &context;
   context.document.AddListener([this](DocChangeEventFlags what) {
     if (m_plan) m_plan->OnDocumentChanged(what);
+  });
+  my::SetHelpHandler([&context](UINT templateId) {
+    const auto page = ManualPage(templateId);
+    if (page) CCommandManual(context, *page).Execute(true);
+    return page.has_value();
   });
 }
 
