@@ -13,6 +13,8 @@
 #define ID_KEEP_POWER                157
 #define ID_EXPLORER_SRC              158
 #define ID_EXPLORER_DST              159
+#define ID_HISTORY                   170
+#define ID_SCHEDULES                 180
 #define ID_NEW                       57600
 #define ID_OPEN                      57601
 #define ID_SAVE                      57603

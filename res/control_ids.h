@@ -71,8 +71,6 @@
 #define IDC_RESULT_OPEN              1141
 #define IDC_RESULT_TARGETS           1142
 #define IDC_RESULT_SAVE              1143
-#define IDC_RESULT_MESSAGE           1144
-#define IDC_RESULT_REMEDY            1145
 #define IDC_FILTER_OPEN              1150
 
 // Replace, password, settings and about: 240-259, controls 1200-1299.
@@ -159,5 +157,53 @@
 #define IDC_TEXT_GROUP               1412
 #define IDC_BRUSH_GROUP              1413
 #define IDC_IMAGE_GROUP              1414
+
+// History, and more controls of the results: 1550-1579.
+#define IDD_HISTORY                  1550
+#define IDM_HISTORY                  1551
+#define IDC_RESULT_SEARCH            1552
+#define IDC_RESULT_ERRORS            1553
+#define IDC_RESULT_SHOWN             1554
+#define IDC_RESULT_TOTALS            1555
+#define IDC_RESULT_DETAIL            1556
+#define IDC_HISTORY_BY_RUN           1557
+#define IDC_HISTORY_BY_TASK          1558
+#define IDC_HISTORY_THIS_DOCUMENT    1559
+#define IDC_HISTORY_PROBLEMS         1560
+#define IDC_HISTORY_RUNS             1561
+#define IDC_HISTORY_ROWS             1562
+#define IDC_HISTORY_TASKS            1563
+#define IDC_HISTORY_DETAIL           1564
+#define IDC_HISTORY_STATUS           1565
+#define IDC_HISTORY_OPEN             1566
+#define IDC_HISTORY_REFRESH          1567
+// Commands of the sort menu: none, then one per column (up to 1579).
+#define IDC_SORT_FIRST               1568
+#define IDC_SORT_LAST                1579
+
+// Schedules.
+#define IDD_SCHEDULES                1590
+#define IDD_SCHEDULE_EDIT            1591
+#define IDM_SCHEDULES                1592
+#define IDC_SCHEDULE_ALL             1593
+#define IDC_SCHEDULE_LIST            1594
+#define IDC_SCHEDULE_NOTE            1595
+#define IDC_SCHEDULE_ADD             1596
+#define IDC_SCHEDULE_EDIT            1597
+#define IDC_SCHEDULE_REMOVE          1598
+#define IDC_SCHEDULE_MEND            1599
+#define IDC_SCHEDULE_KIND            1600
+#define IDC_SCHEDULE_DATE            1601
+#define IDC_SCHEDULE_TIME            1602
+#define IDC_SCHEDULE_SUNDAY          1603
+#define IDC_SCHEDULE_MONDAY          1604
+#define IDC_SCHEDULE_TUESDAY         1605
+#define IDC_SCHEDULE_WEDNESDAY       1606
+#define IDC_SCHEDULE_THURSDAY        1607
+#define IDC_SCHEDULE_FRIDAY          1608
+#define IDC_SCHEDULE_SATURDAY        1609
+#define IDC_SCHEDULE_MISSED          1610
+#define IDC_SCHEDULE_BATTERY         1611
+#define IDC_SCHEDULE_DAYS_GROUP      1612
 
 #endif  // QUILLMOOR_CONTROL_IDS_H

@@ -14,6 +14,7 @@
 #define IDS_CMD_RUN_POWER_OFF        153
 #define IDS_CMD_POWER_OFF            154
 #define IDS_CMD_KEEP_POWER           157
+#define IDS_CMD_HISTORY              170
 
 // Run states; the id is also the code of the state.
 #define IDS_STATE_NOT_RUN            371
@@ -512,6 +513,36 @@
 #define IDS_COL_SCHEDULE_STATE       1208
 #define IDS_COL_DOCUMENT             1209
 #define IDS_SCHEDULE_EXISTS_ALREADY  1210
+// Results: columns, totals, search and the text about one row.
+#define IDS_COL_RESULT_FILES         1070
+#define IDS_COL_RESULT_BYTES         1071
+#define IDS_COL_RESULT_DURATION      1072
+#define IDS_COL_RESULT_SPEED         1073
+#define IDS_RESULT_TOTALS            1074
+#define IDS_RESULT_NO_TOTALS         1075
+#define IDS_SPEED                    1076
+#define IDS_SHOWN_ROWS               1077
+#define IDS_SORT_MENU                1078
+#define IDS_SORT_NONE                1079
+#define IDS_DETAIL_SOURCE            1080
+#define IDS_DETAIL_DESTINATION       1081
+#define IDS_DETAIL_COUNTS            1082
+#define IDS_DETAIL_TIME              1083
+#define IDS_DETAIL_UNLISTED          1084
+#define IDS_DETAIL_MORE              1085
+
+// History window.
+#define IDS_COL_HISTORY_START        1086
+#define IDS_COL_HISTORY_DOCUMENT     1087
+#define IDS_COL_HISTORY_PROGRAM      1088
+#define IDS_COL_HISTORY_UNLISTED     1089
+#define IDS_COL_HISTORY_OUTCOME      1090
+#define IDS_COL_LAST_SUCCESS         1091
+#define IDS_LAST_SUCCESS_NONE        1092
+#define IDS_LAST_SUCCESS_TIP         1093
+#define IDS_HISTORY_LOADING          1094
+#define IDS_HISTORY_SHOWN            1095
+#define IDS_HISTORY_RUN              1096
 
 // Text of the replace command; the id is also the command id.
 #define IDS_CMD_REPLACE              57641

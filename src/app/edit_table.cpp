@@ -18,11 +18,9 @@ CCommand* FindIn(std::map<uint32_t, TCommand>& commands, uint32_t id) {
 }  // namespace
 
 CEditTable::CEditTable(CAppContext& context)
-    : m_views{{ID_RESULTS, {context, &OpenResults}},
-              {ID_FILTER_CHECK, {context, &CheckFilter}},
-              {ID_ABOUT, {context, &ShowAbout}},
-              {ID_OTHER_PANE, {context, &FocusOtherList}},
-              {ID_FULL_SCREEN, {context, &ToggleFullScreen}},
+    : m_views{{ID_RESULTS, {context, &OpenResults}},       {ID_HISTORY, {context, &OpenHistory}},
+              {ID_FILTER_CHECK, {context, &CheckFilter}},  {ID_ABOUT, {context, &ShowAbout}},
+              {ID_OTHER_PANE, {context, &FocusOtherList}}, {ID_FULL_SCREEN, {context, &ToggleFullScreen}},
               {ID_QUIT, {context, &CloseWindow}}},
       m_undo(context, HistoryStep::Undo),
       m_redo(context, HistoryStep::Redo) {

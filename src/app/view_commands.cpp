@@ -20,6 +20,10 @@ void OpenResults(CAppContext& context) {
   context.window.OpenResults();
 }
 
+void OpenHistory(CAppContext& context) {
+  context.window.OpenHistory();
+}
+
 void ShowAbout(CAppContext& context) {
   context.dialogs.ShowAbout();
 }

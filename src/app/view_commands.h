@@ -36,6 +36,7 @@ class CCommandView final : public CCommand {
 
 // The actions of CCommandView.
 void OpenResults(CAppContext& context);
+void OpenHistory(CAppContext& context);
 void ShowAbout(CAppContext& context);
 void FocusOtherList(CAppContext& context);
 void ToggleFullScreen(CAppContext& context);

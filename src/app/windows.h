@@ -80,6 +80,7 @@ class IMainWindow {
   virtual void ShowRunStatus() = 0;  // status text or progress may have changed
   virtual void ShowRunState() = 0;   // a run has started, is stopping or has ended
   virtual void OpenResults() = 0;    // opens the list of all rows
+  virtual void OpenHistory() = 0;    // opens the list of the earlier runs
 };
 
 // Returns the list of this kind.

@@ -10,6 +10,7 @@
 #include "engine/task_filter.h"
 #include "engine/temporary_target.h"
 #include "engine/transfer_plan.h"
+#include "platform/clock.h"
 #include "platform/file_system.h"
 #include "platform/message_texts.h"
 #include "support/name_faults.h"
@@ -130,9 +131,11 @@ void CBackupTask::BackUpTo(const CDst& dst) {
   if (IsUpToDate(dst)) return SetPhase(Phase::Skipped);
   if (m_plan) return m_plan->Add({path, dst.type, m_archiverPath});
   // An incomplete backup must never have the final name: the next run would consider it finished.
+  const uint64_t start = m_ports.clock.TickCount();
   const CTemporaryTarget temporary = TakeTemporaryTarget(m_ports.files, path, dst.type);
   Transfer(dst, temporary.path);
   if (!TakeFinalName(dst, temporary.path)) return SetPhase(Phase::Skipped);
+  LastRow().transferMs = m_ports.clock.TickCount() - start;
   LastRow().phase = Phase::Created;
 }
 

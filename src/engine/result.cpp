@@ -14,11 +14,15 @@ static_assert(IDS_PHASE_LISTING + kErrorAfterPhase == IDS_ERR_LISTING &&
 
 }  // namespace
 
-std::wstring ResultText(const my::IMessageTexts& texts, const CResult& result) {
+std::wstring FullResultText(const my::IMessageTexts& texts, const CResult& result) {
   const auto phase = static_cast<uint32_t>(result.phase);
-  if (!result.error) return my::OneLine(texts.Text(phase));
+  if (!result.error) return texts.Text(phase);
   const my::CMsgArg cause = result.error.message;
-  return my::OneLine(my::MakeText(texts, phase + kErrorAfterPhase, {&cause, 1}));
+  return my::MakeText(texts, phase + kErrorAfterPhase, {&cause, 1});
+}
+
+std::wstring ResultText(const my::IMessageTexts& texts, const CResult& result) {
+  return my::OneLine(FullResultText(texts, result));
 }
 
 }  // namespace qlm

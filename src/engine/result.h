@@ -36,6 +36,7 @@ struct CResult {
   CTargetsPtr targets = boost::make_shared<CTargets>();  // shared by the rows of a job
   my::CFileTime newestWriteTime;                         // zero before the listing
   std::wstring destinationPath;  // the folder or archive to create; empty before the listing
+  uint64_t transferMs = 0;       // of a created backup: from the start of the transfer to its final name
 
   // Returns the destination of the row; null for a task without one.
   const CDst* Dst() const { return task->dsts.empty() ? nullptr : task->dsts.front().get(); }
@@ -45,7 +46,8 @@ struct CResult {
 using CResultPtr = boost::shared_ptr<const CResult>;
 using CResults = std::vector<CResultPtr>;
 
-// Returns the text of the phase, or of the error with its phase, in one line.
+// Returns the text of the phase, or of the error with its phase, as it is or in one line.
+std::wstring FullResultText(const my::IMessageTexts& texts, const CResult& result);
 std::wstring ResultText(const my::IMessageTexts& texts, const CResult& result);
 
 }  // namespace qlm

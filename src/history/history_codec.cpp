@@ -24,6 +24,7 @@ Json RowJson(const CHistoryRow& row) {
           {"excluded", row.excluded},
           {"unlisted", row.unlisted},
           {"error", row.error},
+          {"detail", row.detail},
           {"message", my::Utf8FromWide(row.message)}};
 }
 
@@ -53,6 +54,7 @@ CHistoryRow ReadRow(const Json& object) {
   row.excluded = Number(object, "excluded");
   row.unlisted = Number(object, "unlisted");
   row.error = static_cast<uint32_t>(Number(object, "error"));
+  if (object.contains("detail")) row.detail = static_cast<uint32_t>(Number(object, "detail"));
   row.message = Text(object, "message");
   return row;
 }

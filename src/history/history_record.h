@@ -32,6 +32,7 @@ struct CHistoryRow {
   uint64_t excluded = 0;
   uint64_t unlisted = 0;  // folders that could not be read
   uint32_t error = 0;     // id of the message or HRESULT; 0 for none
+  uint32_t detail = 0;    // HRESULT of the system error; 0 for none or if an old program wrote the record
   std::wstring message;   // of the error, in one line
 
   friend bool operator==(const CHistoryRow&, const CHistoryRow&) = default;

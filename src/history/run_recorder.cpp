@@ -27,6 +27,7 @@ CHistoryRow MakeRow(const my::IMessageTexts& texts, const CResult& row, const CT
   made.excluded = counts.excluded;
   made.unlisted = row.targets->Unlisted().size();
   made.error = row.error.code;
+  made.detail = row.error.detail;
   if (row.error) made.message = ResultText(texts, row);
   return made;
 }

@@ -124,6 +124,11 @@ bool EqualNoCase(std::wstring_view a, std::wstring_view b) {
                     [](wchar_t x, wchar_t y) { return LowerAscii(x) == LowerAscii(y); });
 }
 
+bool ContainsNoCase(std::wstring_view text, std::wstring_view part) {
+  const auto same = [](wchar_t x, wchar_t y) { return LowerAscii(x) == LowerAscii(y); };
+  return part.empty() || std::search(text.begin(), text.end(), part.begin(), part.end(), same) != text.end();
+}
+
 std::wstring PaddedNumber(uint64_t number, size_t width) {
   std::wstring digits = std::to_wstring(number);
   if (digits.size() < width) digits.insert(0, width - digits.size(), L'0');
@@ -143,6 +148,20 @@ std::wstring OneLine(std::wstring_view text) {
     out += c;
   }
   return out;
+}
+
+std::wstring JoinLines(const std::vector<std::wstring>& texts) {
+  std::wstring lines;
+  for (std::wstring_view text : texts) {
+    while (!text.empty()) {
+      const std::wstring_view line = text.substr(0, text.find_first_of(L"\r\n"));
+      text.remove_prefix(std::min(text.size(), line.size() + 1));
+      if (line.empty()) continue;
+      if (!lines.empty()) lines += L"\r\n";
+      lines += line;
+    }
+  }
+  return lines;
 }
 
 }  // namespace my

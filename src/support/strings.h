@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace my {
 
@@ -57,10 +58,17 @@ constexpr wchar_t LowerAscii(wchar_t c) {
 // Compares two paths, ignoring the case of ASCII letters only.
 bool EqualNoCase(std::wstring_view a, std::wstring_view b);
 
+// Returns whether `text` contains `part`, ignoring the case of ASCII letters only.
+bool ContainsNoCase(std::wstring_view text, std::wstring_view part);
+
 // Returns the decimal digits of a number, with leading zeros up to `width` characters.
 std::wstring PaddedNumber(uint64_t number, size_t width);
 
 // Returns the text with every run of line breaks replaced by a space.
 std::wstring OneLine(std::wstring_view text);
+
+// Returns the texts as lines with CR LF between them. Every line break in them is replaced too; empty lines
+// are left out.
+std::wstring JoinLines(const std::vector<std::wstring>& texts);
 
 }  // namespace my

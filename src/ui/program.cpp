@@ -24,17 +24,18 @@
 namespace qlm {
 namespace {
 
-// Never destroyed, because a lookup on an unresponsive network may use it while the process ends.
-my::CWin32FileSystem& Files() {
-  static auto* const files = new my::CWin32FileSystem;
-  return *files;
+// Never destroyed, because a thread that waits for an unresponsive network may use it while the process ends.
+template <class TPort>
+TPort& Immortal() {
+  static auto* const port = new TPort;
+  return *port;
 }
 
 // The Windows ports of the commands.
 struct CWin32Ports {
   my::CMsxmlDom dom;
-  my::CWin32FileSystem& files = Files();
-  my::CWin32Clock clock;
+  my::CWin32FileSystem& files = Immortal<my::CWin32FileSystem>();
+  my::CWin32Clock& clock = Immortal<my::CWin32Clock>();
   my::CWin32AnsiCodec ansi;
   my::CWin32MessageTexts texts;
   my::CWin32Process process;

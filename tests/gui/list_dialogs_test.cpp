@@ -9,6 +9,7 @@
 #include "ui/framework/clipboard.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/window.h"
+#include "ui/models/table_text.h"
 
 namespace {
 
@@ -186,28 +187,107 @@ TEST_F(ListDialogs, results_follow_a_run_and_can_be_opened_and_saved) {
   EXPECT_EQ(LastCall(), L"Open C:\\backup\\work_1");
   dialogs.paths = {L"C:\\out.csv"};
   Click(dialog.Hwnd(), IDC_RESULT_SAVE);
-  EXPECT_EQ(files.Files()[L"C:\\out.csv"], rows.Csv());
+  EXPECT_EQ(files.Files()[L"C:\\out.csv"], CsvText(rows));
   ::SetTimer(dialog.Hwnd(), 1, 20, CloseTargets);
   PressKey(list, VK_RETURN);
   EXPECT_TRUE(::IsWindowEnabled(owner.Hwnd()));
 }
 
-TEST_F(ListDialogs, remedy_of_the_focused_error_is_shown) {
+// Clicks the title of a column as the header control reports it.
+void ClickTitle(HWND list, int column) {
+  NMLISTVIEW click{};
+  click.hdr = {list, static_cast<UINT_PTR>(::GetDlgCtrlID(list)), LVN_COLUMNCLICK};
+  click.iItem = -1;
+  click.iSubItem = column;
+  ::SendMessageW(::GetParent(list), WM_NOTIFY, click.hdr.idFrom, reinterpret_cast<LPARAM>(&click));
+}
+
+int ArrowOf(HWND list, int column) {
+  HDITEMW item{};
+  item.mask = HDI_FORMAT;
+  Header_GetItem(ListView_GetHeader(list), column, &item);
+  return item.fmt & (HDF_SORTUP | HDF_SORTDOWN);
+}
+
+TEST_F(ListDialogs, whole_text_of_the_focused_result_is_shown) {
   const auto failed = boost::make_shared<CResult>(*MakeResult());
   failed->phase = Phase::Listed;
   failed->error = {IDS_TARGET_IS_FILE, 0, L"taken"};
   rows.ShowResults(0, {MakeResult(), failed});
   CResultDialog dialog(context, rows);
   dialog.CreateModeless(nullptr, loop);
-  const std::wstring remedy = L"対処: " + texts.Text(IDS_REMEDY_TARGET_TAKEN);
-  EXPECT_EQ(dialog.ItemText(IDC_RESULT_REMEDY), remedy) << "of the first error";
+  EXPECT_EQ(dialog.ItemText(IDC_RESULT_DETAIL), rows.Detail(1)) << "of the first error";
+  EXPECT_NE(rows.Detail(1).find(texts.Text(IDS_REMEDY_TARGET_TAKEN)), std::wstring::npos);
+  const HWND detail = dialog.Item(IDC_RESULT_DETAIL);
+  ::SetFocus(detail);
+  PressWithControl(detail, L'A');
+  ::SendMessageW(detail, EM_SETSEL, 3, 5);
+  dialog.RowsChanged(1);
+  EXPECT_EQ(::SendMessageW(detail, EM_GETSEL, 0, 0), MAKELONG(3, 5)) << "the text has not changed";
   test::FocusRow(dialog.Item(IDC_RESULT_LIST), 0);
-  EXPECT_EQ(dialog.ItemText(IDC_RESULT_REMEDY), L"");
+  EXPECT_EQ(dialog.ItemText(IDC_RESULT_DETAIL), rows.Detail(0));
   wchar_t text[1024] = L"label";
   NMLVGETINFOTIPW tip{
       {dialog.Item(IDC_RESULT_LIST), IDC_RESULT_LIST, LVN_GETINFOTIPW}, 0, text, 1024, 1, 0, 0};
   ::SendMessageW(dialog.Hwnd(), WM_NOTIFY, IDC_RESULT_LIST, reinterpret_cast<LPARAM>(&tip));
   EXPECT_EQ(text, rows.Tip(1));
+}
+
+TEST_F(ListDialogs, results_are_sorted_and_filtered_while_rows_arrive) {
+  const auto add = [&](const wchar_t* id, bool fails) {
+    const auto row = boost::make_shared<CResult>(*MakeResult());
+    const auto task = boost::make_shared<CTask>(*row->task);
+    task->id = id;
+    row->task = task;
+    row->targets = boost::make_shared<CTargets>();
+    if (fails) row->error = {IDS_TARGET_IS_FILE, 0, L"taken"};
+    rows.ShowResults(rows.RowCount(), {row});
+  };
+  for (const wchar_t* id : {L"c", L"=b", L"d"}) add(id, *id == L'd');
+  CResultDialog dialog(context, rows);
+  dialog.CreateModeless(nullptr, loop);
+  const HWND list = dialog.Item(IDC_RESULT_LIST);
+  const auto ids = [list] {
+    std::wstring all;
+    for (int row = 0; row < ListView_GetItemCount(list); ++row) all += test::CellOf(list, row, 0);
+    return all;
+  };
+  ClickTitle(list, 0);
+  EXPECT_EQ(ids(), L"=bcd");
+  EXPECT_EQ(ArrowOf(list, 0), HDF_SORTUP);
+  EXPECT_EQ(Selected(list), 2) << "the first error stays selected";
+  add(L"a", false);
+  dialog.RowsChanged(3);
+  EXPECT_EQ(ids(), L"=bacd");
+  EXPECT_EQ(Selected(list), 3);
+  EXPECT_EQ(ListView_GetNextItem(list, -1, LVNI_FOCUSED), 3);
+  test::FocusRow(list, 0);
+  PressWithControl(list, L'C');
+  EXPECT_TRUE(my::CClipboard(L"Quillmoor").Text(dialog.Hwnd()).value_or(L"").starts_with(L"'=b\t"))
+      << "as text, not as a formula";
+  ListView_SetItemState(list, -1, 0, LVIS_SELECTED);
+  PressWithControl(list, L'1');
+  EXPECT_EQ(ids(), L"dca=b") << "descending by the keyboard";
+  EXPECT_EQ(ArrowOf(list, 0), HDF_SORTDOWN);
+  ClickTitle(list, 0);
+  EXPECT_EQ(ids(), L"c=bda") << "the order of the run again";
+  EXPECT_EQ(ArrowOf(list, 0), 0);
+
+  Click(dialog.Hwnd(), IDC_RESULT_ERRORS);
+  EXPECT_EQ(ids(), L"d");
+  EXPECT_EQ(Selected(list), -1);
+  EXPECT_EQ(dialog.ItemText(IDC_RESULT_SHOWN), L"4 件中 1 件を表示");
+  EXPECT_EQ(dialog.ItemText(IDC_RESULT_DETAIL), rows.Detail(2)) << "the only row left has the focus";
+  Click(dialog.Hwnd(), IDC_RESULT_ERRORS);
+  PressWithControl(list, L'F');
+  EXPECT_EQ(::GetFocus(), dialog.Item(IDC_RESULT_SEARCH));
+  Type(dialog.Hwnd(), IDC_RESULT_SEARCH, L"=B");
+  EXPECT_EQ(ids(), L"=b");
+  EXPECT_TRUE(test::PressUntil(loop, dialog.Hwnd(), {VK_RETURN}, [&] { return ::GetFocus() == list; }));
+  files.AddFolder(L"C:\\backup\\work_1");
+  test::FocusRow(list, 0);
+  PressWithControl(list, L'O');
+  EXPECT_EQ(LastCall(), L"Open C:\\backup\\work_1");
 }
 
 }  // namespace

@@ -9,12 +9,15 @@
 #include "settings/settings.h"
 #include "support/fake_ports.h"
 #include "support/placement.h"
+#include "support/strings.h"
 #include "text_ids.h"
 #include "ui/models/closing_text.h"
 #include "ui/models/command_text.h"
 #include "ui/models/dst_list_model.h"
 #include "ui/models/filter_check_model.h"
 #include "ui/models/result_list_model.h"
+#include "ui/models/row_view.h"
+#include "ui/models/table_text.h"
 #include "ui/models/target_list_model.h"
 #include "ui/models/task_list_model.h"
 
@@ -73,7 +76,7 @@ TEST_F(ListModels, closing_text_names_the_archive_of_the_last_row) {
 
 TEST_F(ListModels, task_shows_destinations_preview_and_worst_state) {
   CTaskListModel model(document, setting, texts);
-  EXPECT_EQ(Line(model, 0), L"A|C:\\a|f|3, 1||");
+  EXPECT_EQ(Line(model, 0), L"A|C:\\a|f|3, 1|||");
   RemoveDsts(document, {0});
   model.Refresh();
   const CTaskPtr task = document.Tasks()[0];
@@ -100,7 +103,7 @@ TEST_F(ListModels, task_shows_destinations_preview_and_worst_state) {
   EXPECT_FALSE(model.Look(0).grey);
   EXPECT_FALSE(model.Look(1).color);
   EXPECT_EQ(model.Look(1).icon, -1) << "has not run";
-  EXPECT_EQ(Line(model, 0), L"A|C:\\a|f|2|コピー処理中にエラーが発生しました: disk full|");
+  EXPECT_EQ(Line(model, 0), L"A|C:\\a|f|2||コピー処理中にエラーが発生しました: disk full|");
   const CReplaceRule rule({ReplaceRow::ALL, kReplaceTaskPath, L"C:", L"D:"});
   task->replaceRule = &rule;
   EXPECT_EQ(model.Text(0, CTaskListModel::Path), L"D:\\a");
@@ -146,11 +149,80 @@ TEST_F(ListModels, results_replace_their_rows_and_are_exported_as_csv) {
   EXPECT_EQ(model.Look(0).color, setting.stateColors[1]);
   EXPECT_EQ(model.Look(1).color, setting.stateColors[2]);
   model.ShowResults(0, {Row(document.Tasks()[1], Phase::Copying, L"\"why\"")});
-  EXPECT_EQ(model.Csv(),
-            "\xEF\xBB\xBFID,転送先パス,種類,元ファイルの最新日時,メッセージ\r\n"
-            "B,\"D:\\x,y\",フォルダー,2016/03/05 16:04:09,"
-            "\"コピー処理中にエラーが発生しました: \"\"why\"\"\"\r\n"
-            "=1+1,\"D:\\x,y\",,2016/03/05 16:04:09,正常終了 - 更新されていないためスキップされました\r\n");
+  CRowView view(model);
+  view.SetOrder({CResultListModel::Id});
+  EXPECT_EQ(
+      CsvText(view),
+      "\xEF\xBB\xBFID,転送先パス,種類,元ファイルの最新日時,ファイル数,サイズ,時間,速度,メッセージ\r\n"
+      "'=1+1,\"D:\\x,y\",,2016/03/05 16:04:09,0,0,,,正常終了 - 更新されていないためスキップされました\r\n"
+      "B,\"D:\\x,y\",フォルダー,2016/03/05 16:04:09,0,0,,,"
+      "\"コピー処理中にエラーが発生しました: \"\"why\"\"\"\r\n");
+  EXPECT_TRUE(TabbedText(view, {0}).starts_with(L"'=1+1\tD:\\x,y\t"));
+}
+
+TEST_F(ListModels, row_view_sorts_filters_and_follows_the_run) {
+  CResultListModel model(setting, texts, clock);
+  CRowView view(model);
+  const auto add = [&](const wchar_t* id, uint64_t bytes, const wchar_t* error = L"") {
+    auto targets = boost::make_shared<CTargets>();
+    targets->Add(L"f", {{}, kTime, bytes, 0}, nullptr);
+    const auto task = boost::make_shared<CTask>(CTask{id, L"p", L"", {}});
+    auto row = boost::make_shared<CResult>(*Row(task, Phase::Created, error));
+    row->targets = targets;
+    row->transferMs = 500;
+    model.ShowResults(model.RowCount(), {row});
+    view.Update(model.RowCount() - 1);
+  };
+  const auto shown = [&] {
+    std::wstring ids;
+    for (size_t row = 0; row < view.RowCount(); ++row) ids += view.Text(row, CResultListModel::Id);
+    return ids;
+  };
+  add(L"c", 9);
+  add(L"B", 1000, L"bad");
+  add(L"a", 9);
+  CRowOrder order = NextOrder({}, CResultListModel::Bytes);
+  view.SetOrder(order);
+  EXPECT_EQ(shown(), L"caB") << "as numbers, equal rows in the order of the run";
+  add(L"d", 100);
+  EXPECT_EQ(shown(), L"cadB");
+  EXPECT_EQ(view.ShownRows()[3], 2u);
+  order = NextOrder(order, CResultListModel::Bytes);
+  view.SetOrder(order);
+  EXPECT_EQ(shown(), L"Bdca") << "equal rows keep the order of the run";
+  view.SetOrder(NextOrder(order, CResultListModel::Id));
+  EXPECT_EQ(shown(), L"aBcd");
+  EXPECT_EQ(NextOrder(order, CResultListModel::Bytes), CRowOrder{}) << "third click";
+  view.SetFilter({true, L""});
+  EXPECT_EQ(shown(), L"B");
+  add(L"e", 1, L"bad");
+  EXPECT_EQ(shown(), L"Be");
+  view.SetFilter({false, L"1,0"});
+  EXPECT_EQ(shown(), L"B") << "searched in every cell";
+  view.SetFilter({});
+  view.SetOrder({});
+  EXPECT_EQ(shown(), L"cBade");
+  EXPECT_EQ(model.Text(3, CResultListModel::Speed), L"200 バイト/秒");
+  EXPECT_EQ(model.TotalsText(), L"作成 3 件の合計: 3 ファイル、118 バイト、時間 0:01、速度 78 バイト/秒");
+  model.Clear();
+  view.Update(0);
+  EXPECT_EQ(shown(), L"");
+}
+
+TEST_F(ListModels, detail_of_a_result_has_message_remedy_and_unlisted_folders) {
+  CResultListModel model(setting, texts, clock);
+  auto row = boost::make_shared<CResult>(*Row(document.Tasks()[0], Phase::Copying, L"full - disk\n\nD:\\x"));
+  auto targets = boost::make_shared<CTargets>();
+  for (int i = 0; i < 1001; ++i) targets->AddUnlisted(L"x\\", my::CSystemError::FromWin32(5));
+  row->targets = targets;
+  model.ShowResults(0, {row});
+  const std::wstring detail = model.Detail(0);
+  EXPECT_TRUE(detail.starts_with(L"コピー処理中にエラーが発生しました: full - disk\r\nD:\\x\r\n対処: " +
+                                 texts.Text(IDS_REMEDY_INTERNAL) +
+                                 L"\r\n転送元: C:\\a\r\n転送先: D:\\x,y\r\n"))
+      << my::Utf8FromWide(detail);
+  EXPECT_NE(detail.find(L"読み取れなかったフォルダー 1,001 件:\r\n  C:\\a\\x\\ (system error"), detail.npos);
+  EXPECT_TRUE(detail.ends_with(L"\r\n  ほか 1 件"));
 }
 
 TEST_F(ListModels, target_shows_the_deciding_filter_line) {

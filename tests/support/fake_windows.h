@@ -43,6 +43,7 @@ struct CFakeWindow : qlm::IMainWindow {
   }
   void ToggleFullScreen() override { fullScreen = !fullScreen; }
   void OpenResults() override { ++resultsOpened; }
+  void OpenHistory() override { ++historiesOpened; }
   void RedrawLists() override {}
   void ApplySettings(const qlm::CSettings&) override { shown = true; }
   void StoreSettings(qlm::CSettings& settings) override { settings.mainFrame.normalBounds = bounds; }
@@ -67,6 +68,7 @@ struct CFakeWindow : qlm::IMainWindow {
   qlm::ListKind current = qlm::ListKind::Tasks;
   bool fullScreen = false;
   int resultsOpened = 0;
+  int historiesOpened = 0;
   my::CRect bounds{1, 2, 3, 4};
   bool shown = false;
   bool closing = false;

@@ -39,6 +39,7 @@ void ShootMain() {
   ShootAtAllDpis(a.frame->Hwnd(), L"main_empty");
   CSampleApp b;
   b.Select(IDC_TASK_LIST, {0, 1});
+  Shoot(b.frame->Hwnd(), L"main_overdue");
   b.Do(ID_RUN_POWER_OFF);
   Shoot(b.frame->Hwnd(), L"main_running");
   test::PumpUntil([&b] { return !b.app->Run().IsActive(); });
@@ -82,6 +83,21 @@ void ShootDialogs() {
   ShootModal(a, ID_RUN, L"password");
 }
 
+void ShootHistory() {
+  if (!Wanted(L"history")) return;
+  CSampleApp a;
+  a.Do(ID_HISTORY);
+  const HWND dialog = test::DialogWith(IDC_HISTORY_RUNS);
+  const HWND runs = ::GetDlgItem(dialog, IDC_HISTORY_RUNS);
+  const HWND rows = ::GetDlgItem(dialog, IDC_HISTORY_ROWS);
+  test::PumpUntil([runs] { return ListView_GetItemCount(runs) != 0; });
+  ::SetFocus(rows);
+  test::FocusRow(rows, 2);
+  ShootAtAllDpis(dialog, L"history");
+  test::Click(dialog, IDC_HISTORY_BY_TASK);
+  Shoot(dialog, L"history_tasks");
+}
+
 // Small and large windows, and the largest text size of the system.
 void ShootSizes() {
   if (!Wanted(L"sizes")) return;
@@ -118,6 +134,7 @@ int wmain(int argc, wchar_t** argv) {
   const my::CGdiplus gdiplus;
   AssumeMenusBlend(false);  // Wine ignores the transparency of menu bitmaps
   ShootMain();
+  ShootHistory();
   ShootDialogs();
   ShootDesign();
   ShootSizes();

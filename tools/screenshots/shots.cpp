@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "document/document_edits.h"
+#include "history/history_file.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/gdiplus.h"
 
@@ -106,6 +107,42 @@ void CSampleApp::FillDisk() {
   write(L"D:\\設定\\書類.flt", "- \\.tmp$\n- \\.bak$\n");
 }
 
+void CSampleApp::FillHistory() {
+  const std::wstring history = HistoryPath(folders, texts);
+  const auto row = [](const wchar_t* task, RowOutcome outcome, uint64_t files) {
+    CHistoryRow made;
+    made.taskId = task;
+    made.source = std::wstring(L"D:\\") + task;
+    made.destination = std::wstring(L"E:\\バックアップ\\") + task + L"_2026_11_20_12_30";
+    made.outcome = outcome;
+    made.files = files;
+    made.bytes = files * 123'456;
+    if (outcome != RowOutcome::FAILED) return made;
+    made.error = IDS_COPY_FILE_FAILED;
+    made.detail = 0x80070070;
+    made.message =
+        L"コピー処理中にエラーが発生しました: ファイルのコピーに失敗しました - "
+        L"ディスクに十分な空き領域がありません。 D:\\会計\\2025\\決算.xlsx -> E:\\バックアップ\\決算.xlsx";
+    return made;
+  };
+  constexpr uint64_t kHour = uint64_t{60} * 60 * 10'000'000;
+  for (uint64_t day = 14; day > 0; --day) {
+    CHistoryRun run;
+    run.start = {clock.Now().ticks - day * 24 * kHour};
+    run.end = {run.start.ticks + kHour / 60 * (day % 3 + 1)};
+    run.program = day % 5 == 0 ? RunProgram::WINDOW : RunProgram::RUNNER;
+    run.document = L"D:\\設定\\毎日のバックアップ.qlmr";
+    run.rows = {row(L"書類", RowOutcome::CREATED, 120 + day),
+                row(L"写真", day % 2 == 0 ? RowOutcome::CREATED : RowOutcome::SKIPPED, 2'480),
+                row(L"会計データ", day > 9 ? RowOutcome::CREATED : RowOutcome::FAILED, 34)};
+    if (day == 4) run.rows[1].unlisted = 1;
+    AppendHistory(scratch.files, clock, history, run);
+  }
+  ::SendMessageW(frame->Hwnd(), WM_COMMAND, ID_HISTORY, 0);
+  const HWND window = test::DialogWith(IDC_HISTORY_RUNS);
+  test::PumpUntil([window] { return ListView_GetItemCount(::GetDlgItem(window, IDC_HISTORY_RUNS)) != 0; });
+}
+
 CSampleApp::CSampleApp() {
   FillDisk();
   UseArchiver();
@@ -127,6 +164,8 @@ CSampleApp::CSampleApp() {
   add(L"会計データ", L"D:\\会計\\2025", {folder}, L"");
   add(L"ソースコード", L"D:\\開発\\quill", {}, L"D:\\設定\\開発.flt");
   app->Document().Reset(content, L"D:\\設定\\毎日のバックアップ.qlmr");
+  FillHistory();
+  ::SendMessageW(test::DialogWith(IDC_HISTORY_RUNS), WM_CLOSE, 0, 0);
 }
 
 }  // namespace shots

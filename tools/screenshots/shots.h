@@ -31,6 +31,7 @@ class CSampleApp : public test::CGuiApp {
 
  private:
   void FillDisk();
+  void FillHistory();  // two weeks, and makes the program read it
 };
 
 // Takes the pictures of the main view: brushes, images, high contrast, and the characters with their names.

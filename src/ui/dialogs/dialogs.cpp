@@ -5,6 +5,7 @@
 #include "ui/dialogs/closing_dialog.h"
 #include "ui/dialogs/dst_dialog.h"
 #include "ui/dialogs/filter_dialog.h"
+#include "ui/dialogs/history_dialog.h"
 #include "ui/dialogs/password_dialog.h"
 #include "ui/dialogs/replace_dialog.h"
 #include "ui/dialogs/result_dialog.h"
@@ -97,8 +98,24 @@ void CDialogs::ShowResults(const CResultListModel& results) {
     m_results->CreateModeless(m_owner, m_loop);
 }
 
-void CDialogs::RefreshResults() {
-  if (m_results) m_results->RowsChanged();
+void CDialogs::RefreshResults(size_t first) {
+  if (m_results) m_results->RowsChanged(first);
+}
+
+void CDialogs::OpenHistory(const std::function<void()>& reload) {
+  if (!m_history) m_history = std::make_unique<CHistoryDialog>(*m_context, m_historySetting, reload);
+  if (IsHistoryOpen())
+    ::SetForegroundWindow(m_history->Hwnd());
+  else
+    m_history->CreateModeless(m_owner, m_loop);
+}
+
+bool CDialogs::IsHistoryOpen() const {
+  return m_history && m_history->Hwnd();
+}
+
+void CDialogs::ShowHistory(std::shared_ptr<const CLoadedHistory> loaded) {
+  if (IsHistoryOpen()) m_history->Show(std::move(loaded));
 }
 
 void CDialogs::ShowTargets(const CResultPtr& row) {

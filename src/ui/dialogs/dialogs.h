@@ -8,6 +8,7 @@
 
 #include "app/windows.h"
 #include "engine/result.h"
+#include "settings/settings.h"
 #include "ui/framework/message_loop.h"
 
 namespace my {
@@ -17,11 +18,12 @@ class CDisabledWindows;
 namespace qlm {
 
 class CClosingDialog;
+class CHistoryDialog;
 class CReplaceDialog;
 class CResultDialog;
 class CResultListModel;
 struct CAppContext;
-struct CDesignSetting;
+struct CLoadedHistory;
 
 // Opens the dialogs of the program, owned by the active window: those that commands need, and the others.
 class CDialogs : public IDialogs {
@@ -52,7 +54,13 @@ class CDialogs : public IDialogs {
 
   // Opens or focuses the result dialog; the model must outlive this object.
   void ShowResults(const CResultListModel& results);
-  void RefreshResults();  // Must be called when rows were added or changed.
+  // Must be called when rows from `first` on were added or changed.
+  void RefreshResults(size_t first);
+
+  // Opens or focuses the history, which calls `reload` for every reading; what was read must be passed on.
+  void OpenHistory(const std::function<void()>& reload);
+  bool IsHistoryOpen() const;
+  void ShowHistory(std::shared_ptr<const CLoadedHistory> loaded);
 
   void ShowTargets(const CResultPtr& row);
 
@@ -72,6 +80,8 @@ class CDialogs : public IDialogs {
   std::function<void(const CDesignSetting&)> m_preview;
   std::unique_ptr<CReplaceDialog> m_replace;
   std::unique_ptr<CResultDialog> m_results;
+  CColumnsDlgSetting m_historySetting;  // while the program runs; the settings file has no place for it
+  std::unique_ptr<CHistoryDialog> m_history;
   std::unique_ptr<my::CDisabledWindows> m_disabled;
   std::unique_ptr<CClosingDialog> m_closing;
 };

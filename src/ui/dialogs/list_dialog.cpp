@@ -2,13 +2,18 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "control_ids.h"
 #include "platform/message_texts.h"
 #include "support/contrast.h"
+#include "ui/dialogs/sorted_list.h"
 #include "ui/framework/clipboard.h"
 #include "ui/framework/colors.h"
+#include "ui/framework/controls.h"
 #include "ui/framework/failures.h"
 #include "ui/models/row_colors.h"
+#include "ui/models/table_text.h"
 
 namespace qlm {
 namespace {
@@ -28,18 +33,23 @@ bool IsControlDown() {
 
 void CListDialog::UseList(my::CListView& list, const my::IListModel& model, int controlId, UINT menuId) {
   list.Attach(Item(controlId), my::CListView::Boxes::No);
-  list.SetWidths(m_setting.columnWidthes);
   list.Events().key = [this](UINT key) { return OnListKey(key) || OnKey(key); };
   list.Events().contextMenu = [this](POINT screen) { ShowMenu(screen); };
-  m_list = &list;
-  m_model = &model;
+  if (m_lists.empty()) list.SetWidths(m_setting.columnWidthes);
+  m_lists.push_back({&list, &model});
   m_menuId = menuId;
   HearKeys();
 }
 
+void CListDialog::UseList(CSortedList& list, int controlId, UINT menuId) {
+  UseList(list, list.Rows(), controlId, menuId);
+  m_lists.back().sorted = &list;
+  list.Events().columnClick = [this, &list](size_t column) { list.SortBy(column); };
+}
+
 void CListDialog::HearKeys() {
   for (HWND child = ::GetWindow(Hwnd(), GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT)) {
-    if (child == m_list->Hwnd()) continue;
+    if (my::ClassOf(child) == WC_LISTVIEWW) continue;
     ::SetWindowSubclass(child, KeyThunk, 0, reinterpret_cast<DWORD_PTR>(this));
   }
 }
@@ -56,18 +66,37 @@ LRESULT CALLBACK CListDialog::KeyThunk(HWND hwnd, UINT message, WPARAM wParam, L
 
 bool CListDialog::OnCommand(int id, int code) {
   try {
-    if (id != IDC_LIST_COPY) return Execute(id, code);
-    CopyRows();
+    return ExecuteCommon(id) || Execute(id, code);
   } catch (...) {
     ShowCurrentFailure(m_context);
   }
   return true;
 }
 
+// Handles the commands of all lists. Returns whether it was one.
+bool CListDialog::ExecuteCommon(int id) {
+  if (id == IDC_LIST_COPY) {
+    CopyRows();
+    return true;
+  }
+  if (id < IDC_SORT_FIRST || id > IDC_SORT_LAST || !Current().sorted) return false;
+  const auto column = static_cast<size_t>(id - IDC_SORT_FIRST);
+  Current().sorted->SortBy(column == 0 ? std::nullopt : std::optional(column - 1));
+  return true;
+}
+
+std::optional<LRESULT> CListDialog::OnNotify(const NMHDR& header) {
+  if (header.code != NM_SETFOCUS) return {};
+  const auto found = std::ranges::find_if(
+      m_lists, [&header](const CShownList& list) { return list.view->Hwnd() == header.hwndFrom; });
+  if (found != m_lists.end()) m_current = static_cast<size_t>(found - m_lists.begin());
+  return {};
+}
+
 bool CListDialog::OnListKey(UINT key) {
   if (!IsControlDown()) return false;
   switch (key) {
-    case L'A': SelectAll(); return true;
+    case L'A': ListView_SetItemState(Current().view->Hwnd(), -1, LVIS_SELECTED, LVIS_SELECTED); return true;
     case L'C': OnCommand(IDC_LIST_COPY, BN_CLICKED); return true;
     default: return false;
   }
@@ -84,13 +113,15 @@ std::optional<LRESULT> CListDialog::OnMessage(UINT message, WPARAM wParam, LPARA
 
 void CListDialog::Remember() {
   CDialog::Remember();
-  if (m_list && m_list->Hwnd()) m_setting.columnWidthes = m_list->Widths();
+  if (!m_lists.empty() && m_lists.front().view->Hwnd())
+    m_setting.columnWidthes = m_lists.front().view->Widths();
 }
 
 void CListDialog::ShowRow(size_t row) const {
-  m_list->Select({row});
-  m_list->SetFocused(row);
-  m_list->EnsureVisible(row);
+  my::CListView& list = *m_lists.front().view;
+  list.Select({row});
+  list.SetFocused(row);
+  list.EnsureVisible(row);
 }
 
 std::wstring CListDialog::Text(uint32_t id, const std::vector<my::CMsgArg>& args) const {
@@ -99,24 +130,29 @@ std::wstring CListDialog::Text(uint32_t id, const std::vector<my::CMsgArg>& args
 
 void CListDialog::ShowMenu(POINT screen) const {
   const my::CMenu menu(::LoadMenuW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(m_menuId)));
-  ::TrackPopupMenu(::GetSubMenu(menu.Get(), 0), TPM_RIGHTBUTTON, screen.x, screen.y, 0, Hwnd(), nullptr);
+  const HMENU popup = ::GetSubMenu(menu.Get(), 0);
+  if (Current().sorted) Current().sorted->AddSortMenu(popup, IDC_SORT_FIRST);
+  ::TrackPopupMenu(popup, TPM_RIGHTBUTTON, screen.x, screen.y, 0, Hwnd(), nullptr);
 }
 
-// Copies the selected rows as text, one line per row with tabs between cells, as spreadsheets expect.
 void CListDialog::CopyRows() const {
-  std::wstring text;
-  for (const size_t row : m_list->Selection()) {
-    for (size_t column = 0; column < m_model->ColumnCount(); ++column) {
-      if (column != 0) text += L'\t';
-      text += m_model->Text(row, column);
-    }
-    text += L"\r\n";
-  }
+  const std::wstring text = SelectedText();
   if (!text.empty()) my::CClipboard(L"Quillmoor").Set(Hwnd(), text, {});
 }
 
-void CListDialog::SelectAll() const {
-  ListView_SetItemState(m_list->Hwnd(), -1, LVIS_SELECTED, LVIS_SELECTED);
+// Returns the selected rows, one line per row with tabs between the cells.
+std::wstring CListDialog::SelectedText() const {
+  const CShownList& list = Current();
+  if (list.sorted) return TabbedText(*list.model, list.view->Selection());
+  std::wstring text;
+  for (const size_t row : list.view->Selection()) {
+    for (size_t column = 0; column < list.model->ColumnCount(); ++column) {
+      if (column != 0) text += L'\t';
+      text += list.model->Text(row, column);
+    }
+    text += L"\r\n";
+  }
+  return text;
 }
 
 }  // namespace qlm

@@ -10,8 +10,10 @@
 
 namespace qlm {
 
-// The base of dialogs with one list: column widths, context menu, clipboard, and failures that are shown
-// while the dialog stays open.
+class CSortedList;
+
+// The base of dialogs with lists: column widths, context menu, sorting, clipboard, and failures that are
+// shown while the dialog stays open.
 class CListDialog : public my::CDialog {
  public:
   void Remember() override;
@@ -21,9 +23,14 @@ class CListDialog : public my::CDialog {
   CListDialog(CAppContext& context, UINT templateId, CColumnsDlgSetting& setting)
       : CDialog(templateId, &setting), m_context(context), m_setting(setting) {}
 
-  // Must be called once from OnInit. The menu items are commands of the dialog. View and model belong to the
-  // derived class.
+  // Must be called from OnInit for each list. The menu items are commands of the dialog. View and model
+  // belong to the derived class. The column widths of the first list are stored. A sorted list is copied as
+  // TabbedText does.
   void UseList(my::CListView& list, const my::IListModel& model, int controlId, UINT menuId);
+  void UseList(CSortedList& list, int controlId, UINT menuId);
+
+  // Returns whether this list has, or of all lists last had, the focus.
+  bool IsCurrent(const my::CListView& list) const { return m_lists[m_current].view == &list; }
 
   // Handles a command of a control, the menu or a key. Returns whether it was handled. Failures are shown.
   virtual bool Execute(int id, int code) = 0;
@@ -39,8 +46,9 @@ class CListDialog : public my::CDialog {
   virtual bool IsWarning(int) const { return false; }
 
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  std::optional<LRESULT> OnNotify(const NMHDR& header) override;
 
-  // Selects only this row and scrolls it into view.
+  // Selects only this row of the first list and scrolls it into view.
   void ShowRow(size_t row) const;
 
   const my::IMessageTexts& Texts() const { return m_context.ports.engine.texts; }
@@ -49,16 +57,24 @@ class CListDialog : public my::CDialog {
   CAppContext& m_context;
 
  private:
+  struct CShownList {
+    my::CListView* view = nullptr;
+    const my::IListModel* model = nullptr;
+    CSortedList* sorted = nullptr;  // the same view, if the user can sort it
+  };
+
   static LRESULT CALLBACK KeyThunk(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                    DWORD_PTR dialog) noexcept;
   void HearKeys();
   void ShowMenu(POINT screen) const;
+  bool ExecuteCommon(int id);
   void CopyRows() const;
-  void SelectAll() const;
+  std::wstring SelectedText() const;
+  const CShownList& Current() const { return m_lists[m_current]; }
 
   CColumnsDlgSetting& m_setting;
-  my::CListView* m_list = nullptr;
-  const my::IListModel* m_model = nullptr;
+  std::vector<CShownList> m_lists;
+  size_t m_current = 0;
   UINT m_menuId = 0;
 };
 

@@ -40,19 +40,37 @@ void CListColumns::Create(HWND list, const IListModel& model, UINT dpi) {
   SetWidths({});
 }
 
-void CListColumns::SetWidths(const std::vector<int32_t>& widths) {
+void CListColumns::SetWidths(const std::vector<int32_t>& stored) {
+  constexpr int32_t kDefault = -1;
+  std::vector<int32_t> all(m_model->ColumnCount(), kDefault);
+  auto next = stored.begin();
+  for (size_t i = 0; i < all.size() && next != stored.end(); ++i) {
+    if (IsStored(i)) all[i] = *next++;
+  }
+  SetAllWidths(all);
+}
+
+std::vector<int32_t> CListColumns::Widths() const {
+  const std::vector<int32_t> all = AllWidths();
+  std::vector<int32_t> stored;
+  for (size_t i = 0; i < all.size(); ++i) {
+    if (IsStored(i)) stored.push_back(all[i]);
+  }
+  return stored;
+}
+
+void CListColumns::SetAllWidths(const std::vector<int32_t>& widths) {
   const CFlag setting(m_isSetting);
   for (int i = 0; i <= Last(); ++i) {
     const auto index = static_cast<size_t>(i);
-    const bool given = index < widths.size() && widths[index] >= 0;
-    const int width = given ? widths[index] : m_model->Column(index).width;
+    const int width = widths[index] >= 0 ? widths[index] : m_model->Column(index).width;
     if (i == Last()) m_lastWidth = width;
     ListView_SetColumnWidth(m_list, i, Scale(width, m_dpi));
   }
   Fill();
 }
 
-std::vector<int32_t> CListColumns::Widths() const {
+std::vector<int32_t> CListColumns::AllWidths() const {
   std::vector<int32_t> widths;
   for (int i = 0; i < Last(); ++i) widths.push_back(Unscale(WidthOf(i), m_dpi));
   if (Last() >= 0) widths.push_back(m_lastWidth);
@@ -60,9 +78,9 @@ std::vector<int32_t> CListColumns::Widths() const {
 }
 
 void CListColumns::SetDpi(UINT dpi) {
-  const std::vector<int32_t> widths = Widths();
+  const std::vector<int32_t> widths = AllWidths();
   m_dpi = dpi;
-  SetWidths(widths);
+  SetAllWidths(widths);
 }
 
 void CListColumns::Fill() {

@@ -18,8 +18,9 @@ class CListColumns {
   // Adds the columns of the model to a list without columns. List and model must outlive the object.
   void Create(HWND list, const IListModel& model, UINT dpi);
 
-  // A missing or negative width means the default width of the model.
-  void SetWidths(const std::vector<int32_t>& widths);
+  // The widths of the stored columns, from the left. A missing or negative width means the default width of
+  // the model, which the other columns get always.
+  void SetWidths(const std::vector<int32_t>& stored);
 
   // For the last column, returns the width that it had without the filling.
   std::vector<int32_t> Widths() const;
@@ -36,6 +37,9 @@ class CListColumns {
  private:
   int Last() const { return static_cast<int>(m_model->ColumnCount()) - 1; }
   int WidthOf(int column) const;
+  bool IsStored(size_t column) const { return m_model->Column(column).stored; }
+  std::vector<int32_t> AllWidths() const;
+  void SetAllWidths(const std::vector<int32_t>& widths);
 
   HWND m_list = nullptr;
   const IListModel* m_model = nullptr;

@@ -16,6 +16,7 @@ struct CListColumn {
   std::wstring title;
   int width = 0;  // default, in pixels at 96 DPI
   ListAlign align = ListAlign::Left;
+  bool stored = true;  // whether CListColumns::Widths contains the width
 };
 
 struct CListLook {

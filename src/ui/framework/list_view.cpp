@@ -266,6 +266,11 @@ std::optional<LRESULT> CListView::HandleNotify(NMHDR& header) {
     case NM_CUSTOMDRAW: return OnCustomDraw(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
     case NM_CLICK: HandleClick(reinterpret_cast<const NMITEMACTIVATE&>(header), false); return 0;
     case NM_DBLCLK: HandleClick(reinterpret_cast<const NMITEMACTIVATE&>(header), true); return 0;
+    case LVN_COLUMNCLICK: {
+      const int column = reinterpret_cast<const NMLISTVIEW&>(header).iSubItem;
+      if (m_events.columnClick && column >= 0) m_events.columnClick(static_cast<size_t>(column));
+      return 0;
+    }
     case LVN_BEGINDRAG: HandleBeginDrag(reinterpret_cast<const NMLISTVIEW&>(header).ptAction); return 0;
     case LVN_ITEMCHANGED: {
       const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);

@@ -25,8 +25,9 @@ struct CListEvents {
   std::function<void()> selectionChanged;
   std::function<void()> focusChanged;  // another row has the focus
   std::function<void(POINT screen)> contextMenu;
-  std::function<bool(UINT key)> key;        // a virtual key; returns true to hide it from the list
-  std::function<bool()> canDrag;            // whether the selected rows may be dragged; empty: never
+  std::function<void(size_t column)> columnClick;  // on the title of a column
+  std::function<bool(UINT key)> key;               // a virtual key; returns true to hide it from the list
+  std::function<bool()> canDrag;                   // whether the selected rows may be dragged; empty: never
   std::function<void(size_t before)> drop;  // the row before which to insert; the row count for the end
 };
 

@@ -18,8 +18,9 @@ namespace qlm {
 namespace {
 
 constexpr UINT_PTR kRunTimer = 1;
-constexpr UINT kRunEnded = WM_APP + 1;   // posted, so that no dialog opens within a tick
-constexpr UINT kFocusLost = WM_APP + 2;  // posted, because a button may be enabled again at once
+constexpr UINT kRunEnded = WM_APP + 1;        // posted, so that no dialog opens within a tick
+constexpr UINT kFocusLost = WM_APP + 2;       // posted, because a button may be enabled again at once
+constexpr UINT kHistoryLoaded = WM_APP + 20;  // posted by the thread that reads the history
 
 // Pixels at 96 DPI.
 constexpr SIZE kSmallest{560, 400};
@@ -40,6 +41,7 @@ CMainFrame::CParts::CParts(CApplication& application, CDialogs& dialogs, HACCEL 
     : view(application.Document(), application.Settings().ui, TextsOf(application)),
       toolBar(TextsOf(application)),
       run(application, view, toolBar, statusBar, dialogs),
+      history(application, view, dialogs),
       help(application, view, keys) {}
 
 CMainFrame::CMainFrame(my::CAutoMessageLoop& loop, int showCommand)
@@ -78,6 +80,7 @@ void CMainFrame::OnCreate() {
   my::PlaceWindow(Hwnd(), my::DefaultBounds(Hwnd(), {width, height}));
   m_app->Document().AddListener([this](DocChangeEventFlags what) { OnDocumentChanged(what); });
   m_app->Start();
+  m_parts->history.Begin(Hwnd(), kHistoryLoaded);
 }
 
 void CMainFrame::CreateParts() {
@@ -145,7 +148,11 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_TIMER:
       if (wParam == kRunTimer) m_app->OnTimer();
       return 0;
-    case kRunEnded: m_parts->run.OpenOutcome(); return 0;
+    case kRunEnded:
+      m_parts->history.Load();
+      m_parts->run.OpenOutcome();
+      return 0;
+    case kHistoryLoaded: m_parts->history.OnLoaded(); return 0;
     case kFocusLost: OnFocusLost(); return 0;
     case WM_CLOSE: OnClose(); return 0;
     case WM_SYSCOLORCHANGE:

@@ -18,6 +18,7 @@
 #include "ui/look/tool_images.h"
 #include "ui/main_window/command_help.h"
 #include "ui/main_window/frame_list.h"
+#include "ui/main_window/history_presenter.h"
 #include "ui/main_window/main_view.h"
 #include "ui/main_window/run_presenter.h"
 #include "ui/main_window/status_bar.h"
@@ -50,6 +51,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
     CToolBar toolBar;
     CStatusBar statusBar;
     CRunPresenter run;
+    CHistoryPresenter history;
     CCommandHelp help;
   };
 
@@ -74,6 +76,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void ShowRunStatus() override { m_parts->run.ShowStatus(Hwnd()); }
   void ShowRunState() override;
   void OpenResults() override { m_parts->run.OpenResults(); }
+  void OpenHistory() override { m_parts->history.Open(); }
 
   void OnCreate();
   void CreateParts();

@@ -26,18 +26,18 @@ CRunPresenter::CRunPresenter(CApplication& app, CMainView& view, const CToolBar&
 void CRunPresenter::ClearResults() {
   m_results.Clear();
   m_view.TaskModel().ClearResults();
-  RefreshLists();
+  RefreshLists(0);
 }
 
 void CRunPresenter::ShowResults(size_t firstRow, const CResults& rows) {
   m_results.ShowResults(firstRow, rows);
   m_view.TaskModel().ShowResults(rows);
-  RefreshLists();
+  RefreshLists(firstRow);
 }
 
-void CRunPresenter::RefreshLists() {
+void CRunPresenter::RefreshLists(size_t firstRow) {
   m_view.Redraw();
-  m_dialogs.RefreshResults();
+  m_dialogs.RefreshResults(firstRow);
 }
 
 void CRunPresenter::OpenResults() {

@@ -35,7 +35,7 @@ class CRunPresenter {
   std::wstring StatusText() const;
   std::wstring CountsText() const;
   std::wstring PowerOffText() const;
-  void RefreshLists();
+  void RefreshLists(size_t firstRow);
 
   CApplication& m_app;
   const my::IMessageTexts& m_texts;

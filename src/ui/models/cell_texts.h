@@ -14,6 +14,14 @@ struct CFilterItem;
 
 std::wstring GroupedText(uint64_t number);  // "1,234,567"
 
+// Returns the bytes that are handled per second; 0 if no time was measured.
+constexpr uint64_t BytesPerSecond(uint64_t bytes, uint64_t ms) {
+  return ms == 0 ? 0 : static_cast<uint64_t>(static_cast<double>(bytes) * 1000 / static_cast<double>(ms));
+}
+
+// Returns "12.3 MB" per second; "-" if no time was measured.
+std::wstring SpeedText(const my::IMessageTexts& texts, uint64_t bytes, uint64_t ms);
+
 struct CAttributeLetter {
   uint32_t bit;  // FILE_ATTRIBUTE_ value
   wchar_t letter;

@@ -16,6 +16,7 @@ struct CColumnSpec {
   uint32_t titleId = 0;
   int width = 0;  // pixels at 96 DPI
   my::ListAlign align = my::ListAlign::Left;
+  bool stored = true;  // see my::CListColumn
 };
 
 // The base of list models with a fixed table of columns. This and all derived classes are for the GUI thread

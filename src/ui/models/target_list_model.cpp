@@ -15,14 +15,6 @@ constexpr CColumnSpec kColumns[] = {{IDS_COL_TARGET_PATH, 260},
                                     {IDS_COL_TARGET_ATTRIBUTES, 44},
                                     {IDS_COL_FILTER_ITEM, 216}};
 
-bool Contains(std::wstring_view path, std::wstring_view text) {
-  for (; path.size() >= text.size(); path.remove_prefix(1)) {
-    if (my::EqualNoCase(path.substr(0, text.size()), text)) return true;
-    if (path.empty()) break;
-  }
-  return false;
-}
-
 std::optional<size_t> FindNewest(const CTargets& targets) {
   const my::CFileTime newest = NewestWriteTime(targets);
   size_t row = 0;
@@ -52,7 +44,7 @@ std::wstring CTargetListModel::CountsText() const {
 std::optional<size_t> CTargetListModel::Find(std::wstring_view text, size_t start) const {
   for (size_t n = 0; n < RowCount(); ++n) {
     const size_t row = (start + n) % RowCount();
-    if (Contains(Target(row).RelativePath(), text)) return row;
+    if (my::ContainsNoCase(Target(row).RelativePath(), text)) return row;
   }
   return {};
 }

@@ -7,15 +7,19 @@
 #include "replace/replace_rule.h"
 #include "settings/settings.h"
 #include "text_ids.h"
+#include "ui/models/last_success.h"
 
 namespace qlm {
 namespace {
 
-constexpr CColumnSpec kColumns[] = {{IDS_COL_TASK_ID, 140},
-                                    {IDS_COL_TASK_PATH, 260},
-                                    {IDS_COL_TASK_FILTER, 180},
-                                    {IDS_COL_TASK_DSTS, 80},
-                                    {IDS_COL_TASK_STATE, 260}};
+constexpr bool kNotStored = false;  // the settings file has no place for the width
+
+constexpr CColumnSpec kColumns[] = {{IDS_COL_TASK_ID, 120},
+                                    {IDS_COL_TASK_PATH, 230},
+                                    {IDS_COL_TASK_FILTER, 150},
+                                    {IDS_COL_TASK_DSTS, 64},
+                                    {IDS_COL_LAST_SUCCESS, 136, my::ListAlign::Left, kNotStored},
+                                    {IDS_COL_TASK_STATE, 230}};
 
 // Lower is more urgent: if a task has rows in several states, the most urgent one is shown.
 int Urgency(ResultState state) {
@@ -68,20 +72,28 @@ std::wstring CTaskListModel::Text(size_t row, size_t column) const {
     case Path: return ShownValue(task, kReplaceTaskPath);
     case Filter: return ShownValue(task, kReplaceTaskFilter);
     case Dsts: return DstNumbers(task);
+    case LastSuccess: return m_lastSuccess ? m_lastSuccess->Text(task.id) : std::wstring();
     default: break;
   }
   const CState* state = FindState(row);
-  return state ? state->text : std::wstring();
+  return state ? state->text : OverdueText(row);
 }
 
 my::CListLook CTaskListModel::Look(size_t row) const {
   const CState* state = FindState(row);
-  return state ? StateLook(m_setting, state->state) : my::CListLook{};
+  if (state) return StateLook(m_setting, state->state);
+  return OverdueText(row).empty() ? my::CListLook{} : StateLook(m_setting, ResultState::Incomplete);
 }
 
 std::wstring CTaskListModel::Tip(size_t row) const {
   const CState* state = FindState(row);
-  return state ? state->tip : std::wstring();
+  return state ? state->tip : OverdueText(row);
+}
+
+// A task without destinations is not run, so it is never overdue.
+std::wstring CTaskListModel::OverdueText(size_t row) const {
+  const CTask& task = *m_document.Tasks()[row];
+  return m_lastSuccess && !task.dsts.empty() ? m_lastSuccess->OverdueText(task.id) : std::wstring();
 }
 
 std::wstring CTaskListModel::DstNumbers(const CTask& task) const {

@@ -10,11 +10,12 @@
 namespace qlm {
 
 class CDocument;
+class CLastSuccess;
 
 // The tasks of the document with the results of their last run.
 class CTaskListModel : public CTableModel {
  public:
-  enum TaskColumn : size_t { Id, Path, Filter, Dsts, State };
+  enum TaskColumn : size_t { Id, Path, Filter, Dsts, LastSuccess, State };
 
   // The arguments must outlive the model.
   CTaskListModel(const CDocument& document, const CUISetting& setting, const my::IMessageTexts& texts);
@@ -26,6 +27,9 @@ class CTaskListModel : public CTableModel {
   // Sets all rows of a job. The row in the worst state determines the state of the task.
   void ShowResults(const CResults& rows);
   void ClearResults() { m_states.clear(); }
+
+  // Shows the last success of the tasks, which must outlive the model.
+  void SetLastSuccess(const CLastSuccess& lastSuccess) { m_lastSuccess = &lastSuccess; }
 
   size_t RowCount() const override;
   std::wstring Text(size_t row, size_t column) const override;
@@ -42,9 +46,11 @@ class CTaskListModel : public CTableModel {
 
   std::wstring DstNumbers(const CTask& task) const;
   const CState* FindState(size_t row) const;
+  std::wstring OverdueText(size_t row) const;
 
   const CDocument& m_document;
   const CUISetting& m_setting;
+  const CLastSuccess* m_lastSuccess = nullptr;
   std::unordered_map<const CDst*, size_t> m_dstNumbers;  // from 1
   std::unordered_map<std::wstring, CState> m_states;     // by task ID
 };
