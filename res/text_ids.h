@@ -15,6 +15,7 @@
 #define IDS_CMD_POWER_OFF            154
 #define IDS_CMD_KEEP_POWER           157
 #define IDS_CMD_HISTORY              170
+#define IDS_CMD_SCHEDULES            180
 
 // Run states; the id is also the code of the state.
 #define IDS_STATE_NOT_RUN            371

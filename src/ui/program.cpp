@@ -13,6 +13,7 @@
 #include "platform/win32/win32_power.h"
 #include "platform/win32/win32_process.h"
 #include "platform/win32/win32_shell.h"
+#include "platform/win32/win32_task_scheduler.h"
 #include "platform/win32/win32_threads.h"
 #include "ui/dialogs/message_box.h"
 #include "ui/framework/failures.h"
@@ -44,16 +45,17 @@ struct CWin32Ports {
   my::CWin32Power power;
   my::CWin32Hash hash;
   my::CWin32Shell shell;
+  my::CWin32TaskScheduler scheduler;
   CDocumentClipboard clipboard;
 
   CAppPorts Ports() {
-    return {{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell, clipboard};
+    return {{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell, scheduler, clipboard};
   }
 };
 
 }  // namespace
 
-int RunProgram(const std::wstring& commandLine, int showCommand) {
+int RunDesktop(const std::wstring& commandLine, int showCommand) {
   my::CAutoMessageLoop loop;
   const my::CGdiplus gdiplus;
   CWin32Ports ports;

@@ -8,6 +8,7 @@
 #include "platform/win32/win32_file_system.h"
 #include "platform/win32/win32_hash.h"
 #include "platform/win32/win32_known_folders.h"
+#include "support/fake_scheduler.h"
 #include "support/fake_system.h"
 #include "support/fake_windows.h"
 
@@ -23,13 +24,14 @@ struct CDialogAppOn : CWin32Ports {
   CFakePower power;
   my::CWin32Hash hash;
   CFakeShell shell;
+  CFakeScheduler scheduler;
   CFakeClipboard clipboard;
   CFakeWindow window;
   CFakeDialogs dialogs;
   qlm::CSettings settings{0};
   qlm::CDocument openDocument;
   qlm::CApplication app{
-      {{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell, clipboard},
+      {{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell, scheduler, clipboard},
       settings,
       openDocument,
       dialogs,

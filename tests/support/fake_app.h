@@ -11,6 +11,7 @@
 #include "document/document_file.h"
 #include "support/fake_archiver.h"
 #include "support/fake_ports.h"
+#include "support/fake_scheduler.h"
 #include "support/fake_system.h"
 #include "support/fake_windows.h"
 #include "support/memory_file_system.h"
@@ -53,7 +54,7 @@ class CFakeApp {
     document.emplace();
     app.emplace(
         qlm::CAppPorts{
-            {files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell, clipboard},
+            {files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell, scheduler, clipboard},
         *settings, *document, dialogs, window, dialogs, commandLine);
     dialogs.tool = &app->Replace();
     app->Start();
@@ -98,6 +99,7 @@ class CFakeApp {
   CFakePower power;
   CFakeHash hash;
   CFakeShell shell;
+  CFakeScheduler scheduler;
   CFakeClipboard clipboard;
   CFakeWindow window;
   CFakeDialogs dialogs;

@@ -132,6 +132,7 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
     if (filterFailure != 0) throw my::CException(filterFailure);
   }
   void ShowAbout() override {}
+  void ShowSchedules(bool all) override { schedulesOpened += all ? L"all " : L"own "; }
   void OpenReplace() override { ++replacesOpened; }
   void FocusReplace() override { ++replaceFocuses; }
   void CancelReplace() override {
@@ -153,6 +154,7 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
   std::deque<std::wstring> passwords;              // typed one after another; then cancel
   std::function<void(const std::wstring&)> onBox;  // called while a box is open
   bool refuseToCancel = false;
+  std::wstring schedulesOpened;
   uint32_t filterFailure = 0;  // thrown by the filter dialog; 0: nothing
 
   std::vector<std::wstring> boxes;

@@ -9,6 +9,7 @@
 #include "ui/dialogs/password_dialog.h"
 #include "ui/dialogs/replace_dialog.h"
 #include "ui/dialogs/result_dialog.h"
+#include "ui/dialogs/schedule_dialog.h"
 #include "ui/dialogs/settings_sheet.h"
 #include "ui/dialogs/target_dialog.h"
 #include "ui/dialogs/task_dialog.h"
@@ -128,6 +129,10 @@ void CDialogs::ShowFilter(const std::wstring& filterPath, const std::wstring& so
 
 void CDialogs::ShowAbout() {
   CAboutDialog(*m_context).DoModal(Owner());
+}
+
+void CDialogs::ShowSchedules(bool all) {
+  CScheduleDialog(*m_context, m_scheduleSetting, all).DoModal(Owner());
 }
 
 void CDialogs::OpenClosing() {

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "app/history_loader.h"
+#include "control_ids.h"
 #include "ui/dialogs/list_dialog.h"
 #include "ui/dialogs/sorted_list.h"
 #include "ui/models/history_models.h"
