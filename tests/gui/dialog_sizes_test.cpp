@@ -12,6 +12,7 @@
 #include "ui/dialogs/closing_dialog.h"
 #include "ui/dialogs/dst_dialog.h"
 #include "ui/dialogs/filter_dialog.h"
+#include "ui/dialogs/history_dialog.h"
 #include "ui/dialogs/password_dialog.h"
 #include "ui/dialogs/replace_dialog.h"
 #include "ui/dialogs/result_dialog.h"
@@ -178,6 +179,9 @@ TEST_P(DialogSizes, lists_fit_the_screen) {
   rows.ShowResults(0, {MakeResult()});
   CResultDialog results(Context(), rows);
   Expect(results);
+  CColumnsDlgSetting setting;
+  CHistoryDialog history(Context(), setting, [] {});
+  Expect(history);
 }
 
 TEST_P(DialogSizes, tools_fit_the_screen) {

@@ -20,7 +20,8 @@ struct HistoryWindow : testing::Test, test::CGuiApp {
     AddTask(L"b", scratch.At(L"src"));
     AddDst(scratch.At(L"backup"));
     path = scratch.At(L"d.qlmr");
-    app->Document().Reset(app->Document().Content(), path);
+    const CContent content = app->Document().Content();
+    app->Document().Reset(content, path);
   }
 
   void Record(const std::wstring& documentPath, uint64_t daysAgo, std::vector<CHistoryRow> rows) {

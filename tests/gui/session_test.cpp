@@ -36,7 +36,7 @@ TEST(Session, document_is_built_with_dialogs_saved_run_and_its_results_shown) {
   });
   EXPECT_TRUE(shown);
   a.RunToEnd();
-  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 0, 4), a.texts.Text(IDS_PHASE_CREATED));
+  EXPECT_EQ(a.Cell(IDC_TASK_LIST, 0, 5), a.texts.Text(IDS_PHASE_CREATED));
   EXPECT_TRUE(test::StatusText(a.StatusBar()).starts_with(L"1 / 1  正常終了"));
   a.Do(ID_RESULTS);
   const HWND results = test::DialogWith(IDC_RESULT_LIST);

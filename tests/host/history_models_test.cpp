@@ -39,7 +39,7 @@ std::wstring Line(const my::IListModel& model, size_t row) {
 }
 
 struct HistoryModels : testing::Test, test::CFakeApp {
-  const CUISetting ui;
+  const CUISetting ui{};
   const CHistoryTexts with{ui, texts, clock};
 };
 

@@ -114,7 +114,7 @@ void CHistoryDialog::Fill() {
       if (IsWanted(task.first.document)) tasks.push_back(&task);
     }
   }
-  m_runsModel.Show(std::move(runs));
+  m_runsModel.Show(runs);
   m_tasksModel.Show(std::move(tasks));
   m_runs.Update(0);
   m_tasks.Update(0);

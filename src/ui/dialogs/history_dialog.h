@@ -26,6 +26,7 @@ class CHistoryDialog final : public CListDialog {
  private:
   my::CBox Layout() const override;
   bool OnInit() override;
+  void OnOk() override {}  // Enter must not close the window
   void OnClosed(int result) override;
   bool Execute(int id, int code) override;
   bool OnKey(UINT key) override;

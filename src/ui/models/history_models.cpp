@@ -87,7 +87,7 @@ std::wstring Line(const my::IMessageTexts& texts, uint32_t id, const std::vector
 CHistoryRunsModel::CHistoryRunsModel(const CHistoryTexts& with)
     : CSortableModel(with.texts, kRunColumns), m_with(with) {}
 
-void CHistoryRunsModel::Show(std::vector<const CHistoryRun*> runs) {
+void CHistoryRunsModel::Show(const std::vector<const CHistoryRun*>& runs) {
   m_runs.clear();
   std::ranges::transform(runs, std::back_inserter(m_runs), [](const CHistoryRun* run) {
     return CRun{run, CountRows(*run)};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "history/history_record.h"
@@ -30,7 +31,7 @@ class CHistoryRunsModel : public CSortableModel {
   explicit CHistoryRunsModel(const CHistoryTexts& with);
 
   // The runs must outlive the model or the next call.
-  void Show(std::vector<const CHistoryRun*> runs);
+  void Show(const std::vector<const CHistoryRun*>& runs);
 
   const CHistoryRun& Run(size_t row) const { return *m_runs[row].run; }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <utility>
 
 #include "support/strings.h"
@@ -52,8 +53,12 @@ void CRowView::Update(size_t first) {
     if (Passes(row)) m_rows.push_back(row);
   }
   if (!m_order.column) return;
-  std::sort(m_rows.begin() + kept, m_rows.end(), isBefore);
-  std::inplace_merge(m_rows.begin(), m_rows.begin() + kept, m_rows.end(), isBefore);
+  const auto added = m_rows.begin() + kept;
+  std::sort(added, m_rows.end(), isBefore);
+  std::vector<size_t> merged;
+  merged.reserve(m_rows.size());
+  std::merge(m_rows.begin(), added, added, m_rows.end(), std::back_inserter(merged), isBefore);
+  m_rows = std::move(merged);
 }
 
 // Reads the sort keys of the source rows from `first` on.
