@@ -31,5 +31,5 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int showCommand) {
                                                            ICC_STANDARD_CLASSES | ICC_LINK_CLASS |
                                                            ICC_TAB_CLASSES | ICC_DATE_CLASSES};
   ::InitCommonControlsEx(&controls);
-  return qlm::RunDesktop(::GetCommandLineW(), showCommand);
+  return qlm::RunDesktopProgram(::GetCommandLineW(), showCommand);
 }

@@ -27,7 +27,7 @@ namespace {
 
 // Never destroyed, because a thread that waits for an unresponsive network may use it while the process ends.
 template <class TPort>
-TPort& Immortal() {
+TPort& NeverDestroyed() {
   static auto* const port = new TPort;
   return *port;
 }
@@ -35,8 +35,8 @@ TPort& Immortal() {
 // The Windows ports of the commands.
 struct CWin32Ports {
   my::CMsxmlDom dom;
-  my::CWin32FileSystem& files = Immortal<my::CWin32FileSystem>();
-  my::CWin32Clock& clock = Immortal<my::CWin32Clock>();
+  my::CWin32FileSystem& files = NeverDestroyed<my::CWin32FileSystem>();
+  my::CWin32Clock& clock = NeverDestroyed<my::CWin32Clock>();
   my::CWin32AnsiCodec ansi;
   my::CWin32MessageTexts texts;
   my::CWin32Process process;
@@ -55,7 +55,7 @@ struct CWin32Ports {
 
 }  // namespace
 
-int RunDesktop(const std::wstring& commandLine, int showCommand) {
+int RunDesktopProgram(const std::wstring& commandLine, int showCommand) {
   my::CAutoMessageLoop loop;
   const my::CGdiplus gdiplus;
   CWin32Ports ports;

@@ -4,6 +4,7 @@
 #include "app/application.h"
 #include "gui/gui.h"
 #include "gui/win32_ports.h"
+#include "platform/win32/com.h"
 #include "platform/win32/msxml_dom.h"
 #include "platform/win32/win32_file_system.h"
 #include "platform/win32/win32_hash.h"
@@ -17,6 +18,7 @@ namespace test {
 // `TFiles` is the file system: the real one or one in memory.
 template <class TFiles>
 struct CDialogAppOn : CWin32Ports {
+  my::CComApartment com;
   TFiles files;
   my::CMsxmlDom dom;
   CManualThreads threads;

@@ -94,6 +94,10 @@ TEST_F(HistoryWindow, shows_runs_rows_and_tasks) {
   const HWND tasks = ::GetDlgItem(dialog, IDC_HISTORY_TASKS);
   EXPECT_TRUE(::IsWindowVisible(tasks));
   EXPECT_EQ(ListView_GetItemCount(tasks), 3);
+  ::SendMessageW(dialog, WM_CLOSE, 0, 0);
+  test::Pump();
+  EXPECT_TRUE(::IsWindowVisible(Open(2))) << "again";
+  EXPECT_EQ(box.texts, std::vector<std::wstring>());
 }
 
 TEST_F(HistoryWindow, follows_runs_and_reports_damage) {

@@ -44,7 +44,7 @@ TEST(Session, document_is_built_with_dialogs_saved_run_and_its_results_shown) {
   const HWND list = ::GetDlgItem(results, IDC_RESULT_LIST);
   ASSERT_EQ(ListView_GetItemCount(list), 1);
   EXPECT_EQ(test::CellOf(list, 0, 0), L"書類");
-  EXPECT_EQ(test::CellOf(list, 0, 4), a.texts.Text(IDS_PHASE_CREATED));
+  EXPECT_EQ(test::CellOf(list, 0, 8), a.texts.Text(IDS_PHASE_CREATED));
   EXPECT_EQ(a.scratch.files.Kind(test::CellOf(list, 0, 1)), my::PathKind::Folder);
   ::SendMessageW(results, WM_CLOSE, 0, 0);
   a.scratch.files.RemoveFolder(a.scratch.At(L"書類"));

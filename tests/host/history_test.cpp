@@ -51,8 +51,9 @@ TEST_F(History, record_is_read_as_written) {
   EXPECT_TRUE(Load().runs.empty()) << "no file yet";
   CHistoryRun run = MakeRun(L"C:\\文書\\\"一\".qlmr");
   run.stopped = true;
-  run.rows = {{L"書類", L"C:\\元", L"D:\\先\\a.zip", RowOutcome::SKIPPED, 3, uint64_t{5} << 40, 2, 1, 0, 0, L""},
-              {L"😀", L"C:\\b", L"", RowOutcome::FAILED, 0, 0, 0, 0, IDS_COPY_FILE_FAILED, 0x80070005, L"a\tb"}};
+  run.rows = {
+      {L"書類", L"C:\\元", L"D:\\先\\a.zip", RowOutcome::SKIPPED, 3, uint64_t{5} << 40, 2, 1, 0, 0, L""},
+      {L"😀", L"C:\\b", L"", RowOutcome::FAILED, 0, 0, 0, 0, IDS_COPY_FILE_FAILED, 0x80070005, L"a\tb"}};
   AppendHistory(files, clock, kFile, run);
   Append(L"second");
   const CHistory history = Load();
@@ -60,7 +61,8 @@ TEST_F(History, record_is_read_as_written) {
   EXPECT_EQ(history.runs[0].document, L"second") << "newest first";
   EXPECT_EQ(history.runs[1], run);
   std::string older = HistoryLine(run);
-  for (size_t at; (at = older.find("\"detail\":")) != older.npos;) older.erase(at, older.find(',', at) + 1 - at);
+  for (size_t at; (at = older.find("\"detail\":")) != older.npos;)
+    older.erase(at, older.find(',', at) + 1 - at);
   run.rows[1].detail = 0;
   EXPECT_EQ(ParseHistoryLine(older), run) << "of a program that did not write it";
   EXPECT_EQ(my::ParseUtcText(L"2016-02-30T00:00:00Z"), std::nullopt);

@@ -166,6 +166,7 @@ CSampleApp::CSampleApp() {
   app->Document().Reset(content, L"D:\\設定\\毎日のバックアップ.qlmr");
   FillHistory();
   ::SendMessageW(test::DialogWith(IDC_HISTORY_RUNS), WM_CLOSE, 0, 0);
+  test::Pump();
 }
 
 }  // namespace shots

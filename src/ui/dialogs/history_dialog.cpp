@@ -118,6 +118,7 @@ void CHistoryDialog::Fill() {
   m_tasksModel.Show(std::move(tasks));
   m_runs.Update(0);
   m_tasks.Update(0);
+  if (!m_tasks.FocusedRow()) m_tasks.Show(0);
   FillRows();
   ShowStatus();
 }

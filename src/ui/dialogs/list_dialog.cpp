@@ -32,10 +32,15 @@ bool IsControlDown() {
 }
 
 void CListDialog::UseList(my::CListView& list, const my::IListModel& model, int controlId, UINT menuId) {
+  // Those of an earlier window of this object.
+  std::erase_if(m_lists, [](const CShownList& shown) { return !shown.view->Hwnd(); });
   list.Attach(Item(controlId), my::CListView::Boxes::No);
   list.Events().key = [this](UINT key) { return OnListKey(key) || OnKey(key); };
   list.Events().contextMenu = [this](POINT screen) { ShowMenu(screen); };
-  if (m_lists.empty()) list.SetWidths(m_setting.columnWidthes);
+  if (m_lists.empty()) {
+    list.SetWidths(m_setting.columnWidthes);
+    m_current = 0;
+  }
   m_lists.push_back({&list, &model});
   m_menuId = menuId;
   HearKeys();

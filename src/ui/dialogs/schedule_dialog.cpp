@@ -45,7 +45,6 @@ bool CScheduleDialog::OnInit() {
   EnableItem(IDC_SCHEDULE_ADD, isNamed);
   SetItemText(IDC_SCHEDULE_NOTE, ScheduleWarning(m_context));
   Load();
-  if (m_model.RowCount() != 0) ShowRow(0);
   ::SetFocus(m_model.RowCount() != 0 ? m_list.Hwnd() : Item(IDC_SCHEDULE_ADD));
   return false;
 }
@@ -78,6 +77,7 @@ void CScheduleDialog::Load() {
   auto all = m_schedules.All();
   m_model.Show(IsChecked(IDC_SCHEDULE_ALL) ? std::move(all) : SchedulesOf(all, m_context.document.Path()));
   m_list.Refresh();
+  if (m_model.RowCount() != 0 && !m_list.FocusedRow()) ShowRow(0);
   UpdateButtons();
 }
 

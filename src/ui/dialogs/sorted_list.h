@@ -43,7 +43,7 @@ class CSortedList final : public CDrawnList, public IListState {
   void Focus() override { ::SetFocus(Hwnd()); }
 
  private:
-  // What is kept when the rows are arranged anew, as rows of the source.
+  // What is kept when the rows are arranged again, as rows of the source.
   struct CKept {
     std::vector<size_t> selected;
     std::optional<size_t> focused;

@@ -33,7 +33,7 @@ constexpr CColumnSpec kRunColumns[] = {{IDS_COL_HISTORY_START, 150},
 constexpr CColumnSpec kRowColumns[] = {{IDS_COL_TASK_ID, 120},
                                        {IDS_COL_RESULT_PATH, 240},
                                        {IDS_COL_HISTORY_OUTCOME, 80},
-                                       {IDS_COL_RESULT_FILES, 72, ListAlign::Right},
+                                       {IDS_COL_RESULT_FILES, 80, ListAlign::Right},
                                        {IDS_COL_RESULT_BYTES, 100, ListAlign::Right},
                                        {IDS_COL_RESULT_MESSAGE, 280}};
 

@@ -24,11 +24,11 @@ constexpr CColumnSpec kColumns[] = {{IDS_COL_TASK_ID, 104},
                                     {IDS_COL_RESULT_PATH, 160},
                                     {IDS_COL_DST_TYPE, 90},
                                     {IDS_COL_RESULT_TIME, 140},
-                                    {IDS_COL_RESULT_FILES, 70, ListAlign::Right, kNotStored},
+                                    {IDS_COL_RESULT_FILES, 80, ListAlign::Right, kNotStored},
                                     {IDS_COL_RESULT_BYTES, 96, ListAlign::Right, kNotStored},
                                     {IDS_COL_RESULT_DURATION, 60, ListAlign::Right, kNotStored},
                                     {IDS_COL_RESULT_SPEED, 90, ListAlign::Right, kNotStored},
-                                    {IDS_COL_RESULT_MESSAGE, 290}};
+                                    {IDS_COL_RESULT_MESSAGE, 280}};
 
 constexpr size_t kMostFolders = 1000;  // in the text about a row
 
