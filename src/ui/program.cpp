@@ -49,7 +49,15 @@ struct CWin32Ports {
   CDocumentClipboard clipboard;
 
   CAppPorts Ports() {
-    return {{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell, scheduler, clipboard};
+    return {{files, clock, ansi, texts, process},
+            dom,
+            threads,
+            folders,
+            power,
+            hash,
+            shell,
+            scheduler,
+            clipboard};
   }
 };
 

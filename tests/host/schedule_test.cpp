@@ -1,12 +1,16 @@
 #include <gtest/gtest.h>
 
+#include "app/schedule_commands.h"
+#include "command_ids.h"
 #include "schedule/schedules.h"
+#include "support/fake_app.h"
 #include "support/fake_ports.h"
 #include "support/fake_scheduler.h"
 #include "support/memory_file_system.h"
 #include "support/pugi_dom.h"
 #include "support/strings.h"
 #include "support/thrown.h"
+#include "ui/models/schedule_list_model.h"
 
 namespace {
 
@@ -98,6 +102,40 @@ TEST_F(Schedules, moved_program_or_document_is_a_fault_but_not_an_absent_drive) 
     schedules.Mend(Only(), absent);
     EXPECT_EQ(Only().fault, ScheduleFault::None) << my::Utf8FromWide(absent);
   }
+}
+
+TEST(Schedule, list_shows_the_last_result_and_what_is_wrong) {
+  const test::CRcTexts texts;
+  const CSettings settings(0);
+  CScheduleListModel model(settings.ui, texts);
+  CDocumentSchedule ended{{L"", L"", true, false, kStart, kStart}, {{kRunner, kDocument}, {}}, {}};
+  std::vector<CDocumentSchedule> rows(6, ended);
+  rows[1].task.lastResult = 1;           // rows with errors
+  rows[2].task.lastResult = 0x80070002;  // the program was not found
+  rows[3].task.lastRun = {};
+  rows[4].task.enabled = false;
+  rows[5].fault = ScheduleFault::NoDocument;
+  model.Show(rows);
+  const std::wstring states[] = {L"正常",   L"エラーあり", L"実行できませんでした (0x80070002)",
+                                 L"未実行", L"無効",       L"文書が見つかりません"};
+  for (size_t row = 0; row < rows.size(); ++row)
+    EXPECT_EQ(model.Text(row, CScheduleListModel::State), states[row]) << row;
+  EXPECT_EQ(model.Text(0, CScheduleListModel::NextRun), L"2026/11/23 21:05");
+  EXPECT_EQ(model.Text(0, CScheduleListModel::When), texts.Text(IDS_SCHEDULE_CUSTOM));
+}
+
+TEST_F(Schedules, start_offers_to_mend_what_was_moved_and_needs_a_saved_document) {
+  test::CFakeApp a;
+  a.Start();
+  a.Do(ID_SCHEDULES);
+  EXPECT_NE(a.dialogs.boxes.back().find(a.Text(IDS_SCHEDULE_SAVE_FIRST)), std::wstring::npos);
+  OfferToMendSchedules(a.app->Context());
+  EXPECT_EQ(a.dialogs.schedulesOpened, L"");
+  schedules.Add(L"C:\\gone.qlmr", {ScheduleKind::Idle});
+  a.scheduler.tasks = scheduler.tasks;
+  a.dialogs.buttons = {true};
+  OfferToMendSchedules(a.app->Context());
+  EXPECT_EQ(a.dialogs.schedulesOpened, L"all ");
 }
 
 TEST(Schedule, single_run_in_the_past_and_a_week_without_days_are_refused) {
