@@ -60,7 +60,7 @@ std::wstring CScheduleListModel::StateText(const CDocumentSchedule& schedule) co
   if (!task.lastRun || task.lastResult == kHasNotRun) return m_texts.Text(IDS_SCHEDULE_NEVER_RUN);
   if (task.lastResult == kDone) return m_texts.Text(IDS_SCHEDULE_LAST_DONE);
   if (task.lastResult == kRowsWithErrors) return m_texts.Text(IDS_SCHEDULE_LAST_ERRORS);
-  return m_texts.Text(IDS_SCHEDULE_LAST_FAILED) + L" (0x" + my::HexText(task.lastResult) + L")";
+  return m_texts.Text(IDS_SCHEDULE_LAST_FAILED) + L" (" + my::HexText(task.lastResult) + L")";
 }
 
 }  // namespace qlm
