@@ -18,6 +18,7 @@
 #define ID_PLAN_SELECTED             167
 #define ID_HISTORY                   170
 #define ID_FIRST_BACKUP              180
+#define ID_SCHEDULES                 181
 #define ID_NEW                       57600
 #define ID_OPEN                      57601
 #define ID_SAVE                      57603

@@ -204,7 +204,32 @@
 #define IDC_SORT_FIRST               1568
 #define IDC_SORT_LAST                1579
 
-// Links to the manual: 1590-1599.
-#define IDC_RESULT_EXPLAIN           1590
+// Schedules.
+#define IDD_SCHEDULES                1590
+#define IDD_SCHEDULE_EDIT            1591
+#define IDM_SCHEDULES                1592
+#define IDC_SCHEDULE_ALL             1593
+#define IDC_SCHEDULE_LIST            1594
+#define IDC_SCHEDULE_NOTE            1595
+#define IDC_SCHEDULE_ADD             1596
+#define IDC_SCHEDULE_EDIT            1597
+#define IDC_SCHEDULE_REMOVE          1598
+#define IDC_SCHEDULE_MEND            1599
+#define IDC_SCHEDULE_KIND            1600
+#define IDC_SCHEDULE_DATE            1601
+#define IDC_SCHEDULE_TIME            1602
+#define IDC_SCHEDULE_SUNDAY          1603
+#define IDC_SCHEDULE_MONDAY          1604
+#define IDC_SCHEDULE_TUESDAY         1605
+#define IDC_SCHEDULE_WEDNESDAY       1606
+#define IDC_SCHEDULE_THURSDAY        1607
+#define IDC_SCHEDULE_FRIDAY          1608
+#define IDC_SCHEDULE_SATURDAY        1609
+#define IDC_SCHEDULE_MISSED          1610
+#define IDC_SCHEDULE_BATTERY         1611
+#define IDC_SCHEDULE_DAYS_GROUP      1612
+
+// Links to the manual: 1613.
+#define IDC_RESULT_EXPLAIN           1613
 
 #endif  // QUILLMOOR_CONTROL_IDS_H

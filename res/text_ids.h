@@ -15,6 +15,7 @@
 #define IDS_CMD_POWER_OFF            154
 #define IDS_CMD_KEEP_POWER           157
 #define IDS_CMD_HISTORY              170
+#define IDS_CMD_SCHEDULES            181
 
 // Run states; the id is also the code of the state.
 #define IDS_STATE_NOT_RUN            371
@@ -540,6 +541,46 @@
 #define IDS_FILTER_NOT_ENCODABLE     1058
 #define IDS_SELECT_TASKS             1059
 #define IDS_ADVICE_NO_PASSWORD       1060
+
+// Schedules: kinds (first id + ScheduleKind), weekdays from Sunday, errors, texts.
+#define IDS_SCHEDULE_ONCE            1170
+#define IDS_SCHEDULE_DAILY           1171
+#define IDS_SCHEDULE_WEEKLY          1172
+#define IDS_SCHEDULE_LOGON           1173
+#define IDS_SCHEDULE_IDLE            1174
+#define IDS_WEEKDAY_SUNDAY           1175
+#define IDS_WEEKDAY_MONDAY           1176
+#define IDS_WEEKDAY_TUESDAY          1177
+#define IDS_WEEKDAY_WEDNESDAY        1178
+#define IDS_WEEKDAY_THURSDAY         1179
+#define IDS_WEEKDAY_FRIDAY           1180
+#define IDS_WEEKDAY_SATURDAY         1181
+#define IDS_SCHEDULE_NO_WEEKDAY      1182
+#define IDS_SCHEDULE_PAST            1184
+#define IDS_SCHEDULER_FAILED         1185
+#define IDS_SCHEDULE_ADD_FAILED      1186
+#define IDS_SCHEDULE_REMOVE_FAILED   1187
+#define IDS_SCHEDULE_DESCRIPTION     1189
+#define IDS_SCHEDULE_CUSTOM          1190
+#define IDS_SCHEDULE_NO_DOCUMENT     1191
+#define IDS_SCHEDULE_NO_RUNNER       1192
+#define IDS_SCHEDULE_DISABLED        1193
+#define IDS_SCHEDULE_NEVER_RUN       1194
+#define IDS_SCHEDULE_LAST_DONE       1195
+#define IDS_SCHEDULE_LAST_ERRORS     1196
+#define IDS_SCHEDULE_LAST_FAILED     1197
+#define IDS_SCHEDULE_RUNS_NOW        1198
+#define IDS_SCHEDULE_ASK_MEND        1199
+#define IDS_SCHEDULE_ASK_REMOVE      1200
+#define IDS_SCHEDULE_PASSWORD        1201
+#define IDS_SCHEDULE_SAVE_FIRST      1202
+#define IDS_SCHEDULE_FAILED_RUN      1204
+#define IDS_COL_SCHEDULE             1205
+#define IDS_COL_NEXT_RUN             1206
+#define IDS_COL_LAST_RUN             1207
+#define IDS_COL_SCHEDULE_STATE       1208
+#define IDS_COL_DOCUMENT             1209
+#define IDS_SCHEDULE_EXISTS_ALREADY  1210
 
 // Results: columns, totals, search and the text about one row.
 #define IDS_COL_RESULT_FILES         1070

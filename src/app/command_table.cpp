@@ -31,6 +31,7 @@ CCommandTable::CCommandTable(CAppContext& context, std::wstring commandLine)
                                                           context.window.TaskList(), &SourceFolderOf, false)),
       explorerDst(boost::make_shared<CCommandExplorerDst>(context, context.document.Dsts(),
                                                           context.window.DstList(), &FolderOf, true)),
+      schedules(boost::make_shared<CCommandSchedules>(context)),
       openUrl(boost::make_shared<CCommandOpenUrl>(context)),
       firstBackup(boost::make_shared<CCommandManual>(context, L"first-backup.html")) {}
 
@@ -54,6 +55,7 @@ CCommand* CCommandTable::Find(uint32_t id) {
     case ID_TASK_TARGETS: return taskTargets.get();
     case ID_EXPLORER_SRC: return explorerSrc.get();
     case ID_EXPLORER_DST: return explorerDst.get();
+    case ID_SCHEDULES: return schedules.get();
     case ID_HOME_PAGE: openUrl->SetPage(IDS_HOME_PAGE_URL); return openUrl.get();
     case ID_USAGE_PAGE: openUrl->SetPage(IDS_USAGE_PAGE_URL); return openUrl.get();
     case ID_FIRST_BACKUP: return firstBackup.get();

@@ -10,6 +10,7 @@
 #include "app/plan_commands.h"
 #include "app/power_off.h"
 #include "app/run_commands.h"
+#include "app/schedule_commands.h"
 #include "app/start_commands.h"
 #include "app/view_commands.h"
 
@@ -43,6 +44,7 @@ struct CCommandTable {
   boost::shared_ptr<CCommandTaskTargets> taskTargets;
   boost::shared_ptr<CCommandExplorerSrc> explorerSrc;
   boost::shared_ptr<CCommandExplorerDst> explorerDst;
+  boost::shared_ptr<CCommandSchedules> schedules;
   boost::shared_ptr<CCommandOpenUrl> openUrl;
   boost::shared_ptr<CCommandManual> firstBackup;
 };

@@ -130,6 +130,9 @@ class IDialogs {
   virtual void ShowSettings(bool designPage) = 0;  // modal
   virtual void ShowAbout() = 0;                    // modal
 
+  // Modal. Shows the schedules of the document or of all documents.
+  virtual void ShowSchedules(bool all) = 0;
+
   // Opens the modeless replace dialog. The replace tool is already open; the dialog ends it with Commit or
   // Cancel.
   virtual void OpenReplace() = 0;

@@ -136,6 +136,7 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
   void ShowPlan(qlm::CPlanRequest request, const std::vector<std::wstring>&) override {
     plans.push_back(std::move(request));
   }
+  void ShowSchedules(bool all) override { schedulesOpened += all ? L"all " : L"own "; }
   void OpenReplace() override { ++replacesOpened; }
   void FocusReplace() override { ++replaceFocuses; }
   void CancelReplace() override {
@@ -157,6 +158,7 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
   std::deque<std::wstring> passwords;              // typed one after another; then cancel
   std::function<void(const std::wstring&)> onBox;  // called while a box is open
   bool refuseToCancel = false;
+  std::wstring schedulesOpened;
   uint32_t filterFailure = 0;  // thrown by the filter dialog; 0: nothing
 
   std::vector<std::wstring> boxes;

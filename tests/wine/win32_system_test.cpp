@@ -3,11 +3,14 @@
 
 #include <shlobj.h>
 
+#include "platform/win32/com.h"
 #include "platform/win32/win32_hash.h"
 #include "platform/win32/win32_known_folders.h"
 #include "platform/win32/win32_power.h"
 #include "platform/win32/win32_process.h"
 #include "platform/win32/win32_shell.h"
+#include "platform/win32/win32_task_scheduler.h"
+#include "schedule/schedule_xml.h"
 #include "scratch_folder.h"
 #include "support/thrown.h"
 #include "text_ids.h"
@@ -28,6 +31,26 @@ TEST(Win32Power, computer_may_sleep_again_after_a_run) {
   EXPECT_EQ(::SetThreadExecutionState(kAwake), kAwake) << "the state before";
   awake.reset();
   EXPECT_EQ(::SetThreadExecutionState(ES_CONTINUOUS), DWORD{ES_CONTINUOUS});
+}
+
+// Wine does not list tasks and does not keep their triggers and actions, so only names are checked.
+TEST(Win32TaskScheduler, task_is_added_once_changed_and_removed) {
+  const my::CComApartment com;
+  my::CWin32TaskScheduler scheduler;
+  const std::wstring name = L"Quillmoor - テスト & 1";
+  scheduler.Remove(name);
+  const auto xml = [&](const qlm::CSchedule& schedule) {
+    return qlm::ScheduleXml(schedule, {L"C:\\a b\\QuillmoorRun.exe", L"C:\\文書 & 1.qlmr"}, scheduler.User(),
+                            L"x");
+  };
+  EXPECT_TRUE(scheduler.User().starts_with(L"S-1-"));
+  EXPECT_TRUE(scheduler.Add(name, xml({qlm::ScheduleKind::Weekly, {2030, 1, 2, 3, 4, 0}, 3})));
+  EXPECT_FALSE(scheduler.Add(name, xml({qlm::ScheduleKind::Logon})));
+  scheduler.Change(name, xml({qlm::ScheduleKind::Idle}));
+  EXPECT_EQ(test::ThrownId([&] { scheduler.Change(name, L"<Task"); }), IDS_SCHEDULE_ADD_FAILED);
+  scheduler.Remove(name);
+  EXPECT_TRUE(scheduler.Add(name, xml({qlm::ScheduleKind::Daily, {2030, 1, 2, 3, 4, 0}})));
+  scheduler.Remove(name);
 }
 
 TEST(Win32Process, program_gets_what_it_is_started_with) {

@@ -12,6 +12,7 @@
 #include "ui/dialogs/plan_dialog.h"
 #include "ui/dialogs/replace_dialog.h"
 #include "ui/dialogs/result_dialog.h"
+#include "ui/dialogs/schedule_dialog.h"
 #include "ui/dialogs/settings_sheet.h"
 #include "ui/dialogs/target_dialog.h"
 #include "ui/dialogs/task_dialog.h"
@@ -155,6 +156,10 @@ void CDialogs::ShowFilter(const std::wstring& filterPath, const std::wstring& so
 
 void CDialogs::ShowAbout() {
   CAboutDialog(*m_context).DoModal(Owner());
+}
+
+void CDialogs::ShowSchedules(bool all) {
+  CScheduleDialog(*m_context, m_scheduleSetting, all).DoModal(Owner());
 }
 
 void CDialogs::OpenClosing() {

@@ -4,6 +4,7 @@
 
 #include "app/application.h"
 #include "app/drop_command.h"
+#include "app/schedule_commands.h"
 #include "command_ids.h"
 #include "control_ids.h"
 #include "platform/message_texts.h"
@@ -18,6 +19,8 @@ namespace qlm {
 namespace {
 
 constexpr UINT_PTR kRunTimer = 1;
+constexpr UINT_PTR kScheduleTimer = 3;
+constexpr UINT kScheduleDelayMs = 3000;       // the start must not wait for the Task Scheduler
 constexpr UINT kRunEnded = WM_APP + 1;        // posted, so that no dialog opens within a tick
 constexpr UINT kFocusLost = WM_APP + 2;       // posted, because a button may be enabled again at once
 constexpr UINT kHistoryLoaded = WM_APP + 20;  // posted by the thread that reads the history
@@ -82,6 +85,7 @@ void CMainFrame::OnCreate() {
   my::PlaceWindow(Hwnd(), my::DefaultBounds(Hwnd(), {width, height}));
   m_app->Document().AddListener([this](DocChangeEventFlags what) { OnDocumentChanged(what); });
   m_app->Start();
+  ::SetTimer(Hwnd(), kScheduleTimer, kScheduleDelayMs, nullptr);
   m_parts->history.Begin(Hwnd(), kHistoryLoaded);
 }
 
@@ -155,6 +159,7 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_TIMER:
       if (wParam == kRunTimer) m_app->OnTimer();
       if (wParam == CAdvicePresenter::kTimer) m_parts->advice.OnTimer(Hwnd());
+      if (wParam == kScheduleTimer) CheckSchedules();
       return 0;
     case kRunEnded: m_parts->run.OpenOutcome(Hwnd()); return 0;
     case CRunPresenter::kNoticeMessage: m_parts->run.OnNotice(Hwnd(), lParam); return 0;
@@ -323,6 +328,13 @@ void CMainFrame::StartTimer(uint32_t periodMs) {
 
 void CMainFrame::StopTimer() {
   ::KillTimer(Hwnd(), kRunTimer);
+}
+
+// Once after the start, when the user is not in a dialog.
+void CMainFrame::CheckSchedules() {
+  if (!::IsWindowEnabled(Hwnd()) || m_app->IsClosing()) return;
+  ::KillTimer(Hwnd(), kScheduleTimer);
+  OfferToMendSchedules(m_app->Context());
 }
 
 void CMainFrame::ShowRunState() {

@@ -101,6 +101,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void LimitSize(MINMAXINFO& limits) const;
   void OnSystemChanged();
   void OnClose();
+  void CheckSchedules();
   void UpdateCommands();
   void UseDpi(UINT dpi);
   void Arrange();
