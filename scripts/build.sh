@@ -2,12 +2,6 @@
 # build.sh [PRESET...]: builds the given presets, by default mingw and host.
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
-# Runs a command and prints its output only if it fails.
-quietly() {
-  local output
-  output=$("$@" 2>&1) || { printf '%s\n' "$output" >&2; return 1; }
-}
-
 build() {
   local preset=$1 folder=$top/build/$1 started=$SECONDS
   local stamp=$folder/.configured

@@ -12,6 +12,12 @@ export WINEDEBUG=-all
 say() { printf '%s\n' "$*"; }
 die() { printf '%s\n' "$*" >&2; exit 1; }
 
+# Runs a command and prints its output only if it fails.
+quietly() {
+  local output
+  output=$("$@" 2>&1) || { printf '%s\n' "$output" >&2; return 1; }
+}
+
 # The pinned 7-Zip of the tests: the Windows program (7z.dll is in the same folder), and the native one that
 # reads its archives.
 archiver_folder=$top/tests/archiver

@@ -37,7 +37,7 @@ may_use_windows='^(src/platform/win32/|src/ui/(?!models/|framework/list_model\.)
 check_floors() {
   cpp_files src | search -E '^\s*#\s*include\s*"' | awk -F: '
     BEGIN {
-      split("support 0 platform 1 document 2 replace 3 settings 3 engine 4 history 5 app 6 ui 7 run 7", f, " ")
+      split("support 0 platform 1 document 2 replace 3 settings 3 engine 4 history 5 schedule 5 app 6 ui 7 run 7", f, " ")
       for (i = 1; i in f; i += 2) floor[f[i]] = f[i + 1]
       split("framework 1 models 2 look 3 dialogs 4 main_window 5", r, " ")
       for (i = 1; i in r; i += 2) room[r[i]] = r[i + 1]

@@ -6,6 +6,7 @@
 
 #include "platform/win32/com.h"
 #include "platform/win32/msxml_dom.h"
+#include "platform/win32/system_function.h"
 #include "platform/win32/win32_ansi_codec.h"
 #include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_console.h"
@@ -20,6 +21,7 @@
 #include "run/runner.h"
 
 int wmain(int argc, wchar_t** argv) {
+  my::LoadOnlySystemLibraries();
   my::CWin32Console console;
   my::CWin32MessageTexts texts;
   const qlm::CParsedOptions parsed =

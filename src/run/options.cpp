@@ -2,7 +2,10 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <boost/version.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <sstream>
+#include <string_view>
 
 #include "run/exit_codes.h"
 #include "support/strings.h"
@@ -11,7 +14,17 @@
 namespace qlm {
 namespace {
 
-constexpr char kVersionText[] = "QuillmoorRun " QLM_VERSION;
+// Version, commit and libraries. The commit is empty in builds outside a repository.
+std::string VersionText() {
+  constexpr std::string_view kCommit = QLM_COMMIT;
+  std::ostringstream text;
+  text << "QuillmoorRun " QLM_VERSION;
+  if (!kCommit.empty()) text << " (" << kCommit << ")";
+  text << "\nBoost " << BOOST_VERSION / 100000 << '.' << BOOST_VERSION / 100 % 1000
+       << ", CLI11 " CLI11_VERSION ", JSON " << NLOHMANN_JSON_VERSION_MAJOR << '.'
+       << NLOHMANN_JSON_VERSION_MINOR << '.' << NLOHMANN_JSON_VERSION_PATCH;
+  return text.str();
+}
 
 // Text options in UTF-8, as CLI11 returns them.
 struct CRawOptions {
@@ -37,7 +50,7 @@ void AddOptions(CLI::App& app, COptions& options, CRawOptions& raw, const CUtf8T
   const std::string group = text(IDS_HELP_OPTIONS);
   app.option_defaults()->group(group);
   app.set_help_flag("-h,--help", text(IDS_OPTION_HELP))->group(group);
-  app.set_version_flag("--version", kVersionText, text(IDS_OPTION_VERSION))->group(group);
+  app.set_version_flag("--version", VersionText(), text(IDS_OPTION_VERSION))->group(group);
   app.add_option("DOCUMENT", raw.document, text(IDS_OPTION_DOCUMENT))->option_text(" ");
   app.add_option("--task", raw.tasks, text(IDS_OPTION_TASK))
       ->option_text("ID")

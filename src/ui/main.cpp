@@ -4,6 +4,7 @@
 #include <commctrl.h>
 #include <ole2.h>
 
+#include "platform/win32/system_function.h"
 #include "ui/program.h"
 
 namespace {
@@ -25,11 +26,12 @@ class COle {
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int showCommand) {
+  my::LoadOnlySystemLibraries();
   const COle ole;
   ::DefWindowProcW(nullptr, 0, 0, 0);  // initializes user32 before the first window is created
   const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_BAR_CLASSES | ICC_LISTVIEW_CLASSES |
                                                            ICC_STANDARD_CLASSES | ICC_LINK_CLASS |
-                                                           ICC_TAB_CLASSES};
+                                                           ICC_TAB_CLASSES | ICC_DATE_CLASSES};
   ::InitCommonControlsEx(&controls);
   return qlm::RunDesktopProgram(::GetCommandLineW(), showCommand);
 }

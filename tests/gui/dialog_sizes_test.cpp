@@ -14,6 +14,7 @@
 #include "ui/dialogs/filter_dialog.h"
 #include "ui/dialogs/history_dialog.h"
 #include "ui/dialogs/password_dialog.h"
+#include "ui/dialogs/plan_dialog.h"
 #include "ui/dialogs/replace_dialog.h"
 #include "ui/dialogs/result_dialog.h"
 #include "ui/dialogs/settings_sheet.h"
@@ -190,6 +191,11 @@ TEST_P(DialogSizes, lists_fit_the_screen) {
   CColumnsDlgSetting setting;
   CHistoryDialog history(Context(), setting, [] {});
   Expect(history);
+  InsertDst(app.Document(), -1, dst);
+  InsertTask(app.Document(), -1, {L"work", L"C:\\src", L"", {app.Document().Dsts()[0]}});
+  CPlanDialog plan(Context(), setting);
+  plan.Start(MakePlanRequest(Context(), {}), {});
+  Expect(plan);
 }
 
 TEST_P(DialogSizes, tools_fit_the_screen) {

@@ -1,5 +1,6 @@
 #include "support/fake_ports.h"
 
+#include <algorithm>
 #include <future>
 #include <thread>
 
@@ -56,6 +57,13 @@ std::wstring CRcTexts::Text(uint32_t id) const {
 std::wstring CFakeAnsiCodec::Decode(std::string_view bytes) const {
   const std::string utf8 = std::regex_replace(std::string(bytes), std::regex("\x8E\x9A"), "字");
   return my::WideFromUtf8(std::regex_replace(utf8, std::regex("\xB1"), "ｱ"));
+}
+
+std::optional<std::string> CFakeAnsiCodec::Encode(std::wstring_view text) const {
+  const std::string utf8 = my::Utf8FromWide(text);
+  const std::string rest = std::regex_replace(utf8, std::regex("字"), "");
+  if (std::ranges::any_of(rest, [](char c) { return (c & 0x80) != 0; })) return {};
+  return std::regex_replace(utf8, std::regex("字"), "\x8E\x9A");
 }
 
 uint32_t CFakeProcess::Run(const my::CProcessStart& start) {

@@ -4,6 +4,12 @@
 
 namespace my {
 
+// Makes the process load libraries that are named without a path from the system folder only, never from the
+// folder of the program, which may be one of downloads. To be called first of all.
+inline void LoadOnlySystemLibraries() {
+  ::SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
+}
+
 // Returns a function of a system library; null if this version of the system lacks it. The library is loaded
 // from the system folder only and stays loaded. `Function` is a type such as `UINT WINAPI(HWND)`. Callers
 // should keep the result.

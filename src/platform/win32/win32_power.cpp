@@ -5,6 +5,7 @@
 
 #include "platform/win32/handle.h"
 #include "platform/win32/last_error.h"
+#include "platform/win32/system_function.h"
 #include "platform/win32/win32_power.h"
 #include "support/exception.h"
 #include "text_ids.h"
@@ -72,7 +73,8 @@ void CWin32Power::EndSession(uint32_t flags, uint32_t reason) {
 }
 
 void CWin32Power::SetSuspendState(bool hibernate, bool force, bool disableWakeEvents) {
-  if (::SetSuspendState(hibernate, force, disableWakeEvents)) return;
+  const auto suspend = SystemFunction<decltype(::SetSuspendState)>(L"powrprof.dll", "SetSuspendState");
+  if (suspend && suspend(hibernate, force, disableWakeEvents)) return;
   ThrowFailure(hibernate ? IDS_HIBERNATE_FAILED : IDS_SLEEP_FAILED, ::GetLastError());
 }
 

@@ -63,8 +63,8 @@ void DrawPushButton(const DRAWITEMSTRUCT& draw, bool disabled, UINT dpi) {
     return;
   }
   const int state = disabled ? PBS_DISABLED : pressed ? PBS_PRESSED : PBS_NORMAL;
-  ::DrawThemeParentBackground(draw.hwndItem, draw.hDC, &rect);
-  ::DrawThemeBackground(theme.Get(), draw.hDC, BP_PUSHBUTTON, state, &rect, nullptr);
+  my::DrawParentBackground(draw.hwndItem, draw.hDC, rect);
+  my::DrawThemed(theme.Get(), draw.hDC, BP_PUSHBUTTON, state, rect);
 }
 
 }  // namespace

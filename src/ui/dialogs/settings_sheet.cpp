@@ -1,7 +1,6 @@
 #include "ui/dialogs/settings_sheet.h"
 
 #include <commctrl.h>
-#include <uxtheme.h>
 
 #include <algorithm>
 #include <utility>
@@ -14,6 +13,7 @@
 #include "ui/dialogs/design_page.h"
 #include "ui/dialogs/general_page.h"
 #include "ui/framework/dpi.h"
+#include "ui/framework/theme.h"
 #include "ui/framework/window_placement.h"
 
 namespace qlm {
@@ -151,7 +151,7 @@ void CSettingsSheet::AddPage(CSettingsPage& page) {
   TabCtrl_InsertItem(tab, TabCtrl_GetItemCount(tab), &item);
 
   page.CreateModeless(Hwnd(), m_pageKeys);
-  ::EnableThemeDialogTexture(page.Hwnd(), ETDT_ENABLETAB);
+  my::UseTabTexture(page.Hwnd());
   ::ShowWindow(page.Hwnd(), SW_HIDE);
   page.SetChanged([this] { EnableItem(IDC_APPLY, true); });
 }

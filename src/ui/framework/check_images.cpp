@@ -1,6 +1,5 @@
 #include "ui/framework/check_images.h"
 
-#include <uxtheme.h>
 #include <vssym32.h>
 
 #include <algorithm>
@@ -34,16 +33,13 @@ int LineHeight(HWND list) {
 }
 
 SIZE BoxSize(HTHEME theme, UINT dpi) {
-  SIZE size{};
-  if (theme && SUCCEEDED(::GetThemePartSize(theme, nullptr, BP_CHECKBOX, CBS_UNCHECKEDNORMAL, nullptr,
-                                            TS_DRAW, &size)))
-    return size;
-  return {Scale(kBoxSize, dpi), Scale(kBoxSize, dpi)};
+  const SIZE plain{Scale(kBoxSize, dpi), Scale(kBoxSize, dpi)};
+  return theme ? ThemedSize(theme, BP_CHECKBOX, CBS_UNCHECKEDNORMAL).value_or(plain) : plain;
 }
 
 void DrawBox(HTHEME theme, HDC dc, RECT box, int state) {
   if (theme)
-    ::DrawThemeBackground(theme, dc, BP_CHECKBOX, kStates[state].themed, &box, nullptr);
+    DrawThemed(theme, dc, BP_CHECKBOX, kStates[state].themed, box);
   else
     ::DrawFrameControl(dc, &box, DFC_BUTTON, kStates[state].plain);
 }

@@ -14,6 +14,7 @@
 #include "ui/framework/disabled_windows.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/failures.h"
+#include "ui/framework/help.h"
 #include "ui/framework/window_placement.h"
 
 namespace my {
@@ -175,6 +176,9 @@ std::optional<LRESULT> CDialog::Handle(UINT message, WPARAM wParam, LPARAM lPara
       return 0;
     case WM_DPICHANGED: ChangeDpi(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam)); return 0;
     case WM_SETTINGCHANGE: OnMetrics(); return {};
+    case WM_HELP:
+      if (!ShowHelp(m_templateId)) return {};
+      return TRUE;
     case WM_DESTROY: OnDestroy(); return {};
     default: return {};
   }
