@@ -71,10 +71,12 @@ FunctionEnd
 
 Function un.Unregister
   DeleteRegKey SHCTX "${UNINSTALL_KEY}"
-  DeleteRegKey /ifempty SHCTX "${UNINSTALL_KEYS}"
   DeleteRegKey SHCTX "${APP_PATHS}\Quillmoor.exe"
   DeleteRegKey SHCTX "${APP_PATHS}\QuillmoorRun.exe"
-  DeleteRegKey /ifempty SHCTX "${APP_PATHS}"
+  ${If} $Scope == "user" ; those of the system were there before
+    DeleteRegKey /ifempty HKCU "${UNINSTALL_KEYS}"
+    DeleteRegKey /ifempty HKCU "${APP_PATHS}"
+  ${EndIf}
   DeleteRegKey SHCTX "${CLASSES}\${DOCUMENT_TYPE}"
   DeleteRegKey SHCTX "${CLASSES}\${FILTER_TYPE}"
   ReadRegStr $0 SHCTX "${CLASSES}\.qlmr" ""
