@@ -13,9 +13,10 @@ struct CEntry {
 };
 
 constexpr CEntry kPages[] = {
-    {IDD_TASK, L"tasks.html"},      {IDD_DST, L"destinations.html"},  {IDD_FILTER, L"filters.html"},
-    {IDD_TARGETS, L"plan.html"},    {IDD_RESULTS, L"results.html"},   {IDD_HISTORY, L"history.html"},
-    {IDD_REPLACE, L"replace.html"}, {IDD_PASSWORD, L"archives.html"}, {IDD_SETTINGS, L"settings.html"},
+    {IDD_TASK, L"tasks.html"},      {IDD_DST, L"destinations.html"},   {IDD_FILTER, L"filters.html"},
+    {IDD_TARGETS, L"plan.html"},    {IDD_RESULTS, L"results.html"},    {IDD_HISTORY, L"history.html"},
+    {IDD_PLAN, L"plan.html"},       {IDD_SCHEDULES, L"schedule.html"}, {IDD_SCHEDULE_EDIT, L"schedule.html"},
+    {IDD_REPLACE, L"replace.html"}, {IDD_PASSWORD, L"archives.html"},  {IDD_SETTINGS, L"settings.html"},
     {IDD_ABOUT, L"index.html"},
 };
 
