@@ -13,7 +13,12 @@
 #define ID_KEEP_POWER                157
 #define ID_EXPLORER_SRC              158
 #define ID_EXPLORER_DST              159
+#define ID_RUN_SELECTED              165
+#define ID_PLAN                      166
+#define ID_PLAN_SELECTED             167
 #define ID_HISTORY                   170
+#define ID_FIRST_BACKUP              180
+#define ID_SCHEDULES                 181
 #define ID_NEW                       57600
 #define ID_OPEN                      57601
 #define ID_SAVE                      57603

@@ -166,6 +166,21 @@
 #define IDC_RUN_PANEL_PROGRESS       1504
 #define IDC_RUN_PANEL_CLOSE          1505
 
+// Plan window: 1520-1549.
+#define IDD_PLAN                     1520
+#define IDM_PLAN                     1521
+#define IDC_PLAN_MATRIX              1522
+#define IDC_PLAN_STATE               1523
+#define IDC_PLAN_SUMMARY             1524
+#define IDC_PLAN_DETAIL              1525
+#define IDC_PLAN_TARGETS             1526
+#define IDC_PLAN_SHOW_NEWEST         1527
+#define IDC_PLAN_EXCLUDE             1528
+#define IDC_PLAN_ADVICE              1529
+#define IDC_PLAN_RECYCLE             1530
+#define IDC_PLAN_AGAIN               1531
+#define IDC_PLAN_STOP                1532
+
 // History, and more controls of the results: 1550-1579.
 #define IDD_HISTORY                  1550
 #define IDM_HISTORY                  1551
@@ -188,5 +203,33 @@
 // Commands of the sort menu: none, then one per column (up to 1579).
 #define IDC_SORT_FIRST               1568
 #define IDC_SORT_LAST                1579
+
+// Schedules.
+#define IDD_SCHEDULES                1590
+#define IDD_SCHEDULE_EDIT            1591
+#define IDM_SCHEDULES                1592
+#define IDC_SCHEDULE_ALL             1593
+#define IDC_SCHEDULE_LIST            1594
+#define IDC_SCHEDULE_NOTE            1595
+#define IDC_SCHEDULE_ADD             1596
+#define IDC_SCHEDULE_EDIT            1597
+#define IDC_SCHEDULE_REMOVE          1598
+#define IDC_SCHEDULE_MEND            1599
+#define IDC_SCHEDULE_KIND            1600
+#define IDC_SCHEDULE_DATE            1601
+#define IDC_SCHEDULE_TIME            1602
+#define IDC_SCHEDULE_SUNDAY          1603
+#define IDC_SCHEDULE_MONDAY          1604
+#define IDC_SCHEDULE_TUESDAY         1605
+#define IDC_SCHEDULE_WEDNESDAY       1606
+#define IDC_SCHEDULE_THURSDAY        1607
+#define IDC_SCHEDULE_FRIDAY          1608
+#define IDC_SCHEDULE_SATURDAY        1609
+#define IDC_SCHEDULE_MISSED          1610
+#define IDC_SCHEDULE_BATTERY         1611
+#define IDC_SCHEDULE_DAYS_GROUP      1612
+
+// Links to the manual: 1613.
+#define IDC_RESULT_EXPLAIN           1613
 
 #endif  // QUILLMOOR_CONTROL_IDS_H

@@ -15,6 +15,7 @@
 #define IDS_CMD_POWER_OFF            154
 #define IDS_CMD_KEEP_POWER           157
 #define IDS_CMD_HISTORY              170
+#define IDS_CMD_SCHEDULES            181
 
 // Run states; the id is also the code of the state.
 #define IDS_STATE_NOT_RUN            371
@@ -385,6 +386,9 @@
 #define IDS_CMD_TASK_TARGETS         156
 #define IDS_CMD_EXPLORER_SRC         158
 #define IDS_CMD_EXPLORER_DST         159
+#define IDS_CMD_RUN_SELECTED         165
+#define IDS_CMD_PLAN                 166
+#define IDS_CMD_PLAN_SELECTED        167
 #define IDS_CMD_TASK_ADD             33100
 #define IDS_CMD_TASK_EDIT            33101
 #define IDS_CMD_TASK_DUPLICATE       33102
@@ -505,6 +509,80 @@
 #define IDS_PLAN_FREE                994
 #define IDS_PLAN_SUMMARY             995
 
+// Plan window, marks of advice, and what the user can do about it: 1030-1069.
+#define IDS_PLAN_COL_DST             1030
+#define IDS_PLAN_CELL_NOT_REACHED    1031
+#define IDS_PLAN_CELL_TIGHT          1032
+#define IDS_PLAN_CELL_NO_SPACE       1033
+#define IDS_PLAN_PROGRESS            1034
+#define IDS_PLAN_CHECKING            1035
+#define IDS_PLAN_STOPPED             1036
+#define IDS_PLAN_OUTDATED            1037
+#define IDS_PLAN_COUNTS              1038
+#define IDS_PLAN_CELL_TITLE          1039
+#define IDS_PLAN_DETAIL_ACTION       1040
+#define IDS_PLAN_DETAIL_PATH         1041
+#define IDS_PLAN_DETAIL_FILES        1042
+#define IDS_PLAN_DETAIL_SPACE        1043
+#define IDS_PLAN_DETAIL_NEWEST       1044
+#define IDS_PLAN_DETAIL_ERROR        1045
+#define IDS_PLAN_DETAIL_UNUSED       1046
+#define IDS_PLAN_NO_ADVICE           1047
+#define IDS_COL_ADVICE_SEVERITY      1048
+#define IDS_COL_ADVICE_ITEM          1049
+#define IDS_COL_ADVICE_TEXT          1050
+#define IDS_SEVERITY_WARNING         1051
+#define IDS_SEVERITY_HINT            1052
+#define IDS_ASK_RECYCLE              1053
+#define IDS_RECYCLE_FAILED           1054
+#define IDS_RECYCLE_NO_BIN           1055
+#define IDS_RECYCLE_CHANGED          1056
+#define IDS_ASK_SHARED_FILTER        1057
+#define IDS_FILTER_NOT_ENCODABLE     1058
+#define IDS_SELECT_TASKS             1059
+#define IDS_ADVICE_NO_PASSWORD       1060
+
+// Schedules: kinds (first id + ScheduleKind), weekdays from Sunday, errors, texts.
+#define IDS_SCHEDULE_ONCE            1170
+#define IDS_SCHEDULE_DAILY           1171
+#define IDS_SCHEDULE_WEEKLY          1172
+#define IDS_SCHEDULE_LOGON           1173
+#define IDS_SCHEDULE_IDLE            1174
+#define IDS_WEEKDAY_SUNDAY           1175
+#define IDS_WEEKDAY_MONDAY           1176
+#define IDS_WEEKDAY_TUESDAY          1177
+#define IDS_WEEKDAY_WEDNESDAY        1178
+#define IDS_WEEKDAY_THURSDAY         1179
+#define IDS_WEEKDAY_FRIDAY           1180
+#define IDS_WEEKDAY_SATURDAY         1181
+#define IDS_SCHEDULE_NO_WEEKDAY      1182
+#define IDS_SCHEDULE_PAST            1184
+#define IDS_SCHEDULER_FAILED         1185
+#define IDS_SCHEDULE_ADD_FAILED      1186
+#define IDS_SCHEDULE_REMOVE_FAILED   1187
+#define IDS_SCHEDULE_DESCRIPTION     1189
+#define IDS_SCHEDULE_CUSTOM          1190
+#define IDS_SCHEDULE_NO_DOCUMENT     1191
+#define IDS_SCHEDULE_NO_RUNNER       1192
+#define IDS_SCHEDULE_DISABLED        1193
+#define IDS_SCHEDULE_NEVER_RUN       1194
+#define IDS_SCHEDULE_LAST_DONE       1195
+#define IDS_SCHEDULE_LAST_ERRORS     1196
+#define IDS_SCHEDULE_LAST_FAILED     1197
+#define IDS_SCHEDULE_RUNS_NOW        1198
+#define IDS_SCHEDULE_ASK_MEND        1199
+#define IDS_SCHEDULE_ASK_REMOVE      1200
+#define IDS_SCHEDULE_PASSWORD        1201
+#define IDS_SCHEDULE_SAVE_FIRST      1202
+#define IDS_SCHEDULE_FAILED_RUN      1204
+#define IDS_SCHEDULE_SEE_HISTORY     1203
+#define IDS_COL_SCHEDULE             1205
+#define IDS_COL_NEXT_RUN             1206
+#define IDS_COL_LAST_RUN             1207
+#define IDS_COL_SCHEDULE_STATE       1208
+#define IDS_COL_DOCUMENT             1209
+#define IDS_SCHEDULE_EXISTS_ALREADY  1210
+
 // Results: columns, totals, search and the text about one row.
 #define IDS_COL_RESULT_FILES         1070
 #define IDS_COL_RESULT_BYTES         1071
@@ -535,6 +613,9 @@
 #define IDS_HISTORY_LOADING          1094
 #define IDS_HISTORY_SHOWN            1095
 #define IDS_HISTORY_RUN              1096
+
+// Manual.
+#define IDS_FIRST_BACKUP             1150
 
 // Text of the replace command; the id is also the command id.
 #define IDS_CMD_REPLACE              57641
@@ -641,6 +722,28 @@
 #define IDS_XML_BAD_DWORD            58923
 #define IDS_XML_BAD_VERSION          58925
 #define IDS_XML_BAD_BYTES            58926
+
+// Help of the console runner.
+#define IDS_HELP_PURPOSE             1140
+#define IDS_HELP_USAGE               1141
+#define IDS_HELP_ARGUMENTS           1142
+#define IDS_HELP_OPTIONS             1143
+#define IDS_HELP_EXIT_CODES          1144
+#define IDS_HELP_BAD_OPTIONS         1145
+#define IDS_OPTION_HELP              1146
+#define IDS_OPTION_VERSION           1147
+#define IDS_OPTION_DOCUMENT          1148
+#define IDS_OPTION_TASK              1149
+#define IDS_OPTION_TEST              1220
+#define IDS_OPTION_PLAN              1221
+#define IDS_OPTION_JSON              1222
+#define IDS_OPTION_QUIET             1223
+#define IDS_OPTION_7Z                1224
+#define IDS_OPTION_SETTINGS          1225
+#define IDS_OPTION_PASSWORD_STDIN    1226
+#define IDS_OPTION_HISTORY           1227
+#define IDS_HELP_EXCLUDES            1228
+#define IDS_OPTION_SCHEDULED         1229
 
 // Regular expressions.
 #define IDS_REGEX_ERROR              59096

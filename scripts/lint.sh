@@ -37,7 +37,7 @@ may_use_windows='^(src/platform/win32/|src/ui/(?!models/|framework/list_model\.)
 check_floors() {
   cpp_files src | search -E '^\s*#\s*include\s*"' | awk -F: '
     BEGIN {
-      split("support 0 platform 1 document 2 replace 3 settings 3 engine 4 history 5 app 6 ui 7 run 7", f, " ")
+      split("support 0 platform 1 document 2 replace 3 settings 3 engine 4 history 5 schedule 5 app 6 ui 7 run 7", f, " ")
       for (i = 1; i in f; i += 2) floor[f[i]] = f[i + 1]
       split("framework 1 models 2 look 3 dialogs 4 main_window 5", r, " ")
       for (i = 1; i in r; i += 2) room[r[i]] = r[i + 1]
@@ -91,8 +91,8 @@ check_com_names() {
 }
 
 check_texts() {
-  cpp_files src | grep -vx 'src/run/options.cpp' | search -P '[\p{Hiragana}\p{Katakana}\p{Han}]' |
-    report_text 'Japanese text: it belongs into res/strings.rc'
+  { cpp_files src; files res/en -- -name '*'; } | search -P '[\p{Hiragana}\p{Katakana}\p{Han}]' |
+    report_text 'Japanese text: it belongs into res/ja'
 }
 
 check_format() {
@@ -175,7 +175,15 @@ check_shell() {
 }
 
 check_string_ids() {
-  (cd "$tree" && [[ -e res/text_ids.h && -e res/strings.rc ]] && awk '
+  local language
+  for language in ja en; do
+    check_strings_of $language
+  done
+}
+
+check_strings_of() { # LANGUAGE
+  local strings=res/$1/strings.rc
+  (cd "$tree" && [[ -e res/text_ids.h && -e $strings ]] && awk '
     FILENAME ~ /text_ids\.h$/ && /^[ \t]*#[ \t]*define[ \t]+IDS_[A-Z0-9_]+[ \t]+[0-9]/ { defined[$2] = FNR }
     FILENAME ~ /strings\.rc$/ && match($0, /^[ \t]*IDS_[A-Z0-9_]+/) {
       name = $1; sub(/,.*/, "", name)
@@ -183,9 +191,10 @@ check_string_ids() {
       text[name] = FNR
     }
     END {
-      for (name in defined) if (!(name in text)) print "res/text_ids.h:" defined[name] ": " name " has no text"
-      for (name in text) if (!(name in defined)) print "res/strings.rc:" text[name] ": " name " is not defined"
-    }' res/text_ids.h res/strings.rc | sort) || true
+      for (name in defined)
+        if (!(name in text)) print "res/text_ids.h:" defined[name] ": " name " has no text in " FILENAME
+      for (name in text) if (!(name in defined)) print FILENAME ":" text[name] ": " name " is not defined"
+    }' res/text_ids.h "$strings" | sort) || true
 }
 
 # The output of scripts/art.py is checked in and must match the drawings.
@@ -217,7 +226,8 @@ put() { # FILE, content on standard input
 clean_tree() {
   cp "$top/.clang-format" "$top/.clang-tidy" "$tree/"
   put res/text_ids.h <<<'#define IDS_HELLO 1'
-  put res/strings.rc <<<'    IDS_HELLO "こんにちは"'
+  put res/ja/strings.rc <<<'    IDS_HELLO "こんにちは"'
+  put res/en/strings.rc <<<'    IDS_HELLO "Hello"'
   put src/support/low.h <<<'int Low(int value);  // no HRESULT: a plain number'
   put src/support/low.cpp <<'END'
 #include "support/low.h"
@@ -232,7 +242,6 @@ int Low(int value) {
 END
   put src/platform/win32/door.h <<<'#include <windows.h>'
   put src/run/main.cpp <<<'#include "platform/win32/door.h"'
-  put src/run/options.cpp <<<'const char* kHelp = "説明";'
   put tests/host/low_test.cpp <<<'#include <unistd.h>'
   put tests/gui/high_test.cpp <<<'#include <windows.h>'
   put build/host/compile_commands.json <<END
@@ -260,7 +269,8 @@ break_every_rule() {
   put package-lock.json <<<'{"resolved": "somewhere"}'
   put scripts/broken.sh <<<'if true; then'
   put res/text_ids.h <<<$'#define IDS_HELLO 1\n#define IDS_MUTE 2'
-  put res/strings.rc <<<$'IDS_HELLO "a"\nIDS_HELLO "b"\nIDS_STRAY "c"'
+  put res/ja/strings.rc <<<$'IDS_HELLO "a"\nIDS_HELLO "b"\nIDS_STRAY "c"'
+  put res/en/strings.rc <<<$'IDS_HELLO "今日は"\nIDS_MUTE "d"'
   put src/support/low.h <<'END'
 inline int Low(int unused) {
   return 0;
@@ -304,9 +314,10 @@ docs/notes.md:1: path of one machine
 docs/notes.md:1: address of a registry
 package-lock.json:1: download address
 scripts/broken.sh:2: syntax error
-res/text_ids.h:2: IDS_MUTE has no text
-res/strings.rc:2: second text of IDS_HELLO
-res/strings.rc:3: IDS_STRAY is not defined
+res/text_ids.h:2: IDS_MUTE has no text in res/ja/strings.rc
+res/ja/strings.rc:2: second text of IDS_HELLO
+res/ja/strings.rc:3: IDS_STRAY is not defined
+res/en/strings.rc:1: Japanese text
 src/support/low.h:1: parameter 'unused' is unused
 END
   ((failures)) && { say "everything found:" "$findings"; exit 1; }

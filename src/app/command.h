@@ -10,6 +10,7 @@ class IHash;
 class IKnownFolders;
 class IPower;
 class IShell;
+class ITaskScheduler;
 class IThreads;
 class IXmlDom;
 }  // namespace my
@@ -34,6 +35,7 @@ struct CAppPorts {
   my::IPower& power;
   const my::IHash& hash;
   my::IShell& shell;
+  my::ITaskScheduler& scheduler;
   IClipboard& clipboard;
 };
 

@@ -11,8 +11,11 @@ namespace qlm {
 CCommandTable::CCommandTable(CAppContext& context, std::wstring commandLine)
     : init(boost::make_shared<CCommandInit>(context, quit, std::move(commandLine))),
       quit(boost::make_shared<CCommandQuit>(context)),
-      exec(boost::make_shared<CCommandExec>(context, false)),
-      execAndPowerOff(boost::make_shared<CCommandExec>(context, true)),
+      exec(boost::make_shared<CCommandExec>(context, RunKind::Document)),
+      execAndPowerOff(boost::make_shared<CCommandExec>(context, RunKind::DocumentThenPowerOff)),
+      execSelected(boost::make_shared<CCommandExec>(context, RunKind::SelectedTasks)),
+      plan(boost::make_shared<CCommandPlan>(context, false)),
+      planSelected(boost::make_shared<CCommandPlan>(context, true)),
       powerOff(boost::make_shared<CCommandPowerOff>(context)),
       keepPower(boost::make_shared<CCommandKeepPower>(context)),
       newDocument(boost::make_shared<CCommandNew>(context)),
@@ -28,12 +31,17 @@ CCommandTable::CCommandTable(CAppContext& context, std::wstring commandLine)
                                                           context.window.TaskList(), &SourceFolderOf, false)),
       explorerDst(boost::make_shared<CCommandExplorerDst>(context, context.document.Dsts(),
                                                           context.window.DstList(), &FolderOf, true)),
-      openUrl(boost::make_shared<CCommandOpenUrl>(context)) {}
+      schedules(boost::make_shared<CCommandSchedules>(context)),
+      openUrl(boost::make_shared<CCommandOpenUrl>(context)),
+      firstBackup(boost::make_shared<CCommandManual>(context, L"first-backup.html")) {}
 
 CCommand* CCommandTable::Find(uint32_t id) {
   switch (id) {
     case ID_RUN: return exec.get();
     case ID_RUN_POWER_OFF: return execAndPowerOff.get();
+    case ID_RUN_SELECTED: return execSelected.get();
+    case ID_PLAN: return plan.get();
+    case ID_PLAN_SELECTED: return planSelected.get();
     case ID_POWER_OFF: return powerOff.get();
     case ID_KEEP_POWER: return keepPower.get();
     case ID_NEW: return newDocument.get();
@@ -47,8 +55,10 @@ CCommand* CCommandTable::Find(uint32_t id) {
     case ID_TASK_TARGETS: return taskTargets.get();
     case ID_EXPLORER_SRC: return explorerSrc.get();
     case ID_EXPLORER_DST: return explorerDst.get();
+    case ID_SCHEDULES: return schedules.get();
     case ID_HOME_PAGE: openUrl->SetPage(IDS_HOME_PAGE_URL); return openUrl.get();
     case ID_USAGE_PAGE: openUrl->SetPage(IDS_USAGE_PAGE_URL); return openUrl.get();
+    case ID_FIRST_BACKUP: return firstBackup.get();
     default: return nullptr;
   }
 }

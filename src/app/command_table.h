@@ -6,8 +6,11 @@
 
 #include "app/document_commands.h"
 #include "app/explorer_commands.h"
+#include "app/manual_commands.h"
+#include "app/plan_commands.h"
 #include "app/power_off.h"
 #include "app/run_commands.h"
+#include "app/schedule_commands.h"
 #include "app/start_commands.h"
 #include "app/view_commands.h"
 
@@ -25,6 +28,9 @@ struct CCommandTable {
   boost::shared_ptr<CCommandQuit> quit;
   boost::shared_ptr<CCommandExec> exec;
   boost::shared_ptr<CCommandExec> execAndPowerOff;
+  boost::shared_ptr<CCommandExec> execSelected;
+  boost::shared_ptr<CCommandPlan> plan;
+  boost::shared_ptr<CCommandPlan> planSelected;
   boost::shared_ptr<CCommandPowerOff> powerOff;
   boost::shared_ptr<CCommandKeepPower> keepPower;
   boost::shared_ptr<CCommandNew> newDocument;
@@ -38,7 +44,9 @@ struct CCommandTable {
   boost::shared_ptr<CCommandTaskTargets> taskTargets;
   boost::shared_ptr<CCommandExplorerSrc> explorerSrc;
   boost::shared_ptr<CCommandExplorerDst> explorerDst;
+  boost::shared_ptr<CCommandSchedules> schedules;
   boost::shared_ptr<CCommandOpenUrl> openUrl;
+  boost::shared_ptr<CCommandManual> firstBackup;
 };
 
 }  // namespace qlm

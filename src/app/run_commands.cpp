@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <boost/smart_ptr/make_shared.hpp>
-#include <iterator>
 
 #include "app/messenger.h"
 #include "app/password.h"
@@ -43,16 +42,20 @@ my::CException NoTasks(const CAppContext& context) {
 
 void CCommandExec::Execute(bool run) {
   RefuseDuringReplace(m_context);
-  if (m_powerOff) RefuseDuringRun(m_context);
+  if (m_kind != RunKind::Document) RefuseDuringRun(m_context);
+  const CTasks& all = m_context.document.Tasks();
+  std::vector<CTaskPtr> tasks(all.begin(), all.end());
+  if (m_kind == RunKind::SelectedTasks) {
+    tasks.clear();
+    for (const size_t row : RequireSelectedTasks(m_context)) tasks.push_back(all[row]);
+  }
   if (!run) return;
   if (m_context.run.IsActive()) {
     m_context.run.Stop();
     return;
   }
-  std::vector<CTaskPtr> tasks;
-  const auto isSelected = [](const CTaskPtr& task) { return !task->dsts.empty(); };
-  std::ranges::copy_if(m_context.document.Tasks(), std::back_inserter(tasks), isSelected);
-  if (tasks.empty()) throw NoTasks(m_context);
+  RequireDst(m_context, tasks);
+  std::erase_if(tasks, [](const CTaskPtr& task) { return task->dsts.empty(); });
   StartRun(tasks);
 }
 
@@ -65,7 +68,7 @@ void CCommandExec::StartRun(const std::vector<CTaskPtr>& tasks) {
     const CBackupJob job{*task, archive.sevenZipPath, archive.password};
     jobs.push_back(boost::make_shared<CBackupTask>(m_context.ports.engine, job));
   }
-  Start(m_context, jobs, false, m_powerOff);
+  Start(m_context, jobs, false, m_kind == RunKind::DocumentThenPowerOff);
 }
 
 // Returns false if the user cancelled. A missing archiver is not refused, because the run may have other
@@ -77,6 +80,20 @@ bool CCommandExec::PrepareArchives(const std::vector<CTaskPtr>& tasks, CArchiveS
   if (AnyDst(tasks, NeedsPassword) && !AskPassword(m_context, archive, PasswordDsts(tasks))) return false;
   if (archive.sevenZipPath.empty()) archive.sevenZipPath = FindArchiver(ports.engine.files, ports.folders);
   return true;
+}
+
+std::vector<size_t> RequireSelectedTasks(const CAppContext& context) {
+  IListState& list = context.window.TaskList();
+  std::vector<size_t> rows = list.SelectedRows();
+  // The control may have rows that were removed from the document since the last refresh.
+  std::erase_if(rows, [&](size_t row) { return row >= context.document.Tasks().size(); });
+  if (rows.empty()) throw CListException(IDS_SELECT_TASKS, list);
+  return rows;
+}
+
+void RequireDst(const CAppContext& context, const std::vector<CTaskPtr>& tasks) {
+  const auto hasDst = [](const CTaskPtr& task) { return !task->dsts.empty(); };
+  if (std::ranges::none_of(tasks, hasDst)) throw NoTasks(context);
 }
 
 void CCommandKeepPower::Execute(bool run) {

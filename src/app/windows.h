@@ -15,6 +15,7 @@ namespace qlm {
 class CPasswordEntry;
 struct CClip;
 struct CDst;
+struct CPlanRequest;
 struct CSettings;
 struct CTask;
 
@@ -89,7 +90,7 @@ inline IEditList& ListOf(IMainWindow& window, ListKind kind) {
 }
 
 // The type decides the options of the system's dialog.
-enum class FileDialog { OpenFile, SaveFile, OpenFilter };
+enum class FileDialog { OpenFile, SaveFile, OpenFilter, SaveFilter };
 
 struct CFileKind {
   std::wstring label;
@@ -119,11 +120,18 @@ class IDialogs {
   virtual void EditTask(const CTask& task, const std::function<void(const CTask&)>& confirm) = 0;
   virtual void EditDst(const CDst& dst, const std::function<void(const CDst&)>& confirm) = 0;
 
+  // Opens the modeless plan window, or starts a new plan in it. Nothing is created. `ids` are those with
+  // which the user can plan again, see MakePlanRequest.
+  virtual void ShowPlan(CPlanRequest request, const std::vector<std::wstring>& ids) = 0;
+
   // Modal. Shows the effect of a filter file on the files of a source folder, which may be empty.
   virtual void ShowFilter(const std::wstring& filterPath, const std::wstring& sourcePath) = 0;
 
   virtual void ShowSettings(bool designPage) = 0;  // modal
   virtual void ShowAbout() = 0;                    // modal
+
+  // Modal. Shows the schedules of the document or of all documents.
+  virtual void ShowSchedules(bool all) = 0;
 
   // Opens the modeless replace dialog. The replace tool is already open; the dialog ends it with Commit or
   // Cancel.

@@ -27,6 +27,7 @@ class CDiskAdvice {
     ForEachUse([this](const CAdvicePlace& place) { AddDstWithinSource(place); });
     ForEachUse([this](const CAdvicePlace& place) { AddSplitPath(place); });
     for (size_t dst = 0; dst < m_content.dsts.size(); ++dst) AddNoArchiver(dst);
+    for (size_t dst = 0; dst < m_content.dsts.size(); ++dst) AddNoPassword(dst);
     if (m_request.depth == AdviceDepth::Document) return;
     for (size_t task = 0; task < m_content.tasks.size(); ++task) AddNoSource(task);
     for (size_t task = 0; task < m_content.tasks.size(); ++task) AddBadFilter(task);
@@ -75,6 +76,11 @@ class CDiskAdvice {
     m_list.Add(AdviceKind::NoArchiver, AdviceSeverity::Error, {{}, dst}, IDS_ADVICE_NO_ARCHIVER, {});
   }
 
+  void AddNoPassword(size_t dst) {
+    if (!m_request.passwordMissing || !NeedsPassword(m_content.dsts[dst]->type)) return;
+    m_list.Add(AdviceKind::NoPassword, AdviceSeverity::Warning, {{}, dst}, IDS_ADVICE_NO_PASSWORD, {});
+  }
+
   void AddNoSource(size_t task) {
     const std::wstring& path = m_content.tasks[task]->path;
     if (!MayRead(path) || my::KindIfKnown(m_ports.files, path) == my::PathKind::Folder) return;
@@ -111,6 +117,7 @@ class CDiskAdvice {
         m_list.Add(AdviceKind::Leftover, AdviceSeverity::Hint, {{}, folder.dst}, IDS_ADVICE_LEFTOVER,
                    {SizeText(m_ports.texts, leftover.bytes), leftover.path});
         m_list.Last().path = leftover.path;
+        m_list.Last().bytes = leftover.bytes;
       }
     }
   }

@@ -30,7 +30,8 @@ enum class AdviceKind {
   BadFilter,
   Leftover,    // an incomplete backup of an interrupted run
   OtherFiles,  // a backup that will be skipped has other files than the source
-  NoSpace
+  NoSpace,
+  NoPassword  // must be given for every run
 };
 
 enum class AdviceSeverity { Hint, Warning, Error };
@@ -42,6 +43,7 @@ struct CAdvice {
   std::optional<size_t> dst;   // row in the document
   std::wstring text;
   std::wstring path = {};  // of a leftover
+  uint64_t bytes = 0;      // of a leftover
 };
 
 // What may be read. Document reads neither disk nor network. LocalDisk leaves out paths of shares, which can
@@ -52,6 +54,7 @@ struct CAdviceRequest {
   AdviceDepth depth = AdviceDepth::Network;
   bool archiverMissing = false;          // see IsArchiverMissing
   const my::IStopQuery* stop = nullptr;  // asked while leftovers are measured
+  bool passwordMissing = false;          // no password of archives is stored, and nobody can be asked
 };
 
 // Returns the findings, grouped by kind and in the order of the lists. Throws IDS_STOPPED.

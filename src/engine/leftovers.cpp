@@ -64,4 +64,14 @@ std::vector<CLeftover> FindLeftovers(my::IFileSystem& files, const my::IStopQuer
   return found;
 }
 
+std::optional<CLeftover> FindLeftover(my::IFileSystem& files, const my::IStopQuery* stop,
+                                      const std::wstring& path) {
+  const std::wstring form = NameForm(NameAfterPrefix(my::LastComponent(path)));
+  const std::wstring wanted = my::ComparablePath(path);
+  for (const CLeftover& found : FindLeftovers(files, stop, std::wstring(my::ParentPath(path)), {form})) {
+    if (my::ComparablePath(found.path) == wanted) return found;
+  }
+  return {};
+}
+
 }  // namespace qlm

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -29,5 +30,10 @@ std::wstring NameForm(std::wstring_view name);
 // Throws IDS_LIST_FOLDER_FAILED, IDS_STOPPED.
 std::vector<CLeftover> FindLeftovers(my::IFileSystem& files, const my::IStopQuery* stop,
                                      const std::wstring& folder, const std::set<std::wstring>& forms);
+
+// Returns the leftover at this path; nullopt if there is none (any more), or an archive is being written
+// there. Throws what FindLeftovers throws.
+std::optional<CLeftover> FindLeftover(my::IFileSystem& files, const my::IStopQuery* stop,
+                                      const std::wstring& path);
 
 }  // namespace qlm

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,9 @@ class IAnsiCodec {
 
   // Decodes text in the system's ANSI code page. Invalid bytes become U+FFFD.
   virtual std::wstring Decode(std::string_view bytes) const = 0;
+
+  // Encodes text in the same code page; nullopt if Decode would not return the same text.
+  virtual std::optional<std::string> Encode(std::wstring_view text) const = 0;
 };
 
 }  // namespace my

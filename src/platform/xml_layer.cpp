@@ -24,18 +24,6 @@ bool IsXmlChar(char32_t c) {
   return !IsSurrogate(c) && c != 0xFFFE && c != 0xFFFF;
 }
 
-void AppendEscaped(std::wstring& out, std::wstring_view text) {
-  for (const wchar_t c : text) {
-    switch (c) {
-      case L'&': out += L"&amp;"; break;
-      case L'<': out += L"&lt;"; break;
-      case L'>': out += L"&gt;"; break;
-      case L'\r': out += L"&#xD;"; break;  // an unescaped CR would be read as LF
-      default: out += c;
-    }
-  }
-}
-
 void AppendElement(std::wstring& out, const IXmlNode& node) {
   const std::wstring name = node.Name();
   const auto children = node.Children();
@@ -46,7 +34,7 @@ void AppendElement(std::wstring& out, const IXmlNode& node) {
   }
   out.append(L"<").append(name).append(L">");
   for (const auto& child : children) AppendElement(out, *child);
-  AppendEscaped(out, text);
+  out += EscapedXmlText(text);
   out.append(L"</").append(name).append(L">");
 }
 
@@ -59,6 +47,20 @@ std::string ReadXmlFile(IFileSystem& files, const std::wstring& path) {
 }
 
 }  // namespace
+
+std::wstring EscapedXmlText(std::wstring_view text) {
+  std::wstring escaped;
+  for (const wchar_t c : text) {
+    switch (c) {
+      case L'&': escaped += L"&amp;"; break;
+      case L'<': escaped += L"&lt;"; break;
+      case L'>': escaped += L"&gt;"; break;
+      case L'\r': escaped += L"&#xD;"; break;  // an unescaped CR would be read as LF
+      default: escaped += c;
+    }
+  }
+  return escaped;
+}
 
 CXmlElement::CXmlElement(std::unique_ptr<IXmlNode> node, std::wstring place)
     : m_node(std::move(node)), m_place(std::move(place)) {}

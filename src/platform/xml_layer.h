@@ -83,6 +83,9 @@ class CXmlBuilder {
 // Returns whether XML can represent the text: it has no control characters and no lone surrogates.
 bool IsXmlText(std::wstring_view text);
 
+// Returns the text as the content of an element.
+std::wstring EscapedXmlText(std::wstring_view text);
+
 // Appends an element with a text. Throws IDS_XML_SET_TEXT_FAILED, also if XML cannot represent the text.
 void AppendText(IXmlNode& parent, const std::wstring& name, const std::wstring& text);
 

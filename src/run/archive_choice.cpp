@@ -7,6 +7,7 @@
 #include "platform/message_texts.h"
 #include "run/warnings.h"
 #include "settings/settings_file.h"
+#include "support/secret.h"
 #include "text_ids.h"
 
 namespace qlm {
@@ -51,11 +52,15 @@ std::wstring ChooseArchiver(const CRunnerPorts& ports, const COptions& options,
 
 }  // namespace
 
-std::wstring ChooseArchiver(const CRunnerPorts& ports, const COptions& options,
+CPlannedArchive PlanArchive(const CRunnerPorts& ports, const COptions& options,
                             const std::vector<CTaskPtr>& tasks) {
   if (!AnyDst(tasks, IsZip)) return {};
-  const bool known = !options.archiverPath.empty();
-  return ChooseArchiver(ports, options, known ? CArchiveSetting() : ReadArchiveSetting(ports, options));
+  const bool needsPassword = AnyDst(tasks, NeedsPassword) && !options.passwordStdin;
+  const bool known = !options.archiverPath.empty() && !needsPassword;
+  CArchiveSetting setting = known ? CArchiveSetting() : ReadArchiveSetting(ports, options);
+  const my::CWipeAtEnd wipe(setting.password);
+  const bool stored = setting.passwordType == PasswordType::SAVE && !setting.password.empty();
+  return {ChooseArchiver(ports, options, setting), needsPassword && !stored};
 }
 
 CArchiveChoice ChooseArchive(const CRunnerPorts& ports, const COptions& options,

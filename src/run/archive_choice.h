@@ -21,9 +21,14 @@ struct CArchiveChoice {
 CArchiveChoice ChooseArchive(const CRunnerPorts& ports, const COptions& options,
                              const std::vector<CTaskPtr>& tasks);
 
-// Determines only the archiver in the same way; empty if there is none or no task needs one. Throws what
-// LoadArchiveSetting throws.
-std::wstring ChooseArchiver(const CRunnerPorts& ports, const COptions& options,
+// What a plan needs to know about the archives of a run.
+struct CPlannedArchive {
+  std::wstring archiverPath;     // empty if there is none or no task needs one
+  bool passwordMissing = false;  // a run would throw IDS_PASSWORD_NEEDED
+};
+
+// Determines the archiver in the same way, and asks for nothing. Throws what LoadArchiveSetting throws.
+CPlannedArchive PlanArchive(const CRunnerPorts& ports, const COptions& options,
                             const std::vector<CTaskPtr>& tasks);
 
 }  // namespace qlm

@@ -9,6 +9,7 @@
 
 #include "run/exit_codes.h"
 #include "support/strings.h"
+#include "text_ids.h"
 
 namespace qlm {
 namespace {
@@ -33,32 +34,41 @@ struct CRawOptions {
   std::string settings;
 };
 
-void AddOptions(CLI::App& app, COptions& options, CRawOptions& raw) {
-  app.option_defaults()->group("オプション");
-  app.set_help_flag("-h,--help", "この説明を表示します")->group("オプション");
-  app.set_version_flag("--version", VersionText(), "バージョンを表示します")->group("オプション");
-  app.add_option("DOCUMENT", raw.document, "バックアップ文書 (.qlmr)")->option_text(" ");
-  app.add_option("--task", raw.tasks, "この ID のタスクだけを実行します（繰り返し指定できます）")
+// The texts in UTF-8, as CLI11 takes them.
+class CUtf8Texts {
+ public:
+  explicit CUtf8Texts(const my::IMessageTexts& texts) : m_texts(texts) {}
+  std::string operator()(uint32_t id, const std::vector<my::CMsgArg>& args = {}) const {
+    return my::Utf8FromWide(my::MakeText(m_texts, id, args));
+  }
+
+ private:
+  const my::IMessageTexts& m_texts;
+};
+
+void AddOptions(CLI::App& app, COptions& options, CRawOptions& raw, const CUtf8Texts& text) {
+  const std::string group = text(IDS_HELP_OPTIONS);
+  app.option_defaults()->group(group);
+  app.set_help_flag("-h,--help", text(IDS_OPTION_HELP))->group(group);
+  app.set_version_flag("--version", VersionText(), text(IDS_OPTION_VERSION))->group(group);
+  app.add_option("DOCUMENT", raw.document, text(IDS_OPTION_DOCUMENT))->option_text(" ");
+  app.add_option("--task", raw.tasks, text(IDS_OPTION_TASK))
       ->option_text("ID")
       ->expected(1)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
       ->allow_extra_args(false);  // the next argument may be the document
-  CLI::Option* const test =
-      app.add_flag("--test", options.listOnly, "一覧と転送先パスの計算だけを行い、何も作成しません");
-  app.add_flag("--plan", options.plan, "実行すると何が起きるかと助言を表示し、何も作成しません")
-      ->excludes(test);
-  app.add_flag("--json", options.json, "結果を 1 行 1 個の JSON オブジェクトで出力します (UTF-8)");
-  app.add_flag("--quiet", options.quiet, "エラーになった結果だけを表示します");
-  app.add_option("--7z", raw.archiver, "7z.exe の場所（省略時は設定ファイルの値）")->option_text("PATH");
-  app.add_option("--settings", raw.settings, "使用する設定ファイル（省略時はユーザーの設定）")
-      ->option_text("FILE");
-  app.add_flag("--password-stdin", options.passwordStdin,
-               "zip パスワードを標準入力の 1 行目から読み込みます");
-  app.add_flag("--history", options.history,
-               "実行の履歴とタスクの最終成功を表示します（文書は省略できます）");
+  CLI::Option* const test = app.add_flag("--test", options.listOnly, text(IDS_OPTION_TEST));
+  app.add_flag("--plan", options.plan, text(IDS_OPTION_PLAN))->excludes(test);
+  app.add_flag("--json", options.json, text(IDS_OPTION_JSON));
+  app.add_flag("--quiet", options.quiet, text(IDS_OPTION_QUIET));
+  app.add_option("--7z", raw.archiver, text(IDS_OPTION_7Z))->option_text("PATH");
+  app.add_option("--settings", raw.settings, text(IDS_OPTION_SETTINGS))->option_text("FILE");
+  app.add_flag("--password-stdin", options.passwordStdin, text(IDS_OPTION_PASSWORD_STDIN));
+  app.add_flag("--scheduled", options.scheduled, text(IDS_OPTION_SCHEDULED));
+  app.add_flag("--history", options.history, text(IDS_OPTION_HISTORY));
 }
 
-// Checks what the library would explain in English in every line of the help: a run needs a document, and the
+// Checks what the library would repeat in every line of the help: a run needs a document, and the
 // history takes none of the options of a run.
 void CheckCombination(const CLI::App& app, const COptions& options) {
   if (!options.history) {
@@ -66,27 +76,22 @@ void CheckCombination(const CLI::App& app, const COptions& options) {
     return;
   }
   for (const char* name :
-       {"--task", "--test", "--plan", "--quiet", "--7z", "--settings", "--password-stdin"}) {
+       {"--task", "--test", "--plan", "--quiet", "--7z", "--settings", "--password-stdin", "--scheduled"}) {
     if (app.count(name) != 0) throw CLI::ExcludesError("--history", name);
   }
 }
 
-// Replaces the English texts of the library.
-void SetTexts(CLI::App& app) {
+// Replaces the texts of the library, except those that explain an error.
+void SetTexts(CLI::App& app, const CUtf8Texts& text) {
   app.name("QuillmoorRun");
-  app.failure_message([](const CLI::App*, const CLI::Error& error) {
-    return std::string("コマンドラインの指定が正しくありません - ") + error.what() +
-           "\n使い方は QuillmoorRun --help で表示されます\n";
+  app.failure_message([text](const CLI::App*, const CLI::Error& error) {
+    return text(IDS_HELP_BAD_OPTIONS, {my::WideFromUtf8(error.what())}) + "\n";
   });
-  app.footer(
-      "終了コード:\n"
-      "  0  すべて作成、またはスキップ\n"
-      "  1  エラーになった（--plan では、なる）結果がある\n"
-      "  2  指定の誤り、文書が読めない、または実行するものがない\n"
-      "  3  中断された (Ctrl+C)");
-  app.get_formatter()->label("Usage", "使い方");
-  app.get_formatter()->label("OPTIONS", "オプション");
-  app.get_formatter()->label("Positionals", "引数");
+  app.footer(text(IDS_HELP_EXIT_CODES));
+  app.get_formatter()->label("Usage", text(IDS_HELP_USAGE));
+  app.get_formatter()->label("OPTIONS", text(IDS_HELP_OPTIONS));
+  app.get_formatter()->label("Positionals", text(IDS_HELP_ARGUMENTS));
+  app.get_formatter()->label("Excludes", text(IDS_HELP_EXCLUDES));
   app.get_formatter()->column_width(22);
 }
 
@@ -100,19 +105,20 @@ std::vector<std::string> ReversedUtf8(const std::vector<std::wstring>& arguments
 
 }  // namespace
 
-CParsedOptions ParseOptions(const std::vector<std::wstring>& arguments) {
+CParsedOptions ParseOptions(const std::vector<std::wstring>& arguments, const my::IMessageTexts& texts) {
   CParsedOptions parsed;
   CRawOptions raw;
-  CLI::App app("Quillmoor のバックアップ文書を実行します");
-  AddOptions(app, parsed.options, raw);
-  SetTexts(app);
+  const CUtf8Texts text(texts);
+  CLI::App app(text(IDS_HELP_PURPOSE));
+  AddOptions(app, parsed.options, raw, text);
+  SetTexts(app, text);
   try {
     app.parse(ReversedUtf8(arguments));
     CheckCombination(app, parsed.options);
   } catch (const CLI::ParseError& end) {
-    std::ostringstream text;
-    const int code = app.exit(end, text, text);
-    parsed.text = my::WideFromUtf8(text.str());
+    std::ostringstream output;
+    const int code = app.exit(end, output, output);
+    parsed.text = my::WideFromUtf8(output.str());
     parsed.exitCode = code == 0 ? kExitDone : kExitUnusable;
     return parsed;
   }

@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/message_texts.h"
+
 namespace qlm {
 
 // The options of the console runner.
@@ -14,6 +16,7 @@ struct COptions {
   bool plan = false;
   bool json = false;
   bool quiet = false;
+  bool scheduled = false;      // started by the Task Scheduler: without console, a failure is notified
   std::wstring archiverPath;   // empty: the path in the settings
   std::wstring settingsPath;   // empty: the settings file of the user
   bool passwordStdin = false;  // reads the zip password from the first line of standard input
@@ -26,7 +29,7 @@ struct CParsedOptions {
   int exitCode = -1;  // -1: run with the options
 };
 
-// `arguments` do not include the path of the program.
-CParsedOptions ParseOptions(const std::vector<std::wstring>& arguments);
+// `arguments` do not include the path of the program. The texts are those of the help.
+CParsedOptions ParseOptions(const std::vector<std::wstring>& arguments, const my::IMessageTexts& texts);
 
 }  // namespace qlm

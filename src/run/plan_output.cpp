@@ -109,8 +109,8 @@ constexpr std::array kSeverities = {"hint", "warning", "error"};
 constexpr std::array kKinds = {"name_without_time", "coarse_name", "repeating_name",    "bad_name",
                                "shared_name",       "same_path",   "dst_within_source", "space_in_archive",
                                "no_archiver",       "no_source",   "bad_filter",        "leftover",
-                               "other_files",       "no_space"};
-static_assert(kKinds.size() == static_cast<size_t>(AdviceKind::NoSpace) + 1);
+                               "other_files",       "no_space",    "no_password"};
+static_assert(kKinds.size() == static_cast<size_t>(AdviceKind::NoPassword) + 1);
 
 class CJsonPlan : public IPlanOutput {
  public:

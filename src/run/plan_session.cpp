@@ -42,16 +42,16 @@ CContent ContentOf(const CDocument& document, const std::vector<CTaskPtr>& tasks
 
 int PrintPlan(const CRunnerPorts& ports, const COptions& options, const CDocument& document,
               const std::vector<CTaskPtr>& tasks) {
-  const std::wstring archiver = ChooseArchiver(ports, options, tasks);
+  const CPlannedArchive archive = PlanArchive(ports, options, tasks);
   const CInterrupt stop(ports.console);
   const auto output = options.json ? MakeJsonPlan(ports, options.quiet) : MakeTextPlan(ports, options.quiet);
   const CContent content = ContentOf(document, tasks);
-  CPlanner planner(ports.engine, archiver, &stop);
+  CPlanner planner(ports.engine, archive.archiverPath, &stop);
   CPlanSummary summary;
   try {
-    const bool missing = IsArchiverMissing(ports.engine.files, ports.folders, archiver);
-    for (const CAdvice& advice : FindAdvice(content, ports.engine, {AdviceDepth::Network, missing, &stop}))
-      output->Advice(content, advice);
+    const bool missing = IsArchiverMissing(ports.engine.files, ports.folders, archive.archiverPath);
+    const CAdviceRequest request{AdviceDepth::Network, missing, &stop, archive.passwordMissing};
+    for (const CAdvice& advice : FindAdvice(content, ports.engine, request)) output->Advice(content, advice);
     for (const CTaskPtr& task : tasks) {
       const CPlanTask plan = planner.Plan(task);
       WarnOfUnlisted(ports, *task, *plan.targets);

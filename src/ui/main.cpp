@@ -31,7 +31,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int showCommand) {
   ::DefWindowProcW(nullptr, 0, 0, 0);  // initializes user32 before the first window is created
   const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_BAR_CLASSES | ICC_LISTVIEW_CLASSES |
                                                            ICC_STANDARD_CLASSES | ICC_LINK_CLASS |
-                                                           ICC_TAB_CLASSES};
+                                                           ICC_TAB_CLASSES | ICC_DATE_CLASSES};
   ::InitCommonControlsEx(&controls);
   return qlm::RunDesktopProgram(::GetCommandLineW(), showCommand);
 }

@@ -13,6 +13,7 @@
 #include "platform/win32/win32_power.h"
 #include "platform/win32/win32_process.h"
 #include "platform/win32/win32_shell.h"
+#include "platform/win32/win32_task_scheduler.h"
 #include "platform/win32/win32_threads.h"
 #include "ui/dialogs/message_box.h"
 #include "ui/framework/failures.h"
@@ -48,6 +49,7 @@ struct CWin32Ports {
   my::CWin32Power power;
   my::CWin32Hash hash;
   my::CWin32Shell shell;
+  my::CWin32TaskScheduler scheduler;
   CDocumentClipboard clipboard;
 
   CAppPorts Ports() {
@@ -58,6 +60,7 @@ struct CWin32Ports {
             power,
             hash,
             shell,
+            scheduler,
             clipboard};
   }
 };

@@ -4,10 +4,12 @@
 #include "app/application.h"
 #include "gui/gui.h"
 #include "gui/win32_ports.h"
+#include "platform/win32/com.h"
 #include "platform/win32/msxml_dom.h"
 #include "platform/win32/win32_file_system.h"
 #include "platform/win32/win32_hash.h"
 #include "platform/win32/win32_known_folders.h"
+#include "support/fake_scheduler.h"
 #include "support/fake_system.h"
 #include "support/fake_windows.h"
 
@@ -16,6 +18,7 @@ namespace test {
 // `TFiles` is the file system: the real one or one in memory.
 template <class TFiles>
 struct CDialogAppOn : CWin32Ports {
+  my::CComApartment com;
   TFiles files;
   my::CMsxmlDom dom;
   CManualThreads threads;
@@ -23,13 +26,14 @@ struct CDialogAppOn : CWin32Ports {
   CFakePower power;
   my::CWin32Hash hash;
   CFakeShell shell;
+  CFakeScheduler scheduler;
   CFakeClipboard clipboard;
   CFakeWindow window;
   CFakeDialogs dialogs;
   qlm::CSettings settings{0};
   qlm::CDocument openDocument;
   qlm::CApplication app{
-      {{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell, clipboard},
+      {{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell, scheduler, clipboard},
       settings,
       openDocument,
       dialogs,

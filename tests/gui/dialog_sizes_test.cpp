@@ -1,4 +1,4 @@
-// Every dialog at the text sizes of the system, on the screen that the test is given.
+// Every dialog in both languages at the text sizes of the system, on the screen that the test is given.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -14,6 +14,7 @@
 #include "ui/dialogs/filter_dialog.h"
 #include "ui/dialogs/history_dialog.h"
 #include "ui/dialogs/password_dialog.h"
+#include "ui/dialogs/plan_dialog.h"
 #include "ui/dialogs/replace_dialog.h"
 #include "ui/dialogs/result_dialog.h"
 #include "ui/dialogs/settings_sheet.h"
@@ -21,6 +22,7 @@
 #include "ui/dialogs/task_dialog.h"
 #include "ui/framework/controls.h"
 #include "ui/framework/window_placement.h"
+#include "wine/test_language.h"
 
 namespace {
 
@@ -127,14 +129,20 @@ void ExpectUsable(HWND dialog) {
   EXPECT_GT(controls.size(), 1u);
   for (const HWND control : controls) {
     ExpectTextFits(control);
+    EXPECT_TRUE(ClassOf(control) != WC_LISTVIEWW || test::TitlesFit(control));
     ExpectReachable(dialog, control);
   }
   ExpectNoOverlaps(controls);
 }
 
-struct DialogSizes : testing::TestWithParam<int>, test::CDialogAppOn<test::CMemoryFileSystem> {
+struct CShown {
+  int percent;
+  my::UiLanguage language;
+};
+
+struct DialogSizes : testing::TestWithParam<CShown>, test::CDialogAppOn<test::CMemoryFileSystem> {
   DialogSizes() {
-    size.Set(GetParam());
+    size.Set(GetParam().percent);
     Settings().archive.passwordType = PasswordType::SAVE;
     files.AddFile(L"C:\\work.flt", "- [.]bak$\r\n- (\r\n");
   }
@@ -158,6 +166,7 @@ struct DialogSizes : testing::TestWithParam<int>, test::CDialogAppOn<test::CMemo
     return result;
   }
 
+  test::CTestLanguage language{GetParam().language};
   test::CTextSize size;
   CDst dst{L"\\\\server\\share\\backup of all", DstType::AES_256_ZIP, L"<ID>_<Y>.zip"};
 };
@@ -182,6 +191,11 @@ TEST_P(DialogSizes, lists_fit_the_screen) {
   CColumnsDlgSetting setting;
   CHistoryDialog history(Context(), setting, [] {});
   Expect(history);
+  InsertDst(app.Document(), -1, dst);
+  InsertTask(app.Document(), -1, {L"work", L"C:\\src", L"", {app.Document().Dsts()[0]}});
+  CPlanDialog plan(Context(), setting);
+  plan.Start(MakePlanRequest(Context(), {}), {});
+  Expect(plan);
 }
 
 TEST_P(DialogSizes, tools_fit_the_screen) {
@@ -208,13 +222,20 @@ TEST_P(DialogSizes, open_dialog_follows_the_text_size) {
   CAboutDialog about(Context());
   about.CreateModeless(nullptr, loop);
   const SIZE before = test::Size(about.Item(IDC_ABOUT_PURPOSE));
-  size.Set(2 * GetParam());
+  size.Set(2 * GetParam().percent);
   ::SendMessageW(about.Hwnd(), WM_SETTINGCHANGE, 0, 0);
   EXPECT_GT(test::Size(about.Item(IDC_ABOUT_PURPOSE)).cx, before.cx * 3 / 2);
   ExpectUsable(about.Hwnd());
 }
 
-INSTANTIATE_TEST_SUITE_P(Percent, DialogSizes, testing::Values(100, 150, 225),
-                         testing::PrintToStringParamName());
+using my::UiLanguage;
+INSTANTIATE_TEST_SUITE_P(Percent, DialogSizes,
+                         testing::Values(CShown{100, UiLanguage::Japanese}, CShown{150, UiLanguage::Japanese},
+                                         CShown{225, UiLanguage::Japanese}, CShown{100, UiLanguage::English},
+                                         CShown{225, UiLanguage::English}),
+                         [](const auto& shown) {
+                           const bool isEnglish = shown.param.language == UiLanguage::English;
+                           return std::to_string(shown.param.percent) + (isEnglish ? "_english" : "");
+                         });
 
 }  // namespace

@@ -13,6 +13,7 @@
 
 #include "gui/test_dialog.h"
 #include "ui/framework/dialog.h"
+#include "ui/framework/gdi.h"
 #include "ui/framework/list_view.h"
 #include "ui/framework/message_loop.h"
 
@@ -134,6 +135,28 @@ inline std::wstring CellOf(HWND list, int row, int column) {
   wchar_t text[1024] = L"";
   ListView_GetItemText(list, row, column, text, static_cast<int>(std::size(text)));
   return text;
+}
+
+// Returns whether all column titles of a list are shown in full.
+inline testing::AssertionResult TitlesFit(HWND list) {
+  constexpr LONG kAround = 12;
+  const HWND header = ListView_GetHeader(list);
+  const my::CWindowDc dc(header);
+  const my::CSelect font(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(header, WM_GETFONT, 0, 0)));
+  for (int i = 0; i < Header_GetItemCount(header); ++i) {
+    wchar_t text[100]{};
+    HDITEMW item{};
+    item.mask = HDI_TEXT | HDI_WIDTH;
+    item.pszText = text;
+    item.cchTextMax = static_cast<int>(std::size(text));
+    Header_GetItem(header, i, &item);
+    SIZE size{};
+    ::GetTextExtentPoint32W(dc.Get(), text, ::lstrlenW(text), &size);
+    if (size.cx + kAround > item.cxy)
+      return testing::AssertionFailure()
+             << "title " << text << " needs " << size.cx + kAround - item.cxy << " more";
+  }
+  return testing::AssertionSuccess();
 }
 
 // Clicks a control like a user; does nothing if it is disabled.

@@ -21,6 +21,7 @@
 #include "platform/win32/win32_hash.h"
 #include "platform/win32/win32_known_folders.h"
 #include "platform/win32/win32_threads.h"
+#include "support/fake_scheduler.h"
 #include "support/fake_system.h"
 #include "text_ids.h"
 #include "ui/framework/failures.h"
@@ -64,8 +65,15 @@ class CGuiApp : public CWin32Ports {
     frame.reset();
     document = std::make_unique<qlm::CDocument>();
     frame = std::make_unique<qlm::CMainFrame>(loop, SW_SHOW);
-    const qlm::CAppPorts ports{
-        {*engineFiles, clock, ansi, texts, process}, dom, *worker, folders, power, hash, shell, clipboard};
+    const qlm::CAppPorts ports{{*engineFiles, clock, ansi, texts, process},
+                               dom,
+                               *worker,
+                               folders,
+                               power,
+                               hash,
+                               shell,
+                               scheduler,
+                               clipboard};
     app = std::make_unique<qlm::CApplication>(ports, settings, *document, box, *frame, frame->Dialogs(),
                                               L"q.exe \"" + documentPath + L"\"");
     my::SetFailureHandler([this](std::exception_ptr failure) { app->ShowFailure(failure); });
@@ -151,6 +159,7 @@ class CGuiApp : public CWin32Ports {
   CFakePower power;
   my::CWin32Hash hash;
   CFakeShell shell;
+  CFakeScheduler scheduler;
   qlm::CDocumentClipboard clipboard;
   CScriptedBox box;
   my::CAutoMessageLoop loop;

@@ -90,6 +90,27 @@ TEST_F(Keyboard, clicked_button_returns_the_focus_to_the_list) {
   EXPECT_EQ(Focus(), IDC_TASK_LIST);
 }
 
+TEST_F(Keyboard, f1_opens_the_page_of_the_window_in_front) {
+  const auto opened = [&](const std::wstring& page) {
+    const std::wstring end = L"\\manual\\ja\\" + page;
+    return test::PumpUntil([&] { return !a.shell.calls.empty() && a.shell.calls.back().ends_with(end); });
+  };
+  Press({VK_F1}, [&] { return !a.shell.calls.empty(); });
+  EXPECT_TRUE(opened(L"index.html"));
+  const std::pair<int, const wchar_t*> dialogs[] = {{ID_TASK_ADD, L"tasks.html"},
+                                                    {ID_SETTINGS, L"settings.html"}};
+  for (const auto& [command, page] : dialogs) {
+    a.DoWithDialog(command, [&, expected = page](HWND dialog) {
+      test::Press({VK_F1});  // in a control of the dialog or of one of its pages
+      EXPECT_TRUE(opened(expected)) << expected;
+      ::PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+  }
+  a.Do(ID_RESULTS);
+  test::Press({VK_F1});
+  EXPECT_TRUE(opened(L"results.html")) << "modeless";
+}
+
 TEST_F(Keyboard, enter_edits_the_focused_row_and_the_focus_returns) {
   EXPECT_EQ(OpenAndCancel(IDC_TASK_ID), L"a");
   ::SetFocus(::GetDlgItem(::GetParent(a.List(IDC_DST_LIST)), ID_DST_ADD));

@@ -217,6 +217,8 @@ TEST_F(ListDialogs, whole_text_of_the_focused_result_is_shown) {
   CResultDialog dialog(context, rows);
   dialog.CreateModeless(nullptr, loop);
   EXPECT_EQ(dialog.ItemText(IDC_RESULT_DETAIL), rows.Detail(1)) << "of the first error";
+  Click(dialog.Hwnd(), IDC_RESULT_EXPLAIN);
+  EXPECT_TRUE(LastCall().ends_with(L"\\messages.html"));
   EXPECT_NE(rows.Detail(1).find(texts.Text(IDS_REMEDY_TARGET_TAKEN)), std::wstring::npos);
   const HWND detail = dialog.Item(IDC_RESULT_DETAIL);
   ::SetFocus(detail);
@@ -226,6 +228,7 @@ TEST_F(ListDialogs, whole_text_of_the_focused_result_is_shown) {
   EXPECT_EQ(::SendMessageW(detail, EM_GETSEL, 0, 0), MAKELONG(3, 5)) << "the text has not changed";
   test::FocusRow(dialog.Item(IDC_RESULT_LIST), 0);
   EXPECT_EQ(dialog.ItemText(IDC_RESULT_DETAIL), rows.Detail(0));
+  EXPECT_FALSE(::IsWindowEnabled(dialog.Item(IDC_RESULT_EXPLAIN))) << "no error";
   wchar_t text[1024] = L"label";
   NMLVGETINFOTIPW tip{
       {dialog.Item(IDC_RESULT_LIST), IDC_RESULT_LIST, LVN_GETINFOTIPW}, 0, text, 1024, 1, 0, 0};

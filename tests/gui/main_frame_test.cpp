@@ -5,8 +5,10 @@
 #include "gui/gui_app.h"
 #include "support/fake_windows.h"
 #include "support/strings.h"
+#include "ui/framework/local_menu.h"
 #include "ui/framework/shortcuts.h"
 #include "ui/framework/window_placement.h"
+#include "wine/test_language.h"
 
 namespace {
 
@@ -31,7 +33,7 @@ std::set<int> CommandIds(HWND frame) {
   };
   VisitItems(::GetMenu(frame), collect);
   for (const int menuId : {IDR_TASK_MENU, IDR_DST_MENU}) {
-    const my::CMenu menu(::LoadMenuW(nullptr, MAKEINTRESOURCEW(menuId)));
+    const my::CMenu menu(my::LoadLocalMenu(static_cast<UINT>(menuId)));
     VisitItems(menu.Get(), collect);
   }
   const my::CAccelerators keys(
@@ -84,12 +86,12 @@ TEST(MainFrame, commands_are_explained_in_status_bar_tips_and_menu) {
   EXPECT_EQ(std::wstring(label), L"元に戻す: 転送先の追加(&U)\tCtrl+Z");
 }
 
-TEST(MainFrame, menu_items_have_access_keys_and_show_their_shortcuts) {
+TEST(MainFrame, menu_items_show_their_shortcuts) {
   const HINSTANCE instance = ::GetModuleHandleW(nullptr);
   const my::CAccelerators table(::LoadAcceleratorsW(instance, MAKEINTRESOURCEW(IDR_MAIN_KEYS)));
   for (const int menuId :
        {IDR_MAIN_MENU, IDR_TASK_MENU, IDR_DST_MENU, IDM_FILTER, IDM_TARGETS, IDM_RESULTS}) {
-    const my::CMenu menu(::LoadMenuW(instance, MAKEINTRESOURCEW(menuId)));
+    const my::CMenu menu(my::LoadLocalMenu(static_cast<UINT>(menuId)));
     std::set<std::pair<HMENU, wchar_t>> taken;
     VisitItems(menu.Get(), [&](HMENU popup, int id, const std::wstring& text) {
       if (text.empty() || id == ID_MRU_FIRST) return;  // a separator; replaced when shown
@@ -99,6 +101,14 @@ TEST(MainFrame, menu_items_have_access_keys_and_show_their_shortcuts) {
       const std::wstring keys = my::ShortcutText(table.Get(), ofList ? ID_ITEM_ADD + id % 100 : id);
       EXPECT_TRUE(keys.empty() || text.ends_with(L'\t' + keys)) << text;
     });
+  }
+}
+
+TEST(MainFrame, column_titles_fit_in_both_languages) {
+  for (const auto language : {my::UiLanguage::Japanese, my::UiLanguage::English}) {
+    const test::CTestLanguage shown(language);
+    CGuiApp a;
+    for (const int list : {IDC_TASK_LIST, IDC_DST_LIST}) EXPECT_TRUE(test::TitlesFit(a.List(list)));
   }
 }
 

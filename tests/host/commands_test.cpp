@@ -56,13 +56,15 @@ TEST_F(Commands, each_command_is_refused_in_the_states_that_forbid_it) {
       {ID_SAVE, false, false},       {ID_SAVE_AS, false, false},       {ID_REPLACE, false, true},
       {ID_SETTINGS, true, true},     {ID_DESIGN, true, true},          {ID_TASK_TARGETS, false, false},
       {ID_EXPLORER_SRC, true, true}, {ID_EXPLORER_DST, true, true},    {ID_HOME_PAGE, true, true},
-      {ID_USAGE_PAGE, true, true},   {ID_MRU_FIRST, false, false}};
+      {ID_USAGE_PAGE, true, true},   {ID_MRU_FIRST, false, false},     {ID_RUN_SELECTED, false, false},
+      {ID_PLAN, false, false},       {ID_PLAN_SELECTED, false, false}};
   for (const RunState state : kStates) {
     for (const bool modified : {false, true}) {
       for (const bool replacing : {false, true}) {
         StartIn(state, modified);
         a.app->Settings().ui.mruPathes.Add(L"C:\\recent.qlmr");
         a.window.tasks.focused = a.window.dsts.focused = 0;
+        a.window.tasks.selected = {0};
         const bool active = a.app->Run().IsActive();
         if (replacing) a.app->Replace().Show();
         for (const CCase& c : kCases) {
@@ -72,7 +74,8 @@ TEST_F(Commands, each_command_is_refused_in_the_states_that_forbid_it) {
           if (enabled) continue;
           a.TakeBoxes();
           a.Do(c.id);  // refused for the same reason, with a message box
-          const bool runFirst = active && c.id != ID_RUN && c.id != ID_RUN_POWER_OFF && !c.duringRun;
+          const bool starts = c.id == ID_RUN || c.id == ID_RUN_POWER_OFF || c.id == ID_RUN_SELECTED;
+          const bool runFirst = active && !starts && !c.duringRun;
           const uint32_t reason =
               runFirst || !replacing ? IDS_REFUSED_DURING_RUN : IDS_REFUSED_DURING_REPLACE;
           EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(reason) + L"\n") << c.id << " in " << NameOf(state);
@@ -130,6 +133,30 @@ TEST_F(Commands, run_command_toggles_and_creates_a_job_per_task_with_destination
   a.Fill({});
   a.Do(ID_RUN);
   EXPECT_EQ(a.TakeBoxes(), refusal(IDS_NEXT_ADD_TASK));
+}
+
+TEST_F(Commands, selected_tasks_run_alone_and_only_their_destinations_ask_for_a_password) {
+  StartIn(RunState::NotRun);
+  a.app->Settings().archive.password.clear();
+  a.Do(ID_RUN_SELECTED);
+  EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(IDS_SELECT_TASKS) + L"\n");
+  EXPECT_EQ(a.window.tasks.focusCount, 1);
+  for (size_t row = 0; row < content.tasks.size(); ++row) {
+    const CTask& task = *content.tasks[row];
+    a.window.tasks.selected = {row};
+    a.dialogs.passwords = {L"pw"};
+    const int asked = a.dialogs.passwordDialogs;
+    a.Do(ID_RUN_SELECTED);
+    if (task.dsts.empty()) {
+      EXPECT_NE(a.TakeBoxes().find(a.Text(IDS_NO_TASKS_CHECK_DST)), std::wstring::npos);
+      continue;
+    }
+    EXPECT_EQ(a.dialogs.passwordDialogs - asked, AnyDst({content.tasks[row]}, NeedsPassword));
+    a.app->Settings().archive.password.clear();
+    a.EndRun();
+    ASSERT_EQ(a.window.results.size(), task.dsts.size());
+    EXPECT_EQ(a.window.results[0]->task->id, task.id);
+  }
 }
 
 TEST_F(Commands, ended_run_is_recorded_and_a_failure_of_it_is_shown_beside_the_result) {
@@ -432,7 +459,7 @@ TEST_F(Commands, file_manager_shows_the_focused_item_or_its_nearest_folder) {
   EXPECT_EQ(a.shell.calls,
             (std::vector<std::wstring>{L"Run EXPLORER.EXE /n,/select,\"C:\\src\"", L"Open D:\\b",
                                        L"Open https://example.com/quillmoor",
-                                       L"Open " + a.folders.ProgramFolder() + L"\\manual\\index.html"}));
+                                       L"Open " + a.folders.ProgramFolder() + L"\\manual\\ja\\index.html"}));
   a.shell.calls.clear();
   a.files.Remove(L"D:\\b");
   a.Do(ID_EXPLORER_DST);

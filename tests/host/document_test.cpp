@@ -3,15 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <boost/smart_ptr/make_shared.hpp>
+#include <fstream>
+#include <nlohmann/json.hpp>
 #include <regex>
 
 #include "document/document_file.h"
 #include "document/name_pattern.h"
+#include "engine/destination_path.h"
 #include "platform/xml_layer.h"
 #include "support/fake_ports.h"
 #include "support/golden.h"
 #include "support/memory_file_system.h"
 #include "support/pugi_dom.h"
+#include "support/strings.h"
 #include "support/thrown.h"
 
 namespace {
@@ -103,6 +107,20 @@ TEST(NamePattern, tokens_yield_local_time_and_id) {
     EXPECT_EQ(ExpandName({L"", DstType::ZIP, pattern}, id, time, clock), name);
   }
   EXPECT_THROW(ExpandName({}, L"a", {uint64_t{1} << 63}, clock), my::CException);
+}
+
+// The manual shows these examples; its script is compared with them too.
+TEST(NamePattern, examples_of_the_manual_are_true) {
+  std::ifstream stream(QLM_SOURCE_DIR "/manual/name-examples.json");
+  const auto examples = nlohmann::json::parse(stream);
+  EXPECT_GT(examples.size(), 10u);
+  for (const auto& example : examples) {
+    const auto field = [&](const char* name) { return my::WideFromUtf8(example.at(name).get<std::string>()); };
+    const CDst dst{L"D:", DstType::FOLDER, field("pattern")};
+    const auto time = my::ParseUtcText(field("time") + L"Z");
+    const std::wstring name = ExpandName(dst, field("id"), time.value(), test::CFakeClock());
+    EXPECT_EQ(DestinationPath(dst, name), L"D:\\" + field("name"));
+  }
 }
 
 TEST(NamePattern, extension_follows_the_type) {

@@ -5,9 +5,9 @@
 #include "engine/backup_task.h"
 #include "support/fake_ports.h"
 #include "support/memory_file_system.h"
+#include "ui/models/item_advice.h"
 #include "ui/models/name_preview.h"
 #include "ui/models/task_dsts_model.h"
-#include "ui/models/task_warning.h"
 
 namespace {
 
@@ -58,31 +58,36 @@ TEST_F(EditModels, used_rows_are_the_destinations_in_order) {
   EXPECT_EQ(model.Used(), (CTaskDsts{dsts[3], dsts[0]}));
 }
 
-TEST_F(EditModels, task_warning_reports_bad_source_destination_and_archive_paths) {
+TEST_F(EditModels, advice_is_about_the_item_as_it_is_edited) {
   files.AddFolder(L"D:\\src");
+  const auto advice = [&](const CTask& task) { return TaskAdvice(document.Content(), L"old", task, ports); };
+  const auto has = [](const std::wstring& text, const wchar_t* part) { return text.find(part) != text.npos; };
   CTask task{L"T", L"D:\\src", L"", {document.Dsts()[0], document.Dsts()[2]}};
-  EXPECT_EQ(TaskWarning(task, ports), L"");
+  EXPECT_EQ(advice(task), L"");
   task.dsts.push_back(document.Dsts()[1]);
-  EXPECT_NE(TaskWarning(task, ports).find(L"D:\\SRC/b"), std::wstring::npos);
-  task.path = L"c:/";
-  EXPECT_NE(TaskWarning(task, ports).find(L"C:\\a"), std::wstring::npos);
+  EXPECT_TRUE(has(advice(task), L"D:\\SRC/b"));
   task.path = L"D:\\gone";
-  EXPECT_NE(TaskWarning(task, ports).find(L"D:\\gone"), std::wstring::npos);
+  EXPECT_TRUE(has(advice(task), L"エラー: ") && has(advice(task), L"D:\\gone"));
   for (const wchar_t* silent : {L"", L"\\\\server\\share"}) {
     task.path = silent;
-    EXPECT_EQ(TaskWarning(task, ports), L"");
+    EXPECT_EQ(advice(task), L"");
   }
-  const auto warning = [&](const CDst& dst) {
-    task.dsts = {boost::make_shared<CDst>(dst)};
-    return TaskWarning(task, ports);
+  InsertDst(document, -1, {L"D:\\src\\z", DstType::ZIP, L"<ID>_<Y><M><D><h><m>.zip"});
+  task = {L"My Task", L"D:\\src", L"", {document.Dsts()[3]}};
+  EXPECT_TRUE(has(advice(task), L"My Task_2016"));
+  for (const wchar_t* id : {L"old", L"other"})
+    InsertTask(document, -1, {id, L"D:\\src", L"", {document.Dsts()[0]}});
+  task.id = L"old";
+  EXPECT_TRUE(has(advice(task), L"D:\\src\\z") && !has(advice(task), L"My Task"));
+
+  const auto dstAdvice = [&](const CDstPtr& before, const CDst& dst, const CRows& users = {}) {
+    return DstAdvice(document.Content(), before, dst, users, L"sample", ports);
   };
-  EXPECT_EQ(warning({L"C:\\my docs", DstType::FOLDER, L"a b"}), L"");
-  EXPECT_EQ(warning({L" C:\\a ", DstType::ZIP, L"<ID>_<Y> "}), L"");
-  EXPECT_NE(warning({L"C:\\my docs", DstType::ZIP, L"<ID>"}).find(L"C:\\my docs"), std::wstring::npos);
-  task.id = L"My Task";
-  EXPECT_NE(warning({L"C:\\a", DstType::ZIP, L"<ID>"}).find(L"My Task.zip"), std::wstring::npos);
-  files.SetTemporaryFolder(L"C:\\Sato Jiro\\");
-  EXPECT_NE(warning({L"C:\\a", DstType::ZIP, L"x"}).find(L"C:\\Sato Jiro"), std::wstring::npos);
+  const CDstPtr used = document.Dsts()[0];
+  EXPECT_EQ(dstAdvice(used, *used), L"");
+  EXPECT_TRUE(has(dstAdvice(used, {L"C:\\a", DstType::FOLDER, L"x<Y><M><D><h><m>"}), L"old, other"));
+  EXPECT_TRUE(has(dstAdvice({}, {L"D:\\src", DstType::FOLDER, L"<ID>_<Y><M><D><h><m>"}, {1}), L"D:\\src"));
+  EXPECT_TRUE(has(dstAdvice({}, {L"C:\\my docs", DstType::ZIP, L"<ID>"}), L"C:\\my docs"));
 }
 
 TEST_F(EditModels, preview_is_the_name_or_the_error) {

@@ -37,7 +37,7 @@ class Runner : public testing::Test {
     console.output.clear();
     console.errors.clear();
     arguments.push_back(L"C:\\doc.qlmr");
-    const qlm::CParsedOptions parsed = qlm::ParseOptions(arguments);
+    const qlm::CParsedOptions parsed = qlm::ParseOptions(arguments, texts);
     if (parsed.exitCode >= 0) return parsed.exitCode;
     const qlm::CRunnerPorts ports{
         {files, clock, ansi, texts, process}, dom, threads, console, folders, power};
@@ -231,6 +231,10 @@ TEST_F(Runner, plan_shows_rows_and_advice_and_creates_nothing) {
             std::wstring::npos);
   EXPECT_NE(console.output.find(L"\"type\":\"AES_256_ZIP\",\"action\":\"error\",\"error\":58563"),
             std::wstring::npos);
+  Run({L"--plan", L"--json"});
+  EXPECT_NE(console.output.find(L"\"kind\":\"no_password\",\"severity\":\"warning\""), std::wstring::npos);
+  Run({L"--plan", L"--json", L"--password-stdin"});
+  EXPECT_EQ(console.output.find(L"no_password"), std::wstring::npos);
   EXPECT_TRUE(console.output.ends_with(
       L"{\"event\":\"end\",\"created\":1,\"skipped\":0,\"errors\":1,\"not_reached\":0}\n"));
   EXPECT_EQ(files.Kind(L"D:\\dst"), my::PathKind::None);

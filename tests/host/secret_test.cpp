@@ -22,6 +22,10 @@ void* operator new(size_t bytes) {
   throw std::bad_alloc();
 }
 
+void* operator new(size_t bytes, const std::nothrow_t&) noexcept {
+  return std::malloc(bytes);
+}
+
 void operator delete(void* memory) noexcept {
   if (watching && memory) {
     const size_t bytes = ::malloc_usable_size(memory);

@@ -11,6 +11,7 @@
 #include "document/document_file.h"
 #include "support/fake_archiver.h"
 #include "support/fake_ports.h"
+#include "support/fake_scheduler.h"
 #include "support/fake_system.h"
 #include "support/fake_windows.h"
 #include "support/memory_file_system.h"
@@ -51,10 +52,16 @@ class CFakeApp {
     window.onTitle = onTitle;
     settings.emplace(0);
     document.emplace();
-    app.emplace(
-        qlm::CAppPorts{
-            {files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell, clipboard},
-        *settings, *document, dialogs, window, dialogs, commandLine);
+    app.emplace(qlm::CAppPorts{{files, clock, ansi, texts, process},
+                               dom,
+                               threads,
+                               folders,
+                               power,
+                               hash,
+                               shell,
+                               scheduler,
+                               clipboard},
+                *settings, *document, dialogs, window, dialogs, commandLine);
     dialogs.tool = &app->Replace();
     app->Start();
     return *app;
@@ -98,6 +105,7 @@ class CFakeApp {
   CFakePower power;
   CFakeHash hash;
   CFakeShell shell;
+  CFakeScheduler scheduler;
   CFakeClipboard clipboard;
   CFakeWindow window;
   CFakeDialogs dialogs;

@@ -1,5 +1,6 @@
 #include "support/fake_ports.h"
 
+#include <algorithm>
 #include <future>
 #include <thread>
 
@@ -13,7 +14,7 @@ namespace {
 std::map<uint32_t, std::wstring> ReadTexts() {
   const auto ids = ReadPairs("text_ids.h", std::regex("#define (IDS_\\w+)\\s+(\\d+)\\s*"));
   std::map<uint32_t, std::wstring> texts;
-  for (const auto& [name, quoted] : ReadPairs("strings.rc", std::regex("\\s*(IDS_\\w+) \"(.*)\"\\s*"))) {
+  for (const auto& [name, quoted] : ReadPairs("ja/strings.rc", std::regex("\\s*(IDS_\\w+) \"(.*)\"\\s*"))) {
     std::string text = std::regex_replace(quoted, std::regex("\\\\n"), "\n");
     text = std::regex_replace(text, std::regex("\"\""), "\"");
     text = std::regex_replace(text, std::regex(R"(\\\\)"), "\\");
@@ -56,6 +57,13 @@ std::wstring CRcTexts::Text(uint32_t id) const {
 std::wstring CFakeAnsiCodec::Decode(std::string_view bytes) const {
   const std::string utf8 = std::regex_replace(std::string(bytes), std::regex("\x8E\x9A"), "字");
   return my::WideFromUtf8(std::regex_replace(utf8, std::regex("\xB1"), "ｱ"));
+}
+
+std::optional<std::string> CFakeAnsiCodec::Encode(std::wstring_view text) const {
+  const std::string utf8 = my::Utf8FromWide(text);
+  const std::string rest = std::regex_replace(utf8, std::regex("字"), "");
+  if (std::ranges::any_of(rest, [](char c) { return (c & 0x80) != 0; })) return {};
+  return std::regex_replace(utf8, std::regex("字"), "\x8E\x9A");
 }
 
 uint32_t CFakeProcess::Run(const my::CProcessStart& start) {

@@ -43,6 +43,7 @@ class CRcTexts : public my::IMessageTexts {
 class CFakeAnsiCodec : public my::IAnsiCodec {
  public:
   std::wstring Decode(std::string_view bytes) const override;
+  std::optional<std::string> Encode(std::wstring_view text) const override;
 };
 
 struct CFakeFolders : my::IKnownFolders {

@@ -109,6 +109,12 @@ struct CFakeShell : my::IShell {
     if (failure) throw *failure;
   }
 
+  bool Recycle(const std::wstring& what) override {
+    calls.push_back(L"Recycle " + what);
+    if (failure) throw *failure;
+    return true;
+  }
+
   std::optional<my::CException> failure;  // thrown by every function
   std::wstring path;                      // returned for every ID list
   std::vector<std::wstring> calls;

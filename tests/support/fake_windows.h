@@ -9,6 +9,7 @@
 
 #include "app/messenger.h"
 #include "app/password.h"
+#include "app/plan_worker.h"
 #include "app/replace_tool.h"
 #include "app/windows.h"
 #include "document/document_clip.h"
@@ -132,6 +133,10 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
     if (filterFailure != 0) throw my::CException(filterFailure);
   }
   void ShowAbout() override {}
+  void ShowPlan(qlm::CPlanRequest request, const std::vector<std::wstring>&) override {
+    plans.push_back(std::move(request));
+  }
+  void ShowSchedules(bool all) override { schedulesOpened += all ? L"all " : L"own "; }
   void OpenReplace() override { ++replacesOpened; }
   void FocusReplace() override { ++replaceFocuses; }
   void CancelReplace() override {
@@ -153,6 +158,7 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
   std::deque<std::wstring> passwords;              // typed one after another; then cancel
   std::function<void(const std::wstring&)> onBox;  // called while a box is open
   bool refuseToCancel = false;
+  std::wstring schedulesOpened;
   uint32_t filterFailure = 0;  // thrown by the filter dialog; 0: nothing
 
   std::vector<std::wstring> boxes;
@@ -160,7 +166,8 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
   std::vector<uint32_t> refusals;
   std::vector<bool> settingsPages;
   std::vector<std::wstring> filters;  // filters shown, with their source folders
-  qlm::CTask editedTask;              // the task with which the dialog was opened
+  std::vector<qlm::CPlanRequest> plans;
+  qlm::CTask editedTask;  // the task with which the dialog was opened
   int passwordDialogs = 0;
   qlm::CTaskDsts passwordDsts;  // shown by the last of them
   int replacesOpened = 0;

@@ -101,6 +101,8 @@ TEST(Win32AnsiCodec, invalid_bytes_are_marked_and_the_others_kept) {
   const my::CWin32AnsiCodec shiftJis(932);
   EXPECT_EQ(shiftJis.Decode("\x93\xFA\x96\x7B\x8C\xEA \xB1"), L"日本語 ｱ");
   EXPECT_EQ(shiftJis.Decode("a\xFF\x93\xFA\x81"), L"a\xFFFD日\xFFFD");
+  EXPECT_EQ(shiftJis.Encode(L"日本語 ｱ"), "\x93\xFA\x96\x7B\x8C\xEA \xB1");
+  EXPECT_EQ(shiftJis.Encode(L"é"), std::nullopt) << "e would be another file";
   const my::CWin32AnsiCodec utf8(65001);  // users can make it the system's code page
   EXPECT_EQ(utf8.Decode("\xFF\xC3\xA9\xE6\x97\xA5\xF0\xA0\xAE\xB7\xE6\x97z"), L"\xFFFDé日𠮷\xFFFD\xFFFDz");
   if (!::IsValidCodePage(54936)) return;  // missing in Wine

@@ -3,14 +3,19 @@
 
 #include <shlobj.h>
 
+#include "platform/win32/com.h"
 #include "platform/win32/win32_hash.h"
 #include "platform/win32/win32_known_folders.h"
+#include "platform/win32/win32_message_texts.h"
 #include "platform/win32/win32_power.h"
 #include "platform/win32/win32_process.h"
 #include "platform/win32/win32_shell.h"
+#include "platform/win32/win32_task_scheduler.h"
+#include "schedule/schedule_xml.h"
 #include "scratch_folder.h"
 #include "support/thrown.h"
 #include "text_ids.h"
+#include "wine/test_language.h"
 
 namespace {
 
@@ -28,6 +33,26 @@ TEST(Win32Power, computer_may_sleep_again_after_a_run) {
   EXPECT_EQ(::SetThreadExecutionState(kAwake), kAwake) << "the state before";
   awake.reset();
   EXPECT_EQ(::SetThreadExecutionState(ES_CONTINUOUS), DWORD{ES_CONTINUOUS});
+}
+
+// Wine does not list tasks and does not keep their triggers and actions, so only names are checked.
+TEST(Win32TaskScheduler, task_is_added_once_changed_and_removed) {
+  const my::CComApartment com;
+  my::CWin32TaskScheduler scheduler;
+  const std::wstring name = L"Quillmoor - テスト & 1";
+  scheduler.Remove(name);
+  const auto xml = [&](const qlm::CSchedule& schedule) {
+    return qlm::ScheduleXml(schedule, {L"C:\\a b\\QuillmoorRun.exe", L"C:\\文書 & 1.qlmr"}, scheduler.User(),
+                            L"x");
+  };
+  EXPECT_TRUE(scheduler.User().starts_with(L"S-1-"));
+  EXPECT_TRUE(scheduler.Add(name, xml({qlm::ScheduleKind::Weekly, {2030, 1, 2, 3, 4, 0}, 3})));
+  EXPECT_FALSE(scheduler.Add(name, xml({qlm::ScheduleKind::Logon})));
+  scheduler.Change(name, xml({qlm::ScheduleKind::Idle}));
+  EXPECT_EQ(test::ThrownId([&] { scheduler.Change(name, L"<Task"); }), IDS_SCHEDULE_ADD_FAILED);
+  scheduler.Remove(name);
+  EXPECT_TRUE(scheduler.Add(name, xml({qlm::ScheduleKind::Daily, {2030, 1, 2, 3, 4, 0}})));
+  scheduler.Remove(name);
 }
 
 TEST(Win32Process, program_gets_what_it_is_started_with) {
@@ -80,6 +105,17 @@ TEST(Manifests, declare_long_paths_and_no_system_before_windows_8) {
   }
 }
 
+TEST(Win32MessageTexts, are_in_the_chosen_language) {
+  const my::CWin32MessageTexts texts;
+  const int32_t diskFull = my::CSystemError::FromWin32(ERROR_DISK_FULL).hresult;
+  EXPECT_EQ(texts.Text(IDS_STATE_RUNNING), L"実行中") << "the display language of the tests is Japanese";
+  const test::CTestLanguage english(my::UiLanguage::English);
+  EXPECT_EQ(texts.Text(IDS_STATE_RUNNING), L"Running");
+  EXPECT_EQ(texts.Text(IDS_STATE_ENDED + 10'000), L"");
+  EXPECT_NE(texts.SystemText(diskFull).find(L"isk"), std::wstring::npos) << "disk full";
+  EXPECT_FALSE(my::LocalResource(RT_VERSION, 1).empty()) << "a resource without languages";
+}
+
 TEST(Win32Hash, md5_of_something_and_of_nothing) {
   const my::CWin32Hash hash;
   EXPECT_EQ(hash.Md5("abc"), "\x90\x01\x50\x98\x3c\xd2\x4f\xb0\xd6\x96\x3f\x7d\x28\xe1\x7f\x72");
@@ -110,6 +146,20 @@ TEST(Win32Shell, path_of_a_list_only_when_it_is_complete) {
   EXPECT_EQ(refused(), IDS_ID_LIST_TO_PATH_FAILED) << "an item smaller than its own size";
   list.clear();
   EXPECT_EQ(refused(), IDS_ID_LIST_TO_PATH_FAILED);
+}
+
+TEST(Win32Shell, recycled_file_is_gone_and_a_drive_without_recycle_bin_is_refused) {
+  test::CScratchFolder scratch;
+  my::CWin32Shell shell;
+  scratch.Write(L"half", "x");
+  EXPECT_TRUE(shell.Recycle(scratch.At(L"half")));
+  EXPECT_EQ(scratch.files.Kind(scratch.At(L"half")), my::PathKind::None);
+  EXPECT_EQ(test::ThrownId([&] { shell.Recycle(scratch.At(L"half")); }), IDS_RECYCLE_FAILED);
+  const std::wstring deep = scratch.path + std::wstring(300, L'x');
+  for (const std::wstring& path :
+       {std::wstring(L"\\\\server\\share\\_tmp_a"), std::wstring(L"Y:\\_tmp_a"), deep})
+    EXPECT_EQ(test::ThrownId([&] { shell.Recycle(path); }), IDS_RECYCLE_NO_BIN)
+        << testing::PrintToString(path);
 }
 
 TEST(Win32Shell, missing_file_is_an_error_without_a_window) {

@@ -1,4 +1,4 @@
-// Takes pictures of the windows with sample data: qlm_screenshots FOLDER [NAME...]
+// Takes pictures of the windows with sample data: qlm_screenshots FOLDER [--english] [NAME...]
 #include <gtest/gtest.h>
 
 #include <windows.h>
@@ -10,6 +10,7 @@
 #include "document/document_edits.h"
 #include "gui/gui_app.h"
 #include "gui/inline_threads.h"
+#include "platform/win32/ui_language.h"
 #include "screenshots/shots.h"
 #include "ui/framework/gdiplus.h"
 #include "ui/look/tool_images.h"
@@ -36,8 +37,10 @@ void ShootModal(
 
 void ShootMain() {
   if (!Wanted(L"main")) return;
-  CGuiApp a;
-  ShootAtAllDpis(a.frame->Hwnd(), L"main_empty");
+  {
+    CGuiApp a;
+    ShootAtAllDpis(a.frame->Hwnd(), L"main_empty");
+  }
   CSampleApp b;
   b.Select(IDC_TASK_LIST, {0, 1});
   Shoot(b.frame->Hwnd(), L"main_overdue");
@@ -133,8 +136,9 @@ void ShootDialogs() {
   ShootModal(a, ID_DST_EDIT, L"destination_no_archiver");
   a.UseArchiver();
   a.Select(IDC_TASK_LIST, {0});
-  ShootModal(a, ID_FILTER_CHECK, L"filter",
-             [](HWND dialog) { ::SetDlgItemTextW(dialog, IDC_FILTER_PATH, L"見積書\\下書き.tmp"); });
+  ShootModal(a, ID_FILTER_CHECK, L"filter", [](HWND dialog) {
+    ::SetDlgItemTextW(dialog, IDC_FILTER_PATH, Sample(L"見積書\\下書き.tmp").c_str());
+  });
   ShootModal(a, ID_TASK_TARGETS, L"targets");
   ShootModal(a, ID_ABOUT, L"about");
   ShootModal(a, ID_SETTINGS, L"settings");
@@ -143,6 +147,44 @@ void ShootDialogs() {
   CDocument& document = a.app->Document();
   SetUse(document, {0}, 2, true);
   ShootModal(a, ID_RUN, L"password");
+}
+
+// A plan with all kinds of cells, and the marks of the lists.
+void ShootPlan() {
+  if (!Wanted(L"plan") && !Wanted(L"advice")) return;
+  CSampleApp a;
+  my::IFileSystem& files = a.scratch.files;
+  for (const wchar_t* folder :
+       {L"E:\\保管\\書類", L"E:\\書庫\\写真.zip", L"E:\\バックアップ\\_tmp_書類_2025_04_01_12_00"})
+    files.CreateFolders(folder);
+  CContent content;
+  const auto dst = [&](const std::wstring& folder, DstType type, const std::wstring& pattern) {
+    content.dsts.Append(boost::make_shared<CDst>(CDst{folder, type, pattern}));
+    return content.dsts[content.dsts.size() - 1];
+  };
+  const auto dated = dst(L"E:\\バックアップ", DstType::FOLDER, L"<ID>_<Y>_<M>_<D>_<h>_<m>");
+  const auto zip = dst(L"E:\\書庫", DstType::ZIP, L"<ID>.zip");
+  const auto usb = dst(L"Q:\\外付けディスク", DstType::FOLDER, L"<ID>_<Y>_<M>_<D>_<h>_<m>");
+  const auto kept = dst(L"E:\\保管", DstType::FOLDER, L"<ID>");
+  const auto add = [&](const std::wstring& id, const std::wstring& path, CTaskDsts dsts,
+                       const std::wstring& filter = {}) {
+    content.tasks.Append(boost::make_shared<CTask>(CTask{id, path, filter, std::move(dsts)}));
+  };
+  add(L"書類", L"D:\\書類", {dated, kept}, L"D:\\設定\\書類.flt");
+  add(L"写真", L"D:\\写真", {dated, zip, usb});
+  add(L"設定", L"D:\\設定", {zip, usb, kept});
+  add(L"会計データ", L"D:\\会計\\2025", {dated});
+  a.app->Document().Reset(content, L"D:\\設定\\毎日のバックアップ.qlmr");
+  a.Do(ID_PLAN);
+  const HWND plan = test::DialogWith(IDC_PLAN_MATRIX);
+  test::PumpUntil([plan] { return !::IsWindowEnabled(::GetDlgItem(plan, IDC_PLAN_STOP)); });
+  for (const WPARAM key : {VK_DOWN, VK_RIGHT, VK_RIGHT})
+    test::PressKey(::GetDlgItem(plan, IDC_PLAN_MATRIX), key);
+  if (Wanted(L"plan")) ShootAtAllDpis(plan, L"plan");
+  ::SendMessageW(plan, WM_CLOSE, 0, 0);
+  const ULONGLONG end = ::GetTickCount64() + 2000;
+  test::PumpUntil([end] { return ::GetTickCount64() > end; });
+  if (Wanted(L"advice")) ShootAtAllDpis(a.frame->Hwnd(), L"advice");
 }
 
 void ShootHistory() {
@@ -188,7 +230,9 @@ void ShootSizes() {
 
 int wmain(int argc, wchar_t** argv) {
   if (argc < 2) return 2;
-  Begin(argv[1], {argv + 2, argv + argc});
+  const bool isEnglish = argc > 2 && std::wstring(argv[2]) == L"--english";
+  if (isEnglish) my::SetUiLanguage(my::UiLanguage::English);
+  Begin(argv[1], {argv + (isEnglish ? 3 : 2), argv + argc});
   const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_BAR_CLASSES | ICC_LISTVIEW_CLASSES |
                                                            ICC_STANDARD_CLASSES | ICC_LINK_CLASS |
                                                            ICC_TAB_CLASSES};
@@ -199,6 +243,7 @@ int wmain(int argc, wchar_t** argv) {
   ShootHistory();
   ShootRun();
   ShootDialogs();
+  ShootPlan();
   ShootDesign();
   ShootSizes();
   return testing::Test::HasFailure();

@@ -4,6 +4,8 @@
 
 #include "document/document_edits.h"
 #include "history/history_file.h"
+#include "platform/win32/ui_language.h"
+#include "support/strings.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/gdiplus.h"
 
@@ -22,7 +24,38 @@ CLSID PngEncoder() {
   return png;
 }
 
+// The names of the samples in Japanese and English. A name comes before those that it contains.
+constexpr std::pair<std::wstring_view, std::wstring_view> kSampleNames[] = {
+    {L"毎日のバックアップ", L"Daily backup"},
+    {L"バックアップ", L"Backups"},
+    {L"会計データ", L"Accounts"},
+    {L"ソースコード", L"Source code"},
+    {L"書類", L"Documents"},
+    {L"見積書", L"Quotes"},
+    {L"写真", L"Photos"},
+    {L"設定", L"Settings"},
+    {L"会計", L"Accounts"},
+    {L"開発", L"Development"},
+    {L"書庫", L"Archives"},
+    {L"社内", L"office"},
+    {L"議事録", L"Minutes"},
+    {L"年度", L""},
+    {L"下書き", L"Draft"},
+    {L"名簿", L"Members"},
+    {L"旅行", L"Journey"},
+    {L"決算", L"Balance"},
+};
+
 }  // namespace
+
+std::wstring Sample(std::wstring text) {
+  if (my::CurrentUiLanguage() == my::UiLanguage::Japanese) return text;
+  for (const auto& [japanese, english] : kSampleNames) {
+    for (size_t at = 0; (at = text.find(japanese, at)) != text.npos; at += english.size())
+      text.replace(at, japanese.size(), english);
+  }
+  return text;
+}
 
 void Begin(std::wstring folder, std::vector<std::wstring> names) {
   g_folder = std::move(folder);
@@ -92,9 +125,9 @@ void ShootAtAllDpis(HWND window, const std::wstring& name) {
 void CSampleApp::FillDisk() {
   my::IFileSystem& files = scratch.files;
   for (const wchar_t* folder : {L"D:\\書類\\見積書", L"D:\\写真", L"D:\\設定", L"D:\\7-Zip"})
-    files.CreateFolders(folder);
+    files.CreateFolders(Sample(folder));
   const auto write = [&files](const std::wstring& path, const std::string& bytes) {
-    const auto file = files.CreateNewFile(path);
+    const auto file = files.CreateNewFile(Sample(path));
     if (!file) return;  // of the last program
     file->Write(bytes);
     file->Close();
@@ -109,20 +142,22 @@ void CSampleApp::FillDisk() {
 
 void CSampleApp::FillHistory() {
   const std::wstring history = HistoryPath(folders, texts);
-  const auto row = [](const wchar_t* task, RowOutcome outcome, uint64_t files) {
+  const auto row = [this](const wchar_t* task, RowOutcome outcome, uint64_t files) {
     CHistoryRow made;
-    made.taskId = task;
-    made.source = std::wstring(L"D:\\") + task;
-    made.destination = std::wstring(L"E:\\バックアップ\\") + task + L"_2026_11_20_12_30";
+    made.taskId = Sample(task);
+    made.source = L"D:\\" + made.taskId;
+    made.destination = Sample(L"E:\\バックアップ\\") + made.taskId + L"_2026_11_20_12_30";
     made.outcome = outcome;
     made.files = files;
     made.bytes = files * 123'456;
     if (outcome != RowOutcome::FAILED) return made;
     made.error = IDS_COPY_FILE_FAILED;
     made.detail = 0x80070070;
-    made.message =
-        L"コピー処理中にエラーが発生しました: ファイルのコピーに失敗しました - "
-        L"ディスクに十分な空き領域がありません。 D:\\会計\\2025\\決算.xlsx -> E:\\バックアップ\\決算.xlsx";
+    const std::vector<my::CMsgArg> parts = {my::CSystemError{static_cast<int32_t>(made.detail)},
+                                            Sample(L"D:\\会計\\2025\\決算.xlsx"),
+                                            Sample(L"E:\\バックアップ\\決算.xlsx")};
+    const my::CMsgArg reason = my::MakeText(texts, IDS_COPY_FILE_FAILED, parts);
+    made.message = my::OneLine(my::MakeText(texts, IDS_ERR_COPYING, {&reason, 1}));
     return made;
   };
   constexpr uint64_t kHour = uint64_t{60} * 60 * 10'000'000;
@@ -131,7 +166,7 @@ void CSampleApp::FillHistory() {
     run.start = {clock.Now().ticks - day * 24 * kHour};
     run.end = {run.start.ticks + kHour / 60 * (day % 3 + 1)};
     run.program = day % 5 == 0 ? RunProgram::WINDOW : RunProgram::RUNNER;
-    run.document = L"D:\\設定\\毎日のバックアップ.qlmr";
+    run.document = Sample(L"D:\\設定\\毎日のバックアップ.qlmr");
     run.rows = {row(L"書類", RowOutcome::CREATED, 120 + day),
                 row(L"写真", day % 2 == 0 ? RowOutcome::CREATED : RowOutcome::SKIPPED, 2'480),
                 row(L"会計データ", day > 9 ? RowOutcome::CREATED : RowOutcome::FAILED, 34)};
@@ -165,7 +200,7 @@ void CSampleApp::OpenSample() {
   UseArchiver();
   CContent content;
   const auto dst = [&](const std::wstring& folder, DstType type, const std::wstring& pattern) {
-    auto item = boost::make_shared<CDst>(CDst{folder, type, pattern});
+    auto item = boost::make_shared<CDst>(CDst{Sample(folder), type, pattern});
     content.dsts.Append(item);
     return item;
   };
@@ -174,13 +209,14 @@ void CSampleApp::OpenSample() {
   dst(L"\\\\NAS\\backup\\社内", DstType::AES_256_ZIP, L"<ID>_<Y><M><D>_<h><m>.zip");
   const auto add = [&](const std::wstring& id, const std::wstring& path, CTaskDsts dsts,
                        const std::wstring& filter) {
-    content.tasks.Append(boost::make_shared<CTask>(CTask{id, path, filter, std::move(dsts)}));
+    content.tasks.Append(
+        boost::make_shared<CTask>(CTask{Sample(id), Sample(path), Sample(filter), std::move(dsts)}));
   };
   add(L"書類", L"D:\\書類", {folder}, L"D:\\設定\\書類.flt");
   add(L"写真", L"D:\\写真", {folder}, L"");
   add(L"会計データ", L"D:\\会計\\2025", {folder}, L"");
   add(L"ソースコード", L"D:\\開発\\quill", {}, L"D:\\設定\\開発.flt");
-  app->Document().Reset(content, L"D:\\設定\\毎日のバックアップ.qlmr");
+  app->Document().Reset(content, Sample(L"D:\\設定\\毎日のバックアップ.qlmr"));
   FillHistory();
   ::SendMessageW(test::DialogWith(IDC_HISTORY_RUNS), WM_CLOSE, 0, 0);
   test::Pump();

@@ -14,6 +14,9 @@ namespace shots {
 void Begin(std::wstring folder, std::vector<std::wstring> names);
 bool Wanted(const std::wstring& name);
 
+// Returns the text with the names of the samples in the language of the pictures.
+std::wstring Sample(std::wstring text);
+
 void Save(HBITMAP bitmap, const std::wstring& name);
 void Shoot(HWND window, const std::wstring& name);  // from the screen
 

@@ -50,4 +50,13 @@ std::wstring CWin32AnsiCodec::Decode(std::string_view bytes) const {
   return out;
 }
 
+// Compares instead of asking the system for missing characters, which it refuses for some code pages.
+std::optional<std::string> CWin32AnsiCodec::Encode(std::wstring_view text) const {
+  const auto size = static_cast<int>(text.size());
+  const int length = ::WideCharToMultiByte(m_codePage, 0, text.data(), size, nullptr, 0, nullptr, nullptr);
+  std::string bytes(static_cast<size_t>(length), '\0');
+  ::WideCharToMultiByte(m_codePage, 0, text.data(), size, bytes.data(), length, nullptr, nullptr);
+  return Decode(bytes) == text ? std::optional(bytes) : std::nullopt;
+}
+
 }  // namespace my

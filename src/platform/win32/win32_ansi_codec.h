@@ -12,6 +12,7 @@ class CWin32AnsiCodec : public IAnsiCodec {
   explicit CWin32AnsiCodec(uint32_t codePage = 0) : m_codePage(codePage) {}
 
   std::wstring Decode(std::string_view bytes) const override;
+  std::optional<std::string> Encode(std::wstring_view text) const override;
 
  private:
   uint32_t m_codePage;

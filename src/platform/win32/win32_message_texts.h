@@ -4,7 +4,7 @@
 
 namespace my {
 
-// The string table of the running program.
+// The string table of the running program and the messages of the system, in the current language.
 class CWin32MessageTexts : public IMessageTexts {
  public:
   std::wstring Text(uint32_t id) const override;

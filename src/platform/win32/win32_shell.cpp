@@ -5,6 +5,7 @@
 #include <shellapi.h>
 #include <shlobj.h>
 
+#include <algorithm>
 #include <cstring>
 
 #include "platform/win32/last_error.h"
@@ -37,6 +38,14 @@ void Execute(const std::wstring& file, const wchar_t* parameters) {
   throw CException(IDS_SHELL_OPEN_FAILED, {LastError(), file});
 }
 
+// Returns whether the volume of the path has a recycle bin. Only fixed drives have one; for others, the shell
+// would delete at once. Nor does the shell recycle a path that is too long for it.
+bool HasRecycleBin(const std::wstring& path) {
+  wchar_t volume[MAX_PATH]{};
+  if (path.size() >= MAX_PATH || !::GetVolumePathNameW(path.c_str(), volume, MAX_PATH)) return false;
+  return ::GetDriveTypeW(volume) == DRIVE_FIXED;
+}
+
 }  // namespace
 
 std::wstring CWin32Shell::PathOf(const CShellIdList& idList) {
@@ -54,6 +63,27 @@ void CWin32Shell::Open(const std::wstring& what) {
 
 void CWin32Shell::Run(const std::wstring& program, const std::wstring& parameters) {
   Execute(program, parameters.c_str());
+}
+
+// Some systems report success for a file that is missing, so existence is checked before and afterwards. With
+// the warning, the shell asks before it deletes what is too large for the recycle bin, or what a policy
+// keeps out of it. Without it, FOF_NOCONFIRMATION would confirm that question.
+bool CWin32Shell::Recycle(const std::wstring& path) {
+  if (!HasRecycleBin(path)) throw CException(IDS_RECYCLE_NO_BIN, {path});
+  const auto exists = [&path] { return ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; };
+  if (!exists()) throw CException(IDS_RECYCLE_FAILED, {LastError(), path});
+  const std::wstring list = path + L'\0';  // the shell expects a double null-terminated list
+  SHFILEOPSTRUCTW operation{};
+  operation.hwnd = ::GetActiveWindow();
+  operation.wFunc = FO_DELETE;
+  operation.pFrom = list.c_str();
+  operation.fFlags = FOF_ALLOWUNDO | FOF_WANTNUKEWARNING | FOF_NOCONFIRMATION | FOF_NOERRORUI | FOF_SILENT;
+  int error = ::SHFileOperationW(&operation);
+  constexpr int kCancelled[] = {ERROR_CANCELLED, 0x75};  // the second is one of the shell's own codes
+  if (operation.fAnyOperationsAborted || std::ranges::count(kCancelled, error) != 0) return false;
+  if (error == 0 && !exists()) return true;
+  if (error == 0) error = ERROR_FUNCTION_FAILED;
+  throw CException(IDS_RECYCLE_FAILED, {CSystemError::FromWin32(static_cast<uint32_t>(error)), path});
 }
 
 }  // namespace my

@@ -1,19 +1,24 @@
 #include "ui/dialogs/dialogs.h"
 
+#include "app/manual_commands.h"
 #include "app/replace_tool.h"
 #include "ui/dialogs/about_dialog.h"
 #include "ui/dialogs/closing_dialog.h"
 #include "ui/dialogs/dst_dialog.h"
 #include "ui/dialogs/filter_dialog.h"
 #include "ui/dialogs/history_dialog.h"
+#include "ui/dialogs/manual_pages.h"
 #include "ui/dialogs/password_dialog.h"
+#include "ui/dialogs/plan_dialog.h"
 #include "ui/dialogs/replace_dialog.h"
 #include "ui/dialogs/result_dialog.h"
+#include "ui/dialogs/schedule_dialog.h"
 #include "ui/dialogs/settings_sheet.h"
 #include "ui/dialogs/target_dialog.h"
 #include "ui/dialogs/task_dialog.h"
 #include "ui/framework/disabled_windows.h"
 #include "ui/framework/file_dialogs.h"
+#include "ui/framework/help.h"
 
 namespace qlm {
 namespace {
@@ -21,12 +26,15 @@ namespace {
 constexpr DWORD kOpenFile = OFN_EXPLORER | OFN_ENABLESIZING | OFN_FILEMUSTEXIST;
 constexpr DWORD kSaveFile = OFN_EXPLORER | OFN_ENABLESIZING | OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY;
 constexpr DWORD kOpenFilter = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+// Without a question whether to replace the file, because its rules are kept.
+constexpr DWORD kSaveFilter = OFN_EXPLORER | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
 static_assert(kOpenFile == 0x881000 && kSaveFile == 0x880006);
 
 DWORD FlagsOf(FileDialog dialog) {
   switch (dialog) {
     case FileDialog::OpenFile: return kOpenFile;
     case FileDialog::SaveFile: return kSaveFile;
+    case FileDialog::SaveFilter: return kSaveFilter;
     default: return kOpenFilter;
   }
 }
@@ -44,16 +52,27 @@ my::CFileDialogParams ParamsOf(const CFileQuestion& question) {
 
 CDialogs::CDialogs(my::CAutoMessageLoop& loop) : m_loop(loop) {}
 
-CDialogs::~CDialogs() = default;
+CDialogs::~CDialogs() {
+  my::SetHelpHandler({});
+}
 
 void CDialogs::SetOwner(HWND owner, CAppContext& context) {
   m_owner = owner;
   m_context = &context;
+  context.document.AddListener([this](DocChangeEventFlags what) {
+    if (m_plan) m_plan->OnDocumentChanged(what);
+  });
+  my::SetHelpHandler([&context](UINT templateId) {
+    const auto page = ManualPage(templateId);
+    if (page) CCommandManual(context, *page).Execute(true);
+    return page.has_value();
+  });
 }
 
 std::optional<std::wstring> CDialogs::AskPath(const CFileQuestion& question) {
   const my::CFileDialogParams params = ParamsOf(question);
-  if (question.dialog == FileDialog::SaveFile) return my::AskSavePath(Owner(), params);
+  const bool saves = question.dialog == FileDialog::SaveFile || question.dialog == FileDialog::SaveFilter;
+  if (saves) return my::AskSavePath(Owner(), params);
   return my::AskOpenPath(Owner(), params);
 }
 
@@ -118,6 +137,15 @@ void CDialogs::ShowHistory(std::shared_ptr<const CLoadedHistory> loaded) {
   if (IsHistoryOpen()) m_history->Show(std::move(loaded));
 }
 
+void CDialogs::ShowPlan(CPlanRequest request, const std::vector<std::wstring>& ids) {
+  if (!m_plan) m_plan = std::make_unique<CPlanDialog>(*m_context, m_planSetting);
+  m_plan->Start(std::move(request), ids);
+  if (m_plan->Hwnd())
+    ::SetForegroundWindow(m_plan->Hwnd());
+  else
+    m_plan->CreateModeless(m_owner, m_loop);
+}
+
 void CDialogs::ShowTargets(const CResultPtr& row) {
   CTargetDialog(*m_context, row).DoModal(Owner());
 }
@@ -128,6 +156,10 @@ void CDialogs::ShowFilter(const std::wstring& filterPath, const std::wstring& so
 
 void CDialogs::ShowAbout() {
   CAboutDialog(*m_context).DoModal(Owner());
+}
+
+void CDialogs::ShowSchedules(bool all) {
+  CScheduleDialog(*m_context, m_scheduleSetting, all).DoModal(Owner());
 }
 
 void CDialogs::OpenClosing() {

@@ -20,6 +20,7 @@ namespace qlm {
 class CClosingDialog;
 class CHistoryDialog;
 class CReplaceDialog;
+class CPlanDialog;
 class CResultDialog;
 class CResultListModel;
 struct CAppContext;
@@ -41,6 +42,7 @@ class CDialogs : public IDialogs {
   bool AskPassword(CPasswordEntry& entry) override;
   void ShowSettings(bool designPage) override;
   void ShowAbout() override;
+  void ShowSchedules(bool all) override;
   void ShowFilter(const std::wstring& filterPath, const std::wstring& sourcePath) override;
   void OpenReplace() override;
   void FocusReplace() override;
@@ -48,6 +50,8 @@ class CDialogs : public IDialogs {
 
   void EditTask(const CTask& task, const std::function<void(const CTask&)>& confirm) override;
   void EditDst(const CDst& dst, const std::function<void(const CDst&)>& confirm) override;
+
+  void ShowPlan(CPlanRequest request, const std::vector<std::wstring>& ids) override;
 
   // Must be called when the selections of the lists have changed.
   void RefreshReplace();
@@ -80,7 +84,11 @@ class CDialogs : public IDialogs {
   std::function<void(const CDesignSetting&)> m_preview;
   std::unique_ptr<CReplaceDialog> m_replace;
   std::unique_ptr<CResultDialog> m_results;
-  CColumnsDlgSetting m_historySetting;  // while the program runs; the settings file has no place for it
+  // While the program runs; the settings file has no place for them.
+  CColumnsDlgSetting m_planSetting;
+  CColumnsDlgSetting m_historySetting;
+  CColumnsDlgSetting m_scheduleSetting;
+  std::unique_ptr<CPlanDialog> m_plan;
   std::unique_ptr<CHistoryDialog> m_history;
   std::unique_ptr<my::CDisabledWindows> m_disabled;
   std::unique_ptr<CClosingDialog> m_closing;

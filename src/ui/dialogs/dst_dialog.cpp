@@ -13,14 +13,15 @@
 #include "text_ids.h"
 #include "ui/framework/controls.h"
 #include "ui/framework/file_dialogs.h"
+#include "ui/models/item_advice.h"
 #include "ui/models/name_preview.h"
-#include "ui/models/task_warning.h"
 
 namespace qlm {
 CDstDialog::CDstDialog(CAppContext& context, CDst dst, CConfirm confirm)
     : CDialog(IDD_DST, &context.settings.dstDlg),
       m_context(context),
       m_dst(std::move(dst)),
+      m_before(context.document.Dsts().FindEqual(m_dst)),
       m_confirm(std::move(confirm)),
       m_time(context.ports.engine.clock.Now()),
       m_taskId(SampleTaskId(context.document.Tasks(), context.window.TaskList().SelectedRows(),
@@ -174,15 +175,18 @@ void CDstDialog::ShowPreview() {
 }
 
 void CDstDialog::ShowNote() {
-  const my::IMessageTexts& texts = m_context.ports.engine.texts;
+  const CEnginePorts& ports = m_context.ports.engine;
+  const my::IMessageTexts& texts = ports.texts;
   const CDst dst = EditedDst();
   std::wstring note;
   if (m_archiverMissing) {
     const my::CMsgArg missing = my::CTextId{IDS_DST_NO_ARCHIVER};
     note = my::MakeText(texts, IDS_WARNING, {&missing, 1}) + L"\n";
   }
-  if (const auto warning = ArchiveWarning(dst, m_taskId, m_context.ports.engine); !warning.empty())
-    note += warning + L"\n";
+  const CContent& content = m_context.document.Content();
+  const std::wstring advice =
+      DstAdvice(content, m_before, dst, m_context.window.TaskList().SelectedRows(), m_taskId, ports);
+  if (!advice.empty()) note += advice + L"\n";
   if (dst.type == DstType::PASSWORD_ZIP) note += texts.Text(IDS_DST_NOTE_ZIPCRYPTO) + L"\n";
   if (dst.type == DstType::AES_256_ZIP) note += texts.Text(IDS_DST_NOTE_AES) + L"\n";
   if (NeedsPassword(dst.type)) note += texts.Text(IDS_DST_NOTE_PASSWORD);

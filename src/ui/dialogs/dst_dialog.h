@@ -40,6 +40,7 @@ class CDstDialog : public my::CDialog {
 
   CAppContext& m_context;
   CDst m_dst;
+  CDstPtr m_before;  // in the document; null for a new destination
   CConfirm m_confirm;
   bool m_archiverMissing = false;
   my::CFileTime m_time;   // of the previewed name: now

@@ -11,6 +11,7 @@
 #include "ui/framework/clipboard.h"
 #include "ui/framework/colors.h"
 #include "ui/framework/failures.h"
+#include "ui/framework/local_menu.h"
 #include "ui/models/row_colors.h"
 #include "ui/models/table_text.h"
 
@@ -136,7 +137,7 @@ std::wstring CListDialog::Text(uint32_t id, const std::vector<my::CMsgArg>& args
 }
 
 void CListDialog::ShowMenu(POINT screen) const {
-  const my::CMenu menu(::LoadMenuW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(m_menuId)));
+  const my::CMenu menu(my::LoadLocalMenu(m_menuId));
   const HMENU popup = ::GetSubMenu(menu.Get(), 0);
   if (Current().sorted) Current().sorted->AddSortMenu(popup, IDC_SORT_FIRST);
   ::TrackPopupMenu(popup, TPM_RIGHTBUTTON, screen.x, screen.y, 0, Hwnd(), nullptr);

@@ -6,7 +6,9 @@
 #include <algorithm>
 
 #include "app/explorer_commands.h"
+#include "app/manual_commands.h"
 #include "control_ids.h"
+#include "engine/remedy.h"
 #include "platform/safe_file.h"
 #include "text_ids.h"
 #include "ui/dialogs/target_dialog.h"
@@ -17,13 +19,14 @@ namespace qlm {
 
 my::CBox CResultDialog::Layout() const {
   using my::Control, my::Field;
-  return my::Column({Field(Control(IDC_RESULT_SEARCH).Wide(),
-                           {Control(IDC_RESULT_ERRORS), Control(IDC_RESULT_SHOWN).Chars(24)}),
-                     my::LabelOf(IDC_RESULT_LIST), Control(IDC_RESULT_LIST).Wide().Tall().Lines(10),
-                     Control(IDC_RESULT_TOTALS).Wide(), my::LabelOf(IDC_RESULT_DETAIL),
-                     Control(IDC_RESULT_DETAIL).Wide().Lines(6),
-                     my::Flow({Control(IDC_RESULT_OPEN), Control(IDC_RESULT_TARGETS), Control(IDC_LIST_COPY),
-                               Control(IDC_RESULT_SAVE), my::Buttons({IDCANCEL})})});
+  return my::Column(
+      {Field(Control(IDC_RESULT_SEARCH).Wide(),
+             {Control(IDC_RESULT_ERRORS), Control(IDC_RESULT_SHOWN).Chars(24)}),
+       my::LabelOf(IDC_RESULT_LIST), Control(IDC_RESULT_LIST).Wide().Tall().Lines(10),
+       Control(IDC_RESULT_TOTALS).Wide(), my::LabelOf(IDC_RESULT_DETAIL),
+       Control(IDC_RESULT_DETAIL).Wide().Lines(6),
+       my::Flow({Control(IDC_RESULT_OPEN), Control(IDC_RESULT_TARGETS), Control(IDC_LIST_COPY),
+                 Control(IDC_RESULT_SAVE), Control(IDC_RESULT_EXPLAIN), my::Buttons({IDCANCEL})})});
 }
 
 bool CResultDialog::OnInit() {
@@ -70,6 +73,7 @@ void CResultDialog::ShowDetail() {
   const auto row = m_list.FocusedRow();
   const std::wstring text = row ? m_model.Detail(*row) : std::wstring();
   if (text != ItemText(IDC_RESULT_DETAIL)) SetItemText(IDC_RESULT_DETAIL, text);
+  EnableItem(IDC_RESULT_EXPLAIN, row && m_model.Row(*row).error);
 }
 
 bool CResultDialog::IsAtEnd() const {
@@ -86,6 +90,7 @@ bool CResultDialog::Execute(int id, int code) {
     case IDC_RESULT_OPEN: OpenDestination(); return true;
     case IDC_RESULT_TARGETS: ShowTargets(); return true;
     case IDC_RESULT_SAVE: SaveCsv(); return true;
+    case IDC_RESULT_EXPLAIN: ExplainError(); return true;
     default: return false;
   }
 }
@@ -121,6 +126,12 @@ void CResultDialog::ShowTargets() {
   const auto row = m_list.FocusedRow();
   if (!row) throw CListException(IDS_NO_ITEM_SELECTED, m_list);
   CTargetDialog(m_context, m_model.Shared(*row)).DoModal(Hwnd());
+}
+
+void CResultDialog::ExplainError() {
+  const auto row = m_list.FocusedRow();
+  if (!row) throw CListException(IDS_NO_ITEM_SELECTED, m_list);
+  CCommandManual(m_context, ManualPageOfRemedy(RemedyOf(m_model.Row(*row).error))).Execute(true);
 }
 
 void CResultDialog::SaveCsv() {

@@ -39,6 +39,7 @@ class CResultDialog final : public CListDialog {
   void OpenDestination();
   void ShowTargets();
   void SaveCsv();
+  void ExplainError();  // opens the page of the manual
 
   const CResultListModel& m_model;
   CRowView m_rows{m_model};

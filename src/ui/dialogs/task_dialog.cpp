@@ -11,7 +11,7 @@
 #include "settings/settings.h"
 #include "text_ids.h"
 #include "ui/framework/file_dialogs.h"
-#include "ui/models/task_warning.h"
+#include "ui/models/item_advice.h"
 
 namespace qlm {
 namespace {
@@ -208,7 +208,8 @@ void CTaskDialog::EnableMoving() const {
 }
 
 void CTaskDialog::ShowWarning() {
-  SetItemText(IDC_TASK_WARNING, TaskWarning(EditedTask(), m_context.ports.engine));
+  SetItemText(IDC_TASK_WARNING,
+              TaskAdvice(m_context.document.Content(), m_task.id, EditedTask(), m_context.ports.engine));
 }
 
 std::optional<LRESULT> CTaskDialog::CList::OnMessage(UINT message, WPARAM wParam, LPARAM) {

@@ -147,7 +147,7 @@ CControlSizes::Kind CControlSizes::KindOf(HWND control) {
     const UINT type = style & BS_TYPEMASK;
     return type <= BS_DEFPUSHBUTTON || type == BS_OWNERDRAW ? Kind::Push : Kind::Check;
   }
-  if (name == WC_EDITW) return Kind::Edit;
+  if (name == WC_EDITW || name == DATETIMEPICK_CLASSW) return Kind::Edit;
   if (name == WC_COMBOBOXW) return Kind::Combo;
   if (name == WC_LISTVIEWW) return Kind::List;
   if (name == WC_LINK) return Kind::Link;

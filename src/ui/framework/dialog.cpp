@@ -6,12 +6,15 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/win32/last_error.h"
 #include "platform/win32/system_function.h"
+#include "platform/win32/ui_language.h"
 #include "support/exception.h"
 #include "ui/framework/controls.h"
 #include "ui/framework/disabled_windows.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/failures.h"
+#include "ui/framework/help.h"
 #include "ui/framework/window_placement.h"
 
 namespace my {
@@ -21,6 +24,13 @@ constexpr INT_PTR kInitFailed = -1;
 
 HINSTANCE Instance() {
   return ::GetModuleHandleW(nullptr);
+}
+
+// Returns the template in the current language. Throws the system error if there is none.
+const DLGTEMPLATE* Template(UINT id) {
+  const auto bytes = LocalResource(RT_DIALOG, id);
+  if (bytes.empty()) throw CException(LastError());
+  return reinterpret_cast<const DLGTEMPLATE*>(bytes.data());
 }
 
 // Newer systems scale dialogs on a DPI change. This class does it itself.
@@ -52,8 +62,8 @@ CDialog::~CDialog() {
 int CDialog::DoModal(HWND parent) {
   m_modal = true;
   const CDisabledWindows others(parent);
-  const INT_PTR result = ::DialogBoxParamW(Instance(), MAKEINTRESOURCEW(m_templateId), parent, Thunk,
-                                           reinterpret_cast<LPARAM>(this));
+  const INT_PTR result = ::DialogBoxIndirectParamW(Instance(), Template(m_templateId), parent, Thunk,
+                                                   reinterpret_cast<LPARAM>(this));
   const DWORD error = ::GetLastError();
   RethrowFailure();
   if (result == -1) throw CException(CSystemError::FromWin32(error));
@@ -62,8 +72,8 @@ int CDialog::DoModal(HWND parent) {
 
 void CDialog::CreateModeless(HWND parent, CAutoMessageLoop& loop) {
   m_modal = false;
-  const HWND hwnd = ::CreateDialogParamW(Instance(), MAKEINTRESOURCEW(m_templateId), parent, Thunk,
-                                         reinterpret_cast<LPARAM>(this));
+  const HWND hwnd = ::CreateDialogIndirectParamW(Instance(), Template(m_templateId), parent, Thunk,
+                                                 reinterpret_cast<LPARAM>(this));
   const DWORD error = ::GetLastError();
   if (m_initFailure && hwnd) ::DestroyWindow(hwnd);
   RethrowFailure();
@@ -166,6 +176,9 @@ std::optional<LRESULT> CDialog::Handle(UINT message, WPARAM wParam, LPARAM lPara
       return 0;
     case WM_DPICHANGED: ChangeDpi(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam)); return 0;
     case WM_SETTINGCHANGE: OnMetrics(); return {};
+    case WM_HELP:
+      if (!ShowHelp(m_templateId)) return {};
+      return TRUE;
     case WM_DESTROY: OnDestroy(); return {};
     default: return {};
   }

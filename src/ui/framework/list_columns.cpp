@@ -40,6 +40,15 @@ void CListColumns::Create(HWND list, const IListModel& model, UINT dpi) {
   SetWidths({});
 }
 
+void CListColumns::Reset() {
+  {
+    const CFlag setting(m_isSetting);
+    while (ListView_DeleteColumn(m_list, 0)) {
+    }
+  }
+  Create(m_list, *m_model, m_dpi);
+}
+
 void CListColumns::SetWidths(const std::vector<int32_t>& stored) {
   constexpr int32_t kDefault = -1;
   std::vector<int32_t> all(m_model->ColumnCount(), kDefault);

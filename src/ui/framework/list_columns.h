@@ -18,6 +18,9 @@ class CListColumns {
   // Adds the columns of the model to a list without columns. List and model must outlive the object.
   void Create(HWND list, const IListModel& model, UINT dpi);
 
+  // Replaces the columns with those that the model has now.
+  void Reset();
+
   // The widths of the stored columns, from the left. A missing or negative width means the default width of
   // the model, which the other columns get always.
   void SetWidths(const std::vector<int32_t>& stored);

@@ -4,6 +4,12 @@
 
 namespace my {
 
+CListLook IListModel::CellLook(size_t row, size_t column) const {
+  CListLook look = Look(row);
+  if (column != IconColumn()) look.icon = -1;
+  return look;
+}
+
 std::optional<size_t> FindRow(const IListModel& model, const std::wstring& text, size_t start) {
   const size_t count = model.RowCount();
   for (size_t i = 0; i < count; ++i) {

@@ -26,8 +26,8 @@ struct CListLook {
   int icon = -1;                // index of an icon of the view; -1: none
 };
 
-// Rows and columns count from 0. The columns must not change during the life of a view. Code that changes
-// rows must refresh the view.
+// Rows and columns count from 0. Code that changes rows must refresh the view; code that changes columns must
+// call CListView::ResetColumns.
 class IListModel {
  public:
   virtual ~IListModel() = default;
@@ -38,6 +38,10 @@ class IListModel {
   virtual std::wstring Text(size_t row, size_t column) const = 0;
   virtual CListLook Look(size_t) const { return {}; }
   virtual size_t IconColumn() const { return 0; }
+
+  // Returns the look of one cell, for views that draw their rows themselves. This implementation returns that
+  // of the row, with its icon in IconColumn().
+  virtual CListLook CellLook(size_t row, size_t column) const;
 
   // Returns the text to show when the mouse rests on the row; empty for none.
   virtual std::wstring Tip(size_t) const { return {}; }

@@ -63,6 +63,9 @@ class CListView {
   void EnsureVisible(size_t row);
   std::optional<size_t> RowAt(POINT screen) const;
 
+  // Must be called after the columns of the model have changed. Their widths are the default widths then.
+  void ResetColumns() { m_columns.Reset(); }
+
   // See CListColumns.
   void SetWidths(const std::vector<int32_t>& widths) { m_columns.SetWidths(widths); }
   std::vector<int32_t> Widths() const { return m_columns.Widths(); }

@@ -41,6 +41,15 @@ CRowColors SystemColors(const my::CListLook& look, RowSelection selection) {
   return {my::SystemColor(look.grey ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT), {}, {}};
 }
 
+bool HaveSameColors(const my::CListLook& a, const my::CListLook& b) {
+  return a.color == b.color && a.grey == b.grey && a.alarm == b.alarm;
+}
+
+void Fill(HDC dc, const RECT& area, my::CColor color) {
+  const my::CBrush brush(::CreateSolidBrush(my::ColorRef(color)));
+  ::FillRect(dc, &area, brush.Get());
+}
+
 }  // namespace
 
 LRESULT CDrawnList::OnCustomDraw(NMLVCUSTOMDRAW& draw) {
@@ -79,32 +88,46 @@ void CDrawnList::UpdateColumns() {
 void CDrawnList::DrawRow(HDC dc, size_t row) {
   const int saved = ::SaveDC(dc);
   const bool active = ::GetFocus() == Hwnd();
-  const UINT state = ListView_GetItemState(Hwnd(), static_cast<int>(row), LVIS_SELECTED | LVIS_FOCUSED);
-  const bool selected = (state & LVIS_SELECTED) != 0;
-  const my::CListLook look = Model().Look(row);
-  const CRowColors colors = ColorsOf(look, !selected ? RowSelection::None
-                                           : active  ? RowSelection::Active
-                                                     : RowSelection::Inactive);
+  const UINT states = ListView_GetItemState(Hwnd(), static_cast<int>(row), LVIS_SELECTED | LVIS_FOCUSED);
+  CCellState state;
+  state.look = Model().Look(row);
+  state.focused = active && (states & LVIS_FOCUSED) != 0;
+  if ((states & LVIS_SELECTED) != 0) state.selection = active ? RowSelection::Active : RowSelection::Inactive;
+  const bool cells = FocusedColumn().has_value();
+  const CRowColors& colors = state.colors =
+      ColorsOf(state.look, cells ? RowSelection::None : state.selection);
   RECT bounds = PartOf(row, LVIR_BOUNDS);
   bounds.left += kRowMargin;
-  if (colors.back) {
-    const my::CBrush brush(::CreateSolidBrush(my::ColorRef(*colors.back)));
-    ::FillRect(dc, &bounds, brush.Get());
-  } else {
+  if (colors.back)
+    Fill(dc, bounds, *colors.back);
+  else
     DrawGround(dc, bounds);
-  }
   if (colors.frame) DrawFrame(dc, bounds, 2 * kFocusWidth, *colors.frame);
-  if (active && (state & LVIS_FOCUSED) != 0) DrawFrame(dc, bounds, kFocusWidth, colors.text);
+  if (state.focused && !cells) DrawFrame(dc, bounds, kFocusWidth, colors.text);
   ::SetBkMode(dc, TRANSPARENT);
-  ::SetTextColor(dc, my::ColorRef(colors.text));
   ::SelectObject(dc, reinterpret_cast<HFONT>(::SendMessageW(Hwnd(), WM_GETFONT, 0, 0)));
+  DrawCells(dc, row, bounds, state);
+  ::RestoreDC(dc, saved);
+}
+
+void CDrawnList::DrawCells(HDC dc, size_t row, const RECT& bounds, const CCellState& state) {
+  ::SetTextColor(dc, my::ColorRef(state.colors.text));
   const int boxed = DrawBox(dc, row, bounds);
+  const auto chosen = state.selection == RowSelection::None ? std::nullopt : FocusedColumn();
   for (size_t column = 0; column < m_columns.size(); ++column) {
     const RECT& place = m_columns[column].place;
-    DrawCell(dc, row, column, {column == 0 ? boxed : place.left, bounds.top, place.right, bounds.bottom},
-             column == Model().IconColumn() ? look.icon : -1);
+    const RECT cell{column == 0 ? boxed : place.left, bounds.top, place.right, bounds.bottom};
+    const my::CListLook look = Model().CellLook(row, column);
+    const bool isChosen = column == chosen;
+    const bool hasOwn = isChosen || !HaveSameColors(look, state.look);
+    const CRowColors colors =
+        hasOwn ? ColorsOf(look, isChosen ? state.selection : RowSelection::None) : state.colors;
+    if (hasOwn && colors.back) Fill(dc, cell, *colors.back);
+    if (hasOwn && colors.frame) DrawFrame(dc, cell, 2 * kFocusWidth, *colors.frame);
+    if (isChosen && state.focused) DrawFrame(dc, cell, kFocusWidth, colors.text);
+    ::SetTextColor(dc, my::ColorRef(colors.text));
+    DrawCell(dc, row, column, cell, look.icon);
   }
-  ::RestoreDC(dc, saved);
 }
 
 CRowColors CDrawnList::ColorsOf(const my::CListLook& look, RowSelection selection) const {

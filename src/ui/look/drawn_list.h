@@ -17,7 +17,9 @@ class CDrawnList : public my::CListView {
 
   // The implementations here are for a list with the system's window colour.
   virtual CRowGround Ground() const;
-  virtual void DrawGround(HDC dc, const RECT& row) const;             // for a row without a colour of its own
+  virtual void DrawGround(HDC dc, const RECT& row) const;  // for a row without a colour of its own
+  // Returns the column whose cell has the focus in the focused row; nullopt if rows have it as a whole.
+  virtual std::optional<size_t> FocusedColumn() const { return {}; }
   virtual int DrawBox(HDC dc, size_t row, const RECT& bounds) const;  // returns where the text starts
 
   RECT PartOf(size_t row, int part) const;
@@ -30,10 +32,19 @@ class CDrawnList : public my::CListView {
     RECT place{};    // horizontal position in the control
   };
 
+  // What the cells of a row have in common.
+  struct CCellState {
+    my::CListLook look;
+    CRowColors colors;
+    RowSelection selection = RowSelection::None;  // of the row
+    bool focused = false;
+  };
+
   void UpdateColumns();
   void DrawRow(HDC dc, size_t row);
   CRowColors ColorsOf(const my::CListLook& look, RowSelection selection) const;
   void DrawFrame(HDC dc, RECT area, int width, my::CColor color) const;
+  void DrawCells(HDC dc, size_t row, const RECT& bounds, const CCellState& state);
   void DrawCell(HDC dc, size_t row, size_t column, RECT cell, int icon);
 
   std::vector<CColumn> m_columns;

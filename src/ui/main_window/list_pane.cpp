@@ -44,7 +44,8 @@ void CListPane::CreateIn(HWND parent, int paneId, int listId, my::CListView::Box
   m_title = AddControl(L"STATIC", m_spec.titleId, WS_VISIBLE | SS_NOPREFIX, IDC_PANE_TITLE);
   m_list.Create(Hwnd(), listId, boxes);
   m_hint = AddControl(L"STATIC", m_spec.hintId, SS_CENTER | SS_NOPREFIX, IDC_PANE_HINT);
-  m_hintButton = AddControl(L"BUTTON", m_spec.hintButton.textId, WS_TABSTOP, m_spec.hintButton.id);
+  for (const CPaneButton& button : m_spec.hintButtons)
+    m_hintButtons.push_back(AddControl(L"BUTTON", button.textId, WS_TABSTOP, button.id));
   m_description = AddControl(L"STATIC", 0, SS_RIGHT | SS_NOPREFIX | SS_ENDELLIPSIS, IDC_PANE_DESCRIPTION);
   UseDpi(my::WindowDpi(Hwnd()));
   UseBackground();
@@ -63,8 +64,8 @@ void CListPane::EnableButton(int id, bool enable) const {
 void CListPane::ShowHint(bool show) {
   const HWND focus = ::GetFocus();
   ::ShowWindow(m_hint, show ? SW_SHOWNA : SW_HIDE);
-  ::ShowWindow(m_hintButton, show ? SW_SHOWNA : SW_HIDE);
   ::ShowWindow(m_list.Hwnd(), show ? SW_HIDE : SW_SHOWNA);
+  Arrange();
   if (::IsChild(Hwnd(), focus) && !::IsWindowVisible(focus)) SetFocus();
 }
 
@@ -88,8 +89,7 @@ bool CListPane::Covers(POINT screen) const {
 }
 
 void CListPane::SetFocus() const {
-  const bool hintShown = (::GetWindowLongW(m_hintButton, GWL_STYLE) & WS_VISIBLE) != 0;
-  ::SetFocus(hintShown ? m_hintButton : m_list.Hwnd());
+  ::SetFocus(IsHintShown() ? m_hintButtons.front() : m_list.Hwnd());
 }
 
 LRESULT CListPane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -152,7 +152,8 @@ void CListPane::AddRooms(std::vector<CRoom>& rooms, HWND view, bool upper) const
     ::GetClientRect(control, &area);
     room.words.push_back(inView(control, TextArea(control, area)));
   };
-  for (const HWND control : {m_hint, m_hintButton}) addWords(control);
+  addWords(m_hint);
+  for (const HWND button : m_hintButtons) addWords(button);
   rooms.push_back(room);
   if ((::GetWindowLongW(m_list.Hwnd(), GWL_STYLE) & WS_HSCROLL) != 0) return;
   addWords(m_description);
@@ -203,7 +204,8 @@ void CListPane::UseDpi(UINT dpi) {
   bold.lfWeight = FW_BOLD;
   my::CFont titleFont(::CreateFontIndirectW(&bold));
   std::vector<HWND> controls = m_buttons;
-  controls.insert(controls.end(), {m_hint, m_hintButton, m_description, m_list.Hwnd()});
+  controls.insert(controls.end(), {m_hint, m_description, m_list.Hwnd()});
+  controls.insert(controls.end(), m_hintButtons.begin(), m_hintButtons.end());
   for (const HWND control : controls)
     ::SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), TRUE);
   ::SendMessageW(m_title, WM_SETFONT, reinterpret_cast<WPARAM>(titleFont.Get()), TRUE);
@@ -243,13 +245,34 @@ int CListPane::ArrangeHeader(int width) const {
 void CListPane::ArrangeHint(const RECT& area) const {
   const int gap = my::Scale(2 * kMargin, m_dpi);
   const SIZE text = my::TextSize(m_hint);
-  const SIZE label = my::TextSize(m_hintButton);
-  const SIZE button{label.cx + 4 * my::Scale(kButtonPadding, m_dpi),
-                    label.cy + my::Scale(kButtonFrame + kGap, m_dpi)};
-  const int middle = (area.left + area.right) / 2;
-  const int top = std::max<int>(area.top, (area.top + area.bottom - text.cy - gap - button.cy) / 2);
+  const int button = text.cy + my::Scale(kButtonFrame + kGap, m_dpi);
+  const int top = std::max<int>(area.top, (area.top + area.bottom - text.cy - gap - button) / 2);
   ::MoveWindow(m_hint, area.left, top, area.right - area.left, text.cy, TRUE);
-  ::MoveWindow(m_hintButton, middle - button.cx / 2, top + text.cy + gap, button.cx, button.cy, TRUE);
+  ArrangeHintButtons(top + text.cy + gap, area.right - area.left);
+}
+
+// Shows the buttons side by side in the middle, as many as there is room for, but always the first one.
+void CListPane::ArrangeHintButtons(int top, int width) const {
+  const int gap = my::Scale(kMargin, m_dpi);
+  const int height = my::TextSize(m_hint).cy + my::Scale(kButtonFrame + kGap, m_dpi);
+  size_t shown = 1;
+  int used = HintButtonWidth(m_hintButtons.front());
+  for (; shown < m_hintButtons.size(); ++shown) {
+    const int next = gap + HintButtonWidth(m_hintButtons[shown]);
+    if (used + next > width) break;
+    used += next;
+  }
+  int left = (width - used) / 2;
+  for (size_t i = 0; i < m_hintButtons.size(); ++i) {
+    const int buttonWidth = HintButtonWidth(m_hintButtons[i]);
+    ::MoveWindow(m_hintButtons[i], left, top, buttonWidth, height, TRUE);
+    ::ShowWindow(m_hintButtons[i], i < shown && IsHintShown() ? SW_SHOWNA : SW_HIDE);
+    left += buttonWidth + gap;
+  }
+}
+
+int CListPane::HintButtonWidth(HWND button) const {
+  return my::TextSize(button).cx + 4 * my::Scale(kButtonPadding, m_dpi);
 }
 
 int CListPane::ArrangeDescription(const SIZE& client) const {

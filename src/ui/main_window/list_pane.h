@@ -25,7 +25,7 @@ struct CPaneButton {
 struct CPaneSpec {
   uint32_t titleId = 0;
   uint32_t hintId = 0;  // shown instead of an empty list
-  CPaneButton hintButton;
+  std::vector<CPaneButton> hintButtons;
   std::vector<CPaneButton> buttons;
 };
 
@@ -64,7 +64,7 @@ class CListPane : public my::CWindow {
 
   bool Covers(POINT screen) const;
 
-  // Sets the focus to the list, or to the button of the hint.
+  // Sets the focus to the list, or to the first button of the hint.
   void SetFocus() const;
 
  protected:
@@ -76,6 +76,9 @@ class CListPane : public my::CWindow {
   void Arrange() const;
   int ArrangeHeader(int width) const;  // returns its height
   void ArrangeHint(const RECT& area) const;
+  void ArrangeHintButtons(int top, int width) const;
+  int HintButtonWidth(HWND button) const;
+  bool IsHintShown() const { return (::GetWindowLongW(m_hint, GWL_STYLE) & WS_VISIBLE) != 0; }
   int ArrangeDescription(const SIZE& client) const;  // returns its top
   LRESULT ColorStatic(HDC dc, HWND control);
   void OnButton(WPARAM command, HWND button);
@@ -89,7 +92,7 @@ class CListPane : public my::CWindow {
   CPaneSpec m_spec;
   HWND m_title = nullptr;
   HWND m_hint = nullptr;
-  HWND m_hintButton = nullptr;
+  std::vector<HWND> m_hintButtons;
   HWND m_description = nullptr;
   std::vector<HWND> m_buttons;
   UINT m_dpi = 0;

@@ -4,12 +4,14 @@
 
 #include "app/application.h"
 #include "app/drop_command.h"
+#include "app/schedule_commands.h"
 #include "command_ids.h"
 #include "control_ids.h"
 #include "platform/message_texts.h"
 #include "text_ids.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/dropped_files.h"
+#include "ui/framework/local_menu.h"
 #include "ui/framework/window_placement.h"
 #include "ui/main_window/main_menu.h"
 #include "ui/models/main_title.h"
@@ -18,6 +20,8 @@ namespace qlm {
 namespace {
 
 constexpr UINT_PTR kRunTimer = 1;
+constexpr UINT_PTR kScheduleTimer = 3;
+constexpr UINT kScheduleDelayMs = 3000;       // the start must not wait for the Task Scheduler
 constexpr UINT kRunEnded = WM_APP + 1;        // posted, so that no dialog opens within a tick
 constexpr UINT kFocusLost = WM_APP + 2;       // posted, because a button may be enabled again at once
 constexpr UINT kHistoryLoaded = WM_APP + 20;  // posted by the thread that reads the history
@@ -43,7 +47,8 @@ CMainFrame::CParts::CParts(CApplication& application, CDialogs& dialogs, HACCEL 
       panel(TextsOf(application), application.Settings().ui),
       run(application, view, toolBar, statusBar, panel, dialogs),
       history(application, view, dialogs),
-      help(application, view, keys) {}
+      help(application, view, keys),
+      advice(application.Context(), view) {}
 
 CMainFrame::CMainFrame(my::CAutoMessageLoop& loop, int showCommand)
     : m_loop(loop),
@@ -59,7 +64,7 @@ bool CMainFrame::Create(CApplication& application) {
     params.title = TextsOf(application).Text(IDS_DISPLAY_NAME);
     params.style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
     params.exStyle = WS_EX_ACCEPTFILES;
-    params.menu = ::LoadMenuW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_MAIN_MENU));
+    params.menu = my::LoadLocalMenu(IDR_MAIN_MENU);
     CWindow::Create(FrameClass(), params);
     return true;
   } catch (...) {
@@ -81,6 +86,7 @@ void CMainFrame::OnCreate() {
   my::PlaceWindow(Hwnd(), my::DefaultBounds(Hwnd(), {width, height}));
   m_app->Document().AddListener([this](DocChangeEventFlags what) { OnDocumentChanged(what); });
   m_app->Start();
+  ::SetTimer(Hwnd(), kScheduleTimer, kScheduleDelayMs, nullptr);
   m_parts->history.Begin(Hwnd(), kHistoryLoaded);
 }
 
@@ -153,6 +159,8 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_GETMINMAXINFO: LimitSize(*reinterpret_cast<MINMAXINFO*>(lParam)); return 0;
     case WM_TIMER:
       if (wParam == kRunTimer) m_app->OnTimer();
+      if (wParam == CAdvicePresenter::kTimer) m_parts->advice.OnTimer(Hwnd());
+      if (wParam == kScheduleTimer) CheckSchedules();
       return 0;
     case kRunEnded: m_parts->run.OpenOutcome(Hwnd()); return 0;
     case CRunPresenter::kNoticeMessage: m_parts->run.OnNotice(Hwnd(), lParam); return 0;
@@ -208,6 +216,7 @@ void CMainFrame::OnSystemChanged() {
 void CMainFrame::OnCommand(int id) {
   if (m_app->IsClosing()) return;
   m_app->Execute(static_cast<uint32_t>(id));
+  if (id == ID_SETTINGS) m_parts->advice.Restart(Hwnd());  // the archiver
   UpdateCommands();
 }
 
@@ -245,7 +254,10 @@ void CMainFrame::OnDrop(HDROP drop) {
 
 void CMainFrame::OnDocumentChanged(DocChangeEventFlags what) {
   m_parts->view.OnDocumentChanged(what);
-  if (what != DocChangeEventFlags::CHNAGE_PATH) m_parts->run.ShowCounts();
+  if (what != DocChangeEventFlags::CHNAGE_PATH) {
+    m_parts->run.ShowCounts();
+    m_parts->advice.Restart(Hwnd());
+  }
   if (Has(what, DocChangeEventFlags::RESET)) m_parts->run.OnNewDocument();
   UpdateTitle();
   UpdateCommands();
@@ -319,10 +331,18 @@ void CMainFrame::StopTimer() {
   ::KillTimer(Hwnd(), kRunTimer);
 }
 
+// Once after the start, when the user is not in a dialog.
+void CMainFrame::CheckSchedules() {
+  if (!::IsWindowEnabled(Hwnd()) || m_app->IsClosing()) return;
+  ::KillTimer(Hwnd(), kScheduleTimer);
+  OfferToMendSchedules(m_app->Context());
+}
+
 void CMainFrame::ShowRunState() {
   const bool ended = m_parts->run.ShowState(Hwnd());
   UpdateTitle();
   if (ended) ::PostMessageW(Hwnd(), kRunEnded, 0, 0);
+  if (ended) m_parts->advice.Restart(Hwnd());
   if (!m_app->Run().IsActive()) m_parts->history.Load();
   UpdateCommands();
 }

@@ -17,6 +17,7 @@
 #include "ui/framework/window.h"
 #include "ui/framework/window_icons.h"
 #include "ui/look/tool_images.h"
+#include "ui/main_window/advice_presenter.h"
 #include "ui/main_window/command_help.h"
 #include "ui/main_window/frame_list.h"
 #include "ui/main_window/history_presenter.h"
@@ -56,6 +57,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
     CRunPresenter run;
     CHistoryPresenter history;
     CCommandHelp help;
+    CAdvicePresenter advice;
   };
 
   IEditList& TaskList() override { return m_taskList; }
@@ -99,6 +101,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void LimitSize(MINMAXINFO& limits) const;
   void OnSystemChanged();
   void OnClose();
+  void CheckSchedules();
   void UpdateCommands();
   void UseDpi(UINT dpi);
   void Arrange();

@@ -4,6 +4,7 @@
 
 #include "command_ids.h"
 #include "ui/framework/gdi.h"
+#include "ui/framework/local_menu.h"
 
 namespace qlm {
 namespace {
@@ -66,7 +67,7 @@ void ShowPictures(HMENU menu, const CToolImages& images) {
 }
 
 void TrackMenu(HWND window, int menuId, int defaultId, POINT screen) {
-  const my::CMenu menu(::LoadMenuW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(menuId)));
+  const my::CMenu menu(my::LoadLocalMenu(static_cast<UINT>(menuId)));
   const HMENU popup = ::GetSubMenu(menu.Get(), 0);
   ::SetMenuDefaultItem(popup, static_cast<UINT>(defaultId), FALSE);
   ::TrackPopupMenu(popup, TPM_LEFTALIGN | TPM_RIGHTBUTTON, screen.x, screen.y, 0, window, nullptr);

@@ -12,7 +12,7 @@ namespace {
 
 const CPaneSpec kTaskPane{IDS_PANE_TASKS,
                           IDS_EMPTY_HINT,
-                          {ID_TASK_ADD, IDS_FIRST_TASK},
+                          {{ID_TASK_ADD, IDS_FIRST_TASK}, {ID_FIRST_BACKUP, IDS_FIRST_BACKUP}},
                           {{ID_TASK_ADD, IDS_BUTTON_ADD},
                            {ID_TASK_EDIT, IDS_BUTTON_EDIT},
                            {ID_TASK_DUPLICATE, IDS_BUTTON_DUPLICATE},
@@ -23,7 +23,7 @@ const CPaneSpec kTaskPane{IDS_PANE_TASKS,
                            {ID_EXPLORER_SRC, IDS_BUTTON_OPEN_SOURCE}}};
 const CPaneSpec kDstPane{IDS_PANE_DSTS,
                          IDS_EMPTY_DSTS_HINT,
-                         {ID_DST_ADD, IDS_FIRST_DST},
+                         {{ID_DST_ADD, IDS_FIRST_DST}},
                          {{ID_DST_ADD, IDS_BUTTON_ADD},
                           {ID_DST_EDIT, IDS_BUTTON_EDIT},
                           {ID_DST_DUPLICATE, IDS_BUTTON_DUPLICATE},
@@ -119,6 +119,12 @@ void CMainView::EnableButtons(const std::function<bool(int id)>& isEnabled) cons
 void CMainView::Redraw() {
   m_tasks.List().Refresh();
   m_dsts.List().Refresh();
+}
+
+void CMainView::ShowAdvice(const std::shared_ptr<const CAdviceMarks>& marks) {
+  m_taskModel.ShowAdvice(marks);
+  m_dstModel.ShowAdvice(marks);
+  Redraw();
 }
 
 void CMainView::ShowDesign(const CDesignSetting& design) {

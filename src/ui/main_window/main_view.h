@@ -47,6 +47,9 @@ class CMainView {
   // Enables the buttons whose commands may run now.
   void EnableButtons(const std::function<bool(int id)>& isEnabled) const;
 
+  // Marks the rows with findings.
+  void ShowAdvice(const std::shared_ptr<const CAdviceMarks>& marks);
+
   void Redraw();  // the texts have changed without a document change
 
   // Shows a design. Throws IDS_IMAGE_NOT_READ; everything except the picture is applied then.

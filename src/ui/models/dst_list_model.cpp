@@ -34,6 +34,17 @@ std::wstring CDstListModel::Text(size_t row, size_t column) const {
   }
 }
 
+my::CListLook CDstListModel::CellLook(size_t row, size_t column) const {
+  my::CListLook look = CTableModel::CellLook(row, column);
+  if (column == Folder) look.icon = IconOf(m_marks->Find(m_document.Dsts()[row]));
+  return look;
+}
+
+std::wstring CDstListModel::Tip(size_t row) const {
+  const CAdviceMark* mark = m_marks->Find(m_document.Dsts()[row]);
+  return mark ? mark->text : std::wstring();
+}
+
 my::ListCheck CDstListModel::Check(size_t row) const {
   // Between a document change and the refresh there may be a new row.
   switch (row < m_uses.size() ? m_uses[row] : DstUse::None) {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "document/document_edits.h"
+#include "ui/models/advice_marks.h"
 #include "ui/models/table_model.h"
 
 namespace qlm {
@@ -20,13 +21,19 @@ class CDstListModel : public CTableModel {
   // changed.
   bool Refresh(const CRows& selectedTasks);
 
+  // Sets the marks of the rows with findings.
+  void ShowAdvice(std::shared_ptr<const CAdviceMarks> marks) { m_marks = std::move(marks); }
+
   size_t RowCount() const override { return m_document.Dsts().size(); }
   std::wstring Text(size_t row, size_t column) const override;
+  my::CListLook CellLook(size_t row, size_t column) const override;
+  std::wstring Tip(size_t row) const override;
   my::ListCheck Check(size_t row) const override;
   std::wstring CheckRemark(size_t row) const override;
 
  private:
   const CDocument& m_document;
+  std::shared_ptr<const CAdviceMarks> m_marks = std::make_shared<CAdviceMarks>();
   std::vector<DstUse> m_uses;
 };
 

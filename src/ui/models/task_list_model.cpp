@@ -85,9 +85,18 @@ my::CListLook CTaskListModel::Look(size_t row) const {
   return OverdueText(row).empty() ? my::CListLook{} : StateLook(m_setting, ResultState::Incomplete);
 }
 
+my::CListLook CTaskListModel::CellLook(size_t row, size_t column) const {
+  my::CListLook look = CTableModel::CellLook(row, column);
+  if (column == Id) look.icon = IconOf(m_marks->Find(m_document.Tasks()[row]));
+  return look;
+}
+
 std::wstring CTaskListModel::Tip(size_t row) const {
   const CState* state = FindState(row);
-  return state ? state->tip : OverdueText(row);
+  const CAdviceMark* mark = m_marks->Find(m_document.Tasks()[row]);
+  std::wstring tip = state ? state->tip : OverdueText(row);
+  if (!mark) return tip;
+  return tip.empty() ? mark->text : tip + L"\n" + mark->text;
 }
 
 // A task without destinations is not run, so it is never overdue.
