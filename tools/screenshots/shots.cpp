@@ -44,6 +44,8 @@ constexpr std::pair<std::wstring_view, std::wstring_view> kSampleNames[] = {
     {L"名簿", L"Members"},
     {L"旅行", L"Journey"},
     {L"決算", L"Balance"},
+    {L"保管", L"Kept"},
+    {L"外付けディスク", L"External disk"},
 };
 
 }  // namespace
