@@ -191,7 +191,7 @@ void CSampleApp::Restart() {
 }
 
 void CSampleApp::WritePhoto(const std::wstring& name) {
-  const std::wstring path = L"D:\\写真\\" + name;
+  const std::wstring path = Sample(L"D:\\写真\\" + name);
   scratch.files.CreateFolders(std::wstring(my::ParentPath(path)));
   const auto file = scratch.files.CreateNewFile(path);
   file->Write(std::string(size_t{3} << 20, 'x'));
