@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # screenshots.sh [--english] [NAME...]: takes the given pictures of the windows, or all, into
-# build/screenshots; with English texts into build/screenshots/english. The pictures that the documents use are
-# copied to docs/screenshots by hand.
+# build/screenshots; with English texts into build/screenshots/english. The pictures that the documents and
+# the manual use are copied to docs/screenshots and manual/pictures by hand.
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 "$top/scripts/setup.sh"

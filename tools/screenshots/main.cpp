@@ -37,8 +37,10 @@ void ShootModal(
 
 void ShootMain() {
   if (!Wanted(L"main")) return;
-  CGuiApp a;
-  ShootAtAllDpis(a.frame->Hwnd(), L"main_empty");
+  {
+    CGuiApp a;
+    ShootAtAllDpis(a.frame->Hwnd(), L"main_empty");
+  }
   CSampleApp b;
   b.Select(IDC_TASK_LIST, {0, 1});
   Shoot(b.frame->Hwnd(), L"main_overdue");
