@@ -181,6 +181,15 @@ check_string_ids() {
   done
 }
 
+# The resource compiler accepts two texts with the same number and keeps one.
+check_id_numbers() {
+  [[ -e $tree/res/text_ids.h ]] || return 0
+  (cd "$tree" && awk '/^[ \t]*#[ \t]*define[ \t]+IDS_/ {
+    if ($3 in name) print FILENAME ":" FNR ": " $2 " has the number of " name[$3]
+    name[$3] = $2
+  }' res/text_ids.h)
+}
+
 check_strings_of() { # LANGUAGE
   local strings=res/$1/strings.rc
   (cd "$tree" && [[ -e res/text_ids.h && -e $strings ]] && awk '
@@ -209,6 +218,7 @@ all_checks() {
   check_com_names
   check_texts
   check_string_ids
+  check_id_numbers
   check_leftovers
   check_shell
   check_format
@@ -268,7 +278,7 @@ break_every_rule() {
   put docs/notes.md <<<"TOD""O: see /wor""k/notes, from registry"".npm""js.org"
   put package-lock.json <<<'{"resolved": "somewhere"}'
   put scripts/broken.sh <<<'if true; then'
-  put res/text_ids.h <<<$'#define IDS_HELLO 1\n#define IDS_MUTE 2'
+  put res/text_ids.h <<<$'#define IDS_HELLO 1\n#define IDS_MUTE 2\n#define IDS_TWIN 2'
   put res/ja/strings.rc <<<$'IDS_HELLO "a"\nIDS_HELLO "b"\nIDS_STRAY "c"'
   put res/en/strings.rc <<<$'IDS_HELLO "今日は"\nIDS_MUTE "d"'
   put src/support/low.h <<'END'
@@ -315,6 +325,7 @@ docs/notes.md:1: address of a registry
 package-lock.json:1: download address
 scripts/broken.sh:2: syntax error
 res/text_ids.h:2: IDS_MUTE has no text in res/ja/strings.rc
+res/text_ids.h:3: IDS_TWIN has the number of IDS_MUTE
 res/ja/strings.rc:2: second text of IDS_HELLO
 res/ja/strings.rc:3: IDS_STRAY is not defined
 res/en/strings.rc:1: Japanese text

@@ -37,7 +37,7 @@ bool HasTime(ScheduleKind kind);
 // Throws IDS_SCHEDULE_NO_WEEKDAY, or IDS_SCHEDULE_PAST for a single run that is not after `now`.
 void CheckSchedule(const CSchedule& schedule, const my::CCalendar& now);
 
-// Returns one line, such as "毎週 月 金 21:00".
+// Returns one line, such as "Weekly Mon Fri 21:00".
 std::wstring ScheduleText(const my::IMessageTexts& texts, const CSchedule& schedule);
 
 }  // namespace qlm

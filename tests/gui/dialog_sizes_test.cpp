@@ -17,6 +17,8 @@
 #include "ui/dialogs/plan_dialog.h"
 #include "ui/dialogs/replace_dialog.h"
 #include "ui/dialogs/result_dialog.h"
+#include "ui/dialogs/schedule_dialog.h"
+#include "ui/dialogs/schedule_edit_dialog.h"
 #include "ui/dialogs/settings_sheet.h"
 #include "ui/dialogs/target_dialog.h"
 #include "ui/dialogs/task_dialog.h"
@@ -209,6 +211,14 @@ TEST_P(DialogSizes, tools_fit_the_screen) {
   Expect(closing);
   CAboutDialog about(Context());
   Expect(about);
+}
+
+TEST_P(DialogSizes, schedules_fit_the_screen) {
+  CColumnsDlgSetting setting;
+  CScheduleDialog schedules(Context(), setting, true);
+  Expect(schedules);
+  CScheduleEditDialog schedule(Context(), {ScheduleKind::Weekly, {2026, 2, 28, 21, 5, 0}}, {});
+  Expect(schedule);
 }
 
 TEST_P(DialogSizes, settings_pages_fit_the_screen) {

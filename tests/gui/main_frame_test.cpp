@@ -104,11 +104,19 @@ TEST(MainFrame, menu_items_show_their_shortcuts) {
   }
 }
 
-TEST(MainFrame, column_titles_fit_in_both_languages) {
+TEST(MainFrame, column_titles_and_tools_fit_in_both_languages) {
   for (const auto language : {my::UiLanguage::Japanese, my::UiLanguage::English}) {
     const test::CTestLanguage shown(language);
     CGuiApp a;
     for (const int list : {IDC_TASK_LIST, IDC_DST_LIST}) EXPECT_TRUE(test::TitlesFit(a.List(list)));
+    for (const int width : {400, 1024}) {
+      test::Resize(a.frame->Hwnd(), width, 400);
+      const HWND bar = ::GetDlgItem(a.frame->Hwnd(), IDC_TOOLBAR);
+      RECT last{};
+      ::SendMessageW(bar, TB_GETRECT, ID_SETTINGS, reinterpret_cast<LPARAM>(&last));
+      EXPECT_LE(last.right, test::Size(bar).cx) << width;
+      EXPECT_EQ(last.right - last.left > 2 * last.bottom, width == 1024) << "text beside the image";
+    }
   }
 }
 

@@ -47,11 +47,11 @@ void ShootMain() {
   b.Do(ID_RUN_POWER_OFF);
   Shoot(b.frame->Hwnd(), L"main_running");
   test::PumpUntil([&b] { return !b.app->Run().IsActive(); });
-  test::Pump();
+  b.Do(ID_RESULTS);
   const HWND results = test::DialogWith(IDC_RESULT_LIST);
   constexpr int kBySize = IDC_SORT_FIRST + 1 + CResultListModel::Bytes;
   ::SendMessageW(results, WM_COMMAND, kBySize, 0);
-  ::SetDlgItemTextW(results, IDC_RESULT_SEARCH, L"バックアップ");
+  ::SetDlgItemTextW(results, IDC_RESULT_SEARCH, Sample(L"バックアップ").c_str());
   Shoot(results, L"results_sorted");
   ::SetDlgItemTextW(results, IDC_RESULT_SEARCH, L"");
   ::SendMessageW(results, WM_COMMAND, IDC_SORT_FIRST, 0);
@@ -156,10 +156,10 @@ void ShootPlan() {
   my::IFileSystem& files = a.scratch.files;
   for (const wchar_t* folder :
        {L"E:\\保管\\書類", L"E:\\書庫\\写真.zip", L"E:\\バックアップ\\_tmp_書類_2025_04_01_12_00"})
-    files.CreateFolders(folder);
+    files.CreateFolders(Sample(folder));
   CContent content;
   const auto dst = [&](const std::wstring& folder, DstType type, const std::wstring& pattern) {
-    content.dsts.Append(boost::make_shared<CDst>(CDst{folder, type, pattern}));
+    content.dsts.Append(boost::make_shared<CDst>(CDst{Sample(folder), type, pattern}));
     return content.dsts[content.dsts.size() - 1];
   };
   const auto dated = dst(L"E:\\バックアップ", DstType::FOLDER, L"<ID>_<Y>_<M>_<D>_<h>_<m>");
@@ -168,13 +168,14 @@ void ShootPlan() {
   const auto kept = dst(L"E:\\保管", DstType::FOLDER, L"<ID>");
   const auto add = [&](const std::wstring& id, const std::wstring& path, CTaskDsts dsts,
                        const std::wstring& filter = {}) {
-    content.tasks.Append(boost::make_shared<CTask>(CTask{id, path, filter, std::move(dsts)}));
+    content.tasks.Append(
+        boost::make_shared<CTask>(CTask{Sample(id), Sample(path), Sample(filter), std::move(dsts)}));
   };
   add(L"書類", L"D:\\書類", {dated, kept}, L"D:\\設定\\書類.flt");
   add(L"写真", L"D:\\写真", {dated, zip, usb});
   add(L"設定", L"D:\\設定", {zip, usb, kept});
   add(L"会計データ", L"D:\\会計\\2025", {dated});
-  a.app->Document().Reset(content, L"D:\\設定\\毎日のバックアップ.qlmr");
+  a.app->Document().Reset(content, Sample(L"D:\\設定\\毎日のバックアップ.qlmr"));
   a.Do(ID_PLAN);
   const HWND plan = test::DialogWith(IDC_PLAN_MATRIX);
   test::PumpUntil([plan] { return !::IsWindowEnabled(::GetDlgItem(plan, IDC_PLAN_STOP)); });

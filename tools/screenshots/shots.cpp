@@ -44,6 +44,8 @@ constexpr std::pair<std::wstring_view, std::wstring_view> kSampleNames[] = {
     {L"名簿", L"Members"},
     {L"旅行", L"Journey"},
     {L"決算", L"Balance"},
+    {L"保管", L"Kept"},
+    {L"外付けディスク", L"External disk"},
 };
 
 }  // namespace
@@ -189,7 +191,7 @@ void CSampleApp::Restart() {
 }
 
 void CSampleApp::WritePhoto(const std::wstring& name) {
-  const std::wstring path = L"D:\\写真\\" + name;
+  const std::wstring path = Sample(L"D:\\写真\\" + name);
   scratch.files.CreateFolders(std::wstring(my::ParentPath(path)));
   const auto file = scratch.files.CreateNewFile(path);
   file->Write(std::string(size_t{3} << 20, 'x'));

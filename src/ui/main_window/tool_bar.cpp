@@ -1,6 +1,7 @@
 #include "ui/main_window/tool_bar.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "command_ids.h"
 #include "control_ids.h"
@@ -80,7 +81,33 @@ std::vector<int> CToolBar::Ids() const {
   return ids;
 }
 
-void CToolBar::Use(HFONT font, const CToolImages& images) const {
+void CToolBar::Resize() {
+  RECT client{};
+  ::GetClientRect(::GetParent(m_bar), &client);
+  const bool fits = m_widthWithTexts <= client.right;
+  if (fits != m_showsTexts) ShowTexts(fits);
+  ::SendMessageW(m_bar, TB_AUTOSIZE, 0, 0);
+}
+
+void CToolBar::ShowTexts(bool show) {
+  m_showsTexts = show;
+  for (const auto& tool : kTools) {
+    if (tool.id == 0 || !tool.showText) continue;
+    TBBUTTONINFOW info{};
+    info.cbSize = sizeof info;
+    info.dwMask = TBIF_STYLE;
+    info.fsStyle = StyleOf(show);
+    ::SendMessageW(m_bar, TB_SETBUTTONINFOW, static_cast<WPARAM>(tool.id), reinterpret_cast<LPARAM>(&info));
+  }
+}
+
+int CToolBar::ButtonsWidth() const {
+  RECT last{};
+  ::SendMessageW(m_bar, TB_GETITEMRECT, std::size(kTools) - 1, reinterpret_cast<LPARAM>(&last));
+  return last.right;
+}
+
+void CToolBar::Use(HFONT font, const CToolImages& images) {
   ::SendMessageW(m_bar, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images.List()));
   ::SendMessageW(m_bar, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
   const my::CWindowDc dc(m_bar);
@@ -89,6 +116,8 @@ void CToolBar::Use(HFONT font, const CToolImages& images) const {
   ::GetTextMetricsW(dc.Get(), &text);
   const int height = std::max<int>(images.Size() * 3 / 2, text.tmHeight + images.Size() / 2);
   ::SendMessageW(m_bar, TB_SETBUTTONSIZE, 0, MAKELPARAM(height, height));
+  ShowTexts(true);
+  m_widthWithTexts = ButtonsWidth();
   Resize();
 }
 

@@ -14,7 +14,8 @@ class IMessageTexts;
 
 namespace qlm {
 
-// The toolbar: buttons with images and texts. Their commands are sent to the parent.
+// The toolbar: buttons with images and, if the window is wide enough, texts. Their commands are sent to the
+// parent.
 class CToolBar {
  public:
   explicit CToolBar(const my::IMessageTexts& texts) : m_texts(texts) {}
@@ -27,12 +28,17 @@ class CToolBar {
   void Change(int id, uint32_t textId, ToolIcon icon) const;
   std::vector<int> Ids() const;
   // Both must stay valid until the bar is destroyed or gets others.
-  void Use(HFONT font, const CToolImages& images) const;
-  void Resize() const { ::SendMessageW(m_bar, TB_AUTOSIZE, 0, 0); }
+  void Use(HFONT font, const CToolImages& images);
+  void Resize();  // to the width of the parent
 
  private:
+  void ShowTexts(bool show);
+  int ButtonsWidth() const;
+
   const my::IMessageTexts& m_texts;
   HWND m_bar = nullptr;
+  bool m_showsTexts = true;
+  int m_widthWithTexts = 0;
 };
 
 }  // namespace qlm

@@ -25,7 +25,7 @@ constexpr CColumnSpec kRunColumns[] = {{IDS_COL_HISTORY_START, 150},
                                        {IDS_COL_HISTORY_DOCUMENT, 180},
                                        {IDS_COL_HISTORY_PROGRAM, 80},
                                        {IDS_COL_TASK_STATE, 110},
-                                       {IDS_OUTCOME_CREATED, 56, ListAlign::Right},
+                                       {IDS_OUTCOME_CREATED, 64, ListAlign::Right},
                                        {IDS_OUTCOME_SKIPPED, 64, ListAlign::Right},
                                        {IDS_OUTCOME_FAILED, 56, ListAlign::Right},
                                        {IDS_COL_HISTORY_UNLISTED, 130, ListAlign::Right}};

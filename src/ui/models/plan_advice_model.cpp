@@ -12,7 +12,7 @@ namespace qlm {
 namespace {
 
 constexpr CColumnSpec kColumns[] = {
-    {IDS_COL_ADVICE_SEVERITY, 80}, {IDS_COL_ADVICE_ITEM, 200}, {IDS_COL_ADVICE_TEXT, 520}};
+    {IDS_COL_ADVICE_SEVERITY, 100}, {IDS_COL_ADVICE_ITEM, 180}, {IDS_COL_ADVICE_TEXT, 520}};
 
 }  // namespace
 
