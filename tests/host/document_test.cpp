@@ -115,7 +115,9 @@ TEST(NamePattern, examples_of_the_manual_are_true) {
   const auto examples = nlohmann::json::parse(stream);
   EXPECT_GT(examples.size(), 10u);
   for (const auto& example : examples) {
-    const auto field = [&](const char* name) { return my::WideFromUtf8(example.at(name).get<std::string>()); };
+    const auto field = [&](const char* name) {
+      return my::WideFromUtf8(example.at(name).get<std::string>());
+    };
     const CDst dst{L"D:", DstType::FOLDER, field("pattern")};
     const auto time = my::ParseUtcText(field("time") + L"Z");
     const std::wstring name = ExpandName(dst, field("id"), time.value(), test::CFakeClock());
