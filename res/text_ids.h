@@ -575,6 +575,7 @@
 #define IDS_SCHEDULE_PASSWORD        1201
 #define IDS_SCHEDULE_SAVE_FIRST      1202
 #define IDS_SCHEDULE_FAILED_RUN      1204
+#define IDS_SCHEDULE_SEE_HISTORY     1203
 #define IDS_COL_SCHEDULE             1205
 #define IDS_COL_NEXT_RUN             1206
 #define IDS_COL_LAST_RUN             1207
@@ -733,15 +734,16 @@
 #define IDS_OPTION_VERSION           1147
 #define IDS_OPTION_DOCUMENT          1148
 #define IDS_OPTION_TASK              1149
-#define IDS_OPTION_TEST              1170
-#define IDS_OPTION_PLAN              1171
-#define IDS_OPTION_JSON              1172
-#define IDS_OPTION_QUIET             1173
-#define IDS_OPTION_7Z                1174
-#define IDS_OPTION_SETTINGS          1175
-#define IDS_OPTION_PASSWORD_STDIN    1176
-#define IDS_OPTION_HISTORY           1177
-#define IDS_HELP_EXCLUDES            1178
+#define IDS_OPTION_TEST              1220
+#define IDS_OPTION_PLAN              1221
+#define IDS_OPTION_JSON              1222
+#define IDS_OPTION_QUIET             1223
+#define IDS_OPTION_7Z                1224
+#define IDS_OPTION_SETTINGS          1225
+#define IDS_OPTION_PASSWORD_STDIN    1226
+#define IDS_OPTION_HISTORY           1227
+#define IDS_HELP_EXCLUDES            1228
+#define IDS_OPTION_SCHEDULED         1229
 
 // Regular expressions.
 #define IDS_REGEX_ERROR              59096

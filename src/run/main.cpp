@@ -4,8 +4,11 @@
 #include <string>
 #include <vector>
 
+#include "control_ids.h"
+#include "platform/message_texts.h"
 #include "platform/win32/com.h"
 #include "platform/win32/msxml_dom.h"
+#include "platform/win32/standalone_notice.h"
 #include "platform/win32/system_function.h"
 #include "platform/win32/win32_ansi_codec.h"
 #include "platform/win32/win32_clock.h"
@@ -19,6 +22,29 @@
 #include "run/exit_codes.h"
 #include "run/history_output.h"
 #include "run/runner.h"
+#include "support/paths.h"
+#include "text_ids.h"
+
+namespace {
+
+// Nobody reads the output of a scheduled run.
+void NotifyFailure(const my::IMessageTexts& texts, const std::wstring& document) {
+  constexpr uint32_t kLimitMs = 20'000;
+  const my::CMsgArg name = std::wstring(my::LastComponent(document));
+  my::CNotice notice;
+  notice.kind = my::CNotice::Kind::Error;
+  notice.title = texts.Text(IDS_SCHEDULE_FAILED_RUN);
+  notice.text = my::MakeText(texts, IDS_SCHEDULE_SEE_HISTORY, {&name, 1});
+  notice.tip = texts.Text(IDS_DISPLAY_NAME);
+  notice.icon = ::LoadIconW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_QUILLMOOR));
+  my::ShowStandaloneNotice(notice, kLimitMs);
+}
+
+bool IsFailure(int exitCode) {
+  return exitCode == qlm::kExitErrors || exitCode == qlm::kExitUnusable;
+}
+
+}  // namespace
 
 int wmain(int argc, wchar_t** argv) {
   my::LoadOnlySystemLibraries();
@@ -42,5 +68,8 @@ int wmain(int argc, wchar_t** argv) {
   my::CWin32Power power;
   const qlm::CRunnerPorts ports{{files, clock, ansi, texts, process}, dom, threads, console, folders, power};
   if (parsed.options.history) return qlm::ShowHistory(ports, parsed.options);
-  return qlm::RunDocument(ports, parsed.options);
+  if (parsed.options.scheduled) ::FreeConsole();  // the user might close it, and so end the run
+  const int exitCode = qlm::RunDocument(ports, parsed.options);
+  if (parsed.options.scheduled && IsFailure(exitCode)) NotifyFailure(texts, parsed.options.documentPath);
+  return exitCode;
 }

@@ -64,6 +64,7 @@ void AddOptions(CLI::App& app, COptions& options, CRawOptions& raw, const CUtf8T
   app.add_option("--7z", raw.archiver, text(IDS_OPTION_7Z))->option_text("PATH");
   app.add_option("--settings", raw.settings, text(IDS_OPTION_SETTINGS))->option_text("FILE");
   app.add_flag("--password-stdin", options.passwordStdin, text(IDS_OPTION_PASSWORD_STDIN));
+  app.add_flag("--scheduled", options.scheduled, text(IDS_OPTION_SCHEDULED));
   app.add_flag("--history", options.history, text(IDS_OPTION_HISTORY));
 }
 
@@ -75,7 +76,7 @@ void CheckCombination(const CLI::App& app, const COptions& options) {
     return;
   }
   for (const char* name :
-       {"--task", "--test", "--plan", "--quiet", "--7z", "--settings", "--password-stdin"}) {
+       {"--task", "--test", "--plan", "--quiet", "--7z", "--settings", "--password-stdin", "--scheduled"}) {
     if (app.count(name) != 0) throw CLI::ExcludesError("--history", name);
   }
 }

@@ -16,6 +16,7 @@ struct COptions {
   bool plan = false;
   bool json = false;
   bool quiet = false;
+  bool scheduled = false;      // started by the Task Scheduler: without console, a failure is notified
   std::wstring archiverPath;   // empty: the path in the settings
   std::wstring settingsPath;   // empty: the settings file of the user
   bool passwordStdin = false;  // reads the zip password from the first line of standard input

@@ -41,6 +41,17 @@ TEST(Languages, have_the_same_texts_with_the_same_placeholders) {
   for (const auto& left : english) ADD_FAILURE() << left.first << " has no Japanese text";
 }
 
+// The resource compiler accepts two texts with one id, and keeps one of them.
+TEST(Languages, every_text_has_an_id_of_its_own) {
+  std::map<std::string, std::string> names;
+  for (const auto& [name, id] :
+       test::ReadPairs("text_ids.h", std::regex("#define (IDS_\\w+)\\s+(\\d+)\\s*"))) {
+    if (name.ends_with("_FIRST") || name.ends_with("_LAST")) continue;  // of a range of ids
+    const auto [known, isNew] = names.try_emplace(id, name);
+    EXPECT_TRUE(isNew) << known->second << " and " << name << " have the id " << id;
+  }
+}
+
 char AccessKey(const std::string& text) {
   const size_t mark = text.find('&');
   return mark == text.npos ? '\0'

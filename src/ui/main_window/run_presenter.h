@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "ui/framework/notification.h"
+#include "platform/win32/notification.h"
 #include "ui/main_window/run_indicator.h"
 #include "ui/main_window/status_bar.h"
 #include "ui/models/result_list_model.h"

@@ -1,4 +1,4 @@
-#include "ui/framework/notification.h"
+#include "platform/win32/notification.h"
 
 #include <shellapi.h>
 

@@ -29,6 +29,8 @@ class CNotification {
   // Replaces the last notification.
   void Show(const CNotice& notice);
 
+  bool IsShown() const { return m_added; }
+
   // Removes the icon and what is shown of the notification. Does nothing if there is none.
   void Remove();
 
