@@ -5,6 +5,7 @@
 
 #include <functional>
 
+#include "app/schedule_commands.h"
 #include "command_ids.h"
 #include "control_ids.h"
 #include "document/document_edits.h"
@@ -12,6 +13,7 @@
 #include "gui/inline_threads.h"
 #include "platform/win32/ui_language.h"
 #include "screenshots/shots.h"
+#include "ui/dialogs/schedule_edit_dialog.h"
 #include "ui/framework/gdiplus.h"
 #include "ui/look/tool_images.h"
 
@@ -203,6 +205,24 @@ void ShootHistory() {
   Shoot(dialog, L"history_tasks");
 }
 
+void ShootSchedules() {
+  if (!Wanted(L"schedules")) return;
+  CSampleApp a;
+  const std::wstring document = a.app->Document().Path();
+  CSchedules schedules = MakeSchedules(a.app->Context().ports);
+  const CSchedule weekly{ScheduleKind::Weekly, {2026, 4, 1, 21, 30, 0}, 0b0111110};
+  schedules.Add(document, weekly);
+  schedules.Add(document, {ScheduleKind::Logon});
+  schedules.Add(L"C:\\moved.qlmr", {ScheduleKind::Daily, {2026, 4, 1, 7, 0, 0}});
+  my::CScheduledTask& task = a.scheduler.tasks.begin()->second;
+  task.nextRun = my::CCalendar{2026, 4, 2, 21, 30, 0};
+  task.lastRun = my::CCalendar{2026, 4, 1, 21, 30, 0};
+  ShootModal(a, ID_SCHEDULES, L"schedules", [](HWND dialog) { test::Click(dialog, IDC_SCHEDULE_ALL); });
+  CScheduleEditDialog edit(a.app->Context(), weekly, [](const CSchedule&) {});
+  edit.CreateModeless(a.frame->Hwnd(), a.loop);
+  ShootAtAllDpis(edit.Hwnd(), L"schedule_edit");
+}
+
 // Small and large windows, and the largest text size of the system.
 void ShootSizes() {
   if (!Wanted(L"sizes")) return;
@@ -242,6 +262,7 @@ int wmain(int argc, wchar_t** argv) {
   AssumeMenusBlend(false);  // Wine ignores the transparency of menu bitmaps
   ShootMain();
   ShootHistory();
+  ShootSchedules();
   ShootRun();
   ShootDialogs();
   ShootPlan();
