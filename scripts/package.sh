@@ -32,7 +32,7 @@ stage() {
 
 make_zip() { "$top/packaging/make_zip.py" "$packages/$name-$1.zip" "$2"; }
 
-home_page() { sed -nE 's/^ *IDS_HOME_PAGE_URL "(.*)"$/\1/p' "$top/res/strings.rc"; }
+home_page() { sed -nE 's/^ *IDS_HOME_PAGE_URL "(.*)"$/\1/p' "$top/res/ja/strings.rc"; }
 
 make_winget_manifest() {
   local file sum target=$packages/winget
