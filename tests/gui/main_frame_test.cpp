@@ -115,7 +115,7 @@ TEST(MainFrame, column_titles_and_tools_fit_in_both_languages) {
       RECT last{};
       ::SendMessageW(bar, TB_GETRECT, ID_SETTINGS, reinterpret_cast<LPARAM>(&last));
       EXPECT_LE(last.right, test::Size(bar).cx) << width;
-      EXPECT_EQ(last.right - last.left > 2 * last.bottom, width == 1024) << "text beside the image";
+      EXPECT_TRUE(width < 1024 || last.right - last.left > 2 * last.bottom) << "no text beside the image";
     }
   }
 }
