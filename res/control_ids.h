@@ -106,7 +106,7 @@
 #define IDC_ABOUT_VERSION            1222
 #define IDC_ABOUT_HOME_PAGE          1223
 #define IDC_ABOUT_PURPOSE            1224
-#define IDC_ABOUT_BOOST              1225
+#define IDC_ABOUT_LIBRARIES          1225
 #define IDC_ABOUT_ARCHIVER           1226
 #define IDC_SETTINGS_TAB             1230
 #define IDC_APPLY                    1231
@@ -231,5 +231,8 @@
 
 // Links to the manual: 1613.
 #define IDC_RESULT_EXPLAIN           1613
+
+// More controls of the about box: 1614.
+#define IDC_ABOUT_COPY               1614
 
 #endif  // QUILLMOOR_CONTROL_IDS_H

@@ -201,6 +201,8 @@
 // Texts of password, replace, about and settings: 640-679.
 #define IDS_REPLACE_COUNTS           640
 #define IDS_ABOUT_VERSION            641
+#define IDS_ABOUT_LIBRARIES          1230
+#define IDS_DIAGNOSTICS              1231
 #define IDS_GENERAL_PAGE             642
 #define IDS_ARCHIVER_FILES           643
 #define IDS_PROGRAM_FILES            644

@@ -177,7 +177,7 @@
 #define TXT_CLOSING_CAPTION      "Exiting"
 #define TXT_ABOUT_CAPTION        "About"
 #define TXT_ABOUT_PURPOSE        "Backs up files to folders and zip files"
-#define TXT_ABOUT_BOOST          "Uses the Boost C++ Libraries"
+#define TXT_ABOUT_COPY           "Copy &diagnostics"
 #define TXT_ABOUT_ARCHIVER       "Zip files are created by a separate program, 7-Zip"
 #define TXT_SETTINGS_CAPTION     "Settings"
 #define TXT_APPLY                "&Apply"

@@ -177,7 +177,7 @@
 #define TXT_CLOSING_CAPTION      "終了しています"
 #define TXT_ABOUT_CAPTION        "バージョン情報"
 #define TXT_ABOUT_PURPOSE        "フォルダーや zip ファイルへのバックアップを作成します"
-#define TXT_ABOUT_BOOST          "Boost C++ Libraries を使用しています"
+#define TXT_ABOUT_COPY           "診断情報をコピー(&D)"
 #define TXT_ABOUT_ARCHIVER       "zip ファイルは外部プログラムの 7-Zip で作成します"
 #define TXT_SETTINGS_CAPTION     "設定"
 #define TXT_APPLY                "適用(&A)"

@@ -19,6 +19,7 @@ void Guard(const CAppContext& context) {
 
 void Remember(CAppContext& context, const std::wstring& path) {
   context.settings.ui.mruPathes.Add(path);
+  context.ports.shell.AddRecent(path);
 }
 
 }  // namespace

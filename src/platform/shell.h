@@ -23,6 +23,10 @@ class IShell {
   // Starts a program with parameters. Throws IDS_SHELL_OPEN_FAILED.
   virtual void Run(const std::wstring& program, const std::wstring& parameters) = 0;
 
+  // Adds a document to the recent documents of the system, which appear in the jump list of the program. A
+  // failure is ignored.
+  virtual void AddRecent(const std::wstring& path) = 0;
+
   // Moves a file or folder to the recycle bin; never deletes it for good without asking the user. Returns
   // false if the user cancelled. Throws IDS_RECYCLE_NO_BIN for a drive without a recycle bin,
   // IDS_RECYCLE_FAILED.

@@ -5,24 +5,21 @@
 #include <boost/version.hpp>
 #include <nlohmann/json_fwd.hpp>
 #include <sstream>
-#include <string_view>
 
 #include "run/exit_codes.h"
+#include "support/build_info.h"
 #include "support/strings.h"
 #include "text_ids.h"
 
 namespace qlm {
 namespace {
 
-// Version, commit and libraries. The commit is empty in builds outside a repository.
+// Version, commit and libraries.
 std::string VersionText() {
-  constexpr std::string_view kCommit = QLM_COMMIT;
   std::ostringstream text;
-  text << "QuillmoorRun " QLM_VERSION;
-  if (!kCommit.empty()) text << " (" << kCommit << ")";
-  text << "\nBoost " << BOOST_VERSION / 100000 << '.' << BOOST_VERSION / 100 % 1000
-       << ", CLI11 " CLI11_VERSION ", JSON " << NLOHMANN_JSON_VERSION_MAJOR << '.'
-       << NLOHMANN_JSON_VERSION_MINOR << '.' << NLOHMANN_JSON_VERSION_PATCH;
+  text << "QuillmoorRun " << my::Utf8FromWide(my::BuildText()) << "\nBoost " << BOOST_VERSION / 100000 << '.'
+       << BOOST_VERSION / 100 % 1000 << ", CLI11 " CLI11_VERSION ", JSON " << NLOHMANN_JSON_VERSION_MAJOR
+       << '.' << NLOHMANN_JSON_VERSION_MINOR << '.' << NLOHMANN_JSON_VERSION_PATCH;
   return text.str();
 }
 

@@ -2,11 +2,11 @@
 
 #include "control_ids.h"
 #include "gui/dialog_app.h"
+#include "support/build_info.h"
 #include "ui/dialogs/about_dialog.h"
 #include "ui/dialogs/password_dialog.h"
 #include "ui/dialogs/replace_dialog.h"
 #include "ui/dialogs/settings_sheet.h"
-#include "ui/framework/file_version.h"
 
 namespace {
 
@@ -194,7 +194,8 @@ TEST_F(SettingsSheet, shows_the_version_of_the_archiver) {
   ::GetModuleFileNameW(nullptr, program, MAX_PATH);
   Archive().sevenZipPath = program;
   Open();
-  EXPECT_EQ(TextOf(page, IDC_ARCHIVER_VERSION), L"Quillmoor " + my::OwnVersion().version);
+  EXPECT_EQ(TextOf(page, IDC_ARCHIVER_VERSION),
+            L"Quillmoor " + my::BuildText().substr(0, my::BuildText().find(L' ')));
   Type(page, IDC_ARCHIVER_PATH, L"C:\\none.exe");
   EXPECT_EQ(TextOf(page, IDC_ARCHIVER_VERSION), L"");
   ::SetFocus(sheet.Item(IDOK));
@@ -204,7 +205,7 @@ TEST_F(SettingsSheet, shows_the_version_of_the_archiver) {
 TEST_F(SettingsSheet, about_box_tells_the_version) {
   CAboutDialog about(Context());
   about.CreateModeless(nullptr, loop);
-  EXPECT_EQ(about.ItemText(IDC_ABOUT_VERSION), L"バージョン " + my::OwnVersion().version);
+  EXPECT_EQ(about.ItemText(IDC_ABOUT_VERSION), L"バージョン " + my::BuildText());
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "app/command_line.h"
+#include "app/diagnostics.h"
 #include "command_ids.h"
 #include "history/history_file.h"
 #include "support/fake_app.h"
@@ -372,6 +373,7 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
   const auto& recent = a.app->Settings().ui.mruPathes.Items();
   a.dialogs.paths = {L"C:\\one.qlmr"};
   a.Do(ID_SAVE_AS);
+  EXPECT_EQ(a.shell.recent, L"C:\\one.qlmr");
   EXPECT_EQ(document.Path(), L"C:\\one.qlmr");
   EXPECT_FALSE(document.IsModified());
   EXPECT_EQ(a.dialogs.questions.back().dialog, FileDialog::SaveFile);
@@ -645,6 +647,17 @@ TEST_F(Commands, start_opens_the_named_document_or_the_last_one) {
   };
   EXPECT_TRUE(a.Start(L"q.exe C:\\last2.qlmr").Document().Path().empty()) << "no half of a failed opening";
   EXPECT_EQ(a.TakeBoxes(), L"エラー: 標準エラーが発生しました: title\n");
+}
+
+TEST_F(Commands, diagnostics_tell_errors_without_the_names_of_files) {
+  StartIn(RunState::NotRun);
+  a.files.Remove(L"C:\\src");
+  a.Do(ID_RUN);
+  a.EndRun();
+  const std::wstring text = DiagnosticsText(a.app->Context(), L"Windows", L"");
+  EXPECT_NE(text.find(std::to_wstring(a.app->Run().Rows().at(0)->error.code)), text.npos);
+  for (const wchar_t* const name : {L"plain", L"src", L"doc", L"D:", L"pw"})
+    EXPECT_EQ(text.find(name), text.npos);
 }
 
 TEST_F(Commands, every_kind_of_exception_is_shown) {

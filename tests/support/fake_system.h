@@ -109,6 +109,8 @@ struct CFakeShell : my::IShell {
     if (failure) throw *failure;
   }
 
+  void AddRecent(const std::wstring& what) override { recent = what; }
+
   bool Recycle(const std::wstring& what) override {
     calls.push_back(L"Recycle " + what);
     if (failure) throw *failure;
@@ -118,6 +120,7 @@ struct CFakeShell : my::IShell {
   std::optional<my::CException> failure;  // thrown by every function
   std::wstring path;                      // returned for every ID list
   std::vector<std::wstring> calls;
+  std::wstring recent;  // the last one
 };
 
 }  // namespace test

@@ -11,6 +11,7 @@ class CWin32Shell : public IShell {
   std::wstring PathOf(const CShellIdList& idList) override;
   void Open(const std::wstring& what) override;
   void Run(const std::wstring& program, const std::wstring& parameters) override;
+  void AddRecent(const std::wstring& path) override;
   bool Recycle(const std::wstring& path) override;
 };
 

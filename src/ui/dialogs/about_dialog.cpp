@@ -3,11 +3,16 @@
 #include <commctrl.h>
 
 #include "app/command.h"
+#include "app/diagnostics.h"
 #include "app/messenger.h"
 #include "control_ids.h"
 #include "platform/message_texts.h"
 #include "platform/shell.h"
+#include "platform/win32/system_info.h"
+#include "settings/settings.h"
+#include "support/build_info.h"
 #include "text_ids.h"
+#include "ui/framework/clipboard.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/file_version.h"
 
@@ -31,16 +36,18 @@ my::CBox CAboutDialog::Layout() const {
   return my::Column(
       {my::Row({my::Column({Control(IDC_ABOUT_ICON)}), my::Space(),
                 my::Column({Control(IDC_ABOUT_NAME), Control(IDC_ABOUT_VERSION), my::Space(),
-                            Control(IDC_ABOUT_PURPOSE), Control(IDC_ABOUT_BOOST), Control(IDC_ABOUT_ARCHIVER),
-                            my::Space(), Control(IDC_ABOUT_HOME_PAGE)})}),
-       my::Buttons({IDOK})});
+                            Control(IDC_ABOUT_PURPOSE), Control(IDC_ABOUT_LIBRARIES),
+                            Control(IDC_ABOUT_ARCHIVER), my::Space(), Control(IDC_ABOUT_HOME_PAGE)})}),
+       my::Row({Control(IDC_ABOUT_COPY), my::Spring(), my::Buttons({IDOK})})});
 }
 
 bool CAboutDialog::OnInit() {
   const my::IMessageTexts& texts = m_context.ports.engine.texts;
-  const my::CMsgArg version[] = {my::OwnVersion().version};
+  const my::CMsgArg version[] = {my::BuildText()};
+  const my::CMsgArg libraries[] = {LibrariesText()};
   SetItemText(IDC_ABOUT_NAME, texts.Text(IDS_DISPLAY_NAME));
   SetItemText(IDC_ABOUT_VERSION, my::MakeText(texts, IDS_ABOUT_VERSION, version));
+  SetItemText(IDC_ABOUT_LIBRARIES, my::MakeText(texts, IDS_ABOUT_LIBRARIES, libraries));
   SetItemText(IDC_ABOUT_HOME_PAGE, L"<a>" + texts.Text(IDS_HOME_PAGE_URL) + L"</a>");
   OnDpiChanged();
   ::SetFocus(Item(IDOK));
@@ -56,6 +63,19 @@ std::optional<LRESULT> CAboutDialog::OnNotify(const NMHDR& header) {
     m_context.messenger.ShowError(failure);
   }
   return 0;
+}
+
+bool CAboutDialog::OnCommand(int id, int) {
+  if (id != IDC_ABOUT_COPY) return false;
+  const auto archiver = my::ReadFileVersion(m_context.settings.archive.sevenZipPath);
+  const std::wstring text =
+      DiagnosticsText(m_context, my::SystemInfoText(), archiver ? archiver->version : L"");
+  try {
+    my::CClipboard(L"Quillmoor").Set(Hwnd(), text, {});
+  } catch (const my::CException& failure) {
+    m_context.messenger.ShowError(failure);
+  }
+  return true;
 }
 
 void CAboutDialog::OnDpiChanged() {

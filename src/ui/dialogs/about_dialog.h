@@ -15,6 +15,7 @@ class CAboutDialog : public my::CDialog {
  protected:
   my::CBox Layout() const override;
   bool OnInit() override;
+  bool OnCommand(int id, int code) override;
   std::optional<LRESULT> OnNotify(const NMHDR& header) override;
   void OnDpiChanged() override;
 

@@ -62,12 +62,4 @@ std::optional<CFileVersion> ReadFileVersion(const std::wstring& path) {
   return VersionOf(std::move(block));
 }
 
-CFileVersion OwnVersion() {
-  const HRSRC resource = ::FindResourceW(nullptr, MAKEINTRESOURCEW(VS_VERSION_INFO), RT_VERSION);
-  const HGLOBAL loaded = resource ? ::LoadResource(nullptr, resource) : nullptr;
-  const auto* bytes = loaded ? static_cast<const std::byte*>(::LockResource(loaded)) : nullptr;
-  if (!bytes) return {};
-  return VersionOf(CBlock(bytes, bytes + ::SizeofResource(nullptr, resource))).value_or(CFileVersion{});
-}
-
 }  // namespace my

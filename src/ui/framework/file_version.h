@@ -15,7 +15,4 @@ struct CFileVersion {
 // Reads the version of a program file. Returns nullopt if the file cannot be read or has no version resource.
 std::optional<CFileVersion> ReadFileVersion(const std::wstring& path);
 
-// Returns the version of the running program.
-CFileVersion OwnVersion();
-
 }  // namespace my
