@@ -6,6 +6,7 @@
 #include "document/document.h"
 #include "document/document_file.h"
 #include "platform/file_system.h"
+#include "platform/shell.h"
 #include "settings/settings.h"
 #include "text_ids.h"
 
