@@ -228,7 +228,7 @@
 #define TXT_SCHEDULE_THURSDAY     "木(&5)"
 #define TXT_SCHEDULE_FRIDAY       "金(&6)"
 #define TXT_SCHEDULE_SATURDAY     "土(&7)"
-#define TXT_SCHEDULE_MISSED       "電源が切れていて実行できなかったときは、次に使えるときに実行(&M)"
+#define TXT_SCHEDULE_MISSED       "実行できなかったときは、次に使えるときに実行(&M)"
 #define TXT_SCHEDULE_BATTERY      "バッテリーで動作しているときも実行(&B)"
 #define TXT_MENU_SCHEDULE_EDIT    "変更(&E)...\tEnter"
 #define TXT_MENU_SCHEDULE_MEND    "場所を直す(&M)..."

@@ -195,7 +195,8 @@ TEST_P(DialogSizes, lists_fit_the_screen) {
   Expect(history);
   InsertDst(app.Document(), -1, dst);
   InsertTask(app.Document(), -1, {L"work", L"C:\\src", L"", {app.Document().Dsts()[0]}});
-  CPlanDialog plan(Context(), setting);
+  CColumnsDlgSetting planSetting;
+  CPlanDialog plan(Context(), planSetting);
   plan.Start(MakePlanRequest(Context(), {}), {});
   Expect(plan);
 }

@@ -32,7 +32,7 @@ my::CBox CPlanDialog::Layout() const {
   using my::Control;
   return my::Column(
       {my::LabelOf(IDC_PLAN_MATRIX), Control(IDC_PLAN_MATRIX).Wide().Tall().Lines(10),
-       my::Row({Control(IDC_PLAN_SUMMARY), Control(IDC_PLAN_STATE).Wide()}), my::LabelOf(IDC_PLAN_DETAIL),
+       my::Flow({Control(IDC_PLAN_SUMMARY), Control(IDC_PLAN_STATE).Wide()}), my::LabelOf(IDC_PLAN_DETAIL),
        Control(IDC_PLAN_DETAIL).Wide().Lines(8),
        my::Flow({Control(IDC_PLAN_TARGETS), Control(IDC_PLAN_SHOW_NEWEST), Control(IDC_PLAN_EXCLUDE)}),
        my::LabelOf(IDC_PLAN_ADVICE), Control(IDC_PLAN_ADVICE).Wide().Tall().Lines(5),
