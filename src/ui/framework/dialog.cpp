@@ -200,7 +200,7 @@ BOOL CDialog::Init() noexcept {
     InitPlacement();
     const BOOL systemSetsFocus = OnInit();
     m_ready = true;
-    Refit();
+    PlaceFilled();
     return systemSetsFocus;
   } catch (...) {
     m_initFailure = std::current_exception();
@@ -221,6 +221,13 @@ void CDialog::InitPlacement() {
   if (IsPage()) return;
   Resize(InitialBounds());
   if (m_placement && m_placement->maximized && IsResizable()) ::ShowWindow(m_hwnd, SW_SHOWMAXIMIZED);
+}
+
+// Places the window again, for the contents that OnInit has set.
+void CDialog::PlaceFilled() {
+  m_arrangement.Invalidate();
+  if (IsPage() || ::IsZoomed(m_hwnd)) return m_arrangement.Arrange();
+  Resize(InitialBounds());
 }
 
 CRect CDialog::InitialBounds() const {

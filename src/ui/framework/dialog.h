@@ -109,6 +109,7 @@ class CDialog {
   void InitLayout();
   void InitPlacement();
   CRect InitialBounds() const;
+  void PlaceFilled();
   void ChangeDpi(UINT dpi, const RECT& suggested);
   void OnMetrics();
   void Resize(const CRect& bounds);
