@@ -210,8 +210,8 @@
 
 // schedule_dialogs.rc
 #define TXT_SCHEDULES_CAPTION     "スケジュール"
-#define TXT_SCHEDULE_LIST_LABEL   "この文書を自動で実行する時(&L):"
-#define TXT_SCHEDULE_ALL          "ほかの文書のスケジュールも表示(&A)"
+#define TXT_SCHEDULE_LIST_LABEL   "このドキュメントを自動で実行する時(&L):"
+#define TXT_SCHEDULE_ALL          "ほかのドキュメントのスケジュールも表示(&A)"
 #define TXT_SCHEDULE_ADD          "追加(&I)..."
 #define TXT_SCHEDULE_EDIT         "変更(&E)..."
 #define TXT_SCHEDULE_MEND         "場所を直す(&M)..."

@@ -117,7 +117,7 @@ TEST(Schedule, list_shows_the_last_result_and_what_is_wrong) {
   rows[5].fault = ScheduleFault::NoDocument;
   model.Show(rows);
   const std::wstring states[] = {L"正常",   L"エラーあり", L"実行できませんでした (0x80070002)",
-                                 L"未実行", L"無効",       L"文書が見つかりません"};
+                                 L"未実行", L"無効",       L"ドキュメントが見つかりません"};
   for (size_t row = 0; row < rows.size(); ++row)
     EXPECT_EQ(model.Text(row, CScheduleListModel::State), states[row]) << row;
   EXPECT_EQ(model.Text(0, CScheduleListModel::NextRun), L"2026/11/23 21:05");
