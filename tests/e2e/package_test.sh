@@ -108,6 +108,11 @@ echo secret >&4
 exec 4>&-
 wait "$runner" || fail "the run failed: $(<"$work/run.log")"
 
+# The command line of a schedule.
+sed 's/AES_256_ZIP/FOLDER/; s/\.zip//' "$work/doc.qlmr" >"$work/scheduled.qlmr"
+run_windows 0 "$installed/QuillmoorRun.exe" --scheduled "$(to_win "$work/scheduled.qlmr")"
+[[ -f $(echo "$work"/20??/index.html) ]] || fail 'the scheduled run made no backup'
+
 uninstall "$installed"
 expect_file "$settings"
 run_windows 0 "$packages/$name-setup.exe" /S /ALLUSERS
