@@ -10,10 +10,10 @@
 namespace qlm {
 namespace {
 
-constexpr CColumnSpec kColumns[] = {{IDS_COL_SCHEDULE, 190},
+constexpr CColumnSpec kColumns[] = {{IDS_COL_SCHEDULE, 220},
                                     {IDS_COL_NEXT_RUN, 120},
                                     {IDS_COL_LAST_RUN, 120},
-                                    {IDS_COL_SCHEDULE_STATE, 150},
+                                    {IDS_COL_SCHEDULE_STATE, 190},
                                     {IDS_COL_DOCUMENT, 140}};
 
 // Exit codes of the runner, and results of the Task Scheduler.
