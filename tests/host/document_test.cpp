@@ -15,6 +15,7 @@
 #include "support/golden.h"
 #include "support/memory_file_system.h"
 #include "support/pugi_dom.h"
+#include "support/source_folder.h"
 #include "support/strings.h"
 #include "support/thrown.h"
 
@@ -111,7 +112,7 @@ TEST(NamePattern, tokens_yield_local_time_and_id) {
 
 // The manual shows these examples; its script is compared with them too.
 TEST(NamePattern, examples_of_the_manual_are_true) {
-  std::ifstream stream(QLM_SOURCE_DIR "/manual/name-examples.json");
+  std::ifstream stream(test::InSourceTree("manual/name-examples.json"));
   const auto examples = nlohmann::json::parse(stream);
   EXPECT_GT(examples.size(), 10u);
   for (const auto& example : examples) {

@@ -7,6 +7,7 @@
 #include <set>
 
 #include "support/names.h"
+#include "support/source_folder.h"
 #include "text_ids.h"
 
 namespace {
@@ -82,7 +83,7 @@ void ExpectDistinctKeys(const std::filesystem::path& file, const CTexts& texts) 
 TEST(Languages, access_keys_are_distinct) {
   for (const char* language : {"ja", "en"}) {
     const CTexts texts = ReadTexts(language);
-    for (const auto& file : std::filesystem::directory_iterator(QLM_SOURCE_DIR "/res/windows"))
+    for (const auto& file : std::filesystem::directory_iterator(test::InSourceTree("res/windows")))
       ExpectDistinctKeys(file.path(), texts);
   }
 }

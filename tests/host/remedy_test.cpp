@@ -7,6 +7,7 @@
 #include <set>
 
 #include "support/names.h"
+#include "support/source_folder.h"
 #include "text_ids.h"
 
 namespace {
@@ -25,7 +26,7 @@ std::set<std::string> JobErrors() {
         "engine/fresh_files", "engine/task_base", "engine/task_filter", "engine/temporary_target",
         "document/filter", "support/regex", "support/name_faults", "support/paths",
         "platform/win32/win32_file_system", "platform/win32/win32_process"}) {
-    std::ifstream stream(std::string(QLM_SOURCE_DIR "/src/") + file + ".cpp");
+    std::ifstream stream(test::InSourceTree(std::string("src/") + file + ".cpp"));
     EXPECT_TRUE(stream) << file;
     const std::string text(std::istreambuf_iterator<char>(stream), {});
     for (std::sregex_iterator at(text.begin(), text.end(), kId), end; at != end; ++at) {

@@ -2,11 +2,13 @@
 
 #include <fstream>
 
+#include "support/source_folder.h"
+
 namespace test {
 
 std::map<std::string, std::string> ReadPairs(const std::string& file, const std::regex& form) {
   std::map<std::string, std::string> pairs;
-  std::ifstream stream(QLM_SOURCE_DIR "/res/" + file);
+  std::ifstream stream(InSourceTree("res/" + file));
   std::smatch match;
   for (std::string line; std::getline(stream, line);) {
     if (std::regex_match(line, match, form)) pairs[match[1]] = match[2];
