@@ -1,6 +1,7 @@
 // A file system in memory that is stricter than a real one: names are case-insensitive, trailing dots and
 // spaces are dropped, devices exist in every folder, ":" opens a stream, drives can be missing, a new file or
-// folder refuses its first rename, and a crash loses all unflushed bytes. Tests can make operations fail.
+// folder refuses its first rename, and a crash loses all unflushed bytes. Tests can make operations fail. Any
+// thread may call the port, and may add and remove files.
 #pragma once
 
 #include <algorithm>
@@ -64,6 +65,7 @@ class CMemoryFileSystem : public my::IFileSystem {
   // Adds a file written by another program, not flushed yet.
   void AddUnflushedFile(const std::wstring& path, std::string content) {
     AddFile(path, std::move(content));
+    const std::lock_guard hold(*m_lock);
     const CEntryPtr entry = Lookup(path);
     entry->cache = Cache::SYSTEM;
     entry->renameRefusals = m_renameRefusals;
@@ -73,6 +75,7 @@ class CMemoryFileSystem : public my::IFileSystem {
   // denies listing.
   void AddLink(const std::wstring& path, std::wstring target = {}, my::CFileTime time = {}) {
     AddFolder(std::wstring(my::ParentPath(path)));
+    const std::lock_guard hold(*m_lock);
     const CEntryPtr entry = Insert(path, target.empty());
     entry->attributes |= my::kAttributeLink;
     entry->linkTarget = std::move(target);
@@ -151,7 +154,8 @@ class CMemoryFileSystem : public my::IFileSystem {
   }
 
   my::PathKind Kind(const std::wstring& path) override {
-    Begin(Op::KIND, L"kind", IDS_PATH_UNREADABLE, {path}).End();
+    const CStep step = Begin(Op::KIND, L"kind", IDS_PATH_UNREADABLE, {path});
+    step.End();
     if (IsFolder(path)) return my::PathKind::Folder;
     return IsDevice(path) || Lookup(path) ? my::PathKind::File : my::PathKind::None;
   }
@@ -329,7 +333,8 @@ class CMemoryFileSystem : public my::IFileSystem {
     CFind(CMemoryFileSystem& owner, std::vector<CEntryPtr> found) : disk(owner), entries(std::move(found)) {}
 
     bool Next(my::CFindData& data) override {
-      disk.Begin(Op::NEXT, L"next", IDS_LIST_FOLDER_FAILED, {L""}).End();
+      const CStep step = disk.Begin(Op::NEXT, L"next", IDS_LIST_FOLDER_FAILED, {L""});
+      step.End();
       if (next == entries.size()) return false;
       const CEntry& entry = *entries[next++];
       name = my::LastComponent(entry.path);
@@ -369,8 +374,9 @@ class CMemoryFileSystem : public my::IFileSystem {
     }
 
     void Close() override {
+      const CStep step = Begin(Op::CLOSE, L"close");
       entry->open = false;
-      Begin(Op::CLOSE, L"close").End();
+      step.End();
     }
 
     CStep Begin(Op op, const wchar_t* name) {
