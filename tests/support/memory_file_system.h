@@ -115,6 +115,9 @@ class CMemoryFileSystem : public my::IFileSystem {
   // Makes the n-th operation of this kind from now fail (n >= 1). Each kind has its own countdown.
   void FailAt(Op op, int n, uint32_t win32 = my::kErrorDiskFull) { m_faults[op] = {n, win32}; }
 
+  // Makes every operation of this kind on this path fail.
+  void FailOn(Op op, const std::wstring& path) { m_badPaths.emplace_back(op, path); }
+
   // Crashes at the n-th changing operation from now: a rename is completed, other operations are half done
   // where possible, files not flushed to the device lose their second half, and every later operation throws
   // CCrash.
@@ -122,6 +125,7 @@ class CMemoryFileSystem : public my::IFileSystem {
 
   void ClearFaults() {  // also ends a crash
     m_faults.clear();
+    m_badPaths.clear();
     m_crashIn = 0;
     m_crashed = m_failed = false;
   }
@@ -273,6 +277,14 @@ class CMemoryFileSystem : public my::IFileSystem {
     return found == m_freeSpace.end() ? uint64_t{1} << 40 : found->second;
   }
 
+  // The kind of disk of a drive; a drive that is not set does not tell.
+  void SetDisk(wchar_t drive, my::DiskKind kind) { m_disks[drive] = kind; }
+
+  my::DiskKind Disk(const std::wstring& path) override {
+    const auto found = m_disks.find(path[0]);
+    return found == m_disks.end() ? my::DiskKind::Unknown : found->second;
+  }
+
   std::wstring TemporaryFolder() override {
     Begin(Op::TEMP_FOLDER, L"temporary folder", IDS_TEMP_PATH_FAILED, {}).End();
     return m_temporaryFolder;
@@ -416,6 +428,8 @@ class CMemoryFileSystem : public my::IFileSystem {
       m_failed = true;
       step.win32 = fault->second.win32;
     }
+    const bool bad = !paths.empty() && std::ranges::count(m_badPaths, std::pair(op, paths[0])) != 0;
+    if (bad) step.win32 = my::kErrorDiskFull;
     return step;
   }
 
@@ -511,8 +525,10 @@ class CMemoryFileSystem : public my::IFileSystem {
   bool m_shortenCopies = false;
   int m_renameRefusals = 1;
   std::map<wchar_t, uint64_t> m_freeSpace;
+  std::map<wchar_t, my::DiskKind> m_disks;
   std::map<Op, std::function<void()>> m_meanwhile;
   std::map<Op, CFault> m_faults;
+  std::vector<std::pair<Op, std::wstring>> m_badPaths;
   std::vector<std::wstring> m_log;
   int m_crashIn = 0;
   bool m_crashed = false;
