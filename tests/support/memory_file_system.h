@@ -277,13 +277,7 @@ class CMemoryFileSystem : public my::IFileSystem {
     return found == m_freeSpace.end() ? uint64_t{1} << 40 : found->second;
   }
 
-  // The kind of disk of a drive; a drive that is not set does not tell.
-  void SetDisk(wchar_t drive, my::DiskKind kind) { m_disks[drive] = kind; }
-
-  my::DiskKind Disk(const std::wstring& path) override {
-    const auto found = m_disks.find(path[0]);
-    return found == m_disks.end() ? my::DiskKind::Unknown : found->second;
-  }
+  my::DiskKind Disk(const std::wstring&) override { return my::DiskKind::Unknown; }
 
   std::wstring TemporaryFolder() override {
     Begin(Op::TEMP_FOLDER, L"temporary folder", IDS_TEMP_PATH_FAILED, {}).End();
@@ -525,7 +519,6 @@ class CMemoryFileSystem : public my::IFileSystem {
   bool m_shortenCopies = false;
   int m_renameRefusals = 1;
   std::map<wchar_t, uint64_t> m_freeSpace;
-  std::map<wchar_t, my::DiskKind> m_disks;
   std::map<Op, std::function<void()>> m_meanwhile;
   std::map<Op, CFault> m_faults;
   std::vector<std::pair<Op, std::wstring>> m_badPaths;
