@@ -5,6 +5,7 @@ import argparse
 import getpass
 import os
 import random
+import signal
 import subprocess
 import sys
 import time
@@ -27,8 +28,21 @@ class Walk:
 
     def __init__(self, root, seed, runner):
         self.root, self.seed, self.steps, self.action = root / "world", seed, 0, "start"
-        self.rng = rng = random.Random(f"{seed}")
+        self.rng, self.disk = random.Random(f"{seed}"), self.root / "disk"
+        self.unmount()  # a killed walk leaves it
         remove(self.root)
+        self.make_world(root / "prefix", runner)
+        faults = [self.kill, self.locked, self.two, self.missing, self.damaged]
+        self.disk.mkdir()
+        if os.geteuid() == 0:
+            subprocess.run(["mount", "-t", "tmpfs", "-o", f"size={4 * DISK_PAGES}k", "tmpfs", self.disk], check=True)
+            faults.append(self.full)
+        else:
+            print("walk: no full disks, because only root can mount one")
+        self.fired = dict.fromkeys(faults, 0)
+
+    def make_world(self, prefix, runner):
+        rng = self.rng
         linked = Tree(self.root / "linked", rng, 10**9, [])
         linked.write(linked.folder / "目標.txt")
         linked.edit("add folder", None, linked.folder / "folder")
@@ -36,17 +50,8 @@ class Walk:
         self.sources = [Tree(self.root / "src" / name, rng, rng.randrange(1_450_000_000, 1_550_000_000), targets)
                         for name in ("一", "two words", "c")]
         self.document = Document(self.root, rng, self.sources)
-        self.wine = Wine(self.root, root / "prefix", runner)
-        self.checks = Checks(self.root, self.document, root / "prefix/drive_c/users" / getpass.getuser())
-        self.disk = self.root / "disk"
-        self.disk.mkdir()
-        faults = [self.kill, self.locked, self.two, self.missing, self.damaged]
-        if os.geteuid() == 0:
-            subprocess.run(["mount", "-t", "tmpfs", "-o", f"size={4 * DISK_PAGES}k", "tmpfs", self.disk], check=True)
-            faults.append(self.full)
-        else:
-            print("walk: no full disks, because only root can mount one")
-        self.fired = dict.fromkeys(faults, 0)
+        self.wine = Wine(self.root, prefix, runner)
+        self.checks = Checks(self.root, self.document, prefix / "drive_c/users" / getpass.getuser())
 
     def step(self):
         """Edits, runs with a planned fault if there is something to do, and then without, which must succeed."""
@@ -152,8 +157,11 @@ class Walk:
         require(end["runs"] >= min(500, self.checks.completed) and end["damaged"] <= self.checks.killed, f"{end}")
         require(all(self.fired.values()), "a planned fault never fired")
 
-    def close(self):
+    def unmount(self):
         subprocess.run(["umount", self.disk], stderr=subprocess.DEVNULL)
+
+    def close(self):
+        self.unmount()
         subprocess.run(["wineserver", "-k"], env=self.wine.environment)
         print(f"walk: {self.steps} steps, {self.wine.starts} runs, {self.checks.compared} backups compared, faults: "
               + ", ".join(f"{fault.__name__}={count}" for fault, count in self.fired.items()), flush=True)
@@ -167,6 +175,7 @@ def main():
     parser.add_argument("--root", type=Path, default=TOP / "build/soak/walk", help="a folder whose path has no spaces")
     arguments = parser.parse_args()
     print(f"walk: seed {arguments.seed}", flush=True)
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
     walk = Walk(arguments.root.resolve(), arguments.seed, arguments.runner)
     until = time.monotonic() + 60 * arguments.minutes
     try:

@@ -82,10 +82,12 @@ class Checks:
             if row["error"]:
                 ended_task = forecast.task.id  # its next destinations are not attempted
             if row["error"] != forecast.error:
-                require(may_fail(forecast) and row["error"] and row["remedy"] and row["phase"] < CREATED, f"wrong: {row}")
+                foreseen = may_fail(forecast) and row["error"] and row["remedy"] and row["phase"] < CREATED
+                require(foreseen, f"unforeseen: {row}")
                 failed.append(row)
                 continue
-            require(row["phase"] == forecast.phase or row["phase"] == SKIPPED and forecast.path in raced, f"wrong: {row}")
+            skipped = row["phase"] == SKIPPED and forecast.path in raced
+            require(skipped or row["phase"] == forecast.phase, f"unforeseen: {row}")
             if row["phase"] == CREATED:
                 self.backups[forecast.path] = forecast
         errors = sum(row["error"] != 0 for row in run.rows)

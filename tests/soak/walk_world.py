@@ -146,7 +146,8 @@ class Wine:
         self.environment = dict(os.environ, LC_ALL="ja_JP.UTF-8", TZ="JST-9", WINEPREFIX=str(prefix), WINEDEBUG="-all")
         subprocess.run(["bash", "-c", 'source "$0/scripts/common.sh"; WINEPREFIX=$1; start_wine_server', TOP, prefix],
                        check=True, stdin=subprocess.DEVNULL)
-        subprocess.run(["x86_64-w64-mingw32-gcc", "-municode", "-o", self.holder, TOP / "tests/soak/hold.c"], check=True)
+        source = TOP / "tests/soak/hold.c"
+        subprocess.run(["x86_64-w64-mingw32-gcc", "-municode", "-o", self.holder, source], check=True)
         self.password.write_text(PASSWORD + "\n")
 
     def start(self, *arguments):
