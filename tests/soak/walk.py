@@ -19,10 +19,6 @@ MOST_BACKUPS = 12
 DISK_PAGES = 100  # of 4096 bytes
 
 
-def is_archive(row):
-    return row.dst.type != "FOLDER"
-
-
 class Walk:
     archiver = ARCHIVERS / "win/x64/7z.exe"
 
@@ -148,7 +144,7 @@ class Walk:
         content = self.rng.choice([good, good[:len(good) // 2], b"no program", b"", None])
         if content is not None:
             program.write_bytes(content)
-        return bool(self.run(is_archive, program)[1])
+        return bool(self.run(lambda row: row.dst.type != "FOLDER", program)[1])
 
     def check_whole(self):
         """Checks the printed history, and that every planned fault has fired."""
