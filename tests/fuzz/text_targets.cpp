@@ -1,0 +1,159 @@
+#include <algorithm>
+
+#include "app/command_line.h"
+#include "document/name_pattern.h"
+#include "fuzz/targets.h"
+#include "platform/xml_layer.h"
+#include "run/options.h"
+#include "schedule/schedule_xml.h"
+#include "support/fake_ports.h"
+#include "support/name_faults.h"
+#include "support/paths.h"
+#include "support/pugi_dom.h"
+#include "support/strings.h"
+
+namespace fuzz {
+namespace {
+
+// Puts each character into quotes of the other kind.
+std::wstring Quoted(const std::vector<std::wstring>& arguments) {
+  std::wstring line;
+  for (const std::wstring& argument : arguments) {
+    line += line.empty() ? L"" : L" ";
+    for (const wchar_t c : argument) {
+      const wchar_t quote = c == L'"' ? L'\'' : L'"';
+      line.append({quote, c, quote});
+    }
+  }
+  return line;
+}
+
+void CheckRunner(const std::wstring& document, const std::vector<std::wstring>& ids) {
+  std::vector<std::wstring> arguments;
+  for (const std::wstring& id : ids) arguments.push_back(L"--task=" + id);
+  arguments.insert(arguments.end(), {L"--", document});
+  const qlm::CParsedOptions parsed = qlm::ParseOptions(arguments, test::CRcTexts());
+  Require(parsed.exitCode == -1, "any document and task can be given");
+  Require(parsed.options.documentPath == document && parsed.options.taskIds == ids, "and arrives unchanged");
+}
+
+void CheckSchedule(const qlm::CScheduledRun& run) {
+  test::CPugiDom dom;
+  qlm::CSchedule schedule;
+  schedule.start = {2026, 4, 1, 9, 30, 0};
+  const auto xml = [&schedule, &text = run.runnerPath](const qlm::CScheduledRun& started) {
+    return ScheduleXml(schedule, started, text, text);
+  };
+  for (const std::wstring& definition : {xml(run), WithRun(xml({L"other", run.runnerPath}), run)}) {
+    const auto read = ParseScheduleXml(dom, definition);
+    Require(read && read->run == run && read->schedule == schedule, "a schedule is read as written");
+  }
+}
+
+bool IsPath(const std::wstring& text) {
+  return !text.empty() && my::IsXmlText(text) && text.find(L'"') == text.npos && my::WellFormed(text) == text;
+}
+
+// Returns the pattern with tokens replaced from left to right; empty if it has a "<" without token.
+std::wstring Expanded(std::wstring_view pattern, const std::wstring& id, const my::CCalendar& at) {
+  const std::pair<wchar_t, int> numbers[] = {{L'Y', at.year}, {L'M', at.month},  {L'D', at.day},
+                                             {L'h', at.hour}, {L'm', at.minute}, {L's', at.second}};
+  std::wstring name;
+  while (!pattern.empty()) {
+    const size_t length = pattern.find(L'>') + 1;
+    const std::wstring_view token = pattern.substr(0, length);
+    if (token.front() != L'<' || length == 0) {
+      if (pattern.front() == L'<') return {};
+      name += pattern.front();
+      pattern.remove_prefix(1);
+      continue;
+    }
+    pattern.remove_prefix(length);
+    if (my::EqualNoCase(token, L"<ID>")) {
+      name += id;
+      continue;
+    }
+    const auto* number = std::ranges::find(numbers, token[1], &std::pair<wchar_t, int>::first);
+    if (number == std::end(numbers)) return {};
+    const std::wstring_view width = token.substr(2);
+    const bool year = number == numbers;
+    if (width == L">" || width == (year ? L"4>" : L"2>"))
+      name += my::PaddedNumber(number->second, year ? 4 : 2);
+    else if (year && width == L"2>")
+      name += my::PaddedNumber(number->second % 100, 2);
+    else if (!year && width == L"1>")
+      name += std::to_wstring(number->second);
+    else
+      return {};
+  }
+  return name;
+}
+
+void CheckPattern(const std::wstring& pattern, const std::wstring& id, my::CFileTime time) {
+  const test::CFakeClock clock;
+  const qlm::CDst dst{{}, qlm::DstType::ZIP, pattern};
+  const std::wstring name = ExpandName(dst, id, time, clock);
+  const qlm::CNameTokens tokens = qlm::TokensOf(pattern);
+  const bool none = !(tokens.id || tokens.year || tokens.month || tokens.day || tokens.hour ||
+                      tokens.minute || tokens.second);
+  Require(!none || name == pattern, "a name without tokens is the pattern");
+  const std::wstring expected = Expanded(pattern, id, clock.LocalCalendar(time));
+  if (!expected.empty() && id.find_first_of(L"<>") == id.npos)
+    Require(name == expected, "tokens are replaced");
+  for (const auto type : {qlm::DstType::FOLDER, qlm::DstType::ZIP}) {
+    std::wstring fitted = pattern;
+    if (!FitPattern(type, fitted)) continue;
+    Require(HasFittingExtension(type, fitted) && !FitPattern(type, fitted), "a fitted pattern fits");
+  }
+}
+
+void CheckFaults(const std::wstring& folder, const std::wstring& name) {
+  std::wstring lower = name;
+  std::ranges::transform(lower, lower.begin(), my::LowerAscii);
+  const auto fault = my::FindNameFault(folder, name);
+  const auto same = my::FindNameFault(folder, lower);
+  Require(fault.has_value() == same.has_value() && (!fault || fault->id == same->id), "case does not matter");
+  const std::wstring whole = folder + L"\\" + name;
+  Require(!fault || whole.find(fault->name) != whole.npos, "a fault names a component");
+  Require(my::FindNameFault(folder, name + L"\\nul.txt").has_value(), "a device is found in every folder");
+  const std::wstring comparable = my::ComparablePath(whole);
+  Require(my::ComparablePath(comparable) == comparable, "a comparable path stays as it is");
+  if (!folder.empty() && !name.empty()) {
+    Require(my::IsWithin(my::JoinPath(folder, name), folder), "a file is within its folder");
+  }
+}
+
+void CheckTime(const std::wstring& text) {
+  const auto time = my::ParseUtcText(text);
+  Require(!time || !*time || my::UtcText(*time) == text, "a time is written as read");
+}
+
+}  // namespace
+
+void TestCommandLine(std::string_view input) {
+  const std::wstring line = CValues(input).Text();
+  const auto arguments = qlm::CCommandLineParserUtil::Split(line);
+  Require(qlm::CCommandLineParserUtil::Split(Quoted(arguments)) == arguments, "quoted arguments are split");
+  qlm::ParseOptions(arguments, test::CRcTexts());
+  CValues values(input);
+  const qlm::CScheduledRun run{values.Text(), values.Text()};
+  if (!IsPath(run.runnerPath) || !IsPath(run.documentPath)) return;
+  CheckRunner(run.documentPath, {run.runnerPath, L"x"});
+  CheckSchedule(run);
+}
+
+void TestNames(std::string_view input) {
+  CValues values(input);
+  const std::wstring pattern = values.Text();
+  const std::wstring id = values.Text();
+  const std::wstring folder = values.Text();
+  const std::string_view time = values.Bytes();
+  uint64_t ticks = 0;
+  for (const char c : time) ticks = ticks * 251 + static_cast<unsigned char>(c);
+  CheckPattern(pattern, id, {ticks >> 1});
+  CheckFaults(folder, pattern);
+  CheckFaults(folder, id);
+  CheckTime(my::WideFromUtf8(time));
+}
+
+}  // namespace fuzz
