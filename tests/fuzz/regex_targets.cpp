@@ -56,10 +56,10 @@ void CheckExcludeLine(const std::string& bytes, const std::wstring& path) {
   const test::CFakeAnsiCodec ansi;
   const std::wstring line = qlm::ExcludeLine(path);
   std::string changed;
-  if (test::ThrownId([&] { changed = WithFirstLine(ansi, bytes, line); }) != 0) return;  // not encodable
-  std::vector<std::wstring> lines = TextLines(ansi, bytes);
+  if (test::ThrownId([&] { changed = qlm::WithFirstLine(ansi, bytes, line); }) != 0) return;  // not encodable
+  std::vector<std::wstring> lines = qlm::TextLines(ansi, bytes);
   lines.insert(lines.begin(), line);
-  Require(TextLines(ansi, changed) == lines, "a line is inserted before all others");
+  Require(qlm::TextLines(ansi, changed) == lines, "a line is inserted before all others");
   qlm::CFilter filter;
   filter.Parse({line}, test::CRcTexts());
   my::CRegexMatch scratch;
@@ -67,48 +67,6 @@ void CheckExcludeLine(const std::string& bytes, const std::wstring& path) {
   for (const auto& other : {path + L"x", L"x" + path, path.substr(1)}) {
     Require(filter.Find(other, scratch) == nullptr, "the line excludes no other path");
   }
-}
-
-bool IsDigit(wchar_t c) {
-  return c >= L'0' && c <= L'9';
-}
-
-// Reads the number of a group after "$". Returns the length of the reference; 0 if it is none.
-size_t ReadGroup(std::wstring_view format, std::wstring& number) {
-  const bool braced = format.starts_with(L'{');
-  const size_t from = braced ? 1 : 0;
-  const size_t to = std::find_if_not(format.begin() + from, format.end(), IsDigit) - format.begin();
-  number = format.substr(from, braced ? to - from : std::min<size_t>(to, 1));
-  if (number.empty() || !braced) return number.size();
-  return format.substr(to).starts_with(L'}') ? to + 1 : 0;
-}
-
-// Expands a format as CReplaceRule documents it. Returns nullopt for "$+", because the number of groups is
-// not known.
-std::optional<std::wstring> Expand(std::wstring_view format, std::wstring_view value,
-                                   const my::CRegexMatch& match) {
-  const std::wstring_view found = match.Group(0);
-  const auto start = static_cast<size_t>(found.data() - value.data());
-  std::wstring result;
-  while (!format.empty()) {
-    const wchar_t c = format[0];
-    const wchar_t kind = c == L'$' && format.size() > 1 ? format[1] : L'\0';
-    std::wstring number;
-    const size_t group = c == L'$' ? ReadGroup(format.substr(1), number) : 0;
-    format.remove_prefix(group != 0 ? group + 1 : std::wstring_view(L"&`'$").find(kind) < 4 ? 2 : 1);
-    if (kind == L'+') return {};
-    if (group != 0)
-      result += number.size() > 4 ? L"" : match.Group(std::stoi(number));
-    else if (kind == L'&')
-      result += found;
-    else if (kind == L'`')
-      result += value.substr(0, start);
-    else if (kind == L'\'')
-      result += value.substr(start + found.size());
-    else
-      result += c;
-  }
-  return result;
 }
 
 qlm::CReplaceRule Rule(const std::wstring& src, const std::wstring& dst, bool regex) {
@@ -132,19 +90,6 @@ void CheckLiteral(const std::wstring& src, const std::wstring& dst, const std::w
           "text and its expression are replaced alike");
 }
 
-void CheckFormat(const std::wstring& pattern, const std::wstring& format, const std::wstring& value) {
-  const std::wstring once = L"\\A(?:" + pattern + L")";  // matches once, unless it is empty
-  const auto expression = Compiled(pattern) ? Compiled(once) : std::nullopt;
-  my::CRegexMatch match;
-  if (!expression || !expression->Search(value, match) || match.Group(0).empty()) return;
-  const auto expansion = Expand(format, value, match);
-  if (!expansion) return;
-  const auto start = static_cast<size_t>(match.Group(0).data() - value.data());
-  const std::wstring expected =
-      value.substr(0, start) + *expansion + value.substr(start + match.Group(0).size());
-  Require(Rule(once, format, true).Value(qlm::kReplaceTaskId, value) == expected, "a format is expanded");
-}
-
 void CheckShown(const qlm::CReplaceRule& rule, const std::wstring& value) {
   qlm::CTask task{value, value, value, {}};
   const qlm::CTaskPtr changed = Replaced(rule, task);
@@ -160,14 +105,15 @@ void TestFilter(std::string_view input) {
   CValues values(input);
   const std::string bytes(values.Bytes());
   qlm::CFilter filter;
-  filter.Parse(TextLines(test::CFakeAnsiCodec(), bytes), test::CRcTexts());
+  filter.Parse(qlm::TextLines(test::CFakeAnsiCodec(), bytes), test::CRcTexts());
   my::CRegexMatch scratch;
+  std::wstring path;
   while (!values.AtEnd()) {
-    const std::wstring path = ShortText(values);
+    path = ShortText(values);
     const auto expected = FindInOrder(filter, path);
     Require(!expected || filter.Find(path, scratch) == *expected, "a filter equals its expressions in order");
-    if (IsFileName(path)) CheckExcludeLine(bytes, path);
   }
+  if (IsFileName(path)) CheckExcludeLine(bytes, path);
 }
 
 void TestPattern(std::string_view input) {
@@ -192,8 +138,9 @@ void TestReplace(std::string_view input) {
   const std::wstring value = ShortText(values);
   CheckLiteral(src, dst, value);
   try {
-    CheckFormat(src, dst, value);
     CheckShown(Rule(src, dst, true), value);
+    Require(Rule(src, L"$&", true).Value(qlm::kReplaceTaskId, value) == value,
+            "a match is replaced by itself");
   } catch (const my::CException&) {  // refused or too complex
   }
 }

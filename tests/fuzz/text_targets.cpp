@@ -45,7 +45,7 @@ void CheckSchedule(const qlm::CScheduledRun& run) {
     return ScheduleXml(schedule, started, text, text);
   };
   for (const std::wstring& definition : {xml(run), WithRun(xml({L"other", run.runnerPath}), run)}) {
-    const auto read = ParseScheduleXml(dom, definition);
+    const auto read = qlm::ParseScheduleXml(dom, definition);
     Require(read && read->run == run && read->schedule == schedule, "a schedule is read as written");
   }
 }
@@ -100,11 +100,8 @@ void CheckPattern(const std::wstring& pattern, const std::wstring& id, my::CFile
   const std::wstring expected = Expanded(pattern, id, clock.LocalCalendar(time));
   if (!expected.empty() && id.find_first_of(L"<>") == id.npos)
     Require(name == expected, "tokens are replaced");
-  for (const auto type : {qlm::DstType::FOLDER, qlm::DstType::ZIP}) {
-    std::wstring fitted = pattern;
-    if (!FitPattern(type, fitted)) continue;
-    Require(HasFittingExtension(type, fitted) && !FitPattern(type, fitted), "a fitted pattern fits");
-  }
+  std::wstring fitted = pattern;
+  if (FitPattern(dst.type, fitted)) Require(HasFittingExtension(dst.type, fitted), "a fitted pattern fits");
 }
 
 void CheckFaults(const std::wstring& folder, const std::wstring& name) {
