@@ -17,11 +17,15 @@ workers=$(($(nproc) - (${#walk} > 0)))
 ((workers > 0)) || workers=1
 seconds=$((minutes * 60 * workers / ${#targets[@]}))
 
+build() { # PRESET TARGET
+  quietly cmake -S "$top" --preset "$1" && quietly cmake --build "$top/build/$1" --target "$2" || die "soak: no $2"
+}
+
 # Runs one target. New inputs are added to the growing corpus, which the next run starts from.
 fuzz() {
   local target=$1
   mkdir -p "$folder/corpus/$target"
-  QLM_TARGET=$target nice -n 15 "$top/build/fuzz/bin/qlm_fuzz" -max_total_time="$seconds" -timeout=20 \
+  QLM_TARGET=$target nice -n 15 "$top/build/fuzz/bin/qlm_fuzz" -max_total_time="$seconds" -timeout=30 \
     -rss_limit_mb=2048 -max_len=4096 -print_final_stats=1 -dict="$top/tests/fuzz/words.dict" \
     -artifact_prefix="$folder/broken/$target-" \
     "$folder/corpus/$target" "$top/tests/fuzz/corpus/$target" >"$folder/$target.log" 2>&1
@@ -29,7 +33,7 @@ fuzz() {
 
 # Prints the number that follows LABEL in the last line that has it.
 last_number() { # LABEL LOG
-  { grep -oE "$1:? +[0-9]+" "$2" || echo 0; } | tail -n1 | grep -oE '[0-9]+$'
+  { grep -aoE "$1:? +[0-9]+" "$2" || echo 0; } | tail -n1 | grep -oE '[0-9]+$'
 }
 
 row() { printf '%-10s %12s %8s %8s %8s\n' "$@"; }
@@ -55,7 +59,9 @@ report() {
   ! failures
 }
 
-"$top/scripts/build.sh" fuzz ${walk:+mingw}
+"$top/scripts/setup.sh"
+build fuzz qlm_fuzz
+[[ -z $walk ]] || build mingw QuillmoorRun
 rm -f "$folder"/*.failed
 : >"$folder/started"
 say "soak: $minutes minutes, ${#targets[@]} targets of $seconds s each${walk:+, walk with seed $seed}"

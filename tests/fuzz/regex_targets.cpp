@@ -78,7 +78,7 @@ qlm::CReplaceRule Rule(const std::wstring& src, const std::wstring& dst, bool re
   return qlm::CReplaceRule(options);
 }
 
-// Replaces text as such and as an expression that stands for it.
+// Replaces text as such and as the expression for it.
 void CheckLiteral(const std::wstring& src, const std::wstring& dst, const std::wstring& value) {
   std::wstring pattern;
   for (const wchar_t c : src)

@@ -54,41 +54,6 @@ bool IsPath(const std::wstring& text) {
   return !text.empty() && my::IsXmlText(text) && text.find(L'"') == text.npos && my::WellFormed(text) == text;
 }
 
-// Returns the pattern with tokens replaced from left to right; empty if it has a "<" without token.
-std::wstring Expanded(std::wstring_view pattern, const std::wstring& id, const my::CCalendar& at) {
-  const std::pair<wchar_t, int> numbers[] = {{L'Y', at.year}, {L'M', at.month},  {L'D', at.day},
-                                             {L'h', at.hour}, {L'm', at.minute}, {L's', at.second}};
-  std::wstring name;
-  while (!pattern.empty()) {
-    const size_t length = pattern.find(L'>') + 1;
-    const std::wstring_view token = pattern.substr(0, length);
-    if (token.front() != L'<' || length == 0) {
-      if (pattern.front() == L'<') return {};
-      name += pattern.front();
-      pattern.remove_prefix(1);
-      continue;
-    }
-    pattern.remove_prefix(length);
-    if (my::EqualNoCase(token, L"<ID>")) {
-      name += id;
-      continue;
-    }
-    const auto* number = std::ranges::find(numbers, token[1], &std::pair<wchar_t, int>::first);
-    if (number == std::end(numbers)) return {};
-    const std::wstring_view width = token.substr(2);
-    const bool year = number == numbers;
-    if (width == L">" || width == (year ? L"4>" : L"2>"))
-      name += my::PaddedNumber(number->second, year ? 4 : 2);
-    else if (year && width == L"2>")
-      name += my::PaddedNumber(number->second % 100, 2);
-    else if (!year && width == L"1>")
-      name += std::to_wstring(number->second);
-    else
-      return {};
-  }
-  return name;
-}
-
 void CheckPattern(const std::wstring& pattern, const std::wstring& id, my::CFileTime time) {
   const test::CFakeClock clock;
   const qlm::CDst dst{{}, qlm::DstType::ZIP, pattern};
@@ -97,9 +62,6 @@ void CheckPattern(const std::wstring& pattern, const std::wstring& id, my::CFile
   const bool none = !(tokens.id || tokens.year || tokens.month || tokens.day || tokens.hour ||
                       tokens.minute || tokens.second);
   Require(!none || name == pattern, "a name without tokens is the pattern");
-  const std::wstring expected = Expanded(pattern, id, clock.LocalCalendar(time));
-  if (!expected.empty() && id.find_first_of(L"<>") == id.npos)
-    Require(name == expected, "tokens are replaced");
   std::wstring fitted = pattern;
   if (FitPattern(dst.type, fitted)) Require(HasFittingExtension(dst.type, fitted), "a fitted pattern fits");
 }
@@ -118,11 +80,6 @@ void CheckFaults(const std::wstring& folder, const std::wstring& name) {
   if (!folder.empty() && !name.empty()) {
     Require(my::IsWithin(my::JoinPath(folder, name), folder), "a file is within its folder");
   }
-}
-
-void CheckTime(const std::wstring& text) {
-  const auto time = my::ParseUtcText(text);
-  Require(!time || !*time || my::UtcText(*time) == text, "a time is written as read");
 }
 
 }  // namespace
@@ -150,7 +107,6 @@ void TestNames(std::string_view input) {
   CheckPattern(pattern, id, {ticks >> 1});
   CheckFaults(folder, pattern);
   CheckFaults(folder, id);
-  CheckTime(my::WideFromUtf8(time));
 }
 
 }  // namespace fuzz
