@@ -4,6 +4,7 @@ import json
 import os
 import shutil
 import subprocess
+import tempfile
 from collections import namedtuple
 from contextlib import contextmanager
 from pathlib import Path
@@ -142,7 +143,7 @@ class Wine:
 
     def __init__(self, root, prefix, runner):
         self.runner, self.holder, self.password = shutil.copy(runner, root), root / "hold.exe", root / "password.txt"
-        self.starts, self.output = 0, ""
+        self.starts, self.outputs, self.output = 0, {}, ""
         self.environment = dict(os.environ, LC_ALL="ja_JP.UTF-8", TZ="JST-9", WINEPREFIX=str(prefix), WINEDEBUG="-all")
         subprocess.run(["bash", "-c", 'source "$0/scripts/common.sh"; WINEPREFIX=$1; start_wine_server', TOP, prefix],
                        check=True, stdin=subprocess.DEVNULL)
@@ -153,13 +154,19 @@ class Wine:
     def start(self, *arguments):
         """Starts the runner."""
         self.starts += 1
+        output = tempfile.TemporaryFile()  # a pipe would stay open in programs that Wine starts
         with self.password.open() as password:
-            return subprocess.Popen(["wine", self.runner, "--json", *arguments], env=self.environment, stdin=password,
-                                    stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+            process = subprocess.Popen(["wine", self.runner, "--json", *arguments], env=self.environment,
+                                       stdin=password, stdout=output, stderr=subprocess.STDOUT)
+        self.outputs[process] = output
+        return process
 
     def finish(self, process):
         """Waits for the end of a runner. The last line of a killed one may be torn."""
-        self.output = process.communicate(timeout=120)[0].decode("utf-8", "replace")
+        process.wait(timeout=120)
+        with self.outputs.pop(process) as output:
+            output.seek(0)
+            self.output = output.read().decode("utf-8", "replace")
         lines = [json.loads(line) for line in self.output.splitlines() if line[:1] == "{" and line[-1:] == "}"]
         ends = [line for line in lines if line["event"] in ("end", "history")]
         return Run(process.returncode, [line for line in lines if line["event"] == "row"], ends[-1] if ends else None)
