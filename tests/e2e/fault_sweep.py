@@ -4,9 +4,10 @@
 A job with a folder and an archive as destinations runs under Wine. strace injects an error into the n-th call on the
 files of the job, once or from then on: in the programs (runner and archiver), or in the Wine server, which opens,
 creates, renames and deletes files for them. A fault is written ORDER:PROCESS:FILES:CALL:N:MODE:ERROR.
-fault_sweep_test.sh prepares the environment.
+fault_sweep_test.sh prepares the environment and passes its arguments on.
+
+    fault_sweep.py WORK RUNNER ARCHIVER SETTINGS [--full | --only FAULT...]
 """
-import argparse
 import collections
 import contextlib
 import os
@@ -33,7 +34,7 @@ CALLS_ARCHIVE_FIRST = {"openat", "read", "pread64", "write", "pwrite64", "ftrunc
 NOT_LISTED = "バックアップに含まれないフォルダーがあります"  # the warning of the runner
 WRITE_TIME = 1457161448  # 2016-03-05 07:04:08 UTC
 LIMIT = 90  # seconds for one run
-SEED, SAMPLE = 20161105, 50
+SAMPLE = 50
 QUIET = {"stdin": subprocess.DEVNULL, "stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
 
 
@@ -80,14 +81,14 @@ class Sweep:
     def make_job(self):
         self.profile.mkdir(parents=True, exist_ok=True)
         (self.source / "sub").mkdir(parents=True)
-        (self.source / "a.bin").write_bytes(random.Random(SEED).randbytes(150_000))
-        (self.source / "sub/b.txt").write_text("".join(f"{i}\n" for i in range(2000)))
+        (self.source / "a.bin").write_bytes(random.Random(7).randbytes(150_000))
+        (self.source / "sub/b.txt").write_text("b" * 8000)
         (self.source / "sub/c.txt").write_text("c")
-        for file in self.source.rglob("*.*"):
-            os.utime(file, (WRITE_TIME, WRITE_TIME))
+        for name in ("a.bin", "sub/b.txt", "sub/c.txt"):
+            os.utime(self.source / name, (WRITE_TIME, WRITE_TIME))
         self.files = contents(self.source)
-        dsts = [f"<Dst><Folder>{to_windows(self.target)}</Folder><Type>{kind}</Type>"
-                f"<Pattern>copy_&lt;Y&gt;{ending}</Pattern></Dst>" for kind, ending in (("FOLDER", ""), ("ZIP", ".zip"))]
+        dsts = [f"<Dst><Folder>{to_windows(self.target)}</Folder><Type>{kind}</Type><Pattern>copy_&lt;Y&gt;{ending}"
+                "</Pattern></Dst>" for kind, ending in (("FOLDER", ""), ("ZIP", ".zip"))]
         for order, listed in (("folder", dsts), ("archive", dsts[::-1])):
             (self.work / f"{order}.qlmr").write_text(
                 f"<QuillmoorDoc><Version>1.0.0.0</Version><Dsts>{''.join(listed)}</Dsts><Tasks><Task><Id>t</Id><Path>"
@@ -99,7 +100,7 @@ class Sweep:
         self.expected = [self.files]
         shutil.rmtree(self.target, ignore_errors=True)
         self.target.mkdir()
-        self.stranger.write_bytes(b"not ours")
+        self.stranger.touch()
         self.settings.write_bytes(self.settings_bytes)
         for path in (*self.profile.glob("QuillmoorHistory*"), *self.temp.glob("qlm*.txt")):
             path.unlink()
@@ -116,15 +117,16 @@ class Sweep:
         """Returns exit code (None: did not end) and text. `prefix` is a command that runs the program."""
         command = [*prefix, "wine", self.runner, "--quiet", to_windows(self.work / f"{order}.qlmr")]
         with open(self.work / "out", "w+b") as out:
+            streams = {"stdin": subprocess.DEVNULL, "stdout": out, "stderr": out}
             code = None
             with contextlib.suppress(subprocess.TimeoutExpired):
-                code = subprocess.run(command, cwd=self.work, **(QUIET | {"stdout": out, "stderr": out}), timeout=LIMIT).returncode
+                code = subprocess.run(command, cwd=self.work, timeout=LIMIT, **streams).returncode
             out.seek(0)
             return code, out.read().decode(errors="replace").strip()
 
     def traced(self, order, process, options):
         """Runs under strace. Returns exit code, text, and strace's log."""
-        log = self.work / f"{process}.log"
+        log = self.work / f"out_{process}"
         if process == "programs":
             result = self.run(order, ["strace", "-f", "--seccomp-bpf", "-e", "quiet=all", "-o", log, *options])
             return *result, log.read_text(errors="replace")
@@ -143,9 +145,8 @@ class Sweep:
         path = path.replace(f"{self.prefix}/dosdevices/c:", f"{self.prefix}/drive_c")
         path = path.replace(f"{self.prefix}/dosdevices/z:", "")
         places = {"source": self.source, "backup": self.target, "settings": self.profile, "list": self.temp / "qlm",
-                  "document": self.work}
-        own = path.endswith((".log", "/out"))
-        return next((group for group, place in places.items() if path.startswith(str(place)) and not own), None)
+                  "own": self.work / "out", "document": self.work}
+        return next((group for group, place in places.items() if path.startswith(str(place))), None)
 
     def places_in(self, call, arguments):
         """Returns the paths in a traced call, with their groups."""
@@ -155,7 +156,7 @@ class Sweep:
         places = {(self.group_of(name), name) for name in names}
         relative = re.findall(r'^AT_FDCWD<([^>]*)>, "([^/"]+)"', arguments)
         places |= {(self.group_of(folder), name) for folder, name in relative}
-        return {(group, path) for group, path in places if group}
+        return {(group, path) for group, path in places if group not in (None, "own")}
 
     def count(self, order, process):
         """Returns the number of calls in a run without faults by group and call. Notes their paths."""
@@ -174,7 +175,7 @@ class Sweep:
         return most
 
     def faults(self):
-        """Returns all faults in an order that is random but always the same."""
+        """Returns all faults, ordered by a hash: the first ones are a sample that hardly changes between runs."""
         found = []
         for order, process in (("folder", "server"), ("folder", "programs"), ("archive", "programs")):
             for (group, call), most in sorted(self.count(order, process).items()):
@@ -184,8 +185,7 @@ class Sweep:
                 modes = {"once": ERRORS[call], "on": [error for error in ERRORS[call] if error not in ONLY_ONCE]}
                 found += [Fault(order, process, group, call, n, mode, errors[n % len(errors)])
                           for n in range(1, most + 1) for mode, errors in modes.items() if errors]
-        random.Random(SEED).shuffle(found)
-        return found
+        return sorted(found, key=lambda fault: zlib.crc32(repr(fault).encode()))
 
     def complete(self):
         return all(path.exists() for path in self.backups)
@@ -243,29 +243,23 @@ class Sweep:
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__)
-    for name in ("work", "runner", "archiver", "settings"):
-        parser.add_argument(name, type=Path)
-    parser.add_argument("--full", action="store_true")
-    parser.add_argument("--only", nargs="+", metavar="FAULT")
-    options = parser.parse_args()
-    sweep = Sweep(options.work, options.runner, options.archiver, options.settings)
+    sweep = Sweep(*map(Path, sys.argv[1:5]))
+    option, only = sys.argv[5] if len(sys.argv) > 5 else "", sys.argv[6:]
     outcomes, injected, broken, start = collections.Counter(), 0, 0, time.monotonic()
     try:
         sweep.start_server()
-        sweep.count("folder", "server")
+        sweep.reset()
+        sweep.run("folder")
         sweep.history_bytes = read(sweep.history)
         every = sweep.faults()
-        chosen = every if options.full else every[:SAMPLE]
-        if options.only:
-            chosen = [Fault(*text.split(":")) for text in options.only]
+        chosen = [Fault(*text.split(":")) for text in only] or every[:None if option == "--full" else SAMPLE]
         for fault in chosen:
             fired, outcome, findings = sweep.try_fault(fault)
             outcomes[outcome] += 1
             injected += fired
             broken += bool(findings)
             name = ":".join(map(str, fault))
-            if options.full or options.only:
+            if option:
                 print(f"{time.monotonic() - start:.0f} s {name} {fired} {outcome}", flush=True)
             for finding in findings:
                 print(f"FAIL {name}: {finding}", flush=True)

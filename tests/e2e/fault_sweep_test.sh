@@ -3,6 +3,8 @@
 # Nothing incomplete may have a final name, no run may succeed falsely or fail silently, the next must succeed.
 source "$(dirname "$0")/lib.sh" fault_sweep
 
+command -v strace >/dev/null || { say "strace is not installed"; exit 77; }
+
 # A prefix of its own, for a Wine server that can be traced. Without a graphics driver the desktop process of
 # Wine ends and is started again by every program, unless the driver is off.
 export WINEPREFIX=$top/build/fault_prefix LC_ALL=ja_JP.UTF-8
