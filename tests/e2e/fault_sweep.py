@@ -254,11 +254,14 @@ def main():
         every = sweep.faults()
         chosen = [Fault(*text.split(":")) for text in only] or every[:None if option == "--full" else SAMPLE]
         for fault in chosen:
+            name = ":".join(map(str, fault))
             fired, outcome, findings = sweep.try_fault(fault)
+            if findings:  # Wine sometimes fails to start a process, about once in a thousand times
+                print(f"tried again: {name}: {findings}", flush=True)
+                fired, outcome, findings = sweep.try_fault(fault)
             outcomes[outcome] += 1
             injected += fired
             broken += bool(findings)
-            name = ":".join(map(str, fault))
             if option:
                 print(f"{time.monotonic() - start:.0f} s {name} {fired} {outcome}", flush=True)
             for finding in findings:
