@@ -206,7 +206,7 @@ class Sweep:
     def expect_short_listing(self, fault, text, log):
         """Accepts backups of the same part of the source. The runner leaves out folders that cannot be listed, with
         a warning. Wine ends a listing without an error if reading it fails, and omits entries without attributes."""
-        by_wine = r'\((?:AT_FDCWD|\d+), "[^/"].*INJECTED' + (r"|getdents64\(.*INJECTED" if fault.group == "source" else "")
+        by_wine = r'(\((AT_FDCWD|\d+), "[^/"]' + (r"|getdents64\(" if fault.group == "source" else "") + ").*INJECTED"
         for path in self.backups:
             part = path.exists() and contents(path)
             if part and part.items() < self.files.items() and (NOT_LISTED in text or re.search(by_wine, log)):
