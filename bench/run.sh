@@ -3,7 +3,7 @@
 # example BENCH_ARGS='--divisor 10'. The file trees in build/bench are reused by later runs.
 source "$(dirname "${BASH_SOURCE[0]}")/../scripts/common.sh"
 
-(($#)) || set -- listing copy memory zip unchanged plan tick windows
+(($#)) || set -- listing copy large-copy memory zip unchanged plan tick windows
 "$top/scripts/build.sh" mingw
 start_wine_server
 mkdir -p "$top/build/bench"
