@@ -141,9 +141,9 @@ void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job) {
   const CWrittenList written = WriteList(*file, ports, job.targets);
   file->Close();
   ExplainingBlanks(ports, {job.archivePath, list.path, written.misread}, [&] {
-    RunArchiver(ports, job, list.path);
-    // Even if the number is right: an excluded file may have the name that the archiver has read.
+    // The number of entries would not tell: an excluded file may have the name that the archiver reads.
     if (!written.misread.empty()) ThrowIncomplete(job.archivePath, written.count, written.count - 1);
+    RunArchiver(ports, job, list.path);
     CheckArchive(files, job.archivePath, written.count);
   });
   job.counters.EndArchive();

@@ -5,13 +5,14 @@
 #include <iterator>
 
 #include "fuzz/targets.h"
+#include "support/source_folder.h"
 
 namespace {
 
 // Also every part of a file: fuzzers find most faults in truncated input.
 TEST(Fuzz, properties_hold_for_the_corpus) {
   for (const fuzz::CTarget& target : fuzz::kTargets) {
-    const auto folder = std::filesystem::path(QLM_SOURCE_DIR "/tests/fuzz/corpus") / target.name;
+    const auto folder = std::filesystem::path(test::InSourceTree("tests/fuzz/corpus")) / target.name;
     for (const auto& file : std::filesystem::directory_iterator(folder)) {
       std::ifstream stream(file.path(), std::ios::binary);
       const std::string input{std::istreambuf_iterator<char>(stream), {}};
