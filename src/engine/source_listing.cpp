@@ -19,8 +19,9 @@ class CListing {
            const std::wstring& source, CTargets& targets)
       : m_files(files), m_filter(filter), m_stop(stop), m_source(source), m_targets(targets) {}
 
-  // Lists the folder m_path, which is relative to the source: empty, or with "\" at its end.
-  void ListFolder(uint32_t attributes) {
+  // Lists the folder m_path, which is relative to the source: empty, or with "\" at its end. `self` is the
+  // index of its entry.
+  void ListFolder(size_t self, uint32_t attributes) {
     const std::wstring folder = my::JoinPath(m_source, m_path);
     if (my::JoinPath(folder, kPattern).size() >= kPatternLimit)
       return NoteUnlisted(my::CSystemError::FromWin32(my::kErrorNameTooLong));
@@ -38,7 +39,7 @@ class CListing {
     my::CFindData entry;
     while (Next(*find, entry)) {
       my::CheckStop(m_stop);
-      AddEntry(entry);
+      AddEntry(self, entry);
     }
   }
 
@@ -62,15 +63,15 @@ class CListing {
 
   void NoteUnlisted(my::CSystemError error) { m_targets.AddUnlisted(m_path, error); }
 
-  void AddEntry(const my::CFindData& entry) {
+  void AddEntry(size_t parent, const my::CFindData& entry) {
     const bool folder = (entry.attributes & my::kAttributeFolder) != 0;
     if (folder && (entry.name == L"." || entry.name == L"..")) return;
     const size_t parentLength = m_path.size();
     m_path += entry.name;
     if (folder) m_path += my::kSeparator;
     const CFilterItem* const item = m_filter.Items().empty() ? nullptr : m_filter.Find(m_path, m_scratch);
-    const CTarget& target = m_targets.Add(m_path, entry, item);
-    if (folder && !target.IsExcluded()) ListFolder(entry.attributes);
+    const size_t self = m_targets.Add(entry, parent, item);
+    if (folder && !(item && item->IsExclude())) ListFolder(self, entry.attributes);
     m_path.resize(parentLength);
   }
 
@@ -90,7 +91,7 @@ std::optional<my::CException> ListSource(my::IFileSystem& files, const CFilter& 
                                          const my::IStopQuery* stop, const std::wstring& source,
                                          CTargets& targets) {
   CListing listing(files, filter, stop, source, targets);
-  listing.ListFolder(0);
+  listing.ListFolder(CTargets::kSource, 0);
   return listing.SourceFailure();
 }
 
