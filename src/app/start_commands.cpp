@@ -4,6 +4,7 @@
 #include "app/document_commands.h"
 #include "app/messenger.h"
 #include "app/windows.h"
+#include "command_ids.h"
 #include "document/document.h"
 #include "engine/archiver_location.h"
 #include "platform/file_system.h"
@@ -58,6 +59,8 @@ void CCommandInit::Execute(bool run) {
   m_context.window.ApplySettings(m_context.settings);
   m_context.document.Reset({}, {});
   OpenFirstDocument();
+  const bool checksFilter = !CSingleCommandLineParser(m_commandLine).FilterToCheck().empty();
+  if (checksFilter) m_context.window.PostCommand(ID_CHECK_GIVEN_FILTER);
 }
 
 // Returns whether to continue.
@@ -101,6 +104,10 @@ void CCommandInit::OpenFirstDocument() {
     m_context.document.Reset({}, {});
     m_context.window.UpdateTitle();
   }
+}
+
+void CCommandCheckFilter::Execute(bool run) {
+  if (run) m_context.dialogs.ShowFilter(m_context.ports.engine.files.FullPath(m_path), {});
 }
 
 }  // namespace qlm

@@ -65,13 +65,13 @@ void CWin32Shell::Run(const std::wstring& program, const std::wstring& parameter
   Execute(program, parameters.c_str());
 }
 
-// Some systems report success for a file that is missing, so existence is checked before and afterwards. With
-// the warning, the shell asks before it deletes what is too large for the recycle bin, or what a policy
-// keeps out of it. Without it, FOF_NOCONFIRMATION would confirm that question.
 void CWin32Shell::AddRecent(const std::wstring& path) {
   ::SHAddToRecentDocs(SHARD_PATHW, path.c_str());
 }
 
+// Some systems report success for a file that is missing, so existence is checked before and afterwards. With
+// the warning, the shell asks before it deletes what is too large for the recycle bin, or what a policy
+// keeps out of it. Without it, FOF_NOCONFIRMATION would confirm that question.
 bool CWin32Shell::Recycle(const std::wstring& path) {
   if (!HasRecycleBin(path)) throw CException(IDS_RECYCLE_NO_BIN, {path});
   const auto exists = [&path] { return ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; };
