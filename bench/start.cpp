@@ -1,5 +1,5 @@
-// qlm_start_bench [ROUNDS]: times the start of the program with documents, until its main window is painted,
-// against the start of an empty window. Expects both programs in its own folder.
+// qlm_start_bench FOLDER [ROUNDS]: times the start of the program with documents, until its main window is
+// painted, against the start of an empty window. Both programs are in the folder.
 #include <windows.h>
 
 #include <algorithm>
@@ -12,7 +12,6 @@
 #include "harness.h"
 #include "platform/win32/handle.h"
 #include "platform/win32/win32_file_system.h"
-#include "platform/win32/win32_known_folders.h"
 #include "support/paths.h"
 #include "support/strings.h"
 
@@ -100,37 +99,35 @@ double StartMs(std::wstring command) {
   return ms;
 }
 
-// Returns the path of a program in the folder of this one, in quotation marks.
-std::wstring Quoted(const std::wstring& program) {
-  return L"\"" + my::JoinPath(my::CWin32KnownFolders().ProgramFolder(), program) + L"\"";
+std::wstring Quoted(const std::wstring& path) {
+  return L"\"" + path + L"\"";
 }
 
-// Writes a document into the folder and returns a side that opens it.
+// Writes a document into the folder and returns a side that opens it with the program there.
 bench::CSide Opening(const std::string& name, const std::wstring& folder, int tasks, double target) {
   const std::wstring path = my::JoinPath(folder, std::to_wstring(tasks) + L".qlmr");
-  my::CWin32FileSystem files;
+  my::CWin32FileSystem real;
+  my::IFileSystem& files = real;
+  if (files.Kind(path) != my::PathKind::None) files.RemoveFile(path);
   const auto file = files.CreateNewFile(path);
   file->Write(Document(tasks, folder));
   file->Close();
-  return {name, target,
-          [command = Quoted(L"Quillmoor.exe") + L" \"" + path + L"\""] { return StartMs(command); }};
+  const std::wstring command = Quoted(my::JoinPath(folder, L"Quillmoor.exe")) + L" " + Quoted(path);
+  return {name, target, [command] { return StartMs(command); }};
 }
 
 }  // namespace
 
 int wmain(int argc, wchar_t** argv) {
-  const int rounds = argc > 1 ? std::max(1, static_cast<int>(std::wcstol(argv[1], nullptr, 10))) : 15;
-  my::CWin32FileSystem files;
-  const std::wstring folder = my::JoinPath(files.TemporaryFolder(), L"qlm_start_bench");
+  if (argc < 2) return 2;
+  const std::wstring folder = argv[1];
+  const int rounds = argc > 2 ? std::max(1, static_cast<int>(std::wcstol(argv[2], nullptr, 10))) : 15;
   try {
-    if (files.Kind(folder) != my::PathKind::None) files.RemoveFolder(folder);
-    files.CreateFolders(folder);
-    const bench::CSide baseline{"empty window", 0, [] { return StartMs(Quoted(L"qlm_empty_window.exe")); }};
-    bench::Compare(
-        baseline,
-        {Opening("program, 1 task", folder, 1, 0), Opening("program, 1000 tasks", folder, kTasks, 1.5)},
-        rounds);
-    files.RemoveFolder(folder);
+    const std::wstring empty = Quoted(my::JoinPath(folder, L"qlm_empty_window.exe"));
+    const bench::CSide baseline{"empty window", 0, [empty] { return StartMs(empty); }};
+    const auto small = Opening("program, 1 task", folder, 1, 0);
+    const auto large = Opening("program, 1000 tasks", folder, kTasks, 1.5);
+    bench::Compare(baseline, {small, large}, rounds);
     return 0;
   } catch (const std::exception& failure) {
     std::fprintf(stderr, "%s\n", failure.what());

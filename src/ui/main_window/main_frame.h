@@ -92,7 +92,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void OnFocusChanged();
   void OnCommand(int id);
   bool IsEnabled(int id) const;
-  void OnMenu(HMENU menu) const;
+  void OnMenu(HMENU menu);
   void OnMenuSelect(int id, UINT flags);
   void RememberFocus(HWND focus);
   void RestoreFocus();
@@ -105,6 +105,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void CheckSchedules();
   void UpdateCommands();
   void UseDpi(UINT dpi);
+  void UseImages(UINT dpi);
   void Arrange();
 
   my::CAutoMessageLoop& m_loop;
