@@ -46,7 +46,7 @@ class CNode : public IXmlNode {
     if (FAILED(result)) throw CException(IDS_XML_SET_TEXT_FAILED, {Error(result)});
   }
 
-  // Visits the children, because the parser compiles an expression anew for each selectSingleNode.
+  // Visits the children, because the parser compiles an expression for each selectSingleNode.
   std::unique_ptr<IXmlNode> Select(const std::wstring& name) const override {
     CComPtr<IXMLDOMNode> child;
     HRESULT result = m_node->get_firstChild(child.Out());
