@@ -66,15 +66,21 @@ TEST(Program, opens_a_document_from_the_command_line_runs_it_and_quits) {
   EXPECT_EQ(program.ExitCode(), 0u);
 }
 
+// Closes the message box about the last document, which may be gone.
+HWND FilterDialog() {
+  for (HWND dialog = nullptr; (dialog = ::FindWindowExW(nullptr, dialog, L"#32770", nullptr)) != nullptr;) {
+    if (::GetDlgItem(dialog, IDC_FILTER_LINES)) return dialog;
+    ::PostMessageW(dialog, WM_CLOSE, 0, 0);
+  }
+  return nullptr;
+}
+
 TEST(Program, checks_a_filter_file_from_the_command_line) {
   test::CScratchFolder scratch;
   scratch.Write(L"a b.flt", "- \\.tmp$\r\n");
   const CProgram program(L"--check-filter=" + scratch.At(L"a b.flt"));
-  HWND dialog = nullptr;
-  ASSERT_TRUE(test::PumpUntil([&] {
-    dialog = ::GetWindow(program.Window(), GW_ENABLEDPOPUP);
-    return ::GetDlgItem(dialog, IDC_FILTER_LINES) != nullptr;
-  }));
+  ASSERT_TRUE(test::PumpUntil([] { return FilterDialog() != nullptr; }));
+  const HWND dialog = FilterDialog();
   EXPECT_EQ(test::TextOf(::GetDlgItem(dialog, IDC_FILTER_FILE)), scratch.At(L"a b.flt"));
   ::PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
   EXPECT_TRUE(test::PumpUntil([&] { return ::IsWindowEnabled(program.Window()) != FALSE; }));

@@ -1,0 +1,148 @@
+#include <algorithm>
+#include <optional>
+
+#include "document/filter.h"
+#include "document/filter_edit.h"
+#include "document/text_file.h"
+#include "fuzz/targets.h"
+#include "replace/replace_rule.h"
+#include "support/exception.h"
+#include "support/fake_ports.h"
+#include "support/regex.h"
+#include "support/regex_prefilter.h"
+#include "support/strings.h"
+#include "support/thrown.h"
+
+namespace fuzz {
+namespace {
+
+using Verdict = my::CRegexPrefilter::Verdict;
+
+// Bounds the time of a search, which grows with the squares of both lengths.
+constexpr size_t kLongest = 64;
+
+std::wstring ShortText(CValues& values) {
+  return values.Text().substr(0, kLongest);
+}
+
+// Returns nullopt if the expression is refused.
+std::optional<my::CRegex> Compiled(const std::wstring& expression) {
+  try {
+    return my::CRegex(expression);
+  } catch (const my::CException&) {
+    return {};
+  }
+}
+
+// Returns nullopt if a search was given up before the deciding line.
+std::optional<const qlm::CFilterItem*> FindInOrder(const qlm::CFilter& filter, const std::wstring& path) {
+  try {
+    for (const qlm::CFilterItemPtr& item : filter.Items()) {
+      if (item->expression && item->expression->Found(path)) return item.get();
+    }
+    return nullptr;
+  } catch (const my::CException&) {
+    return {};
+  }
+}
+
+// A name of a file that a filter file can hold.
+bool IsFileName(std::wstring_view path) {
+  return !path.empty() && path.find_first_of(L"\"/\n\r\f\x85\x2028\x2029") == path.npos &&
+         my::WellFormed(path) == path;
+}
+
+void CheckExcludeLine(const std::string& bytes, const std::wstring& path) {
+  const test::CFakeAnsiCodec ansi;
+  const std::wstring line = qlm::ExcludeLine(path);
+  std::string changed;
+  if (test::ThrownId([&] { changed = qlm::WithFirstLine(ansi, bytes, line); }) != 0) return;  // not encodable
+  std::vector<std::wstring> lines = qlm::TextLines(ansi, bytes);
+  lines.insert(lines.begin(), line);
+  Require(qlm::TextLines(ansi, changed) == lines, "a line is inserted before all others");
+  qlm::CFilter filter;
+  filter.Parse({line}, test::CRcTexts());
+  my::CRegexMatch scratch;
+  Require(filter.Find(path, scratch) != nullptr, "the line excludes its path");
+  for (const auto& other : {path + L"x", L"x" + path, path.substr(1)}) {
+    Require(filter.Find(other, scratch) == nullptr, "the line excludes no other path");
+  }
+}
+
+qlm::CReplaceRule Rule(const std::wstring& src, const std::wstring& dst, bool regex) {
+  qlm::CReplaceOptions options;
+  options.col = qlm::kReplaceTaskId | qlm::kReplaceTaskPath;
+  options.src = src;
+  options.dst = dst;
+  options.regex = regex;
+  return qlm::CReplaceRule(options);
+}
+
+// Replaces text as such and as the expression for it.
+void CheckLiteral(const std::wstring& src, const std::wstring& dst, const std::wstring& value) {
+  std::wstring pattern;
+  for (const wchar_t c : src)
+    pattern.append(std::wstring_view(L".[]{}()\\*+?^$|").find(c) < 14 ? L"\\" : L"") += c;
+  std::wstring format;
+  for (const wchar_t c : dst) format.append(c == L'$' ? 2 : 1, c);
+  Require(Rule(src, dst, false).Value(qlm::kReplaceTaskId, value) ==
+              Rule(pattern, format, true).Value(qlm::kReplaceTaskId, value),
+          "text and its expression are replaced alike");
+}
+
+void CheckShown(const qlm::CReplaceRule& rule, const std::wstring& value) {
+  qlm::CTask task{value, value, value, {}};
+  const qlm::CTaskPtr changed = Replaced(rule, task);
+  task.replaceRule = &rule;
+  Require(ShownValue(task, qlm::kReplaceTaskId) == (changed ? changed->id : value),
+          "the preview is the result");
+  Require(!changed || (changed->id != value && changed->filterPath == value), "only chosen columns change");
+}
+
+}  // namespace
+
+void TestFilter(std::string_view input) {
+  CValues values(input);
+  const std::string bytes(values.Bytes());
+  qlm::CFilter filter;
+  filter.Parse(qlm::TextLines(test::CFakeAnsiCodec(), bytes), test::CRcTexts());
+  my::CRegexMatch scratch;
+  std::wstring path;
+  while (!values.AtEnd()) {
+    path = ShortText(values);
+    const auto expected = FindInOrder(filter, path);
+    Require(!expected || filter.Find(path, scratch) == *expected, "a filter equals its expressions in order");
+  }
+  if (IsFileName(path)) CheckExcludeLine(bytes, path);
+}
+
+void TestPattern(std::string_view input) {
+  CValues values(input);
+  const std::wstring pattern = ShortText(values);
+  const my::CRegexPrefilter prefilter(pattern);
+  const auto expression = Compiled(pattern);
+  while (expression && !values.AtEnd()) {
+    const std::wstring text = ShortText(values);
+    const Verdict verdict = prefilter.Test(my::CPrefilterText(text));
+    bool found = false;
+    if (test::ThrownId([&] { found = expression->Found(text); }) != 0) continue;  // too complex
+    Require(verdict == Verdict::Undecided || (verdict == Verdict::Match) == found,
+            "the prefilter agrees with the expression");
+  }
+}
+
+void TestReplace(std::string_view input) {
+  CValues values(input);
+  const std::wstring src = ShortText(values);
+  const std::wstring dst = ShortText(values);
+  const std::wstring value = ShortText(values);
+  CheckLiteral(src, dst, value);
+  try {
+    CheckShown(Rule(src, dst, true), value);
+    Require(Rule(src, L"$&", true).Value(qlm::kReplaceTaskId, value) == value,
+            "a match is replaced by itself");
+  } catch (const my::CException&) {  // refused or too complex
+  }
+}
+
+}  // namespace fuzz
