@@ -7,7 +7,7 @@ packages=(
   clang clang-tidy clang-format libclang-rt-14-dev
   libboost1.81-dev libcli11-dev nlohmann-json3-dev libpugixml-dev googletest
   wine wine64 xvfb fonts-ipafont-gothic fonts-noto-cjk fonts-wine locales
-  jq python3 librsvg2-bin nsis
+  jq python3 strace librsvg2-bin nsis
 )
 # Any npm will do, not only Debian's.
 command -v npm >/dev/null || packages+=(npm)
