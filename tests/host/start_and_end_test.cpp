@@ -128,7 +128,7 @@ TEST_F(Commands, start_opens_the_named_document_or_the_last_one) {
   EXPECT_EQ(a.TakeBoxes(), L"");
   EXPECT_TRUE(a.Start(L"q.exe a b").Document().Path().empty());
   EXPECT_EQ(a.TakeBoxes(), L"エラー: コマンドライン引数が多すぎます: 2\n\na\nb\n");
-  EXPECT_EQ(a.Start(L"q.exe \"--check-filter=a b.flt\"").Document().Path(), L"C:\\last.qlmr");
+  EXPECT_EQ(a.Start(L"q.exe \"--check-filter=C:\\f\\a b.flt\"").Document().Path(), L"C:\\last.qlmr");
   EXPECT_TRUE(a.dialogs.filters.empty()) << "the window is not complete yet";
   ASSERT_EQ(a.window.posted.size(), 1u);
   a.Do(a.window.posted[0]);
