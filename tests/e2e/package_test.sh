@@ -64,6 +64,7 @@ echo old >"$work/older/manual/old.html"
 "$top/packaging/make_setup.sh" "$work/older" 0.9.0 "$work/older.exe"
 
 run_windows 0 reg add 'HKLM\Software\Classes\.flt' /d Other.Filter /f
+run_windows 0 reg add 'HKCU\Software\Classes' /f # every user has it on Windows
 state >"$work/before"
 
 run_windows 0 "$work/older.exe" /S
