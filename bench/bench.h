@@ -15,6 +15,7 @@ struct COptions {
 // Each prints a table of its results.
 void MeasureListing(const COptions& options);
 void MeasureCopy(const COptions& options);
+void MeasureLargeCopy(const COptions& options);
 void MeasureMemory(const COptions& options);
 void MeasureZip(const COptions& options);
 void MeasurePlan(const COptions& options);

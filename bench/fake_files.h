@@ -72,6 +72,7 @@ class CFakeFiles : public my::IFileSystem {
   std::unique_ptr<my::INewFile> OpenToAppend(const std::wstring&) override { Refuse(); }
   std::string ReadFile(const std::wstring&, uint64_t, uint64_t) override { Refuse(); }
   uint64_t FreeSpace(const std::wstring&) override { return uint64_t{1} << 40; }
+  my::DiskKind Disk(const std::wstring&) override { return my::DiskKind::NoSeeks; }
   std::wstring TemporaryFolder() override { Refuse(); }
 
  private:

@@ -34,23 +34,29 @@ CNewListFile CreateListFile(my::IFileSystem& files) {
   return list;
 }
 
-// Writes a line for every counted file and returns their number.
-uint64_t WriteList(my::INewFile& file, const CArchivePorts& ports, const CTargets& targets) {
+struct CWrittenList {
+  uint64_t count = 0;
+  std::wstring misread;  // a path that the archiver reads as another one; empty if there is none
+};
+
+// Writes a line for every counted file. The archiver drops spaces at the start of a line.
+CWrittenList WriteList(my::INewFile& file, const CArchivePorts& ports, const CTargets& targets) {
   constexpr size_t kPortion = size_t{256} * 1024;  // bytes per write
   std::string lines;
-  uint64_t count = 0;
+  CWrittenList written;
   for (const CTarget& target : targets) {
     my::CheckStop(ports.transfer.stop);
     if (!target.IsCountedFile()) continue;
     lines += my::Utf8FromWide(target.RelativePath());
     lines += '\n';
-    ++count;
+    ++written.count;
+    if (target.RelativePath().starts_with(L' ')) written.misread = target.RelativePath();
     if (lines.size() < kPortion) continue;
     file.Write(lines);
     lines.clear();
   }
   file.Write(lines);
-  return count;
+  return written;
 }
 
 // Stores the size of the archive that the archiver is writing, under its own name because it is a new one.
@@ -82,6 +88,10 @@ void RunArchiver(const CArchivePorts& ports, const CArchiveJob& job, const std::
   if (exitCode != 0) throw my::CException(IDS_PROCESS_EXIT_CODE, {std::to_wstring(exitCode)});
 }
 
+[[noreturn]] void ThrowIncomplete(const std::wstring& path, uint64_t wanted, uint64_t found) {
+  throw my::CException(IDS_ARCHIVE_INCOMPLETE, {std::to_wstring(wanted), std::to_wstring(found), path});
+}
+
 // Verifies the archive, because a killed archiver may report success: it must exist and, if it is a zip, have
 // as many entries as expected. The archiver chooses the format by the extension.
 void CheckArchive(my::IFileSystem& files, const std::wstring& path, uint64_t wanted) {
@@ -89,11 +99,10 @@ void CheckArchive(my::IFileSystem& files, const std::wstring& path, uint64_t wan
   const bool isZip = HasFittingExtension(DstType::ZIP, path);
   if (exists && !isZip && files.FileSize(path) != 0) return;
   const uint64_t found = exists && isZip ? CountZipEntries(files, path).value_or(0) : 0;
-  if (found == wanted && isZip) return;
-  throw my::CException(IDS_ARCHIVE_INCOMPLETE, {std::to_wstring(wanted), std::to_wstring(found), path});
+  if (found != wanted || !isZip) ThrowIncomplete(path, wanted, found);
 }
 
-// Runs `work`. If it fails, the failure names the path that the archiver has split, if there is one.
+// Runs `work`. If it fails, the failure names a path that the archiver has split or misread.
 template <class Work>
 void ExplainingBlanks(const CArchivePorts& ports, std::initializer_list<std::wstring_view> paths, Work work) {
   try {
@@ -129,11 +138,13 @@ void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job) {
   // Declared before `file`, so that the file is closed before it is deleted.
   const CAutoDeleteFile deleteList(files, ports.texts, list.path);
   const std::unique_ptr<my::INewFile> file = std::move(list.file);
-  const uint64_t count = WriteList(*file, ports, job.targets);
+  const CWrittenList written = WriteList(*file, ports, job.targets);
   file->Close();
-  ExplainingBlanks(ports, {job.archivePath, list.path}, [&] {
+  ExplainingBlanks(ports, {job.archivePath, list.path, written.misread}, [&] {
     RunArchiver(ports, job, list.path);
-    CheckArchive(files, job.archivePath, count);
+    // Even if the number is right: an excluded file may have the name that the archiver has read.
+    if (!written.misread.empty()) ThrowIncomplete(job.archivePath, written.count, written.count - 1);
+    CheckArchive(files, job.archivePath, written.count);
   });
   job.counters.EndArchive();
   FlushFresh(ports.transfer, job.archivePath, my::FlushDepth::Device);

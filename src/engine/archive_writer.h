@@ -38,7 +38,7 @@ struct CArchiveJob {
 // flushes it to its device. A stop request ends the writing of the list; a running archiver is waited for.
 // Throws IDS_STOPPED, IDS_TEMP_PATH_FAILED, IDS_CREATE_FILE_FAILED, IDS_WRITE_FILE_FAILED,
 // IDS_CREATE_PROCESS_FAILED, IDS_PROCESS_EXIT_CODE, IDS_ARCHIVE_INCOMPLETE; the failure names a path that the
-// archiver has split.
+// archiver has split or misread.
 void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job);
 
 // Returns whether the archiver would split the path into several arguments, because its command line is not

@@ -6,6 +6,7 @@
 #include "engine/destination_path.h"
 #include "engine/folder_copy.h"
 #include "engine/fresh_files.h"
+#include "engine/helper_count.h"
 #include "engine/source_listing.h"
 #include "engine/task_filter.h"
 #include "engine/temporary_target.h"
@@ -156,7 +157,8 @@ void CBackupTask::Transfer(const CDst& dst, const std::wstring& temporaryPath) {
   LastRow().transfer = counters;
   if (!IsZip(dst.type)) {
     SetPhase(Phase::Copying);
-    return CopyToFolder(TransferPorts(), m_task->path, *m_targets, temporaryPath, *counters);
+    const my::CHelpers helpers = HelpersFor(m_ports, {m_task->path, temporaryPath});
+    return CopyToFolder(TransferPorts(), helpers, m_task->path, *m_targets, temporaryPath, *counters);
   }
   SetPhase(Phase::Archiving);
   WriteArchive({TransferPorts(), m_ports.process, m_ports.texts},

@@ -57,6 +57,10 @@ enum class FileLife { Kept, UntilClosed };
 // cache of the device, with everything sent before.
 enum class FlushDepth { WriteOut, Device };
 
+// What a path is on, as far as it matters for work by several threads. Seeks: a disk that loses time when it
+// alternates between files.
+enum class DiskKind { Unknown, Seeks, NoSeeks, Network };
+
 class IFileSystem {
  public:
   virtual ~IFileSystem() = default;
@@ -121,6 +125,10 @@ class IFileSystem {
   // Returns the bytes that the user may still write to the volume of an existing folder. A quota may be
   // smaller than the volume. Throws IDS_PATH_UNREADABLE.
   virtual uint64_t FreeSpace(const std::wstring& folder) = 0;
+
+  // Returns the kind of disk of a path, which need not exist; Unknown if the disk does not tell. May be as of
+  // a minute ago. Never throws.
+  virtual DiskKind Disk(const std::wstring& path) = 0;
 
   // Returns the system's folder for temporary files. Throws IDS_TEMP_PATH_FAILED.
   virtual std::wstring TemporaryFolder() = 0;

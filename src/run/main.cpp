@@ -68,7 +68,8 @@ int wmain(int argc, wchar_t** argv) {
   my::CWin32Threads threads;
   const my::CWin32KnownFolders folders;
   my::CWin32Power power;
-  const qlm::CRunnerPorts ports{{files, clock, ansi, texts, process}, dom, threads, console, folders, power};
+  const qlm::CEnginePorts engine{files, clock, ansi, texts, process, &threads, parsed.options.threads};
+  const qlm::CRunnerPorts ports{engine, dom, threads, console, folders, power};
   if (parsed.options.history) return qlm::ShowHistory(ports, parsed.options);
   if (parsed.options.scheduled) ::FreeConsole();  // the user might close it, and so end the run
   const int exitCode = qlm::RunDocument(ports, parsed.options);

@@ -63,6 +63,7 @@ void AddOptions(CLI::App& app, COptions& options, CRawOptions& raw, const CUtf8T
   app.add_flag("--password-stdin", options.passwordStdin, text(IDS_OPTION_PASSWORD_STDIN));
   app.add_flag("--scheduled", options.scheduled, text(IDS_OPTION_SCHEDULED));
   app.add_flag("--history", options.history, text(IDS_OPTION_HISTORY));
+  app.add_option("--threads", options.threads)->check(CLI::Range(1, 16))->group("");  // hidden: for measuring
 }
 
 // Checks what the library would repeat in every line of the help: a run needs a document, and the

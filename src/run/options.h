@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,7 @@ struct COptions {
   bool scheduled = false;      // started by the Task Scheduler: without console, a failure is notified
   std::wstring archiverPath;   // empty: the path in the settings
   std::wstring settingsPath;   // empty: the settings file of the user
+  size_t threads = 0;          // that a job uses; 0: as many as suit its disks
   bool passwordStdin = false;  // reads the zip password from the first line of standard input
 };
 

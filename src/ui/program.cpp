@@ -25,13 +25,14 @@
 namespace qlm {
 namespace {
 
-// The ports that threads for lookups, plans and advice use.
+// The ports that jobs and the threads for lookups, plans and advice use.
 struct CSharedPorts {
   my::CWin32FileSystem files;
   my::CWin32Clock clock;
   my::CWin32AnsiCodec ansi;
   my::CWin32MessageTexts texts;
   my::CWin32Process process;
+  my::CWin32Threads threads;
 };
 
 // Never destroyed, because an unresponsive network may block such a thread until the process ends.
@@ -44,7 +45,6 @@ CSharedPorts& SharedPorts() {
 struct CWin32Ports {
   my::CMsxmlDom dom;
   CSharedPorts& shared = SharedPorts();
-  my::CWin32Threads threads;
   my::CWin32KnownFolders folders;
   my::CWin32Power power;
   my::CWin32Hash hash;
@@ -53,9 +53,9 @@ struct CWin32Ports {
   CDocumentClipboard clipboard;
 
   CAppPorts Ports() {
-    return {{shared.files, shared.clock, shared.ansi, shared.texts, shared.process},
+    return {{shared.files, shared.clock, shared.ansi, shared.texts, shared.process, &shared.threads},
             dom,
-            threads,
+            shared.threads,
             folders,
             power,
             hash,

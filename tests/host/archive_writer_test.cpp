@@ -117,6 +117,14 @@ TEST_F(ArchiveWriter, archive_is_verified_instead_of_the_exit_code) {
   EXPECT_FALSE(files.Files().contains(expectedList));
 }
 
+TEST_F(ArchiveWriter, name_that_the_archiver_reads_as_that_of_an_excluded_file_is_reported) {
+  targets.Add(L" c.txt", {L"", {1}, 1, 0}, nullptr);
+  archive = EndRecord(3);
+  archivePath = L"D:\\d\\_tmp_a.zip";
+  EXPECT_EQ(Write(), IDS_ARCHIVE_INCOMPLETE);
+  EXPECT_TRUE(text.ends_with(L" -  c.txt")) << "names the file";
+}
+
 TEST_F(ArchiveWriter, zip64_end_record_is_read) {
   std::string record(56, '\0');
   record.replace(0, 4, "PK\6\6");

@@ -23,16 +23,8 @@ constexpr my::CFileTime kOlder{kNewest.ticks - 1};
 const std::map<std::wstring, std::string> kSource = {
     {L"a.txt", "first"}, {L"sub\\b.txt", "second"}, {L"sub\\deep\\c.txt", "third"}, {L"z.txt", "fourth"}};
 
-class CStopAfter : public my::IStopQuery {
- public:
-  explicit CStopAfter(int questions) : m_left(questions) {}
-  bool IsStopRequested() const override { return m_left-- <= 0; }
-
- private:
-  mutable int m_left;
-};
-
-class BackupTask : public testing::Test {
+// The parameter is the number of threads.
+class BackupTask : public testing::TestWithParam<size_t> {
  protected:
   BackupTask() { AddSource(); }
 
@@ -46,7 +38,7 @@ class BackupTask : public testing::Test {
   }
 
   qlm::CResults Run(const my::IStopQuery* stop = nullptr, bool listOnly = false) {
-    const qlm::CEnginePorts ports{files, clock, ansi, texts, process};
+    const qlm::CEnginePorts ports{files, clock, ansi, texts, process, &threads, GetParam()};
     const auto job = boost::make_shared<CBackupTask>(ports, qlm::CBackupJob{task, L"C:\\7z.exe", L"pw"});
     job->SetStopQuery(stop);
     job->SetListOnly(listOnly);
@@ -80,10 +72,13 @@ class BackupTask : public testing::Test {
   test::CFakeAnsiCodec ansi;
   test::CRcTexts texts;
   test::CFakeProcess process;
+  test::CStdThreads threads;
   qlm::CTask task{L"書類", L"C:\\src", L"", {}};
 };
 
-TEST_F(BackupTask, unchanged_source_is_skipped) {
+INSTANTIATE_TEST_SUITE_P(Threads, BackupTask, testing::Values(1, 2, 4));
+
+TEST_P(BackupTask, unchanged_source_is_skipped) {
   AddDst(L" <ID>_<Y>_<s>\\ ");
   AddDst(L"other");
   const auto rows = Run();
@@ -98,7 +93,7 @@ TEST_F(BackupTask, unchanged_source_is_skipped) {
   EXPECT_EQ(Outcome(Run()), "CREATED, SKIPPED") << "a newer file makes a new name where the pattern shows it";
 }
 
-TEST_F(BackupTask, source_without_files_to_back_up_fails_before_any_destination) {
+TEST_P(BackupTask, source_without_files_to_back_up_fails_before_any_destination) {
   AddDst(L"x");
   task.path = L"C:\\none";
   qlm::CResults rows = Run();
@@ -120,7 +115,7 @@ TEST_F(BackupTask, source_without_files_to_back_up_fails_before_any_destination)
   EXPECT_EQ(files.Kind(L"D:\\dst"), my::PathKind::None);
 }
 
-TEST_F(BackupTask, file_or_folder_of_the_wrong_kind_at_the_destination_fails_the_job) {
+TEST_P(BackupTask, file_or_folder_of_the_wrong_kind_at_the_destination_fails_the_job) {
   AddDst(L"free");
   AddDst(L"taken");
   AddDst(L"later");
@@ -135,7 +130,7 @@ TEST_F(BackupTask, file_or_folder_of_the_wrong_kind_at_the_destination_fails_the
   EXPECT_EQ(Outcome(Run()), "LISTED/PATH_NO_FILE_NAME") << "the destination folder itself is no backup";
 }
 
-TEST_F(BackupTask, filter_decides_what_is_listed_counted_and_copied) {
+TEST_P(BackupTask, filter_decides_what_is_listed_counted_and_copied) {
   AddDst(L"x");
   task.filterPath = L"C:\\f.flt";
   files.AddFile(task.filterPath, "# old\n+ ^sub/deep/$\n- ^sub/deep/\n- ^z\n", kOlder);
@@ -149,7 +144,7 @@ TEST_F(BackupTask, filter_decides_what_is_listed_counted_and_copied) {
             (std::map<std::wstring, std::string>{{L"a.txt", "first"}, {L"sub\\b.txt", "second"}}));
 }
 
-TEST_F(BackupTask, invalid_filter_fails_the_job_and_names_the_line) {
+TEST_P(BackupTask, invalid_filter_fails_the_job_and_names_the_line) {
   AddDst(L"x");
   task.filterPath = L"C:\\f.flt";
   EXPECT_EQ(Outcome(Run()), "LISTING/OPEN_FILE_FAILED");
@@ -162,7 +157,7 @@ TEST_F(BackupTask, invalid_filter_fails_the_job_and_names_the_line) {
   EXPECT_EQ(Outcome(Run()), "LISTING/REGEX_TOO_COMPLEX") << "an expression that is too complex";
 }
 
-TEST_F(BackupTask, folder_with_a_too_long_path_is_skipped_and_recorded) {
+TEST_P(BackupTask, folder_with_a_too_long_path_is_skipped_and_recorded) {
   AddDst(L"x");
   // "C:\src\" + 247 + "\*.*" has 258 characters; one more level exceeds 260.
   const std::wstring longName(247, L'n');
@@ -174,7 +169,7 @@ TEST_F(BackupTask, folder_with_a_too_long_path_is_skipped_and_recorded) {
   EXPECT_EQ(rows[0]->targets->Unlisted()[0].folder, longName + L"\\m\\");
 }
 
-TEST_F(BackupTask, denied_folder_is_reported_but_a_denied_junction_is_not) {
+TEST_P(BackupTask, denied_folder_is_reported_but_a_denied_junction_is_not) {
   AddDst(L"x");
   files.AddLink(L"C:\\src\\My Music");
   EXPECT_TRUE(Run(nullptr, true)[0]->targets->Unlisted().empty());
@@ -184,7 +179,7 @@ TEST_F(BackupTask, denied_folder_is_reported_but_a_denied_junction_is_not) {
   EXPECT_EQ(qlm::UnlistedText(texts, task, unlisted[0]), L"C:\\src\\sub\\ (system error (0x80070005))");
 }
 
-TEST_F(BackupTask, copy_of_a_linked_file_has_the_size_of_its_target) {
+TEST_P(BackupTask, copy_of_a_linked_file_has_the_size_of_its_target) {
   AddDst(L"x");
   task.path = L"C:\\links";
   files.AddFile(L"D:\\big", "linked content");
@@ -196,7 +191,7 @@ TEST_F(BackupTask, copy_of_a_linked_file_has_the_size_of_its_target) {
   EXPECT_EQ(Outcome(Run()), "COPYING/COPY_INCOMPLETE");
 }
 
-TEST_F(BackupTask, file_that_changes_size_while_copied_is_no_error) {
+TEST_P(BackupTask, file_that_changes_size_while_copied_is_no_error) {
   AddDst(L"x");
   for (const char* now : {"f", "first and much more"}) {
     files = {};
@@ -207,7 +202,7 @@ TEST_F(BackupTask, file_that_changes_size_while_copied_is_no_error) {
   }
 }
 
-TEST_F(BackupTask, device_and_stream_names_are_refused_before_anything_is_created) {
+TEST_P(BackupTask, device_and_stream_names_are_refused_before_anything_is_created) {
   for (const wchar_t* name : {L"...", L"<ID>\\..", L"nul", L"deep\\COM1.2024", L"a:b"}) {
     for (const bool listOnly : {false, true}) {
       task.dsts.clear();
@@ -221,7 +216,7 @@ TEST_F(BackupTask, device_and_stream_names_are_refused_before_anything_is_create
   for (const auto& line : files.Log()) EXPECT_FALSE(line.starts_with(L"create")) << "nothing is created";
 }
 
-TEST_F(BackupTask, unreachable_destination_fails_its_row) {
+TEST_P(BackupTask, unreachable_destination_fails_its_row) {
   AddDst(L"x");
   Run();
   for (const uint32_t code : {5u, 21u, 53u, 64u, 1231u}) {
@@ -232,7 +227,7 @@ TEST_F(BackupTask, unreachable_destination_fails_its_row) {
   EXPECT_EQ(Outcome(Run()), "LISTED/CREATE_FOLDER_FAILED") << "a missing drive";
 }
 
-TEST_F(BackupTask, temporarily_refused_rename_is_repeated) {
+TEST_P(BackupTask, temporarily_refused_rename_is_repeated) {
   AddDst(L"x");
   uint64_t start = clock.TickCount();
   files.RefuseRenames(12);
@@ -243,13 +238,13 @@ TEST_F(BackupTask, temporarily_refused_rename_is_repeated) {
   start = clock.TickCount();
   EXPECT_EQ(Outcome(Run()), "COPYING/MOVE_FILE_FAILED");
   EXPECT_EQ(clock.TickCount(), start + 15'000);
-  const CStopAfter stop(18);
+  const test::CStopAfter stop(18);
   start = clock.TickCount();
   EXPECT_EQ(Outcome(Run(&stop)), "COPYING/MOVE_FILE_FAILED");
   EXPECT_LT(clock.TickCount(), start + 1'000) << "a stop does not wait";
 }
 
-TEST_F(BackupTask, concurrent_runs_use_different_names_and_the_slower_one_skips) {
+TEST_P(BackupTask, concurrent_runs_use_different_names_and_the_slower_one_skips) {
   AddDst(L"x");
   files.Meanwhile(Op::COPY, [&] { EXPECT_EQ(Outcome(Run()), "CREATED"); });
   EXPECT_EQ(Outcome(Run()), "SKIPPED");
@@ -258,17 +253,17 @@ TEST_F(BackupTask, concurrent_runs_use_different_names_and_the_slower_one_skips)
   EXPECT_EQ(files.Kind(L"D:\\dst\\_tmp1_x"), my::PathKind::None);
 }
 
-TEST_F(BackupTask, stop_ends_the_job_at_its_next_check) {
+TEST_P(BackupTask, stop_ends_the_job_at_its_next_check) {
   AddDst(L"x");
   // Nine checks during the listing (including "." and ".." of three folders), then one before each target.
   for (int checks = 0; checks < 18; ++checks) {
-    const CStopAfter stop(checks);
+    const test::CStopAfter stop(checks);
     const auto rows = Run(&stop);
     EXPECT_EQ(rows[0]->error.code, uint32_t{IDS_STOPPED}) << checks;
     EXPECT_EQ(rows[0]->phase, checks < 12 ? qlm::Phase::Listing : qlm::Phase::Copying) << checks;
     EXPECT_EQ(files.Kind(L"D:\\dst\\x"), my::PathKind::None);
   }
-  const CStopAfter never(19);  // one more before the rename is repeated
+  const test::CStopAfter never(19);  // one more before the rename is repeated
   EXPECT_EQ(Outcome(Run(&never)), "CREATED");
 }
 
@@ -309,7 +304,9 @@ class BackupTaskFaults : public BackupTask {
   }
 };
 
-TEST_F(BackupTaskFaults, every_failed_operation_is_reported_and_leaves_no_incomplete_final_name) {
+INSTANTIATE_TEST_SUITE_P(Threads, BackupTaskFaults, testing::Values(1, 2, 4));
+
+TEST_P(BackupTaskFaults, every_failed_operation_is_reported_and_leaves_no_incomplete_final_name) {
   for (const Op op : kAllOps) {
     for (int n = 1;; ++n) {
       const std::string where =
@@ -339,7 +336,7 @@ TEST_F(BackupTaskFaults, every_failed_operation_is_reported_and_leaves_no_incomp
   }
 }
 
-TEST_F(BackupTaskFaults, crash_leaves_no_incomplete_final_name_and_the_next_run_succeeds) {
+TEST_P(BackupTaskFaults, crash_leaves_no_incomplete_final_name_and_the_next_run_succeeds) {
   for (int n = 1;; ++n) {
     files = {};
     AddSource();
@@ -362,7 +359,7 @@ TEST_F(BackupTaskFaults, crash_leaves_no_incomplete_final_name_and_the_next_run_
   }
 }
 
-TEST_F(BackupTaskFaults, archive_of_a_concurrent_run_is_not_written_to) {
+TEST_P(BackupTaskFaults, archive_of_a_concurrent_run_is_not_written_to) {
   task.dsts = {task.dsts[1]};
   files.AddFile(L"D:\\dst\\_tmp_two.zip", "torn, of a run that was killed");
   std::vector<std::wstring> archives;

@@ -45,7 +45,7 @@ class BackupThread : public testing::Test {
       if (IsZip(type)) pattern += L".zip";
       task.dsts.push_back(boost::make_shared<qlm::CDst>(qlm::CDst{L"D:\\dst", type, pattern}));
     }
-    const qlm::CEnginePorts ports{files, clock, ansi, texts, process};
+    const qlm::CEnginePorts ports{files, clock, ansi, texts, process, &threads, 4};
     controller.Add(boost::make_shared<qlm::CBackupTask>(ports, qlm::CBackupJob{task}));
   }
 

@@ -7,6 +7,7 @@
 #include <mutex>
 #include <vector>
 
+#include "engine/task_base.h"
 #include "platform/ansi_codec.h"
 #include "platform/clock.h"
 #include "platform/console.h"
@@ -79,6 +80,16 @@ class CStdThreads : public my::IThreads {
  public:
   std::unique_ptr<my::IRunningThread> Start(std::function<void()> body,
                                             const my::CThreadStart& start) override;
+};
+
+// Requests a stop after this number of questions.
+class CStopAfter : public my::IStopQuery {
+ public:
+  explicit CStopAfter(int questions) : m_left(questions) {}
+  bool IsStopRequested() const override { return m_left-- <= 0; }
+
+ private:
+  mutable std::atomic<int> m_left;
 };
 
 struct CFakeConsole : my::IConsole {

@@ -1,6 +1,7 @@
 // A file system in memory that is stricter than a real one: names are case-insensitive, trailing dots and
 // spaces are dropped, devices exist in every folder, ":" opens a stream, drives can be missing, a new file or
-// folder refuses its first rename, and a crash loses all unflushed bytes. Tests can make operations fail.
+// folder refuses its first rename, and a crash loses all unflushed bytes. Tests can make operations fail. Any
+// thread may call the port, and may add and remove files.
 #pragma once
 
 #include <algorithm>
@@ -64,6 +65,7 @@ class CMemoryFileSystem : public my::IFileSystem {
   // Adds a file written by another program, not flushed yet.
   void AddUnflushedFile(const std::wstring& path, std::string content) {
     AddFile(path, std::move(content));
+    const std::lock_guard hold(*m_lock);
     const CEntryPtr entry = Lookup(path);
     entry->cache = Cache::SYSTEM;
     entry->renameRefusals = m_renameRefusals;
@@ -73,6 +75,7 @@ class CMemoryFileSystem : public my::IFileSystem {
   // denies listing.
   void AddLink(const std::wstring& path, std::wstring target = {}, my::CFileTime time = {}) {
     AddFolder(std::wstring(my::ParentPath(path)));
+    const std::lock_guard hold(*m_lock);
     const CEntryPtr entry = Insert(path, target.empty());
     entry->attributes |= my::kAttributeLink;
     entry->linkTarget = std::move(target);
@@ -112,6 +115,9 @@ class CMemoryFileSystem : public my::IFileSystem {
   // Makes the n-th operation of this kind from now fail (n >= 1). Each kind has its own countdown.
   void FailAt(Op op, int n, uint32_t win32 = my::kErrorDiskFull) { m_faults[op] = {n, win32}; }
 
+  // Makes every operation of this kind on this path fail.
+  void FailOn(Op op, const std::wstring& path) { m_badPaths.emplace_back(op, path); }
+
   // Crashes at the n-th changing operation from now: a rename is completed, other operations are half done
   // where possible, files not flushed to the device lose their second half, and every later operation throws
   // CCrash.
@@ -119,6 +125,7 @@ class CMemoryFileSystem : public my::IFileSystem {
 
   void ClearFaults() {  // also ends a crash
     m_faults.clear();
+    m_badPaths.clear();
     m_crashIn = 0;
     m_crashed = m_failed = false;
   }
@@ -151,7 +158,8 @@ class CMemoryFileSystem : public my::IFileSystem {
   }
 
   my::PathKind Kind(const std::wstring& path) override {
-    Begin(Op::KIND, L"kind", IDS_PATH_UNREADABLE, {path}).End();
+    const CStep step = Begin(Op::KIND, L"kind", IDS_PATH_UNREADABLE, {path});
+    step.End();
     if (IsFolder(path)) return my::PathKind::Folder;
     return IsDevice(path) || Lookup(path) ? my::PathKind::File : my::PathKind::None;
   }
@@ -269,6 +277,8 @@ class CMemoryFileSystem : public my::IFileSystem {
     return found == m_freeSpace.end() ? uint64_t{1} << 40 : found->second;
   }
 
+  my::DiskKind Disk(const std::wstring&) override { return my::DiskKind::Unknown; }
+
   std::wstring TemporaryFolder() override {
     Begin(Op::TEMP_FOLDER, L"temporary folder", IDS_TEMP_PATH_FAILED, {}).End();
     return m_temporaryFolder;
@@ -329,7 +339,8 @@ class CMemoryFileSystem : public my::IFileSystem {
     CFind(CMemoryFileSystem& owner, std::vector<CEntryPtr> found) : disk(owner), entries(std::move(found)) {}
 
     bool Next(my::CFindData& data) override {
-      disk.Begin(Op::NEXT, L"next", IDS_LIST_FOLDER_FAILED, {L""}).End();
+      const CStep step = disk.Begin(Op::NEXT, L"next", IDS_LIST_FOLDER_FAILED, {L""});
+      step.End();
       if (next == entries.size()) return false;
       const CEntry& entry = *entries[next++];
       name = my::LastComponent(entry.path);
@@ -369,8 +380,9 @@ class CMemoryFileSystem : public my::IFileSystem {
     }
 
     void Close() override {
+      const CStep step = Begin(Op::CLOSE, L"close");
       entry->open = false;
-      Begin(Op::CLOSE, L"close").End();
+      step.End();
     }
 
     CStep Begin(Op op, const wchar_t* name) {
@@ -410,6 +422,8 @@ class CMemoryFileSystem : public my::IFileSystem {
       m_failed = true;
       step.win32 = fault->second.win32;
     }
+    const bool bad = !paths.empty() && std::ranges::count(m_badPaths, std::pair(op, paths[0])) != 0;
+    if (bad) step.win32 = my::kErrorDiskFull;
     return step;
   }
 
@@ -507,6 +521,7 @@ class CMemoryFileSystem : public my::IFileSystem {
   std::map<wchar_t, uint64_t> m_freeSpace;
   std::map<Op, std::function<void()>> m_meanwhile;
   std::map<Op, CFault> m_faults;
+  std::vector<std::pair<Op, std::wstring>> m_badPaths;
   std::vector<std::wstring> m_log;
   int m_crashIn = 0;
   bool m_crashed = false;

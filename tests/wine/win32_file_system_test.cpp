@@ -157,6 +157,14 @@ TEST(Win32FileSystem, relative_path_is_in_the_current_folder_however_long_it_is)
   EXPECT_EQ(files.FullPath(L"C:\\a\\..\\b.qlmr"), L"C:\\b.qlmr");
 }
 
+TEST(Win32FileSystem, disk_of_a_missing_path_is_that_of_its_volume) {
+  test::CScratchFolder scratch;
+  EXPECT_EQ(scratch.files.Disk(scratch.At(L"missing\\deeper")), scratch.files.Disk(scratch.At(L"")));
+  for (const wchar_t* path : {L"", L"Q:\\none", L"?"}) {
+    EXPECT_EQ(scratch.files.Disk(path), my::DiskKind::Unknown) << path;
+  }
+}
+
 TEST(Win32MessageTexts, system_and_table_speak_japanese) {
   const my::CWin32MessageTexts texts;
   EXPECT_EQ(texts.Text(IDS_PHASE_SKIPPED), L"正常終了 - 更新されていないためスキップされました");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/file_system.h"
+#include "platform/win32/disk_kinds.h"
 
 namespace my {
 
@@ -22,7 +23,11 @@ class CWin32FileSystem : public IFileSystem {
   std::unique_ptr<INewFile> OpenToAppend(const std::wstring& path) override;
   std::string ReadFile(const std::wstring& path, uint64_t most, uint64_t offset) override;
   uint64_t FreeSpace(const std::wstring& folder) override;
+  DiskKind Disk(const std::wstring& path) override { return m_disks.Of(path); }
   std::wstring TemporaryFolder() override;
+
+ private:
+  CDiskKinds m_disks;
 };
 
 }  // namespace my
