@@ -42,7 +42,9 @@ print_macros >"$work/files.nsh"
 # Setup contains the times of these files.
 touch -d "@${SOURCE_DATE_EPOCH:-0}" "$folder/files.txt" "$work/side.bmp"
 icon=$(awk '$2 == "IDI_DOCUMENT" { print $3 }' "$top/res/control_ids.h")
+identity=$(sed -nE 's/.*kAppIdentity\[\] = L"(.*)";/\1/p' "$top/src/platform/win32/app_identity.h")
 mkdir -p "$(dirname "$output")"
 cd "$top/packaging"
 makensis -V2 -WX -INPUTCHARSET UTF8 "-DVERSION=$version" "-DSIZE_KB=$(size_kb)" \
-  "-DDOCUMENT_ICON=$icon" "-DOUTPUT=$output" "-DFILES=$work/files.nsh" "-DSIDE_IMAGE=$work/side.bmp" setup.nsi
+  "-DDOCUMENT_ICON=$icon" "-DIDENTITY=$identity" "-DOUTPUT=$output" \
+  "-DFILES=$work/files.nsh" "-DSIDE_IMAGE=$work/side.bmp" setup.nsi

@@ -1,5 +1,5 @@
-; The setup program and the uninstaller. packaging/make_setup.sh passes VERSION, SIZE_KB, DOCUMENT_ICON, OUTPUT,
-; SIDE_IMAGE and FILES, a script with the macros of the installed files.
+; The setup program and the uninstaller. packaging/make_setup.sh passes VERSION, SIZE_KB, DOCUMENT_ICON, IDENTITY,
+; OUTPUT, SIDE_IMAGE and FILES, a script with the macros of the installed files.
 ;
 ; Switches: /S silent, /CURRENTUSER, /ALLUSERS, /D=FOLDER (last, without quotes). Uninstaller: /S, /SETTINGS removes
 ; settings and history, too.
@@ -43,6 +43,8 @@ VIFileVersion "${VERSION}.0"
 !include FileFunc.nsh
 !include TextFunc.nsh
 !include WinMessages.nsh
+!include Win\COM.nsh
+!include Win\Propkey.nsh
 !include "${FILES}"
 !include scope.nsh
 !include in_use.nsh

@@ -24,6 +24,7 @@ unsaved: wait for the backup or save your edits, then choose Retry."
 
 !insertmacro TEXT DOCUMENT_NAME "${PRODUCT} ドキュメント" "${PRODUCT} document"
 !insertmacro TEXT FILTER_NAME "${PRODUCT} フィルター" "${PRODUCT} filter"
+!insertmacro TEXT CHECK_FILTER "${PRODUCT} で確認(&Q)" "Check with &${PRODUCT}"
 !insertmacro TEXT MANUAL_NAME "${MANUAL_NAME_JA}" "${MANUAL_NAME_EN}"
 
 !insertmacro TEXT SETTINGS_TITLE "設定と履歴" "Settings and history"

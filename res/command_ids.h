@@ -19,6 +19,7 @@
 #define ID_HISTORY                   170
 #define ID_FIRST_BACKUP              180
 #define ID_SCHEDULES                 181
+#define ID_CHECK_GIVEN_FILTER        182
 #define ID_NEW                       57600
 #define ID_OPEN                      57601
 #define ID_SAVE                      57603

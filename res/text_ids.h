@@ -746,6 +746,11 @@
 #define IDS_OPTION_HISTORY           1227
 #define IDS_HELP_EXCLUDES            1228
 #define IDS_OPTION_SCHEDULED         1229
+#define IDS_OPTIONS_UNEXPECTED       1260
+#define IDS_OPTIONS_NO_DOCUMENT      1261
+#define IDS_OPTIONS_EXCLUSIVE        1262
+#define IDS_OPTIONS_ONE_VALUE        1263
+#define IDS_OPTIONS_NO_VALUE         1264
 
 // Regular expressions.
 #define IDS_REGEX_ERROR              59096

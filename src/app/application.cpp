@@ -20,7 +20,7 @@ bool IsMru(uint32_t id) {
 
 CApplication::CApplication(const CAppPorts& ports, CSettings& settings, CDocument& document,
                            my::IMessageBox& box, IMainWindow& window, IDialogs& dialogs,
-                           std::wstring commandLine)
+                           const std::wstring& commandLine)
     : m_settings(settings),
       m_document(document),
       m_messenger(ports.engine.texts, box, m_document),
@@ -28,7 +28,7 @@ CApplication::CApplication(const CAppPorts& ports, CSettings& settings, CDocumen
       m_replace(m_document, m_settings.replaceDlg, window, dialogs),
       m_session(m_document, m_run),
       m_context{ports, m_messenger, m_settings, m_document, m_run, m_replace, m_session, window, dialogs},
-      m_table(m_context, std::move(commandLine)),
+      m_table(m_context, commandLine),
       m_edits(m_context),
       m_record(ports.threads) {
   m_document.AddListener([this](DocChangeEventFlags) { OnDocumentChanged(); });

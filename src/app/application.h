@@ -22,7 +22,7 @@ class CApplication : private IRunObserver {
  public:
   // All arguments must outlive the application. `commandLine` is the whole command line of the process.
   CApplication(const CAppPorts& ports, CSettings& settings, CDocument& document, my::IMessageBox& box,
-               IMainWindow& window, IDialogs& dialogs, std::wstring commandLine);
+               IMainWindow& window, IDialogs& dialogs, const std::wstring& commandLine);
   CApplication(const CApplication&) = delete;
   CApplication& operator=(const CApplication&) = delete;
   ~CApplication() override;

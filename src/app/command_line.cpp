@@ -4,6 +4,16 @@
 #include "text_ids.h"
 
 namespace qlm {
+namespace {
+
+// The path is part of the argument, because two arguments are refused.
+constexpr std::wstring_view kCheckFilter = L"--check-filter=";
+
+bool IsFilterCheck(std::wstring_view argument) {
+  return argument.starts_with(kCheckFilter);
+}
+
+}  // namespace
 
 std::vector<std::wstring> CCommandLineParserUtil::Split(std::wstring_view text) {
   std::vector<std::wstring> arguments;
@@ -36,10 +46,16 @@ CSimpleCommandLineParser::CSimpleCommandLineParser(std::wstring_view text)
 std::wstring CSingleCommandLineParser::Path() const {
   const auto& arguments = Arguments();
   if (arguments.empty()) return {};
-  if (arguments.size() == 1) return arguments.front();
+  if (arguments.size() == 1) return IsFilterCheck(arguments.front()) ? std::wstring() : arguments.front();
   std::wstring list;
   for (const std::wstring& argument : arguments) list.append(list.empty() ? L"" : L"\n").append(argument);
   throw my::CException(IDS_TOO_MANY_ARGUMENTS, {std::to_wstring(arguments.size()), list});
+}
+
+std::wstring CSingleCommandLineParser::FilterToCheck() const {
+  const auto& arguments = Arguments();
+  if (arguments.size() != 1 || !IsFilterCheck(arguments.front())) return {};
+  return arguments.front().substr(kCheckFilter.size());
 }
 
 }  // namespace qlm

@@ -1,4 +1,5 @@
-// The command line of the desktop program: at most the path of one document.
+// The command line of the desktop program: at most one argument, the path of a document to open or
+// --check-filter=PATH.
 #pragma once
 
 #include <string>
@@ -30,8 +31,11 @@ class CSingleCommandLineParser : public CSimpleCommandLineParser {
  public:
   using CSimpleCommandLineParser::CSimpleCommandLineParser;
 
-  // Returns the path; empty if there is no argument. Throws IDS_TOO_MANY_ARGUMENTS.
+  // Returns the path of the document; empty if there is none. Throws IDS_TOO_MANY_ARGUMENTS.
   std::wstring Path() const;
+
+  // Returns the path of the filter file to check; empty if there is none.
+  std::wstring FilterToCheck() const;
 };
 
 }  // namespace qlm

@@ -2,14 +2,15 @@
 
 #include <boost/smart_ptr/make_shared.hpp>
 
+#include "app/command_line.h"
 #include "command_ids.h"
 #include "document/document.h"
 #include "text_ids.h"
 
 namespace qlm {
 
-CCommandTable::CCommandTable(CAppContext& context, std::wstring commandLine)
-    : init(boost::make_shared<CCommandInit>(context, quit, std::move(commandLine))),
+CCommandTable::CCommandTable(CAppContext& context, const std::wstring& commandLine)
+    : init(boost::make_shared<CCommandInit>(context, quit, commandLine)),
       quit(boost::make_shared<CCommandQuit>(context)),
       exec(boost::make_shared<CCommandExec>(context, RunKind::Document)),
       execAndPowerOff(boost::make_shared<CCommandExec>(context, RunKind::DocumentThenPowerOff)),
@@ -33,7 +34,9 @@ CCommandTable::CCommandTable(CAppContext& context, std::wstring commandLine)
                                                           context.window.DstList(), &FolderOf, true)),
       schedules(boost::make_shared<CCommandSchedules>(context)),
       openUrl(boost::make_shared<CCommandOpenUrl>(context)),
-      firstBackup(boost::make_shared<CCommandManual>(context, L"first-backup.html")) {}
+      firstBackup(boost::make_shared<CCommandManual>(context, L"first-backup.html")),
+      checkFilter(boost::make_shared<CCommandCheckFilter>(
+          context, CSingleCommandLineParser(commandLine).FilterToCheck())) {}
 
 CCommand* CCommandTable::Find(uint32_t id) {
   switch (id) {
@@ -59,6 +62,7 @@ CCommand* CCommandTable::Find(uint32_t id) {
     case ID_HOME_PAGE: openUrl->SetPage(IDS_HOME_PAGE_URL); return openUrl.get();
     case ID_USAGE_PAGE: openUrl->SetPage(IDS_USAGE_PAGE_URL); return openUrl.get();
     case ID_FIRST_BACKUP: return firstBackup.get();
+    case ID_CHECK_GIVEN_FILTER: return checkFilter.get();
     default: return nullptr;
   }
 }

@@ -18,7 +18,7 @@ namespace qlm {
 
 struct CCommandTable {
   // `commandLine` is the whole command line of the process.
-  CCommandTable(CAppContext& context, std::wstring commandLine);
+  CCommandTable(CAppContext& context, const std::wstring& commandLine);
 
   // Returns the command with this id (ID_...), and sets the page of openUrl. Null for other ids. Commands for
   // recent documents are created when used and are not in the table.
@@ -47,6 +47,7 @@ struct CCommandTable {
   boost::shared_ptr<CCommandSchedules> schedules;
   boost::shared_ptr<CCommandOpenUrl> openUrl;
   boost::shared_ptr<CCommandManual> firstBackup;
+  boost::shared_ptr<CCommandCheckFilter> checkFilter;
 };
 
 }  // namespace qlm

@@ -4,6 +4,7 @@
 #include "app/document_commands.h"
 #include "app/messenger.h"
 #include "app/windows.h"
+#include "command_ids.h"
 #include "document/document.h"
 #include "engine/archiver_location.h"
 #include "platform/file_system.h"
@@ -56,8 +57,9 @@ void CCommandInit::Execute(bool run) {
   FindArchiverIfUnknown();
   m_quit->SetSkipSave(false);
   m_context.window.ApplySettings(m_context.settings);
-  m_context.document.Reset({}, {});
   OpenFirstDocument();
+  const bool checksFilter = !CSingleCommandLineParser(m_commandLine).FilterToCheck().empty();
+  if (checksFilter) m_context.window.PostCommand(ID_CHECK_GIVEN_FILTER);
 }
 
 // Returns whether to continue.
@@ -87,20 +89,29 @@ void CCommandInit::FindArchiverIfUnknown() {
   if (path.empty()) path = FindArchiver(m_context.ports.engine.files, m_context.ports.folders);
 }
 
+// The document is empty until here, but the window does not show that yet.
 void CCommandInit::OpenFirstDocument() {
   try {
     RunInline(m_context, true, [this] {
       std::wstring path = CSingleCommandLineParser(m_commandLine).Path();
       if (path.empty()) path = m_context.settings.ui.lastPath;
-      if (!path.empty())
-        CCommandOpen(m_context, false, path).Execute(true);
+      if (path.empty())
+        ShowEmptyDocument();
       else
-        m_context.window.UpdateTitle();
+        CCommandOpen(m_context, false, path).Execute(true);
     });
   } catch (const my::CCtrlException&) {
-    m_context.document.Reset({}, {});
-    m_context.window.UpdateTitle();
+    ShowEmptyDocument();
   }
+}
+
+void CCommandInit::ShowEmptyDocument() {
+  m_context.document.Reset({}, {});
+  m_context.window.UpdateTitle();
+}
+
+void CCommandCheckFilter::Execute(bool run) {
+  if (run) m_context.dialogs.ShowFilter(m_context.ports.engine.files.FullPath(m_path), {});
 }
 
 }  // namespace qlm

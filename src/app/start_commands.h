@@ -26,8 +26,9 @@ class CCommandQuit final : public CCommand {
   bool m_skipSave = true;
 };
 
-// Loads the settings and opens the first document. Runs once, when the main window has been created. Closes
-// the window if the user does not want to continue without the settings.
+// Loads the settings, opens the first document, and posts CCommandCheckFilter if a filter file is given. Runs
+// once, when the main window has been created. Closes the window if the user does not want to continue
+// without the settings.
 class CCommandInit final : public CCommand {
  public:
   // `commandLine` is the whole command line of the process. `quit` may still be null here, but not when the
@@ -42,9 +43,23 @@ class CCommandInit final : public CCommand {
   bool AskAboutFailure(const std::wstring& path, my::CException failure);
   void FindArchiverIfUnknown();
   void OpenFirstDocument();
+  void ShowEmptyDocument();
 
   const boost::shared_ptr<CCommandQuit>& m_quit;
   std::wstring m_commandLine;
+};
+
+// Checks the filter file given on the command line.
+class CCommandCheckFilter final : public CCommand {
+ public:
+  // `path` may be relative to the current folder.
+  CCommandCheckFilter(CAppContext& context, std::wstring path) : CCommand(context), m_path(std::move(path)) {}
+
+  // The dialog reports a file that cannot be read.
+  void Execute(bool run) override;
+
+ private:
+  std::wstring m_path;
 };
 
 }  // namespace qlm

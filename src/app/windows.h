@@ -66,6 +66,9 @@ class IMainWindow {
   // Closes the window, as the user would, after the current command.
   virtual void PostClose() = 0;
 
+  // Executes a command after the current one, when the window is on the screen.
+  virtual void PostCommand(uint32_t id) = 0;
+
   // Sets the reason why the session must not end now; an empty text removes it.
   virtual void HoldSession(const std::wstring& reason) = 0;
 

@@ -6,6 +6,7 @@
 
 #include "control_ids.h"
 #include "platform/message_texts.h"
+#include "platform/win32/app_identity.h"
 #include "platform/win32/com.h"
 #include "platform/win32/msxml_dom.h"
 #include "platform/win32/standalone_notice.h"
@@ -48,6 +49,7 @@ bool IsFailure(int exitCode) {
 
 int wmain(int argc, wchar_t** argv) {
   my::LoadOnlySystemLibraries();
+  my::SetAppIdentity();
   my::CWin32Console console;
   my::CWin32MessageTexts texts;
   const qlm::CParsedOptions parsed =

@@ -79,11 +79,36 @@ void CheckCombination(const CLI::App& app, const COptions& options) {
   }
 }
 
-// Replaces the texts of the library, except those that explain an error.
+// Returns the options that a text of the library names.
+std::wstring NamedOptions(const CLI::App& app, const std::string& text) {
+  std::wstring names;
+  for (const CLI::Option* option : app.get_options()) {
+    const std::string name = option->get_name();
+    if (text.find(name) == std::string::npos) continue;
+    names.append(names.empty() ? L"" : L", ").append(my::WideFromUtf8(name));
+  }
+  return names;
+}
+
+// Returns what is wrong with the options, in the language of the texts.
+std::string Explanation(const CLI::App& app, const CLI::Error& error, const CUtf8Texts& text) {
+  const std::wstring names = NamedOptions(app, error.what());
+  switch (static_cast<CLI::ExitCodes>(error.get_exit_code())) {
+    case CLI::ExitCodes::ExtrasError:
+      return text(IDS_OPTIONS_UNEXPECTED, {my::WideFromUtf8(CLI::detail::join(app.remaining(), " "))});
+    case CLI::ExitCodes::RequiredError: return text(IDS_OPTIONS_NO_DOCUMENT);
+    case CLI::ExitCodes::ExcludesError: return text(IDS_OPTIONS_EXCLUSIVE, {names});
+    case CLI::ExitCodes::ArgumentMismatch: return text(IDS_OPTIONS_ONE_VALUE, {names});
+    case CLI::ExitCodes::ConversionError: return text(IDS_OPTIONS_NO_VALUE, {names});
+    default: return error.what();
+  }
+}
+
+// Replaces the texts of the library.
 void SetTexts(CLI::App& app, const CUtf8Texts& text) {
   app.name("QuillmoorRun");
-  app.failure_message([text](const CLI::App*, const CLI::Error& error) {
-    return text(IDS_HELP_BAD_OPTIONS, {my::WideFromUtf8(error.what())}) + "\n";
+  app.failure_message([text](const CLI::App* failed, const CLI::Error& error) {
+    return text(IDS_HELP_BAD_OPTIONS, {my::WideFromUtf8(Explanation(*failed, error, text))}) + "\n";
   });
   app.footer(text(IDS_HELP_EXIT_CODES));
   app.get_formatter()->label("Usage", text(IDS_HELP_USAGE));

@@ -4,6 +4,7 @@
 #include <commctrl.h>
 #include <ole2.h>
 
+#include "platform/win32/app_identity.h"
 #include "platform/win32/system_function.h"
 #include "ui/program.h"
 
@@ -27,6 +28,7 @@ class COle {
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int showCommand) {
   my::LoadOnlySystemLibraries();
+  my::SetAppIdentity();
   const COle ole;
   ::DefWindowProcW(nullptr, 0, 0, 0);  // initializes user32 before the first window is created
   const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_BAR_CLASSES | ICC_LISTVIEW_CLASSES |

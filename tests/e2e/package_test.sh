@@ -63,7 +63,8 @@ cp -r "$packages/$name" "$work/older"
 echo old >"$work/older/manual/old.html"
 "$top/packaging/make_setup.sh" "$work/older" 0.9.0 "$work/older.exe"
 
-run_windows 0 reg add 'HKCU\Software\Classes\.flt' /d Other.Filter /f
+run_windows 0 reg add 'HKLM\Software\Classes\.flt' /d Other.Filter /f
+run_windows 0 reg add 'HKCU\Software\Classes' /f # every user has it on Windows
 state >"$work/before"
 
 run_windows 0 "$work/older.exe" /S
@@ -87,9 +88,12 @@ expect_registry "$uninstall_key" DisplayVersion "$version"
 expect_registry "$uninstall_key" EstimatedSize 0x
 expect_registry 'Microsoft\Windows\CurrentVersion\App Paths\QuillmoorRun.exe' '' QuillmoorRun.exe
 expect_registry 'Classes\.qlmr' '' Quillmoor.Document
-expect_registry 'Classes\.flt' '' Other.Filter
+run_windows 0 reg query 'HKCR\.flt' /ve
+expect_out Other.Filter
 expect_registry 'Classes\.flt\OpenWithProgids' Quillmoor.Filter ''
 expect_registry 'Classes\Quillmoor.Document\shell\open\command' '' '\Quillmoor.exe" "%1"'
+expect_registry 'Classes\Quillmoor.Document' AppUserModelID Tenkowa.Quillmoor
+expect_registry 'Classes\Quillmoor.Filter\shell\check\command' '' '\Quillmoor.exe" "--check-filter=%1"'
 
 # A runner that waits for its password is not replaced.
 cat >"$work/doc.qlmr" <<END

@@ -10,11 +10,11 @@ namespace {
 
 class CProgram {
  public:
-  explicit CProgram(const std::wstring& documentPath) {
+  explicit CProgram(const std::wstring& argument) {
     std::wstring path(MAX_PATH, L'\0');
     path.resize(::GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
     std::wstring command =
-        L"\"" + my::JoinPath(my::ParentPath(path), L"Quillmoor.exe") + L"\" \"" + documentPath + L"\"";
+        L"\"" + my::JoinPath(my::ParentPath(path), L"Quillmoor.exe") + L"\" \"" + argument + L"\"";
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
@@ -64,6 +64,26 @@ TEST(Program, opens_a_document_from_the_command_line_runs_it_and_quits) {
   ::PostMessageW(window, WM_CLOSE, 0, 0);
   EXPECT_TRUE(test::PumpUntil([&] { return program.Ended(); }));
   EXPECT_EQ(program.ExitCode(), 0u);
+}
+
+// Closes the message box about the last document, which may be gone.
+HWND FilterDialog() {
+  for (HWND dialog = nullptr; (dialog = ::FindWindowExW(nullptr, dialog, L"#32770", nullptr)) != nullptr;) {
+    if (::GetDlgItem(dialog, IDC_FILTER_LINES)) return dialog;
+    ::PostMessageW(dialog, WM_CLOSE, 0, 0);
+  }
+  return nullptr;
+}
+
+TEST(Program, checks_a_filter_file_from_the_command_line) {
+  test::CScratchFolder scratch;
+  scratch.Write(L"a b.flt", "- \\.tmp$\r\n");
+  const CProgram program(L"--check-filter=" + scratch.At(L"a b.flt"));
+  ASSERT_TRUE(test::PumpUntil([] { return FilterDialog() != nullptr; }));
+  const HWND dialog = FilterDialog();
+  EXPECT_EQ(test::TextOf(::GetDlgItem(dialog, IDC_FILTER_FILE)), scratch.At(L"a b.flt"));
+  ::PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+  EXPECT_TRUE(test::PumpUntil([&] { return ::IsWindowEnabled(program.Window()) != FALSE; }));
 }
 
 }  // namespace

@@ -244,4 +244,20 @@ TEST_F(Runner, plan_shows_rows_and_advice_and_creates_nothing) {
   EXPECT_EQ(Run({L"--plan", L"--test"}), qlm::kExitUnusable);
 }
 
+TEST_F(Runner, wrong_options_are_explained_in_the_language_of_the_program) {
+  const std::pair<std::vector<std::wstring>, std::wstring> cases[] = {
+      {{}, L"ドキュメントを指定してください"},
+      {{L"a", L"--wrong", L"b"}, L"引数です: --wrong b"},
+      {{L"a", L"--task"}, L"指定してください: --task"},
+      {{L"a", L"--7z", L"b", L"--7z=c"}, L"指定してください: --7z"},
+      {{L"a", L"--json=b"}, L"指定できません: --json"},
+      {{L"a", L"--plan", L"--test"}, L"指定できません: --test, --plan"},
+      {{L"--history", L"--quiet"}, L"指定できません: --quiet, --history"},
+  };
+  for (const auto& [arguments, expected] : cases) {
+    const std::wstring text = qlm::ParseOptions(arguments, texts).text;
+    EXPECT_NE(text.find(expected + L"\n使い方は"), text.npos) << my::Utf8FromWide(text);
+  }
+}
+
 }  // namespace

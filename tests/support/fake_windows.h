@@ -52,6 +52,7 @@ struct CFakeWindow : qlm::IMainWindow {
     if (onTitle) onTitle();
   }
   void PostClose() override { closing = true; }
+  void PostCommand(uint32_t id) override { posted.push_back(id); }
   void HoldSession(const std::wstring& reason) override { hold = reason; }
   void ShowClosing() override { ++closingShown; }
   void StartTimer(uint32_t) override { timer = true; }
@@ -73,6 +74,7 @@ struct CFakeWindow : qlm::IMainWindow {
   my::CRect bounds{1, 2, 3, 4};
   bool shown = false;
   bool closing = false;
+  std::vector<uint32_t> posted;
   bool timer = false;
   std::function<void()> onTitle;
   std::wstring hold;  // reason why the session must not end

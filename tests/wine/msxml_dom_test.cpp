@@ -47,6 +47,10 @@ class MsxmlDom : public testing::Test {
 TEST_F(MsxmlDom, invalid_files_get_a_fitting_message) {
   const std::string good = "<QuillmoorDoc><Version>2.5.0.0</Version><Dsts/><Tasks/><Unknown/></QuillmoorDoc>";
   EXPECT_EQ(LoadFailure(good), 0u);
+  std::string foreign = "<!-- x -->" + good;
+  EXPECT_EQ(LoadFailure(foreign.insert(foreign.find("<Dsts"), "<?Dsts?><x:Tasks xmlns:x='u'/>")), 0u);
+  EXPECT_EQ(LoadFailure(foreign.insert(foreign.find("<Tasks/>") + 6, " xmlns='u'")), IDS_XML_NODE_NOT_FOUND)
+      << "as with XPath, a name in a namespace is another one";
   EXPECT_EQ(LoadFailure(""), IDS_XML_LOAD_FAILED);
   EXPECT_EQ(LoadFailure("no XML"), IDS_XML_LOAD_FAILED);
   EXPECT_EQ(LoadFailure(good.substr(0, good.size() - 3)), IDS_XML_LOAD_FAILED);

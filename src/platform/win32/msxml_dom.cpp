@@ -46,12 +46,18 @@ class CNode : public IXmlNode {
     if (FAILED(result)) throw CException(IDS_XML_SET_TEXT_FAILED, {Error(result)});
   }
 
+  // Visits the children, because the parser compiles an expression for each selectSingleNode.
   std::unique_ptr<IXmlNode> Select(const std::wstring& name) const override {
-    CComPtr<IXMLDOMNode> found;
-    const HRESULT result = m_node->selectSingleNode(CBstr(name).Get(), found.Out());
+    CComPtr<IXMLDOMNode> child;
+    HRESULT result = m_node->get_firstChild(child.Out());
+    while (SUCCEEDED(result) && child) {
+      if (IsElement(*child.Get(), name)) return std::make_unique<CNode>(m_document, std::move(child));
+      CComPtr<IXMLDOMNode> next;
+      result = child->get_nextSibling(next.Out());
+      child = std::move(next);
+    }
     if (FAILED(result)) throw CException(IDS_XML_SELECT_NODE_FAILED, {Error(result), name});
-    if (!found) return nullptr;
-    return std::make_unique<CNode>(m_document, std::move(found));
+    return nullptr;
   }
 
   std::vector<std::unique_ptr<IXmlNode>> SelectAll(const std::wstring& name) const override {
@@ -82,6 +88,16 @@ class CNode : public IXmlNode {
   }
 
  private:
+  // Returns whether the node is an element with this name, in no namespace.
+  static bool IsElement(IXMLDOMNode& node, const std::wstring& name) {
+    DOMNodeType type = NODE_INVALID;
+    CBstr nodeName;
+    CBstr space;
+    return SUCCEEDED(node.get_nodeType(&type)) && type == NODE_ELEMENT &&
+           SUCCEEDED(node.get_nodeName(nodeName.Out())) && nodeName.Text() == name &&
+           SUCCEEDED(node.get_namespaceURI(space.Out())) && space.Text().empty();
+  }
+
   IXMLDOMDocument2* m_document;
   CComPtr<IXMLDOMNode> m_node;
 };

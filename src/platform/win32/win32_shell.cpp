@@ -8,7 +8,9 @@
 #include <algorithm>
 #include <cstring>
 
+#include "platform/win32/com.h"
 #include "platform/win32/last_error.h"
+#include "platform/win32/win32_threads.h"
 #include "support/exception.h"
 #include "text_ids.h"
 
@@ -65,13 +67,22 @@ void CWin32Shell::Run(const std::wstring& program, const std::wstring& parameter
   Execute(program, parameters.c_str());
 }
 
+// On a thread of its own, which nobody waits for: the shell looks at the file and writes a shortcut.
+void CWin32Shell::AddRecent(const std::wstring& path) {
+  const auto add = [path] {
+    const CComApartment com;
+    ::SHAddToRecentDocs(SHARD_PATHW, path.c_str());
+  };
+  try {
+    CWin32Threads().Start(add, {});
+  } catch (const CException&) {
+    // The list of recent documents lacks this one.
+  }
+}
+
 // Some systems report success for a file that is missing, so existence is checked before and afterwards. With
 // the warning, the shell asks before it deletes what is too large for the recycle bin, or what a policy
 // keeps out of it. Without it, FOF_NOCONFIRMATION would confirm that question.
-void CWin32Shell::AddRecent(const std::wstring& path) {
-  ::SHAddToRecentDocs(SHARD_PATHW, path.c_str());
-}
-
 bool CWin32Shell::Recycle(const std::wstring& path) {
   if (!HasRecycleBin(path)) throw CException(IDS_RECYCLE_NO_BIN, {path});
   const auto exists = [&path] { return ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; };

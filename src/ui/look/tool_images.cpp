@@ -47,15 +47,15 @@ Gdiplus::Color MenuColor() {
   return color;
 }
 
-// Returns one image of the strip on a background.
-my::CBitmap CutOut(Gdiplus::Bitmap& strip, int index, int size, const Gdiplus::Color& background) {
-  Gdiplus::Bitmap one(size, size, PixelFormat32bppPARGB);
-  Gdiplus::Graphics graphics(&one);
+// Returns a part of the strip on a background.
+my::CBitmap CutOut(Gdiplus::Bitmap& strip, int left, SIZE size, const Gdiplus::Color& background) {
+  Gdiplus::Bitmap part(size.cx, size.cy, PixelFormat32bppPARGB);
+  Gdiplus::Graphics graphics(&part);
   graphics.Clear(background);
-  graphics.DrawImage(&strip, Gdiplus::Rect(0, 0, size, size), index * size, 0, size, size,
+  graphics.DrawImage(&strip, Gdiplus::Rect(0, 0, size.cx, size.cy), left, 0, size.cx, size.cy,
                      Gdiplus::UnitPixel);
   HBITMAP bitmap = nullptr;
-  one.GetHBITMAP(Gdiplus::Color(0, 0, 0, 0), &bitmap);
+  part.GetHBITMAP(Gdiplus::Color(0, 0, 0, 0), &bitmap);
   return my::CBitmap(bitmap);
 }
 
@@ -66,20 +66,27 @@ CToolImages::CToolImages(UINT dpi) {
   m_size = strip.size;
   m_list = my::CImageList(::ImageList_Create(m_size, m_size, ILC_COLOR32, kToolIconCount, 0));
   const auto picture = LoadPicture(strip.id);
-  const Gdiplus::Color transparent(0, 0, 0, 0);
-  const Gdiplus::Color menuColor = g_menusBlend ? transparent : MenuColor();
-  for (int i = 0; picture && i < kToolIconCount; ++i) {
-    const my::CBitmap clear = CutOut(*picture, i, m_size, transparent);
-    ::ImageList_Add(m_list.Get(), clear.Get(), nullptr);
-    m_bitmaps.push_back(CutOut(*picture, i, m_size, menuColor));
-  }
+  if (!picture) return;
+  const SIZE all{m_size * kToolIconCount, m_size};
+  const my::CBitmap images = CutOut(*picture, 0, all, Gdiplus::Color(0, 0, 0, 0));
+  ::ImageList_Add(m_list.Get(), images.Get(), nullptr);
 }
 
 void AssumeMenusBlend(bool blend) {
   g_menusBlend = blend;
 }
 
-HBITMAP CToolImages::Bitmap(int command) const {
+// At first use, because the start of the program needs none.
+void CToolImages::CreateBitmaps() {
+  if (!m_bitmaps.empty()) return;
+  const Gdiplus::Color background = g_menusBlend ? Gdiplus::Color(0, 0, 0, 0) : MenuColor();
+  const auto picture = LoadPicture(StripFor(m_size).id);
+  for (int i = 0; picture && i < kToolIconCount; ++i)
+    m_bitmaps.push_back(CutOut(*picture, i * m_size, {m_size, m_size}, background));
+}
+
+HBITMAP CToolImages::Bitmap(int command) {
+  CreateBitmaps();
   const auto index = static_cast<size_t>(ToolIconOf(command));
   return index < m_bitmaps.size() ? m_bitmaps[index].Get() : nullptr;
 }

@@ -20,12 +20,14 @@ class CToolImages {
   int Size() const { return m_size; }  // pixels
 
   // Returns the menu bitmap, owned by this object; null for a command without an image.
-  HBITMAP Bitmap(int command) const;
+  HBITMAP Bitmap(int command);
 
  private:
+  void CreateBitmaps();
+
   int m_size = 0;
   my::CImageList m_list;
-  std::vector<my::CBitmap> m_bitmaps;
+  std::vector<my::CBitmap> m_bitmaps;  // created at first use
 };
 
 // Sets whether the system's menus blend transparent images (default: yes). If not, images created later have

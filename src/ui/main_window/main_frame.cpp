@@ -80,12 +80,13 @@ void CMainFrame::OnCreate() {
       my::CAccelerators(::LoadAcceleratorsW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_MAIN_KEYS)));
   CreateParts();
   m_translation = m_loop.AddAccelerators(Hwnd(), m_keys.Get());
-  UseDpi(my::WindowDpi(Hwnd()));
+  UseImages(my::WindowDpi(Hwnd()));
   const int width = my::Scale(kDefault.cx, m_dpi);
   const int height = my::Scale(kDefault.cy, m_dpi);
   my::PlaceWindow(Hwnd(), my::DefaultBounds(Hwnd(), {width, height}));
   m_app->Document().AddListener([this](DocChangeEventFlags what) { OnDocumentChanged(what); });
   m_app->Start();
+  ::ShowWindow(m_parts->view.Hwnd(), SW_SHOWNA);
   ::SetTimer(Hwnd(), kScheduleTimer, kScheduleDelayMs, nullptr);
   m_parts->history.Begin(Hwnd(), kHistoryLoaded);
 }
@@ -94,6 +95,7 @@ void CMainFrame::CreateParts() {
   m_parts = std::make_unique<CParts>(*m_app, m_dialogs, m_keys.Get());
   m_parts->toolBar.CreateIn(Hwnd());
   m_parts->view.CreateIn(Hwnd());
+  ::ShowWindow(m_parts->view.Hwnd(), SW_HIDE);  // until the first document is open, so that it is drawn once
   m_parts->panel.CreateIn(Hwnd());
   m_parts->panel.onShown = [this] { Arrange(); };
   m_parts->statusBar.CreateIn(Hwnd());
@@ -224,7 +226,7 @@ bool CMainFrame::IsEnabled(int id) const {
   return m_app->IsEnabled(static_cast<uint32_t>(id));
 }
 
-void CMainFrame::OnMenu(HMENU menu) const {
+void CMainFrame::OnMenu(HMENU menu) {
   ShowRecent(menu, m_app->Settings().ui.mruPathes.Items(), TextsOf(*m_app).Text(IDS_NO_RECENT));
   m_parts->help.LabelItems(menu);
   ::CheckMenuItem(menu, ID_FULL_SCREEN, MF_BYCOMMAND | (m_fullScreen.IsOn() ? MF_CHECKED : MF_UNCHECKED));
@@ -361,6 +363,12 @@ void CMainFrame::ShowClosing() {
 }
 
 void CMainFrame::UseDpi(UINT dpi) {
+  UseImages(dpi);
+  my::BroadcastDpi(Hwnd(), dpi);
+  Arrange();
+}
+
+void CMainFrame::UseImages(UINT dpi) {
   m_dpi = dpi;
   my::CFont font = my::MessageFont(dpi);
   CToolImages images(my::TextDpi(dpi));
@@ -369,8 +377,6 @@ void CMainFrame::UseDpi(UINT dpi) {
   m_font = std::move(font);  // until here the window uses the old ones
   m_images = std::move(images);
   m_icons.Use(Hwnd(), IDI_QUILLMOOR, dpi);
-  my::BroadcastDpi(Hwnd(), dpi);
-  Arrange();
 }
 
 void CMainFrame::Arrange() {

@@ -70,6 +70,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void ToggleFullScreen() override { m_fullScreen.Toggle(Hwnd()); }
   void UpdateTitle() override;
   void PostClose() override { ::PostMessageW(Hwnd(), WM_CLOSE, 0, 0); }
+  void PostCommand(uint32_t id) override { ::PostMessageW(Hwnd(), WM_COMMAND, id, 0); }
   void HoldSession(const std::wstring& reason) override { my::HoldSession(Hwnd(), reason); }
   void ShowClosing() override;
   void StartTimer(uint32_t periodMs) override;
@@ -91,7 +92,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void OnFocusChanged();
   void OnCommand(int id);
   bool IsEnabled(int id) const;
-  void OnMenu(HMENU menu) const;
+  void OnMenu(HMENU menu);
   void OnMenuSelect(int id, UINT flags);
   void RememberFocus(HWND focus);
   void RestoreFocus();
@@ -104,6 +105,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void CheckSchedules();
   void UpdateCommands();
   void UseDpi(UINT dpi);
+  void UseImages(UINT dpi);
   void Arrange();
 
   my::CAutoMessageLoop& m_loop;

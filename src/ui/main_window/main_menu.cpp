@@ -56,7 +56,7 @@ void SetItemText(HMENU menu, int id, const std::wstring& text) {
   ::SetMenuItemInfoW(menu, static_cast<UINT>(id), FALSE, &item);
 }
 
-void ShowPictures(HMENU menu, const CToolImages& images) {
+void ShowPictures(HMENU menu, CToolImages& images) {
   for (int i = 0; i < ::GetMenuItemCount(menu); ++i) {
     MENUITEMINFOW item{};
     item.cbSize = sizeof item;

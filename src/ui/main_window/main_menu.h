@@ -21,7 +21,7 @@ void ShowRecent(HMENU menu, const std::vector<std::wstring>& paths, const std::w
 void SetItemText(HMENU menu, int id, const std::wstring& text);
 
 // Sets the images of the commands.
-void ShowPictures(HMENU menu, const CToolImages& images);
+void ShowPictures(HMENU menu, CToolImages& images);
 
 // Shows the first popup of a menu resource at a position on the screen; `window` receives its commands.
 // `defaultId` is the command of a double click.
