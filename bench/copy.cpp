@@ -47,7 +47,7 @@ struct CReadyCopy {
 CReadyCopy MakeReady(const CSource& source, const std::wstring& folder) {
   CReadyCopy ready;
   ready.folders.push_back(folder);
-  for (const qlm::CTarget& target : source.targets) {
+  for (const qlm::CTarget target : source.targets) {
     std::wstring to = my::JoinPath(folder, target.RelativePath());
     if (target.IsFolder()) {
       ready.folders.push_back(std::move(to));

@@ -1,10 +1,12 @@
 #pragma once
 
-#include <cwchar>
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "platform/file_system.h"
 #include "support/paths.h"
@@ -33,24 +35,32 @@ class CFakeFind : public my::IFindFiles {
   std::wstring m_name;
 };
 
-// A file system without a disk. Its source has folders of equal content, or only files. Every queried path
-// exists as a folder, so a job finds its backups up to date.
+// The shape of a tree: every folder of a level has the same number of folders, and those of the last level
+// have the files.
+struct CFakeShape {
+  std::vector<size_t> folders = {};
+  size_t files = 1;  // in each folder of the last level
+  size_t folderName = 11;
+  size_t fileName = 24;
+};
+
+// A file system without a disk. Every queried path exists as a folder, so a job finds its backups up to date.
 class CFakeFiles : public my::IFileSystem {
  public:
-  CFakeFiles(size_t folders, size_t filesInEach) : m_folders(folders), m_files(filesInEach) {}
+  explicit CFakeFiles(CFakeShape shape) : m_shape(std::move(shape)) {}
 
   // Called whenever a job queries the kind of a path.
   std::function<void()> onKind = [] {};
 
   // The source folder of tasks.
-  static constexpr const wchar_t* kSource = L"C:\\source";
+  static constexpr std::wstring_view kSource = L"C:\\source";
 
-  // A file in a folder has a relative path of 60 characters.
   std::unique_ptr<my::IFindFiles> Find(const std::wstring& folder) override {
-    const bool source =
-        m_folders != 0 && folder.starts_with(kSource) && folder.size() <= std::wcslen(kSource) + 1;
-    if (source) return std::make_unique<CFakeFind>(m_folders, 29, my::kAttributeFolder);
-    return std::make_unique<CFakeFind>(m_files, 30, 0);
+    const std::wstring path = my::JoinPath(folder, {});
+    const auto level = static_cast<size_t>(std::ranges::count(path, my::kSeparator)) - 2;
+    if (level >= m_shape.folders.size())
+      return std::make_unique<CFakeFind>(m_shape.files, m_shape.fileName, 0);
+    return std::make_unique<CFakeFind>(m_shape.folders[level], m_shape.folderName, my::kAttributeFolder);
   }
 
   my::PathKind Kind(const std::wstring&) override {
@@ -78,8 +88,7 @@ class CFakeFiles : public my::IFileSystem {
  private:
   [[noreturn]] static void Refuse() { throw std::logic_error("a job that has nothing to do does something"); }
 
-  size_t m_folders;
-  size_t m_files;
+  CFakeShape m_shape;
 };
 
 }  // namespace bench

@@ -3,7 +3,9 @@
 #include <cstdio>
 #include <sstream>
 #include <stdexcept>
+#include <thread>
 #include <utility>
+#include <vector>
 
 #include "bench.h"
 #include "document/filter.h"
@@ -12,6 +14,7 @@
 #include "harness.h"
 #include "platform/win32/win32_file_system.h"
 #include "platform/win32/win32_message_texts.h"
+#include "platform/win32/win32_threads.h"
 #include "support/paths.h"
 #include "tree.h"
 
@@ -51,26 +54,46 @@ CFilterPtr MakeFilter(size_t lines) {
 // Searches every expression in every path: the cost of a filter without CRegexPrefilter.
 size_t SearchPlainly(const qlm::CFilter& filter, const qlm::CTargets& targets) {
   my::CRegexMatch scratch;
+  std::wstring path;
   return static_cast<size_t>(std::count_if(targets.begin(), targets.end(), [&](const qlm::CTarget& target) {
+    path.clear();
+    target.AppendRelativePath(path);
     return std::any_of(filter.Items().begin(), filter.Items().end(), [&](const qlm::CFilterItemPtr& item) {
-      return item->expression->Search(target.RelativePath(), scratch);
+      return item->expression->Search(path, scratch);
     });
   }));
 }
 
-// Times the listing without the release of the list.
-double TimeListing(const std::wstring& tree, const CFilterPtr& filter, uint64_t expected,
+// Times the listing by a number of threads, without the release of the list.
+double TimeListing(const std::wstring& tree, const CFilterPtr& filter, uint64_t expected, size_t threadCount,
                    bool plainly = false) {
   my::CWin32FileSystem files;
+  my::CWin32Threads threads;
   const CFilterPtr none = boost::make_shared<qlm::CFilter>();
   const CFilterPtr& used = plainly ? none : filter;
   qlm::CTargets targets(used);
   const double time = TimeMs([&] {
-    qlm::ListSource(files, *used, nullptr, tree, targets);
+    qlm::ListSource(files, *used, nullptr, tree, targets, {&threads, threadCount});
     if (plainly) SearchPlainly(*filter, targets);
   });
   if (targets.size() < expected) throw std::runtime_error("the listing is not complete");
   return time;
+}
+
+// Returns the time of bare loops over the projects of a tree, each thread with its share: what the system
+// allows.
+double TimeBareThreads(const std::wstring& tree, int projects, int threads) {
+  return TimeMs([&] {
+    std::vector<std::jthread> running;
+    for (int first = 0; first < threads; ++first) {
+      running.emplace_back([&tree, projects, threads, first] {
+        for (int i = first; i < projects; i += threads) {
+          std::wstring folder = my::JoinPath(tree, ProjectName(i)) + my::kSeparator;
+          BareList(folder);
+        }
+      });
+    }
+  });
 }
 
 }  // namespace
@@ -85,13 +108,23 @@ void MeasureListing(const COptions& options) {
                    }};
   std::printf("listing %llu files\n", static_cast<unsigned long long>(count));
   const auto none = boost::make_shared<const qlm::CFilter>();
-  Compare(bare, {{"no filter", 1.05, [&] { return TimeListing(tree, none, count); }}}, options.rounds);
-  for (const auto& [lines, target] : {std::pair(size_t{10}, 1.10), std::pair(size_t{50}, 1.20)}) {
+  const auto listing = [&](const CFilterPtr& filter, size_t threads, double target) {
+    return CSide{"by " + std::to_string(threads) + (threads == 1 ? " thread" : " threads"), target,
+                 [&tree, filter, threads, count] { return TimeListing(tree, filter, count, threads); }};
+  };
+  Compare(bare,
+          {{"bare loops in two threads", 0, [&] { return TimeBareThreads(tree, shape.projects, 2); }},
+           listing(none, 1, 0),
+           listing(none, 2, 0.70),
+           listing(none, 4, 0)},
+          options.rounds);
+  for (const auto& [lines, target] : {std::pair(size_t{10}, 0.75), std::pair(size_t{50}, 0.85)}) {
+    std::printf("with a filter of %zu lines\n", lines);
     const CFilterPtr filter = MakeFilter(lines);
-    const std::string name = "filter of " + std::to_string(lines) + " lines";
     Compare(bare,
-            {{name, target, [&] { return TimeListing(tree, filter, count); }},
-             {name + ", all searched", 0, [&] { return TimeListing(tree, filter, count, true); }}},
+            {listing(filter, 1, 0),
+             listing(filter, 2, target),
+             {"all lines searched, 1 thread", 0, [&] { return TimeListing(tree, filter, count, 1, true); }}},
             options.rounds);
   }
 }

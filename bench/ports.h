@@ -9,6 +9,7 @@
 #include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_message_texts.h"
 #include "platform/win32/win32_process.h"
+#include "platform/win32/win32_threads.h"
 
 namespace bench {
 
@@ -18,8 +19,12 @@ struct CPorts {
   my::CWin32AnsiCodec ansi;
   my::CWin32MessageTexts texts;
   my::CWin32Process process;
+  my::CWin32Threads threads;
 
-  qlm::CEnginePorts With(my::IFileSystem& files) { return {files, clock, ansi, texts, process}; }
+  // Returns the ports of jobs that use this number of threads.
+  qlm::CEnginePorts With(my::IFileSystem& files, size_t threadCount = 1) {
+    return {files, clock, ansi, texts, process, &threads, threadCount};
+  }
 };
 
 // Creates a job that backs up `source` to `count` folder destinations.

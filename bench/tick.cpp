@@ -50,12 +50,13 @@ class CHeldThreads : public my::IThreads {
 // it then has a new row.
 CTimes TimeTicks(size_t jobs, size_t rowsInEach, size_t wanted) {
   CPorts ports;
-  CFakeFiles files(0, 1);
+  CFakeFiles files(CFakeShape{});
   CHeldThreads threads;
   CIdleObserver observer;
   qlm::CBackupThread backups(threads, ports.clock, ports.texts, observer);
   for (size_t i = 0; i < jobs; ++i) {
-    backups.Add(MakeJob(ports.With(files), std::to_wstring(i), files.kSource, L"C:\\Backup", rowsInEach));
+    backups.Add(MakeJob(ports.With(files), std::to_wstring(i), std::wstring(files.kSource), L"C:\\Backup",
+                        rowsInEach));
   }
   CTimes times;
   files.onKind = [&] { times.push_back(TimeMs([&] { backups.Tick(); })); };

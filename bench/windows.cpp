@@ -89,7 +89,8 @@ TEST(Windows, long_lists) {
   test::CDialogAppOn<test::CMemoryFileSystem> a;
   const auto result = boost::make_shared<CResult>();
   const auto targets = boost::make_shared<CTargets>();
-  for (int i = 0; i < 100'000; ++i) targets->Add(L"more\\" + std::to_wstring(i) + L".txt", {}, nullptr);
+  const size_t folder = targets->Add({L"more", {}, 0, my::kAttributeFolder});
+  for (int i = 0; i < 100'000; ++i) targets->Add({std::to_wstring(i) + L".txt", {}, 0, 0}, folder);
   result->task = boost::make_shared<CTask>();
   result->targets = targets;
   CTargetDialog large(a.Context(), result);

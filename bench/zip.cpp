@@ -24,7 +24,7 @@ namespace {
 void WriteListFile(my::IFileSystem& files, const qlm::CTargets& targets, const std::wstring& path) {
   ::DeleteFileW(path.c_str());
   std::string lines;
-  for (const qlm::CTarget& target : targets) {
+  for (const qlm::CTarget target : targets) {
     if (target.IsCountedFile()) lines += my::Utf8FromWide(target.RelativePath()) + '\n';
   }
   const auto file = files.CreateNewFile(path);

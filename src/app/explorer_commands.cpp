@@ -67,10 +67,6 @@ class CLookUp {
   uint32_t m_leftMs = kLookUpLimitMs;
 };
 
-const CTarget& TargetAt(const CTargets& targets, size_t row) {
-  return targets.begin()[static_cast<std::ptrdiff_t>(row)];
-}
-
 const std::wstring& DestinationOf(const CResult& result) {
   if (!result.Dst() || result.destinationPath.empty()) throw my::CException(IDS_NO_DESTINATION);
   return result.destinationPath;
@@ -111,13 +107,13 @@ std::wstring DestinationOf(const CResults& results, size_t row) {
 }
 
 std::wstring SourceOfTarget(const CResult& result, const CTargets& targets, size_t row) {
-  return my::JoinPath(result.task->path, TargetAt(targets, row).RelativePath());
+  return my::JoinPath(result.task->path, targets[row].RelativePath());
 }
 
 std::wstring BackupOfTarget(const CResult& result, const CTargets& targets, size_t row) {
   const std::wstring& destination = DestinationOf(result);
   if (IsZip(result.Dst()->type)) return destination;
-  return my::JoinPath(destination, TargetAt(targets, row).RelativePath());
+  return my::JoinPath(destination, targets[row].RelativePath());
 }
 
 void CCommandOpenUrl::Execute(bool run) {

@@ -43,14 +43,17 @@ struct CWrittenList {
 CWrittenList WriteList(my::INewFile& file, const CArchivePorts& ports, const CTargets& targets) {
   constexpr size_t kPortion = size_t{256} * 1024;  // bytes per write
   std::string lines;
+  std::wstring path;
   CWrittenList written;
-  for (const CTarget& target : targets) {
+  for (const CTarget target : targets) {
     my::CheckStop(ports.transfer.stop);
     if (!target.IsCountedFile()) continue;
-    lines += my::Utf8FromWide(target.RelativePath());
+    path.clear();
+    target.AppendRelativePath(path);
+    lines += my::Utf8FromWide(path);
     lines += '\n';
     ++written.count;
-    if (target.RelativePath().starts_with(L' ')) written.misread = target.RelativePath();
+    if (path.starts_with(L' ')) written.misread = path;
     if (lines.size() < kPortion) continue;
     file.Write(lines);
     lines.clear();

@@ -15,11 +15,11 @@ std::optional<CBackupDifference> CompareBackup(my::IFileSystem& files, const my:
   const auto failure = ListSource(files, CFilter(), stop, backup, copies);
   if (failure || !copies.Unlisted().empty()) return {};
   std::unordered_map<std::wstring, uint64_t> sizes;  // of the copies that are not compared yet
-  for (const CTarget& copy : copies) {
+  for (const CTarget copy : copies) {
     if (!copy.IsFolder()) sizes.emplace(my::ComparablePath(copy.RelativePath()), copy.Size());
   }
   CBackupDifference difference;
-  for (const CTarget& target : targets) {
+  for (const CTarget target : targets) {
     if (!target.IsCountedFile()) continue;
     const auto copy = sizes.find(my::ComparablePath(target.RelativePath()));
     if (copy == sizes.end()) {

@@ -29,7 +29,7 @@ void CheckCopied(my::IFileSystem& files, uint64_t listed, uint64_t copied, const
 }
 
 struct CFileCopy {
-  const CTarget* target;
+  CTarget target;
   std::wstring to;
   CFileCount count;
 };
@@ -44,20 +44,20 @@ class CFolderCopy : public my::IOrderedWork<CFileCopy> {
     while (m_place < m_targets.size()) {
       const size_t place = m_place++;
       my::CheckStop(m_ports.stop);
-      const CTarget& target = m_targets[place];
+      const CTarget target = m_targets[place];
       if (!target.IsCountedFile()) continue;
       m_last = my::JoinPath(m_folder, target.RelativePath());
       CreateParent(my::ParentPath(m_last));
-      return CFileCopy{&target, m_last, m_counters.BeginFile(place, target.Size())};
+      return CFileCopy{target, m_last, m_counters.BeginFile(place, target.Size())};
     }
     return {};
   }
 
   void Run(CFileCopy& copy) override {
-    const std::wstring from = my::JoinPath(m_source, copy.target->RelativePath());
-    const uint64_t listed = copy.target->IsLink() ? m_ports.files.FileSize(from) : copy.target->Size();
+    const std::wstring from = my::JoinPath(m_source, copy.target.RelativePath());
+    const uint64_t listed = copy.target.IsLink() ? m_ports.files.FileSize(from) : copy.target.Size();
     constexpr uint64_t kLarge = uint64_t{1} << 20;  // a smaller file is counted at its end
-    if (copy.target->Size() < kLarge)
+    if (copy.target.Size() < kLarge)
       m_ports.files.Copy(from, copy.to);
     else
       m_ports.files.Copy(from, copy.to, [&](uint64_t done) { m_counters.CountWithinFile(copy.count, done); });

@@ -46,8 +46,8 @@ struct CPlanTask {
   CTaskPtr task;  // the object in the document
   CTargetsPtr targets;
   CTargetCounts counts;
-  const CTarget* newest = nullptr;  // the file whose time is in the names; null if there is none
-  std::vector<CPlanCell> cells;     // in the order of the task's destinations
+  std::optional<CTarget> newest;  // the file whose time is in the names; an entry of `targets`
+  std::vector<CPlanCell> cells;   // in the order of the task's destinations
 };
 
 // Plans tasks in the order of a run: what an earlier task creates exists for the later ones. For one thread.

@@ -1,6 +1,16 @@
 #include "engine/source_listing.h"
 
+#include <functional>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
 #include "document/filter.h"
+#include "engine/folder_entries.h"
+#include "engine/folders_ahead.h"
+#include "engine/ordered_work.h"
 #include "engine/targets.h"
 #include "engine/task_base.h"
 #include "platform/file_system.h"
@@ -10,87 +20,158 @@
 namespace qlm {
 namespace {
 
-constexpr std::wstring_view kPattern = L"*.*";
-constexpr size_t kPatternLimit = 260;  // length of the folder path with the pattern
-
+// Adds entries to the list in the order of a recursion into the folders.
 class CListing {
  public:
-  CListing(my::IFileSystem& files, const CFilter& filter, const my::IStopQuery* stop,
-           const std::wstring& source, CTargets& targets)
-      : m_files(files), m_filter(filter), m_stop(stop), m_source(source), m_targets(targets) {}
+  // Returns the entries of a folder, or their continuation; null if they have not been read yet. Throws what
+  // IFileSystem::Find throws.
+  using COpen = std::function<std::unique_ptr<IFolderEntries>(const std::wstring& folder)>;
 
-  // Lists the folder m_path, which is relative to the source: empty, or with "\" at its end.
-  void ListFolder(uint32_t attributes) {
-    const std::wstring folder = my::JoinPath(m_source, m_path);
-    if (my::JoinPath(folder, kPattern).size() >= kPatternLimit)
-      return NoteUnlisted(my::CSystemError::FromWin32(my::kErrorNameTooLong));
-    std::unique_ptr<my::IFindFiles> find;
-    try {
-      find = m_files.Find(folder);
-    } catch (const my::CException& failure) {
-      if (m_path.empty()) {
-        m_sourceFailure = failure;
-        return;
-      }
-      if (IsGuardedLink(attributes, failure)) return;
-      return NoteUnlisted(failure.SystemError());
-    }
-    my::CFindData entry;
-    while (Next(*find, entry)) {
-      my::CheckStop(m_stop);
-      AddEntry(entry);
+  CListing(const CListedSource& source, const my::IStopQuery* stop, CTargets& targets, COpen open)
+      : m_source(source), m_stop(stop), m_targets(targets), m_open(std::move(open)) {
+    Enter(CTargets::kSource, 0);
+  }
+
+  // Goes on to the next folder that has not been read yet, or to the end.
+  void Advance() {
+    while (!IsComplete() && Step()) {
     }
   }
 
+  bool IsComplete() const { return m_folders.empty(); }
   const std::optional<my::CException>& SourceFailure() const { return m_sourceFailure; }
 
  private:
-  // Every user folder has junctions such as "My Music" to other user folders. They deny listing to everybody,
-  // and their targets are listed under their own paths.
-  static bool IsGuardedLink(uint32_t attributes, const my::CException& failure) {
-    return (attributes & my::kAttributeLink) != 0 && failure.SystemError().Is(my::kErrorAccessDenied);
+  struct CFolder {
+    size_t index;  // of its entry
+    uint32_t attributes;
+    size_t pathLength;
+    std::unique_ptr<IFolderEntries> entries;
+  };
+
+  // Enters the folder m_path, whose entry has this index.
+  void Enter(size_t index, uint32_t attributes) {
+    if (IsTooLong(m_source, m_path)) return NoteUnlisted(my::CSystemError::FromWin32(my::kErrorNameTooLong));
+    m_folders.push_back({index, attributes, m_path.size(), nullptr});
   }
 
-  bool Next(my::IFindFiles& find, my::CFindData& entry) {
+  // Returns false if the folder has not been read yet.
+  bool Step() {
+    CFolder& folder = m_folders.back();
+    m_path.resize(folder.pathLength);
+    if (!folder.entries) return Open(folder);
+    my::CFindData entry;
+    if (!Next(folder, entry)) return true;
+    my::CheckStop(m_stop);
+    Add(folder, entry);
+    return true;
+  }
+
+  bool Open(CFolder& folder) {
     try {
-      return find.Next(entry);
+      folder.entries = m_open(m_path);
+      return folder.entries != nullptr;
+    } catch (const my::CException& failure) {
+      NoteUnreadable(folder.attributes, failure);
+    }
+    m_folders.pop_back();
+    return true;
+  }
+
+  // Returns false after the last entry, and leaves the folder.
+  bool Next(CFolder& folder, my::CFindData& entry) {
+    try {
+      if (folder.entries->Next(entry)) return true;
     } catch (const my::CException& failure) {
       NoteUnlisted(failure.SystemError());
-      return false;
     }
+    if (folder.entries->IsContinued())
+      folder.entries.reset();
+    else
+      m_folders.pop_back();
+    return false;
+  }
+
+  void Add(CFolder& folder, const my::CFindData& entry) {
+    const bool isSubfolder = IsSubfolder(entry);
+    if (!isSubfolder && (entry.attributes & my::kAttributeFolder) != 0) return;
+    const CFilterItem* const item = folder.entries->FilterItem();
+    const size_t index = m_targets.Add(entry, folder.index, item);
+    if (!isSubfolder || (item && item->IsExclude())) return;
+    m_path.append(entry.name) += my::kSeparator;
+    Enter(index, entry.attributes);
+  }
+
+  // Every user folder has junctions such as "My Music" to other user folders. They deny listing to everybody,
+  // and their targets are listed under their own paths.
+  void NoteUnreadable(uint32_t attributes, const my::CException& failure) {
+    const bool isLink = (attributes & my::kAttributeLink) != 0;
+    if (m_path.empty())
+      m_sourceFailure = failure;
+    else if (!isLink || !failure.SystemError().Is(my::kErrorAccessDenied))
+      NoteUnlisted(failure.SystemError());
   }
 
   void NoteUnlisted(my::CSystemError error) { m_targets.AddUnlisted(m_path, error); }
 
-  void AddEntry(const my::CFindData& entry) {
-    const bool folder = (entry.attributes & my::kAttributeFolder) != 0;
-    if (folder && (entry.name == L"." || entry.name == L"..")) return;
-    const size_t parentLength = m_path.size();
-    m_path += entry.name;
-    if (folder) m_path += my::kSeparator;
-    const CFilterItem* const item = m_filter.Items().empty() ? nullptr : m_filter.Find(m_path, m_scratch);
-    const CTarget& target = m_targets.Add(m_path, entry, item);
-    if (folder && !target.IsExcluded()) ListFolder(entry.attributes);
-    m_path.resize(parentLength);
+  CListedSource m_source;
+  const my::IStopQuery* m_stop;
+  CTargets& m_targets;
+  COpen m_open;
+  std::vector<CFolder> m_folders;  // from the source to the current one
+  std::wstring m_path;             // of the current folder
+  std::optional<my::CException> m_sourceFailure;
+};
+
+// Reads folders with several threads. The thread that ends a folder adds to the list what can be added now.
+class CReadingAhead final : public my::IOrderedWork<CFoldersAhead::CPlace> {
+ public:
+  CReadingAhead(CFoldersAhead& folders, CListing& listing) : m_folders(folders), m_listing(listing) {}
+
+  std::optional<CFoldersAhead::CPlace> Next() override { return m_folders.BeginRead(); }
+  void Run(CFoldersAhead::CPlace& folder) override { m_folders.Read(*folder); }
+
+  void End(CFoldersAhead::CPlace& folder) override {
+    if (std::exchange(m_hasFailed, true)) return;
+    m_folders.EndRead(folder);
+    m_listing.Advance();
+    m_hasFailed = false;
   }
 
-  my::IFileSystem& m_files;
-  const CFilter& m_filter;
-  const my::IStopQuery* m_stop;
-  const std::wstring& m_source;
-  CTargets& m_targets;
-  std::wstring m_path;
-  std::optional<my::CException> m_sourceFailure;
-  my::CRegexMatch m_scratch;
+ private:
+  CFoldersAhead& m_folders;
+  CListing& m_listing;
+  bool m_hasFailed = false;
 };
+
+std::optional<my::CException> ListAhead(const CListedSource& source, const my::IStopQuery* stop,
+                                        CTargets& targets, const my::CHelpers& helpers) {
+  constexpr size_t kPortionsOfThread = 8;
+  CFoldersAhead folders(source, kPortionsOfThread * helpers.count);
+  CListing listing(source, stop, targets, [&](const std::wstring& folder) { return folders.Take(folder); });
+  CReadingAhead reading(folders, listing);
+  // Threads pay only if there are several folders.
+  while (!listing.IsComplete() && folders.size() == 1) {
+    auto folder = *folders.BeginRead();
+    reading.Run(folder);
+    reading.End(folder);
+  }
+  if (!listing.IsComplete()) my::RunOrdered(reading, helpers);
+  if (!listing.IsComplete()) throw std::logic_error("the listing has not come to its end");
+  return listing.SourceFailure();
+}
 
 }  // namespace
 
 std::optional<my::CException> ListSource(my::IFileSystem& files, const CFilter& filter,
                                          const my::IStopQuery* stop, const std::wstring& source,
-                                         CTargets& targets) {
-  CListing listing(files, filter, stop, source, targets);
-  listing.ListFolder(0);
+                                         CTargets& targets, const my::CHelpers& helpers) {
+  const CListedSource listed{files, filter, source};
+  if (helpers.threads && helpers.count > 1) return ListAhead(listed, stop, targets, helpers);
+  CListing listing(listed, stop, targets, [&listed](const std::wstring& folder) {
+    return std::make_unique<CFoundEntries>(listed, folder);
+  });
+  listing.Advance();
   return listing.SourceFailure();
 }
 

@@ -63,7 +63,7 @@ class CTextPlan : public IPlanOutput {
   static constexpr std::wstring_view kIndent = L"    ";
 
   void Newest(const CTarget& newest) {
-    const std::wstring path(newest.RelativePath());
+    const std::wstring path = newest.RelativePath();
     Print(kIndent, Text(IDS_PLAN_NEWEST, {my::LocalTimeText(m_engine.clock, newest.LastWriteTime()), path}));
     Print(kIndent, Text(IDS_PLAN_EXCLUDE, {ExcludeLine(path)}));
   }
@@ -119,8 +119,8 @@ class CJsonPlan : public IPlanOutput {
 
   void Task(const CPlanTask& plan) override {
     if (m_quiet && !HasFailure(plan)) return;
-    const CTarget* const newest = plan.newest;
-    const std::wstring newestPath(newest ? newest->RelativePath() : std::wstring_view());
+    const auto& newest = plan.newest;
+    const std::wstring newestPath = newest ? newest->RelativePath() : std::wstring();
     Print({{"event", "task"},
            {"task", Utf8FromWide(plan.task->id)},
            {"source", Utf8FromWide(plan.task->path)},

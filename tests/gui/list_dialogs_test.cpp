@@ -40,9 +40,9 @@ struct ListDialogs : testing::Test, test::CDialogAppOn<test::CMemoryFileSystem> 
     auto filter = boost::make_shared<CFilter>();
     filter->Parse({L"- [.]bak$"}, texts);
     auto targets = boost::make_shared<CTargets>(filter);
-    targets->Add(L"docs\\", {{}, {}, 0, my::kAttributeFolder}, nullptr);
-    targets->Add(L"docs\\a.txt", {{}, {kNoon}, 1234, 0}, nullptr);
-    targets->Add(L"docs\\A.bak", {{}, {kNoon * 2}, 9, 0}, filter->Items()[0].get());
+    const size_t docs = targets->Add({L"docs", {}, 0, my::kAttributeFolder});
+    targets->Add({L"a.txt", {kNoon}, 1234, 0}, docs);
+    targets->Add({L"A.bak", {kNoon * 2}, 9, 0}, docs, filter->Items()[0].get());
     targets->AddUnlisted(L"secret", my::CSystemError::FromWin32(my::kErrorAccessDenied));
     const CDst dst{L"C:\\backup", DstType::FOLDER, L"<ID>"};
     const CTask task{L"work", L"C:\\src", L"", {boost::make_shared<CDst>(dst)}};

@@ -19,11 +19,9 @@ class ArchiveWriter : public testing::Test {
   ArchiveWriter() {
     files.AddFolder(L"C:\\temp");
     files.SetTemporaryFolder(L"C:\\temp\\");
-    my::CFindData file{L"", {1}, 1, 0};
-    my::CFindData folder{L"", {1}, 0, my::kAttributeFolder};
-    targets.Add(L"a b.txt", file, nullptr);
-    targets.Add(L"sub\\", folder, nullptr);
-    targets.Add(L"sub\\𠮷.txt", file, nullptr);
+    targets.Add({L"a b.txt", {1}, 1, 0});
+    const size_t folder = targets.Add({L"sub", {1}, 0, my::kAttributeFolder});
+    targets.Add({L"𠮷.txt", {1}, 1, 0}, folder);
     process.OnRun([this](const my::CProcessStart&) {
       list = files.Files().at(expectedList);
       if (!archive.empty()) files.AddUnflushedFile(archivePath, archive);
@@ -90,7 +88,7 @@ TEST_F(ArchiveWriter, long_list_is_written_completely) {
   const std::wstring longName(200, L'x');
   std::string expected = "a b.txt\nsub\\\xF0\xA0\xAE\xB7.txt\n";
   for (int i = 0; i < 3000; ++i) {
-    targets.Add(std::to_wstring(i) + longName, {L"", {1}, 1, 0}, nullptr);
+    targets.Add({std::to_wstring(i) + longName, {1}, 1, 0});
     expected += std::to_string(i) + std::string(200, 'x') + "\n";
   }
   archive = EndRecord(3002);
@@ -118,7 +116,7 @@ TEST_F(ArchiveWriter, archive_is_verified_instead_of_the_exit_code) {
 }
 
 TEST_F(ArchiveWriter, name_that_the_archiver_reads_as_that_of_an_excluded_file_is_reported) {
-  targets.Add(L" c.txt", {L"", {1}, 1, 0}, nullptr);
+  targets.Add({L" c.txt", {1}, 1, 0});
   archive = EndRecord(3);
   archivePath = L"D:\\d\\_tmp_a.zip";
   EXPECT_EQ(Write(), IDS_ARCHIVE_INCOMPLETE);

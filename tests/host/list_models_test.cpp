@@ -165,7 +165,7 @@ TEST_F(ListModels, row_view_sorts_filters_and_follows_the_run) {
   CRowView view(model);
   const auto add = [&](const wchar_t* id, uint64_t bytes, const wchar_t* error = L"") {
     auto targets = boost::make_shared<CTargets>();
-    targets->Add(L"f", {{}, kTime, bytes, 0}, nullptr);
+    targets->Add({L"f", kTime, bytes, 0});
     const auto task = boost::make_shared<CTask>(CTask{id, L"p", L"", {}});
     auto row = boost::make_shared<CResult>(*Row(task, Phase::Created, error));
     row->targets = targets;
@@ -229,19 +229,10 @@ TEST_F(ListModels, target_shows_the_deciding_filter_line) {
   const auto filter = boost::make_shared<CFilter>();
   filter->Parse({L"# x", L"- \\.bak$"}, texts);
   const auto targets = boost::make_shared<CTargets>(filter);
-  const auto add = [&](const wchar_t* path, my::CFindData found, bool excluded) {
-    targets->Add(path, found, excluded ? filter->Items()[0].get() : nullptr);
-  };
-  my::CFindData found;
-  found.lastWriteTime = {kTime.ticks + 1};
-  found.attributes = my::kAttributeFolder | 0x2;
-  add(L"Docs\\", found, false);
-  found.attributes = 0x421;
-  found.size = 1'234'567;
-  add(L"Docs\\a.bak", found, true);
-  found.lastWriteTime = kTime;
-  found.size = 123;
-  add(L"Docs\\b", found, false);
+  const my::CFileTime later{kTime.ticks + 1};
+  const size_t docs = targets->Add({L"Docs", later, 0, my::kAttributeFolder | 0x2});
+  targets->Add({L"a.bak", later, 1'234'567, 0x421}, docs, filter->Items()[0].get());
+  targets->Add({L"b", kTime, 123, 0x421}, docs);
   const CTargetListModel model(targets, texts, clock);
   EXPECT_EQ(Line(model, 0), L"Docs\\|2016/03/05 07:04:09||HD|+ （フィルターにマッチしません）|");
   EXPECT_EQ(Line(model, 1), L"Docs\\a.bak|2016/03/05 07:04:09|1,234,567|RAL|2: - \\.bak$|");

@@ -13,7 +13,7 @@
 namespace qlm {
 
 // A list view for a list of the program (CTasks, CDsts, CTargets, ...): row i shows item i. The commands use
-// it as IListState.
+// it as IListState. The items of CTargets are views, which have no address.
 template <class TList, class TView = my::CListView>
 class CSimpleListView : public TView, public IListState {
  public:
@@ -25,10 +25,9 @@ class CSimpleListView : public TView, public IListState {
   const TList& Items() const { return m_items; }
 
   // Returns null if no row has the focus. Valid until the items change.
-  auto FocusedItem() const -> decltype(std::addressof(*std::declval<const TList&>().begin())) {
+  auto FocusedItem() const {
     const auto row = FocusedRow();
-    if (!row) return nullptr;
-    return std::addressof(m_items.begin()[static_cast<std::ptrdiff_t>(*row)]);
+    return row ? std::addressof(m_items.begin()[static_cast<std::ptrdiff_t>(*row)]) : nullptr;
   }
 
   // Throws CListException with IDS_NO_ITEM_SELECTED if no row has the focus.

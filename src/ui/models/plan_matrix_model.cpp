@@ -101,8 +101,8 @@ std::wstring CPlanMatrixModel::Detail(size_t row, size_t column) const {
   text +=
       Line(IDS_PLAN_DETAIL_FILES, {GroupedText(plan.counts.counted), SizeText(m_texts, plan.counts.bytes)});
   if (plan.newest)
-    text += Line(IDS_PLAN_DETAIL_NEWEST, {std::wstring(plan.newest->RelativePath()),
-                                          my::LocalTimeText(m_clock, plan.newest->LastWriteTime())});
+    text += Line(IDS_PLAN_DETAIL_NEWEST,
+                 {plan.newest->RelativePath(), my::LocalTimeText(m_clock, plan.newest->LastWriteTime())});
   return text;
 }
 

@@ -18,7 +18,7 @@ constexpr CColumnSpec kColumns[] = {{IDS_COL_TARGET_PATH, 260},
 std::optional<size_t> FindNewest(const CTargets& targets) {
   const my::CFileTime newest = NewestWriteTime(targets);
   size_t row = 0;
-  for (const CTarget& target : targets) {
+  for (const CTarget target : targets) {
     if (target.IsCountedFile() && target.LastWriteTime() == newest) return row;
     ++row;
   }
@@ -42,17 +42,20 @@ std::wstring CTargetListModel::CountsText() const {
 }
 
 std::optional<size_t> CTargetListModel::Find(std::wstring_view text, size_t start) const {
+  std::wstring path;
   for (size_t n = 0; n < RowCount(); ++n) {
     const size_t row = (start + n) % RowCount();
-    if (my::ContainsNoCase(Target(row).RelativePath(), text)) return row;
+    path.clear();
+    Target(row).AppendRelativePath(path);
+    if (my::ContainsNoCase(path, text)) return row;
   }
   return {};
 }
 
 std::wstring CTargetListModel::Text(size_t row, size_t column) const {
-  const CTarget& target = Target(row);
+  const CTarget target = Target(row);
   switch (column) {
-    case Path: return std::wstring(target.RelativePath());
+    case Path: return target.RelativePath();
     case Time: return my::LocalTimeText(m_clock, target.LastWriteTime());
     case Size: return target.IsFolder() ? std::wstring() : GroupedText(target.Size());
     case Attributes: return AttributesText(target.Attributes());

@@ -35,7 +35,7 @@ class CTargetListModel : public CTableModel {
   my::CListLook Look(size_t row) const override { return {{}, Target(row).IsExcluded()}; }
 
  private:
-  const CTarget& Target(size_t row) const { return m_targets->begin()[static_cast<std::ptrdiff_t>(row)]; }
+  CTarget Target(size_t row) const { return (*m_targets)[row]; }
 
   CTargetsPtr m_targets;
   const my::IClock& m_clock;
