@@ -83,8 +83,8 @@ void CheckCombination(const CLI::App& app, const COptions& options) {
 std::wstring NamedOptions(const CLI::App& app, const std::string& text) {
   std::wstring names;
   for (const CLI::Option* option : app.get_options()) {
-    const std::string name = option->get_name();
-    if (text.find(name) == std::string::npos) continue;
+    const std::string name = option->get_name();  // empty if the help does not list the option
+    if (name.empty() || text.find(name) == std::string::npos) continue;
     names.append(names.empty() ? L"" : L", ").append(my::WideFromUtf8(name));
   }
   return names;
