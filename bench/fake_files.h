@@ -69,11 +69,15 @@ class CFakeFiles : public my::IFileSystem {
   }
 
   std::wstring FullPath(const std::wstring&) override { Refuse(); }
+  bool IsLink(const std::wstring&) override { return false; }
+  std::unique_ptr<my::IHeldFolder> HoldFolder(const std::wstring&) override { Refuse(); }
   uint64_t FileSize(const std::wstring&) override { Refuse(); }
   void CreateFolders(const std::wstring&) override { Refuse(); }
   bool CreateNewFolder(const std::wstring&) override { Refuse(); }
   uint64_t FlushFile(const std::wstring&, my::FlushDepth) override { Refuse(); }
-  void Copy(const std::wstring&, const std::wstring&, const my::CCopyProgress&) override { Refuse(); }
+  void Copy(const std::wstring&, const std::wstring&, const my::CCopyProgress&, my::LinkCopy) override {
+    Refuse();
+  }
   void Move(const std::wstring&, const std::wstring&) override { Refuse(); }
   void MoveOver(const std::wstring&, const std::wstring&) override { Refuse(); }
   void RemoveFile(const std::wstring&) override { Refuse(); }

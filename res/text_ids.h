@@ -110,6 +110,7 @@
 #define IDS_PATH_NOT_RESPONDING      497
 #define IDS_FILTER_TEXT_FILES        498
 #define IDS_ASK_NO_ARCHIVER          499
+#define IDS_SOURCE_BECAME_LINK       1250
 
 // Reasons why a regular expression is refused.
 #define IDS_REGEX_BRACKETS           521
@@ -265,6 +266,7 @@
 #define IDS_REMEDY_ARCHIVER_FAILED   751
 #define IDS_REMEDY_INCOMPLETE        752
 #define IDS_REMEDY_TEMPORARY         753
+#define IDS_REMEDY_BECAME_LINK       1251
 #define IDS_REMEDY_STOPPED           754
 #define IDS_REMEDY_INTERNAL          755
 #define IDS_REMEDY_READ              756

@@ -5,6 +5,7 @@
 
 #include "document/name_pattern.h"
 #include "engine/auto_delete_file.h"
+#include "engine/source_guard.h"
 #include "engine/targets.h"
 #include "engine/task_base.h"
 #include "engine/transfer_counters.h"
@@ -143,12 +144,15 @@ void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job) {
   const std::unique_ptr<my::INewFile> file = std::move(list.file);
   const CWrittenList written = WriteList(*file, ports, job.targets);
   file->Close();
+  // The archiver opens the files itself. Folders are not held for so long, only checked.
+  CheckFolders(files, job.source, job.targets);
   ExplainingBlanks(ports, {job.archivePath, list.path, written.misread}, [&] {
     // The number of entries would not tell: an excluded file may have the name that the archiver reads.
     if (!written.misread.empty()) ThrowIncomplete(job.archivePath, written.count, written.count - 1);
     RunArchiver(ports, job, list.path);
     CheckArchive(files, job.archivePath, written.count);
   });
+  CheckFolders(files, job.source, job.targets);
   job.counters.EndArchive();
   FlushFresh(ports.transfer, job.archivePath, my::FlushDepth::Device);
 }

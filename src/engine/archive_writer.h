@@ -37,8 +37,8 @@ struct CArchiveJob {
 // Archives every counted file of the list, verifies the archive instead of trusting the exit code, and
 // flushes it to its device. A stop request ends the writing of the list; a running archiver is waited for.
 // Throws IDS_STOPPED, IDS_TEMP_PATH_FAILED, IDS_CREATE_FILE_FAILED, IDS_WRITE_FILE_FAILED,
-// IDS_CREATE_PROCESS_FAILED, IDS_PROCESS_EXIT_CODE, IDS_ARCHIVE_INCOMPLETE; the failure names a path that the
-// archiver has split or misread.
+// IDS_CREATE_PROCESS_FAILED, IDS_PROCESS_EXIT_CODE, IDS_ARCHIVE_INCOMPLETE, IDS_SOURCE_BECAME_LINK; the
+// failure names a path that the archiver has split or misread.
 void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job);
 
 // Returns whether the archiver would split the path into several arguments, because its command line is not

@@ -11,6 +11,7 @@
 #include "engine/folder_entries.h"
 #include "engine/folders_ahead.h"
 #include "engine/ordered_work.h"
+#include "engine/source_guard.h"
 #include "engine/targets.h"
 #include "engine/task_base.h"
 #include "platform/file_system.h"
@@ -166,6 +167,7 @@ std::optional<my::CException> ListAhead(const CListedSource& source, const my::I
 std::optional<my::CException> ListSource(my::IFileSystem& files, const CFilter& filter,
                                          const my::IStopQuery* stop, const std::wstring& source,
                                          CTargets& targets, const my::CHelpers& helpers) {
+  targets.SetSourceLink(files.IsLink(FolderPath(source)));
   const CListedSource listed{files, filter, source};
   if (helpers.threads && helpers.count > 1) return ListAhead(listed, stop, targets, helpers);
   CListing listing(listed, stop, targets, [&listed](const std::wstring& folder) {

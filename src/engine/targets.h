@@ -52,6 +52,9 @@ class CTarget {
   // Returns the filter item that decided; null if none matched.
   const CFilterItem* FilterItem() const;
 
+  // Returns the index of the folder that contains the entry, or CTargets::kSource.
+  size_t Parent() const { return m_stored->parent; }
+
   // The size of a link is that of the link, not of its target.
   bool IsLink() const { return (Attributes() & my::kAttributeLink) != 0; }
 
@@ -93,6 +96,10 @@ class CTargets {
   // std::length_error if a name or the list is longer than any file system allows.
   size_t Add(const my::CFindData& found, size_t parent = kSource, const CFilterItem* item = nullptr);
 
+  // Whether the source itself was a link when the listing began.
+  bool IsSourceLink() const { return m_isSourceLink; }
+  void SetSourceLink(bool isLink) { m_isSourceLink = isLink; }
+
   // Folders whose contents are missing in the list, and so in every backup made from it.
   const std::vector<CUnlistedFolder>& Unlisted() const { return m_unlisted; }
   void AddUnlisted(std::wstring_view relativeFolder, my::CSystemError error) {
@@ -111,6 +118,7 @@ class CTargets {
   std::vector<std::unique_ptr<wchar_t[]>> m_nameBlocks;
   size_t m_nextName = 0;  // position of the next name
   std::vector<CUnlistedFolder> m_unlisted;
+  bool m_isSourceLink = false;
 };
 
 using CTargetsPtr = boost::shared_ptr<const CTargets>;

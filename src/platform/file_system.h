@@ -16,7 +16,8 @@ namespace my {
 
 // FILE_ATTRIBUTE_ values.
 inline constexpr uint32_t kAttributeFolder = 0x10;
-inline constexpr uint32_t kAttributeLink = 0x400;  // a reparse point: junction, symbolic link, cloud file
+inline constexpr uint32_t kAttributeLink = 0x400;  // of a folder: a junction or symbolic link, which leads
+                                                   // elsewhere; of a file: also one in the cloud
 
 // An entry of a folder as reported by the enumeration.
 struct CFindData {
@@ -49,6 +50,16 @@ using CCopyProgress = std::function<void(uint64_t)>;
 
 enum class PathKind { None, File, Folder };
 
+// What a copy of a symbolic link to a file is: a copy of the target, or a link. Creating links needs a
+// privilege, so the copy as a link may fail.
+enum class LinkCopy { Target, Link };
+
+// Keeps a folder in its place until it is destroyed.
+class IHeldFolder {
+ public:
+  virtual ~IHeldFolder() = default;
+};
+
 // The lifetime of a new file. UntilClosed: the file is hidden, cannot be opened by others, and is deleted by
 // the system when it is closed, also if the program is killed.
 enum class FileLife { Kept, UntilClosed };
@@ -77,6 +88,15 @@ class IFileSystem {
   // a denied folder throws IDS_PATH_UNREADABLE instead.
   virtual PathKind Kind(const std::wstring& path) = 0;
 
+  // Returns whether the path itself is a junction or symbolic link. False if this cannot be determined: the
+  // failure of the operation that follows says more.
+  virtual bool IsLink(const std::wstring& path) = 0;
+
+  // Keeps others from renaming, deleting or replacing a folder; a link is held itself. They may still change
+  // its contents. Returns null if the folder cannot be held, for example because another program has it open
+  // to delete it, and where the system cannot enforce this.
+  virtual std::unique_ptr<IHeldFolder> HoldFolder(const std::wstring& path) = 0;
+
   // Returns the size in bytes, following links. Throws IDS_READ_FILE_FAILED.
   virtual uint64_t FileSize(const std::wstring& path) = 0;
 
@@ -87,13 +107,14 @@ class IFileSystem {
   // same name, exactly one gets true. Throws IDS_CREATE_FOLDER_FAILED.
   virtual bool CreateNewFolder(const std::wstring& path) = 0;
 
-  // Copies a file with its attributes and last-write time. Follows links, never overwrites. Calls `progress`
-  // from time to time. Throws IDS_COPY_FILE_FAILED.
-  virtual void Copy(const std::wstring& from, const std::wstring& to, const CCopyProgress& progress = {}) = 0;
+  // Copies a file with its attributes and last-write time. Never overwrites. Calls `progress` from time to
+  // time. Throws IDS_COPY_FILE_FAILED.
+  virtual void Copy(const std::wstring& from, const std::wstring& to, const CCopyProgress& progress = {},
+                    LinkCopy link = LinkCopy::Target) = 0;
 
   // Flushes the cached data of a file and returns its size in bytes. On file systems that cannot write a file
-  // out without a device flush, WriteOut skips small files, which the system writes later. Throws
-  // IDS_WRITE_FILE_FAILED.
+  // out without a device flush, WriteOut skips small files, which the system writes later; WriteOut does not
+  // follow a link, whose size is 0. Throws IDS_WRITE_FILE_FAILED.
   virtual uint64_t FlushFile(const std::wstring& path, FlushDepth depth) = 0;
 
   // Renames a file or folder on its volume; never overwrites. Throws IDS_MOVE_FILE_FAILED.

@@ -8,8 +8,9 @@ namespace {
 using namespace qlm;
 
 struct CWatchedFiles : my::CWin32FileSystem {
-  void Copy(const std::wstring& from, const std::wstring& to, const my::CCopyProgress& progress) override {
-    CWin32FileSystem::Copy(from, to, progress);
+  void Copy(const std::wstring& from, const std::wstring& to, const my::CCopyProgress& progress,
+            my::LinkCopy link) override {
+    CWin32FileSystem::Copy(from, to, progress, link);
     if (copied) copied();
   }
 

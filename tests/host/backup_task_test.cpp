@@ -267,9 +267,10 @@ TEST_P(BackupTask, stop_ends_the_job_at_its_next_check) {
   EXPECT_EQ(Outcome(Run(&never)), "CREATED");
 }
 
-constexpr Op kAllOps[] = {Op::FIND,  Op::NEXT, Op::KIND,        Op::SIZE,        Op::CREATE_FOLDERS,
-                          Op::COPY,  Op::MOVE, Op::REMOVE,      Op::CREATE_FILE, Op::WRITE,
-                          Op::CLOSE, Op::READ, Op::TEMP_FOLDER, Op::FLUSH_FILE};
+constexpr Op kAllOps[] = {Op::FIND,           Op::NEXT,       Op::KIND,    Op::SIZE,
+                          Op::CREATE_FOLDERS, Op::COPY,       Op::MOVE,    Op::REMOVE,
+                          Op::CREATE_FILE,    Op::WRITE,      Op::CLOSE,   Op::READ,
+                          Op::TEMP_FOLDER,    Op::FLUSH_FILE, Op::IS_LINK, Op::HOLD};
 
 // Checks that a destination with its final name has all listed files.
 class BackupTaskFaults : public BackupTask {

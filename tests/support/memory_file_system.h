@@ -1,7 +1,7 @@
 // A file system in memory that is stricter than a real one: names are case-insensitive, trailing dots and
 // spaces are dropped, devices exist in every folder, ":" opens a stream, drives can be missing, a new file or
-// folder refuses its first rename, and a crash loses all unflushed bytes. Tests can make operations fail. Any
-// thread may call the port, and may add and remove files.
+// folder refuses its first rename, and a crash loses all unflushed bytes. Tests can make operations fail, and
+// change the disk between them. Any thread may call the port, and may add and remove files.
 #pragma once
 
 #include <algorithm>
@@ -26,6 +26,8 @@ enum class Op {
   FIND,
   NEXT,
   KIND,
+  IS_LINK,
+  HOLD,
   SIZE,
   READ,
   FREE_SPACE,
@@ -71,12 +73,13 @@ class CMemoryFileSystem : public my::IFileSystem {
     entry->renameRefusals = m_renameRefusals;
   }
 
-  // Adds a symbolic link, listed with size 0 and opened as its target. Without a target it is a junction that
-  // denies listing.
+  // Adds a symbolic link, listed with size 0 and opened as its target, a file or folder. Without a target it
+  // is a junction that denies listing.
   void AddLink(const std::wstring& path, std::wstring target = {}, my::CFileTime time = {}) {
     AddFolder(std::wstring(my::ParentPath(path)));
     const std::lock_guard hold(*m_lock);
-    const CEntryPtr entry = Insert(path, target.empty());
+    m_hasLinks = true;
+    const CEntryPtr entry = Insert(path, target.empty() || IsFolder(target));
     entry->attributes |= my::kAttributeLink;
     entry->linkTarget = std::move(target);
     entry->time = time;
@@ -90,6 +93,20 @@ class CMemoryFileSystem : public my::IFileSystem {
   void Remove(const std::wstring& path) {  // with everything below it
     const std::lock_guard hold(*m_lock);
     std::erase_if(m_entries, [&path](const CEntryPtr& entry) { return entry->IsWithin(path); });
+  }
+
+  // Sets whether folders can be held and whether the system keeps others from moving held ones. Not every
+  // system does both.
+  enum class Holding { Enforced, NotEnforced, Refused };
+  void SetHolding(Holding holding) { m_holding = holding; }
+
+  // What another program does: removes a file or folder, and puts a link in its place if there is a target.
+  // Returns false for a folder that is held, or has a held one below it.
+  bool Replace(const std::wstring& path, const std::wstring& target = {}) {
+    if (IsHeld(path)) return false;
+    Remove(path);
+    if (!target.empty()) AddLink(path, target, {});
+    return true;
   }
 
   std::map<std::wstring, std::string> Files() const {
@@ -111,6 +128,13 @@ class CMemoryFileSystem : public my::IFileSystem {
 
   // Runs `work` once, before the next operation of this kind: what another program does in between.
   void Meanwhile(Op op, std::function<void()> work) { m_meanwhile[op] = std::move(work); }
+
+  // Runs `work` once, before the n-th operation of any kind from now.
+  void MeanwhileAt(int n, std::function<void()> work) {
+    m_workIn = n;
+    m_work = std::move(work);
+  }
+  bool IsMeanwhileDone() const { return m_workIn <= 0; }
 
   // Makes the n-th operation of this kind from now fail (n >= 1). Each kind has its own countdown.
   void FailAt(Op op, int n, uint32_t win32 = my::kErrorDiskFull) { m_faults[op] = {n, win32}; }
@@ -142,7 +166,7 @@ class CMemoryFileSystem : public my::IFileSystem {
   std::unique_ptr<my::IFindFiles> Find(const std::wstring& path) override {
     CStep step = Begin(Op::FIND, L"find", IDS_LIST_FOLDER_FAILED, {path});
     const std::wstring pattern = my::JoinPath(path, L"*");
-    const std::wstring_view folder = my::ParentPath(pattern);
+    const std::wstring folder = Resolve(my::ParentPath(pattern));
     step.RefuseIf(!IsFolder(folder), my::kErrorPathNotFound);
     const CEntryPtr self = Lookup(folder);
     step.RefuseIf(self && self->IsLink(), my::kErrorAccessDenied);
@@ -162,6 +186,20 @@ class CMemoryFileSystem : public my::IFileSystem {
     step.End();
     if (IsFolder(path)) return my::PathKind::Folder;
     return IsDevice(path) || Lookup(path) ? my::PathKind::File : my::PathKind::None;
+  }
+
+  bool IsLink(const std::wstring& path) override {
+    CStep step = Begin(Op::IS_LINK, L"is link", IDS_PATH_UNREADABLE, {path});
+    const CEntryPtr entry = step.Broken() ? nullptr : Lookup(Located(path));
+    return entry && entry->IsLink();
+  }
+
+  std::unique_ptr<my::IHeldFolder> HoldFolder(const std::wstring& path) override {
+    const CStep step = Begin(Op::HOLD, L"hold", IDS_PATH_UNREADABLE, {path});
+    if (step.crash) throw CCrash();
+    const CEntryPtr entry = step.Broken() ? nullptr : Lookup(Located(path));
+    if (!entry || !entry->folder || m_holding == Holding::Refused) return nullptr;
+    return std::make_unique<CHeldFolder>(*this, entry);
   }
 
   uint64_t FileSize(const std::wstring& path) override {
@@ -193,15 +231,18 @@ class CMemoryFileSystem : public my::IFileSystem {
     return true;
   }
 
-  void Copy(const std::wstring& from, const std::wstring& to, const my::CCopyProgress& progress) override {
+  void Copy(const std::wstring& from, const std::wstring& to, const my::CCopyProgress& progress,
+            my::LinkCopy link) override {
     CStep step = Begin(Op::COPY, L"copy", IDS_COPY_FILE_FAILED, {from, to});
-    const CEntryPtr source = Open(from);
+    const CEntryPtr source = link == my::LinkCopy::Link ? Lookup(Located(from)) : Open(from);
     step.RefuseIf(!source, my::kErrorFileNotFound);
     step.RefuseIf(source->folder, my::kErrorAccessDenied);
     step.RefuseIf(!IsFolder(my::ParentPath(to)), my::kErrorPathNotFound);
     step.RefuseIf(Lookup(to) != nullptr, my::kErrorFileExists);
     const size_t whole = source->content.size();
     const CEntryPtr copy = Insert(to, false);
+    copy->attributes = source->attributes;
+    copy->linkTarget = source->linkTarget;
     copy->content = source->content.substr(0, m_shortenCopies ? whole / 2 : step.Done(whole));
     copy->time = source->time;
     copy->cache = Cache::SYSTEM;
@@ -305,6 +346,7 @@ class CMemoryFileSystem : public my::IFileSystem {
     Cache cache = Cache::NONE;
     size_t flushedSize = 0;  // bytes that a crash keeps; used unless `cache` is NONE
     bool open = false;       // for writing; can be neither renamed nor removed
+    int holds = 0;
     int renameRefusals = 0;
   };
   using CEntryPtr = std::shared_ptr<CEntry>;
@@ -354,6 +396,19 @@ class CMemoryFileSystem : public my::IFileSystem {
     std::wstring name;
   };
 
+  struct CHeldFolder : my::IHeldFolder {
+    CHeldFolder(CMemoryFileSystem& owner, CEntryPtr held) : disk(owner), entry(std::move(held)) {
+      ++entry->holds;
+    }
+    ~CHeldFolder() override {
+      const std::lock_guard hold(*disk.m_lock);
+      --entry->holds;
+    }
+
+    CMemoryFileSystem& disk;
+    CEntryPtr entry;
+  };
+
   struct CNewFile : my::INewFile {
     CNewFile(CMemoryFileSystem& owner, CEntryPtr made, my::FileLife howLong)
         : disk(owner), entry(std::move(made)), life(howLong) {
@@ -401,7 +456,13 @@ class CMemoryFileSystem : public my::IFileSystem {
 
   std::function<void()> TakeMeanwhile(Op op) {
     const std::lock_guard hold(*m_lock);
-    return std::exchange(m_meanwhile[op], nullptr);
+    return --m_workIn == 0 ? std::exchange(m_work, nullptr) : std::exchange(m_meanwhile[op], nullptr);
+  }
+
+  bool IsHeld(const std::wstring& path) const {
+    const std::lock_guard hold(*m_lock);
+    const auto keeps = [&](const CEntryPtr& entry) { return entry->holds > 0 && entry->IsWithin(path); };
+    return m_holding == Holding::Enforced && std::ranges::any_of(m_entries, keeps);
   }
 
   CStep Begin(Op op, const wchar_t* name, uint32_t messageId, const std::vector<std::wstring>& paths) {
@@ -441,11 +502,23 @@ class CMemoryFileSystem : public my::IFileSystem {
     return my::EqualNoCase(stem, L"nul") || my::EqualNoCase(stem, L"com1");
   }
 
-  // Returns the file, or the target of a link.
-  CEntryPtr Open(std::wstring_view path) const {
-    const CEntryPtr entry = Lookup(path);
-    return entry && !entry->linkTarget.empty() ? Lookup(entry->linkTarget) : entry;
+  // Returns the path with all its links followed.
+  std::wstring Resolve(std::wstring_view path) const {
+    if (!m_hasLinks) return std::wstring(path);
+    const std::wstring located = Located(path);
+    const CEntryPtr entry = Lookup(located);
+    return entry && !entry->linkTarget.empty() ? Resolve(entry->linkTarget) : located;
   }
+
+  // Returns the path with the links of its parents followed.
+  std::wstring Located(std::wstring_view path) const {
+    const std::wstring_view parent = my::ParentPath(path);
+    if (parent.empty() || !m_hasLinks) return std::wstring(path);
+    return my::JoinPath(Resolve(parent), my::LastComponent(path));
+  }
+
+  // Returns the file, or the target of a link.
+  CEntryPtr Open(std::wstring_view path) const { return Lookup(Resolve(path)); }
 
   // Returns the path as the system reads it: without trailing dots and spaces, and without a stream name.
   static std::wstring_view Meant(std::wstring_view path) {
@@ -523,6 +596,10 @@ class CMemoryFileSystem : public my::IFileSystem {
   std::map<Op, CFault> m_faults;
   std::vector<std::pair<Op, std::wstring>> m_badPaths;
   std::vector<std::wstring> m_log;
+  Holding m_holding = Holding::Enforced;
+  bool m_hasLinks = false;
+  int m_workIn = 0;
+  std::function<void()> m_work;
   int m_crashIn = 0;
   bool m_crashed = false;
   bool m_failed = false;

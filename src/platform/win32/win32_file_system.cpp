@@ -25,6 +25,14 @@ static_assert(kErrorSharingViolation == ERROR_SHARING_VIOLATION && kErrorDiskFul
 static_assert(kErrorFileExists == ERROR_FILE_EXISTS && kErrorAlreadyExists == ERROR_ALREADY_EXISTS);
 static_assert(kErrorNameTooLong == ERROR_FILENAME_EXCED_RANGE);
 
+// Returns whether the tag of a reparse point is that of a junction or symbolic link. Some file systems report
+// none.
+bool LeadsElsewhere(DWORD tag) {
+  return tag == 0 || IsReparseTagNameSurrogate(tag);
+}
+
+using CFindHandle = CHandle<HANDLE, &::FindClose>;
+
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 // Enumerates a folder through its handle. Entries and order are those of FindFirstFile with "*.*", without
@@ -47,12 +55,20 @@ class CFindFiles : public IFindFiles {
     entry.name = {found.FileName, found.FileNameLength / sizeof(wchar_t)};
     entry.lastWriteTime = {static_cast<uint64_t>(found.LastWriteTime.QuadPart)};
     entry.size = static_cast<uint64_t>(found.EndOfFile.QuadPart);
-    entry.attributes = found.FileAttributes;
+    entry.attributes = Attributes(found);
     m_next = found.NextEntryOffset == 0 ? nullptr : m_next + found.NextEntryOffset;
     return true;
   }
 
  private:
+  static uint32_t Attributes(const FILE_FULL_DIR_INFO& found) {
+    constexpr DWORD kFolderLink = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
+    const bool mayBeLink = (found.FileAttributes & kFolderLink) == kFolderLink;
+    // The field of a reparse point has its tag instead of a size.
+    const bool other = mayBeLink && !LeadsElsewhere(found.EaSize);
+    return other ? found.FileAttributes & ~DWORD{FILE_ATTRIBUTE_REPARSE_POINT} : found.FileAttributes;
+  }
+
   // Returns false if there are no more entries.
   bool Fill() {
     if (::GetFileInformationByHandleEx(m_folder.Get(), FileFullDirectoryInfo, m_buffer, sizeof(m_buffer))) {
@@ -149,10 +165,20 @@ class CReadOnlyLift {
 };
 
 // Flushing needs write access although nothing is written.
-CKernelHandle OpenForFlush(const std::wstring& path) {
-  return CKernelHandle(::CreateFileW(path.c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING,
-                                     FILE_ATTRIBUTE_NORMAL, nullptr));
+CKernelHandle OpenForFlush(const std::wstring& path, FlushDepth depth) {
+  const DWORD flags =
+      depth == FlushDepth::WriteOut ? FILE_FLAG_OPEN_REPARSE_POINT : DWORD{FILE_ATTRIBUTE_NORMAL};
+  return CKernelHandle(
+      ::CreateFileW(path.c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING, flags, nullptr));
 }
+
+class CHeldFolder : public IHeldFolder {
+ public:
+  explicit CHeldFolder(CKernelHandle folder) : m_folder(std::move(folder)) {}
+
+ private:
+  CKernelHandle m_folder;
+};
 
 // Writes out data and metadata of a file without flushing the device. Returns the Win32 code:
 // ERROR_NOT_SUPPORTED if the system (before Windows 8) or the file system (not NTFS) does not support this.
@@ -208,6 +234,23 @@ PathKind CWin32FileSystem::Kind(const std::wstring& path) {
   throw CException(IDS_PATH_UNREADABLE, {CSystemError::FromWin32(error), path});
 }
 
+bool CWin32FileSystem::IsLink(const std::wstring& path) {
+  const DWORD attributes = ::GetFileAttributesW(path.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return false;
+  WIN32_FIND_DATAW found{};
+  const CFindHandle find(::FindFirstFileW(path.c_str(), &found));
+  return !find || LeadsElsewhere(found.dwReserved0);
+}
+
+// A handle takes part in sharing only if it has access to contents.
+std::unique_ptr<IHeldFolder> CWin32FileSystem::HoldFolder(const std::wstring& path) {
+  CKernelHandle folder(::CreateFileW(path.c_str(), FILE_LIST_DIRECTORY, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                     nullptr, OPEN_EXISTING,
+                                     FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+  if (!folder) return nullptr;
+  return std::make_unique<CHeldFolder>(std::move(folder));
+}
+
 uint64_t CWin32FileSystem::FileSize(const std::wstring& path) {
   const CKernelHandle file(::CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
                                          OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -239,22 +282,23 @@ bool CWin32FileSystem::CreateNewFolder(const std::wstring& path) {
   throw CException(IDS_CREATE_FOLDER_FAILED, {CSystemError::FromWin32(error), path});
 }
 
-void CWin32FileSystem::Copy(const std::wstring& from, const std::wstring& to, const CCopyProgress& progress) {
+void CWin32FileSystem::Copy(const std::wstring& from, const std::wstring& to, const CCopyProgress& progress,
+                            LinkCopy link) {
   // CopyFile is this call without a progress routine.
   void* const argument = const_cast<CCopyProgress*>(&progress);
-  if (::CopyFileExW(from.c_str(), to.c_str(), progress ? ReportCopied : nullptr, argument, nullptr,
-                    COPY_FILE_FAIL_IF_EXISTS)) {
+  const DWORD flags = COPY_FILE_FAIL_IF_EXISTS | (link == LinkCopy::Link ? COPY_FILE_COPY_SYMLINK : 0);
+  if (::CopyFileExW(from.c_str(), to.c_str(), progress ? ReportCopied : nullptr, argument, nullptr, flags)) {
     return;
   }
   throw CException(IDS_COPY_FILE_FAILED, {LastError(), from, to});
 }
 
 uint64_t CWin32FileSystem::FlushFile(const std::wstring& path, FlushDepth depth) {
-  CKernelHandle file = OpenForFlush(path);
+  CKernelHandle file = OpenForFlush(path, depth);
   std::optional<CReadOnlyLift> lift;
   if (!file && ::GetLastError() == ERROR_ACCESS_DENIED) {
     lift.emplace(path);
-    file = OpenForFlush(path);
+    file = OpenForFlush(path, depth);
   }
   if (!file) throw CException(IDS_WRITE_FILE_FAILED, {LastError(), path});
   const uint64_t size = SizeOf(file, path, IDS_WRITE_FILE_FAILED);

@@ -10,10 +10,13 @@ class CWin32FileSystem : public IFileSystem {
   std::wstring FullPath(const std::wstring& path) override;
   std::unique_ptr<IFindFiles> Find(const std::wstring& folder) override;
   PathKind Kind(const std::wstring& path) override;
+  bool IsLink(const std::wstring& path) override;
+  std::unique_ptr<IHeldFolder> HoldFolder(const std::wstring& path) override;
   uint64_t FileSize(const std::wstring& path) override;
   void CreateFolders(const std::wstring& path) override;
   bool CreateNewFolder(const std::wstring& path) override;
-  void Copy(const std::wstring& from, const std::wstring& to, const CCopyProgress& progress) override;
+  void Copy(const std::wstring& from, const std::wstring& to, const CCopyProgress& progress,
+            LinkCopy link) override;
   uint64_t FlushFile(const std::wstring& path, FlushDepth depth) override;
   void Move(const std::wstring& from, const std::wstring& to) override;
   void MoveOver(const std::wstring& from, const std::wstring& to) override;
