@@ -101,9 +101,11 @@ class SourceRace : public testing::TestWithParam<std::tuple<Holding, size_t>> {
     }
   }
 
-  void Make(const CChange& change) {
-    if (!change.removed.empty() && !files.Replace(change.removed, change.link)) return;
+  // Returns false if the system refuses.
+  bool Make(const CChange& change) {
+    if (!change.removed.empty() && !files.Replace(change.removed, change.link)) return false;
     if (!change.added.empty()) files.AddFile(change.added, change.content, kTime);
+    return true;
   }
 
   CMemoryFileSystem files;
@@ -118,10 +120,11 @@ class SourceRace : public testing::TestWithParam<std::tuple<Holding, size_t>> {
 TEST_P(SourceRace, change_at_any_moment_is_told_and_leads_nowhere_else) {
   for (const CChange& change : kChanges) {
     std::set<uint32_t> errors;
+    bool refused = false;
     for (int n = 1;; ++n) {
       const std::string where = std::string(change.name) + " before operation " + std::to_string(n);
       Reset();
-      files.MeanwhileAt(n, [&] { Make(change); });
+      files.MeanwhileAt(n, [&] { refused |= !Make(change); });
       const auto rows = Run();
       if (!files.IsMeanwhileDone()) break;
       ASSERT_LT(n, 500);
@@ -139,6 +142,8 @@ TEST_P(SourceRace, change_at_any_moment_is_told_and_leads_nowhere_else) {
       if (change.removed != kFile) ExpectNothingFromOutside(L"two.zip", where);
     }
     EXPECT_TRUE(errors.contains(0)) << change.name;
+    const bool ofFolder = !change.removed.empty() && change.removed != kFile;
+    EXPECT_EQ(refused, ofFolder && std::get<0>(GetParam()) == Holding::Enforced) << change.name;
     EXPECT_EQ(errors.contains(IDS_SOURCE_BECAME_LINK), !change.link.empty()) << change.name;
   }
 }
