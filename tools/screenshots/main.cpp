@@ -66,8 +66,9 @@ void ShootMain() {
 
 // Copies slowly, and calls `copied` on the thread of the windows.
 struct CSlowFiles : my::CWin32FileSystem {
-  void Copy(const std::wstring& from, const std::wstring& to, const my::CCopyProgress& progress) override {
-    CWin32FileSystem::Copy(from, to, progress);
+  void Copy(const std::wstring& from, const std::wstring& to, const my::CCopyProgress& progress,
+            my::LinkCopy link) override {
+    CWin32FileSystem::Copy(from, to, progress, link);
     ::Sleep(150);
     copied();
   }
