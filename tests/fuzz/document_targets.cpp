@@ -75,17 +75,6 @@ void CheckPasteTasks(const qlm::CContent& content, const qlm::CClip& clip) {
   Require(SameContent(document.Content(), content), "a paste is one step");
 }
 
-void CheckPasteDsts(const qlm::CContent& content, const qlm::CClip& clip) {
-  test::CPugiDom dom;
-  qlm::CDocument document(content);
-  const uint32_t failure = test::ThrownId([&] { PasteDsts(dom, document, clip.document, 0); });
-  Require(failure == (content.dsts.empty() ? 0 : IDS_DST_DUPLICATE) && !document.IsModified(),
-          "own destinations are not pasted again");
-  qlm::CDocument copy;
-  PasteDsts(dom, copy, clip.document, -1);
-  Require(SameDsts(copy.Dsts(), content.dsts), "destinations are pasted in order");
-}
-
 }  // namespace
 
 void TestDocument(std::string_view input) {
@@ -123,9 +112,7 @@ void TestClip(std::string_view input) {
   if (!content || !IsStorable(*content) || content->dsts.size() > qlm::kMostDsts) return;
   const qlm::CDocument document(*content);
   const qlm::CClip tasks = CopyTasks(dom, document, AllRows(content->tasks));
-  const qlm::CClip dsts = CopyDsts(dom, test::CRcTexts(), document, AllRows(content->dsts));
   CheckPasteTasks(*content, tasks);
-  CheckPasteDsts(*content, dsts);
 }
 
 }  // namespace fuzz

@@ -2,7 +2,6 @@
 #include <optional>
 
 #include "document/filter.h"
-#include "document/filter_edit.h"
 #include "document/text_file.h"
 #include "fuzz/targets.h"
 #include "replace/replace_rule.h"
@@ -46,29 +45,6 @@ std::optional<const qlm::CFilterItem*> FindInOrder(const qlm::CFilter& filter, c
   }
 }
 
-// A name of a file that a filter file can hold.
-bool IsFileName(std::wstring_view path) {
-  return !path.empty() && path.find_first_of(L"\"/\n\r\f\x85\x2028\x2029") == path.npos &&
-         my::WellFormed(path) == path;
-}
-
-void CheckExcludeLine(const std::string& bytes, const std::wstring& path) {
-  const test::CFakeAnsiCodec ansi;
-  const std::wstring line = qlm::ExcludeLine(path);
-  std::string changed;
-  if (test::ThrownId([&] { changed = qlm::WithFirstLine(ansi, bytes, line); }) != 0) return;  // not encodable
-  std::vector<std::wstring> lines = qlm::TextLines(ansi, bytes);
-  lines.insert(lines.begin(), line);
-  Require(qlm::TextLines(ansi, changed) == lines, "a line is inserted before all others");
-  qlm::CFilter filter;
-  filter.Parse({line}, test::CRcTexts());
-  my::CRegexMatch scratch;
-  Require(filter.Find(path, scratch) != nullptr, "the line excludes its path");
-  for (const auto& other : {path + L"x", L"x" + path, path.substr(1)}) {
-    Require(filter.Find(other, scratch) == nullptr, "the line excludes no other path");
-  }
-}
-
 qlm::CReplaceRule Rule(const std::wstring& src, const std::wstring& dst, bool regex) {
   qlm::CReplaceOptions options;
   options.col = qlm::kReplaceTaskId | qlm::kReplaceTaskPath;
@@ -90,30 +66,18 @@ void CheckLiteral(const std::wstring& src, const std::wstring& dst, const std::w
           "text and its expression are replaced alike");
 }
 
-void CheckShown(const qlm::CReplaceRule& rule, const std::wstring& value) {
-  qlm::CTask task{value, value, value, {}};
-  const qlm::CTaskPtr changed = Replaced(rule, task);
-  task.replaceRule = &rule;
-  Require(ShownValue(task, qlm::kReplaceTaskId) == (changed ? changed->id : value),
-          "the preview is the result");
-  Require(!changed || (changed->id != value && changed->filterPath == value), "only chosen columns change");
-}
-
 }  // namespace
 
 void TestFilter(std::string_view input) {
   CValues values(input);
-  const std::string bytes(values.Bytes());
   qlm::CFilter filter;
-  filter.Parse(qlm::TextLines(test::CFakeAnsiCodec(), bytes), test::CRcTexts());
+  filter.Parse(qlm::TextLines(test::CFakeAnsiCodec(), values.Bytes()), test::CRcTexts());
   my::CRegexMatch scratch;
-  std::wstring path;
   while (!values.AtEnd()) {
-    path = ShortText(values);
+    const std::wstring path = ShortText(values);
     const auto expected = FindInOrder(filter, path);
     Require(!expected || filter.Find(path, scratch) == *expected, "a filter equals its expressions in order");
   }
-  if (IsFileName(path)) CheckExcludeLine(bytes, path);
 }
 
 void TestPattern(std::string_view input) {
@@ -138,7 +102,7 @@ void TestReplace(std::string_view input) {
   const std::wstring value = ShortText(values);
   CheckLiteral(src, dst, value);
   try {
-    CheckShown(Rule(src, dst, true), value);
+    Rule(src, dst, true).Value(qlm::kReplaceTaskId, value);
     Require(Rule(src, L"$&", true).Value(qlm::kReplaceTaskId, value) == value,
             "a match is replaced by itself");
   } catch (const my::CException&) {  // refused or too complex

@@ -3,13 +3,10 @@
 #include "app/command_line.h"
 #include "document/name_pattern.h"
 #include "fuzz/targets.h"
-#include "platform/xml_layer.h"
 #include "run/options.h"
-#include "schedule/schedule_xml.h"
 #include "support/fake_ports.h"
 #include "support/name_faults.h"
 #include "support/paths.h"
-#include "support/pugi_dom.h"
 #include "support/strings.h"
 
 namespace fuzz {
@@ -26,32 +23,6 @@ std::wstring Quoted(const std::vector<std::wstring>& arguments) {
     }
   }
   return line;
-}
-
-void CheckRunner(const std::wstring& document, const std::vector<std::wstring>& ids) {
-  std::vector<std::wstring> arguments;
-  for (const std::wstring& id : ids) arguments.push_back(L"--task=" + id);
-  arguments.insert(arguments.end(), {L"--", document});
-  const qlm::CParsedOptions parsed = qlm::ParseOptions(arguments, test::CRcTexts());
-  Require(parsed.exitCode == -1, "any document and task can be given");
-  Require(parsed.options.documentPath == document && parsed.options.taskIds == ids, "and arrives unchanged");
-}
-
-void CheckSchedule(const qlm::CScheduledRun& run) {
-  test::CPugiDom dom;
-  qlm::CSchedule schedule;
-  schedule.start = {2026, 4, 1, 9, 30, 0};
-  const auto xml = [&schedule, &text = run.runnerPath](const qlm::CScheduledRun& started) {
-    return ScheduleXml(schedule, started, text, text);
-  };
-  for (const std::wstring& definition : {xml(run), WithRun(xml({L"other", run.runnerPath}), run)}) {
-    const auto read = qlm::ParseScheduleXml(dom, definition);
-    Require(read && read->run == run && read->schedule == schedule, "a schedule is read as written");
-  }
-}
-
-bool IsPath(const std::wstring& text) {
-  return !text.empty() && my::IsXmlText(text) && text.find(L'"') == text.npos && my::WellFormed(text) == text;
 }
 
 void CheckPattern(const std::wstring& pattern, const std::wstring& id, my::CFileTime time) {
@@ -89,11 +60,6 @@ void TestCommandLine(std::string_view input) {
   const auto arguments = qlm::CCommandLineParserUtil::Split(line);
   Require(qlm::CCommandLineParserUtil::Split(Quoted(arguments)) == arguments, "quoted arguments are split");
   qlm::ParseOptions(arguments, test::CRcTexts());
-  CValues values(input);
-  const qlm::CScheduledRun run{values.Text(), values.Text()};
-  if (!IsPath(run.runnerPath) || !IsPath(run.documentPath)) return;
-  CheckRunner(run.documentPath, {run.runnerPath, L"x"});
-  CheckSchedule(run);
 }
 
 void TestNames(std::string_view input) {
