@@ -18,7 +18,6 @@ EXTERNAL = {"https://www.7-zip.org/"}
 # Keys of lists, dialogs and the system, which no table names.
 COMMON_KEYS = set("Enter Esc Space Tab Home End ↑ ↓ ← → F1 F5 Alt+F4 Shift+Tab Ctrl+Tab Ctrl+Shift+Tab Ctrl+PgUp "
                   "Ctrl+PgDn Ctrl+A Ctrl+C Ctrl+F Ctrl+P F10".split())
-HIDDEN_OPTIONS = {"--threads"}  # for measurements, not in the help
 NO_PAGE = {"IDD_CLOSING"}  # shown while nothing can be asked
 
 
@@ -144,7 +143,7 @@ def check_languages(first, second):
 def check_complete(manual, options):
     """Everything that must be explained is: options, tokens of names, remedies, dialogs."""
     pages = manual["ja"]
-    for option in options - HIDDEN_OPTIONS - set(pages["schedule"].of_kind("option")):
+    for option in options - set(pages["schedule"].of_kind("option")):
         yield pages["schedule"].path, f"does not explain {option}"
     names = (TOP / "src/ui/models/name_preview.cpp").read_text("utf-8")
     for token in re.findall(r'L"(<\w+>)"', names):

@@ -78,7 +78,8 @@ void CBackupTask::MainRun() {
 void CBackupTask::ListTargets() {
   auto targets = boost::make_shared<CTargets>(m_filter);
   m_targets = targets;
-  const my::CHelpers helpers = HelpersFor(m_ports, {m_task->path});
+  my::CHelpers helpers = HelpersFor(m_ports, {m_task->path});
+  if (m_plan) helpers.priority = my::IThreads::kNormalPriority;  // the user waits for it
   const auto unreadable = ListSource(m_ports.files, *m_filter, m_stop, m_task->path, *targets, helpers);
   LastRow().targets = targets;  // set now, so that a run that ends here shows what the filter excluded
   m_newest = NewestWriteTime(*m_targets);

@@ -7,7 +7,7 @@ CHelperThreads::CHelperThreads(const CHelpers& helpers, const std::function<void
   m_running.reserve(helpers.count - 1);  // so that a started thread is never lost
   try {
     while (m_running.size() < helpers.count - 1) {
-      m_running.push_back(helpers.threads->Start(body, {IThreads::kIdlePriority, false, 0}));
+      m_running.push_back(helpers.threads->Start(body, {helpers.priority, false, 0}));
     }
   } catch (...) {
     return;  // the work is done by fewer threads

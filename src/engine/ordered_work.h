@@ -15,10 +15,11 @@
 
 namespace my {
 
-// The threads that may work: the calling thread, and helper threads of idle priority.
+// The threads that may work: the calling thread, and helper threads.
 struct CHelpers {
-  IThreads* threads = nullptr;  // null: no helper threads
-  size_t count = 1;             // of working threads, with the calling one
+  IThreads* threads = nullptr;             // null: no helper threads
+  size_t count = 1;                        // of working threads, with the calling one
+  int priority = IThreads::kIdlePriority;  // of the helper threads
 };
 
 // The items, and the work on one of them. Next and End are called under one lock, by any of the threads.
