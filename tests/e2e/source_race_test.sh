@@ -30,7 +30,7 @@ EOF
 
 # Replaces a folder by a link once the path, a file or a folder of at least ten files, exists.
 swap_once_there() { # PATH FOLDER AWAY TARGET
-  timeout 60 python3 - "$@" <<'EOF'
+  exec timeout 60 python3 - "$@" <<'EOF'
 import os, sys, time
 path, folder, away, target = sys.argv[1:]
 while not os.path.isfile(path) and sum(len(files) for _, _, files in os.walk(path)) < 10:
@@ -40,13 +40,21 @@ os.symlink(target, folder)
 EOF
 }
 
+# Repeats the run until the folder is replaced before it ends.
 swap_during_run() { # TYPE NAME PATH FOLDER TARGET
-  reset
-  write_document "$1" "$2"
-  swap_once_there "$work/dst/_tmp_$3" "$work/$4" "$work/away" "$work/$5" &
-  run_qlm --7z "$archiver" --json "$(to_win "$work/doc.qlmr")"
-  wait $!
-  [[ -d $work/away ]] || fail 'the folder was not replaced'
+  local attempt swapper
+  for ((attempt = 0; attempt < 20; ++attempt)); do
+    reset
+    write_document "$1" "$2"
+    swap_once_there "$work/dst/_tmp_$3" "$work/$4" "$work/away" "$work/$5" &
+    swapper=$!
+    run_qlm --7z "$archiver" --json "$(to_win "$work/doc.qlmr")"
+    kill "$swapper" 2>/dev/null || true
+    wait "$swapper" || true
+    if grep -rqs secret "$work/dst/$2"; then fail 'a backup has a file from elsewhere'; fi
+    [[ ! -L $work/$4 || -e $work/dst/$2 ]] || break
+  done
+  [[ -L $work/$4 ]] || fail 'the folder was not replaced'
   expect_code 1
   expect_no_file "$work/dst/$2"
   if grep -qF 'リンクに置き換わりました' "$out"; then ((++told)); fi

@@ -81,7 +81,8 @@ TEST(Program, checks_a_filter_file_from_the_command_line) {
   const CProgram program(L"--check-filter=" + scratch.At(L"a b.flt"));
   ASSERT_TRUE(test::PumpUntil([] { return FilterDialog() != nullptr; }));
   const HWND dialog = FilterDialog();
-  EXPECT_EQ(test::TextOf(::GetDlgItem(dialog, IDC_FILTER_FILE)), scratch.At(L"a b.flt"));
+  const HWND file = ::GetDlgItem(dialog, IDC_FILTER_FILE);
+  EXPECT_TRUE(test::PumpUntil([&] { return test::TextOf(file) == scratch.At(L"a b.flt"); }));
   ::PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
   EXPECT_TRUE(test::PumpUntil([&] { return ::IsWindowEnabled(program.Window()) != FALSE; }));
 }
