@@ -32,7 +32,7 @@ uninstall() { # FOLDER ARGS...
 # Prints registry and disk without times, what Wine changes itself, and temporary files.
 state() {
   wineserver -w
-  awk '/^\[/ { key = $0; sub(/ [0-9]+$/, "", key); skip = key ~ /^\[System|Wine|Windows NT/; if (!skip) print key }
+  awk '/^\[/ { key = $0; sub(/ [0-9]+$/, "", key); skip = key ~ /^\[(System|Console)|Wine|Windows NT/; if (!skip) print key }
     !/^(\[|#|$)/ && !skip { print key, $0 }' "$WINEPREFIX"/{user,system}.reg
   find "$WINEPREFIX/drive_c" -not -path '*/Temp/*' | sort
 }
@@ -94,6 +94,8 @@ expect_registry 'Classes\.flt\OpenWithProgids' Quillmoor.Filter ''
 expect_registry 'Classes\Quillmoor.Document\shell\open\command' '' '\Quillmoor.exe" "%1"'
 expect_registry 'Classes\Quillmoor.Document' AppUserModelID Tenkowa.Quillmoor
 expect_registry 'Classes\Quillmoor.Filter\shell\check\command' '' '\Quillmoor.exe" "--check-filter=%1"'
+QLM_PROGRAM=$(cd "$installed" && winepath -w Quillmoor.exe) \
+  run_windows 0 "$top/build/mingw/bin/qlm_gui_tests.exe" --gtest_filter=Program.f1_opens_the_manual_beside_it
 
 # A runner that waits for its password is not replaced.
 cat >"$work/doc.qlmr" <<END

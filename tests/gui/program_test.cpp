@@ -11,10 +11,7 @@ namespace {
 class CProgram {
  public:
   explicit CProgram(const std::wstring& argument) {
-    std::wstring path(MAX_PATH, L'\0');
-    path.resize(::GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
-    std::wstring command =
-        L"\"" + my::JoinPath(my::ParentPath(path), L"Quillmoor.exe") + L"\" \"" + argument + L"\"";
+    std::wstring command = L"\"" + Path() + L"\" \"" + argument + L"\"";
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
@@ -24,6 +21,16 @@ class CProgram {
     const my::CKernelHandle thread(process.hThread);
   }
   ~CProgram() { ::TerminateProcess(m_process.Get(), 1); }
+
+  // Returns the built program, or the one that QLM_PROGRAM names.
+  static std::wstring Path() {
+    std::wstring path(MAX_PATH, L'\0');
+    path.resize(::GetEnvironmentVariableW(L"QLM_PROGRAM", path.data(), MAX_PATH));
+    if (!path.empty()) return path;
+    path.resize(MAX_PATH);
+    path.resize(::GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
+    return my::JoinPath(my::ParentPath(path), L"Quillmoor.exe");
+  }
 
   HWND Window() const {
     const HWND window = ::FindWindowW(L"QuillmoorMainFrame", nullptr);
@@ -85,6 +92,48 @@ TEST(Program, checks_a_filter_file_from_the_command_line) {
   EXPECT_TRUE(test::PumpUntil([&] { return test::TextOf(file) == scratch.At(L"a b.flt"); }));
   ::PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
   EXPECT_TRUE(test::PumpUntil([&] { return ::IsWindowEnabled(program.Window()) != FALSE; }));
+}
+
+// Makes a command the default for web pages until it is destroyed.
+class CBrowser {
+ public:
+  explicit CBrowser(const std::wstring& command) {
+    DWORD size = sizeof m_before;
+    ::RegGetValueW(HKEY_CLASSES_ROOT, L".html", nullptr, RRF_RT_REG_SZ, nullptr, m_before, &size);
+    Set(L".html", L"qlm_test_page");
+    Set(L"qlm_test_page\\shell\\open\\command", command);
+  }
+  ~CBrowser() {
+    ::RegDeleteTreeW(HKEY_CLASSES_ROOT, L"qlm_test_page");
+    if (m_before[0] != 0)
+      Set(L".html", m_before);
+    else
+      ::RegDeleteTreeW(HKEY_CLASSES_ROOT, L".html");
+  }
+
+ private:
+  static void Set(const wchar_t* key, const std::wstring& value) {
+    const auto size = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
+    EXPECT_EQ(::RegSetKeyValueW(HKEY_CLASSES_ROOT, key, nullptr, REG_SZ, value.c_str(), size), ERROR_SUCCESS);
+  }
+
+  wchar_t m_before[99] = L"";
+};
+
+TEST(Program, f1_opens_the_manual_beside_it) {
+  test::CScratchFolder scratch;
+  const std::wstring opened = scratch.At(L"opened.html");
+  const CBrowser browser(L"cmd.exe /c copy \"%1\" \"" + opened + L"\"");
+  const CProgram program(scratch.At(L"none.qlmr"));
+  // A message box tells that the document is missing.
+  ASSERT_TRUE(test::PumpUntil([] { return ::FindWindowW(L"#32770", nullptr) != nullptr; }));
+  ::PostMessageW(::FindWindowW(L"#32770", nullptr), WM_CLOSE, 0, 0);
+  ASSERT_TRUE(test::PumpUntil([&] { return program.Window() && ::IsWindowEnabled(program.Window()); }));
+  ::PostMessageW(program.Window(), WM_KEYDOWN, VK_F1, 0);
+  const std::wstring page = my::JoinPath(my::ParentPath(CProgram::Path()), L"manual\\ja\\index.html");
+  const auto read = [&](const std::wstring& path) { return scratch.files.ReadFile(path, 1u << 20); };
+  ASSERT_TRUE(test::PumpUntil([&] { return scratch.files.Kind(opened) == my::PathKind::File; }));
+  EXPECT_TRUE(test::PumpUntil([&] { return read(opened) == read(page); }));
 }
 
 }  // namespace
