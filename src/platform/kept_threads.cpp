@@ -13,7 +13,7 @@ class CWork {
 
   void Run() {
     m_body();
-    m_body = nullptr;  // what it holds is released before its end is told
+    m_body = nullptr;  // what it holds is released before its end is reported
   }
 
   void End() {
@@ -103,7 +103,7 @@ void CKeptThreads::Serve(CWorker& worker) {
     hold.unlock();
     work->Run();
     hold.lock();
-    // Idle before the end is told, so that whoever waits for the end can use the thread again.
+    // Idle before the end is reported, so that whoever waits for the end can use the thread again.
     worker.work.reset();
     work->End();
   }
