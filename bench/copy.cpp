@@ -126,6 +126,7 @@ class CCopies {
 
   double Engine(my::IFileSystem& files, size_t threads) {
     const std::wstring folder = m_folders.Next();
+    files.CreateFolders(folder);
     qlm::CTransferCounters counters(qlm::CountTargets(m_source.targets), 0);
     const my::CHelpers helpers{&m_threads, threads};
     return Ended(folder, TimeMs([&] {

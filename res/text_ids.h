@@ -107,6 +107,7 @@
 #define IDS_DOCUMENT_KIND            494
 #define IDS_TOO_MANY_DSTS            495
 #define IDS_PASSWORD_BAD_CHARACTER   496
+#define IDS_PASSWORD_NOT_UTF8        1322
 #define IDS_PATH_NOT_RESPONDING      497
 #define IDS_FILTER_TEXT_FILES        498
 #define IDS_ASK_NO_ARCHIVER          499
@@ -580,6 +581,8 @@
 #define IDS_SCHEDULE_SAVE_FIRST      1202
 #define IDS_SCHEDULE_FAILED_RUN      1204
 #define IDS_SCHEDULE_SEE_HISTORY     1203
+#define IDS_SCHEDULE_NOT_RUN         1320
+#define IDS_SCHEDULE_LACKS_FOLDERS   1321
 #define IDS_COL_SCHEDULE             1205
 #define IDS_COL_NEXT_RUN             1206
 #define IDS_COL_LAST_RUN             1207

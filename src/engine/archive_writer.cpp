@@ -150,7 +150,7 @@ void WriteArchive(const CArchivePorts& ports, const CArchiveJob& job) {
     // The number of entries would not tell: an excluded file may have the name that the archiver reads.
     if (!written.misread.empty()) ThrowIncomplete(job.archivePath, written.count, written.count - 1);
     RunArchiver(ports, job, list.path);
-    CheckArchive(files, job.archivePath, written.count);
+    RetryFresh(ports.transfer, [&] { CheckArchive(files, job.archivePath, written.count); });
   });
   CheckFolders(files, job.source, job.targets);
   job.counters.EndArchive();

@@ -35,6 +35,11 @@ void CheckCopied(my::IFileSystem& files, uint64_t listed, uint64_t copied, const
   throw my::CException(IDS_COPY_INCOMPLETE, {sizes, from, to});
 }
 
+// Returns whether the path is the folder or below it.
+bool IsLevelOf(std::wstring_view path, std::wstring_view folder) {
+  return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == my::kSeparator);
+}
+
 struct CFileCopy {
   CTarget target;
   std::wstring to;
@@ -102,10 +107,15 @@ class CFolderCopy : public my::IOrderedWork<CFileCopy> {
     }
   }
 
+  // Creates the missing folders below the destination, but never that itself: if somebody removes it
+  // meanwhile, the copy must fail rather than go on without the files copied so far.
   void CreateParent(std::wstring_view parent) {
-    if (my::EqualNoCase(parent, m_lastParent)) return;
+    for (size_t end = m_folder.size(); end < parent.size();) {
+      end = std::min(parent.find(my::kSeparator, end + 1), parent.size());
+      const std::wstring_view folder = parent.substr(0, end);
+      if (!IsLevelOf(m_lastParent, folder)) m_ports.files.CreateNewFolder(std::wstring(folder));
+    }
     m_lastParent = parent;
-    m_ports.files.CreateFolders(m_lastParent);
   }
 
   const CTransferPorts& m_ports;

@@ -12,8 +12,8 @@ class CTargets;
 class CTransferCounters;
 struct CTransferPorts;
 
-// Copies every counted file of the list from the source into a new folder. Folders are created only as
-// parents of copied files. On return all copies are flushed to their device. Files are begun in the order of
+// Copies every counted file of the list from the source into an existing empty folder. Folders are created
+// only as parents of copied files. On return all copies are flushed to their device. Files are begun in the order of
 // the list, and a thread that is done with one begins the next. Stops at the first failure, when the files in
 // progress have ended, and leaves the files copied so far. While files of a folder are copied, it and its
 // parents up to the source are held in their place. Throws the first failure in the order of the list:

@@ -4,12 +4,9 @@
 #include <cstdint>
 #include <string>
 
+#include "engine/task_base.h"
 #include "platform/file_system.h"
-
-namespace my {
-class IClock;
-class IStopQuery;
-}  // namespace my
+#include "platform/retry.h"
 
 namespace qlm {
 
@@ -21,6 +18,13 @@ struct CTransferPorts {
 
 // Each function repeats the operation while another program prevents it, for up to 15 s or until a stop is
 // requested.
+
+template <class Operation>
+auto RetryFresh(const CTransferPorts& ports, Operation operation) {
+  constexpr uint32_t kLimitMs = 15'000;
+  return my::RetryWhileRefused(ports.clock, kLimitMs, operation,
+                               [&ports] { return !ports.stop || !ports.stop->IsStopRequested(); });
+}
 
 // Flushes a file and returns its size in bytes. Throws IDS_WRITE_FILE_FAILED.
 uint64_t FlushFresh(const CTransferPorts& ports, const std::wstring& path, my::FlushDepth depth);

@@ -20,7 +20,8 @@ class IConsole {
   // nowhere to report them.
   virtual void Write(Stream stream, std::wstring_view text) = 0;
 
-  // Reads a line of standard input (UTF-8) without its line end. Returns nullopt at the end of the input.
+  // Reads a line of standard input without its line end; as UTF-8 without a byte order mark if it is not a
+  // terminal. Bytes that are no UTF-8 become U+FFFD. Returns nullopt at the end of the input.
   virtual std::optional<std::wstring> ReadLine() = 0;
 
   // Returns whether the user has pressed Ctrl+C or Ctrl+Break since the program started.

@@ -34,7 +34,10 @@ void RemoveQuietly(IFileSystem& files, const std::wstring& path) {
 
 void WriteFileSafely(IFileSystem& files, const IClock& clock, const std::wstring& path,
                      std::string_view bytes) {
-  constexpr uint32_t kRenameLimitMs = 2000;  // short, because the user is waiting
+  constexpr uint32_t kLimitMs = 2000;  // short, because the user is waiting
+  const auto retry = [&clock](auto operation) {
+    RetryWhileRefused(clock, kLimitMs, operation, [] { return true; });
+  };
   std::unique_ptr<INewFile> file;
   const std::wstring temporary = TakeTemporaryPath(path, [&](const std::wstring& candidate) {
     file = files.CreateNewFile(candidate);
@@ -42,9 +45,8 @@ void WriteFileSafely(IFileSystem& files, const IClock& clock, const std::wstring
   });
   try {
     WriteNew(std::move(file), bytes);
-    CheckWritten(files, temporary, bytes);
-    RetryWhileRefused(
-        clock, kRenameLimitMs, [&] { files.MoveOver(temporary, path); }, [] { return true; });
+    retry([&] { CheckWritten(files, temporary, bytes); });
+    retry([&] { files.MoveOver(temporary, path); });
   } catch (...) {
     RemoveQuietly(files, temporary);
     throw;

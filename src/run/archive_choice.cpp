@@ -8,6 +8,7 @@
 #include "run/warnings.h"
 #include "settings/settings_file.h"
 #include "support/secret.h"
+#include "support/strings.h"
 #include "text_ids.h"
 
 namespace qlm {
@@ -36,6 +37,8 @@ std::wstring ReadPassword(const CRunnerPorts& ports, const COptions& options,
   std::wstring password;
   if (options.passwordStdin) {
     password = ports.console.ReadLine().value_or(std::wstring());
+    if (password.find(static_cast<wchar_t>(my::kReplacementChar)) != password.npos)
+      throw my::CException(IDS_PASSWORD_NOT_UTF8);
   } else if (setting.passwordType == PasswordType::SAVE) {
     password = setting.password;
   }

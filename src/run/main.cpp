@@ -23,27 +23,21 @@
 #include "platform/win32/win32_threads.h"
 #include "run/exit_codes.h"
 #include "run/history_output.h"
+#include "run/run_notice.h"
 #include "run/runner.h"
-#include "support/paths.h"
 #include "text_ids.h"
 
 namespace {
 
 // Nobody reads the output of a scheduled run.
-void NotifyFailure(const my::IMessageTexts& texts, const std::wstring& document) {
-  constexpr uint32_t kLimitMs = 20'000;
-  const my::CMsgArg name = std::wstring(my::LastComponent(document));
+void Notify(const my::IMessageTexts& texts, const qlm::CRunNotice& run) {
   my::CNotice notice;
-  notice.kind = my::CNotice::Kind::Error;
-  notice.title = texts.Text(IDS_SCHEDULE_FAILED_RUN);
-  notice.text = my::MakeText(texts, IDS_SCHEDULE_SEE_HISTORY, {&name, 1});
+  notice.kind = run.isError ? my::CNotice::Kind::Error : my::CNotice::Kind::Warning;
+  notice.title = run.title;
+  notice.text = run.text;
   notice.tip = texts.Text(IDS_DISPLAY_NAME);
   notice.icon = ::LoadIconW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_QUILLMOOR));
-  my::ShowStandaloneNotice(notice, kLimitMs);
-}
-
-bool IsFailure(int exitCode) {
-  return exitCode == qlm::kExitErrors || exitCode == qlm::kExitUnusable;
+  my::ShowStandaloneNotice(notice);
 }
 
 }  // namespace
@@ -73,8 +67,10 @@ int wmain(int argc, wchar_t** argv) {
   const qlm::CEnginePorts engine{files, clock, ansi, texts, process, &helpers, parsed.options.threads};
   const qlm::CRunnerPorts ports{engine, dom, threads, console, folders, power};
   if (parsed.options.history) return qlm::ShowHistory(ports, parsed.options);
-  if (parsed.options.scheduled) ::FreeConsole();  // the user might close it, and so end the run
-  const int exitCode = qlm::RunDocument(ports, parsed.options);
-  if (parsed.options.scheduled && IsFailure(exitCode)) NotifyFailure(texts, parsed.options.documentPath);
-  return exitCode;
+  if (!parsed.options.scheduled) return qlm::RunDocument(ports, parsed.options).exitCode;
+  console.Detach();  // the user might close it, and so end the run
+  const qlm::CRunOutcome outcome = qlm::RunDocument(ports, parsed.options);
+  const auto notice = qlm::NoticeOf(texts, parsed.options.documentPath, outcome);
+  if (notice) Notify(texts, *notice);
+  return outcome.exitCode;
 }

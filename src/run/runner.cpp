@@ -56,7 +56,7 @@ class CRunSession : private IRunObserver {
                      : MakeTextOutput(ports.console, ports.engine.texts, options.listOnly, options.quiet)),
         m_controller(ports.threads, ports.engine.clock, ports.engine.texts, *this) {}
 
-  int Run(const std::vector<CTaskPtr>& tasks, const CArchiveChoice& archive) {
+  CRunOutcome Run(const std::vector<CTaskPtr>& tasks, const CArchiveChoice& archive) {
     for (const CTaskPtr& task : tasks) {
       const CBackupJob job{*task, archive.archiverPath, archive.password};
       m_controller.Add(boost::make_shared<CBackupTask>(m_ports.engine, job));
@@ -70,8 +70,8 @@ class CRunSession : private IRunObserver {
       m_controller.Tick();
     }
     m_output->End({m_controller.State(), m_printed, m_errors});
-    if (m_controller.State() == RunState::Stopped) return kExitStopped;
-    return m_errors == 0 ? kExitDone : kExitErrors;
+    const int ended = m_errors == 0 ? kExitDone : kExitErrors;
+    return {m_controller.State() == RunState::Stopped ? kExitStopped : ended, {}, m_lacksFolders};
   }
 
  private:
@@ -99,6 +99,7 @@ class CRunSession : private IRunObserver {
     if (row.error) ++m_errors;
     if (row.targets != m_lastTargets) WarnOfUnlisted(m_ports, *row.task, *row.targets);
     m_lastTargets = row.targets;
+    m_lacksFolders |= row.phase == Phase::Created && !row.targets->Unlisted().empty();
     m_output->Row(row);
   }
 
@@ -109,25 +110,28 @@ class CRunSession : private IRunObserver {
   size_t m_printed = 0;
   size_t m_errors = 0;
   CTargetsPtr m_lastTargets;
+  bool m_lacksFolders = false;
   CBackupThread m_controller;
 };
 
 }  // namespace
 
-int RunDocument(const CRunnerPorts& ports, const COptions& options) {
-  int exitCode = kExitUnusable;
+CRunOutcome RunDocument(const CRunnerPorts& ports, const COptions& options) {
+  CRunOutcome outcome{kExitUnusable};
   const my::CSimpleErr error = my::TrapError(ports.engine.texts, [&] {
     const std::wstring path = ports.engine.files.FullPath(options.documentPath);
     const CDocument document = LoadDocument(ports.engine.files, ports.dom, path);
     const std::vector<CTaskPtr> tasks = SelectTasks(document, options);
     if (options.plan) {
-      exitCode = PrintPlan(ports, options, document, tasks);
+      outcome.exitCode = PrintPlan(ports, options, document, tasks);
       return;
     }
-    exitCode = CRunSession(ports, options, path).Run(tasks, ChooseArchive(ports, options, tasks));
+    outcome = CRunSession(ports, options, path).Run(tasks, ChooseArchive(ports, options, tasks));
   });
-  if (error) ports.console.Write(my::IConsole::Stream::Errors, error.message + L"\n");
-  return exitCode;
+  if (!error) return outcome;
+  ports.console.Write(my::IConsole::Stream::Errors, error.message + L"\n");
+  outcome.failure = error.message;
+  return outcome;
 }
 
 }  // namespace qlm

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "engine/backup_task.h"
 #include "run/options.h"
 
@@ -22,8 +24,13 @@ struct CRunnerPorts {
   my::IPower& power;
 };
 
-// Runs a document with the given options and returns the exit code (exit_codes.h). If the run cannot start,
-// the reason is printed to the error stream.
-int RunDocument(const CRunnerPorts& ports, const COptions& options);
+struct CRunOutcome {
+  int exitCode;               // exit_codes.h
+  std::wstring failure = {};  // why the run could not start, also printed to the error stream; or empty
+  bool lacksFolders = false;  // backups were created without folders that could not be read
+};
+
+// Runs a document with the given options.
+CRunOutcome RunDocument(const CRunnerPorts& ports, const COptions& options);
 
 }  // namespace qlm

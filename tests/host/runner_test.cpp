@@ -42,7 +42,7 @@ class Runner : public testing::Test {
     const qlm::CRunnerPorts ports{
         {files, clock, ansi, texts, process}, dom, threads, console, folders, power};
     return parsed.options.history ? qlm::ShowHistory(ports, parsed.options)
-                                  : qlm::RunDocument(ports, parsed.options);
+                                  : qlm::RunDocument(ports, parsed.options).exitCode;
   }
 
   // Returns the output that clears a progress line of this length.

@@ -58,6 +58,9 @@ TEST(Win32FileSystem, failures_carry_their_operation_and_code) {
   EXPECT_EQ(Failure([&] { files.Copy(a, b); }), Code(IDS_COPY_FILE_FAILED, ERROR_FILE_EXISTS));
   EXPECT_EQ(Failure([&] { files.Copy(none, deep); }), Code(IDS_COPY_FILE_FAILED, ERROR_FILE_NOT_FOUND));
   EXPECT_EQ(Failure([&] { files.Copy(a, deep); }), Code(IDS_COPY_FILE_FAILED, ERROR_PATH_NOT_FOUND));
+  EXPECT_EQ(Failure([&] { files.Copy(a, my::JoinPath(deep, std::wstring(250, L'x'))); }),
+            Code(IDS_COPY_FILE_FAILED, ERROR_FILENAME_EXCED_RANGE))
+      << "too long";
   EXPECT_EQ(Failure([&] { files.Move(a, b); }), Code(IDS_MOVE_FILE_FAILED, ERROR_ALREADY_EXISTS));
   EXPECT_FALSE(files.CreateNewFile(a) || files.CreateNewFolder(a)) << "a file exists";
   EXPECT_EQ(Failure([&] { files.CreateNewFile(deep); }), Code(IDS_CREATE_FILE_FAILED, ERROR_PATH_NOT_FOUND));

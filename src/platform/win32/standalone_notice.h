@@ -6,8 +6,15 @@
 
 namespace my {
 
-// Shows a notification of a program without windows. Returns when the user has closed it, or after the limit;
-// ending the program earlier would remove it.
-void ShowStandaloneNotice(const CNotice& notice, uint32_t limitMs);
+// How long a notification of a program without windows waits for the user, and then stays. Milliseconds.
+struct CNoticeLimits {
+  uint32_t absentMs = 12 * 60 * 60 * 1000;
+  uint32_t shownMs = 20'000;
+};
+
+// Shows a notification of a program without windows, when the user is there to see it: one that is shown at
+// night would be gone in the morning. Returns when the user has closed it, or after the limit; ending the
+// program earlier would remove it.
+void ShowStandaloneNotice(const CNotice& notice, const CNoticeLimits& limits = {});
 
 }  // namespace my

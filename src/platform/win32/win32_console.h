@@ -16,6 +16,9 @@ class CWin32Console : public IConsole {
   void Write(Stream stream, std::wstring_view text) override;
   std::optional<std::wstring> ReadLine() override;
   bool InterruptRequested() const override;
+
+  // Gives up the console, which the user could close. Redirected streams stay.
+  void Detach();
 };
 
 }  // namespace my

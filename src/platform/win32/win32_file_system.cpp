@@ -6,6 +6,7 @@
 #include <winternl.h>
 
 #include <algorithm>
+#include <initializer_list>
 #include <optional>
 
 #include "platform/win32/handle.h"
@@ -71,17 +72,24 @@ class CFindFiles : public IFindFiles {
 
   // Returns false if there are no more entries.
   bool Fill() {
+    if (m_isAtEnd) return false;
     if (::GetFileInformationByHandleEx(m_folder.Get(), FileFullDirectoryInfo, m_buffer, sizeof(m_buffer))) {
       m_next = m_buffer;
+      m_isEmpty = false;
       return true;
     }
-    if (::GetLastError() == ERROR_NO_MORE_FILES) return false;
-    throw CException(IDS_LIST_FOLDER_FAILED, {LastError(), m_path});
+    // The empty root of a FAT drive has no entries of dots, and answers "not found".
+    const DWORD error = ::GetLastError();
+    m_isAtEnd = error == ERROR_NO_MORE_FILES || (m_isEmpty && error == ERROR_FILE_NOT_FOUND);
+    if (m_isAtEnd) return false;
+    throw CException(IDS_LIST_FOLDER_FAILED, {CSystemError::FromWin32(error), m_path});
   }
 
   std::wstring m_path;
   CKernelHandle m_folder;
   const char* m_next = nullptr;
+  bool m_isEmpty = true;  // no entry has been found
+  bool m_isAtEnd = false;
   alignas(FILE_FULL_DIR_INFO) char m_buffer[32 * 1024];
 };
 
@@ -110,9 +118,19 @@ class CNewFile : public INewFile {
   CKernelHandle m_file;
 };
 
+// Returns the last error of a call with these paths. Unless the user has allowed long paths, the system does
+// not find one that is too long.
+CSystemError PathError(std::initializer_list<std::wstring_view> paths) {
+  const DWORD error = ::GetLastError();
+  const bool isLong =
+      std::any_of(paths.begin(), paths.end(), [](auto path) { return path.size() >= MAX_PATH; });
+  const bool tooLong = isLong && error == ERROR_PATH_NOT_FOUND;
+  return CSystemError::FromWin32(tooLong ? ERROR_FILENAME_EXCED_RANGE : error);
+}
+
 void MovePath(const std::wstring& from, const std::wstring& to, DWORD flags) {
   if (::MoveFileExW(from.c_str(), to.c_str(), flags | MOVEFILE_WRITE_THROUGH)) return;
-  throw CException(IDS_MOVE_FILE_FAILED, {LastError(), from, to});
+  throw CException(IDS_MOVE_FILE_FAILED, {PathError({from, to}), from, to});
 }
 
 // A progress routine of CopyFileEx.
@@ -254,7 +272,7 @@ std::unique_ptr<IHeldFolder> CWin32FileSystem::HoldFolder(const std::wstring& pa
 uint64_t CWin32FileSystem::FileSize(const std::wstring& path) {
   const CKernelHandle file(::CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
                                          OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-  if (!file) throw CException(IDS_READ_FILE_FAILED, {LastError(), path});
+  if (!file) throw CException(IDS_READ_FILE_FAILED, {PathError({path}), path});
   return SizeOf(file, path, IDS_READ_FILE_FAILED);
 }
 
@@ -290,7 +308,7 @@ void CWin32FileSystem::Copy(const std::wstring& from, const std::wstring& to, co
   if (::CopyFileExW(from.c_str(), to.c_str(), progress ? ReportCopied : nullptr, argument, nullptr, flags)) {
     return;
   }
-  throw CException(IDS_COPY_FILE_FAILED, {LastError(), from, to});
+  throw CException(IDS_COPY_FILE_FAILED, {PathError({from, to}), from, to});
 }
 
 uint64_t CWin32FileSystem::FlushFile(const std::wstring& path, FlushDepth depth) {
@@ -300,7 +318,7 @@ uint64_t CWin32FileSystem::FlushFile(const std::wstring& path, FlushDepth depth)
     lift.emplace(path);
     file = OpenForFlush(path, depth);
   }
-  if (!file) throw CException(IDS_WRITE_FILE_FAILED, {LastError(), path});
+  if (!file) throw CException(IDS_WRITE_FILE_FAILED, {PathError({path}), path});
   const uint64_t size = SizeOf(file, path, IDS_WRITE_FILE_FAILED);
   const DWORD error = Flush(file, size, depth);
   if (error != ERROR_SUCCESS) {
@@ -339,10 +357,9 @@ std::unique_ptr<INewFile> CWin32FileSystem::CreateNewFile(const std::wstring& pa
   const DWORD flags = kept ? FILE_ATTRIBUTE_NORMAL
                            : FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE;
   CKernelHandle file(::CreateFileW(path.c_str(), GENERIC_WRITE, share, nullptr, CREATE_NEW, flags, nullptr));
-  const DWORD error = ::GetLastError();
   if (file) return std::make_unique<CNewFile>(path, std::move(file));
-  if (MeansTaken(error)) return nullptr;
-  throw CException(IDS_CREATE_FILE_FAILED, {CSystemError::FromWin32(error), path});
+  if (MeansTaken(::GetLastError())) return nullptr;
+  throw CException(IDS_CREATE_FILE_FAILED, {PathError({path}), path});
 }
 
 // With FILE_APPEND_DATA alone the system writes at the end of the file and refuses to overwrite. The share
