@@ -59,9 +59,7 @@ TEST(Leaks, dialogs_leak_no_gdi_or_user_objects) {
   a.scratch.files.CreateFolders(a.scratch.At(L"s"));
   a.scratch.Write(L"s\\file", "x");
   a.app->Settings().archive.sevenZipPath = a.scratch.At(L"a.flt");  // any file
-  a.AddDst(a.scratch.At(L"out"), qlm::DstType::AES_256_ZIP);
-  a.AddTask(L"t", a.scratch.At(L"s"));
-  SetUse(a.app->Document(), {0}, 0, true);
+  a.AddBackup(L"t", a.scratch.At(L"s"), a.scratch.At(L"out"), DstType::AES_256_ZIP);
   SetTaskFilter(a.app->Document(), 0, a.scratch.At(L"a.flt"));
   a.Select(IDC_DST_LIST, {0});
   a.Select(IDC_TASK_LIST, {0});

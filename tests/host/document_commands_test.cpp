@@ -1,6 +1,5 @@
 #include "command_ids.h"
 #include "support/commands_fixture.h"
-#include "support/thrown.h"
 
 namespace {
 
@@ -53,14 +52,14 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
   a.files.AddFile(L"C:\\bad.qlmr", "<Quill");
   a.dialogs.paths = {L"C:\\bad.qlmr"};
   a.Do(ID_OPEN);
-  EXPECT_NE(a.TakeBoxes().find(L"C:\\bad.qlmr"), std::wstring::npos);
+  EXPECT_TRUE(Has(a.TakeBoxes(), L"C:\\bad.qlmr"));
   EXPECT_EQ(document.Path(), L"C:\\one.qlmr");
   EXPECT_EQ(document.Tasks().size(), 3u);
   EXPECT_EQ(recent.size(), 2u);
   a.files.FailAt(Op::MOVE_OVER, 1);
   a.Fill({});
   a.Do(ID_SAVE);
-  EXPECT_NE(a.TakeBoxes().find(L"system error (0x80070070)"), std::wstring::npos);
+  EXPECT_TRUE(Has(a.TakeBoxes(), L"system error (0x80070070)"));
   EXPECT_TRUE(document.IsModified());
 
   a.Fill(content);
@@ -82,7 +81,7 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
     a.window.tasks.selected = at == 2 ? std::vector<size_t>{0, 1} : std::vector<size_t>{1};
   }
   a.Do(ID_MRU_FIRST + 2);
-  EXPECT_NE(a.TakeBoxes().find(L"Mru index is out of range: 2"), std::wstring::npos);
+  EXPECT_TRUE(Has(a.TakeBoxes(), L"Mru index is out of range: 2"));
   for (int i = 0; i < 30; ++i) {
     a.dialogs.paths = {L"C:\\n" + std::to_wstring(i) + L".qlmr"};
     a.Do(ID_SAVE_AS);
@@ -115,14 +114,13 @@ TEST_F(Commands, file_manager_shows_the_focused_item_or_its_nearest_folder) {
     a.TakeBoxes();
     a.dialogs.buttons = {true};
     a.Do(ID_EXPLORER_DST);
-    EXPECT_NE(a.TakeBoxes().find(L"(0x80070003)\n\n" + gone), std::wstring::npos)
-        << "not the root of a drive";
+    EXPECT_TRUE(Has(a.TakeBoxes(), L"(0x80070003)\n\n" + gone)) << "not the root of a drive";
   }
 
   a.threads.hang = true;  // like a share on a computer that is switched off
   a.shell.calls.clear();
   a.Do(ID_EXPLORER_DST);
-  EXPECT_NE(a.TakeBoxes().find(L"もう一度実行してください\n\n\\\\gone\\x\n"), std::wstring::npos);
+  EXPECT_TRUE(Has(a.TakeBoxes(), L"もう一度実行してください\n\n\\\\gone\\x\n"));
   a.threads.hang = false;
   a.Do(ID_EXPLORER_SRC);
   a.threads.Work();  // the abandoned lookup ends

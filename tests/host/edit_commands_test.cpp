@@ -72,7 +72,7 @@ TEST_F(EditCommands, edited_rows_are_selected) {
   EXPECT_EQ(After(ID_PASTE), L"ABxy[y]");
   dsts.selected = {1};
   EXPECT_EQ(After(ID_DST_DELETE), L"ABx[y]y") << "the user has taken it back";
-  EXPECT_NE(a.TakeBoxes().find(L"1 件のタスク"), std::wstring::npos);
+  EXPECT_TRUE(test::Has(a.TakeBoxes(), L"1 件のタスク"));
   a.dialogs.buttons = {true};
   EXPECT_EQ(After(ID_DST_DELETE), L"ABx[y]");
   EXPECT_TRUE(document.Tasks()[0]->dsts.empty());
@@ -127,7 +127,7 @@ TEST_F(EditCommands, rows_and_files_can_be_dropped) {
   drop(L"C:\\f.FLT", 0);
   EXPECT_EQ(document.Tasks()[0]->filterPath, L"C:\\f.FLT");
   EXPECT_NE(drop(L"C:\\x.exe", 0).size(), 0u);
-  EXPECT_NE(a.TakeBoxes().find(L"C:\\x.exe"), std::wstring::npos);
+  EXPECT_TRUE(test::Has(a.TakeBoxes(), L"C:\\x.exe"));
   a.dialogs.paths = {L"C:\\d.qlmr"};
   a.Do(ID_SAVE_AS);
   a.Do(ID_NEW);

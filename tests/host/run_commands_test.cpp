@@ -86,7 +86,7 @@ TEST_F(Commands, run_command_toggles_and_creates_a_job_per_task_with_destination
 
   a.threads.fail = true;
   a.Do(ID_RUN);
-  EXPECT_NE(a.TakeBoxes().find(L"スレッドの開始に失敗しました"), std::wstring::npos);
+  EXPECT_TRUE(Has(a.TakeBoxes(), L"スレッドの開始に失敗しました"));
   EXPECT_EQ(a.State(), RunState::Stopped);
   a.threads.fail = false;
   content.tasks = {};
@@ -115,7 +115,7 @@ TEST_F(Commands, selected_tasks_run_alone_and_only_their_destinations_ask_for_a_
     const int asked = a.dialogs.passwordDialogs;
     a.Do(ID_RUN_SELECTED);
     if (task.dsts.empty()) {
-      EXPECT_NE(a.TakeBoxes().find(a.Text(IDS_NO_TASKS_CHECK_DST)), std::wstring::npos);
+      EXPECT_TRUE(Has(a.TakeBoxes(), a.Text(IDS_NO_TASKS_CHECK_DST)));
       continue;
     }
     EXPECT_EQ(a.dialogs.passwordDialogs - asked, AnyDst({content.tasks[row]}, NeedsPassword));
@@ -215,12 +215,12 @@ TEST_F(Commands, password_type_decides_when_to_ask) {
   EXPECT_EQ(stored(), L"");
   EXPECT_EQ(runs({L"xyz"}), 1);
   EXPECT_EQ(a.TakeBoxes(), L"");
-  EXPECT_NE(a.process.Starts().back().arguments.find(L"-pxyz "), std::wstring::npos);
+  EXPECT_TRUE(Has(a.process.Starts().back().arguments, L"-pxyz "));
 
   a.hash.failure = my::CException(IDS_HASH_DATA_FAILED, {my::CSystemError::FromWin32(5)});
   const size_t archives = a.process.Starts().size();
   EXPECT_EQ(runs({L"abc"}), 1);
-  EXPECT_NE(a.TakeBoxes().find(L"エラー: ハッシュデータの追加に失敗しました"), std::wstring::npos);
+  EXPECT_TRUE(Has(a.TakeBoxes(), L"エラー: ハッシュデータの追加に失敗しました"));
   EXPECT_EQ(a.process.Starts().size(), archives) << "the run is not started";
   a.app->Settings().archive.password = L"from a hand-made file";
   EXPECT_EQ(runs({}), 0);
@@ -312,14 +312,13 @@ TEST_F(Commands, power_off_passes_the_flags_of_the_settings) {
   for (int type = 0; type < 4; ++type) {
     ui.powerOffType = static_cast<PowerOffType>(type);
     a.Do(ID_POWER_OFF);
-    EXPECT_NE(
-        a.TakeBoxes().find(kErrors[type] + std::wstring(L"操作に失敗しました - system error (0x80070005)")),
-        std::wstring::npos);
+    EXPECT_TRUE(
+        Has(a.TakeBoxes(), kErrors[type] + std::wstring(L"操作に失敗しました - system error (0x80070005)")));
     EXPECT_EQ(a.power.livePrivileges, 0);
   }
   ui.powerOffType = static_cast<PowerOffType>(4);
   a.Do(ID_POWER_OFF);
-  EXPECT_NE(a.TakeBoxes().find(L"Unkonwn PowerOff type: 4"), std::wstring::npos);
+  EXPECT_TRUE(Has(a.TakeBoxes(), L"Unkonwn PowerOff type: 4"));
 
   StartIn(RunState::Running);
   a.power.calls.clear();

@@ -80,7 +80,7 @@ TEST(Secret, what_a_shorter_text_leaves_behind_is_wiped) {
   const wchar_t* memory = text.data();
   text = L"b";
   my::Wipe(text);
-  EXPECT_EQ(std::wstring(memory, kSecret.size()).find(kTail), std::wstring::npos);
+  EXPECT_FALSE(test::Has(std::wstring(memory, kSecret.size()), kTail));
 }
 
 }  // namespace

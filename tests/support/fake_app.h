@@ -1,41 +1,25 @@
 // The whole program without its windows, on a file system in memory.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <boost/smart_ptr/make_shared.hpp>
 #include <optional>
 #include <string>
 
 #include "app/application.h"
 #include "document/document_file.h"
-#include "support/fake_archiver.h"
-#include "support/fake_ports.h"
+#include "support/engine_doubles.h"
 #include "support/fake_scheduler.h"
 #include "support/fake_system.h"
 #include "support/fake_windows.h"
-#include "support/memory_file_system.h"
-#include "support/names.h"
 #include "support/pugi_dom.h"
 
 namespace test {
 
 inline const std::wstring kSettingsFile = L"C:\\Roaming\\Tenkowa\\Quillmoor\\Quillmoor32.config";
 
-inline qlm::CTaskPtr MakeTask(const std::wstring& id, qlm::CTaskDsts dsts = {},
-                              const std::wstring& path = L"C:\\src") {
-  return boost::make_shared<qlm::CTask>(qlm::CTask{id, path, L"", std::move(dsts)});
-}
-
-inline qlm::CDstPtr MakeDst(const std::wstring& folder, qlm::DstType type = qlm::DstType::FOLDER,
-                            const std::wstring& pattern = L"<ID>_<Y><M><D><h><m><s>") {
-  return boost::make_shared<qlm::CDst>(qlm::CDst{folder, type, pattern});
-}
-
-class CFakeApp {
+class CFakeApp : public CEngineDoubles {
  public:
   CFakeApp() {
-    files.AddFile(L"C:\\src\\a.txt", "a", {131'016'350'490'000'000});
+    files.AddFile(L"C:\\src\\a.txt", "a", kTime);
     files.AddFile(L"C:\\7-Zip\\7z.exe", "MZ");
     process.OnRun([this](const my::CProcessStart& start) { return MakeArchive(files, start); });
   }
@@ -52,16 +36,8 @@ class CFakeApp {
     window.onTitle = onTitle;
     settings.emplace(0);
     document.emplace();
-    app.emplace(qlm::CAppPorts{{files, clock, ansi, texts, process},
-                               dom,
-                               threads,
-                               folders,
-                               power,
-                               hash,
-                               shell,
-                               scheduler,
-                               clipboard},
-                *settings, *document, dialogs, window, dialogs, commandLine);
+    const qlm::CAppPorts all{ports, dom, threads, folders, power, hash, shell, scheduler, clipboard};
+    app.emplace(all, *settings, *document, dialogs, window, dialogs, commandLine);
     dialogs.tool = &app->Replace();
     app->Start();
     return *app;
@@ -94,11 +70,6 @@ class CFakeApp {
     return all;
   }
 
-  CMemoryFileSystem files;
-  CFakeClock clock;
-  CFakeAnsiCodec ansi;
-  CRcTexts texts;
-  CFakeProcess process;
   CPugiDom dom;
   CManualThreads threads;
   CFakeFolders folders;

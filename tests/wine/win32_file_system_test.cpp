@@ -10,6 +10,7 @@
 #include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_message_texts.h"
 #include "scratch_folder.h"
+#include "support/checks.h"
 #include "text_ids.h"
 
 namespace {
@@ -171,8 +172,8 @@ TEST(Win32MessageTexts, system_and_table_speak_japanese) {
   const CException failure(IDS_COPY_FILE_FAILED,
                            {my::CSystemError::FromWin32(ERROR_DISK_FULL), L"C:\\a", L"C:\\b"});
   const std::wstring text = my::MakeErrorText(texts, failure);
-  EXPECT_NE(text.find(L"ファイルのコピーに失敗しました - "), text.npos);
-  EXPECT_NE(text.find(L" (0x80070070)\n\nC:\\a\n->\nC:\\b"), text.npos) << "code and paths are shown";
+  EXPECT_TRUE(test::Has(text, L"ファイルのコピーに失敗しました - "));
+  EXPECT_TRUE(test::Has(text, L" (0x80070070)\n\nC:\\a\n->\nC:\\b")) << "code and paths are shown";
   EXPECT_FALSE(texts.SystemText(my::CSystemError::FromWin32(ERROR_DISK_FULL).hresult).empty());
 }
 

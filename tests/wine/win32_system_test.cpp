@@ -13,7 +13,7 @@
 #include "platform/win32/win32_task_scheduler.h"
 #include "schedule/schedule_xml.h"
 #include "scratch_folder.h"
-#include "support/thrown.h"
+#include "support/checks.h"
 #include "text_ids.h"
 #include "wine/test_language.h"
 
@@ -99,9 +99,9 @@ std::string Manifest(const wchar_t* program) {
 TEST(Manifests, declare_long_paths_and_no_system_before_windows_8) {
   for (const wchar_t* program : {L"Quillmoor.exe", L"QuillmoorRun.exe"}) {
     const std::string manifest = Manifest(program);
-    EXPECT_NE(manifest.find("<longPathAware"), manifest.npos) << program;
-    EXPECT_NE(manifest.find("{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}"), manifest.npos) << "Windows 10";
-    EXPECT_EQ(manifest.find("{35138b9a-5d96-4fbd-8e2d-a2440225f93a}"), manifest.npos) << "Windows 7";
+    EXPECT_TRUE(test::Has(manifest, "<longPathAware")) << program;
+    EXPECT_TRUE(test::Has(manifest, "{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}")) << "Windows 10";
+    EXPECT_FALSE(test::Has(manifest, "{35138b9a-5d96-4fbd-8e2d-a2440225f93a}")) << "Windows 7";
   }
 }
 
@@ -112,7 +112,7 @@ TEST(Win32MessageTexts, are_in_the_chosen_language) {
   const test::CTestLanguage english(my::UiLanguage::English);
   EXPECT_EQ(texts.Text(IDS_STATE_RUNNING), L"Running");
   EXPECT_EQ(texts.Text(IDS_STATE_ENDED + 10'000), L"");
-  EXPECT_NE(texts.SystemText(diskFull).find(L"isk"), std::wstring::npos) << "disk full";
+  EXPECT_TRUE(test::Has(texts.SystemText(diskFull), L"isk")) << "disk full";
   EXPECT_FALSE(my::LocalResource(RT_VERSION, 1).empty()) << "a resource without languages";
 }
 
