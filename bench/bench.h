@@ -16,6 +16,7 @@ struct COptions {
 void MeasureListing(const COptions& options);
 void MeasureCopy(const COptions& options);
 void MeasureLargeCopy(const COptions& options);
+void MeasureFlushedCopy(const COptions& options);
 void MeasureMemory(const COptions& options);
 void MeasureZip(const COptions& options);
 void MeasurePlan(const COptions& options);

@@ -187,46 +187,66 @@ void MeasureCounting(const COptions& options, const qlm::CTargets& targets, doub
           {{"large files with progress", 1.01, [&] { return copy(count); }}}, options.rounds);
 }
 
-void PrintWork(const CTreeShape& shape) {
+// The shapes of the trees.
+CTreeShape SmallFiles(const COptions& options) {
+  return {.projects = std::max(1, 20 / options.divisor), .bytes = 4096};
+}
+
+CTreeShape LargeFiles(const COptions& options) {
+  return {.projects = 1, .files = 10, .bytes = (64 << 20) / options.divisor};
+}
+
+CSource MakeSource(const COptions& options, const CTreeShape& shape) {
+  CSource source(EnsureTree(options.root, shape));
   std::printf("copying %llu files of %d bytes\n", static_cast<unsigned long long>(FileCount(shape)),
               shape.bytes);
+  return source;
 }
 
 size_t Threads() {
   return qlm::HelperCount({my::DiskKind::NoSeeks}, std::thread::hardware_concurrency());
 }
 
+void CompareFlushed(const COptions& options, CCopies copies) {
+  Compare({"bare loop", 0, [&] { return copies.Bare(1); }},
+          {{"folder copy", 0, [&] { return copies.Flushed(Threads()); }},
+           {"the same with one thread", 0, [&] { return copies.Flushed(1); }}},
+          options.rounds);
+}
+
 }  // namespace
 
 void MeasureCopy(const COptions& options) {
-  const CTreeShape shape{.projects = std::max(1, 20 / options.divisor), .bytes = 4096};
-  const CSource source(EnsureTree(options.root, shape));
+  const CSource source = MakeSource(options, SmallFiles(options));
   CCopies copies(source, my::JoinPath(options.root, L"copied"), CCopies::Removal::AtTheEnd);
-  PrintWork(shape);
   Compare({"bare loop", 0, [&] { return copies.Bare(1); }},
           {{"folder copy, not flushed", 0.70, [&] { return copies.Unflushed(Threads()); }},
            {"the same with one thread", 1.05, [&] { return copies.Unflushed(1); }},
            {"the same with four threads", 0, [&] { return copies.Unflushed(4); }},
            {"bare loop of two threads", 0, [&] { return copies.Bare(2); }},
-           {"bare loop with a look at sizes", 0, [&] { return copies.Bare(1, Sizes::Read); }},
-           {"folder copy", 0, [&] { return copies.Flushed(Threads()); }},
-           {"the same with one thread", 0, [&] { return copies.Flushed(1); }}},
+           {"bare loop with a look at sizes", 0, [&] { return copies.Bare(1, Sizes::Read); }}},
           options.rounds);
   MeasureCounting(options, source.targets, copies.Unflushed(1));
 }
 
 void MeasureLargeCopy(const COptions& options) {
-  const CTreeShape shape{.projects = 1, .files = 10, .bytes = (64 << 20) / options.divisor};
-  const CSource source(EnsureTree(options.root, shape));
+  const CSource source = MakeSource(options, LargeFiles(options));
   CCopies copies(source, my::JoinPath(options.root, L"copied"), CCopies::Removal::AtOnce);
-  PrintWork(shape);
   Compare({"bare loop", 0, [&] { return copies.Bare(1); }},
           {{"folder copy, not flushed", 0.60, [&] { return copies.Unflushed(Threads()); }},
            {"the same with one thread", 1.05, [&] { return copies.Unflushed(1); }},
-           {"bare loop of two threads", 0, [&] { return copies.Bare(2); }},
-           {"folder copy", 0, [&] { return copies.Flushed(Threads()); }},
-           {"the same with one thread", 0, [&] { return copies.Flushed(1); }}},
+           {"bare loop of two threads", 0, [&] { return copies.Bare(2); }}},
           options.rounds);
+}
+
+void MeasureFlushedCopy(const COptions& options) {
+  const std::wstring folder = my::JoinPath(options.root, L"copied");
+  {
+    const CSource source = MakeSource(options, SmallFiles(options));
+    CompareFlushed(options, CCopies(source, folder, CCopies::Removal::AtTheEnd));
+  }
+  const CSource source = MakeSource(options, LargeFiles(options));
+  CompareFlushed(options, CCopies(source, folder, CCopies::Removal::AtOnce));
 }
 
 }  // namespace bench

@@ -21,9 +21,9 @@ namespace {
 using Measurement = void (*)(const COptions&);
 
 const std::map<std::string, Measurement> kMeasurements = {
-    {"listing", MeasureListing}, {"copy", MeasureCopy}, {"large-copy", MeasureLargeCopy},
-    {"memory", MeasureMemory},   {"zip", MeasureZip},   {"unchanged", MeasureUnchanged},
-    {"tick", MeasureTick},       {"plan", MeasurePlan}};
+    {"listing", MeasureListing},          {"copy", MeasureCopy},     {"large-copy", MeasureLargeCopy},
+    {"flushed-copy", MeasureFlushedCopy}, {"memory", MeasureMemory}, {"zip", MeasureZip},
+    {"unchanged", MeasureUnchanged},      {"tick", MeasureTick},     {"plan", MeasurePlan}};
 
 // Returns the exit code if the program ends now, or -1.
 int Parse(std::vector<std::string> arguments, COptions& options, Measurement& measurement) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "engine/backup_task.h"
+#include "platform/kept_threads.h"
 #include "platform/win32/win32_ansi_codec.h"
 #include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_message_texts.h"
@@ -20,10 +21,11 @@ struct CPorts {
   my::CWin32MessageTexts texts;
   my::CWin32Process process;
   my::CWin32Threads threads;
+  my::CKeptThreads helpers{threads};
 
   // Returns the ports of jobs that use this number of threads.
   qlm::CEnginePorts With(my::IFileSystem& files, size_t threadCount = 1) {
-    return {files, clock, ansi, texts, process, &threads, threadCount};
+    return {files, clock, ansi, texts, process, &helpers, threadCount};
   }
 };
 

@@ -13,7 +13,7 @@ measure_start() {
   "$top/scripts/gui-run.sh" "$bin/qlm_start_bench.exe" "$(to_win "$folder")" "${START_ROUNDS-15}"
 }
 
-(($#)) || set -- listing copy large-copy memory zip unchanged plan tick windows start
+(($#)) || set -- listing copy large-copy flushed-copy memory zip unchanged plan tick windows start
 "$top/scripts/build.sh" mingw
 start_wine_server
 mkdir -p "$top/build/bench"

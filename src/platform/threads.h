@@ -25,6 +25,8 @@ struct CThreadStart {
   int priority = 0;         // a THREAD_PRIORITY_ value, -15 (idle) to 15
   bool boost = false;       // whether the system may raise the priority temporarily
   uint32_t stackBytes = 0;  // 0: the default of the program
+
+  bool operator==(const CThreadStart&) const = default;
 };
 
 class IThreads {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "control_ids.h"
+#include "platform/kept_threads.h"
 #include "platform/message_texts.h"
 #include "platform/win32/app_identity.h"
 #include "platform/win32/com.h"
@@ -66,9 +67,10 @@ int wmain(int argc, wchar_t** argv) {
   my::CWin32AnsiCodec ansi;
   my::CWin32Process process;
   my::CWin32Threads threads;
+  my::CKeptThreads helpers(threads);
   const my::CWin32KnownFolders folders;
   my::CWin32Power power;
-  const qlm::CEnginePorts engine{files, clock, ansi, texts, process, &threads, parsed.options.threads};
+  const qlm::CEnginePorts engine{files, clock, ansi, texts, process, &helpers, parsed.options.threads};
   const qlm::CRunnerPorts ports{engine, dom, threads, console, folders, power};
   if (parsed.options.history) return qlm::ShowHistory(ports, parsed.options);
   if (parsed.options.scheduled) ::FreeConsole();  // the user might close it, and so end the run

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "app/application.h"
+#include "platform/kept_threads.h"
 #include "platform/win32/msxml_dom.h"
 #include "platform/win32/win32_ansi_codec.h"
 #include "platform/win32/win32_clock.h"
@@ -33,6 +34,7 @@ struct CSharedPorts {
   my::CWin32MessageTexts texts;
   my::CWin32Process process;
   my::CWin32Threads threads;
+  my::CKeptThreads helpers{threads};
 };
 
 // Never destroyed, because an unresponsive network may block such a thread until the process ends.
@@ -53,7 +55,7 @@ struct CWin32Ports {
   CDocumentClipboard clipboard;
 
   CAppPorts Ports() {
-    return {{shared.files, shared.clock, shared.ansi, shared.texts, shared.process, &shared.threads},
+    return {{shared.files, shared.clock, shared.ansi, shared.texts, shared.process, &shared.helpers},
             dom,
             shared.threads,
             folders,
