@@ -55,14 +55,20 @@ TEST(Win32TaskScheduler, task_is_added_once_changed_and_removed) {
   scheduler.Remove(name);
 }
 
+// Returns the start of a command of the shell in a folder.
+my::CProcessStart Command(const wchar_t* arguments, const std::wstring& folder) {
+  my::CProcessStart start;
+  start.program = L"C:\\windows\\system32\\cmd.exe";
+  start.arguments = arguments;
+  start.workingFolder = folder;
+  start.creationFlags = my::CProcessStart::kNoWindow;
+  return start;
+}
+
 TEST(Win32Process, program_gets_what_it_is_started_with) {
   test::CScratchFolder scratch;
   scratch.Write(L"here.txt", "");
-  my::CProcessStart start;
-  start.program = L"C:\\windows\\system32\\cmd.exe";
-  start.arguments = L"/c if exist here.txt exit %QLM_CODE%";
-  start.workingFolder = scratch.At(L"");
-  start.creationFlags = my::CProcessStart::kNoWindow;
+  my::CProcessStart start = Command(L"/c if exist here.txt exit %QLM_CODE%", scratch.At(L""));
   start.environment = std::vector<std::wstring>{L"QLM_CODE=7", L"SystemRoot=C:\\windows"};
   start.startup.title = L"title";
   start.startup.showMode = SW_HIDE;
@@ -75,11 +81,7 @@ TEST(Win32Process, program_gets_what_it_is_started_with) {
 TEST(Win32Process, archive_can_be_measured_while_the_program_is_waited_for) {
   test::CScratchFolder scratch;
   scratch.Write(L"wait.bat", ":again\r\nif not exist go.txt goto again\r\nexit 7\r\n");
-  my::CProcessStart start;
-  start.program = L"C:\\windows\\system32\\cmd.exe";
-  start.arguments = L"/c wait.bat";
-  start.workingFolder = scratch.At(L"");
-  start.creationFlags = my::CProcessStart::kNoWindow;
+  my::CProcessStart start = Command(L"/c wait.bat", scratch.At(L""));
   start.whileWaiting = [&scratch] { scratch.files.CreateNewFile(scratch.At(L"go.txt")); };
   EXPECT_EQ(my::CWin32Process().Run(start), 7u);
 }
