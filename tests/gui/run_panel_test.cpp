@@ -1,7 +1,7 @@
 #include <set>
 
 #include "gui/gui_app.h"
-#include "gui/inline_threads.h"
+#include "support/fake_windows.h"
 
 namespace {
 
@@ -20,6 +20,7 @@ struct CWatchedFiles : my::CWin32FileSystem {
 // Runs the worker on the thread of the windows, so that a test can look at them while a file is copied.
 struct RunPanel : testing::Test {
   RunPanel() {
+    worker.immediate = true;
     a.worker = &worker;
     a.engineFiles = &watched;
     a.Start();
@@ -41,7 +42,7 @@ struct RunPanel : testing::Test {
     test::Pump();
   }
 
-  test::CInlineThreads worker;
+  test::CManualThreads worker;
   CWatchedFiles watched;
   test::CGuiApp a;
 };
