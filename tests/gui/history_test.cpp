@@ -11,7 +11,6 @@ constexpr uint64_t kDay = uint64_t{24} * 60 * 60 * 10'000'000;
 
 struct HistoryWindow : testing::Test, test::CGuiApp {
   HistoryWindow() {
-    scratch.files.CreateFolders(scratch.At(L"src"));
     scratch.Write(L"src\\file", "x");
     AddTask(L"a", scratch.At(L"src"));
     AddTask(L"b", scratch.At(L"src"));

@@ -104,7 +104,6 @@ TEST_F(PlanDialog, excluded_file_is_planned_again_and_a_change_makes_the_plan_ol
 
 TEST(PlanCommand, keys_run_and_plan_the_selected_tasks) {
   test::CGuiApp a;
-  a.scratch.files.CreateFolders(a.scratch.At(L"src"));
   a.scratch.Write(L"src\\a.txt", "a");
   a.AddDst(a.scratch.At(L"made"));
   for (const wchar_t* id : {L"A", L"B"}) a.AddTask(id, a.scratch.At(L"src"));

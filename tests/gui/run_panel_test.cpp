@@ -24,7 +24,6 @@ struct RunPanel : testing::Test {
     a.worker = &worker;
     a.engineFiles = &watched;
     a.Start();
-    a.scratch.files.CreateFolders(a.scratch.At(L"src"));
     a.scratch.Write(L"src\\1.txt", std::string(3000, 'x'));
     a.scratch.Write(L"src\\2.txt", std::string(1000, 'x'));
     a.AddBackup(L"docs", a.scratch.At(L"src"), a.scratch.At(L"out"));

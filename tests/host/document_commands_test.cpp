@@ -1,4 +1,3 @@
-#include "command_ids.h"
 #include "support/commands_fixture.h"
 
 namespace {
@@ -10,8 +9,7 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
   StartIn(RunState::NotRun, true);
   CDocument& document = a.app->Document();
   const auto& recent = a.app->Settings().ui.mruPathes.Items();
-  a.dialogs.paths = {L"C:\\one.qlmr"};
-  a.Do(ID_SAVE_AS);
+  a.DoWithPath(ID_SAVE_AS, L"C:\\one.qlmr");
   EXPECT_EQ(a.shell.recent, L"C:\\one.qlmr");
   EXPECT_EQ(document.Path(), L"C:\\one.qlmr");
   EXPECT_FALSE(document.IsModified());
@@ -24,8 +22,7 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
   EXPECT_EQ(a.dialogs.questions.back().dialog, FileDialog::OpenFile);
   EXPECT_EQ(a.dialogs.questions.back().kinds.at(0).pattern, L"*.qlmr");
   EXPECT_EQ(a.dialogs.questions.back().kinds.at(1).pattern, L"*.xml");
-  a.dialogs.paths = {L"C:\\one.qlmr"};
-  a.Do(ID_OPEN);
+  a.DoWithPath(ID_OPEN, L"C:\\one.qlmr");
   EXPECT_EQ(document.Path(), L"C:\\one.qlmr");
   a.Do(ID_NEW);
   a.Fill(content);
@@ -50,8 +47,7 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
   a.TakeBoxes();
 
   a.files.AddFile(L"C:\\bad.qlmr", "<Quill");
-  a.dialogs.paths = {L"C:\\bad.qlmr"};
-  a.Do(ID_OPEN);
+  a.DoWithPath(ID_OPEN, L"C:\\bad.qlmr");
   EXPECT_TRUE(Has(a.TakeBoxes(), L"C:\\bad.qlmr"));
   EXPECT_EQ(document.Path(), L"C:\\one.qlmr");
   EXPECT_EQ(document.Tasks().size(), 3u);
@@ -75,16 +71,14 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
   rest.tasks.Remove(0);
   for (const size_t at : {2, 0, 1}) {  // the end if nothing is selected
     a.Fill(rest);
-    a.dialogs.paths = {L"C:\\one.qlmr"};
-    a.Do(ID_ADD_FILE);
+    a.DoWithPath(ID_ADD_FILE, L"C:\\one.qlmr");
     EXPECT_EQ(document.Tasks()[at]->id, L"plain");
     a.window.tasks.selected = at == 2 ? std::vector<size_t>{0, 1} : std::vector<size_t>{1};
   }
   a.Do(ID_MRU_FIRST + 2);
   EXPECT_TRUE(Has(a.TakeBoxes(), L"Mru index is out of range: 2"));
   for (int i = 0; i < 30; ++i) {
-    a.dialogs.paths = {L"C:\\n" + std::to_wstring(i) + L".qlmr"};
-    a.Do(ID_SAVE_AS);
+    a.DoWithPath(ID_SAVE_AS, L"C:\\n" + std::to_wstring(i) + L".qlmr");
   }
   EXPECT_EQ(recent.size(), 20u);
 }
@@ -133,8 +127,7 @@ TEST_F(Commands, file_manager_shows_the_focused_item_or_its_nearest_folder) {
   EXPECT_EQ(a.shell.calls.back(), L"Run EXPLORER.EXE /n,/select,\"C:\\src\\a.txt\"");
 
   a.window.tasks.focused = 2;
-  a.Do(ID_TASK_TARGETS);
-  a.EndRun();
+  a.RunToEnd(ID_TASK_TARGETS);
   const CResult& row = *a.window.results[0];
   EXPECT_EQ(SourceOfTarget(row, *row.targets, 0), L"C:\\src\\a.txt");
   EXPECT_EQ(ThrownId([&] { BackupOfTarget(row, *row.targets, 0); }), IDS_NO_DESTINATION);

@@ -1,7 +1,6 @@
 #include "app/edit_commands.h"
 
 #include "app/drop_command.h"
-#include "command_ids.h"
 #include "support/fake_app.h"
 
 namespace {
@@ -128,8 +127,7 @@ TEST_F(EditCommands, rows_and_files_can_be_dropped) {
   EXPECT_EQ(document.Tasks()[0]->filterPath, L"C:\\f.FLT");
   EXPECT_NE(drop(L"C:\\x.exe", 0).size(), 0u);
   EXPECT_TRUE(test::Has(a.TakeBoxes(), L"C:\\x.exe"));
-  a.dialogs.paths = {L"C:\\d.qlmr"};
-  a.Do(ID_SAVE_AS);
+  a.DoWithPath(ID_SAVE_AS, L"C:\\d.qlmr");
   a.Do(ID_NEW);
   EXPECT_EQ(drop(L"C:\\d.qlmr", {}), L"BA[src][y]x");
   EXPECT_TRUE(document.IsModified());
@@ -197,8 +195,7 @@ TEST_F(EditCommands, impossible_edits_are_disabled) {
 
 TEST_F(EditCommands, filter_of_the_focused_task_or_a_chosen_one_is_checked) {
   tasks.focused = 0;
-  a.dialogs.paths = {L"C:\\f.flt"};
-  a.Do(ID_FILTER_CHECK);
+  a.DoWithPath(ID_FILTER_CHECK, L"C:\\f.flt");
   a.Do(ID_FILTER_CHECK);  // no file is chosen
   EXPECT_EQ(a.dialogs.filters, (std::vector<std::wstring>{L"C:\\f.flt|C:\\src"}));
   SetTaskFilter(document, 0, L"C:\\own.flt");

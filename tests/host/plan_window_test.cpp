@@ -1,6 +1,5 @@
 #include "app/advice_watch.h"
 #include "app/plan_actions.h"
-#include "command_ids.h"
 #include "document/document_edits.h"
 #include "engine/remedy.h"
 #include "support/fake_app.h"

@@ -1,5 +1,4 @@
 #include "app/schedule_commands.h"
-#include "command_ids.h"
 #include "schedule/schedules.h"
 #include "support/fake_app.h"
 #include "support/strings.h"

@@ -1,6 +1,5 @@
 #include "app/command_line.h"
 #include "app/diagnostics.h"
-#include "command_ids.h"
 #include "support/commands_fixture.h"
 
 namespace {
@@ -114,8 +113,7 @@ TEST(CommandLine, quotes_protect_spaces_and_are_removed) {
 TEST_F(Commands, start_opens_the_named_document_or_the_last_one) {
   StartIn(RunState::NotRun, true);
   for (const wchar_t* path : {L"C:\\a b.qlmr", L"C:\\last.qlmr"}) {
-    a.dialogs.paths = {path};
-    a.Do(ID_SAVE_AS);
+    a.DoWithPath(ID_SAVE_AS, path);
   }
   a.app->Settings().archive.sevenZipPath.clear();
   a.folders.programs = L"D:\\Program Files (x86)";
@@ -147,8 +145,7 @@ TEST_F(Commands, start_opens_the_named_document_or_the_last_one) {
 TEST_F(Commands, diagnostics_tell_errors_without_the_names_of_files) {
   StartIn(RunState::NotRun);
   a.files.Remove(L"C:\\src");
-  a.Do(ID_RUN);
-  a.EndRun();
+  a.RunToEnd();
   const std::wstring text = DiagnosticsText(a.app->Context(), L"Windows", L"");
   EXPECT_TRUE(Has(text, std::to_wstring(a.app->Run().Rows().at(0)->error.code)));
   for (const wchar_t* const name : {L"plain", L"src", L"doc", L"D:", L"pw"}) EXPECT_FALSE(Has(text, name));

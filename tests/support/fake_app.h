@@ -5,6 +5,7 @@
 #include <string>
 
 #include "app/application.h"
+#include "command_ids.h"
 #include "document/document_file.h"
 #include "support/engine_doubles.h"
 #include "support/fake_scheduler.h"
@@ -45,6 +46,12 @@ class CFakeApp : public CEngineDoubles {
 
   void Do(uint32_t id) { app->Execute(id); }
 
+  // Executes a command that asks for a path.
+  void DoWithPath(uint32_t id, const std::wstring& path) {
+    dialogs.paths = {path};
+    Do(id);
+  }
+
   // Makes `content` the open document, with unsaved edits.
   void Fill(const qlm::CContent& content) {
     app->Document().Edit(IDS_EDIT_MERGE, qlm::DocChangeEventFlags::RESET, [&content](qlm::CContent& own) {
@@ -57,6 +64,11 @@ class CFakeApp : public CEngineDoubles {
   void EndRun() {
     threads.Work();
     app->OnTimer();
+  }
+
+  void RunToEnd(uint32_t id = ID_RUN) {
+    Do(id);
+    EndRun();
   }
 
   qlm::RunState State() const { return app->Run().State(); }
