@@ -58,6 +58,9 @@ TEST_F(ArchiveWriter, command_line_is_unquoted_and_the_list_is_plain_utf8) {
   EXPECT_TRUE(start.inheritHandles);
   EXPECT_EQ(list, "a b.txt\nsub\\\xF0\xA0\xAE\xB7.txt\n");
   EXPECT_FALSE(files.Files().contains(expectedList)) << "the list is deleted";
+  files.Remove(archivePath);
+  files.FailAt(test::Op::READ, 1, my::kErrorSharingViolation);
+  EXPECT_EQ(Write(), 0u) << "a virus scanner has the archive open for a moment";
   source = L"D:";
   Write();
   EXPECT_EQ(process.Starts().back().workingFolder, L"D:\\") << "not the current folder of the drive";

@@ -239,6 +239,18 @@ TEST_P(BackupTask, concurrent_runs_use_different_names_and_the_slower_one_skips)
   EXPECT_EQ(files.Kind(L"D:\\dst\\_tmp1_x"), my::PathKind::None);
 }
 
+TEST_P(BackupTask, copy_that_somebody_removes_meanwhile_never_has_the_final_name_without_its_files) {
+  AddDst(L"x");
+  for (int n = 1;; ++n) {
+    files = {};
+    AddSource();
+    files.MeanwhileAt(n, [&] { files.Remove(L"D:\\dst\\_tmp_x"); });
+    const bool created = Outcome(Run()) == "CREATED";
+    if (!files.IsMeanwhileDone()) break;
+    EXPECT_EQ(Below(L"D:\\dst\\x"), created ? kSource : decltype(kSource)()) << n;
+  }
+}
+
 TEST_P(BackupTask, stop_ends_the_job_at_its_next_check) {
   AddDst(L"x");
   // Nine checks during the listing (including "." and ".." of three folders), then one before each target.

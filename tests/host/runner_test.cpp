@@ -95,12 +95,14 @@ TEST_F(Runner, json_has_a_line_for_progress_rows_and_the_end) {
   files.Remove(L"C:\\src");
   Run({L"--json", L"--quiet", L"--task", L"plain"});
   EXPECT_TRUE(Has(console.output, L"\"error\":465,\"remedy\":\"対処: "));
+  EXPECT_EQ(Notice(), texts.Text(IDS_SCHEDULE_FAILED_RUN));
 }
 
 TEST_F(Runner, interrupt_stops_the_run_after_the_current_step) {
   console.interrupted = true;
   EXPECT_EQ(Run({L"--json", L"--task", L"plain"}), qlm::kExitStopped);
   EXPECT_TRUE(console.output.ends_with(L"\"state\":374,\"rows\":1,\"errors\":0}\n")) << console.output;
+  EXPECT_EQ(Notice(), L"");
 }
 
 TEST_F(Runner, run_that_cannot_start_writes_nothing) {
@@ -114,6 +116,10 @@ TEST_F(Runner, run_that_cannot_start_writes_nothing) {
   console.input = {L"a b"};
   EXPECT_EQ(Run({L"--password-stdin"}), qlm::kExitUnusable);
   EXPECT_EQ(console.errors, texts.Text(IDS_PASSWORD_BAD_CHARACTER) + L"\n");
+  console.input = {L"p\xFFFD"};
+  EXPECT_EQ(Run({L"--password-stdin"}), qlm::kExitUnusable);
+  EXPECT_EQ(outcome.failure, texts.Text(IDS_PASSWORD_NOT_UTF8));
+  EXPECT_EQ(Notice(), texts.Text(IDS_SCHEDULE_NOT_RUN)) << "the history has no such run";
   EXPECT_EQ(Run({L"--settings", L"C:\\missing.config"}), qlm::kExitUnusable);
   EXPECT_TRUE(Has(console.errors, L"C:\\missing.config"));
   EXPECT_EQ(Run({L"--unknown"}), qlm::kExitUnusable);
@@ -173,6 +179,10 @@ TEST_F(Runner, unreadable_folder_causes_a_warning) {
   EXPECT_EQ(console.errors,
             L"警告: 読み取れなかったため、バックアップに含まれないフォルダーがあります - C:\\src\\locked\\ "
             L"(system error (0x80070005))\n");
+  EXPECT_EQ(Notice(), texts.Text(IDS_SCHEDULE_LACKS_FOLDERS));
+  files.FailAt(test::Op::FIND, 2, my::kErrorAccessDenied);
+  Run({L"--task", L"plain"});
+  EXPECT_EQ(Notice(), L"") << "no backup was created";
 }
 
 TEST_F(Runner, history_has_runs_and_last_success_but_no_password) {
