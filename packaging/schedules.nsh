@@ -2,14 +2,20 @@
 
 !define SCHEDULER_TIMEOUT_MS 60000
 
-; Needs the programs. A failure is shown, but does not keep the program from being uninstalled.
+Var ScheduleRemoval ; exit code of the runner; 0 if none is left
+
+; Needs the programs. A failure does not keep the program from being uninstalled.
 Function un.RemoveSchedules
-  DetailPrint "$(SCHEDULES_REMOVE)"
   nsExec::Exec /TIMEOUT=${SCHEDULER_TIMEOUT_MS} '"$INSTDIR\QuillmoorRun.exe" --remove-schedules'
-  Pop $0
-  ${If} $0 != 0
+  Pop $ScheduleRemoval
+  Call un.WaitUntilUnused ; a virus scanner may still have the runner open
+FunctionEnd
+
+; For the end of the log, where it is seen.
+Function un.TellLeftSchedules
+  ${If} $ScheduleRemoval != 0
     DetailPrint "$(SCHEDULES_LEFT)"
+    DetailPrint "$(SCHEDULES_LEFT_REMEDY)"
     SetDetailsView show
   ${EndIf}
-  Call un.WaitUntilUnused ; a virus scanner may still have the runner open
 FunctionEnd

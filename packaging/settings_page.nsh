@@ -35,13 +35,14 @@ Function un.ReadSettingsSwitches
 FunctionEnd
 
 Function un.SettingsPage
-  !insertmacro MUI_HEADER_TEXT "$(SETTINGS_TITLE)" "$(SETTINGS_SUBTITLE)"
   nsDialogs::Create 1018
   Pop $0
   ${If} $IsOtherAccount == 1
+    !insertmacro MUI_HEADER_TEXT "$(SETTINGS_TITLE)" "$(SETTINGS_KEPT)"
     ${NSD_CreateLabel} 0 0 100% 60u "$(SETTINGS_OTHER_ACCOUNT)"
     Pop $0
   ${Else}
+    !insertmacro MUI_HEADER_TEXT "$(SETTINGS_TITLE)" "$(SETTINGS_SUBTITLE)"
     ${NSD_CreateCheckBox} 0 0 100% 12u "$(SETTINGS_REMOVE)"
     Pop $SettingsButton
     ${NSD_SetState} $SettingsButton $RemoveSettings

@@ -140,4 +140,5 @@ Section un.Install
   ${If} $RemoveSettings == 1
     Call un.RemoveSettings
   ${EndIf}
+  Call un.TellLeftSchedules
 SectionEnd

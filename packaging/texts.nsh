@@ -35,13 +35,13 @@ unsaved: wait for the backup or save your edits, then choose Retry."
 !insertmacro TEXT SETTINGS_HINT \
   "保存したパスワードも削除されます。ほかのユーザーの設定と履歴、ドキュメント (.qlmr)、バックアップは削除されません。" \
   "This includes a saved password. Settings of other users, documents (.qlmr) and backups are not removed."
+!insertmacro TEXT SETTINGS_KEPT "設定と履歴は残ります。" "Your settings and history are kept."
 !insertmacro TEXT SETTINGS_OTHER_ACCOUNT \
-  "設定と履歴は残ります。別のアカウントの権限で実行しているため、ここでは削除できません。$\r$\n$\r$\n\
+  "別のアカウントの権限で実行しているため、ここでは削除できません。$\r$\n$\r$\n\
 削除するには、アンインストールのあとで、フォルダー %APPDATA%\${PUBLISHER}\${PRODUCT} を削除してください。" \
-  "Your settings and history are kept: they cannot be removed with the rights of another account.$\r$\n$\r$\n\
+  "They cannot be removed here, because the rights are those of another account.$\r$\n$\r$\n\
 To remove them, delete the folder %APPDATA%\${PUBLISHER}\${PRODUCT} after uninstalling."
 
-!insertmacro TEXT SCHEDULES_REMOVE "スケジュールを削除しています" "Removing schedules"
-!insertmacro TEXT SCHEDULES_LEFT \
-  "削除できなかったスケジュールがあります。Windows のタスク スケジューラで「${PRODUCT} - …」を削除してください。" \
-  "Some schedules could not be removed. Delete “${PRODUCT} - …” in the Task Scheduler of Windows."
+!insertmacro TEXT SCHEDULES_LEFT "スケジュールが残っているかもしれません。" "Schedules may be left."
+!insertmacro TEXT SCHEDULES_LEFT_REMEDY "タスク スケジューラで、不要な「${PRODUCT} - …」を削除してください。" \
+  "Delete “${PRODUCT} - …” in the Task Scheduler of Windows if no longer needed."
