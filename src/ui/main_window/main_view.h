@@ -24,7 +24,7 @@ class CMainView {
   void CreateIn(HWND parent);
   HWND Hwnd() const { return m_splitter.Hwnd(); }
 
-  // Shows the view, which is hidden before. Must be called once.
+  // Lays out and shows the panes. Must be called once.
   void Show();
 
   using CTaskList = CSimpleListView<CTasks, CSeeThroughList>;
