@@ -63,6 +63,7 @@ TEST(Windows, repainting) {
   for (int i = 0; i < 1000; ++i) a.AddTask(std::to_wstring(i), L"C:\\folder\\" + std::to_wstring(i));
   CMainView view(a.app->Document(), a.app->Settings().ui, a.texts);
   view.CreateIn(frame);
+  view.Show();
   ::MoveWindow(view.Hwnd(), 0, 0, 1920, 1080, FALSE);
   CMainFrameSetting setting;
   setting.tasksFixSize = 800;

@@ -47,7 +47,7 @@ def generated_files():
     for name in ("quillmoor", "document"):
         files[f"res/icons/{name}.ico"] = icons.make_icon(folder, name, parts)
     for size, rows in icons.make_strips(folder).items():
-        files[f"res/icons/tools_{size}.png"] = images.encode_png(rows)
+        files[f"res/icons/tools_{size}.bmp"] = images.encode_bitmap_file(rows)
     return files
 
 

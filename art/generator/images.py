@@ -60,12 +60,33 @@ def encode_png(rows):
             chunk(b"IDAT", zlib.compress(data, 9)) + chunk(b"IEND", b""))
 
 
+def dib_header(width, height, data_size):
+    return struct.pack("<IiiHHIIiiII", 40, width, height, 1, 32, 0, data_size, 0, 0, 0, 0)
+
+
+def dib_pixels(rows):
+    """Returns the pixels bottom up, as BGRA."""
+    return b"".join(bytes(row[x + i] for x in range(0, len(row), 4) for i in (2, 1, 0, 3)) for row in rows[::-1])
+
+
 def encode_bitmap(rows):
-    """Returns the bitmap of an icon file: bottom up, BGRA, with a mask that hides nothing."""
+    """Returns the bitmap of an icon file, with a mask that hides nothing."""
     size = len(rows)
-    pixels = b"".join(bytes(row[x + i] for x in range(0, len(row), 4) for i in (2, 1, 0, 3)) for row in rows[::-1])
-    mask = bytes((size + 31) // 32 * 4 * size)
-    return struct.pack("<IiiHHIIiiII", 40, size, 2 * size, 1, 32, 0, len(pixels) + len(mask), 0, 0, 0, 0) + pixels + mask
+    data = dib_pixels(rows) + bytes((size + 31) // 32 * 4 * size)
+    return dib_header(size, 2 * size, len(data)) + data
+
+
+def multiplied(row):
+    """Multiplies the colours with the opacity."""
+    return bytes(value if i % 4 == 3 else (value * row[i | 3] + 127) // 255 for i, value in enumerate(row))
+
+
+def encode_bitmap_file(rows):
+    """Returns a bitmap file whose colours are multiplied with the opacity."""
+    data = dib_pixels([multiplied(row) for row in rows])
+    start = 14 + 40
+    return (struct.pack("<2sIHHI", b"BM", start + len(data), 0, 0, start) +
+            dib_header(len(rows[0]) // 4, len(rows), len(data)) + data)
 
 
 def encode_icon(pictures):

@@ -20,7 +20,7 @@ void Guard(const CAppContext& context) {
 
 void Remember(CAppContext& context, const std::wstring& path) {
   context.settings.ui.mruPathes.Add(path);
-  context.ports.shell.AddRecent(path);
+  context.window.RunWhenPainted([&shell = context.ports.shell, path] { shell.AddRecent(path); });
 }
 
 }  // namespace

@@ -41,7 +41,8 @@ void CCommandQuit::Execute(bool run) {
 
 void CCommandQuit::Store() {
   m_context.window.StoreSettings(m_context.settings);
-  m_context.settings.ui.lastPath = m_context.document.Path();
+  const std::wstring& path = m_context.document.Path();
+  if (!path.empty() || !m_keepLastPath) m_context.settings.ui.lastPath = path;
   if (m_skipSave) return;
   const CAppPorts& ports = m_context.ports;
   SaveSettings(ports.engine.files, ports.engine.clock, ports.dom,
@@ -57,9 +58,10 @@ void CCommandInit::Execute(bool run) {
   FindArchiverIfUnknown();
   m_quit->SetSkipSave(false);
   m_context.window.ApplySettings(m_context.settings);
-  OpenFirstDocument();
-  const bool checksFilter = !CSingleCommandLineParser(m_commandLine).FilterToCheck().empty();
-  if (checksFilter) m_context.window.PostCommand(ID_CHECK_GIVEN_FILTER);
+  if (CSingleCommandLineParser(m_commandLine).FilterToCheck().empty())
+    OpenFirstDocument();
+  else
+    BeginFilterCheck();
 }
 
 // Returns whether to continue.
@@ -103,6 +105,13 @@ void CCommandInit::OpenFirstDocument() {
   } catch (const my::CCtrlException&) {
     ShowEmptyDocument();
   }
+}
+
+// The check needs no document. The last one, which may be gone, is left to the next start.
+void CCommandInit::BeginFilterCheck() {
+  ShowEmptyDocument();
+  m_quit->KeepLastPath();
+  m_context.window.PostCommand(ID_CHECK_GIVEN_FILTER);
 }
 
 void CCommandInit::ShowEmptyDocument() {

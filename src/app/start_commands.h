@@ -22,12 +22,16 @@ class CCommandQuit final : public CCommand {
   // If the user cancels the start, the settings file that could not be read must not be overwritten.
   void SetSkipSave(bool skip) { m_skipSave = skip; }
 
+  // Keeps the stored path of the last document if no document has a path at the end.
+  void KeepLastPath() { m_keepLastPath = true; }
+
  private:
   bool m_skipSave = true;
+  bool m_keepLastPath = false;
 };
 
-// Loads the settings, opens the first document, and posts CCommandCheckFilter if a filter file is given. Runs
-// once, when the main window has been created. Closes the window if the user does not want to continue
+// Loads the settings, and opens the first document or, if a filter file is given, posts CCommandCheckFilter.
+// Runs once, when the main window has been created. Closes the window if the user does not want to continue
 // without the settings.
 class CCommandInit final : public CCommand {
  public:
@@ -43,6 +47,7 @@ class CCommandInit final : public CCommand {
   bool AskAboutFailure(const std::wstring& path, my::CException failure);
   void FindArchiverIfUnknown();
   void OpenFirstDocument();
+  void BeginFilterCheck();
   void ShowEmptyDocument();
 
   const boost::shared_ptr<CCommandQuit>& m_quit;

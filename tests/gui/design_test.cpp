@@ -109,6 +109,7 @@ TEST_F(Design, damaged_picture_is_refused_but_not_a_missing_one_in_use) {
 
 TEST_F(Design, text_is_readable_on_every_brush_and_character) {
   view.CreateIn(frame);
+  view.Show();
   ::MoveWindow(view.Hwnd(), 0, 0, 400, 300, FALSE);
   CBackground background;
   background.SetView(view.Hwnd(), [] { return std::vector<CRoom>{{false, {0, 0, 400, 300}, {}}}; });
@@ -147,6 +148,7 @@ TEST_F(Design, high_contrast_overrides_the_design) {
 
 TEST_F(Design, character_makes_room_for_new_rows) {
   view.CreateIn(frame);
+  view.Show();
   ::MoveWindow(view.Hwnd(), 0, 0, 900, 600, FALSE);
   CDesignSetting design;
   Show(design);
@@ -168,6 +170,7 @@ TEST_F(Design, character_makes_room_for_new_rows) {
 TEST_F(Design, background_does_not_move_with_rows_and_panes) {
   for (int i = 0; i < 60; ++i) a.AddTask(std::to_wstring(i), L"C:\\a");
   view.CreateIn(frame);
+  view.Show();
   ::MoveWindow(view.Hwnd(), 0, 0, 900, 600, FALSE);
   view.OnDocumentChanged(DocChangeEventFlags::CHNAGE_TASKS);
   CDesignSetting design;

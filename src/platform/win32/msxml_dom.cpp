@@ -46,36 +46,23 @@ class CNode : public IXmlNode {
     if (FAILED(result)) throw CException(IDS_XML_SET_TEXT_FAILED, {Error(result)});
   }
 
-  // Visits the children, because the parser compiles an expression for each selectSingleNode.
   std::unique_ptr<IXmlNode> Select(const std::wstring& name) const override {
-    CComPtr<IXMLDOMNode> child;
-    HRESULT result = m_node->get_firstChild(child.Out());
-    while (SUCCEEDED(result) && child) {
-      if (IsElement(*child.Get(), name)) return std::make_unique<CNode>(m_document, std::move(child));
-      CComPtr<IXMLDOMNode> next;
-      result = child->get_nextSibling(next.Out());
-      child = std::move(next);
-    }
+    std::unique_ptr<IXmlNode> found;
+    const HRESULT result = VisitChildren([&](CComPtr<IXMLDOMNode>& child) {
+      if (IsElement(*child.Get(), name)) found = std::make_unique<CNode>(m_document, std::move(child));
+      return !found;
+    });
     if (FAILED(result)) throw CException(IDS_XML_SELECT_NODE_FAILED, {Error(result), name});
-    return nullptr;
+    return found;
   }
 
   std::vector<std::unique_ptr<IXmlNode>> SelectAll(const std::wstring& name) const override {
-    CComPtr<IXMLDOMNodeList> list;
-    const HRESULT result = m_node->selectNodes(CBstr(name).Get(), list.Out());
-    if (FAILED(result)) throw CException(IDS_XML_SELECT_NODES_FAILED, {Error(result), name});
-    if (!list) throw CException(IDS_XML_NODES_NOT_FOUND, {name, Name()});
-    std::vector<std::unique_ptr<IXmlNode>> nodes;
-    for (;;) {
-      CComPtr<IXMLDOMNode> next;
-      const HRESULT step = list->nextNode(next.Out());
-      if (FAILED(step)) throw CException(IDS_XML_SELECT_NODES_FAILED, {Error(step), name});
-      if (!next) return nodes;
-      nodes.push_back(std::make_unique<CNode>(m_document, std::move(next)));
-    }
+    return ChildrenWith(name, [&](IXMLDOMNode& child) { return IsElement(child, name); });
   }
 
-  std::vector<std::unique_ptr<IXmlNode>> Children() const override { return SelectAll(L"*"); }
+  std::vector<std::unique_ptr<IXmlNode>> Children() const override {
+    return ChildrenWith(L"*", [](IXMLDOMNode& child) { return IsElement(child); });
+  }
 
   std::unique_ptr<IXmlNode> Append(const std::wstring& name) override {
     CComPtr<IXMLDOMElement> element;
@@ -88,13 +75,43 @@ class CNode : public IXmlNode {
   }
 
  private:
+  // Passes the children to `visit` until it returns false. Expressions are not used, because the parser
+  // compiles them for each selection. Returns the result of the failed step, or S_OK.
+  template <class TVisit>
+  HRESULT VisitChildren(TVisit visit) const {
+    CComPtr<IXMLDOMNode> child;
+    HRESULT result = m_node->get_firstChild(child.Out());
+    while (SUCCEEDED(result) && child) {
+      CComPtr<IXMLDOMNode> next;
+      result = child->get_nextSibling(next.Out());
+      if (FAILED(result) || !visit(child)) break;
+      child = std::move(next);
+    }
+    return result;
+  }
+
+  // `name` is that of the failure.
+  template <class TIsWanted>
+  std::vector<std::unique_ptr<IXmlNode>> ChildrenWith(const std::wstring& name, TIsWanted isWanted) const {
+    std::vector<std::unique_ptr<IXmlNode>> nodes;
+    const HRESULT result = VisitChildren([&](CComPtr<IXMLDOMNode>& child) {
+      if (isWanted(*child.Get())) nodes.push_back(std::make_unique<CNode>(m_document, std::move(child)));
+      return true;
+    });
+    if (FAILED(result)) throw CException(IDS_XML_SELECT_NODES_FAILED, {Error(result), name});
+    return nodes;
+  }
+
+  static bool IsElement(IXMLDOMNode& node) {
+    DOMNodeType type = NODE_INVALID;
+    return SUCCEEDED(node.get_nodeType(&type)) && type == NODE_ELEMENT;
+  }
+
   // Returns whether the node is an element with this name, in no namespace.
   static bool IsElement(IXMLDOMNode& node, const std::wstring& name) {
-    DOMNodeType type = NODE_INVALID;
     CBstr nodeName;
     CBstr space;
-    return SUCCEEDED(node.get_nodeType(&type)) && type == NODE_ELEMENT &&
-           SUCCEEDED(node.get_nodeName(nodeName.Out())) && nodeName.Text() == name &&
+    return IsElement(node) && SUCCEEDED(node.get_nodeName(nodeName.Out())) && nodeName.Text() == name &&
            SUCCEEDED(node.get_namespaceURI(space.Out())) && space.Text().empty();
   }
 

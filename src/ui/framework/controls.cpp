@@ -32,7 +32,7 @@ bool IsComboBox(HWND window) {
 
 SIZE TextSize(HWND control) {
   const std::wstring text = TextOf(control);
-  const CWindowDc dc(control);
+  const CMemoryDc dc(::CreateCompatibleDC(nullptr));
   const CSelect select(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0)));
   SIZE size{};
   ::GetTextExtentPoint32W(dc.Get(), text.c_str(), static_cast<int>(text.size()), &size);

@@ -32,8 +32,9 @@ void CListColumns::Create(HWND list, const IListModel& model, UINT dpi) {
   for (size_t i = 0; i < model.ColumnCount(); ++i) {
     CListColumn source = model.Column(i);
     LVCOLUMNW column{};
-    column.mask = LVCF_FMT | LVCF_TEXT;
+    column.mask = LVCF_FMT | LVCF_TEXT | LVCF_WIDTH;
     column.fmt = Format(source.align);
+    column.cx = Scale(source.width, dpi);
     column.pszText = source.title.data();
     ListView_InsertColumn(list, static_cast<int>(i), &column);
   }
@@ -74,7 +75,7 @@ void CListColumns::SetAllWidths(const std::vector<int32_t>& widths) {
     const auto index = static_cast<size_t>(i);
     const int width = widths[index] >= 0 ? widths[index] : m_model->Column(index).width;
     if (i == Last()) m_lastWidth = width;
-    ListView_SetColumnWidth(m_list, i, Scale(width, m_dpi));
+    SetWidth(i, Scale(width, m_dpi));
   }
   Fill();
 }
@@ -100,7 +101,12 @@ void CListColumns::Fill() {
   int room = client.right;
   for (int i = 0; i < Last(); ++i) room -= WidthOf(i);
   const int width = std::max(room, Scale(m_lastWidth, m_dpi));
-  if (width != WidthOf(Last())) ListView_SetColumnWidth(m_list, Last(), width);
+  SetWidth(Last(), width);
+}
+
+// Setting a width is slow, even the one that the column has.
+void CListColumns::SetWidth(int column, int width) const {
+  if (width != WidthOf(column)) ListView_SetColumnWidth(m_list, column, width);
 }
 
 void CListColumns::OnHeader(const NMHDR& notification) {

@@ -40,6 +40,7 @@ class CListColumns {
  private:
   int Last() const { return static_cast<int>(m_model->ColumnCount()) - 1; }
   int WidthOf(int column) const;
+  void SetWidth(int column, int width) const;  // in pixels
   bool IsStored(size_t column) const { return m_model->Column(column).stored; }
   std::vector<int32_t> AllWidths() const;
   void SetAllWidths(const std::vector<int32_t>& widths);

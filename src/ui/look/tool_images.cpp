@@ -1,11 +1,6 @@
 #include "ui/look/tool_images.h"
 
-#include <objidl.h>
-
-#include <memory>
-
 #include "control_ids.h"
-#include "platform/win32/com.h"
 #include "ui/framework/dpi.h"
 #include "ui/framework/gdiplus.h"
 
@@ -28,15 +23,10 @@ auto StripFor(int wanted) {
   return found;
 }
 
-std::unique_ptr<Gdiplus::Bitmap> LoadPicture(int id) {
-  const HRSRC resource = ::FindResourceW(nullptr, MAKEINTRESOURCEW(id), RT_RCDATA);
-  const HGLOBAL loaded = ::LoadResource(nullptr, resource);
-  const DWORD size = ::SizeofResource(nullptr, resource);
-  my::CComPtr<IStream> stream;
-  if (FAILED(::CreateStreamOnHGlobal(nullptr, TRUE, stream.Out()))) return nullptr;
-  stream->Write(::LockResource(loaded), size, nullptr);
-  auto picture = std::make_unique<Gdiplus::Bitmap>(stream.Get());
-  return picture->GetLastStatus() == Gdiplus::Ok ? std::move(picture) : nullptr;
+// Bitmaps, because a decoder for compressed pictures takes long to load at the start of the program.
+my::CBitmap LoadStrip(int id) {
+  return my::CBitmap(static_cast<HBITMAP>(::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id),
+                                                       IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
 }
 
 bool g_menusBlend = true;
@@ -47,13 +37,12 @@ Gdiplus::Color MenuColor() {
   return color;
 }
 
-// Returns a part of the strip on a background.
-my::CBitmap CutOut(Gdiplus::Bitmap& strip, int left, SIZE size, const Gdiplus::Color& background) {
-  Gdiplus::Bitmap part(size.cx, size.cy, PixelFormat32bppPARGB);
+// Returns an image of the strip on a background.
+my::CBitmap CutOut(Gdiplus::Bitmap& strip, int left, int size, const Gdiplus::Color& background) {
+  Gdiplus::Bitmap part(size, size, PixelFormat32bppPARGB);
   Gdiplus::Graphics graphics(&part);
   graphics.Clear(background);
-  graphics.DrawImage(&strip, Gdiplus::Rect(0, 0, size.cx, size.cy), left, 0, size.cx, size.cy,
-                     Gdiplus::UnitPixel);
+  graphics.DrawImage(&strip, Gdiplus::Rect(0, 0, size, size), left, 0, size, size, Gdiplus::UnitPixel);
   HBITMAP bitmap = nullptr;
   part.GetHBITMAP(Gdiplus::Color(0, 0, 0, 0), &bitmap);
   return my::CBitmap(bitmap);
@@ -65,11 +54,7 @@ CToolImages::CToolImages(UINT dpi) {
   const auto strip = StripFor(my::Scale(kDesignSize, dpi));
   m_size = strip.size;
   m_list = my::CImageList(::ImageList_Create(m_size, m_size, ILC_COLOR32, kToolIconCount, 0));
-  const auto picture = LoadPicture(strip.id);
-  if (!picture) return;
-  const SIZE all{m_size * kToolIconCount, m_size};
-  const my::CBitmap images = CutOut(*picture, 0, all, Gdiplus::Color(0, 0, 0, 0));
-  ::ImageList_Add(m_list.Get(), images.Get(), nullptr);
+  ::ImageList_Add(m_list.Get(), LoadStrip(strip.id).Get(), nullptr);
 }
 
 void AssumeMenusBlend(bool blend) {
@@ -80,9 +65,14 @@ void AssumeMenusBlend(bool blend) {
 void CToolImages::CreateBitmaps() {
   if (!m_bitmaps.empty()) return;
   const Gdiplus::Color background = g_menusBlend ? Gdiplus::Color(0, 0, 0, 0) : MenuColor();
-  const auto picture = LoadPicture(StripFor(m_size).id);
-  for (int i = 0; picture && i < kToolIconCount; ++i)
-    m_bitmaps.push_back(CutOut(*picture, i * m_size, {m_size, m_size}, background));
+  const my::CBitmap strip = LoadStrip(StripFor(m_size).id);
+  DIBSECTION pixels{};
+  if (::GetObjectW(strip.Get(), sizeof pixels, &pixels) != sizeof pixels) return;
+  const BITMAP& all = pixels.dsBm;  // its rows are bottom up
+  Gdiplus::Bitmap picture(all.bmWidth, all.bmHeight, -all.bmWidthBytes, PixelFormat32bppPARGB,
+                          static_cast<BYTE*>(all.bmBits) + (all.bmHeight - 1) * all.bmWidthBytes);
+  for (int i = 0; i < kToolIconCount; ++i)
+    m_bitmaps.push_back(CutOut(picture, i * m_size, m_size, background));
 }
 
 HBITMAP CToolImages::Bitmap(int command) {

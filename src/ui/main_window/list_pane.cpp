@@ -27,6 +27,13 @@ const my::CWindowClass& PaneClass() {
   return paneClass;
 }
 
+// Moves a control and shows or hides it.
+void Place(HWND control, const RECT& place, bool show) {
+  const UINT visible = show ? SWP_SHOWWINDOW : SWP_HIDEWINDOW;
+  ::SetWindowPos(control, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE | visible);
+}
+
 }  // namespace
 
 void CListPane::CreateIn(HWND parent, int paneId, int listId, my::CListView::Boxes boxes, CPaneSpec spec) {
@@ -47,8 +54,11 @@ void CListPane::CreateIn(HWND parent, int paneId, int listId, my::CListView::Box
   for (const CPaneButton& button : m_spec.hintButtons)
     m_hintButtons.push_back(AddControl(L"BUTTON", button.textId, WS_TABSTOP, button.id));
   m_description = AddControl(L"STATIC", 0, SS_RIGHT | SS_NOPREFIX | SS_ENDELLIPSIS, IDC_PANE_DESCRIPTION);
-  UseDpi(my::WindowDpi(Hwnd()));
   UseBackground();
+}
+
+void CListPane::Prepare() {
+  UseDpi(my::WindowDpi(Hwnd()));
 }
 
 HWND CListPane::AddControl(const wchar_t* className, uint32_t textId, DWORD style, int id) const {
@@ -235,14 +245,17 @@ int CListPane::ArrangeHeader(int width) const {
   for (const HWND button : m_buttons) {
     const int buttonWidth = my::TextSize(button).cx + 2 * my::Scale(kButtonPadding, m_dpi);
     const bool fits = left + buttonWidth <= width;
-    ::MoveWindow(button, left, gap, buttonWidth, height, TRUE);
-    ::ShowWindow(button, fits ? SW_SHOWNA : SW_HIDE);
+    Place(button, {left, gap, left + buttonWidth, gap + height}, fits);
     left += buttonWidth + gap;
   }
   return height + 2 * gap;
 }
 
 void CListPane::ArrangeHint(const RECT& area) const {
+  if (!IsHintShown()) {
+    for (const HWND button : m_hintButtons) ::ShowWindow(button, SW_HIDE);
+    return;
+  }
   const int gap = my::Scale(2 * kMargin, m_dpi);
   const SIZE text = my::TextSize(m_hint);
   const int button = text.cy + my::Scale(kButtonFrame + kGap, m_dpi);
@@ -265,8 +278,7 @@ void CListPane::ArrangeHintButtons(int top, int width) const {
   int left = (width - used) / 2;
   for (size_t i = 0; i < m_hintButtons.size(); ++i) {
     const int buttonWidth = HintButtonWidth(m_hintButtons[i]);
-    ::MoveWindow(m_hintButtons[i], left, top, buttonWidth, height, TRUE);
-    ::ShowWindow(m_hintButtons[i], i < shown && IsHintShown() ? SW_SHOWNA : SW_HIDE);
+    Place(m_hintButtons[i], {left, top, left + buttonWidth, top + height}, i < shown);
     left += buttonWidth + gap;
   }
 }

@@ -38,6 +38,10 @@ class CListPane : public my::CWindow {
 
   void CreateIn(HWND parent, int paneId, int listId, my::CListView::Boxes boxes, CPaneSpec spec);
 
+  // Sets fonts and places of the controls. Must be called once before the pane is shown. Until then changes
+  // of its size and of its controls cost little.
+  void Prepare();
+
   my::CListView& List() { return m_list; }
   const my::CListView& List() const { return m_list; }
 

@@ -21,6 +21,7 @@ namespace {
 
 constexpr UINT_PTR kRunTimer = 1;
 constexpr UINT_PTR kScheduleTimer = 3;
+constexpr UINT_PTR kPaintedTimer = 4;
 constexpr UINT kScheduleDelayMs = 3000;       // the start must not wait for the Task Scheduler
 constexpr UINT kRunEnded = WM_APP + 1;        // posted, so that no dialog opens within a tick
 constexpr UINT kFocusLost = WM_APP + 2;       // posted, because a button may be enabled again at once
@@ -78,17 +79,18 @@ void CMainFrame::OnCreate() {
   m_dialogs.SetPreview([this](const CDesignSetting& design) { m_parts->view.ShowDesign(design); });
   m_keys =
       my::CAccelerators(::LoadAcceleratorsW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_MAIN_KEYS)));
+  const UINT dpi = my::WindowDpi(Hwnd());
+  const SIZE size{my::Scale(kDefault.cx, dpi), my::Scale(kDefault.cy, dpi)};
+  my::PlaceWindow(Hwnd(), my::DefaultBounds(Hwnd(), size));
   CreateParts();
   m_translation = m_loop.AddAccelerators(Hwnd(), m_keys.Get());
-  UseImages(my::WindowDpi(Hwnd()));
-  const int width = my::Scale(kDefault.cx, m_dpi);
-  const int height = my::Scale(kDefault.cy, m_dpi);
-  my::PlaceWindow(Hwnd(), my::DefaultBounds(Hwnd(), {width, height}));
+  UseImages(dpi);
+  Arrange();
   m_app->Document().AddListener([this](DocChangeEventFlags what) { OnDocumentChanged(what); });
   m_app->Start();
-  ::ShowWindow(m_parts->view.Hwnd(), SW_SHOWNA);
+  m_parts->view.Show();
   ::SetTimer(Hwnd(), kScheduleTimer, kScheduleDelayMs, nullptr);
-  m_parts->history.Begin(Hwnd(), kHistoryLoaded);
+  RunWhenPainted([this] { m_parts->history.Begin(Hwnd(), kHistoryLoaded); });
 }
 
 void CMainFrame::CreateParts() {
@@ -163,6 +165,7 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (wParam == kRunTimer) m_app->OnTimer();
       if (wParam == CAdvicePresenter::kTimer) m_parts->advice.OnTimer(Hwnd());
       if (wParam == kScheduleTimer) CheckSchedules();
+      if (wParam == kPaintedTimer) RunPostponed();
       return 0;
     case kRunEnded: m_parts->run.OpenOutcome(Hwnd()); return 0;
     case CRunPresenter::kNoticeMessage: m_parts->run.OnNotice(Hwnd(), lParam); return 0;
@@ -331,6 +334,17 @@ void CMainFrame::StartTimer(uint32_t periodMs) {
 
 void CMainFrame::StopTimer() {
   ::KillTimer(Hwnd(), kRunTimer);
+}
+
+// The system sends a timer message only if nothing is left to paint.
+void CMainFrame::RunWhenPainted(std::function<void()> work) {
+  m_postponed.push_back(std::move(work));
+  ::SetTimer(Hwnd(), kPaintedTimer, USER_TIMER_MINIMUM, nullptr);
+}
+
+void CMainFrame::RunPostponed() {
+  ::KillTimer(Hwnd(), kPaintedTimer);
+  for (const auto& work : std::exchange(m_postponed, {})) work();
 }
 
 // Once after the start, when the user is not in a dialog.

@@ -5,8 +5,10 @@
 
 #include <shellapi.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "app/windows.h"
 #include "ui/dialogs/dialogs.h"
@@ -71,6 +73,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void UpdateTitle() override;
   void PostClose() override { ::PostMessageW(Hwnd(), WM_CLOSE, 0, 0); }
   void PostCommand(uint32_t id) override { ::PostMessageW(Hwnd(), WM_COMMAND, id, 0); }
+  void RunWhenPainted(std::function<void()> work) override;
   void HoldSession(const std::wstring& reason) override { my::HoldSession(Hwnd(), reason); }
   void ShowClosing() override;
   void StartTimer(uint32_t periodMs) override;
@@ -103,6 +106,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void OnSystemChanged();
   void OnClose();
   void CheckSchedules();
+  void RunPostponed();
   void UpdateCommands();
   void UseDpi(UINT dpi);
   void UseImages(UINT dpi);
@@ -122,6 +126,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   my::CWindowIcons m_icons;
   UINT m_dpi = 0;
   std::optional<int> m_titlePercent;  // as shown
+  std::vector<std::function<void()>> m_postponed;
   my::CFocusMemory m_focus;
   my::CFullScreen m_fullScreen;
 };

@@ -68,6 +68,12 @@ void CMainView::CreateIn(HWND parent) {
   }
 }
 
+void CMainView::Show() {
+  m_tasks.Prepare();
+  m_dsts.Prepare();
+  ::ShowWindow(Hwnd(), SW_SHOWNA);
+}
+
 void CMainView::RememberCurrent(HWND focus) {
   if (::IsChild(m_tasks.Hwnd(), focus)) m_dstsCurrent = false;
   if (::IsChild(m_dsts.Hwnd(), focus)) m_dstsCurrent = true;

@@ -24,6 +24,9 @@ class CMainView {
   void CreateIn(HWND parent);
   HWND Hwnd() const { return m_splitter.Hwnd(); }
 
+  // Lays out and shows the panes. Must be called once.
+  void Show();
+
   using CTaskList = CSimpleListView<CTasks, CSeeThroughList>;
   using CDstList = CSimpleListView<CDsts, CSeeThroughList>;
   CTaskList& TaskList() { return m_taskList; }
