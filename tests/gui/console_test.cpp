@@ -20,6 +20,7 @@ class CStream {
   HANDLE m_before;
 };
 
+// Wine makes a console only where there is a screen.
 TEST(Win32Console, output_after_the_console_was_given_up_is_written_into_no_file) {
   ::FreeConsole();
   ASSERT_TRUE(::AllocConsole());
