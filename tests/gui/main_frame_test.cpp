@@ -224,6 +224,33 @@ TEST(MainFrame, lists_are_redrawn_only_if_affected) {
   EXPECT_EQ(drawn([&] { document.Reset(document.Content(), L""); }), L"tasks dsts");
 }
 
+TEST(MainFrame, maximized_window_keeps_its_bounds_in_a_change_of_dpi_and_after_full_screen) {
+  CGuiApp a;
+  HWND window = a.frame->Hwnd();
+  const my::CRect normal = my::WindowBounds(window);
+  ::ShowWindow(window, SW_SHOWMAXIMIZED);
+  const my::CRect work = my::WorkArea(window);
+  RECT outside{work.left - 4, work.top - 4, work.right + 4, work.bottom + 4};
+  const auto suggest = [&] {
+    ::SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(96, 96), reinterpret_cast<LPARAM>(&outside));
+  };
+  suggest();
+  EXPECT_EQ(my::WindowBounds(window), my::FromRect(outside));
+  a.Do(ID_FULL_SCREEN);
+  outside.right *= 2;
+  suggest();
+  EXPECT_FALSE(::IsZoomed(window)) << "the taskbar may cover it";
+  EXPECT_EQ(my::WindowBounds(window), my::ScreenBounds(window));
+  a.Quit();
+  a.Start();
+  window = a.frame->Hwnd();
+  EXPECT_FALSE(::IsZoomed(window));
+  a.Do(ID_FULL_SCREEN);
+  EXPECT_TRUE(::IsZoomed(window));
+  ::ShowWindow(window, SW_RESTORE);
+  EXPECT_EQ(my::WindowBounds(window), normal);
+}
+
 TEST(MainFrame, replace_preview_follows_focus_and_selection_and_is_removed) {
   CGuiApp a;
   for (const wchar_t* id : {L"a", L"b"}) a.AddTask(id, L"C:\\a");

@@ -261,8 +261,7 @@ void CDialog::Refit() {
 void CDialog::ChangeDpi(UINT dpi, const RECT& suggested) {
   m_dpi = dpi;
   m_arrangement.UseFont(dpi);
-  ::SetWindowPos(m_hwnd, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  MoveTo(m_hwnd, FromRect(suggested));
   BroadcastDpi(m_hwnd, dpi);
   OnDpiChanged();
   m_arrangement.Invalidate();  // the derived class may have set fonts and icons

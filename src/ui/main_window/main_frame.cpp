@@ -201,7 +201,8 @@ void CMainFrame::OnFocusLost() {
 
 void CMainFrame::OnDpiChanged(UINT dpi, const RECT& suggested) {
   UseDpi(dpi);
-  my::PlaceWindow(Hwnd(), my::FromRect(suggested));
+  // Not pulled onto the screen, because the bounds of a maximized window exceed it by its frame.
+  my::MoveTo(Hwnd(), m_fullScreen.IsOn() ? my::ScreenBounds(Hwnd()) : my::FromRect(suggested));
 }
 
 void CMainFrame::LimitSize(MINMAXINFO& limits) const {
