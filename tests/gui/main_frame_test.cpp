@@ -154,6 +154,9 @@ TEST(MainFrame, check_boxes_show_and_set_the_use_by_all_selected_tasks) {
   EXPECT_EQ(a.Cell(IDC_TASK_LIST, 1, 3), L"2");
   test::PressKey(list, VK_SPACE);
   EXPECT_EQ(box(1), none);
+  const HIMAGELIST images = ListView_GetImageList(list, LVSIL_STATE);
+  ::SendMessageW(a.frame->Hwnd(), WM_SYSCOLORCHANGE, 0, 0);
+  EXPECT_NE(ListView_GetImageList(list, LVSIL_STATE), images) << "in the new colours";
 }
 
 // Returns the share of the upper list in the height of both.

@@ -169,7 +169,7 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case kHistoryLoaded: m_parts->history.OnLoaded(); return 0;
     case kFocusLost: OnFocusLost(); return 0;
     case WM_CLOSE: OnClose(); return 0;
-    case WM_SYSCOLORCHANGE:
+    case WM_SYSCOLORCHANGE: my::SendToDescendants(Hwnd(), message, 0); [[fallthrough]];
     case WM_SETTINGCHANGE:
     case WM_THEMECHANGED: OnSystemChanged(); return CWindow::OnMessage(message, wParam, lParam);
     case WM_QUERYENDSESSION: return m_app->OnQueryEndSession();
