@@ -11,6 +11,7 @@
 #include "ui/framework/clipboard.h"
 #include "ui/framework/colors.h"
 #include "ui/framework/failures.h"
+#include "ui/framework/high_contrast.h"
 #include "ui/framework/local_menu.h"
 #include "ui/models/row_colors.h"
 #include "ui/models/table_text.h"
@@ -111,7 +112,7 @@ bool CListDialog::OnListKey(UINT key) {
 }
 
 std::optional<LRESULT> CListDialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message != WM_CTLCOLORSTATIC) return {};
+  if (message != WM_CTLCOLORSTATIC || my::IsHighContrast()) return {};
   if (!IsWarning(::GetDlgCtrlID(reinterpret_cast<HWND>(lParam)))) return {};
   const auto dc = reinterpret_cast<HDC>(wParam);
   ::SetTextColor(dc, WarningColor(m_context.settings.ui));
