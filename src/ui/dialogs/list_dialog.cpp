@@ -42,8 +42,7 @@ void CListDialog::UseList(my::CListView& list, const my::IListModel& model, int 
     list.SetWidths(m_setting.columnWidthes);
     m_current = 0;
   }
-  m_lists.push_back({&list, &model});
-  m_menuId = menuId;
+  m_lists.push_back({&list, &model, menuId});
   ::RemoveWindowSubclass(list.Hwnd(), KeyThunk, 0);  // set together with an earlier list
   HearKeys();
 }
@@ -138,7 +137,7 @@ std::wstring CListDialog::Text(uint32_t id, const std::vector<my::CMsgArg>& args
 }
 
 void CListDialog::ShowMenu(POINT screen) const {
-  const my::CMenu menu(my::LoadLocalMenu(m_menuId));
+  const my::CMenu menu(my::LoadLocalMenu(Current().menuId));
   const HMENU popup = ::GetSubMenu(menu.Get(), 0);
   if (Current().sorted) Current().sorted->AddSortMenu(popup, IDC_SORT_FIRST);
   ::TrackPopupMenu(popup, TPM_RIGHTBUTTON, screen.x, screen.y, 0, Hwnd(), nullptr);
