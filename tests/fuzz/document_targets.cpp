@@ -6,10 +6,10 @@
 #include "fuzz/targets.h"
 #include "platform/xml_layer.h"
 #include "settings/settings_file.h"
+#include "support/checks.h"
 #include "support/fake_ports.h"
 #include "support/memory_file_system.h"
 #include "support/pugi_dom.h"
-#include "support/thrown.h"
 
 namespace fuzz {
 namespace {

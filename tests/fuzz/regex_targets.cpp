@@ -5,12 +5,12 @@
 #include "document/text_file.h"
 #include "fuzz/targets.h"
 #include "replace/replace_rule.h"
+#include "support/checks.h"
 #include "support/exception.h"
 #include "support/fake_ports.h"
 #include "support/regex.h"
 #include "support/regex_prefilter.h"
 #include "support/strings.h"
-#include "support/thrown.h"
 
 namespace fuzz {
 namespace {

@@ -53,9 +53,7 @@ TEST_F(Closing, window_paints_and_refuses_commands_while_the_worker_ends) {
   a.worker = &manual;
   a.Start();
   a.scratch.Write(L"file.txt", "x");
-  a.AddDst(a.scratch.At(L"out"));
-  a.AddTask(L"書類", a.scratch.path);
-  SetUse(a.app->Document(), {0}, 0, true);
+  a.AddBackup(L"書類", a.scratch.path, a.scratch.At(L"out"));
   a.Do(ID_RUN);
   const HWND results = OpenResults();
   const HWND frame = a.frame->Hwnd();

@@ -96,7 +96,7 @@ TEST_F(Design, damaged_picture_is_refused_but_not_a_missing_one_in_use) {
     a.box.texts.clear();
     ::SendMessageW(sheet, WM_COMMAND, IDOK, 0);
     ASSERT_EQ(a.box.texts.size(), 1u);
-    EXPECT_NE(a.box.texts[0].find(L"bad.gif"), std::wstring::npos);
+    EXPECT_TRUE(test::Has(a.box.texts[0], L"bad.gif"));
     EXPECT_EQ(::GetDlgCtrlID(::GetFocus()), IDC_IMAGE_PATH);
     test::Click(page, IDC_SHOW_DESCRIPTION);
     Choose(page, IDC_IMAGE_TYPE, static_cast<int>(BkImgType::NONE));
@@ -166,7 +166,7 @@ TEST_F(Design, character_makes_room_for_new_rows) {
 }
 
 TEST_F(Design, background_does_not_move_with_rows_and_panes) {
-  for (int i = 0; i < 60; ++i) a.AddTask(std::to_wstring(i), L"");
+  for (int i = 0; i < 60; ++i) a.AddTask(std::to_wstring(i), L"C:\\a");
   view.CreateIn(frame);
   ::MoveWindow(view.Hwnd(), 0, 0, 900, 600, FALSE);
   view.OnDocumentChanged(DocChangeEventFlags::CHNAGE_TASKS);

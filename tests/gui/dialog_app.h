@@ -4,42 +4,25 @@
 #include "app/application.h"
 #include "gui/gui.h"
 #include "gui/win32_ports.h"
-#include "platform/win32/com.h"
-#include "platform/win32/msxml_dom.h"
 #include "platform/win32/win32_file_system.h"
-#include "platform/win32/win32_hash.h"
-#include "platform/win32/win32_known_folders.h"
-#include "support/fake_scheduler.h"
-#include "support/fake_system.h"
 #include "support/fake_windows.h"
+#include "support/memory_file_system.h"
 
 namespace test {
 
 // `TFiles` is the file system: the real one or one in memory.
 template <class TFiles>
 struct CDialogAppOn : CWin32Ports {
-  my::CComApartment com;
   TFiles files;
-  my::CMsxmlDom dom;
   CManualThreads threads;
   my::CWin32KnownFolders folders;
-  CFakePower power;
-  my::CWin32Hash hash;
-  CFakeShell shell;
-  CFakeScheduler scheduler;
   CFakeClipboard clipboard;
   CFakeWindow window;
   CFakeDialogs dialogs;
   qlm::CSettings settings{0};
   qlm::CDocument openDocument;
   qlm::CApplication app{
-      {{files, clock, ansi, texts, process}, dom, threads, folders, power, hash, shell, scheduler, clipboard},
-      settings,
-      openDocument,
-      dialogs,
-      window,
-      dialogs,
-      L"Quillmoor.exe"};
+      With(files, threads, folders, clipboard), settings, openDocument, dialogs, window, dialogs, L"q.exe"};
   my::CAutoMessageLoop loop;
 
   qlm::CAppContext& Context() { return app.Context(); }
@@ -48,7 +31,7 @@ struct CDialogAppOn : CWin32Ports {
   // Returns whether the last message box since the last call had this text.
   bool Said(uint32_t id) {
     const auto boxes = std::exchange(dialogs.boxes, {});
-    return !boxes.empty() && boxes.back().find(texts.Text(id)) != std::wstring::npos;
+    return !boxes.empty() && Has(boxes.back(), texts.Text(id));
   }
 };
 

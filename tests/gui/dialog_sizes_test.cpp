@@ -1,5 +1,4 @@
 // Every dialog in both languages at the text sizes of the system, on the screen that the test is given.
-#include <gtest/gtest.h>
 
 #include <array>
 #include <string>
@@ -7,7 +6,6 @@
 
 #include "control_ids.h"
 #include "gui/dialog_app.h"
-#include "support/memory_file_system.h"
 #include "ui/dialogs/about_dialog.h"
 #include "ui/dialogs/closing_dialog.h"
 #include "ui/dialogs/dst_dialog.h"
@@ -149,7 +147,7 @@ struct DialogSizes : testing::TestWithParam<CShown>, test::CDialogAppOn<test::CM
     files.AddFile(L"C:\\work.flt", "- [.]bak$\r\n- (\r\n");
   }
 
-  void Expect(my::CDialog& dialog) {
+  void Expect(my::CDialog&& dialog) {
     dialog.CreateModeless(nullptr, loop);
     ExpectUsable(dialog.Hwnd());
     dialog.Close(IDCANCEL);
@@ -175,57 +173,44 @@ struct DialogSizes : testing::TestWithParam<CShown>, test::CDialogAppOn<test::CM
 
 TEST_P(DialogSizes, dialogs_of_items_fit_the_screen) {
   InsertDst(app.Document(), -1, dst);
-  CTaskDialog task(Context(), {L"work", L"C:\\src", L"C:\\work.flt", {}}, [](const CTask&) {});
-  Expect(task);
-  CDstDialog destination(Context(), dst, [](const CDst&) {});
-  Expect(destination);
+  Expect(CTaskDialog(Context(), {L"work", L"C:\\src", L"C:\\work.flt", {}}, [](const CTask&) {}));
+  Expect(CDstDialog(Context(), dst, [](const CDst&) {}));
 }
 
 TEST_P(DialogSizes, lists_fit_the_screen) {
-  CFilterDialog filter(Context(), L"C:\\work.flt", L"");
-  Expect(filter);
-  CTargetDialog targets(Context(), MakeResult());
-  Expect(targets);
+  Expect(CFilterDialog(Context(), L"C:\\work.flt", L""));
+  Expect(CTargetDialog(Context(), MakeResult()));
   CResultListModel rows{Settings().ui, texts, clock};
   rows.ShowResults(0, {MakeResult()});
-  CResultDialog results(Context(), rows);
-  Expect(results);
+  Expect(CResultDialog(Context(), rows));
   CColumnsDlgSetting setting;
-  CHistoryDialog history(Context(), setting, [] {});
-  Expect(history);
+  Expect(CHistoryDialog(Context(), setting, [] {}));
   InsertDst(app.Document(), -1, dst);
   InsertTask(app.Document(), -1, {L"work", L"C:\\src", L"", {app.Document().Dsts()[0]}});
   CColumnsDlgSetting planSetting;
   CPlanDialog plan(Context(), planSetting);
   plan.Start(MakePlanRequest(Context(), {}), {});
-  Expect(plan);
+  Expect(std::move(plan));
 }
 
 TEST_P(DialogSizes, tools_fit_the_screen) {
   CPasswordEntry entry(Settings().archive, hash, Context().messenger);
-  CPasswordDlg password(Context(), entry);
-  Expect(password);
+  Expect(CPasswordDlg(Context(), entry));
   app.Replace().Show();
-  CReplaceDialog replace(Context());
-  Expect(replace);
-  CClosingDialog closing;
-  Expect(closing);
-  CAboutDialog about(Context());
-  Expect(about);
+  Expect(CReplaceDialog(Context()));
+  Expect(CClosingDialog());
+  Expect(CAboutDialog(Context()));
 }
 
 TEST_P(DialogSizes, schedules_fit_the_screen) {
   CColumnsDlgSetting setting;
-  CScheduleDialog schedules(Context(), setting, true);
-  Expect(schedules);
-  CScheduleEditDialog schedule(Context(), {ScheduleKind::Weekly, {2026, 2, 28, 21, 5, 0}}, {});
-  Expect(schedule);
+  Expect(CScheduleDialog(Context(), setting, true));
+  Expect(CScheduleEditDialog(Context(), {ScheduleKind::Weekly, {2026, 2, 28, 21, 5, 0}}, {}));
 }
 
 TEST_P(DialogSizes, settings_pages_fit_the_screen) {
   for (const size_t page : {0u, 1u}) {
-    CSettingsSheet sheet(Context(), page, [](const CDesignSetting&) {});
-    Expect(sheet);
+    Expect(CSettingsSheet(Context(), page, [](const CDesignSetting&) {}));
   }
 }
 

@@ -1,9 +1,7 @@
 // The task dialog and the destination dialog, with a file system in memory.
-#include <gtest/gtest.h>
 
 #include "control_ids.h"
 #include "gui/dialog_app.h"
-#include "support/memory_file_system.h"
 #include "ui/dialogs/dst_dialog.h"
 #include "ui/dialogs/task_dialog.h"
 #include "ui/framework/dpi.h"
@@ -97,7 +95,7 @@ TEST_F(EditDialogs, destinations_of_a_task_are_selected_and_ordered_by_keyboard)
   EXPECT_EQ(shell.calls, std::vector<std::wstring>{L"Open D:\\docs\\b"});
   EXPECT_FALSE(::IsWindowEnabled(dialog.Item(IDC_TASK_UP)));
   ::SendMessageW(list, WM_KEYDOWN, VK_SPACE, 0);
-  EXPECT_NE(dialog.ItemText(IDC_TASK_WARNING).find(L"D:\\docs\\b"), std::wstring::npos);
+  EXPECT_TRUE(test::Has(dialog.ItemText(IDC_TASK_WARNING), L"D:\\docs\\b"));
   ::SendMessageW(list, WM_SYSKEYDOWN, VK_UP, 1 << 29);
   ::SetFocus(dialog.Item(IDC_TASK_UP));
   Click(dialog, IDC_TASK_UP);
@@ -126,7 +124,7 @@ TEST_F(EditDialogs, pattern_extension_follows_the_type_and_the_name_is_previewed
   EXPECT_EQ(dialog.ItemText(IDC_DST_PATTERN), L"<ID>.zip");
   EXPECT_EQ(dialog.ItemText(IDC_DST_PREVIEW), L"Mail.zip");
   dialog.SetItemText(IDC_DST_FOLDER, L"C:\\con\\x");
-  EXPECT_NE(dialog.ItemText(IDC_DST_PREVIEW).find(L"「con」"), std::wstring::npos);
+  EXPECT_TRUE(test::Has(dialog.ItemText(IDC_DST_PREVIEW), L"「con」"));
   const auto warned = [&] { return dialog.ItemText(IDC_DST_NOTE).find(L"my docs") != std::wstring::npos; };
   EXPECT_FALSE(warned());
   dialog.SetItemText(IDC_DST_FOLDER, L"C:\\my docs");
@@ -159,7 +157,7 @@ TEST_F(EditDialogs, missing_archiver_is_reported_for_archives_and_can_be_set) {
   EXPECT_FALSE(offered());
   Choose(dialog, DstType::ZIP);
   EXPECT_TRUE(offered());
-  EXPECT_NE(dialog.ItemText(IDC_DST_NOTE).find(texts.Text(IDS_DST_NO_ARCHIVER)), std::wstring::npos);
+  EXPECT_TRUE(test::Has(dialog.ItemText(IDC_DST_NOTE), texts.Text(IDS_DST_NO_ARCHIVER)));
   ::SetFocus(dialog.Item(IDC_DST_SETTINGS));
   context.settings.archive.sevenZipPath = L"C:\\7z.exe";
   files.AddFile(L"C:\\7z.exe", "MZ");

@@ -1,7 +1,6 @@
 // Helpers for tests of windows.
 #pragma once
 
-#include <gtest/gtest.h>
 #include <windows.h>
 
 #include <commctrl.h>
@@ -12,10 +11,13 @@
 #include <vector>
 
 #include "gui/test_dialog.h"
+#include "support/checks.h"
+#include "ui/framework/controls.h"
 #include "ui/framework/dialog.h"
 #include "ui/framework/gdi.h"
 #include "ui/framework/list_view.h"
 #include "ui/framework/message_loop.h"
+#include "ui/framework/window.h"
 
 namespace test {
 
@@ -185,14 +187,15 @@ inline void PressKey(HWND control, WPARAM key) {
   ::SendMessageW(control, WM_KEYDOWN, key, 1);
 }
 
-inline std::wstring TextOf(HWND window) {
-  wchar_t text[256]{};
-  ::GetWindowTextW(window, text, static_cast<int>(std::size(text)));
-  return text;
-}
+using my::TextOf;
 
 inline std::wstring TextOf(HWND dialog, int id) {
   return TextOf(::GetDlgItem(dialog, id));
+}
+
+inline const my::CWindowClass& FrameClass() {
+  static const my::CWindowClass frame(L"QuillmoorTestFrame");
+  return frame;
 }
 
 inline std::wstring StatusText(HWND bar, int part = 0) {

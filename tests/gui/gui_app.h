@@ -1,10 +1,6 @@
 // The whole program with its real windows in the test process, and a script that plays the user.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <windows.h>
-
 #include <deque>
 #include <functional>
 #include <memory>
@@ -14,15 +10,10 @@
 #include "app/application.h"
 #include "command_ids.h"
 #include "control_ids.h"
+#include "document/document_edits.h"
 #include "gui/gui.h"
 #include "gui/win32_ports.h"
-#include "platform/win32/com.h"
-#include "platform/win32/msxml_dom.h"
-#include "platform/win32/win32_hash.h"
-#include "platform/win32/win32_known_folders.h"
 #include "platform/win32/win32_threads.h"
-#include "support/fake_scheduler.h"
-#include "support/fake_system.h"
 #include "text_ids.h"
 #include "ui/framework/failures.h"
 #include "ui/main_window/document_clipboard.h"
@@ -65,16 +56,8 @@ class CGuiApp : public CWin32Ports {
     frame.reset();
     document = std::make_unique<qlm::CDocument>();
     frame = std::make_unique<qlm::CMainFrame>(loop, SW_SHOW);
-    const qlm::CAppPorts ports{{*engineFiles, clock, ansi, texts, process},
-                               dom,
-                               *worker,
-                               folders,
-                               power,
-                               hash,
-                               shell,
-                               scheduler,
-                               clipboard};
-    app = std::make_unique<qlm::CApplication>(ports, settings, *document, box, *frame, frame->Dialogs(),
+    app = std::make_unique<qlm::CApplication>(With(*engineFiles, *worker, folders, clipboard), settings,
+                                              *document, box, *frame, frame->Dialogs(),
                                               L"q.exe \"" + documentPath + L"\"");
     my::SetFailureHandler([this](std::exception_ptr failure) { app->ShowFailure(failure); });
     frame->Create(*app);
@@ -132,34 +115,27 @@ class CGuiApp : public CWin32Ports {
     Pump();
   }
 
-  qlm::CTaskPtr AddTask(const std::wstring& id, const std::wstring& path) {
-    app->Document().Edit(
-        IDS_EDIT_ADD_TASK, qlm::DocChangeEventFlags::CHNAGE_TASKS, [&](qlm::CContent& content) {
-          content.tasks.Append(boost::make_shared<qlm::CTask>(qlm::CTask{id, path, L"", {}}));
-          return true;
-        });
-    return app->Document().Tasks().FindId(id);
+  void AddTask(const std::wstring& id, const std::wstring& path) {
+    InsertTask(app->Document(), -1, {id, path, L"", {}});
   }
 
   void AddDst(const std::wstring& folder, qlm::DstType type = qlm::DstType::FOLDER) {
-    app->Document().Edit(
-        IDS_EDIT_ADD_DST, qlm::DocChangeEventFlags::CHNAGE_DSTS, [&](qlm::CContent& content) {
-          content.dsts.Append(boost::make_shared<qlm::CDst>(qlm::CDst{folder, type, L"<ID>_<Y>"}));
-          return true;
-        });
+    InsertDst(app->Document(), -1, {folder, type, L"<ID>_<Y>"});
   }
 
-  my::CComApartment com;
+  // Adds a task with this source, and a destination that it uses.
+  void AddBackup(const std::wstring& id, const std::wstring& source, const std::wstring& folder,
+                 qlm::DstType type = qlm::DstType::FOLDER) {
+    AddDst(folder, type);
+    AddTask(id, source);
+    SetUse(app->Document(), {0}, 0, true);
+  }
+
   CScratchFolder scratch;
   my::IFileSystem* engineFiles = &scratch.real;  // used by the next start
-  my::CMsxmlDom dom;
   my::CWin32Threads threads;
   my::IThreads* worker = &threads;  // used by the next start
   CScratchFolders folders{scratch.path};
-  CFakePower power;
-  my::CWin32Hash hash;
-  CFakeShell shell;
-  CFakeScheduler scheduler;
   qlm::CDocumentClipboard clipboard;
   CScriptedBox box;
   my::CAutoMessageLoop loop;

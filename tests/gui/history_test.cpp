@@ -1,6 +1,3 @@
-#include <gtest/gtest.h>
-
-#include "document/document_edits.h"
 #include "gui/gui_app.h"
 #include "history/history_file.h"
 #include "ui/framework/clipboard.h"
@@ -14,7 +11,6 @@ constexpr uint64_t kDay = uint64_t{24} * 60 * 60 * 10'000'000;
 
 struct HistoryWindow : testing::Test, test::CGuiApp {
   HistoryWindow() {
-    scratch.files.CreateFolders(scratch.At(L"src"));
     scratch.Write(L"src\\file", "x");
     AddTask(L"a", scratch.At(L"src"));
     AddTask(L"b", scratch.At(L"src"));
@@ -54,12 +50,6 @@ struct HistoryWindow : testing::Test, test::CGuiApp {
     return dialog;
   }
 
-  static std::wstring LongText(HWND dialog, int id) {
-    wchar_t text[2000]{};
-    ::GetDlgItemTextW(dialog, id, text, 2000);
-    return text;
-  }
-
   std::wstring path;
 };
 
@@ -74,7 +64,7 @@ TEST_F(HistoryWindow, shows_runs_rows_and_tasks) {
   EXPECT_EQ(ListView_GetItemCount(rows), 2) << "of the newest run";
   ::SetFocus(rows);
   test::FocusRow(rows, 0);
-  EXPECT_TRUE(LongText(dialog, IDC_HISTORY_DETAIL)
+  EXPECT_TRUE(test::TextOf(dialog, IDC_HISTORY_DETAIL)
                   .starts_with(L"taken\r\n対処: " + texts.Text(IDS_REMEDY_TARGET_TAKEN)));
   test::Click(dialog, IDC_LIST_COPY);
   EXPECT_TRUE(my::CClipboard(L"Quillmoor").Text(dialog).value_or(L"").starts_with(L"a\t\tエラー\t"))
@@ -86,7 +76,7 @@ TEST_F(HistoryWindow, shows_runs_rows_and_tasks) {
 
   const HWND runs = ::GetDlgItem(dialog, IDC_HISTORY_RUNS);
   ::SetFocus(runs);
-  EXPECT_NE(LongText(dialog, IDC_HISTORY_DETAIL).find(path), std::wstring::npos) << "of the run";
+  EXPECT_TRUE(test::Has(test::TextOf(dialog, IDC_HISTORY_DETAIL), path)) << "of the run";
   test::FocusRow(runs, 1);
   EXPECT_EQ(ListView_GetItemCount(rows), 1);
   EXPECT_EQ(ListView_GetSelectedCount(rows), 0u) << "rows of another run";
@@ -125,7 +115,7 @@ TEST_F(HistoryWindow, follows_runs_and_reports_damage) {
   file->Close();
   test::Click(dialog, IDC_HISTORY_REFRESH);
   EXPECT_TRUE(test::PumpUntil(
-      [&] { return LongText(dialog, IDC_HISTORY_STATUS).find(L"1 行") != std::wstring::npos; }));
+      [&] { return test::TextOf(dialog, IDC_HISTORY_STATUS).find(L"1 行") != std::wstring::npos; }));
   CSettings stored(0);
   app->Context().window.StoreSettings(stored);
   EXPECT_EQ(stored.mainFrame.tasksColumnWidthes.size(), 5u) << "the file has no place for the new column";

@@ -1,14 +1,10 @@
-#include <gtest/gtest.h>
-
 #include "control_ids.h"
 #include "gui/dialog_app.h"
-#include "support/memory_file_system.h"
 #include "ui/dialogs/filter_dialog.h"
 #include "ui/dialogs/result_dialog.h"
 #include "ui/dialogs/target_dialog.h"
 #include "ui/framework/clipboard.h"
 #include "ui/framework/dpi.h"
-#include "ui/framework/window.h"
 #include "ui/models/table_text.h"
 
 namespace {
@@ -81,7 +77,7 @@ TEST_F(ListDialogs, filter_check_shows_the_deciding_line_and_opens_an_editor) {
   EXPECT_EQ(dialog.ItemText(IDC_FILTER_DECISION), L"1 行目の規則により除外されます");
   files.Remove(L"C:\\work.flt");
   Click(dialog.Hwnd(), IDC_FILTER_RELOAD);
-  EXPECT_NE(dialog.ItemText(IDC_FILTER_STATUS).find(L"work.flt"), std::wstring::npos);
+  EXPECT_TRUE(test::Has(dialog.ItemText(IDC_FILTER_STATUS), L"work.flt"));
 
   shell.failure = my::CException(IDS_PATH_EMPTY);
   Click(dialog.Hwnd(), IDC_FILTER_EDIT);
@@ -124,8 +120,8 @@ TEST_F(ListDialogs, targets_can_be_searched_opened_and_copied) {
   Click(dialog.Hwnd(), IDC_TARGET_SHOW_SOURCE);
   EXPECT_TRUE(Said(IDS_NO_ITEM_SELECTED));
   EXPECT_EQ(::GetFocus(), list);
-  EXPECT_NE(dialog.ItemText(IDC_TARGET_NEWEST).find(L"docs\\a.txt"), std::wstring::npos);
-  EXPECT_NE(dialog.ItemText(IDC_TARGET_UNLISTED).find(L"1 件あります: secret"), std::wstring::npos);
+  EXPECT_TRUE(test::Has(dialog.ItemText(IDC_TARGET_NEWEST), L"docs\\a.txt"));
+  EXPECT_TRUE(test::Has(dialog.ItemText(IDC_TARGET_UNLISTED), L"1 件あります: secret"));
 
   Type(dialog.Hwnd(), IDC_TARGET_SEARCH, L"a.b");
   EXPECT_EQ(Selected(list), 2);
@@ -140,7 +136,7 @@ TEST_F(ListDialogs, targets_can_be_searched_opened_and_copied) {
   PressWithControl(list, L'C');
   const std::wstring copied = my::CClipboard(L"Quillmoor").Text(dialog.Hwnd()).value_or(L"");
   EXPECT_TRUE(copied.starts_with(L"docs\\a.txt\t2024/"));
-  EXPECT_NE(copied.find(L"\t1,234\t"), std::wstring::npos);
+  EXPECT_TRUE(test::Has(copied, L"\t1,234\t"));
   PressKey(list, VK_RETURN);
   EXPECT_EQ(LastCall(), L"Run EXPLORER.EXE /n,/select,\"C:\\src\\docs\\a.txt\"");
   Click(dialog.Hwnd(), IDC_TARGET_SHOW_BACKUP);
@@ -157,11 +153,10 @@ VOID CALLBACK CloseTargets(HWND results, UINT, UINT_PTR timer, DWORD) {
 }
 
 TEST_F(ListDialogs, results_follow_a_run_and_can_be_opened_and_saved) {
-  const my::CWindowClass windowClass(L"QuillmoorTestOwner");
   my::CWindow owner;
   my::CWindowParams shown;
   shown.style |= WS_VISIBLE;
-  owner.Create(windowClass, shown);
+  owner.Create(test::FrameClass(), shown);
   CResultDialog dialog(context, rows);
   dialog.CreateModeless(owner.Hwnd(), loop);
   const HWND list = dialog.Item(IDC_RESULT_LIST);
@@ -219,7 +214,7 @@ TEST_F(ListDialogs, whole_text_of_the_focused_result_is_shown) {
   EXPECT_EQ(dialog.ItemText(IDC_RESULT_DETAIL), rows.Detail(1)) << "of the first error";
   Click(dialog.Hwnd(), IDC_RESULT_EXPLAIN);
   EXPECT_TRUE(LastCall().ends_with(L"\\messages.html"));
-  EXPECT_NE(rows.Detail(1).find(texts.Text(IDS_REMEDY_TARGET_TAKEN)), std::wstring::npos);
+  EXPECT_TRUE(test::Has(rows.Detail(1), texts.Text(IDS_REMEDY_TARGET_TAKEN)));
   const HWND detail = dialog.Item(IDC_RESULT_DETAIL);
   ::SetFocus(detail);
   PressWithControl(detail, L'A');

@@ -1,24 +1,16 @@
-#include <gtest/gtest.h>
-
 #include "gui/gui.h"
 #include "ui/framework/dpi.h"
-#include "ui/framework/window.h"
 
 namespace {
 
 using namespace my;
-
-const CWindowClass& FrameClass() {
-  static const CWindowClass frame(L"QuillmoorTestFrame");
-  return frame;
-}
 
 struct ListView : testing::Test {
   ListView() {
     CWindowParams params;
     params.width = 400;
     params.height = 300;
-    frame.Create(FrameClass(), params);
+    frame.Create(test::FrameClass(), params);
     view.Create(frame.Hwnd(), 1, CListView::Boxes::Yes);
     ::MoveWindow(view.Hwnd(), 0, 0, 380, 260, FALSE);
     ::ShowWindow(frame.Hwnd(), SW_SHOW);

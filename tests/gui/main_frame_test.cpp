@@ -57,7 +57,7 @@ TEST(MainFrame, every_menu_item_and_key_has_a_command_and_an_explanation) {
     if (modal.contains(id)) continue;
     a.box.texts.clear();
     a.Do(id);
-    for (const std::wstring& text : a.box.texts) EXPECT_EQ(text.find(L"Unknown command"), text.npos) << id;
+    for (const std::wstring& text : a.box.texts) EXPECT_FALSE(test::Has(text, L"Unknown command")) << id;
   }
 }
 
@@ -335,9 +335,7 @@ TEST(MainFrame, power_off_is_shown_during_the_run_and_one_click_takes_it_back) {
   CGuiApp a;
   a.worker = &manual;
   a.Start();
-  a.AddDst(a.scratch.At(L"backup"));
-  a.AddTask(L"a", a.scratch.path);
-  SetUse(a.app->Document(), {0}, 0, true);
+  a.AddBackup(L"a", a.scratch.path, a.scratch.At(L"backup"));
   a.app->Settings().ui.powerOffType = PowerOffType::SLEEP;
   const HWND button = ::GetDlgItem(a.frame->Hwnd(), ID_KEEP_POWER);
   EXPECT_FALSE(::IsWindowVisible(button));

@@ -1,11 +1,8 @@
 #include "ui/dialogs/plan_dialog.h"
 
-#include <gtest/gtest.h>
-
 #include "document/document_edits.h"
 #include "gui/dialog_app.h"
 #include "gui/gui_app.h"
-#include "support/memory_file_system.h"
 #include "ui/framework/clipboard.h"
 
 namespace {
@@ -22,18 +19,12 @@ struct PlanDialog : testing::Test, test::CDialogAppOn<test::CMemoryFileSystem> {
     files.AddFile(L"D:\\taken\\T", "");
     files.AddFolder(L"D:\\had\\T");
     files.AddFolder(L"D:\\made\\_tmp_T_2015");
-    app.Document().Edit(IDS_EDIT_MERGE, DocChangeEventFlags::RESET, [](CContent& content) {
-      CTaskDsts dsts;
-      for (const auto& [folder, pattern] :
-           {std::pair(L"D:\\made", L"<ID>_<Y>"), std::pair(L"D:\\had", L"<ID>"),
-            std::pair(L"D:\\taken", L"<ID>"), std::pair(L"Q:\\gone", L"<ID>")}) {
-        content.dsts.Append(boost::make_shared<CDst>(CDst{folder, DstType::FOLDER, pattern}));
-        dsts.push_back(content.dsts[content.dsts.size() - 1]);
-      }
-      content.tasks.Append(boost::make_shared<CTask>(CTask{L"T", L"C:\\src", L"", dsts}));
-      content.tasks.Append(boost::make_shared<CTask>(CTask{L"U", L"C:\\src", L"", {dsts[3]}}));
-      return true;
-    });
+    InsertDst(document, -1, {L"D:\\made", DstType::FOLDER, L"<ID>_<Y>"});
+    for (const wchar_t* folder : {L"D:\\had", L"D:\\taken", L"Q:\\gone"})
+      InsertDst(document, -1, {folder, DstType::FOLDER, L"<ID>"});
+    const CDsts& dsts = document.Dsts();
+    InsertTask(document, -1, {L"T", L"C:\\src", L"", {dsts.begin(), dsts.end()}});
+    InsertTask(document, -1, {L"U", L"C:\\src", L"", {dsts[3]}});
     app.Document().AddListener([this](DocChangeEventFlags what) { dialog.OnDocumentChanged(what); });
     dialog.Start(MakePlanRequest(Context(), {}), {});
     dialog.CreateModeless(nullptr, loop);
@@ -48,13 +39,11 @@ struct PlanDialog : testing::Test, test::CDialogAppOn<test::CMemoryFileSystem> {
 
   HWND Matrix() const { return dialog.Item(IDC_PLAN_MATRIX); }
   HWND Findings() const { return dialog.Item(IDC_PLAN_ADVICE); }
-  std::wstring Detail() const {
-    wchar_t text[2000]{};
-    ::GetDlgItemTextW(dialog.Hwnd(), IDC_PLAN_DETAIL, text, 2000);
-    return text;
+  testing::AssertionResult DetailHas(const wchar_t* part) const {
+    return test::Has(dialog.ItemText(IDC_PLAN_DETAIL), part);
   }
-  bool DetailHas(const wchar_t* part) const { return Detail().find(part) != std::wstring::npos; }
 
+  CDocument& document = app.Document();
   CColumnsDlgSetting setting;
   CPlanDialog dialog{Context(), setting};
 };
@@ -67,15 +56,15 @@ TEST_F(PlanDialog, arrow_keys_move_between_cells_and_show_why) {
             L"作成スキップ名前の衝突未到達");
   EXPECT_EQ(CellOf(Matrix(), 1, 4), L"転送先に届かない");
   EXPECT_FALSE(::IsWindowEnabled(dialog.Item(IDC_PLAN_STOP)));
-  EXPECT_TRUE(DetailHas(L"new.txt")) << Detail();
+  EXPECT_TRUE(DetailHas(L"new.txt"));
   PressKey(Matrix(), VK_RIGHT);
-  EXPECT_TRUE(DetailHas(L"D:\\made\\T_2016")) << Detail();
+  EXPECT_TRUE(DetailHas(L"D:\\made\\T_2016"));
   for (int i = 0; i < 9; ++i) PressKey(Matrix(), VK_RIGHT);
   PressKey(Matrix(), VK_DOWN);
-  EXPECT_TRUE(DetailHas(L"U → Q:\\gone")) << Detail();
+  EXPECT_TRUE(DetailHas(L"U → Q:\\gone"));
   Click(dialog.Hwnd(), IDC_PLAN_SHOW_NEWEST);
   ASSERT_FALSE(shell.calls.empty());
-  EXPECT_NE(shell.calls.back().find(L"C:\\src\\new.txt"), std::wstring::npos);
+  EXPECT_TRUE(test::Has(shell.calls.back(), L"C:\\src\\new.txt"));
 }
 
 TEST_F(PlanDialog, finding_leads_to_its_cell_and_a_leftover_to_the_recycle_bin) {
@@ -87,7 +76,7 @@ TEST_F(PlanDialog, finding_leads_to_its_cell_and_a_leftover_to_the_recycle_bin) 
   int row = 0;
   while (row < count && CellOf(Findings(), row, 2).find(L"_tmp_T_2015") == std::wstring::npos) ++row;
   test::FocusRow(Findings(), row);
-  EXPECT_TRUE(DetailHas(L"T → D:\\made")) << Detail();
+  EXPECT_TRUE(DetailHas(L"T → D:\\made"));
   Click(dialog.Hwnd(), IDC_LIST_COPY);
   const std::wstring copied = my::CClipboard(L"Quillmoor").Text(dialog.Hwnd()).value_or(L"");
   EXPECT_NE(copied.find(L"_tmp_T_2015"), std::wstring::npos) << copied;
@@ -104,7 +93,7 @@ TEST_F(PlanDialog, excluded_file_is_planned_again_and_a_change_makes_the_plan_ol
   Click(dialog.Hwnd(), IDC_PLAN_EXCLUDE);
   EXPECT_EQ(dialog.ItemText(IDC_PLAN_STATE), L"計画しています（0 / 2）");
   Plan();
-  EXPECT_TRUE(DetailHas(L"old.txt")) << Detail();
+  EXPECT_TRUE(DetailHas(L"old.txt"));
   EXPECT_EQ(app.Document().Tasks()[0]->filterPath, L"C:\\T.flt");
   RemoveDsts(app.Document(), {1});
   EXPECT_EQ(dialog.ItemText(IDC_PLAN_STATE), texts.Text(IDS_PLAN_OUTDATED));
@@ -119,7 +108,6 @@ TEST_F(PlanDialog, excluded_file_is_planned_again_and_a_change_makes_the_plan_ol
 
 TEST(PlanCommand, keys_run_and_plan_the_selected_tasks) {
   test::CGuiApp a;
-  a.scratch.files.CreateFolders(a.scratch.At(L"src"));
   a.scratch.Write(L"src\\a.txt", "a");
   a.AddDst(a.scratch.At(L"made"));
   for (const wchar_t* id : {L"A", L"B"}) a.AddTask(id, a.scratch.At(L"src"));

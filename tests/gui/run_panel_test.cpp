@@ -1,7 +1,7 @@
 #include <set>
 
 #include "gui/gui_app.h"
-#include "gui/inline_threads.h"
+#include "support/fake_windows.h"
 
 namespace {
 
@@ -20,15 +20,13 @@ struct CWatchedFiles : my::CWin32FileSystem {
 // Runs the worker on the thread of the windows, so that a test can look at them while a file is copied.
 struct RunPanel : testing::Test {
   RunPanel() {
+    worker.immediate = true;
     a.worker = &worker;
     a.engineFiles = &watched;
     a.Start();
-    a.scratch.files.CreateFolders(a.scratch.At(L"src"));
     a.scratch.Write(L"src\\1.txt", std::string(3000, 'x'));
     a.scratch.Write(L"src\\2.txt", std::string(1000, 'x'));
-    a.AddDst(a.scratch.At(L"out"));
-    a.AddTask(L"docs", a.scratch.At(L"src"));
-    SetUse(a.app->Document(), {0}, 0, true);
+    a.AddBackup(L"docs", a.scratch.At(L"src"), a.scratch.At(L"out"));
   }
 
   HWND Frame() const { return a.frame->Hwnd(); }
@@ -43,7 +41,7 @@ struct RunPanel : testing::Test {
     test::Pump();
   }
 
-  test::CInlineThreads worker;
+  test::CManualThreads worker;
   CWatchedFiles watched;
   test::CGuiApp a;
 };
@@ -55,7 +53,7 @@ TEST_F(RunPanel, follows_the_run_and_ends_with_the_verdict) {
     titles.insert(test::TextOf(Frame()).substr(0, 5));
     EXPECT_TRUE(::IsWindowVisible(Panel()));
     EXPECT_TRUE(Text(IDC_RUN_PANEL_ROW).starts_with(L"コピー中")) << "in the first copy";
-    EXPECT_NE(Text(IDC_RUN_PANEL_ROW).find(L" / 2 ファイル"), std::wstring::npos);
+    EXPECT_TRUE(test::Has(Text(IDC_RUN_PANEL_ROW), L" / 2 ファイル"));
     EXPECT_EQ(Text(IDC_RUN_PANEL_FILE), L"docs: 1.txt");
   };
   EXPECT_FALSE(::IsWindowVisible(Panel()));
@@ -65,7 +63,7 @@ TEST_F(RunPanel, follows_the_run_and_ends_with_the_verdict) {
   EXPECT_EQ(Percent(), 100);
   EXPECT_EQ(Text(IDC_RUN_PANEL_RUN), L"完了: 作成 1、スキップ 0、エラー 0");
   EXPECT_EQ(Text(IDC_RUN_PANEL_ROW).substr(0, 15), L"2 ファイル   3.9 KB");
-  EXPECT_EQ(test::TextOf(Frame()).find(L'%'), std::wstring::npos);
+  EXPECT_FALSE(test::Has(test::TextOf(Frame()), L"%"));
   a.Select(IDC_TASK_LIST, {0});
   a.Do(ID_TASK_TARGETS);
   EXPECT_FALSE(::IsWindowVisible(Panel())) << "a test run has no verdict";

@@ -1,8 +1,5 @@
-#include <gtest/gtest.h>
-
 #include "control_ids.h"
 #include "gui/dialog_app.h"
-#include "support/memory_file_system.h"
 #include "ui/dialogs/schedule_dialog.h"
 #include "ui/dialogs/schedule_edit_dialog.h"
 

@@ -9,7 +9,6 @@ using test::Type;
 
 TEST(Session, document_is_built_with_dialogs_saved_run_and_its_results_shown) {
   CGuiApp a;
-  a.scratch.files.CreateFolders(a.scratch.At(L"書類"));
   a.scratch.Write(L"書類\\a.txt", "x");
   a.DoWithDialog(ID_DST_ADD, [&a](HWND dialog) {
     Type(dialog, IDC_DST_FOLDER, a.scratch.At(L"out").c_str());
@@ -56,12 +55,9 @@ TEST(Session, document_is_built_with_dialogs_saved_run_and_its_results_shown) {
 TEST(Leaks, dialogs_leak_no_gdi_or_user_objects) {
   CGuiApp a;
   a.scratch.Write(L"a.flt", "- x\n");
-  a.scratch.files.CreateFolders(a.scratch.At(L"s"));
   a.scratch.Write(L"s\\file", "x");
   a.app->Settings().archive.sevenZipPath = a.scratch.At(L"a.flt");  // any file
-  a.AddDst(a.scratch.At(L"out"), qlm::DstType::AES_256_ZIP);
-  a.AddTask(L"t", a.scratch.At(L"s"));
-  SetUse(a.app->Document(), {0}, 0, true);
+  a.AddBackup(L"t", a.scratch.At(L"s"), a.scratch.At(L"out"), DstType::AES_256_ZIP);
   SetTaskFilter(a.app->Document(), 0, a.scratch.At(L"a.flt"));
   a.Select(IDC_DST_LIST, {0});
   a.Select(IDC_TASK_LIST, {0});

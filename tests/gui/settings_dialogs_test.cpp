@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "control_ids.h"
 #include "gui/dialog_app.h"
 #include "support/build_info.h"
@@ -20,12 +18,7 @@ struct SettingsDialogs : testing::Test, test::CDialogApp {
   CArchiveSetting& Archive() { return Settings().archive; }
 
   void Fill() {
-    app.Document().Edit(IDS_EDIT_MERGE, DocChangeEventFlags::RESET, [](CContent& content) {
-      for (const wchar_t* id : {L"ab1", L"ab2"}) {
-        content.tasks.Append(boost::make_shared<CTask>(CTask{id, L"C:\\src", L"", {}}));
-      }
-      return true;
-    });
+    for (const wchar_t* id : {L"ab1", L"ab2"}) InsertTask(app.Document(), -1, {id, L"C:\\src", L"", {}});
   }
   bool IsPreviewed() { return app.Document().Tasks()[0]->replaceRule != nullptr; }
 

@@ -1,20 +1,13 @@
-#include <gtest/gtest.h>
-
 #include <stdexcept>
 
 #include "gui/gui.h"
 #include "ui/framework/failures.h"
 #include "ui/framework/splitter.h"
-#include "ui/framework/window.h"
 
 namespace {
 
 using namespace my;
-
-const CWindowClass& FrameClass() {
-  static const CWindowClass frame(L"QuillmoorTestWindow");
-  return frame;
-}
+using test::FrameClass;
 
 class CTestWindow : public CWindow {
  public:

@@ -1,23 +1,20 @@
 #include "engine/advice.h"
 
-#include <gtest/gtest.h>
-
 #include "document/document_edits.h"
 #include "document/filter.h"
 #include "engine/plan_advice.h"
-#include "support/fake_archiver.h"
-#include "support/fake_ports.h"
-#include "support/memory_file_system.h"
+#include "support/engine_doubles.h"
 
 namespace {
 
 using namespace qlm;
 
-constexpr my::CFileTime kTime{131'016'350'490'000'000};  // 2016-03-05 07:04:09 UTC
+using test::Has;
+using test::kTime;
 
 const std::wstring kGoodName = CDst().pattern;
 
-class Advice : public testing::Test {
+class Advice : public testing::Test, protected test::CEngineDoubles {
  protected:
   Advice() {
     files.AddFile(L"C:\\src\\a", "a", kTime);
@@ -59,12 +56,6 @@ class Advice : public testing::Test {
     return found[0];
   }
 
-  test::CMemoryFileSystem files;
-  test::CFakeClock clock;
-  test::CFakeAnsiCodec ansi;
-  test::CRcTexts texts;
-  test::CFakeProcess process;
-  CEnginePorts ports{files, clock, ansi, texts, process};
   CDocument document;
 };
 
@@ -82,11 +73,11 @@ TEST_F(Advice, pattern_shows_which_changes_would_be_skipped) {
   const auto text = [this](const wchar_t* pattern, AdviceKind kind) {
     return Only(FindFor({L"D:\\dst", DstType::FOLDER, pattern}), kind).text;
   };
-  EXPECT_NE(text(L"<ID>_Y", AdviceKind::NameWithoutTime).find(L"<ID>_Y"), std::wstring::npos);
-  EXPECT_NE(text(L"<ID><Y><M><D>", AdviceKind::CoarseName).find(L"1 日"), std::wstring::npos);
-  EXPECT_NE(text(L"<Y2><M1>", AdviceKind::CoarseName).find(L"1 か月"), std::wstring::npos);
-  EXPECT_NE(text(L"<Y4>", AdviceKind::CoarseName).find(L"1 年"), std::wstring::npos);
-  EXPECT_NE(text(L"<Y><M><D2>_<h1>", AdviceKind::CoarseName).find(L"1 時間"), std::wstring::npos);
+  EXPECT_TRUE(Has(text(L"<ID>_Y", AdviceKind::NameWithoutTime), L"<ID>_Y"));
+  EXPECT_TRUE(Has(text(L"<ID><Y><M><D>", AdviceKind::CoarseName), L"1 日"));
+  EXPECT_TRUE(Has(text(L"<Y2><M1>", AdviceKind::CoarseName), L"1 か月"));
+  EXPECT_TRUE(Has(text(L"<Y4>", AdviceKind::CoarseName), L"1 年"));
+  EXPECT_TRUE(Has(text(L"<Y><M><D2>_<h1>", AdviceKind::CoarseName), L"1 時間"));
   text(L"<M><D><h><m>", AdviceKind::RepeatingName);
   EXPECT_TRUE(FindFor({L"D:\\dst", DstType::FOLDER, L"<Y><M><D><h><m1><s>"}).empty());
 }
@@ -100,7 +91,7 @@ TEST_F(Advice, names_that_windows_reads_as_others_are_errors) {
   }
   document.Reset({}, {});
   AddTask(L"con", {{L"D:\\dst", DstType::FOLDER, L"<ID>\\<Y><M><D><h><m>"}});
-  EXPECT_NE(Only(Find(), AdviceKind::BadName).text.find(L"con"), std::wstring::npos);
+  EXPECT_TRUE(Has(Only(Find(), AdviceKind::BadName).text, L"con"));
 }
 
 TEST_F(Advice, tasks_with_the_same_names_are_found) {
@@ -109,7 +100,7 @@ TEST_F(Advice, tasks_with_the_same_names_are_found) {
   EXPECT_TRUE(Find().empty());
   AddTask(L"B", {shared});
   const CAdvice found = Only(Find(), AdviceKind::SharedName);
-  EXPECT_NE(found.text.find(L"A, B"), std::wstring::npos);
+  EXPECT_TRUE(Has(found.text, L"A, B"));
   EXPECT_EQ(found.dst, 0u);
 
   // The same folder and name in other spellings; IDs that differ only in case.
@@ -140,7 +131,7 @@ TEST_F(Advice, source_filter_and_destination_are_looked_at) {
                                                                {AdviceKind::NoSource, 1},
                                                                {AdviceKind::BadFilter, 2},
                                                                {AdviceKind::BadFilter, 3}}));
-  EXPECT_NE(found[2].text.find(L"C:\\bad.flt (2)"), std::wstring::npos);
+  EXPECT_TRUE(Has(found[2].text, L"C:\\bad.flt (2)"));
   EXPECT_EQ(Find({AdviceDepth::Document}).size(), 1u);
   EXPECT_EQ(Find().size(), 6u) << "the share and its filter too";
 }
@@ -148,7 +139,7 @@ TEST_F(Advice, source_filter_and_destination_are_looked_at) {
 TEST_F(Advice, archives_need_an_archiver_and_paths_without_spaces) {
   const CDst zip{L"D:\\my dst", DstType::ZIP, kGoodName + L".zip"};
   const CAdvice split = Only(FindFor(zip), AdviceKind::SpaceInArchive);
-  EXPECT_NE(split.text.find(L"D:\\my dst"), std::wstring::npos);
+  EXPECT_TRUE(Has(split.text, L"D:\\my dst"));
   EXPECT_EQ(AdviceLine(texts, split), L"エラー: " + split.text);
   EXPECT_TRUE(FindFor({L"D:\\my dst", DstType::FOLDER, kGoodName}, {.archiverMissing = true}).empty());
   const CDst good{L"D:\\dst", DstType::ZIP, kGoodName + L".zip"};
@@ -175,7 +166,7 @@ TEST_F(Advice, leftovers_are_those_of_our_names_and_not_of_a_running_archiver) {
   const auto below = FindFor({L"D:\\deep", DstType::FOLDER, L"sub\\<ID>_<Y>"});
   ASSERT_EQ(below.size(), 2u);  // and the coarse name
   EXPECT_EQ(below[1].kind, AdviceKind::Leftover);
-  EXPECT_NE(below[1].text.find(L"2.9 KB"), std::wstring::npos) << "with everything below";
+  EXPECT_TRUE(Has(below[1].text, L"2.9 KB")) << "with everything below";
 }
 
 TEST_F(Advice, skipped_backup_with_other_files_is_told) {

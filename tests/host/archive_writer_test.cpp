@@ -1,20 +1,17 @@
 #include "engine/archive_writer.h"
 
-#include <gtest/gtest.h>
-
 #include "engine/archiver_location.h"
 #include "engine/targets.h"
 #include "engine/transfer_counters.h"
 #include "engine/zip_end_record.h"
-#include "support/fake_archiver.h"
-#include "support/fake_ports.h"
+#include "support/engine_doubles.h"
 
 namespace {
 
 using qlm::DstType;
 using test::EndRecord;
 
-class ArchiveWriter : public testing::Test {
+class ArchiveWriter : public testing::Test, protected test::CEngineDoubles {
  protected:
   ArchiveWriter() {
     files.AddFolder(L"C:\\temp");
@@ -39,10 +36,6 @@ class ArchiveWriter : public testing::Test {
     return error.code;
   }
 
-  test::CMemoryFileSystem files;
-  test::CFakeClock clock;
-  test::CRcTexts texts;
-  test::CFakeProcess process;
   std::wstring source = L"C:\\src";
   std::wstring archivePath = L"D:\\d x\\_tmp_a.zip";
   std::wstring text;

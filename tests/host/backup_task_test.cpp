@@ -1,22 +1,15 @@
 #include "engine/backup_task.h"
 
-#include <gtest/gtest.h>
-
 #include "engine/remedy.h"
-#include "support/fake_ports.h"
-#include "support/memory_file_system.h"
-#include "support/names.h"
+#include "support/engine_doubles.h"
 
 namespace {
 
-using qlm::CBackupTask;
-using qlm::CDst;
 using qlm::DstType;
-using test::CMemoryFileSystem;
+using test::Has;
 using test::Op;
 
-// 2016-03-05 07:04:09 UTC
-constexpr my::CFileTime kNewest{131'016'350'490'000'000};
+constexpr my::CFileTime kNewest = test::kTime;
 constexpr my::CFileTime kOlder{kNewest.ticks - 1};
 
 // A source with nested folders, and the files of a complete copy.
@@ -24,7 +17,7 @@ const std::map<std::wstring, std::string> kSource = {
     {L"a.txt", "first"}, {L"sub\\b.txt", "second"}, {L"sub\\deep\\c.txt", "third"}, {L"z.txt", "fourth"}};
 
 // The parameter is the number of threads.
-class BackupTask : public testing::TestWithParam<size_t> {
+class BackupTask : public testing::TestWithParam<size_t>, protected test::CEngineDoubles {
  protected:
   BackupTask() { AddSource(); }
 
@@ -34,12 +27,11 @@ class BackupTask : public testing::TestWithParam<size_t> {
   }
 
   void AddDst(const std::wstring& pattern, DstType type = DstType::FOLDER) {
-    task.dsts.push_back(boost::make_shared<CDst>(CDst{L" D:\\dst\\ ", type, pattern}));
+    task.dsts.push_back(test::MakeDst(L" D:\\dst\\ ", type, pattern));
   }
 
   qlm::CResults Run(const my::IStopQuery* stop = nullptr, bool listOnly = false) {
-    const qlm::CEnginePorts ports{files, clock, ansi, texts, process, &threads, GetParam()};
-    const auto job = boost::make_shared<CBackupTask>(ports, qlm::CBackupJob{task, L"C:\\7z.exe", L"pw"});
+    const auto job = MakeJob(task, GetParam());
     job->SetStopQuery(stop);
     job->SetListOnly(listOnly);
     job->SetTask(task);  // replaces the rows
@@ -67,12 +59,6 @@ class BackupTask : public testing::TestWithParam<size_t> {
     return found;
   }
 
-  CMemoryFileSystem files;
-  test::CFakeClock clock;
-  test::CFakeAnsiCodec ansi;
-  test::CRcTexts texts;
-  test::CFakeProcess process;
-  test::CStdThreads threads;
   qlm::CTask task{L"書類", L"C:\\src", L"", {}};
 };
 
@@ -151,7 +137,7 @@ TEST_P(BackupTask, invalid_filter_fails_the_job_and_names_the_line) {
   files.AddFile(task.filterPath, "+ ok\n? no\n", kOlder);
   const auto rows = Run();
   EXPECT_EQ(Outcome(rows), "LISTING/FILTER_HAS_ERRORS");
-  EXPECT_NE(qlm::ResultText(texts, *rows[0]).find(L"C:\\f.flt (2)"), std::wstring::npos);
+  EXPECT_TRUE(Has(qlm::ResultText(texts, *rows[0]), L"C:\\f.flt (2)"));
   files.AddFile(task.filterPath, "- ^(a+)+[b]\n", kOlder);
   files.AddFile(L"C:\\src\\" + std::wstring(180, L'a'), "", kOlder);
   EXPECT_EQ(Outcome(Run()), "LISTING/REGEX_TOO_COMPLEX") << "an expression that is too complex";
@@ -210,7 +196,7 @@ TEST_P(BackupTask, device_and_stream_names_are_refused_before_anything_is_create
       const auto rows = Run(nullptr, listOnly);
       EXPECT_EQ(rows[0]->phase, qlm::Phase::Listed);
       EXPECT_TRUE(rows[0]->error) << "never a skipped row";
-      EXPECT_NE(rows[0]->error.message.find(my::LastComponent(name)), std::wstring::npos);
+      EXPECT_TRUE(Has(rows[0]->error.message, my::LastComponent(name)));
     }
   }
   for (const auto& line : files.Log()) EXPECT_FALSE(line.starts_with(L"create")) << "nothing is created";
@@ -223,7 +209,7 @@ TEST_P(BackupTask, unreachable_destination_fails_its_row) {
     files.FailAt(Op::KIND, 1, code);
     EXPECT_EQ(Outcome(Run()), "LISTED/PATH_UNREADABLE") << code;
   }
-  task.dsts[0] = boost::make_shared<CDst>(CDst{L"Q:\\dst", DstType::FOLDER, L"x"});
+  task.dsts[0] = test::MakeDst(L"Q:\\dst");
   EXPECT_EQ(Outcome(Run()), "LISTED/CREATE_FOLDER_FAILED") << "a missing drive";
 }
 
@@ -279,19 +265,7 @@ class BackupTaskFaults : public BackupTask {
     AddDst(L"one");
     AddDst(L"two.zip", DstType::ZIP);
     AddDst(L"three");
-    process.OnRun([this](const my::CProcessStart& start) { return Archive(start); });
-  }
-
-  // An archiver that writes the list and an end record with the number of its lines.
-  uint32_t Archive(const my::CProcessStart& start) {
-    const size_t at = start.arguments.rfind(L" @");
-    const size_t path = start.arguments.find(L"D:");
-    const std::string list = files.Files().at(start.arguments.substr(at + 2));
-    const auto entries = static_cast<char>(std::count(list.begin(), list.end(), '\n'));
-    std::string record = "PK\5\6" + std::string(18, '\0');
-    record[8] = record[10] = entries;
-    files.AddUnflushedFile(start.arguments.substr(path, at - path), list + record);
-    return 0;
+    process.OnRun([this](const my::CProcessStart& start) { return test::MakeArchive(files, start); });
   }
 
   void ExpectFinalNamesComplete(const std::string& where) {
@@ -368,7 +342,7 @@ TEST_P(BackupTaskFaults, archive_of_a_concurrent_run_is_not_written_to) {
     archives.push_back(start.arguments.substr(0, start.arguments.find(L" @")));
     // The second run starts before the archiver of the first one has created a file.
     if (archives.size() == 1) EXPECT_EQ(Outcome(Run()), "CREATED");
-    return Archive(start);
+    return test::MakeArchive(files, start);
   });
   EXPECT_EQ(Outcome(Run()), "SKIPPED");
   EXPECT_EQ(archives,

@@ -1,6 +1,4 @@
-#include "command_ids.h"
 #include "support/commands_fixture.h"
-#include "support/thrown.h"
 
 namespace {
 
@@ -11,8 +9,7 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
   StartIn(RunState::NotRun, true);
   CDocument& document = a.app->Document();
   const auto& recent = a.app->Settings().ui.mruPathes.Items();
-  a.dialogs.paths = {L"C:\\one.qlmr"};
-  a.Do(ID_SAVE_AS);
+  a.DoWithPath(ID_SAVE_AS, L"C:\\one.qlmr");
   EXPECT_EQ(a.shell.recent, L"C:\\one.qlmr");
   EXPECT_EQ(document.Path(), L"C:\\one.qlmr");
   EXPECT_FALSE(document.IsModified());
@@ -25,8 +22,7 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
   EXPECT_EQ(a.dialogs.questions.back().dialog, FileDialog::OpenFile);
   EXPECT_EQ(a.dialogs.questions.back().kinds.at(0).pattern, L"*.qlmr");
   EXPECT_EQ(a.dialogs.questions.back().kinds.at(1).pattern, L"*.xml");
-  a.dialogs.paths = {L"C:\\one.qlmr"};
-  a.Do(ID_OPEN);
+  a.DoWithPath(ID_OPEN, L"C:\\one.qlmr");
   EXPECT_EQ(document.Path(), L"C:\\one.qlmr");
   a.Do(ID_NEW);
   a.Fill(content);
@@ -51,16 +47,15 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
   a.TakeBoxes();
 
   a.files.AddFile(L"C:\\bad.qlmr", "<Quill");
-  a.dialogs.paths = {L"C:\\bad.qlmr"};
-  a.Do(ID_OPEN);
-  EXPECT_NE(a.TakeBoxes().find(L"C:\\bad.qlmr"), std::wstring::npos);
+  a.DoWithPath(ID_OPEN, L"C:\\bad.qlmr");
+  EXPECT_TRUE(Has(a.TakeBoxes(), L"C:\\bad.qlmr"));
   EXPECT_EQ(document.Path(), L"C:\\one.qlmr");
   EXPECT_EQ(document.Tasks().size(), 3u);
   EXPECT_EQ(recent.size(), 2u);
   a.files.FailAt(Op::MOVE_OVER, 1);
   a.Fill({});
   a.Do(ID_SAVE);
-  EXPECT_NE(a.TakeBoxes().find(L"system error (0x80070070)"), std::wstring::npos);
+  EXPECT_TRUE(Has(a.TakeBoxes(), L"system error (0x80070070)"));
   EXPECT_TRUE(document.IsModified());
 
   a.Fill(content);
@@ -76,16 +71,14 @@ TEST_F(Commands, documents_are_opened_saved_and_remembered) {
   rest.tasks.Remove(0);
   for (const size_t at : {2, 0, 1}) {  // the end if nothing is selected
     a.Fill(rest);
-    a.dialogs.paths = {L"C:\\one.qlmr"};
-    a.Do(ID_ADD_FILE);
+    a.DoWithPath(ID_ADD_FILE, L"C:\\one.qlmr");
     EXPECT_EQ(document.Tasks()[at]->id, L"plain");
     a.window.tasks.selected = at == 2 ? std::vector<size_t>{0, 1} : std::vector<size_t>{1};
   }
   a.Do(ID_MRU_FIRST + 2);
-  EXPECT_NE(a.TakeBoxes().find(L"Mru index is out of range: 2"), std::wstring::npos);
+  EXPECT_TRUE(Has(a.TakeBoxes(), L"Mru index is out of range: 2"));
   for (int i = 0; i < 30; ++i) {
-    a.dialogs.paths = {L"C:\\n" + std::to_wstring(i) + L".qlmr"};
-    a.Do(ID_SAVE_AS);
+    a.DoWithPath(ID_SAVE_AS, L"C:\\n" + std::to_wstring(i) + L".qlmr");
   }
   EXPECT_EQ(recent.size(), 20u);
 }
@@ -115,14 +108,13 @@ TEST_F(Commands, file_manager_shows_the_focused_item_or_its_nearest_folder) {
     a.TakeBoxes();
     a.dialogs.buttons = {true};
     a.Do(ID_EXPLORER_DST);
-    EXPECT_NE(a.TakeBoxes().find(L"(0x80070003)\n\n" + gone), std::wstring::npos)
-        << "not the root of a drive";
+    EXPECT_TRUE(Has(a.TakeBoxes(), L"(0x80070003)\n\n" + gone)) << "not the root of a drive";
   }
 
   a.threads.hang = true;  // like a share on a computer that is switched off
   a.shell.calls.clear();
   a.Do(ID_EXPLORER_DST);
-  EXPECT_NE(a.TakeBoxes().find(L"もう一度実行してください\n\n\\\\gone\\x\n"), std::wstring::npos);
+  EXPECT_TRUE(Has(a.TakeBoxes(), L"もう一度実行してください\n\n\\\\gone\\x\n"));
   a.threads.hang = false;
   a.Do(ID_EXPLORER_SRC);
   a.threads.Work();  // the abandoned lookup ends
@@ -135,8 +127,7 @@ TEST_F(Commands, file_manager_shows_the_focused_item_or_its_nearest_folder) {
   EXPECT_EQ(a.shell.calls.back(), L"Run EXPLORER.EXE /n,/select,\"C:\\src\\a.txt\"");
 
   a.window.tasks.focused = 2;
-  a.Do(ID_TASK_TARGETS);
-  a.EndRun();
+  a.RunToEnd(ID_TASK_TARGETS);
   const CResult& row = *a.window.results[0];
   EXPECT_EQ(SourceOfTarget(row, *row.targets, 0), L"C:\\src\\a.txt");
   EXPECT_EQ(ThrownId([&] { BackupOfTarget(row, *row.targets, 0); }), IDS_NO_DESTINATION);

@@ -10,9 +10,9 @@
 
 #include "document/document_clip.h"
 #include "document/document_file.h"
+#include "support/checks.h"
 #include "support/fake_ports.h"
 #include "support/pugi_dom.h"
-#include "support/thrown.h"
 #include "text_ids.h"
 
 namespace {

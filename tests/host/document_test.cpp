@@ -1,8 +1,5 @@
 #include "document/document.h"
 
-#include <gtest/gtest.h>
-
-#include <boost/smart_ptr/make_shared.hpp>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <regex>
@@ -11,28 +8,19 @@
 #include "document/name_pattern.h"
 #include "engine/destination_path.h"
 #include "platform/xml_layer.h"
-#include "support/fake_ports.h"
+#include "support/engine_doubles.h"
 #include "support/golden.h"
-#include "support/memory_file_system.h"
 #include "support/pugi_dom.h"
 #include "support/source_folder.h"
 #include "support/strings.h"
-#include "support/thrown.h"
 
 namespace {
 
 using namespace qlm;
+using test::MakeDst;
+using test::MakeTask;
 using test::Op;
 using test::ThrownId;
-
-CDstPtr Dst(std::wstring folder, DstType type = DstType::ZIP, std::wstring pattern = L"<ID>") {
-  return boost::make_shared<CDst>(CDst{std::move(folder), type, std::move(pattern)});
-}
-
-CTaskPtr Task(std::wstring id, std::wstring path, CTaskDsts dsts = {}, std::wstring filterPath = L"") {
-  return boost::make_shared<CTask>(
-      CTask{std::move(id), std::move(path), std::move(filterPath), std::move(dsts)});
-}
 
 std::wstring Ids(const CDocument& document) {
   std::wstring ids;
@@ -44,34 +32,34 @@ TEST(Document, first_violated_rule_is_reported) {
   for (const wchar_t c : std::wstring(L"/?:*\"><|")) {
     EXPECT_EQ(ThrownId([c] { CheckId(std::wstring(L"a") + c); }), IDS_ID_BAD_CHARACTER);
   }
-  EXPECT_EQ(ThrownId([] { CheckTask(*Task(L"a\\b 字", L"p")); }), 0u);
-  EXPECT_EQ(ThrownId([] { CheckTask(*Task(L"?", L"")); }), IDS_PATH_EMPTY);
-  EXPECT_EQ(ThrownId([] { CheckTask(*Task(L"", L"p")); }), IDS_ID_EMPTY);
+  EXPECT_EQ(ThrownId([] { CheckTask({L"a\\b 字", L"p", L"", {}}); }), 0u);
+  EXPECT_EQ(ThrownId([] { CheckTask({L"?", L"", L"", {}}); }), IDS_PATH_EMPTY);
+  EXPECT_EQ(ThrownId([] { CheckTask({L"", L"p", L"", {}}); }), IDS_ID_EMPTY);
   EXPECT_EQ(ThrownId([] { CheckDst({L"", {}, L""}); }), IDS_PATH_EMPTY);
   EXPECT_EQ(ThrownId([] { CheckDst({L"f", {}, L""}); }), IDS_PATTERN_EMPTY);
 }
 
 TEST(Document, merge_renames_a_duplicate_id) {
   CContent content;
-  const CDstPtr x = Dst(L"x");
+  const CDstPtr x = MakeDst(L"x");
   content.dsts.Append(x);
-  for (const wchar_t* id : {L"Backup", L"Backup2", L"A"}) content.tasks.Append(Task(id, L"p", {x}));
+  for (const wchar_t* id : {L"Backup", L"Backup2", L"A"}) content.tasks.Append(MakeTask(id, {x}, L"p"));
   CDocument document(content);
   EXPECT_FALSE(document.Merge(document.Content(), 0)) << "nothing is new";
   EXPECT_FALSE(document.IsModified());
   CContent source;
-  for (const wchar_t* folder : {L"y", L"x"}) source.dsts.Append(Dst(folder));
+  for (const wchar_t* folder : {L"y", L"x"}) source.dsts.Append(MakeDst(folder));
   const CTaskDsts both = {source.dsts[1], source.dsts[0]};
-  for (const wchar_t* id : {L"Backup", L"A2", L"new", L"A"}) source.tasks.Append(Task(id, L"q", both));
-  source.tasks.Append(Task(L"Backup2", L"p", {both[0]}));
+  for (const wchar_t* id : {L"Backup", L"A2", L"new", L"A"}) source.tasks.Append(MakeTask(id, both, L"q"));
+  source.tasks.Append(MakeTask(L"Backup2", {both[0]}, L"p"));
   EXPECT_TRUE(document.Merge(source, 1));
   EXPECT_EQ(Ids(document), L"Backup Backup3 A2 new A3 Backup2 A ") << "the equal one is skipped";
   EXPECT_EQ(document.Dsts().size(), 2u);
   EXPECT_EQ(document.Tasks()[1]->dsts, (CTaskDsts{x, document.Dsts()[1]})) << "its own objects";
   EXPECT_EQ(source.tasks[0]->id, L"Backup");
 
-  source.dsts.Append(Dst(L"z"));
-  source.tasks[4]->dsts = {Dst(L"nowhere")};
+  source.dsts.Append(MakeDst(L"z"));
+  source.tasks[4]->dsts = {MakeDst(L"nowhere")};
   EXPECT_EQ(ThrownId([&] { document.Merge(source, 0); }), IDS_INTERNAL_ERROR);
   EXPECT_EQ(document.Tasks().size() + document.Dsts().size(), 7u + 2u) << "a failed merge changes nothing";
 
@@ -85,7 +73,7 @@ TEST(Document, merge_renames_a_duplicate_id) {
   EXPECT_TRUE(document.IsModified());
 
   CContent other;
-  other.tasks.Append(Task(L"backup", L"q"));
+  other.tasks.Append(MakeTask(L"backup"));
   for (const std::ptrdiff_t outside : {-1, 4, 99}) {
     CDocument filled(content);
     EXPECT_TRUE(filled.Merge(other, outside));
@@ -144,7 +132,7 @@ TEST(NamePattern, extension_follows_the_type) {
 
 const std::wstring kPath = L"C:\\d\\doc.qlmr";
 
-class DocumentFile : public testing::Test {
+class DocumentFile : public testing::Test, protected test::CEngineDoubles {
  protected:
   DocumentFile() { files.AddFile(kPath, "old"); }
 
@@ -153,7 +141,7 @@ class DocumentFile : public testing::Test {
     files.AddFile(kPath, bytes);
     const my::CSimpleErr error = my::TrapError(texts, [&] { LoadDocument(files, dom, kPath); });
     for (const std::wstring& part : {kPath, named}) {
-      if (error) EXPECT_NE(error.message.find(part), std::wstring::npos) << error.message;
+      if (error) EXPECT_TRUE(test::Has(error.message, part));
     }
     return error.code;
   }
@@ -163,10 +151,7 @@ class DocumentFile : public testing::Test {
     return files.Files().at(kPath);
   }
 
-  test::CMemoryFileSystem files;
-  test::CFakeClock clock;
   test::CPugiDom dom;
-  test::CRcTexts texts;
 };
 
 TEST_F(DocumentFile, invalid_file_is_refused_with_a_fitting_message) {
@@ -215,10 +200,10 @@ TEST_F(DocumentFile, texts_round_trip_and_destinations_stay_shared) {
   CContent content;
   for (const wchar_t* text :
        {L"", L" ", L"\t a \n", L"a\rb\nc\r\nd\n\r", L"<&>\"' ]]> &amp;", L"𠮷é\xFFFD\x7F\x85"}) {
-    content.dsts.Append(Dst(text, DstType::AES_256_ZIP, text));
+    content.dsts.Append(MakeDst(text, DstType::AES_256_ZIP, text));
     const size_t i = content.tasks.size();
     const CTaskDsts dsts = {content.dsts[0], content.dsts[i]};
-    content.tasks.Append(Task(L"t" + std::to_wstring(i), text, dsts, std::wstring(L"f") + text));
+    content.tasks.Append(MakeTask(L"t" + std::to_wstring(i), dsts, text, std::wstring(L"f") + text));
   }
   Saved(CDocument(content));
   const CDocument loaded = LoadDocument(files, dom, kPath);
@@ -232,30 +217,30 @@ TEST_F(DocumentFile, texts_round_trip_and_destinations_stay_shared) {
 
 TEST_F(DocumentFile, saved_bytes_equal_the_golden_file) {
   const std::string golden = test::Golden("document.qlmr");
-  const CDstPtr zip = Dst(L"D:\\保存", DstType::ZIP, L"<ID>_<Y>.zip");
-  const CDstPtr folder = Dst(L"E:\\b & c", DstType::FOLDER);
+  const CDstPtr zip = MakeDst(L"D:\\保存", DstType::ZIP, L"<ID>_<Y>.zip");
+  const CDstPtr folder = MakeDst(L"E:\\b & c", DstType::FOLDER, L"<ID>");
   CContent content;
   content.dsts.Append(zip);
   content.dsts.Append(folder);
-  content.tasks.Append(Task(L"a", L"C:\\書類\\a", {folder, zip}));
-  content.tasks.Append(Task(L"b", L"C:\\書類\\b", {folder}));
+  content.tasks.Append(MakeTask(L"a", {folder, zip}, L"C:\\書類\\a"));
+  content.tasks.Append(MakeTask(L"b", {folder}, L"C:\\書類\\b"));
   EXPECT_EQ(Saved(CDocument(content)), golden);
   EXPECT_EQ(Saved({}), golden.substr(0, golden.find("<Dsts>")) + "<Dsts/><Tasks/></QuillmoorDoc>\n");
 }
 
 TEST_F(DocumentFile, document_that_does_not_read_back_is_not_saved) {
   CContent content;
-  content.dsts.Append(Dst(L"x"));
-  content.tasks.Append(Task(L"a", L"", {content.dsts[0]}));
+  content.dsts.Append(MakeDst(L"x"));
+  content.tasks.Append(MakeTask(L"a", {content.dsts[0]}));
   for (const wchar_t bad : {L'\0', L'\x1F', wchar_t(0xD800), L'\xFFFE'}) {
     content.tasks[0]->path = std::wstring(L"C:\\") + bad;
     EXPECT_EQ(ThrownId([&] { Saved(CDocument(content)); }), IDS_XML_SET_TEXT_FAILED);
   }
-  *content.tasks[0] = *Task(L"a", L"", {Dst(L"x")});
+  *content.tasks[0] = *MakeTask(L"a", {MakeDst(L"x")});
   EXPECT_EQ(ThrownId([&] { Saved(CDocument(content)); }), IDS_DST_NOT_COMMON)
       << "equal, but not an object in the list";
-  *content.tasks[0] = *Task(L"a", L"");
-  content.tasks.Append(Task(L"b", L""));
+  *content.tasks[0] = *MakeTask(L"a");
+  content.tasks.Append(MakeTask(L"b"));
   content.tasks[1]->id = L"a";
   EXPECT_EQ(ThrownId([&] { Saved(CDocument(content)); }), IDS_ID_DUPLICATE);
   content.tasks[1]->id = L" ";

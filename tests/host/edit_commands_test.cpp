@@ -1,7 +1,6 @@
 #include "app/edit_commands.h"
 
 #include "app/drop_command.h"
-#include "command_ids.h"
 #include "support/fake_app.h"
 
 namespace {
@@ -72,7 +71,7 @@ TEST_F(EditCommands, edited_rows_are_selected) {
   EXPECT_EQ(After(ID_PASTE), L"ABxy[y]");
   dsts.selected = {1};
   EXPECT_EQ(After(ID_DST_DELETE), L"ABx[y]y") << "the user has taken it back";
-  EXPECT_NE(a.TakeBoxes().find(L"1 件のタスク"), std::wstring::npos);
+  EXPECT_TRUE(test::Has(a.TakeBoxes(), L"1 件のタスク"));
   a.dialogs.buttons = {true};
   EXPECT_EQ(After(ID_DST_DELETE), L"ABx[y]");
   EXPECT_TRUE(document.Tasks()[0]->dsts.empty());
@@ -127,9 +126,8 @@ TEST_F(EditCommands, rows_and_files_can_be_dropped) {
   drop(L"C:\\f.FLT", 0);
   EXPECT_EQ(document.Tasks()[0]->filterPath, L"C:\\f.FLT");
   EXPECT_NE(drop(L"C:\\x.exe", 0).size(), 0u);
-  EXPECT_NE(a.TakeBoxes().find(L"C:\\x.exe"), std::wstring::npos);
-  a.dialogs.paths = {L"C:\\d.qlmr"};
-  a.Do(ID_SAVE_AS);
+  EXPECT_TRUE(test::Has(a.TakeBoxes(), L"C:\\x.exe"));
+  a.DoWithPath(ID_SAVE_AS, L"C:\\d.qlmr");
   a.Do(ID_NEW);
   EXPECT_EQ(drop(L"C:\\d.qlmr", {}), L"BA[src][y]x");
   EXPECT_TRUE(document.IsModified());
@@ -197,8 +195,7 @@ TEST_F(EditCommands, impossible_edits_are_disabled) {
 
 TEST_F(EditCommands, filter_of_the_focused_task_or_a_chosen_one_is_checked) {
   tasks.focused = 0;
-  a.dialogs.paths = {L"C:\\f.flt"};
-  a.Do(ID_FILTER_CHECK);
+  a.DoWithPath(ID_FILTER_CHECK, L"C:\\f.flt");
   a.Do(ID_FILTER_CHECK);  // no file is chosen
   EXPECT_EQ(a.dialogs.filters, (std::vector<std::wstring>{L"C:\\f.flt|C:\\src"}));
   SetTaskFilter(document, 0, L"C:\\own.flt");

@@ -1,10 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "document/document_edits.h"
 #include "document/name_pattern.h"
-#include "engine/backup_task.h"
-#include "support/fake_ports.h"
-#include "support/memory_file_system.h"
+#include "support/engine_doubles.h"
 #include "ui/models/item_advice.h"
 #include "ui/models/name_preview.h"
 #include "ui/models/task_dsts_model.h"
@@ -13,28 +9,20 @@ namespace {
 
 using namespace qlm;
 
-constexpr my::CFileTime kTime{131'016'350'490'000'000};  // 2016-03-05 07:04:09 UTC
+using test::Has;
 
-struct EditModels : testing::Test {
+struct EditModels : testing::Test, test::CEngineDoubles {
   EditModels() {
     for (const wchar_t* folder : {L"C:\\a", L"D:\\SRC/b\\", L"C:\\srcs"}) InsertDst(document, -1, {folder});
   }
   static std::wstring Numbers(const CTaskDstsModel& model) {
-    std::wstring numbers;
-    for (size_t row = 0; row < model.RowCount(); ++row) numbers += model.Text(row, CTaskDstsModel::Number);
-    return numbers;
+    return test::ColumnText(model, CTaskDstsModel::Number);
   }
   std::wstring Preview(const std::wstring& pattern, const std::wstring& folder = L"C:\\a") const {
-    return NamePreview({folder, DstType::FOLDER, pattern}, L"Docs", kTime, clock, texts);
+    return NamePreview({folder, DstType::FOLDER, pattern}, L"Docs", test::kTime, clock, texts);
   }
 
   CDocument document;
-  test::CRcTexts texts;
-  test::CFakeClock clock;
-  test::CMemoryFileSystem files;
-  test::CFakeAnsiCodec ansi;
-  test::CFakeProcess process;
-  CEnginePorts ports{files, clock, ansi, texts, process};
 };
 
 TEST_F(EditModels, used_rows_are_the_destinations_in_order) {
@@ -61,46 +49,45 @@ TEST_F(EditModels, used_rows_are_the_destinations_in_order) {
 TEST_F(EditModels, advice_is_about_the_item_as_it_is_edited) {
   files.AddFolder(L"D:\\src");
   const auto advice = [&](const CTask& task) { return TaskAdvice(document.Content(), L"old", task, ports); };
-  const auto has = [](const std::wstring& text, const wchar_t* part) { return text.find(part) != text.npos; };
   CTask task{L"T", L"D:\\src", L"", {document.Dsts()[0], document.Dsts()[2]}};
   EXPECT_EQ(advice(task), L"");
   task.dsts.push_back(document.Dsts()[1]);
-  EXPECT_TRUE(has(advice(task), L"D:\\SRC/b"));
+  EXPECT_TRUE(Has(advice(task), L"D:\\SRC/b"));
   task.path = L"D:\\gone";
-  EXPECT_TRUE(has(advice(task), L"エラー: ") && has(advice(task), L"D:\\gone"));
+  EXPECT_TRUE(Has(advice(task), L"エラー: ") && Has(advice(task), L"D:\\gone"));
   for (const wchar_t* silent : {L"", L"\\\\server\\share"}) {
     task.path = silent;
     EXPECT_EQ(advice(task), L"");
   }
   InsertDst(document, -1, {L"D:\\src\\z", DstType::ZIP, L"<ID>_<Y><M><D><h><m>.zip"});
   task = {L"My Task", L"D:\\src", L"", {document.Dsts()[3]}};
-  EXPECT_TRUE(has(advice(task), L"My Task_2016"));
+  EXPECT_TRUE(Has(advice(task), L"My Task_2016"));
   for (const wchar_t* id : {L"old", L"other"})
     InsertTask(document, -1, {id, L"D:\\src", L"", {document.Dsts()[0]}});
   task.id = L"old";
-  EXPECT_TRUE(has(advice(task), L"D:\\src\\z") && !has(advice(task), L"My Task"));
+  EXPECT_TRUE(Has(advice(task), L"D:\\src\\z") && !Has(advice(task), L"My Task"));
 
   const auto dstAdvice = [&](const CDstPtr& before, const CDst& dst, const CRows& users = {}) {
     return DstAdvice(document.Content(), before, dst, users, L"sample", ports);
   };
   const CDstPtr used = document.Dsts()[0];
   EXPECT_EQ(dstAdvice(used, *used), L"");
-  EXPECT_TRUE(has(dstAdvice(used, {L"C:\\a", DstType::FOLDER, L"x<Y><M><D><h><m>"}), L"old, other"));
-  EXPECT_TRUE(has(dstAdvice({}, {L"D:\\src", DstType::FOLDER, L"<ID>_<Y><M><D><h><m>"}, {1}), L"D:\\src"));
-  EXPECT_TRUE(has(dstAdvice({}, {L"C:\\my docs", DstType::ZIP, L"<ID>"}), L"C:\\my docs"));
+  EXPECT_TRUE(Has(dstAdvice(used, {L"C:\\a", DstType::FOLDER, L"x<Y><M><D><h><m>"}), L"old, other"));
+  EXPECT_TRUE(Has(dstAdvice({}, {L"D:\\src", DstType::FOLDER, L"<ID>_<Y><M><D><h><m>"}, {1}), L"D:\\src"));
+  EXPECT_TRUE(Has(dstAdvice({}, {L"C:\\my docs", DstType::ZIP, L"<ID>"}), L"C:\\my docs"));
 }
 
 TEST_F(EditModels, preview_is_the_name_or_the_error) {
   EXPECT_EQ(Preview(L"<ID>\\<Y2><M1>"), L"Docs\\163");
   EXPECT_EQ(Preview(L""), texts.Text(IDS_PATTERN_EMPTY));
-  EXPECT_NE(Preview(L"a<y>b").find(L" - a<y>b"), std::wstring::npos);
-  EXPECT_NE(Preview(L" .. ").find(L"点と空白以外"), std::wstring::npos);
-  EXPECT_NE(Preview(L"x\\nul.zip").find(L"「nul.zip」は Windows のデバイス名"), std::wstring::npos);
-  EXPECT_NE(Preview(L"x", L"C:\\a:b\\c").find(L"「a:b」には :"), std::wstring::npos);
+  EXPECT_TRUE(Has(Preview(L"a<y>b"), L" - a<y>b"));
+  EXPECT_TRUE(Has(Preview(L" .. "), L"点と空白以外"));
+  EXPECT_TRUE(Has(Preview(L"x\\nul.zip"), L"「nul.zip」は Windows のデバイス名"));
+  EXPECT_TRUE(Has(Preview(L"x", L"C:\\a:b\\c"), L"「a:b」には :"));
   EXPECT_EQ(Preview(L"x", L" ..\\a "), L"x") << "a folder may be relative to another one";
   EXPECT_EQ(NameTokens().size(), 13u);
   for (const CNameToken& token : NameTokens()) {
-    EXPECT_EQ(Preview(token.text).find(L'<'), std::wstring::npos) << token.descId;
+    EXPECT_FALSE(Has(Preview(token.text), L"<")) << token.descId;
     EXPECT_FALSE(texts.Text(token.descId).empty());
   }
   std::wstring empty;

@@ -1,16 +1,12 @@
 #include "document/filter.h"
 
-#include <gtest/gtest.h>
-
 #include <iterator>
 #include <random>
 #include <sstream>
 
 #include "document/text_file.h"
-#include "support/fake_ports.h"
-#include "support/memory_file_system.h"
+#include "support/engine_doubles.h"
 #include "support/regex_prefilter.h"
-#include "support/thrown.h"
 
 namespace {
 
@@ -61,7 +57,7 @@ TEST(Filter, invalid_line_has_an_error_and_matches_nothing) {
   again.Parse({L"- b"}, texts);
   EXPECT_TRUE(again.Items().size() == 1 && !again.HasErrors() && Deciding(again, L"b") == 0);
   EXPECT_EQ(Filter({L"+abc def/"}).Items()[0]->pattern, L"def/") << "the pattern as typed";
-  EXPECT_NE(Filter({L"𠮷"}).FirstError()->error.message.find(L"(𠮷)"), std::wstring::npos);
+  EXPECT_TRUE(test::Has(Filter({L"𠮷"}).FirstError()->error.message, L"(𠮷)"));
   EXPECT_TRUE(
       Filter({L"- 𠮷(古[写真"})
           .FirstError()

@@ -1,9 +1,7 @@
-#include <gtest/gtest.h>
-
+#include "ui/models/history_models.h"
 #include "app/history_loader.h"
 #include "settings/settings.h"
 #include "support/fake_app.h"
-#include "ui/models/history_models.h"
 #include "ui/models/last_success.h"
 #include "ui/models/row_view.h"
 #include "ui/models/task_list_model.h"
@@ -12,15 +10,10 @@ namespace {
 
 using namespace qlm;
 
-constexpr uint64_t kDay = uint64_t{24} * 60 * 60 * 10'000'000;
-const my::CFileTime kNow = test::CFakeClock().Now();
-
-my::CFileTime DaysAgo(uint64_t days) {
-  return {kNow.ticks - days * kDay};
-}
+using test::Line;
 
 CHistoryRun MakeRun(const std::wstring& document, uint64_t daysAgo, std::vector<CHistoryRow> rows) {
-  const my::CFileTime end = DaysAgo(daysAgo);
+  const my::CFileTime end{test::kTime.ticks - daysAgo * test::kDay};
   return {{end.ticks - 10'000'000ull * 75}, end, RunProgram::RUNNER, document, false, std::move(rows)};
 }
 
@@ -30,12 +23,6 @@ CHistoryRow MakeRow(const std::wstring& task, RowOutcome outcome) {
   row.source = L"C:\\src";
   row.outcome = outcome;
   return row;
-}
-
-std::wstring Line(const my::IListModel& model, size_t row) {
-  std::wstring line;
-  for (size_t column = 0; column < model.ColumnCount(); ++column) line += model.Text(row, column) + L"|";
-  return line;
 }
 
 struct HistoryModels : testing::Test, test::CFakeApp {

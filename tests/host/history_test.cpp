@@ -1,23 +1,19 @@
-#include <gtest/gtest.h>
-
 #include <future>
 #include <thread>
 
 #include "history/history_codec.h"
 #include "history/history_file.h"
 #include "history/task_history.h"
-#include "support/fake_ports.h"
-#include "support/memory_file_system.h"
-#include "support/thrown.h"
+#include "support/engine_doubles.h"
 
 namespace {
 
 using namespace qlm;
+using test::kDay;
+using test::kTime;
 using test::Op;
 
 const std::wstring kFile = L"C:\\Roaming\\Tenkowa\\Quillmoor\\QuillmoorHistory.jsonl";
-constexpr uint64_t kDay = uint64_t{24} * 60 * 60 * 10'000'000;
-constexpr my::CFileTime kTime{131'016'350'490'000'000};
 
 CHistoryRow MakeRow(const std::wstring& task, RowOutcome outcome) {
   CHistoryRow row;

@@ -1,13 +1,9 @@
-#include <gtest/gtest.h>
-
-#include <boost/smart_ptr/make_shared.hpp>
-
 #include "command_ids.h"
 #include "document/document_edits.h"
 #include "platform/file_system.h"
 #include "replace/replace_rule.h"
 #include "settings/settings.h"
-#include "support/fake_ports.h"
+#include "support/engine_doubles.h"
 #include "support/placement.h"
 #include "support/strings.h"
 #include "text_ids.h"
@@ -25,8 +21,8 @@ namespace {
 
 using namespace qlm;
 using my::ListCheck;
-
-constexpr my::CFileTime kTime{131'016'350'490'000'000};  // 2016-03-05 07:04:09 UTC
+using test::kTime;
+using test::Line;
 
 // The remark about two folders that could not be listed.
 const std::wstring kUnlisted = L"（読み取れなかったフォルダー 2 件: C:\\a\\x (system error (0x80070005))）";
@@ -49,13 +45,6 @@ class ListModels : public testing::Test {
     row.destinationPath = L"D:\\x,y";
     if (*error) row.error = {IDS_INTERNAL_ERROR, 0, error};
     return boost::make_shared<CResult>(row);
-  }
-
-  // Returns the texts of a row, joined with "|".
-  static std::wstring Line(const my::IListModel& model, size_t row) {
-    std::wstring line;
-    for (size_t column = 0; column < model.ColumnCount(); ++column) line += model.Text(row, column) + L"|";
-    return line;
   }
 
   test::CRcTexts texts;
@@ -143,7 +132,7 @@ TEST_F(ListModels, command_texts_follow_list_run_and_history) {
 TEST_F(ListModels, results_replace_their_rows_and_are_exported_as_csv) {
   clock.SetOffsetMinutes(9 * 60);
   CResultListModel model(setting, texts, clock);
-  const auto noDst = boost::make_shared<CTask>(CTask{L"=1+1", L"p", L"", {}});
+  const auto noDst = test::MakeTask(L"=1+1");
   model.ShowResults(0, {Row(document.Tasks()[1], Phase::Copying)});
   model.ShowResults(1, {Row(noDst, Phase::Skipped)});
   EXPECT_EQ(model.Look(0).color, setting.stateColors[1]);
@@ -166,18 +155,13 @@ TEST_F(ListModels, row_view_sorts_filters_and_follows_the_run) {
   const auto add = [&](const wchar_t* id, uint64_t bytes, const wchar_t* error = L"") {
     auto targets = boost::make_shared<CTargets>();
     targets->Add({L"f", kTime, bytes, 0});
-    const auto task = boost::make_shared<CTask>(CTask{id, L"p", L"", {}});
-    auto row = boost::make_shared<CResult>(*Row(task, Phase::Created, error));
+    auto row = boost::make_shared<CResult>(*Row(test::MakeTask(id), Phase::Created, error));
     row->targets = targets;
     row->transferMs = 500;
     model.ShowResults(model.RowCount(), {row});
     view.Update(model.RowCount() - 1);
   };
-  const auto shown = [&] {
-    std::wstring ids;
-    for (size_t row = 0; row < view.RowCount(); ++row) ids += view.Text(row, CResultListModel::Id);
-    return ids;
-  };
+  const auto shown = [&] { return test::ColumnText(view, CResultListModel::Id); };
   add(L"c", 9);
   add(L"B", 1000, L"bad");
   add(L"a", 9);
@@ -221,7 +205,7 @@ TEST_F(ListModels, detail_of_a_result_has_message_remedy_and_unlisted_folders) {
                                  texts.Text(IDS_REMEDY_INTERNAL) +
                                  L"\r\n転送元: C:\\a\r\n転送先: D:\\x,y\r\n"))
       << my::Utf8FromWide(detail);
-  EXPECT_NE(detail.find(L"読み取れなかったフォルダー 1,001 件:\r\n  C:\\a\\x\\ (system error"), detail.npos);
+  EXPECT_TRUE(test::Has(detail, L"読み取れなかったフォルダー 1,001 件:\r\n  C:\\a\\x\\ (system error"));
   EXPECT_TRUE(detail.ends_with(L"\r\n  ほか 1 件"));
 }
 

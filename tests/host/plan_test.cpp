@@ -1,23 +1,18 @@
 #include "engine/plan.h"
 
-#include <gtest/gtest.h>
-
 #include <random>
 
 #include "document/document_edits.h"
 #include "engine/plan_advice.h"
-#include "support/fake_archiver.h"
-#include "support/fake_ports.h"
-#include "support/memory_file_system.h"
-#include "support/names.h"
+#include "support/engine_doubles.h"
 
 namespace {
 
 using namespace qlm;
 
-constexpr my::CFileTime kTime{131'016'350'490'000'000};  // 2016-03-05 07:04:09 UTC
+using test::kTime;
 
-class Plan : public testing::Test {
+class Plan : public testing::Test, protected test::CEngineDoubles {
  protected:
   Plan() {
     process.OnRun([this](const my::CProcessStart& start) -> uint32_t {
@@ -60,12 +55,6 @@ class Plan : public testing::Test {
     return outline;
   }
 
-  test::CMemoryFileSystem files;
-  test::CFakeClock clock;
-  test::CFakeAnsiCodec ansi;
-  test::CRcTexts texts;
-  test::CFakeProcess process;
-  CEnginePorts ports{files, clock, ansi, texts, process};
   std::wstring archiver = L"C:\\7z.exe";
   std::vector<CTaskPtr> tasks;
 };
@@ -217,10 +206,8 @@ TEST_F(Plan, run_does_what_the_plan_says_for_random_documents_and_disks) {
     }
     const auto plan = MakePlan();
     for (size_t task = 0; task < tasks.size(); ++task) {
-      const auto job = boost::make_shared<CBackupTask>(ports, CBackupJob{*tasks[task], archiver});
-      job->Run();
       const std::string planned = Planned(plan[task].cells);
-      ASSERT_EQ(planned, Done(*tasks[task], job->Results(), plan[task].cells))
+      ASSERT_EQ(planned, Done(*tasks[task], RunJob(*tasks[task], 1), plan[task].cells))
           << "seed " << seed << ", task " << task;
       seen.insert(planned);
     }

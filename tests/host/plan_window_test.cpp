@@ -1,10 +1,8 @@
 #include "app/advice_watch.h"
 #include "app/plan_actions.h"
-#include "command_ids.h"
 #include "document/document_edits.h"
 #include "engine/remedy.h"
 #include "support/fake_app.h"
-#include "support/thrown.h"
 #include "ui/models/advice_marks.h"
 #include "ui/models/plan_advice_model.h"
 #include "ui/models/plan_matrix_model.h"
@@ -13,8 +11,6 @@ namespace {
 
 using namespace qlm;
 using namespace test;
-
-constexpr my::CFileTime kTime{131'016'350'490'000'000};
 
 class PlanWindow : public testing::Test {
  protected:
@@ -48,11 +44,7 @@ class PlanWindow : public testing::Test {
     advice.Add(news.findings);
   }
 
-  std::wstring Row(size_t row) const {
-    std::wstring text;
-    for (size_t column = 0; column < matrix.ColumnCount(); ++column) text += matrix.Text(row, column) + L"|";
-    return text;
-  }
+  std::wstring Row(size_t row) const { return Line(matrix, row); }
 
   const CTask& Planned(size_t row) { return *matrix.Task(row).task; }
 
@@ -76,9 +68,9 @@ TEST_F(PlanWindow, matrix_has_the_order_of_the_lists_and_explains_each_cell) {
   const std::wstring made = matrix.Detail(0, 1);
   for (const wchar_t* part :
        {L"all → D:\\made", L"予定: 作成", L"D:\\made\\all_2016", L"2 ファイル", L"sub\\new.txt"})
-    EXPECT_NE(made.find(part), made.npos) << made;
+    EXPECT_TRUE(Has(made, part));
   const std::wstring gone = matrix.Detail(0, 4);
-  EXPECT_NE(gone.find(RemedyLine(a.texts, matrix.Cell(0, 4)->error)), gone.npos) << gone;
+  EXPECT_TRUE(Has(gone, RemedyLine(a.texts, matrix.Cell(0, 4)->error)));
   EXPECT_EQ(matrix.SpokenCell(1, 3), L"T → D:\\taken: 名前の衝突");
   EXPECT_EQ(matrix.RowOf(0, 1)->destinationPath, L"D:\\made\\all_2016");
   EXPECT_TRUE(matrix.CellLook(1, 3).alarm && !matrix.CellLook(0, 1).alarm && matrix.CellLook(1, 2).grey);
@@ -99,7 +91,7 @@ TEST_F(PlanWindow, planning_stops_and_needs_a_task_with_a_destination) {
   EXPECT_EQ(worker.Take().error.code, IDS_STOPPED);
   a.window.tasks.selected = {2};
   a.Do(ID_PLAN_SELECTED);
-  EXPECT_NE(a.TakeBoxes().find(a.Text(IDS_NO_TASKS)), std::wstring::npos);
+  EXPECT_TRUE(Has(a.TakeBoxes(), a.Text(IDS_NO_TASKS)));
   EXPECT_EQ(a.dialogs.plans.size(), 1u);
 }
 
@@ -130,7 +122,7 @@ TEST_F(PlanWindow, excluded_file_is_the_first_rule_of_a_new_or_existing_filter) 
 
   SetTaskFilter(*a.document, 1, L"c:/new.flt");
   EXPECT_FALSE(Exclude()) << "another task has this filter";
-  EXPECT_NE(a.TakeBoxes().find(L"（T）"), std::wstring::npos);
+  EXPECT_TRUE(Has(a.TakeBoxes(), L"（T）"));
 }
 
 TEST_F(PlanWindow, leftover_goes_to_the_recycle_bin_only_if_it_is_still_the_same) {
@@ -143,7 +135,7 @@ TEST_F(PlanWindow, leftover_goes_to_the_recycle_bin_only_if_it_is_still_the_same
   const CAdvice leftover = advice.Finding(row);
   CAppContext& context = a.app->Context();
   EXPECT_FALSE(RecycleLeftover(context, leftover)) << "cancelled";
-  EXPECT_NE(a.TakeBoxes().find(L"（4 バイト）"), std::wstring::npos);
+  EXPECT_TRUE(Has(a.TakeBoxes(), L"（4 バイト）"));
   a.dialogs.buttons = {true, true, true};
   EXPECT_TRUE(RecycleLeftover(context, leftover));
   EXPECT_EQ(a.shell.calls, std::vector{L"Recycle " + path});

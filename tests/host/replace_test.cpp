@@ -1,9 +1,7 @@
 #include "app/replace_tool.h"
 
-#include <gtest/gtest.h>
-
+#include "support/engine_doubles.h"
 #include "support/fake_windows.h"
-#include "support/thrown.h"
 
 namespace {
 
@@ -20,12 +18,11 @@ struct CReplaceTest : testing::Test {
   CReplaceTest() {
     CContent content;
     for (const wchar_t* folder : {L"D:\\one", L"D:\\two", L"D:\\three"}) {
-      content.dsts.Append(boost::make_shared<CDst>(CDst{folder, DstType::ZIP, L"<ID>.zip"}));
+      content.dsts.Append(test::MakeDst(folder, DstType::ZIP, L"<ID>.zip"));
     }
     const std::wstring path = L"C:\\" + std::wstring(60, L'a') + L"!";
     for (const wchar_t* id : {L"ab", L"ba", L"xyz"}) {
-      content.tasks.Append(
-          boost::make_shared<CTask>(CTask{id, path, L"", {content.dsts[1], content.dsts[0]}}));
+      content.tasks.Append(test::MakeTask(id, {content.dsts[1], content.dsts[0]}, path));
     }
     document.Reset(std::move(content), L"");
     document.AddListener([this](DocChangeEventFlags flags) { told = flags; });
@@ -110,7 +107,7 @@ TEST_F(CReplaceTest, commit_is_one_undo_step_and_detaches_the_rule) {
   }
   EXPECT_EQ(told, DocChangeEventFlags::CHNAGE_DSTS);
   EXPECT_EQ(setting.srcs.Items().front(), L"D:\\");
-  EXPECT_EQ(State().find(L'*'), std::wstring::npos);
+  EXPECT_FALSE(test::Has(State(), L"*"));
   document.Undo();
   EXPECT_EQ(State(), before);
   EXPECT_FALSE(tool.IsOpen() || document.CanUndo());

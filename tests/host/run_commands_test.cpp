@@ -1,4 +1,3 @@
-#include "command_ids.h"
 #include "history/history_file.h"
 #include "support/commands_fixture.h"
 
@@ -86,7 +85,7 @@ TEST_F(Commands, run_command_toggles_and_creates_a_job_per_task_with_destination
 
   a.threads.fail = true;
   a.Do(ID_RUN);
-  EXPECT_NE(a.TakeBoxes().find(L"スレッドの開始に失敗しました"), std::wstring::npos);
+  EXPECT_TRUE(Has(a.TakeBoxes(), L"スレッドの開始に失敗しました"));
   EXPECT_EQ(a.State(), RunState::Stopped);
   a.threads.fail = false;
   content.tasks = {};
@@ -115,7 +114,7 @@ TEST_F(Commands, selected_tasks_run_alone_and_only_their_destinations_ask_for_a_
     const int asked = a.dialogs.passwordDialogs;
     a.Do(ID_RUN_SELECTED);
     if (task.dsts.empty()) {
-      EXPECT_NE(a.TakeBoxes().find(a.Text(IDS_NO_TASKS_CHECK_DST)), std::wstring::npos);
+      EXPECT_TRUE(Has(a.TakeBoxes(), a.Text(IDS_NO_TASKS_CHECK_DST)));
       continue;
     }
     EXPECT_EQ(a.dialogs.passwordDialogs - asked, AnyDst({content.tasks[row]}, NeedsPassword));
@@ -139,8 +138,7 @@ TEST_F(Commands, ended_run_is_recorded_and_a_failure_of_it_is_shown_beside_the_r
   EXPECT_EQ(CountRows(history.runs[0]).created, 2u);
   a.folders.failure = my::CException(IDS_SETTINGS_LOCATION_FAILED, {my::CSystemError::FromWin32(5)});
   a.Do(ID_RUN);
-  a.Do(ID_RUN);
-  a.EndRun();
+  a.RunToEnd();
   EXPECT_EQ(a.State(), RunState::Stopped);
   EXPECT_NE(a.app->HistoryFailure(), L"");
   EXPECT_EQ(a.TakeBoxes(), L"") << "a box would keep the computer from being switched off";
@@ -174,8 +172,7 @@ TEST_F(Commands, test_run_lists_the_focused_task_and_asks_for_no_password) {
   EXPECT_EQ(a.TakeBoxes(), L"エラー: " + a.Text(IDS_NO_ITEM_SELECTED) + L"\n");
   EXPECT_EQ(a.window.tasks.focusCount, 1);
   a.window.tasks.focused = 1;
-  a.Do(ID_TASK_TARGETS);
-  a.EndRun();
+  a.RunToEnd(ID_TASK_TARGETS);
   ASSERT_EQ(a.window.results.size(), 1u);
   EXPECT_TRUE(a.app->Run().IsListOnly() && a.app->Run().Total() == 1);
   EXPECT_EQ(a.window.results[0]->phase, Phase::Listed);
@@ -189,8 +186,7 @@ TEST_F(Commands, password_type_decides_when_to_ask) {
     a.dialogs.passwords = std::move(typed);
     const int before = a.dialogs.passwordDialogs;
     a.files.Remove(L"D:\\z");
-    a.Do(ID_RUN);
-    a.EndRun();
+    a.RunToEnd();
     return a.dialogs.passwordDialogs - before;
   };
   const auto stored = [this] { return a.app->Settings().archive.password; };
@@ -215,12 +211,12 @@ TEST_F(Commands, password_type_decides_when_to_ask) {
   EXPECT_EQ(stored(), L"");
   EXPECT_EQ(runs({L"xyz"}), 1);
   EXPECT_EQ(a.TakeBoxes(), L"");
-  EXPECT_NE(a.process.Starts().back().arguments.find(L"-pxyz "), std::wstring::npos);
+  EXPECT_TRUE(Has(a.process.Starts().back().arguments, L"-pxyz "));
 
   a.hash.failure = my::CException(IDS_HASH_DATA_FAILED, {my::CSystemError::FromWin32(5)});
   const size_t archives = a.process.Starts().size();
   EXPECT_EQ(runs({L"abc"}), 1);
-  EXPECT_NE(a.TakeBoxes().find(L"エラー: ハッシュデータの追加に失敗しました"), std::wstring::npos);
+  EXPECT_TRUE(Has(a.TakeBoxes(), L"エラー: ハッシュデータの追加に失敗しました"));
   EXPECT_EQ(a.process.Starts().size(), archives) << "the run is not started";
   a.app->Settings().archive.password = L"from a hand-made file";
   EXPECT_EQ(runs({}), 0);
@@ -268,18 +264,15 @@ TEST_F(Commands, late_record_blocks_no_window_but_comes_before_power_off_and_exi
   };
   StartIn(RunState::NotRun);
   a.threads.hang = true;  // another program writes the history
-  a.Do(ID_RUN);
-  a.EndRun();
+  a.RunToEnd();
   EXPECT_TRUE(a.State() == RunState::Ended && records() == 0 && a.window.timer);
   a.EndRun();
   EXPECT_TRUE(records() == 1 && !a.window.timer);
   a.power.calls.clear();
   a.power.onSessionEnd = [&] { EXPECT_EQ(records(), 2); };
-  a.Do(ID_RUN_POWER_OFF);
-  a.EndRun();
+  a.RunToEnd(ID_RUN_POWER_OFF);
   EXPECT_FALSE(a.power.calls.empty());
-  a.Do(ID_RUN);
-  a.EndRun();
+  a.RunToEnd();
   a.app.reset();
   EXPECT_EQ(records(), 3);
 }
@@ -312,14 +305,13 @@ TEST_F(Commands, power_off_passes_the_flags_of_the_settings) {
   for (int type = 0; type < 4; ++type) {
     ui.powerOffType = static_cast<PowerOffType>(type);
     a.Do(ID_POWER_OFF);
-    EXPECT_NE(
-        a.TakeBoxes().find(kErrors[type] + std::wstring(L"操作に失敗しました - system error (0x80070005)")),
-        std::wstring::npos);
+    EXPECT_TRUE(
+        Has(a.TakeBoxes(), kErrors[type] + std::wstring(L"操作に失敗しました - system error (0x80070005)")));
     EXPECT_EQ(a.power.livePrivileges, 0);
   }
   ui.powerOffType = static_cast<PowerOffType>(4);
   a.Do(ID_POWER_OFF);
-  EXPECT_NE(a.TakeBoxes().find(L"Unkonwn PowerOff type: 4"), std::wstring::npos);
+  EXPECT_TRUE(Has(a.TakeBoxes(), L"Unkonwn PowerOff type: 4"));
 
   StartIn(RunState::Running);
   a.power.calls.clear();

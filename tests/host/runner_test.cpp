@@ -1,22 +1,20 @@
 #include "run/runner.h"
 
-#include <gtest/gtest.h>
-
 #include "run/exit_codes.h"
 #include "run/history_output.h"
 #include "settings/settings_file.h"
-#include "support/fake_ports.h"
+#include "support/engine_doubles.h"
 #include "support/fake_system.h"
 #include "support/fake_windows.h"
-#include "support/memory_file_system.h"
 #include "support/pugi_dom.h"
 #include "support/strings.h"
 
 namespace {
 
-constexpr my::CFileTime kTime{131'016'350'490'000'000};
+using test::Has;
+using test::kTime;
 
-class Runner : public testing::Test {
+class Runner : public testing::Test, protected test::CEngineDoubles {
  protected:
   Runner() {
     files.AddFile(L"C:\\src\\a", "a", kTime);
@@ -39,20 +37,14 @@ class Runner : public testing::Test {
     arguments.push_back(L"C:\\doc.qlmr");
     const qlm::CParsedOptions parsed = qlm::ParseOptions(arguments, texts);
     if (parsed.exitCode >= 0) return parsed.exitCode;
-    const qlm::CRunnerPorts ports{
-        {files, clock, ansi, texts, process}, dom, threads, console, folders, power};
-    return parsed.options.history ? qlm::ShowHistory(ports, parsed.options)
-                                  : qlm::RunDocument(ports, parsed.options);
+    const qlm::CRunnerPorts runner{ports, dom, threads, console, folders, power};
+    return parsed.options.history ? qlm::ShowHistory(runner, parsed.options)
+                                  : qlm::RunDocument(runner, parsed.options);
   }
 
   // Returns the output that clears a progress line of this length.
   static std::wstring Wiped(size_t length) { return L"\r" + std::wstring(2 * length, L' ') + L"\r"; }
 
-  test::CMemoryFileSystem files;
-  test::CFakeClock clock;
-  test::CFakeAnsiCodec ansi;
-  test::CRcTexts texts;
-  test::CFakeProcess process;
   test::CPugiDom dom;
   test::CManualThreads threads;
   test::CFakeConsole console;
@@ -69,7 +61,7 @@ TEST_F(Runner, progress_line_on_a_terminal_is_cleared_before_rows) {
                                 L"正常終了 - 結果 1 件、エラー 0 件\n");
   console.terminal = false;
   Run({L"--task", L"plain"});
-  EXPECT_EQ(console.output.find(L'\r'), std::wstring::npos) << "no progress in a file";
+  EXPECT_FALSE(Has(console.output, L"\r")) << "no progress in a file";
   console.terminal = true;
   Run({L"--task", L"plain", L"--quiet"});
   EXPECT_EQ(console.output, L"");
@@ -93,7 +85,7 @@ TEST_F(Runner, json_has_a_line_for_progress_rows_and_the_end) {
   EXPECT_EQ(console.output, end);
   files.Remove(L"C:\\src");
   Run({L"--json", L"--quiet", L"--task", L"plain"});
-  EXPECT_NE(console.output.find(L"\"error\":465,\"remedy\":\"対処: "), std::wstring::npos);
+  EXPECT_TRUE(Has(console.output, L"\"error\":465,\"remedy\":\"対処: "));
 }
 
 TEST_F(Runner, interrupt_stops_the_run_after_the_current_step) {
@@ -114,7 +106,7 @@ TEST_F(Runner, run_that_cannot_start_writes_nothing) {
   EXPECT_EQ(Run({L"--password-stdin"}), qlm::kExitUnusable);
   EXPECT_EQ(console.errors, texts.Text(IDS_PASSWORD_BAD_CHARACTER) + L"\n");
   EXPECT_EQ(Run({L"--settings", L"C:\\missing.config"}), qlm::kExitUnusable);
-  EXPECT_NE(console.errors.find(L"C:\\missing.config"), std::wstring::npos);
+  EXPECT_TRUE(Has(console.errors, L"C:\\missing.config"));
   EXPECT_EQ(Run({L"--unknown"}), qlm::kExitUnusable);
   EXPECT_EQ(files.Kind(L"D:\\dst"), my::PathKind::None);
   EXPECT_TRUE(process.Starts().empty());
@@ -134,7 +126,7 @@ TEST_F(Runner, archiver_and_password_come_from_options_or_settings) {
   const std::wstring settings = L"C:\\Roaming\\Tenkowa\\Quillmoor\\Quillmoor32.config";
   files.AddFile(settings, "not XML", kTime);
   EXPECT_EQ(Run({L"--task", L"zip"}), qlm::kExitUnusable) << "a damaged settings file is an error";
-  EXPECT_NE(console.errors.find(settings), std::wstring::npos);
+  EXPECT_TRUE(Has(console.errors, settings));
   EXPECT_EQ(Run({L"--task", L"plain"}), qlm::kExitDone) << "unless it is not needed";
 
   qlm::CSettings stored(1);
@@ -144,15 +136,15 @@ TEST_F(Runner, archiver_and_password_come_from_options_or_settings) {
   files.AddFile(settings, bytes.substr(0, bytes.find("<UI>")) + "</QuillmoorSetting>", kTime);
   console.input = {L"p1"};
   Run({L"--task", L"zip", L"--password-stdin"});
-  EXPECT_NE(process.Starts().back().arguments.find(L" -pp1 "), std::wstring::npos);
+  EXPECT_TRUE(Has(process.Starts().back().arguments, L" -pp1 "));
   EXPECT_EQ(process.Starts().back().program, L"C:\\set.exe") << "later groups are not needed";
   EXPECT_TRUE(console.errors.starts_with(L"警告: 設定ファイルが途中まで"));
-  EXPECT_NE(console.errors.find(L"UI\n\n"), std::wstring::npos) << console.errors;
+  EXPECT_TRUE(Has(console.errors, L"UI\n\n"));
   stored.archive.passwordType = qlm::PasswordType::SAVE;
   stored.archive.password = L"p2";
   qlm::SaveSettings(files, clock, dom, L"C:\\other.config", stored);
   Run({L"--task", L"zip", L"--settings", L"C:\\other.config"});
-  EXPECT_NE(process.Starts().back().arguments.find(L" -pp2 "), std::wstring::npos);
+  EXPECT_TRUE(Has(process.Starts().back().arguments, L" -pp2 "));
 }
 
 TEST_F(Runner, filter_that_excludes_everything_shows_its_counts) {
@@ -162,7 +154,7 @@ TEST_F(Runner, filter_that_excludes_everything_shows_its_counts) {
   files.AddFile(L"C:\\doc.qlmr", document, kTime);
   EXPECT_EQ(Run({L"--task", L"plain"}), qlm::kExitErrors);
   const my::CMsgArg counts[] = {L"1", L"0", L"0", L"1"};
-  EXPECT_NE(console.output.find(L" | " + my::MakeText(texts, IDS_COUNTS, counts)), std::wstring::npos);
+  EXPECT_TRUE(Has(console.output, L" | " + my::MakeText(texts, IDS_COUNTS, counts)));
 }
 
 TEST_F(Runner, unreadable_folder_causes_a_warning) {
@@ -182,24 +174,23 @@ TEST_F(Runner, history_has_runs_and_last_success_but_no_password) {
   process.OnRun([](const my::CProcessStart&) { return 2u; });
   console.input = {L"secret9"};
   EXPECT_EQ(Run({L"--task", L"zip", L"--password-stdin", L"--7z", L"C:\\7z.exe"}), qlm::kExitErrors);
-  EXPECT_EQ(files.Files().at(file).find("secret9"), std::string::npos);
+  EXPECT_FALSE(Has(files.Files().at(file), "secret9"));
   EXPECT_EQ(Run({L"--history"}), qlm::kExitDone);
   const std::wstring time = L"2016/03/05 07:04:09";
   EXPECT_TRUE(
       console.output.starts_with(time + L" - " + time +
                                  L" | コマンド | C:\\doc.qlmr | 正常終了 - 作成 0、スキップ 0、エラー "
                                  L"1、中断 0、読み取れなかったフォルダー 0\n    zip | D:\\dst\\all.zip | "));
-  EXPECT_NE(console.output.find(L"    plain | D:\\dst\\copy | 作成 | 1 ファイル、1 バイト\n最終成功\n"
-                                L"    C:\\doc.qlmr | plain | " +
-                                time + L"\n    C:\\doc.qlmr | zip | 成功した実行はありません\n"),
-            std::wstring::npos)
-      << my::Utf8FromWide(console.output);
+  EXPECT_TRUE(Has(console.output,
+                  L"    plain | D:\\dst\\copy | 作成 | 1 ファイル、1 バイト\n最終成功\n"
+                  L"    C:\\doc.qlmr | plain | " +
+                      time + L"\n    C:\\doc.qlmr | zip | 成功した実行はありません\n"));
   files.AddFile(file, files.Files().at(file) + "torn");
   EXPECT_EQ(Run({L"--history", L"--json"}), qlm::kExitDone);
   EXPECT_EQ(console.errors, L"警告: 履歴に読み取れない行が 1 行あり、無視しました - " + file + L"\n");
-  EXPECT_NE(console.output.find(L"{\"event\":\"task\",\"document\":\"C:\\\\doc.qlmr\",\"task\":\"plain\","
-                                L"\"last_success\":\"2016-03-05T07:04:09Z\",\"overdue\":false}\n"),
-            std::wstring::npos);
+  EXPECT_TRUE(Has(console.output,
+                  L"{\"event\":\"task\",\"document\":\"C:\\\\doc.qlmr\",\"task\":\"plain\","
+                  L"\"last_success\":\"2016-03-05T07:04:09Z\",\"overdue\":false}\n"));
   EXPECT_TRUE(console.output.ends_with(L"\"runs\":2,\"damaged\":1}\n"));
   EXPECT_EQ(Run({L"--history", L"--test"}), qlm::kExitUnusable);
 }
@@ -226,15 +217,13 @@ TEST_F(Runner, plan_shows_rows_and_advice_and_creates_nothing) {
   EXPECT_EQ(Run({L"--plan", L"--quiet", L"--7z", L"C:\\7z.exe"}), qlm::kExitDone) << "no password is needed";
   EXPECT_EQ(console.output, L"");
   EXPECT_EQ(Run({L"--plan", L"--json", L"--quiet"}), qlm::kExitErrors) << "no archiver";
-  EXPECT_NE(console.output.find(
-                L"\"kind\":\"no_archiver\",\"severity\":\"error\",\"task\":null,\"folder\":\"D:\\\\dst\""),
-            std::wstring::npos);
-  EXPECT_NE(console.output.find(L"\"type\":\"AES_256_ZIP\",\"action\":\"error\",\"error\":58563"),
-            std::wstring::npos);
+  EXPECT_TRUE(Has(console.output,
+                  L"\"kind\":\"no_archiver\",\"severity\":\"error\",\"task\":null,\"folder\":\"D:\\\\dst\""));
+  EXPECT_TRUE(Has(console.output, L"\"type\":\"AES_256_ZIP\",\"action\":\"error\",\"error\":58563"));
   Run({L"--plan", L"--json"});
-  EXPECT_NE(console.output.find(L"\"kind\":\"no_password\",\"severity\":\"warning\""), std::wstring::npos);
+  EXPECT_TRUE(Has(console.output, L"\"kind\":\"no_password\",\"severity\":\"warning\""));
   Run({L"--plan", L"--json", L"--password-stdin"});
-  EXPECT_EQ(console.output.find(L"no_password"), std::wstring::npos);
+  EXPECT_FALSE(Has(console.output, L"no_password"));
   EXPECT_TRUE(console.output.ends_with(
       L"{\"event\":\"end\",\"created\":1,\"skipped\":0,\"errors\":1,\"not_reached\":0}\n"));
   EXPECT_EQ(files.Kind(L"D:\\dst"), my::PathKind::None);
@@ -256,7 +245,7 @@ TEST_F(Runner, wrong_options_are_explained_in_the_language_of_the_program) {
   };
   for (const auto& [arguments, expected] : cases) {
     const std::wstring text = qlm::ParseOptions(arguments, texts).text;
-    EXPECT_NE(text.find(expected + L"\n使い方は"), text.npos) << my::Utf8FromWide(text);
+    EXPECT_TRUE(Has(text, expected + L"\n使い方は"));
   }
 }
 

@@ -1,15 +1,7 @@
-#include <gtest/gtest.h>
-
 #include "app/schedule_commands.h"
-#include "command_ids.h"
 #include "schedule/schedules.h"
 #include "support/fake_app.h"
-#include "support/fake_ports.h"
-#include "support/fake_scheduler.h"
-#include "support/memory_file_system.h"
-#include "support/pugi_dom.h"
 #include "support/strings.h"
-#include "support/thrown.h"
 #include "ui/models/schedule_list_model.h"
 
 namespace {
@@ -20,7 +12,7 @@ constexpr my::CCalendar kStart{2026, 11, 23, 21, 5, 0};
 const std::wstring kRunner = L"C:\\Program Files\\Quillmoor\\QuillmoorRun.exe";
 const std::wstring kDocument = L"C:\\文書 & <仕事>\\日次.qlmr";
 
-class Schedules : public testing::Test {
+class Schedules : public testing::Test, protected test::CEngineDoubles {
  protected:
   Schedules() {
     files.AddFile(kRunner, "x");
@@ -39,9 +31,7 @@ class Schedules : public testing::Test {
     xml.replace(at, from.size(), to);
   }
 
-  test::CMemoryFileSystem files;
   test::CPugiDom dom;
-  test::CRcTexts texts;
   test::CFakeScheduler scheduler;
   CSchedules schedules{{scheduler, dom, files, texts}, kRunner};
 };
@@ -61,9 +51,9 @@ TEST_F(Schedules, are_read_as_written) {
     EXPECT_EQ(read.read.run, (CScheduledRun{kRunner, kDocument}));
     EXPECT_EQ(read.fault, ScheduleFault::None);
     // A run must not be ended by the system.
-    EXPECT_NE(read.task.xml.find(L"<ExecutionTimeLimit>PT0S<"), std::wstring::npos);
-    EXPECT_NE(read.task.xml.find(L"<StopIfGoingOnBatteries>false<"), std::wstring::npos);
-    EXPECT_NE(read.task.xml.find(L"<StopOnIdleEnd>false<"), std::wstring::npos);
+    EXPECT_TRUE(test::Has(read.task.xml, L"<ExecutionTimeLimit>PT0S<"));
+    EXPECT_TRUE(test::Has(read.task.xml, L"<StopIfGoingOnBatteries>false<"));
+    EXPECT_TRUE(test::Has(read.task.xml, L"<StopOnIdleEnd>false<"));
   }
   EXPECT_EQ(ScheduleText(texts, all[2]), L"毎週 月 金 21:05");
 }
@@ -86,7 +76,7 @@ TEST_F(Schedules, change_made_elsewhere_survives_a_mend) {
   EXPECT_FALSE(Only().read.schedule);
   schedules.Mend(Only(), L"D:\\moved.qlmr");
   EXPECT_EQ(Only().read.run.documentPath, L"D:\\moved.qlmr");
-  EXPECT_NE(Only().task.xml.find(L"RandomDelay"), std::wstring::npos);
+  EXPECT_TRUE(test::Has(Only().task.xml, L"RandomDelay"));
   ReplaceIn(xml, L"--scheduled", L"--other");
   EXPECT_TRUE(schedules.All().empty());
 }
@@ -128,7 +118,7 @@ TEST_F(Schedules, start_offers_to_mend_what_was_moved_and_needs_a_saved_document
   test::CFakeApp a;
   a.Start();
   a.Do(ID_SCHEDULES);
-  EXPECT_NE(a.dialogs.boxes.back().find(a.Text(IDS_SCHEDULE_SAVE_FIRST)), std::wstring::npos);
+  EXPECT_TRUE(test::Has(a.dialogs.boxes.back(), a.Text(IDS_SCHEDULE_SAVE_FIRST)));
   OfferToMendSchedules(a.app->Context());
   EXPECT_EQ(a.dialogs.schedulesOpened, L"");
   schedules.Add(L"C:\\gone.qlmr", {ScheduleKind::Idle});

@@ -4,7 +4,6 @@
 #include <cstdlib>
 #include <new>
 
-#include "command_ids.h"
 #include "support/fake_app.h"
 
 namespace {
@@ -57,8 +56,7 @@ TEST(Secret, password_is_wiped_before_its_memory_is_freed) {
     a.dialogs.passwords.emplace_back(kSecret);
     const size_t archives = a.process.Starts().size();
     watching = true;
-    a.Do(ID_RUN);
-    a.EndRun();
+    a.RunToEnd();
     CArchiveSetting edited = a.app->Settings().archive;
     edited.password = L"b";
     SetArchiveSetting(a.app->Settings().archive, edited);
@@ -80,7 +78,7 @@ TEST(Secret, what_a_shorter_text_leaves_behind_is_wiped) {
   const wchar_t* memory = text.data();
   text = L"b";
   my::Wipe(text);
-  EXPECT_EQ(std::wstring(memory, kSecret.size()).find(kTail), std::wstring::npos);
+  EXPECT_FALSE(test::Has(std::wstring(memory, kSecret.size()), kTail));
 }
 
 }  // namespace

@@ -1,12 +1,9 @@
 #include "settings/settings.h"
 
-#include <gtest/gtest.h>
-
 #include "document/dst.h"
 #include "settings/settings_file.h"
-#include "support/fake_ports.h"
+#include "support/engine_doubles.h"
 #include "support/golden.h"
-#include "support/memory_file_system.h"
 #include "support/pugi_dom.h"
 
 namespace {
@@ -46,7 +43,7 @@ CSettings FullSettings() {
   return s;
 }
 
-class SettingsFile : public testing::Test {
+class SettingsFile : public testing::Test, protected test::CEngineDoubles {
  protected:
   // Returns the message id that `work` throws, 0 for none; keeps the text.
   uint32_t Failure(const std::function<void()>& work) {
@@ -68,10 +65,7 @@ class SettingsFile : public testing::Test {
     return files.Files().at(path);
   }
 
-  test::CMemoryFileSystem files;
-  test::CFakeClock clock;
   test::CPugiDom dom;
-  test::CRcTexts texts;
   const std::wstring path = SettingsPath(test::CFakeFolders(), texts);
   const std::string defaults = test::Golden("settings_default.config");
   const std::string full = test::Golden("settings_full.config");
@@ -176,10 +170,10 @@ TEST_F(SettingsFile, only_texts_that_xml_cannot_represent_are_omitted) {
 TEST_F(SettingsFile, values_without_a_name_are_not_written) {
   live.replaceDlg.replace.col = kReplaceDstFolder | 1u << 5;
   EXPECT_EQ(Failure([this] { Saved(live); }), IDS_XML_UNKNOWN_FLAG);
-  EXPECT_NE(text.find(L"ReplaceCol: 0x00000020"), text.npos) << "only the flags without a name";
+  EXPECT_TRUE(test::Has(text, L"ReplaceCol: 0x00000020")) << "only the flags without a name";
   live.replaceDlg.replace.row = static_cast<ReplaceRow>(-1);
   EXPECT_EQ(Failure([this] { Saved(live); }), IDS_XML_UNKNOWN_ENUM);
-  EXPECT_NE(text.find(L"ReplaceRow: -1"), text.npos);
+  EXPECT_TRUE(test::Has(text, L"ReplaceRow: -1"));
   EXPECT_TRUE(files.Files().empty());
 }
 

@@ -1,21 +1,14 @@
 // Another program changes the source while it is listed, copied and archived.
-#include <gtest/gtest.h>
-
 #include <set>
 
-#include "engine/backup_task.h"
 #include "engine/remedy.h"
-#include "support/fake_archiver.h"
-#include "support/fake_ports.h"
-#include "support/names.h"
+#include "support/engine_doubles.h"
 
 namespace {
 
-using test::CMemoryFileSystem;
-using Holding = CMemoryFileSystem::Holding;
+using Holding = test::CMemoryFileSystem::Holding;
 using qlm::DstType;
-
-constexpr my::CFileTime kTime{131'016'350'490'000'000};
+using test::kTime;
 
 // What another program does: it removes something, puts a link in its place, adds a file.
 struct CChange {
@@ -39,11 +32,12 @@ const CChange kChanges[] = {{"file vanishes", kFile},
                             {"source becomes a link", L"C:\\src", L"C:\\outside"}};
 
 // With one thread or several that copy.
-class SourceRace : public testing::TestWithParam<std::tuple<Holding, size_t>> {
+class SourceRace : public testing::TestWithParam<std::tuple<Holding, size_t>>,
+                   protected test::CEngineDoubles {
  protected:
   SourceRace() {
     for (const auto& [type, name] : {std::pair(DstType::FOLDER, L"one"), {DstType::ZIP, L"two.zip"}})
-      task.dsts.push_back(boost::make_shared<qlm::CDst>(qlm::CDst{L"D:\\dst", type, name}));
+      task.dsts.push_back(test::MakeDst(L"D:\\dst", type, name));
     process.OnRun([this](const my::CProcessStart& start) { return Archive(start); });
   }
 
@@ -74,13 +68,6 @@ class SourceRace : public testing::TestWithParam<std::tuple<Holding, size_t>> {
     return 0;
   }
 
-  qlm::CResults Run() {
-    const qlm::CEnginePorts ports{files, clock, ansi, texts, process, &threads, std::get<1>(GetParam())};
-    const auto job = boost::make_shared<qlm::CBackupTask>(ports, qlm::CBackupJob{task, L"C:\\7z.exe"});
-    job->Run();
-    return job->Results();
-  }
-
   // Links that were there when listed are followed.
   static bool ListedLink(const qlm::CTargets& targets) {
     return targets.IsSourceLink() ||
@@ -97,7 +84,7 @@ class SourceRace : public testing::TestWithParam<std::tuple<Holding, size_t>> {
 
   void ExpectNothingFromOutside(const std::wstring& backup, const std::string& where) {
     for (const auto& [path, content] : files.Files()) {
-      if (path.starts_with(L"D:\\dst\\" + backup)) EXPECT_EQ(content.find("outside"), content.npos) << where;
+      if (path.starts_with(L"D:\\dst\\" + backup)) EXPECT_FALSE(test::Has(content, "outside")) << where;
     }
   }
 
@@ -108,12 +95,6 @@ class SourceRace : public testing::TestWithParam<std::tuple<Holding, size_t>> {
     return true;
   }
 
-  CMemoryFileSystem files;
-  test::CFakeClock clock;
-  test::CFakeAnsiCodec ansi;
-  test::CRcTexts texts;
-  test::CFakeProcess process;
-  test::CStdThreads threads;
   qlm::CTask task{L"t", L"C:\\src\\", L"", {}};
 };
 
@@ -125,7 +106,7 @@ TEST_P(SourceRace, change_at_any_moment_is_told_and_leads_nowhere_else) {
       const std::string where = std::string(change.name) + " before operation " + std::to_string(n);
       Reset();
       files.MeanwhileAt(n, [&] { refused |= !Make(change); });
-      const auto rows = Run();
+      const auto rows = RunJob(task, std::get<1>(GetParam()));
       if (!files.IsMeanwhileDone()) break;
       ASSERT_LT(n, 500);
       const auto& row = *rows.back();

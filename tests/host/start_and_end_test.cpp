@@ -1,8 +1,6 @@
 #include "app/command_line.h"
 #include "app/diagnostics.h"
-#include "command_ids.h"
 #include "support/commands_fixture.h"
-#include "support/thrown.h"
 
 namespace {
 
@@ -41,7 +39,7 @@ TEST_F(Commands, closing_asks_about_edits_and_runs_and_waits_for_the_worker) {
   EXPECT_EQ(a.files.Kind(kSettingsFile), my::PathKind::File);
   a.files.FailAt(Op::CREATE_FOLDERS, 1, my::kErrorAccessDenied);
   EXPECT_TRUE(a.app->OnClose()) << "unwritable settings do not block exit";
-  EXPECT_NE(a.TakeBoxes().find(L"フォルダーの作成に失敗しました"), std::wstring::npos);
+  EXPECT_TRUE(Has(a.TakeBoxes(), L"フォルダーの作成に失敗しました"));
 }
 
 TEST_F(Commands, session_end_is_blocked_by_work_unless_the_program_requested_it) {
@@ -115,8 +113,7 @@ TEST(CommandLine, quotes_protect_spaces_and_are_removed) {
 TEST_F(Commands, start_opens_the_named_document_or_the_last_one) {
   StartIn(RunState::NotRun, true);
   for (const wchar_t* path : {L"C:\\a b.qlmr", L"C:\\last.qlmr"}) {
-    a.dialogs.paths = {path};
-    a.Do(ID_SAVE_AS);
+    a.DoWithPath(ID_SAVE_AS, path);
   }
   a.app->Settings().archive.sevenZipPath.clear();
   a.folders.programs = L"D:\\Program Files (x86)";
@@ -136,7 +133,7 @@ TEST_F(Commands, start_opens_the_named_document_or_the_last_one) {
   a.files.AddFile(L"C:\\last2.qlmr", a.files.Files().at(L"C:\\last.qlmr"));
   a.files.Remove(L"C:\\last.qlmr");
   EXPECT_TRUE(a.Start().Document().Path().empty());
-  EXPECT_NE(a.TakeBoxes().find(L"C:\\last.qlmr"), std::wstring::npos);
+  EXPECT_TRUE(Has(a.TakeBoxes(), L"C:\\last.qlmr"));
   EXPECT_TRUE(a.window.shown);
   a.onTitle = [&a = a] {
     if (!a.document->Path().empty()) throw std::runtime_error("title");
@@ -148,12 +145,10 @@ TEST_F(Commands, start_opens_the_named_document_or_the_last_one) {
 TEST_F(Commands, diagnostics_tell_errors_without_the_names_of_files) {
   StartIn(RunState::NotRun);
   a.files.Remove(L"C:\\src");
-  a.Do(ID_RUN);
-  a.EndRun();
+  a.RunToEnd();
   const std::wstring text = DiagnosticsText(a.app->Context(), L"Windows", L"");
-  EXPECT_NE(text.find(std::to_wstring(a.app->Run().Rows().at(0)->error.code)), text.npos);
-  for (const wchar_t* const name : {L"plain", L"src", L"doc", L"D:", L"pw"})
-    EXPECT_EQ(text.find(name), text.npos);
+  EXPECT_TRUE(Has(text, std::to_wstring(a.app->Run().Rows().at(0)->error.code)));
+  for (const wchar_t* const name : {L"plain", L"src", L"doc", L"D:", L"pw"}) EXPECT_FALSE(Has(text, name));
 }
 
 TEST_F(Commands, every_kind_of_exception_is_shown) {
@@ -189,9 +184,9 @@ TEST_F(Commands, cancelled_start_does_not_overwrite_the_settings_file) {
   EXPECT_TRUE(a.window.closing && a.app->OnClose());
   EXPECT_EQ(a.files.Files().at(kSettingsFile), good) << "not replaced by defaults";
   std::wstring boxes = a.TakeBoxes();
-  EXPECT_NE(boxes.find(L"設定ファイル: " + kSettingsFile + L"\nXML"), std::wstring::npos) << "named once";
-  EXPECT_NE(boxes.find(L"有無を確認できませんでした"), std::wstring::npos);
-  EXPECT_NE(boxes.find(L"新しいバージョン用の設定ファイル"), std::wstring::npos);
+  EXPECT_TRUE(Has(boxes, L"設定ファイル: " + kSettingsFile + L"\nXML")) << "named once";
+  EXPECT_TRUE(Has(boxes, L"有無を確認できませんでした"));
+  EXPECT_TRUE(Has(boxes, L"新しいバージョン用の設定ファイル"));
   a.folders.failure = my::CException(IDS_PATH_EMPTY);
   a.Start();
   const my::CMsgArg reason = a.Text(IDS_PATH_EMPTY);

@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
+#include "support/checks.h"
 #include "support/fake_ports.h"
 #include "support/mru_strings.h"
 #include "support/name_faults.h"
 #include "support/paths.h"
 #include "support/strings.h"
-#include "support/thrown.h"
 #include "support/value_codecs.h"
 #include "text_ids.h"
 

@@ -1,17 +1,12 @@
 #include "engine/backup_thread.h"
 
-#include <gtest/gtest.h>
-
 #include <future>
 
-#include "support/fake_archiver.h"
-#include "support/fake_ports.h"
-#include "support/names.h"
-#include "support/thrown.h"
+#include "support/engine_doubles.h"
 
 namespace {
 
-constexpr my::CFileTime kTime{131'016'350'490'000'000};
+using test::kTime;
 
 // Records what a window would show.
 class CShown : public qlm::IRunObserver {
@@ -31,7 +26,7 @@ class CShown : public qlm::IRunObserver {
   int powerOffs = 0;
 };
 
-class BackupThread : public testing::Test {
+class BackupThread : public testing::Test, protected test::CEngineDoubles {
  protected:
   BackupThread() {
     files.AddFile(L"C:\\src\\a", "a", kTime);
@@ -43,10 +38,9 @@ class BackupThread : public testing::Test {
     qlm::CTask task{id, path, L"", {}};
     for (auto& pattern : patterns) {
       if (IsZip(type)) pattern += L".zip";
-      task.dsts.push_back(boost::make_shared<qlm::CDst>(qlm::CDst{L"D:\\dst", type, pattern}));
+      task.dsts.push_back(test::MakeDst(L"D:\\dst", type, pattern));
     }
-    const qlm::CEnginePorts ports{files, clock, ansi, texts, process, &threads, 4};
-    controller.Add(boost::make_shared<qlm::CBackupTask>(ports, qlm::CBackupJob{task}));
+    controller.Add(MakeJob(task, 4));
   }
 
   void TickToEnd() {
@@ -65,14 +59,8 @@ class BackupThread : public testing::Test {
     });
   }
 
-  test::CMemoryFileSystem files;
-  test::CFakeClock clock;
-  test::CFakeAnsiCodec ansi;
-  test::CRcTexts texts;
-  test::CFakeProcess process;
-  test::CStdThreads threads;
   CShown shown;
-  qlm::CBackupThread controller{threads, clock, texts, shown};
+  qlm::CBackupThread controller{helpers, clock, texts, shown};
 };
 
 TEST_F(BackupThread, stop_drops_queued_jobs_and_ends_the_running_one) {

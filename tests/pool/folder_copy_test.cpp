@@ -1,19 +1,13 @@
-#include <gtest/gtest.h>
-
 #include <random>
 
-#include "engine/backup_task.h"
 #include "engine/helper_count.h"
 #include "engine/transfer_counters.h"
-#include "support/fake_ports.h"
-#include "support/memory_file_system.h"
-#include "support/paths.h"
+#include "support/engine_doubles.h"
 
 namespace {
 
+using test::kTime;
 using test::Op;
-
-constexpr my::CFileTime kTime{131'016'350'490'000'000};
 
 // What a run left.
 struct COutcome {
@@ -24,11 +18,11 @@ struct COutcome {
 };
 
 // A random tree with random faults, copied to two folders. The same seed makes the same.
-class CRandomRun {
+class CRandomRun : test::CEngineDoubles {
  public:
   explicit CRandomRun(unsigned seed) : m_random(seed) {
-    m_files.RefuseRenames(0);
-    m_files.AddFile(L"D:\\linked", "target of links", kTime);
+    files.RefuseRenames(0);
+    files.AddFile(L"D:\\linked", "target of links", kTime);
     std::wstring folder;
     for (unsigned i = 0, count = 1 + Random(12); i < count; ++i) {
       if (Random(4) == 0) folder.clear();
@@ -40,11 +34,10 @@ class CRandomRun {
   COutcome Run(size_t threads) {
     qlm::CTask task{L"1", L"C:\\src", L"", {}};
     for (const wchar_t* name : {L"one", L"two"}) {
-      task.dsts.push_back(boost::make_shared<qlm::CDst>(qlm::CDst{L"D:\\dst", qlm::DstType::FOLDER, name}));
+      task.dsts.push_back(test::MakeDst(L"D:\\dst", qlm::DstType::FOLDER, name));
     }
     const test::CStopAfter stop(Random(4) == 0 ? static_cast<int>(Random(60)) : 1000);
-    const qlm::CEnginePorts ports{m_files, m_clock, m_ansi, m_texts, m_process, &m_threads, threads};
-    const auto job = boost::make_shared<qlm::CBackupTask>(ports, qlm::CBackupJob{task});
+    const auto job = MakeJob(task, threads);
     job->SetStopQuery(&stop);
     job->Run();
     return Outcome(job->Results());
@@ -57,38 +50,32 @@ class CRandomRun {
     const std::wstring from = L"C:\\src\\" + path;
     const std::wstring to = L"D:\\dst\\_tmp_" + std::wstring(Random(2) == 0 ? L"one\\" : L"two\\") + path;
     if (Random(8) == 0)
-      m_files.AddLink(from, L"D:\\linked", kTime);
+      files.AddLink(from, L"D:\\linked", kTime);
     else
-      m_files.AddFile(from, std::string(Random(40) == 0 ? 1u << 20 : Random(90), 'x'), kTime);
+      files.AddFile(from, std::string(Random(40) == 0 ? 1u << 20 : Random(90), 'x'), kTime);
     const std::pair<Op, std::wstring> faults[] = {{Op::COPY, from},
                                                   {Op::SIZE, from},
                                                   {Op::FLUSH_FILE, to},
                                                   {Op::CREATE_FOLDERS, std::wstring(my::ParentPath(to))}};
-    if (const auto& [op, on] = faults[Random(4)]; Random(15) == 0) m_files.FailOn(op, on);
+    if (const auto& [op, on] = faults[Random(4)]; Random(15) == 0) files.FailOn(op, on);
   }
 
   COutcome Outcome(const qlm::CResults& rows) {
     COutcome outcome;
     for (const auto& row : rows) {
       const bool done = !row->error && row->transfer;
-      outcome.rows.push_back(row->destinationPath + L": " + qlm::ResultText(m_texts, *row) + L" " +
+      outcome.rows.push_back(row->destinationPath + L": " + qlm::ResultText(texts, *row) + L" " +
                              std::to_wstring(done ? row->transfer->Files() : 0) + L" " +
                              std::to_wstring(done ? row->transfer->Bytes() : 0));
       outcome.failed |= static_cast<bool>(row->error);
     }
-    for (const auto& [path, content] : m_files.Files()) {
+    for (const auto& [path, content] : files.Files()) {
       (path.starts_with(L"D:\\dst\\_tmp") ? outcome.leftovers : outcome.backups)[path] = content;
     }
     return outcome;
   }
 
   std::mt19937 m_random;
-  test::CMemoryFileSystem m_files;
-  test::CFakeClock m_clock;
-  test::CFakeAnsiCodec m_ansi;
-  test::CRcTexts m_texts;
-  test::CFakeProcess m_process;
-  test::CStdThreads m_threads;
 };
 
 TEST(FolderCopy, random_trees_with_faults_are_copied_by_many_threads_as_by_one) {

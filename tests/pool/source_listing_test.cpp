@@ -1,17 +1,12 @@
 #include "engine/source_listing.h"
 
-#include <gtest/gtest.h>
-
-#include <boost/smart_ptr/make_shared.hpp>
 #include <map>
 #include <stdexcept>
 #include <string>
 
-#include "document/filter.h"
 #include "engine/folders_ahead.h"
 #include "engine/targets.h"
-#include "support/fake_ports.h"
-#include "support/memory_file_system.h"
+#include "support/engine_doubles.h"
 
 namespace {
 
@@ -26,7 +21,7 @@ class CRandomFiles : public test::CMemoryFileSystem {
 
   std::unique_ptr<my::IFindFiles> Find(const std::wstring& path) override {
     const std::wstring folder = my::JoinPath(path, {});
-    EXPECT_EQ(folder.find(L"excluded"), folder.npos) << "an excluded folder is never read";
+    EXPECT_FALSE(test::Has(folder, L"excluded")) << "an excluded folder is never read";
     uint64_t random = m_seed;
     for (const wchar_t c : folder) random = (random ^ static_cast<uint64_t>(c)) * 0x9E3779B97F4A7C15 >> 1;
     const bool isSource = folder == kSource + L'\\';

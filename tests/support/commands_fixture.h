@@ -2,7 +2,6 @@
 // destinations.
 #pragma once
 
-#include "command_ids.h"
 #include "support/fake_app.h"
 
 namespace test {

@@ -1,41 +1,26 @@
 // The whole program without its windows, on a file system in memory.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <boost/smart_ptr/make_shared.hpp>
 #include <optional>
 #include <string>
 
 #include "app/application.h"
+#include "command_ids.h"
 #include "document/document_file.h"
-#include "support/fake_archiver.h"
-#include "support/fake_ports.h"
+#include "support/engine_doubles.h"
 #include "support/fake_scheduler.h"
 #include "support/fake_system.h"
 #include "support/fake_windows.h"
-#include "support/memory_file_system.h"
-#include "support/names.h"
 #include "support/pugi_dom.h"
 
 namespace test {
 
 inline const std::wstring kSettingsFile = L"C:\\Roaming\\Tenkowa\\Quillmoor\\Quillmoor32.config";
 
-inline qlm::CTaskPtr MakeTask(const std::wstring& id, qlm::CTaskDsts dsts = {},
-                              const std::wstring& path = L"C:\\src") {
-  return boost::make_shared<qlm::CTask>(qlm::CTask{id, path, L"", std::move(dsts)});
-}
-
-inline qlm::CDstPtr MakeDst(const std::wstring& folder, qlm::DstType type = qlm::DstType::FOLDER,
-                            const std::wstring& pattern = L"<ID>_<Y><M><D><h><m><s>") {
-  return boost::make_shared<qlm::CDst>(qlm::CDst{folder, type, pattern});
-}
-
-class CFakeApp {
+class CFakeApp : public CEngineDoubles {
  public:
   CFakeApp() {
-    files.AddFile(L"C:\\src\\a.txt", "a", {131'016'350'490'000'000});
+    files.AddFile(L"C:\\src\\a.txt", "a", kTime);
     files.AddFile(L"C:\\7-Zip\\7z.exe", "MZ");
     process.OnRun([this](const my::CProcessStart& start) { return MakeArchive(files, start); });
   }
@@ -52,22 +37,20 @@ class CFakeApp {
     window.onTitle = onTitle;
     settings.emplace(0);
     document.emplace();
-    app.emplace(qlm::CAppPorts{{files, clock, ansi, texts, process},
-                               dom,
-                               threads,
-                               folders,
-                               power,
-                               hash,
-                               shell,
-                               scheduler,
-                               clipboard},
-                *settings, *document, dialogs, window, dialogs, commandLine);
+    const qlm::CAppPorts all{ports, dom, threads, folders, power, hash, shell, scheduler, clipboard};
+    app.emplace(all, *settings, *document, dialogs, window, dialogs, commandLine);
     dialogs.tool = &app->Replace();
     app->Start();
     return *app;
   }
 
   void Do(uint32_t id) { app->Execute(id); }
+
+  // Executes a command that asks for a path.
+  void DoWithPath(uint32_t id, const std::wstring& path) {
+    dialogs.paths = {path};
+    Do(id);
+  }
 
   // Makes `content` the open document, with unsaved edits.
   void Fill(const qlm::CContent& content) {
@@ -83,6 +66,11 @@ class CFakeApp {
     app->OnTimer();
   }
 
+  void RunToEnd(uint32_t id = ID_RUN) {
+    Do(id);
+    EndRun();
+  }
+
   qlm::RunState State() const { return app->Run().State(); }
   std::wstring Text(uint32_t id) const { return texts.Text(id); }
 
@@ -94,11 +82,6 @@ class CFakeApp {
     return all;
   }
 
-  CMemoryFileSystem files;
-  CFakeClock clock;
-  CFakeAnsiCodec ansi;
-  CRcTexts texts;
-  CFakeProcess process;
   CPugiDom dom;
   CManualThreads threads;
   CFakeFolders folders;

@@ -17,21 +17,29 @@
 
 namespace test {
 
-// Must outlive its privileges.
+// Calls a function when it is destroyed.
+template <class TPort>
+struct CAtEnd : TPort {
+  explicit CAtEnd(std::function<void()> work) : atEnd(std::move(work)) {}
+  CAtEnd(const CAtEnd&) = delete;
+  CAtEnd& operator=(const CAtEnd&) = delete;
+  ~CAtEnd() override { atEnd(); }
+
+  std::function<void()> atEnd;
+};
+
+// Must outlive what it returns.
 class CFakePower : public my::IPower {
  public:
   std::unique_ptr<my::IStayAwake> KeepAwake() override {
-    struct CAwake : my::IStayAwake {
-      explicit CAwake(std::vector<std::wstring>& log) : calls(log) { calls.emplace_back(L"KeepAwake"); }
-      ~CAwake() override { calls.emplace_back(L"LetSleep"); }
-      std::vector<std::wstring>& calls;
-    };
-    return std::make_unique<CAwake>(calls);
+    calls.emplace_back(L"KeepAwake");
+    return std::make_unique<CAtEnd<my::IStayAwake>>([this] { calls.emplace_back(L"LetSleep"); });
   }
   std::unique_ptr<my::IPrivilege> EnablePrivilege(const std::wstring& name) override {
     calls.push_back(L"EnablePrivilege " + name);
     if (failure) throw *failure;
-    return std::make_unique<CPrivilege>(livePrivileges);
+    ++livePrivileges;
+    return std::make_unique<CAtEnd<my::IPrivilege>>([this] { --livePrivileges; });
   }
   void EndSession(uint32_t flags, uint32_t reason) override {
     calls.push_back(L"EndSession " + my::HexText(flags) + L" " + my::HexText(reason));
@@ -59,17 +67,6 @@ class CFakePower : public my::IPower {
   std::vector<std::wstring> calls;
 
  private:
-  class CPrivilege : public my::IPrivilege {
-   public:
-    explicit CPrivilege(int& live) : m_live(live) { ++m_live; }
-    CPrivilege(const CPrivilege&) = delete;
-    CPrivilege& operator=(const CPrivilege&) = delete;
-    ~CPrivilege() override { --m_live; }
-
-   private:
-    int& m_live;
-  };
-
   void RefuseAction(uint32_t messageId) const {
     if (actionCode != 0) throw my::CException(messageId, {my::CSystemError::FromWin32(actionCode)});
   }
@@ -96,28 +93,24 @@ struct CFakeHash : my::IHash {
 
 struct CFakeShell : my::IShell {
   std::wstring PathOf(const my::CShellIdList&) override {
-    calls.emplace_back(L"PathOf");
-    if (failure) throw *failure;
+    Call(L"PathOf");
     return path;
   }
-  void Open(const std::wstring& what) override {
-    calls.push_back(L"Open " + what);
-    if (failure) throw *failure;
-  }
+  void Open(const std::wstring& what) override { Call(L"Open " + what); }
   void Run(const std::wstring& program, const std::wstring& parameters) override {
-    calls.push_back(L"Run " + program + L" " + parameters);
-    if (failure) throw *failure;
+    Call(L"Run " + program + L" " + parameters);
   }
-
   void AddRecent(const std::wstring& what) override { recent = what; }
-
   bool Recycle(const std::wstring& what) override {
-    calls.push_back(L"Recycle " + what);
-    if (failure) throw *failure;
+    Call(L"Recycle " + what);
     return true;
   }
+  void Call(const std::wstring& call) {
+    calls.push_back(call);
+    if (failure) throw *failure;
+  }
 
-  std::optional<my::CException> failure;  // thrown by every function
+  std::optional<my::CException> failure;  // thrown by every call
   std::wstring path;                      // returned for every ID list
   std::vector<std::wstring> calls;
   std::wstring recent;  // the last one

@@ -178,45 +178,51 @@ struct CFakeDialogs : qlm::IDialogs, my::IMessageBox {
 };
 
 // A worker (idle priority) runs only while it is waited for without a limit, or when the test calls Work, so
-// runs stay active as long as a test needs. Other threads run while they are waited for, unless they hang.
+// runs stay active as long as a test needs, and windows that are looked at within a port of the worker see it
+// running. Other threads run while they are waited for, unless they hang.
 class CManualThreads : public my::IThreads {
  public:
-  std::unique_ptr<my::IRunningThread> Start(std::function<void()> body,
+  std::unique_ptr<my::IRunningThread> Start(std::function<void()> work,
                                             const my::CThreadStart& start) override {
     if (fail) throw my::CException(IDS_START_THREAD_FAILED, {my::CSystemError::FromWin32(8)});
-    m_bodies.push_back(std::make_shared<CBody>(std::move(body)));
+    const auto body = m_bodies.emplace_back(std::make_shared<CBody>(std::move(work)));
     const bool worker = start.priority == kIdlePriority;
-    return std::make_unique<CThread>(m_bodies.back(), (!worker || eager) && !hang,
-                                     worker ? &abandoned : nullptr);
+    if (!worker && immediate) body->Run();
+    return std::make_unique<CThread>(body, (!worker || eager) && !hang, worker ? &abandoned : nullptr);
   }
 
   // Lets every thread end, including those no longer owned.
   void Work() {
-    for (const auto& body : std::exchange(m_bodies, {})) Run(*body);
+    for (const auto& body : std::exchange(m_bodies, {})) body->Run();
   }
 
   bool fail = false;
   bool hang = false;
-  bool eager = false;  // workers also run while they are waited for
-  int abandoned = 0;   // workers never waited for
+  bool eager = false;      // workers also run while they are waited for
+  bool immediate = false;  // other threads run at their start
+  int abandoned = 0;       // workers never waited for
 
  private:
-  using CBody = std::function<void()>;
+  struct CBody {
+    explicit CBody(std::function<void()> job) : work(std::move(job)) {}
+    void Run() {
+      if (const auto once = std::exchange(work, nullptr)) once(), ended = true;
+    }
 
-  static void Run(CBody& body) {
-    if (const CBody once = std::exchange(body, nullptr)) once();
-  }
+    std::function<void()> work;
+    bool ended = false;
+  };
 
   struct CThread : my::IRunningThread {
     CThread(std::shared_ptr<CBody> threadBody, bool works, int* counter)
         : body(std::move(threadBody)), worksInTime(works), abandoned(counter) {}
     ~CThread() override {
-      if (abandoned && *body) ++*abandoned;
+      if (abandoned && body->work) ++*abandoned;
     }
 
     bool Wait(uint32_t timeOutMs) override {
-      if (timeOutMs == my::kNoTimeOut || (worksInTime && timeOutMs > 0)) Run(*body);
-      return !*body;
+      if (timeOutMs == my::kNoTimeOut || (worksInTime && timeOutMs > 0)) body->Run();
+      return body->ended;
     }
 
     uint32_t Id() const override { return 1; }

@@ -15,9 +15,9 @@
 #include "platform/xml_layer.h"
 #include "scratch_folder.h"
 #include "settings/settings_file.h"
+#include "support/checks.h"
 #include "support/golden.h"
 #include "support/strings.h"
-#include "support/thrown.h"
 #include "text_ids.h"
 
 namespace {

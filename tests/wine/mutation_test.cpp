@@ -11,8 +11,8 @@
 #include "platform/win32/win32_file_system.h"
 #include "settings/settings.h"
 #include "settings/settings_file.h"
+#include "support/checks.h"
 #include "support/golden.h"
-#include "support/thrown.h"
 
 namespace {
 

@@ -28,7 +28,9 @@ class CScratchFolder {
 
   std::wstring At(const std::wstring& name) const { return my::JoinPath(path, name); }
 
+  // Creates a file and its missing parents.
   void Write(const std::wstring& name, std::string_view bytes) {
+    files.CreateFolders(std::wstring(my::ParentPath(At(name))));
     const auto file = files.CreateNewFile(At(name));
     file->Write(bytes);
     file->Close();

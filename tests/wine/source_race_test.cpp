@@ -21,7 +21,7 @@
 
 namespace {
 
-TEST(Win32FileSystem, held_folder_stays_in_its_place_but_its_files_do_not) {
+TEST(SourceRace, held_folder_stays_in_its_place_but_its_files_do_not) {
   test::CScratchFolder scratch;
   const auto sub = scratch.At(L"sub");
   const auto moved = scratch.At(L"moved");

@@ -10,6 +10,7 @@
 #include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_message_texts.h"
 #include "scratch_folder.h"
+#include "support/checks.h"
 #include "text_ids.h"
 
 namespace {
@@ -36,8 +37,11 @@ my::CKernelHandle Lock(const std::wstring& path) {
       ::CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
-TEST(Win32FileSystem, copy_tells_its_progress_within_a_file) {
+struct Win32FileSystem : testing::Test {
   test::CScratchFolder scratch;
+};
+
+TEST_F(Win32FileSystem, copy_tells_its_progress_within_a_file) {
   scratch.Write(L"a", std::string(3u << 20, 'x'));
   std::vector<uint64_t> copied;
   scratch.files.Copy(scratch.At(L"a"), scratch.At(L"b"), [&](uint64_t bytes) { copied.push_back(bytes); });
@@ -46,8 +50,7 @@ TEST(Win32FileSystem, copy_tells_its_progress_within_a_file) {
   EXPECT_EQ(copied.back(), 3u << 20);
 }
 
-TEST(Win32FileSystem, failures_carry_their_operation_and_code) {
-  test::CScratchFolder scratch;
+TEST_F(Win32FileSystem, failures_carry_their_operation_and_code) {
   auto& files = scratch.files;
   scratch.Write(L"a", "aaa");
   scratch.Write(L"b", "bbb");
@@ -77,8 +80,7 @@ TEST(Win32FileSystem, failures_carry_their_operation_and_code) {
   EXPECT_EQ(Failure([&] { files.FreeSpace(none); }).first, IDS_PATH_UNREADABLE);
 }
 
-TEST(Win32FileSystem, locked_file_is_neither_copied_nor_saved_over) {
-  test::CScratchFolder scratch;
+TEST_F(Win32FileSystem, locked_file_is_neither_copied_nor_saved_over) {
   const my::CWin32Clock clock;
   scratch.Write(L"doc", "old");
   {
@@ -94,8 +96,7 @@ TEST(Win32FileSystem, locked_file_is_neither_copied_nor_saved_over) {
   EXPECT_EQ(scratch.files.ReadFile(scratch.At(L"doc"), 9), "new");
 }
 
-TEST(Win32FileSystem, enumeration_reports_what_a_file_is) {
-  test::CScratchFolder scratch;
+TEST_F(Win32FileSystem, enumeration_reports_what_a_file_is) {
   scratch.Write(L"長い名前の.txt", "12345");
   scratch.files.CreateFolders(scratch.At(L"sub\\deeper"));
   std::set<std::wstring> seen;
@@ -113,8 +114,7 @@ TEST(Win32FileSystem, enumeration_reports_what_a_file_is) {
   EXPECT_EQ(Failure([&] { scratch.files.Find(scratch.At(L"none")); }).first, IDS_LIST_FOLDER_FAILED);
 }
 
-TEST(Win32FileSystem, read_only_copy_is_flushed_and_stays_read_only) {
-  test::CScratchFolder scratch;
+TEST_F(Win32FileSystem, read_only_copy_is_flushed_and_stays_read_only) {
   scratch.Write(L"a", "abc");
   const auto a = scratch.At(L"a");
   ASSERT_TRUE(::SetFileAttributesW(a.c_str(), FILE_ATTRIBUTE_READONLY));
@@ -125,8 +125,7 @@ TEST(Win32FileSystem, read_only_copy_is_flushed_and_stays_read_only) {
   ::SetFileAttributesW(a.c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
-TEST(Win32FileSystem, reserved_name_is_taken_until_it_is_closed) {
-  test::CScratchFolder scratch;
+TEST_F(Win32FileSystem, reserved_name_is_taken_until_it_is_closed) {
   const auto name = scratch.At(L"_lck_a.zip");
   auto reservation = scratch.files.CreateNewFile(name, my::FileLife::UntilClosed);
   ASSERT_TRUE(reservation);
@@ -135,8 +134,7 @@ TEST(Win32FileSystem, reserved_name_is_taken_until_it_is_closed) {
   EXPECT_EQ(scratch.files.Kind(name), PathKind::None);
 }
 
-TEST(Win32FileSystem, file_open_to_append_can_be_read_but_not_written_by_others) {
-  test::CScratchFolder scratch;
+TEST_F(Win32FileSystem, file_open_to_append_can_be_read_but_not_written_by_others) {
   const auto path = scratch.At(L"履歴");
   for (const char* line : {"one\n", "two\n"}) {
     const auto file = scratch.files.OpenToAppend(path);
@@ -149,7 +147,7 @@ TEST(Win32FileSystem, file_open_to_append_can_be_read_but_not_written_by_others)
   EXPECT_EQ(scratch.files.ReadFile(path, 99), "one\ntwo\n");
 }
 
-TEST(Win32FileSystem, relative_path_is_in_the_current_folder_however_long_it_is) {
+TEST_F(Win32FileSystem, relative_path_is_in_the_current_folder_however_long_it_is) {
   my::CWin32FileSystem files;
   const std::wstring longName(400, L'x');
   const std::wstring full = files.FullPath(longName);
@@ -157,8 +155,7 @@ TEST(Win32FileSystem, relative_path_is_in_the_current_folder_however_long_it_is)
   EXPECT_EQ(files.FullPath(L"C:\\a\\..\\b.qlmr"), L"C:\\b.qlmr");
 }
 
-TEST(Win32FileSystem, disk_of_a_missing_path_is_that_of_its_volume) {
-  test::CScratchFolder scratch;
+TEST_F(Win32FileSystem, disk_of_a_missing_path_is_that_of_its_volume) {
   EXPECT_EQ(scratch.files.Disk(scratch.At(L"missing\\deeper")), scratch.files.Disk(scratch.At(L"")));
   for (const wchar_t* path : {L"", L"Q:\\none", L"?"}) {
     EXPECT_EQ(scratch.files.Disk(path), my::DiskKind::Unknown) << path;
@@ -171,8 +168,8 @@ TEST(Win32MessageTexts, system_and_table_speak_japanese) {
   const CException failure(IDS_COPY_FILE_FAILED,
                            {my::CSystemError::FromWin32(ERROR_DISK_FULL), L"C:\\a", L"C:\\b"});
   const std::wstring text = my::MakeErrorText(texts, failure);
-  EXPECT_NE(text.find(L"ファイルのコピーに失敗しました - "), text.npos);
-  EXPECT_NE(text.find(L" (0x80070070)\n\nC:\\a\n->\nC:\\b"), text.npos) << "code and paths are shown";
+  EXPECT_TRUE(test::Has(text, L"ファイルのコピーに失敗しました - "));
+  EXPECT_TRUE(test::Has(text, L" (0x80070070)\n\nC:\\a\n->\nC:\\b")) << "code and paths are shown";
   EXPECT_FALSE(texts.SystemText(my::CSystemError::FromWin32(ERROR_DISK_FULL).hresult).empty());
 }
 

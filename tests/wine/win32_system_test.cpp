@@ -13,7 +13,7 @@
 #include "platform/win32/win32_task_scheduler.h"
 #include "schedule/schedule_xml.h"
 #include "scratch_folder.h"
-#include "support/thrown.h"
+#include "support/checks.h"
 #include "text_ids.h"
 #include "wine/test_language.h"
 
@@ -55,14 +55,20 @@ TEST(Win32TaskScheduler, task_is_added_once_changed_and_removed) {
   scheduler.Remove(name);
 }
 
+// Returns the start of a command of the shell in a folder.
+my::CProcessStart Command(const wchar_t* arguments, const std::wstring& folder) {
+  my::CProcessStart start;
+  start.program = L"C:\\windows\\system32\\cmd.exe";
+  start.arguments = arguments;
+  start.workingFolder = folder;
+  start.creationFlags = my::CProcessStart::kNoWindow;
+  return start;
+}
+
 TEST(Win32Process, program_gets_what_it_is_started_with) {
   test::CScratchFolder scratch;
   scratch.Write(L"here.txt", "");
-  my::CProcessStart start;
-  start.program = L"C:\\windows\\system32\\cmd.exe";
-  start.arguments = L"/c if exist here.txt exit %QLM_CODE%";
-  start.workingFolder = scratch.At(L"");
-  start.creationFlags = my::CProcessStart::kNoWindow;
+  my::CProcessStart start = Command(L"/c if exist here.txt exit %QLM_CODE%", scratch.At(L""));
   start.environment = std::vector<std::wstring>{L"QLM_CODE=7", L"SystemRoot=C:\\windows"};
   start.startup.title = L"title";
   start.startup.showMode = SW_HIDE;
@@ -75,11 +81,7 @@ TEST(Win32Process, program_gets_what_it_is_started_with) {
 TEST(Win32Process, archive_can_be_measured_while_the_program_is_waited_for) {
   test::CScratchFolder scratch;
   scratch.Write(L"wait.bat", ":again\r\nif not exist go.txt goto again\r\nexit 7\r\n");
-  my::CProcessStart start;
-  start.program = L"C:\\windows\\system32\\cmd.exe";
-  start.arguments = L"/c wait.bat";
-  start.workingFolder = scratch.At(L"");
-  start.creationFlags = my::CProcessStart::kNoWindow;
+  my::CProcessStart start = Command(L"/c wait.bat", scratch.At(L""));
   start.whileWaiting = [&scratch] { scratch.files.CreateNewFile(scratch.At(L"go.txt")); };
   EXPECT_EQ(my::CWin32Process().Run(start), 7u);
 }
@@ -99,9 +101,9 @@ std::string Manifest(const wchar_t* program) {
 TEST(Manifests, declare_long_paths_and_no_system_before_windows_8) {
   for (const wchar_t* program : {L"Quillmoor.exe", L"QuillmoorRun.exe"}) {
     const std::string manifest = Manifest(program);
-    EXPECT_NE(manifest.find("<longPathAware"), manifest.npos) << program;
-    EXPECT_NE(manifest.find("{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}"), manifest.npos) << "Windows 10";
-    EXPECT_EQ(manifest.find("{35138b9a-5d96-4fbd-8e2d-a2440225f93a}"), manifest.npos) << "Windows 7";
+    EXPECT_TRUE(test::Has(manifest, "<longPathAware")) << program;
+    EXPECT_TRUE(test::Has(manifest, "{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}")) << "Windows 10";
+    EXPECT_FALSE(test::Has(manifest, "{35138b9a-5d96-4fbd-8e2d-a2440225f93a}")) << "Windows 7";
   }
 }
 
@@ -112,7 +114,7 @@ TEST(Win32MessageTexts, are_in_the_chosen_language) {
   const test::CTestLanguage english(my::UiLanguage::English);
   EXPECT_EQ(texts.Text(IDS_STATE_RUNNING), L"Running");
   EXPECT_EQ(texts.Text(IDS_STATE_ENDED + 10'000), L"");
-  EXPECT_NE(texts.SystemText(diskFull).find(L"isk"), std::wstring::npos) << "disk full";
+  EXPECT_TRUE(test::Has(texts.SystemText(diskFull), L"isk")) << "disk full";
   EXPECT_FALSE(my::LocalResource(RT_VERSION, 1).empty()) << "a resource without languages";
 }
 

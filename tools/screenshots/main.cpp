@@ -10,9 +10,9 @@
 #include "control_ids.h"
 #include "document/document_edits.h"
 #include "gui/gui_app.h"
-#include "gui/inline_threads.h"
 #include "platform/win32/ui_language.h"
 #include "screenshots/shots.h"
+#include "support/fake_windows.h"
 #include "ui/dialogs/schedule_edit_dialog.h"
 #include "ui/framework/gdiplus.h"
 #include "ui/look/tool_images.h"
@@ -96,7 +96,8 @@ void ShootFrame(HWND frame, const std::wstring& name) {
 // A run while it copies, and its verdict.
 void ShootRun() {
   if (!Wanted(L"running")) return;
-  test::CInlineThreads worker;
+  test::CManualThreads worker;
+  worker.immediate = true;
   CSlowFiles slow;
   CSampleApp a;
   a.worker = &worker;
