@@ -28,7 +28,7 @@ constexpr CColumnSpec kRunColumns[] = {{IDS_COL_HISTORY_START, 150},
                                        {IDS_OUTCOME_CREATED, 64, ListAlign::Right},
                                        {IDS_OUTCOME_SKIPPED, 64, ListAlign::Right},
                                        {IDS_OUTCOME_FAILED, 56, ListAlign::Right},
-                                       {IDS_COL_HISTORY_UNLISTED, 180, ListAlign::Right}};
+                                       {IDS_COL_HISTORY_UNLISTED, 170, ListAlign::Right}};
 
 constexpr CColumnSpec kRowColumns[] = {{IDS_COL_TASK_ID, 120},
                                        {IDS_COL_RESULT_PATH, 240},
