@@ -17,13 +17,19 @@ Var MachineButton
   ${EndIf}
 !macroend
 
-; Starts PROGRAM with administrator rights and ends this process. Returns if the user refuses.
-!macro RESTART_ELEVATED PROGRAM PARAMETERS
+; Starts PROGRAM with administrator rights, perhaps those of another account, and ends this process. Returns if the
+; user refuses, or if the rights are still missing: a system without User Account Control does not ask for them.
+!macro RESTART_ELEVATED PROGRAM SWITCHES
+  ${GetParameters} $1
   ClearErrors
-  ExecShell "runas" "${PROGRAM}" "${PARAMETERS}"
-  ${IfNot} ${Errors}
-    SetErrorLevel 0
-    Quit
+  ${GetOptions} $1 "/RESTARTED" $1
+  ${If} ${Errors}
+    ClearErrors
+    ExecShell "runas" "${PROGRAM}" "/RESTARTED ${SWITCHES}"
+    ${IfNot} ${Errors}
+      SetErrorLevel 0
+      Quit
+    ${EndIf}
   ${EndIf}
 !macroend
 
@@ -73,6 +79,15 @@ Function ChooseScope
   Call RequireRightsIfSilent
 FunctionEnd
 
+; Returns if the user refuses.
+Function RestartForAllUsers
+  StrCpy $0 "/ALLUSERS"
+  ${If} $FolderSwitch != ""
+    StrCpy $0 "$0 /D=$FolderSwitch" ; last and without quotes
+  ${EndIf}
+  !insertmacro RESTART_ELEVATED "$EXEPATH" "$0"
+FunctionEnd
+
 Function FindInstalledScope
   ReadRegStr $0 HKCU "${UNINSTALL_KEY}" InstallLocation
   ${If} $0 != ""
@@ -93,7 +108,8 @@ Function RequireRightsIfSilent
       SetErrorLevel ${EXIT_NO_RIGHTS}
       Quit
     ${ElseIf} $IsScopeFixed == 1
-      !insertmacro RESTART_ELEVATED "$EXEPATH" "/ALLUSERS"
+      Call RestartForAllUsers
+      MessageBox MB_ICONEXCLAMATION "$(NO_RIGHTS)"
       SetErrorLevel ${EXIT_NO_RIGHTS}
       Quit
     ${EndIf}
@@ -138,7 +154,7 @@ Function LeaveScopePage
     StrCpy $Scope "machine"
     !insertmacro IS_ADMINISTRATOR $0
     ${If} $0 == 0
-      !insertmacro RESTART_ELEVATED "$EXEPATH" "/ALLUSERS"
+      Call RestartForAllUsers
       MessageBox MB_ICONEXCLAMATION "$(NO_RIGHTS)"
       Abort ; stays on the page
     ${EndIf}
@@ -159,7 +175,9 @@ Function un.FindScope
     !insertmacro IS_ADMINISTRATOR $0
     ${If} $0 == 0
       ${IfNot} ${Silent}
-        !insertmacro RESTART_ELEVATED "$INSTDIR\uninstall.exe" ""
+        Call un.SettingsSwitches
+        !insertmacro RESTART_ELEVATED "$INSTDIR\uninstall.exe" "$0"
+        MessageBox MB_ICONEXCLAMATION "$(NO_RIGHTS_TO_UNINSTALL)"
       ${EndIf}
       SetErrorLevel ${EXIT_NO_RIGHTS}
       Quit

@@ -2,7 +2,7 @@
 ; OUTPUT, SIDE_IMAGE and FILES, a script with the macros of the installed files.
 ;
 ; Switches: /S silent, /CURRENTUSER, /ALLUSERS, /D=FOLDER (last, without quotes). Uninstaller: /S, /SETTINGS removes
-; settings and history, too.
+; settings and history, too. Restarts add /RESTARTED and /APPDATA=FOLDER, see scope.nsh and settings_page.nsh.
 ; Exit codes: 0 done, 1 cancelled, 2 failed, 3 a program is in use, 4 administrator rights are missing.
 Unicode true
 Target amd64-unicode
@@ -49,6 +49,7 @@ VIFileVersion "${VERSION}.0"
 !include scope.nsh
 !include in_use.nsh
 !include registration.nsh
+!include schedules.nsh
 !include settings_page.nsh
 
 !define MUI_ICON "..\res\icons\quillmoor.ico"
@@ -118,13 +119,14 @@ Section
 SectionEnd
 
 Function un.onInit
-  Call un.ReadSettingsSwitch
+  Call un.ReadSettingsSwitches
   Call un.FindScope
 FunctionEnd
 
 Section un.Install
   Call un.RequireUnused
   SetOutPath "$TEMP" ; a current folder cannot be removed
+  Call un.RemoveSchedules
   ReadRegStr $0 SHCTX "${UNINSTALL_KEY}" InstallLocation
   ${If} $0 == $INSTDIR ; else another copy is registered
     Call un.Unregister
@@ -138,4 +140,5 @@ Section un.Install
   ${If} $RemoveSettings == 1
     Call un.RemoveSettings
   ${EndIf}
+  Call un.TellLeftSchedules
 SectionEnd

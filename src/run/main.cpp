@@ -20,10 +20,12 @@
 #include "platform/win32/win32_message_texts.h"
 #include "platform/win32/win32_power.h"
 #include "platform/win32/win32_process.h"
+#include "platform/win32/win32_task_scheduler.h"
 #include "platform/win32/win32_threads.h"
 #include "run/exit_codes.h"
 #include "run/history_output.h"
 #include "run/runner.h"
+#include "run/schedule_removal.h"
 #include "support/paths.h"
 #include "text_ids.h"
 
@@ -72,6 +74,10 @@ int wmain(int argc, wchar_t** argv) {
   my::CWin32Power power;
   const qlm::CEnginePorts engine{files, clock, ansi, texts, process, &helpers, parsed.options.threads};
   const qlm::CRunnerPorts ports{engine, dom, threads, console, folders, power};
+  if (parsed.options.removeSchedules) {
+    my::CWin32TaskScheduler scheduler;
+    return qlm::RemoveSchedules({scheduler, dom, files, texts}, folders, console);
+  }
   if (parsed.options.history) return qlm::ShowHistory(ports, parsed.options);
   if (parsed.options.scheduled) ::FreeConsole();  // the user might close it, and so end the run
   const int exitCode = qlm::RunDocument(ports, parsed.options);

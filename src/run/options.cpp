@@ -63,12 +63,14 @@ void AddOptions(CLI::App& app, COptions& options, CRawOptions& raw, const CUtf8T
   app.add_flag("--password-stdin", options.passwordStdin, text(IDS_OPTION_PASSWORD_STDIN));
   app.add_flag("--scheduled", options.scheduled, text(IDS_OPTION_SCHEDULED));
   app.add_flag("--history", options.history, text(IDS_OPTION_HISTORY));
+  app.add_flag("--remove-schedules", options.removeSchedules)->group("");  // hidden: for the uninstaller
   app.add_option("--threads", options.threads)->check(CLI::Range(1, 16))->group("");  // hidden: for measuring
 }
 
 // Checks what the library would repeat in every line of the help: a run needs a document, and the
 // history takes none of the options of a run.
 void CheckCombination(const CLI::App& app, const COptions& options) {
+  if (options.removeSchedules) return;
   if (!options.history) {
     if (app.count("DOCUMENT") == 0) throw CLI::RequiredError("DOCUMENT");
     return;

@@ -13,7 +13,8 @@ struct COptions {
   std::wstring documentPath;
   std::vector<std::wstring> taskIds;  // empty: all tasks
   bool listOnly = false;
-  bool history = false;  // prints the history instead of running; of one document if there is a path
+  bool history = false;          // prints the history instead of running; of one document if there is a path
+  bool removeSchedules = false;  // for the uninstaller: removes those of this installation instead of running
   bool plan = false;
   bool json = false;
   bool quiet = false;

@@ -57,6 +57,21 @@ void CSchedules::Change(const CDocumentSchedule& old, const CSchedule& schedule)
   m_ports.scheduler.Change(old.task.name, Xml(schedule, old.read.run.documentPath));
 }
 
+void CSchedules::RemoveOwn() {
+  const std::wstring runner = my::ComparablePath(m_runnerPath);
+  std::optional<my::CException> failure;
+  for (const my::CScheduledTask& task : m_ports.scheduler.Tasks(kPrefix)) {
+    const auto read = ParseScheduleXml(m_ports.dom, task.xml);
+    if (!read || my::ComparablePath(read->run.runnerPath) != runner) continue;
+    try {
+      m_ports.scheduler.Remove(task.name);
+    } catch (const my::CException& refused) {
+      if (!failure) failure = refused;
+    }
+  }
+  if (failure) throw my::CException(*failure);
+}
+
 void CSchedules::Mend(const CDocumentSchedule& schedule, const std::wstring& documentPath) {
   m_ports.scheduler.Change(schedule.task.name, WithRun(schedule.task.xml, {m_runnerPath, documentPath}));
 }

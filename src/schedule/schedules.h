@@ -48,6 +48,10 @@ class CSchedules {
   void Change(const CDocumentSchedule& old, const CSchedule& schedule);
   void Remove(const CDocumentSchedule& schedule) { m_ports.scheduler.Remove(schedule.task.name); }
 
+  // Removes the schedules that start the runner beside this program; those of other copies stay.
+  // Continues after a failure, and throws the first one at the end.
+  void RemoveOwn();
+
   // Makes the task start the runner beside this program with that document; its times stay as they are.
   void Mend(const CDocumentSchedule& schedule, const std::wstring& documentPath);
 

@@ -119,7 +119,7 @@ sed 's/AES_256_ZIP/FOLDER/; s/\.zip//' "$work/doc.qlmr" >"$work/scheduled.qlmr"
 run_windows 0 "$installed/QuillmoorRun.exe" --scheduled "$(to_win "$work/scheduled.qlmr")"
 [[ -f $(echo "$work"/20??/index.html) ]] || fail 'the scheduled run made no backup'
 
-uninstall "$installed"
+uninstall "$installed" /SETTINGS '/APPDATA=C:\users\other' # the settings meant are those of another account
 expect_file "$settings"
 run_windows 0 "$packages/$name-setup.exe" /S /ALLUSERS
 expect_file "$for_all/QuillmoorRun.exe"

@@ -81,6 +81,28 @@ TEST_F(Schedules, change_made_elsewhere_survives_a_mend) {
   EXPECT_TRUE(schedules.All().empty());
 }
 
+TEST_F(Schedules, of_an_uninstalled_copy_are_removed_but_not_those_of_another_copy_or_program) {
+  struct CRefusing : test::CFakeScheduler {
+    void Remove(const std::wstring& name) override {
+      if (refuses && name == L"Quillmoor - 日次") throw my::CException(IDS_SCHEDULE_REMOVE_FAILED);
+      CFakeScheduler::Remove(name);
+    }
+    bool refuses = true;
+  } system;
+  const CSchedulePorts ports{system, dom, files, texts};
+  CSchedules installed{ports, L"c:\\program files\\Quillmoor\\QuillmoorRun.exe"};
+  for (const std::wstring& runner : {kRunner, kRunner, std::wstring(L"D:\\copy\\QuillmoorRun.exe")})
+    CSchedules(ports, runner).Add(kDocument, {ScheduleKind::Idle});
+  system.Add(L"Quillmoor - x",
+             L"<Task><Actions><Exec><Command>" + kRunner + L"</Command></Exec></Actions></Task>");
+  EXPECT_EQ(test::ThrownId([&] { installed.RemoveOwn(); }), IDS_SCHEDULE_REMOVE_FAILED);
+  EXPECT_FALSE(system.tasks.contains(L"Quillmoor - 日次 (2)")) << "a failure must not keep the others";
+  system.refuses = false;
+  installed.RemoveOwn();
+  EXPECT_EQ(system.tasks.size(), 2U);
+  EXPECT_EQ(installed.All().at(0).read.run.runnerPath, L"D:\\copy\\QuillmoorRun.exe");
+}
+
 TEST_F(Schedules, moved_program_or_document_is_a_fault_but_not_an_absent_drive) {
   schedules.Add(kDocument, {ScheduleKind::Idle});
   files.RemoveFile(kDocument);
