@@ -35,7 +35,7 @@ constexpr CColumnSpec kRowColumns[] = {{IDS_COL_TASK_ID, 120},
                                        {IDS_COL_HISTORY_OUTCOME, 80},
                                        {IDS_COL_RESULT_FILES, 80, ListAlign::Right},
                                        {IDS_COL_RESULT_BYTES, 100, ListAlign::Right},
-                                       {IDS_COL_RESULT_MESSAGE, 280}};
+                                       {IDS_COL_RESULT_MESSAGE, 320}};
 
 constexpr CColumnSpec kTaskColumns[] = {{IDS_COL_TASK_ID, 160},
                                         {IDS_COL_HISTORY_DOCUMENT, 300},
