@@ -235,4 +235,7 @@
 // More controls of the about box: 1614.
 #define IDC_ABOUT_COPY               1614
 
+// The menu of the findings of a plan.
+#define IDM_PLAN_ADVICE              1650
+
 #endif  // QUILLMOOR_CONTROL_IDS_H

@@ -31,7 +31,7 @@
 #define TXT_MENU_FILTER_CHECK       "フィルターの確認(&F)"
 #define TXT_MENU_EXPLORER_SRC       "転送元をエクスプローラーで開く(&S)"
 #define TXT_MENU_EXPLORER_DST       "転送先をエクスプローラーで開く(&D)"
-#define TXT_MENU_OTHER_PANE         "リストの切り替え(&O)\tF6"
+#define TXT_MENU_OTHER_PANE         "一覧の切り替え(&O)\tF6"
 #define TXT_MENU_FULL_SCREEN        "全画面表示(&U)\tF11"
 #define TXT_POPUP_RUN               "実行(&R)"
 #define TXT_MENU_RUN                "実行(&R)\tF5"

@@ -91,6 +91,9 @@ TEST_F(Dialog, scales_with_the_dpi_and_back_without_drift) {
     ::GetObjectW(font, sizeof used, &used);
     EXPECT_EQ(used.lfHeight, MessageLogFont(dpi).lfHeight);
   }
+  const HIMAGELIST boxes = ListView_GetImageList(dialog.Item(IDC_LIST), LVSIL_STATE);
+  ::SendMessageW(dialog.Hwnd(), WM_SYSCOLORCHANGE, 0, 0);
+  EXPECT_NE(ListView_GetImageList(dialog.Item(IDC_LIST), LVSIL_STATE), boxes) << "in the new colours";
   SetDpi(bounds, kDefaultDpi);
   EXPECT_EQ(Of(IDC_EDIT).cx, edit.cx);
   EXPECT_EQ(Of(IDC_EDIT).cy, edit.cy);

@@ -154,6 +154,9 @@ TEST(MainFrame, check_boxes_show_and_set_the_use_by_all_selected_tasks) {
   EXPECT_EQ(a.Cell(IDC_TASK_LIST, 1, 3), L"2");
   test::PressKey(list, VK_SPACE);
   EXPECT_EQ(box(1), none);
+  const HIMAGELIST images = ListView_GetImageList(list, LVSIL_STATE);
+  ::SendMessageW(a.frame->Hwnd(), WM_SYSCOLORCHANGE, 0, 0);
+  EXPECT_NE(ListView_GetImageList(list, LVSIL_STATE), images) << "in the new colours";
 }
 
 // Returns the share of the upper list in the height of both.
@@ -222,6 +225,33 @@ TEST(MainFrame, lists_are_redrawn_only_if_affected) {
   EXPECT_EQ(drawn([&] { MoveDsts(document, {1}, 0); }), L"tasks dsts") << "the number";
   EXPECT_EQ(a.Cell(IDC_TASK_LIST, 0, 3), L"1");
   EXPECT_EQ(drawn([&] { document.Reset(document.Content(), L""); }), L"tasks dsts");
+}
+
+TEST(MainFrame, maximized_window_keeps_its_bounds_in_a_change_of_dpi_and_after_full_screen) {
+  CGuiApp a;
+  HWND window = a.frame->Hwnd();
+  const my::CRect normal = my::WindowBounds(window);
+  ::ShowWindow(window, SW_SHOWMAXIMIZED);
+  const my::CRect work = my::WorkArea(window);
+  RECT outside{work.left - 4, work.top - 4, work.right + 4, work.bottom + 4};
+  const auto suggest = [&] {
+    ::SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(96, 96), reinterpret_cast<LPARAM>(&outside));
+  };
+  suggest();
+  EXPECT_EQ(my::WindowBounds(window), my::FromRect(outside));
+  a.Do(ID_FULL_SCREEN);
+  outside.right *= 2;
+  suggest();
+  EXPECT_FALSE(::IsZoomed(window)) << "the taskbar may cover it";
+  EXPECT_EQ(my::WindowBounds(window), my::ScreenBounds(window));
+  a.Quit();
+  a.Start();
+  window = a.frame->Hwnd();
+  EXPECT_FALSE(::IsZoomed(window));
+  a.Do(ID_FULL_SCREEN);
+  EXPECT_TRUE(::IsZoomed(window));
+  ::ShowWindow(window, SW_RESTORE);
+  EXPECT_EQ(my::WindowBounds(window), normal);
 }
 
 TEST(MainFrame, replace_preview_follows_focus_and_selection_and_is_removed) {

@@ -3,6 +3,7 @@
 #include "document/document_edits.h"
 #include "gui/dialog_app.h"
 #include "gui/gui_app.h"
+#include "ui/framework/clipboard.h"
 
 namespace {
 
@@ -76,6 +77,8 @@ TEST_F(PlanDialog, finding_leads_to_its_cell_and_a_leftover_to_the_recycle_bin) 
   while (row < count && CellOf(Findings(), row, 2).find(L"_tmp_T_2015") == std::wstring::npos) ++row;
   test::FocusRow(Findings(), row);
   EXPECT_TRUE(DetailHas(L"T → D:\\made"));
+  Click(dialog.Hwnd(), IDC_LIST_COPY);
+  EXPECT_TRUE(test::Has(my::CClipboard(L"Quillmoor").Text(dialog.Hwnd()).value_or(L""), L"_tmp_T_2015"));
   dialogs.buttons = {true};
   Click(dialog.Hwnd(), IDC_PLAN_RECYCLE);
   ASSERT_FALSE(shell.calls.empty());
@@ -115,6 +118,7 @@ TEST(PlanCommand, keys_run_and_plan_the_selected_tasks) {
   const HWND matrix = ::GetDlgItem(plan, IDC_PLAN_MATRIX);
   test::PumpUntil([plan] { return !::IsWindowEnabled(::GetDlgItem(plan, IDC_PLAN_STOP)); });
   EXPECT_EQ(CellOf(matrix, 0, 0) + CellOf(matrix, 0, 1), L"B作成");
+  EXPECT_EQ(ListView_GetSelectedCount(matrix), 1u) << "the cell that has the focus";
   a.DoWithDialog([matrix] { PressKey(matrix, VK_RETURN); },
                  [](HWND targets) {
                    EXPECT_TRUE(::GetDlgItem(targets, IDC_TARGET_LIST));

@@ -199,7 +199,7 @@ TEST_F(Runner, history_has_runs_and_last_success_but_no_password) {
   EXPECT_TRUE(
       console.output.starts_with(time + L" - " + time +
                                  L" | コマンド | C:\\doc.qlmr | 正常終了 - 作成 0、スキップ 0、エラー "
-                                 L"1、中断 0、読めないフォルダー 0\n    zip | D:\\dst\\all.zip | "));
+                                 L"1、中断 0、読み取れなかったフォルダー 0\n    zip | D:\\dst\\all.zip | "));
   EXPECT_TRUE(Has(console.output,
                   L"    plain | D:\\dst\\copy | 作成 | 1 ファイル、1 バイト\n最終成功\n"
                   L"    C:\\doc.qlmr | plain | " +

@@ -11,6 +11,7 @@
 #include "ui/framework/clipboard.h"
 #include "ui/framework/colors.h"
 #include "ui/framework/failures.h"
+#include "ui/framework/high_contrast.h"
 #include "ui/framework/local_menu.h"
 #include "ui/models/row_colors.h"
 #include "ui/models/table_text.h"
@@ -41,8 +42,7 @@ void CListDialog::UseList(my::CListView& list, const my::IListModel& model, int 
     list.SetWidths(m_setting.columnWidthes);
     m_current = 0;
   }
-  m_lists.push_back({&list, &model});
-  m_menuId = menuId;
+  m_lists.push_back({&list, &model, menuId});
   ::RemoveWindowSubclass(list.Hwnd(), KeyThunk, 0);  // set together with an earlier list
   HearKeys();
 }
@@ -111,7 +111,7 @@ bool CListDialog::OnListKey(UINT key) {
 }
 
 std::optional<LRESULT> CListDialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message != WM_CTLCOLORSTATIC) return {};
+  if (message != WM_CTLCOLORSTATIC || my::IsHighContrast()) return {};
   if (!IsWarning(::GetDlgCtrlID(reinterpret_cast<HWND>(lParam)))) return {};
   const auto dc = reinterpret_cast<HDC>(wParam);
   ::SetTextColor(dc, WarningColor(m_context.settings.ui));
@@ -137,7 +137,7 @@ std::wstring CListDialog::Text(uint32_t id, const std::vector<my::CMsgArg>& args
 }
 
 void CListDialog::ShowMenu(POINT screen) const {
-  const my::CMenu menu(my::LoadLocalMenu(m_menuId));
+  const my::CMenu menu(my::LoadLocalMenu(Current().menuId));
   const HMENU popup = ::GetSubMenu(menu.Get(), 0);
   if (Current().sorted) Current().sorted->AddSortMenu(popup, IDC_SORT_FIRST);
   ::TrackPopupMenu(popup, TPM_RIGHTBUTTON, screen.x, screen.y, 0, Hwnd(), nullptr);

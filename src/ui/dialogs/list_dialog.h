@@ -60,6 +60,7 @@ class CListDialog : public my::CDialog {
   struct CShownList {
     my::CListView* view = nullptr;
     const my::IListModel* model = nullptr;
+    UINT menuId = 0;
     CSortedList* sorted = nullptr;  // the same view, if the user can sort it
   };
 
@@ -75,7 +76,6 @@ class CListDialog : public my::CDialog {
   CColumnsDlgSetting& m_setting;
   std::vector<CShownList> m_lists;
   size_t m_current = 0;
-  UINT m_menuId = 0;
 };
 
 // Returns whether the Ctrl key is down without other modifier keys.

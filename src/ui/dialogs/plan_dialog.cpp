@@ -52,7 +52,7 @@ bool CPlanDialog::OnInit() {
 }
 
 void CPlanDialog::InitAdvice() {
-  m_advice.Attach(Item(IDC_PLAN_ADVICE), my::CListView::Boxes::No);
+  UseList(m_advice, m_adviceModel, IDC_PLAN_ADVICE, IDM_PLAN_ADVICE);
   m_advice.Events().focusChanged = [this] { ShowFinding(); };
   m_advice.Events().activate = [this](size_t) { GoToFinding(); };
 }

@@ -15,6 +15,7 @@
 #include "ui/framework/dpi.h"
 #include "ui/framework/failures.h"
 #include "ui/framework/help.h"
+#include "ui/framework/window.h"
 #include "ui/framework/window_placement.h"
 
 namespace my {
@@ -176,6 +177,9 @@ std::optional<LRESULT> CDialog::Handle(UINT message, WPARAM wParam, LPARAM lPara
       return 0;
     case WM_DPICHANGED: ChangeDpi(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam)); return 0;
     case WM_SETTINGCHANGE: OnMetrics(); return {};
+    case WM_SYSCOLORCHANGE:
+      if (!IsPage()) SendToDescendants(m_hwnd, message, 0);
+      return {};
     case WM_HELP:
       if (!ShowHelp(m_templateId)) return {};
       return TRUE;
@@ -261,8 +265,7 @@ void CDialog::Refit() {
 void CDialog::ChangeDpi(UINT dpi, const RECT& suggested) {
   m_dpi = dpi;
   m_arrangement.UseFont(dpi);
-  ::SetWindowPos(m_hwnd, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  MoveTo(m_hwnd, FromRect(suggested));
   BroadcastDpi(m_hwnd, dpi);
   OnDpiChanged();
   m_arrangement.Invalidate();  // the derived class may have set fonts and icons

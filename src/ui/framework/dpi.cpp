@@ -4,17 +4,13 @@
 #include <cstdlib>
 
 #include "platform/win32/system_function.h"
+#include "ui/framework/window.h"
 
 namespace my {
 namespace {
 
 UINT ScreenDpi() {
   return static_cast<UINT>(::GetDeviceCaps(CWindowDc(nullptr).Get(), LOGPIXELSY));
-}
-
-BOOL CALLBACK SendDpi(HWND window, LPARAM dpi) {
-  ::SendMessageW(window, DpiMessage(), static_cast<WPARAM>(dpi), 0);
-  return TRUE;
 }
 
 }  // namespace
@@ -70,7 +66,7 @@ UINT DpiMessage() {
 }
 
 void BroadcastDpi(HWND parent, UINT dpi) {
-  ::EnumChildWindows(parent, SendDpi, static_cast<LPARAM>(dpi));
+  SendToDescendants(parent, DpiMessage(), dpi);
 }
 
 }  // namespace my

@@ -18,6 +18,9 @@ class CFullScreen {
   CPlacement Placement(HWND window) const;
 
  private:
+  void Enter(HWND window);
+  void Leave(HWND window);
+
   bool m_on = false;
   WINDOWPLACEMENT m_before{};
 };

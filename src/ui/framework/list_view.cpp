@@ -112,7 +112,8 @@ std::vector<size_t> CListView::Selection() const {
 
 void CListView::Select(const std::vector<size_t>& rows) {
   const CFlag quiet(m_quiet);
-  const bool all = rows.size() == m_model.RowCount();
+  // A list with single selection refuses to select all rows, even if it has only one.
+  const bool all = rows.size() > 1 && rows.size() == m_model.RowCount();
   ListView_SetItemState(m_list, -1, all ? LVIS_SELECTED : 0U, LVIS_SELECTED);
   if (all) return;
   for (const size_t row : rows)

@@ -25,6 +25,11 @@ bool IsWithin(HWND window, HWND inner) {
   return window == inner || ::IsChild(window, inner);
 }
 
+bool IsHeldFunctionKey(const MSG& message) {
+  return message.message == WM_KEYDOWN && message.wParam >= VK_F1 && message.wParam <= VK_F24 &&
+         (HIWORD(message.lParam) & KF_REPEAT) != 0;
+}
+
 }  // namespace
 
 CTranslation::CTranslation(std::weak_ptr<CTranslations> owner, HWND window)
@@ -78,7 +83,7 @@ bool CAutoMessageLoop::Translate(MSG& message) const {
   return std::any_of(entries.begin(), entries.end(), [&](const CTranslations::CEntry& entry) {
     if (!IsWithin(entry.window, message.hwnd)) return false;
     if (!entry.table) return ::IsDialogMessageW(entry.window, &message) != 0;
-    return ::TranslateAcceleratorW(entry.window, entry.table, &message) != 0 ||
+    return IsHeldFunctionKey(message) || ::TranslateAcceleratorW(entry.window, entry.table, &message) != 0 ||
            HandleFocusKey(entry.window, message);
   });
 }

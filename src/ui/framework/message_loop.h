@@ -31,7 +31,8 @@ class CAutoMessageLoop {
   CAutoMessageLoop& operator=(const CAutoMessageLoop&) = delete;
 
   // Translates keys for `window` and its descendants to WM_COMMAND messages for `window`, and handles Tab and
-  // Enter as HandleFocusKey does. The caller owns `table`. One table per window.
+  // Enter as HandleFocusKey does. A function key that is held down acts once, because its command may start
+  // something that the same command stops. The caller owns `table`. One table per window.
   [[nodiscard]] CTranslation AddAccelerators(HWND window, HACCEL table);
 
   // Handles Tab, arrow keys, Enter and Esc for a modeless dialog.

@@ -21,6 +21,17 @@ void Attach(HWND hwnd, CWindow* window) {
   ::SetWindowLongPtrW(hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(window));
 }
 
+struct CMessage {
+  UINT id;
+  WPARAM wParam;
+};
+
+BOOL CALLBACK Send(HWND window, LPARAM parameter) {
+  const auto& message = *reinterpret_cast<const CMessage*>(parameter);
+  ::SendMessageW(window, message.id, message.wParam, 0);
+  return TRUE;
+}
+
 }  // namespace
 
 CWindowClass::CWindowClass(const wchar_t* name, UINT style, INT_PTR background, const wchar_t* cursor)
@@ -107,6 +118,11 @@ LRESULT CWindow::Handle(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) n
 void CWindow::Detach() {
   Attach(m_hwnd, nullptr);
   m_hwnd = nullptr;
+}
+
+void SendToDescendants(HWND parent, UINT message, WPARAM wParam) {
+  const CMessage sent{message, wParam};
+  ::EnumChildWindows(parent, Send, reinterpret_cast<LPARAM>(&sent));
 }
 
 }  // namespace my

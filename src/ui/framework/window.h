@@ -76,4 +76,8 @@ class CWindow {
   std::exception_ptr m_createFailure;
 };
 
+// Sends a message to all descendants of `parent`, such as one that the system sends to top-level windows
+// only.
+void SendToDescendants(HWND parent, UINT message, WPARAM wParam);
+
 }  // namespace my

@@ -102,13 +102,16 @@ CRect PulledBack(HWND window, const CRect& bounds) {
   return PullBack(bounds, WorkAreas(), InvisibleBorder(window));
 }
 
+void MoveTo(HWND window, const CRect& bounds) {
+  ::SetWindowPos(window, nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
+                 bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void PlaceWindow(HWND window, const CRect& bounds) {
   const CRect place = PulledBack(window, bounds);
   // Twice: when the window moves to a screen with another DPI, the system scales it; the second call restores
   // the size.
-  for (int i = 0; i < 2; ++i)
-    ::SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
-                   SWP_NOZORDER | SWP_NOACTIVATE);
+  for (int i = 0; i < 2; ++i) MoveTo(window, place);
 }
 
 CRect DefaultBounds(HWND window, SIZE size) {

@@ -26,6 +26,9 @@ CPlacement ReadPlacement(HWND window, const WINDOWPLACEMENT& placement);
 // Returns `bounds`, moved so that the visible part of the window is on a screen.
 CRect PulledBack(HWND window, const CRect& bounds);
 
+// Moves the window to exactly these bounds. Does not show it.
+void MoveTo(HWND window, const CRect& bounds);
+
 // Moves the window to `bounds`, adjusted by PulledBack. Does not show it.
 void PlaceWindow(HWND window, const CRect& bounds);
 

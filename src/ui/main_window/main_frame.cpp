@@ -172,7 +172,7 @@ LRESULT CMainFrame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case kHistoryLoaded: m_parts->history.OnLoaded(); return 0;
     case kFocusLost: OnFocusLost(); return 0;
     case WM_CLOSE: OnClose(); return 0;
-    case WM_SYSCOLORCHANGE:
+    case WM_SYSCOLORCHANGE: my::SendToDescendants(Hwnd(), message, 0); [[fallthrough]];
     case WM_SETTINGCHANGE:
     case WM_THEMECHANGED: OnSystemChanged(); return CWindow::OnMessage(message, wParam, lParam);
     case WM_QUERYENDSESSION: return m_app->OnQueryEndSession();
@@ -204,7 +204,8 @@ void CMainFrame::OnFocusLost() {
 
 void CMainFrame::OnDpiChanged(UINT dpi, const RECT& suggested) {
   UseDpi(dpi);
-  my::PlaceWindow(Hwnd(), my::FromRect(suggested));
+  // Not pulled onto the screen, because the bounds of a maximized window exceed it by its frame.
+  my::MoveTo(Hwnd(), m_fullScreen.IsOn() ? my::ScreenBounds(Hwnd()) : my::FromRect(suggested));
 }
 
 void CMainFrame::LimitSize(MINMAXINFO& limits) const {

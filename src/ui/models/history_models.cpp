@@ -28,14 +28,14 @@ constexpr CColumnSpec kRunColumns[] = {{IDS_COL_HISTORY_START, 150},
                                        {IDS_OUTCOME_CREATED, 64, ListAlign::Right},
                                        {IDS_OUTCOME_SKIPPED, 64, ListAlign::Right},
                                        {IDS_OUTCOME_FAILED, 56, ListAlign::Right},
-                                       {IDS_COL_HISTORY_UNLISTED, 130, ListAlign::Right}};
+                                       {IDS_COL_HISTORY_UNLISTED, 170, ListAlign::Right}};
 
 constexpr CColumnSpec kRowColumns[] = {{IDS_COL_TASK_ID, 120},
                                        {IDS_COL_RESULT_PATH, 240},
                                        {IDS_COL_HISTORY_OUTCOME, 80},
                                        {IDS_COL_RESULT_FILES, 80, ListAlign::Right},
                                        {IDS_COL_RESULT_BYTES, 100, ListAlign::Right},
-                                       {IDS_COL_RESULT_MESSAGE, 280}};
+                                       {IDS_COL_RESULT_MESSAGE, 320}};
 
 constexpr CColumnSpec kTaskColumns[] = {{IDS_COL_TASK_ID, 160},
                                         {IDS_COL_HISTORY_DOCUMENT, 300},
