@@ -54,13 +54,18 @@ qlm::CReplaceRule Rule(const std::wstring& src, const std::wstring& dst, bool re
   return qlm::CReplaceRule(options);
 }
 
-// Replaces text as such and as the expression for it.
+// Replaces text as such and as the expression for it. A dollar that begins no reference is one.
 void CheckLiteral(const std::wstring& src, const std::wstring& dst, const std::wstring& value) {
   std::wstring pattern;
   for (const wchar_t c : src)
     pattern.append(std::wstring_view(L".[]{}()\\*+?^$|").find(c) < 14 ? L"\\" : L"") += c;
+  constexpr std::wstring_view kReferences = L"&`'+${0123456789";
   std::wstring format;
-  for (const wchar_t c : dst) format.append(c == L'$' ? 2 : 1, c);
+  for (size_t i = 0; i < dst.size(); ++i) {
+    const bool begins =
+        dst[i] == L'$' && i + 1 < dst.size() && kReferences.find(dst[i + 1]) < kReferences.size();
+    format.append(begins ? 2 : 1, dst[i]);
+  }
   Require(Rule(src, dst, false).Value(qlm::kReplaceTaskId, value) ==
               Rule(pattern, format, true).Value(qlm::kReplaceTaskId, value),
           "text and its expression are replaced alike");

@@ -56,9 +56,13 @@ void CheckFaults(const std::wstring& folder, const std::wstring& name) {
 }  // namespace
 
 void TestCommandLine(std::string_view input) {
-  const std::wstring line = CValues(input).Text();
-  const auto arguments = qlm::CCommandLineParserUtil::Split(line);
-  Require(qlm::CCommandLineParserUtil::Split(Quoted(arguments)) == arguments, "quoted arguments are split");
+  const auto split = &qlm::CCommandLineParserUtil::Split;
+  const auto arguments = split(CValues(input).Text());
+  Require(split(Quoted(arguments)) == arguments, "quoted arguments are split");
+  std::vector<std::wstring> any;
+  for (CValues values(input); !values.AtEnd();) any.push_back(values.Text());
+  std::erase(any, L"");
+  Require(split(Quoted(any)) == any, "any arguments can be quoted");
   qlm::ParseOptions(arguments, test::CRcTexts());
 }
 
