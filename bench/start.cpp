@@ -125,9 +125,11 @@ int wmain(int argc, wchar_t** argv) {
   try {
     const std::wstring empty = Quoted(my::JoinPath(folder, L"qlm_empty_window.exe"));
     const bench::CSide baseline{"empty window", 0, [empty] { return StartMs(empty); }};
+    const bench::CSide controls{"window of plain controls", 0,
+                                [empty] { return StartMs(empty + L" --controls"); }};
     const auto small = Opening("program, 1 task", folder, 1, 0);
     const auto large = Opening("program, 1000 tasks", folder, kTasks, 1.5);
-    bench::Compare(baseline, {small, large}, rounds);
+    bench::Compare(baseline, {controls, small, large}, rounds);
     return 0;
   } catch (const std::exception& failure) {
     std::fprintf(stderr, "%s\n", failure.what());

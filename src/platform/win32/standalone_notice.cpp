@@ -8,6 +8,13 @@ namespace {
 
 using CDesktop = CHandle<HDESK, &::CloseDesktop>;
 
+// Returns whether the process runs where a user can be. A task that runs while nobody is signed in does not.
+bool IsOnScreen() {
+  USEROBJECTFLAGS flags{};
+  return ::GetUserObjectInformationW(::GetProcessWindowStation(), UOI_FLAGS, &flags, sizeof flags, nullptr) &&
+         (flags.dwFlags & WSF_VISIBLE) != 0;
+}
+
 // Returns whether the user has pressed a key or moved the mouse just now. While the screen is locked, the
 // input belongs to a desktop that programs cannot open.
 bool IsUserPresent() {
@@ -27,6 +34,7 @@ void WaitForUser(uint32_t limitMs) {
 }  // namespace
 
 void ShowStandaloneNotice(const CNotice& notice, const CNoticeLimits& limits) {
+  if (!IsOnScreen()) return;
   WaitForUser(limits.absentMs);
   constexpr UINT kEvent = WM_APP;
   const CHandle<HWND, &::DestroyWindow> window(

@@ -13,8 +13,8 @@ struct CNoticeLimits {
 };
 
 // Shows a notification of a program without windows, when the user is there to see it: one that is shown at
-// night would be gone in the morning. Returns when the user has closed it, or after the limit; ending the
-// program earlier would remove it.
+// night would be gone in the morning. Does nothing where no user can be. Returns when the user has closed it,
+// or after the limit; ending the program earlier would remove it.
 void ShowStandaloneNotice(const CNotice& notice, const CNoticeLimits& limits = {});
 
 }  // namespace my
