@@ -71,7 +71,7 @@ class IMainWindow {
 
   // Runs `work` when the window has painted what has changed so far: work that the user does not wait for. A
   // window without painting runs it at once.
-  virtual void RunWhenPainted(std::function<void()> work) { work(); }
+  virtual void RunWhenPainted(const std::function<void()>& work) { work(); }
 
   // Sets the reason why the session must not end now; an empty text removes it.
   virtual void HoldSession(const std::wstring& reason) = 0;

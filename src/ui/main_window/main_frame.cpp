@@ -338,8 +338,8 @@ void CMainFrame::StopTimer() {
 }
 
 // The system sends a timer message only if nothing is left to paint.
-void CMainFrame::RunWhenPainted(std::function<void()> work) {
-  m_postponed.push_back(std::move(work));
+void CMainFrame::RunWhenPainted(const std::function<void()>& work) {
+  m_postponed.push_back(work);
   ::SetTimer(Hwnd(), kPaintedTimer, USER_TIMER_MINIMUM, nullptr);
 }
 

@@ -73,7 +73,7 @@ class CMainFrame : public my::CWindow, public IMainWindow {
   void UpdateTitle() override;
   void PostClose() override { ::PostMessageW(Hwnd(), WM_CLOSE, 0, 0); }
   void PostCommand(uint32_t id) override { ::PostMessageW(Hwnd(), WM_COMMAND, id, 0); }
-  void RunWhenPainted(std::function<void()> work) override;
+  void RunWhenPainted(const std::function<void()>& work) override;
   void HoldSession(const std::wstring& reason) override { my::HoldSession(Hwnd(), reason); }
   void ShowClosing() override;
   void StartTimer(uint32_t periodMs) override;
