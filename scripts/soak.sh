@@ -25,8 +25,8 @@ build() { # PRESET TARGET
 fuzz() {
   local target=$1
   mkdir -p "$folder/corpus/$target"
-  QLM_TARGET=$target nice -n 15 "$top/build/fuzz/bin/qlm_fuzz" -max_total_time="$seconds" -timeout=30 -report_slow_units=30 \
-    -rss_limit_mb=2048 -max_len=4096 -print_final_stats=1 -dict="$top/tests/fuzz/words.dict" \
+  QLM_TARGET=$target nice -n 15 "$top/build/fuzz/bin/qlm_fuzz" -max_total_time="$seconds" -timeout=30 \
+    -report_slow_units=30 -rss_limit_mb=2048 -max_len=4096 -print_final_stats=1 -dict="$top/tests/fuzz/words.dict" \
     -artifact_prefix="$folder/broken/$target-" \
     "$folder/corpus/$target" "$top/tests/fuzz/corpus/$target" >"$folder/$target.log" 2>&1
 }

@@ -35,7 +35,7 @@ void CheckCopied(my::IFileSystem& files, uint64_t listed, uint64_t copied, const
   throw my::CException(IDS_COPY_INCOMPLETE, {sizes, from, to});
 }
 
-// Returns whether the path is the folder or below it.
+// Returns whether the path is the folder or below it, with exactly these names: "a" and "a." are two folders.
 bool IsLevelOf(std::wstring_view path, std::wstring_view folder) {
   return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == my::kSeparator);
 }
